@@ -1,0 +1,55 @@
+#pragma once
+
+#include "ConfigFile/ByteRange.h"
+#include "ConfigFile/JSONStep.h"
+#include "ConfigFile/JSONValue.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace wendlow {
+
+/// One scanned value: a byte range of the document, what kind of value it is, and the way to what
+/// it contains.
+///
+/// A node is a handle, cheap to copy. It points into the `JSONDocument` that scanned it, and its
+/// texts may be views into the scanned bytes: both have to outlive it.
+class JSONNode {
+public:
+    enum class Kind { object, array, string, boolean, number, null };
+
+    struct Member;
+    class MemberRange;  ///< forward range of `Member`, document order, duplicates kept
+    class ElementRange; ///< forward range of `JSONNode`, document order
+
+    Kind kind() const;
+    std::size_t start() const; ///< offset of the first byte: opening quote, bracket, digit, letter
+    std::size_t end() const;   ///< offset one past the last byte; never includes trivia
+    ByteRange range() const { return {start(), end()}; }
+
+    bool isObject() const { return kind() == Kind::object; }
+    bool isArray() const { return kind() == Kind::array; }
+
+    MemberRange members() const;   ///< empty unless this is an object
+    ElementRange elements() const; ///< empty unless this is an array
+    std::size_t count() const;     ///< members or elements; walks them; 0 for anything else
+
+    /// The decoded text of a string, or nothing for any other kind.
+    std::optional<std::string_view> string() const;
+    /// The value of `true` or `false`, or nothing for any other kind.
+    std::optional<bool> boolean() const;
+
+    /// The first member whose key equals `key`, as a value; nothing if there is none or if this is
+    /// not an object.
+    std::optional<JSONNode> member(std::string_view key) const;
+    /// Walks `path` from here. Nothing where a step meets the wrong kind, an absent key or an index
+    /// out of bounds; the empty path is this node.
+    std::optional<JSONNode> node(const JSONPath& path) const;
+    /// The plain view. `bytes` is what was scanned: a number is its source text. Of duplicate keys
+    /// the last wins here, while `member` and `node` take the first: the editor addresses the first
+    /// occurrence, and this view reads as the tool that owns the file would.
+    JSONValue value(std::string_view bytes) const;
+};
+
+} // namespace wendlow

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ConfigFile/ByteRange.h"
+#include "ConfigFile/JSONNode.h"
+
+#include <cstddef>
+#include <expected>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wendlow {
+
+enum class JSONDialect {
+    json,             ///< strict: a `/` outside a string is an error
+    jsonWithComments, ///< strict, plus `//` and `/* */` wherever white space may stand
+};
+
+/// Why bytes did not read as JSON.
+struct JSONTextError {
+    std::size_t offset = 0;
+    std::string reason;
+
+    /// The reason and " (at byte N)".
+    std::string description() const;
+    bool operator==(const JSONTextError&) const = default;
+};
+
+/// A scanned document. Owns the nodes, not the bytes: those have to outlive it. Move-only; nodes
+/// stay valid when it is moved.
+class JSONDocument {
+public:
+    JSONNode root() const;
+    /// The comments in document order; always empty in dialect `json`.
+    std::span<const ByteRange> comments() const;
+};
+
+namespace JSONText {
+
+/// Scans the whole of `bytes`. One pass, no recursion deeper than 64 containers. Pure; any thread.
+/// A byte-order mark is not JSON and fails.
+std::expected<JSONDocument, JSONTextError> scanWithTrivia(std::string_view bytes,
+                                                          JSONDialect dialect);
+
+/// The four bytes that are white space to JSON, and to every edit.
+constexpr bool isWhitespace(char byte) {
+    return byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r';
+}
+
+} // namespace JSONText
+} // namespace wendlow

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "Observation.h"
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace wendlow {
+
+/// Who a connector is.
+struct ConnectorIdentity {
+    std::string id;     ///< stable key, also the name of the tool's receipt file
+    std::string name;   ///< for a person
+    std::string detail; ///< one line for a person
+    std::string symbol; ///< a name in the icon table
+
+    bool operator==(const ConnectorIdentity&) const = default;
+};
+
+enum class ConnectorState {
+    notFound,  ///< the tool's files are not on this machine
+    found,     ///< the tool is here and the wiring is not, or cannot be told
+    connected, ///< all blocks are in place exactly
+    drifted,   ///< a block is there, but the whole is not as this build would write it
+};
+
+/// The case's name.
+std::string_view text(ConnectorState state);
+
+struct ScanReport {
+    ConnectorIdentity identity;
+    ConnectorState state = ConnectorState::notFound;
+    Observations observations;
+
+    bool operator==(const ScanReport&) const = default;
+};
+
+struct ConnectorOutcome {
+    enum class Result { changed, unchanged, refused };
+
+    Result result = Result::unchanged;
+    Observations observations;
+    std::vector<std::filesystem::path> backups; ///< the copies made first
+
+    bool operator==(const ConnectorOutcome&) const = default;
+};
+
+/// The case's name.
+std::string_view text(ConnectorOutcome::Result result);
+
+using FileDate = std::chrono::system_clock::time_point;
+
+/// A memory file that a tool keeps.
+struct ConnectorMemoryFile {
+    std::string path;
+    std::optional<std::int64_t> bytes;
+    std::optional<FileDate> modified;
+
+    bool operator==(const ConnectorMemoryFile&) const = default;
+};
+
+struct MemoryFileReport {
+    std::vector<ConnectorMemoryFile> files;
+
+    bool operator==(const MemoryFileReport&) const = default;
+};
+
+/// A project that a tool has worked in.
+struct ConnectorProject {
+    std::string path; ///< may carry " (decoded path not verified on disk)"
+    FileDate lastActivity;
+    std::optional<ConnectorMemoryFile> memory;
+
+    bool operator==(const ConnectorProject&) const = default;
+};
+
+struct ProjectReport {
+    std::optional<std::string> source; ///< the path of the store that was read
+    std::vector<ConnectorProject> projects;
+    std::optional<std::string> note; ///< what to show when the list is empty
+
+    bool operator==(const ProjectReport&) const = default;
+};
+
+} // namespace wendlow

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Connector.h"
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace wendlow::Connectors {
+
+/// Which build of the product this application is.
+enum class Profile { dev, production };
+
+using List = std::vector<std::shared_ptr<Connector>>;
+
+/// Every connector there is, in the order in which a person sees them.
+List all(const std::filesystem::path& home, const std::filesystem::path& bundle,
+         const std::filesystem::path& applications);
+
+/// "Contents/MacOS/wendlow-mcp" inside the bundle.
+std::filesystem::path mcpCommand(const std::filesystem::path& bundle);
+
+} // namespace wendlow::Connectors

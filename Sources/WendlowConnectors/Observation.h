@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace wendlow {
+
+/// One sentence about one thing, usually a file.
+struct Observation {
+    std::string subject; ///< usually a path as the person knows it, links not resolved
+    std::string text;    ///< begins in lower case, ends without a full stop
+
+    bool operator==(const Observation&) const = default;
+};
+
+using Observations = std::vector<Observation>;
+
+} // namespace wendlow

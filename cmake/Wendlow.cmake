@@ -1,0 +1,147 @@
+# What every target of the house shares: language level, warnings, sanitizers, ccache, precompiled
+# headers, and the bundle that the programs are written into.
+
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 17)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
+
+set(WENDLOW_BUNDLE ${CMAKE_BINARY_DIR}/Wendlow.app)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    # The sloppiness is what ccache asks for with precompiled headers; the base directory lets two
+    # work trees share their results.
+    foreach(language C CXX)
+        set(CMAKE_${language}_COMPILER_LAUNCHER
+            ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+            CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+            ${CCACHE})
+    endforeach()
+endif()
+
+find_package(fmt REQUIRED)
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+find_package(GTest REQUIRED)
+
+if(NOT WENDLOW_PURE_ONLY)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick QuickTemplates2 DBus Concurrent Network Svg Test)
+    find_package(QCoro6 REQUIRED COMPONENTS Core DBus)
+    # QCoro's package file forgets the compiler flag that GCC needs for coroutines in C++20 mode and
+    # later has on by itself, so nothing is to be switched on here.
+endif()
+
+# Warnings are errors everywhere. The second set would drown in what Qt's code generators write.
+function(wendlow_warnings target)
+    cmake_parse_arguments(arg "GENERATED" "" "" ${ARGN})
+    target_compile_options(${target} PRIVATE
+        $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+        -Woverloaded-virtual -Werror>
+        $<$<COMPILE_LANGUAGE:C>:-Wall -Wextra -Wpedantic -Wshadow -Werror>)
+    if(NOT arg_GENERATED)
+        target_compile_options(${target} PRIVATE
+            $<$<COMPILE_LANGUAGE:CXX>:-Wconversion -Wsign-conversion -Wold-style-cast>)
+    endif()
+    if(WENDLOW_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=address,undefined
+            -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+    if(WENDLOW_FUZZ)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+endfunction()
+
+# The standard library's large headers, compiled once for all targets without Qt.
+set(WENDLOW_PCH_HEADERS
+    <algorithm> <array> <chrono> <cstdint> <expected> <filesystem> <functional> <map> <memory>
+    <optional> <set> <span> <string> <string_view> <utility> <variant> <vector> <fmt/format.h>)
+file(WRITE ${CMAKE_BINARY_DIR}/pch/pure.cpp "")
+add_library(wendlow_pch STATIC ${CMAKE_BINARY_DIR}/pch/pure.cpp)
+target_link_libraries(wendlow_pch PUBLIC fmt::fmt)
+target_precompile_headers(wendlow_pch PRIVATE "$<$<COMPILE_LANGUAGE:CXX>:${WENDLOW_PCH_HEADERS}>")
+wendlow_warnings(wendlow_pch)
+
+# A module without Qt: a static library whose public include directory is its own folder, so that a
+# header is found only by those that link the module.
+function(wendlow_pure_module name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC fmt::fmt ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    target_precompile_headers(${name} REUSE_FROM wendlow_pch)
+    wendlow_warnings(${name})
+endfunction()
+
+# A module on Qt without a window: the same, with moc.
+function(wendlow_qt_module name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK;PRIVATE_LINK" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC fmt::fmt Qt6::Core ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+    wendlow_warnings(${name} GENERATED)
+endfunction()
+
+# A module with QML: C++ models and QML files under one URI, the module's own name. Linked into the
+# program as a static plugin (see Q_IMPORT_QML_PLUGIN in the program that uses it).
+function(wendlow_qml_module name)
+    cmake_parse_arguments(arg "" "" "SOURCES;QML_FILES;RESOURCES;LINK;PRIVATE_LINK;IMPORTS" ${ARGN})
+    qt_add_qml_module(${name}
+        STATIC
+        URI ${name}
+        VERSION 1.0
+        RESOURCE_PREFIX /qt/qml
+        SOURCES ${arg_SOURCES}
+        QML_FILES ${arg_QML_FILES}
+        RESOURCES ${arg_RESOURCES}
+        IMPORTS ${arg_IMPORTS}
+        IMPORT_PATH ${CMAKE_BINARY_DIR}/Sources)
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC fmt::fmt Qt6::Quick ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+    wendlow_warnings(${name} GENERATED)
+endfunction()
+
+# A program of the product, written into the bundle.
+function(wendlow_program name)
+    cmake_parse_arguments(arg "QT" "" "SOURCES;LINK" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY ${WENDLOW_BUNDLE}/Contents/MacOS)
+    target_link_libraries(${name} PRIVATE fmt::fmt ${arg_LINK})
+    if(arg_QT)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+        wendlow_warnings(${name} GENERATED)
+    else()
+        target_precompile_headers(${name} REUSE_FROM wendlow_pch)
+        wendlow_warnings(${name})
+    endif()
+endfunction()
+
+# One test program for one module. With QT the program's main has a QCoreApplication.
+function(wendlow_test name)
+    cmake_parse_arguments(arg "QT" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    add_executable(${name} ${arg_SOURCES})
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/Tests/Support)
+    if(arg_QT)
+        set_target_properties(${name} PROPERTIES AUTOMOC ON)
+        target_sources(${name} PRIVATE ${CMAKE_SOURCE_DIR}/Tests/Support/QtMain.cpp)
+        target_link_libraries(${name} PRIVATE GTest::gtest GTest::gmock Qt6::Test ${arg_LINK})
+        wendlow_warnings(${name} GENERATED)
+    else()
+        target_link_libraries(${name} PRIVATE GTest::gmock_main ${arg_LINK})
+        target_precompile_headers(${name} REUSE_FROM wendlow_pch)
+        wendlow_warnings(${name} GENERATED)
+    endif()
+    include(GoogleTest)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()
