@@ -5,7 +5,6 @@ set(CMAKE_CXX_STANDARD 23)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_C_STANDARD 17)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 
 set(WENDLOW_BUNDLE ${CMAKE_BINARY_DIR}/Wendlow.app)
@@ -62,7 +61,7 @@ set(WENDLOW_PCH_HEADERS
 file(WRITE ${CMAKE_BINARY_DIR}/pch/pure.cpp "")
 add_library(wendlow_pch STATIC ${CMAKE_BINARY_DIR}/pch/pure.cpp)
 target_link_libraries(wendlow_pch PUBLIC fmt::fmt)
-target_precompile_headers(wendlow_pch PRIVATE "$<$<COMPILE_LANGUAGE:CXX>:${WENDLOW_PCH_HEADERS}>")
+target_precompile_headers(wendlow_pch PRIVATE ${WENDLOW_PCH_HEADERS})
 wendlow_warnings(wendlow_pch)
 
 # A module without Qt: a static library whose public include directory is its own folder, so that a

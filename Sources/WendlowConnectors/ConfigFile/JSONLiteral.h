@@ -19,16 +19,17 @@ struct RenderStyle {
 
 /// A value to be written. A small closed set: there is no null, because no connector writes one.
 struct JSONLiteral {
-    using Object = std::vector<std::pair<std::string, JSONLiteral>>; ///< in the order of writing
+    struct Member;
+    using Object = std::vector<Member>; ///< in the order of writing
     using Array = std::vector<JSONLiteral>;
 
     std::variant<Object, Array, std::string, std::int64_t, bool> content;
 
-    static JSONLiteral object(Object members) { return {std::move(members)}; }
-    static JSONLiteral array(Array elements) { return {std::move(elements)}; }
-    static JSONLiteral string(std::string text) { return {std::move(text)}; }
-    static JSONLiteral number(std::int64_t number) { return {number}; }
-    static JSONLiteral boolean(bool value) { return {value}; }
+    static JSONLiteral object(Object members);
+    static JSONLiteral array(Array elements);
+    static JSONLiteral string(std::string text);
+    static JSONLiteral number(std::int64_t number);
+    static JSONLiteral boolean(bool value);
 
     /// The plain view of the literal; of duplicate keys the last wins.
     JSONValue value() const;
@@ -39,7 +40,34 @@ struct JSONLiteral {
     /// `text` as a JSON string with its quotation marks. `/` and non-ASCII stay as they are.
     static std::string quote(std::string_view text);
 
-    bool operator==(const JSONLiteral&) const = default;
+    bool operator==(const JSONLiteral& other) const;
 };
+
+struct JSONLiteral::Member {
+    std::string key;
+    JSONLiteral value;
+
+    bool operator==(const Member&) const = default;
+};
+
+inline bool JSONLiteral::operator==(const JSONLiteral& other) const {
+    return content == other.content;
+}
+
+inline JSONLiteral JSONLiteral::object(Object members) {
+    return {std::move(members)};
+}
+inline JSONLiteral JSONLiteral::array(Array elements) {
+    return {std::move(elements)};
+}
+inline JSONLiteral JSONLiteral::string(std::string text) {
+    return {std::move(text)};
+}
+inline JSONLiteral JSONLiteral::number(std::int64_t number) {
+    return {number};
+}
+inline JSONLiteral JSONLiteral::boolean(bool value) {
+    return {value};
+}
 
 } // namespace wendlow
