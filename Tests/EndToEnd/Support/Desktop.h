@@ -1,0 +1,77 @@
+#pragma once
+
+#include "PrivateBus.h"
+#include "Support/Accessible.h"
+#include "TemporaryHome.h"
+
+#include <QDBusConnection>
+#include <QPoint>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace wendlow::testing {
+
+/// A screen, a window manager, a session bus and a home folder of a test's own, all gone with the
+/// object. What is started here never sees the person's.
+class Desktop {
+public:
+    Desktop();
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    bool isReady() const { return m_accessibility.has_value(); }
+    const TemporaryHome& home() const { return m_home; }
+    const QProcessEnvironment& environment() const { return m_environment; }
+    QString busAddress() const;
+    const QDBusConnection& accessibility() const { return *m_accessibility; }
+
+    /// Moves the pointer there and presses its first button, as a hand would.
+    void click(const QPoint& point) const;
+    /// Presses keys by their X names, such as "Tab" or "ctrl+w".
+    void press(const QStringList& keys) const;
+    /// Runs a program in this desktop's environment; its standard output.
+    QString run(const QString& program, const QStringList& arguments) const;
+
+private:
+    TemporaryHome m_home;
+    PrivateBus m_bus;
+    QProcessEnvironment m_environment;
+    QProcess m_screen;
+    QProcess m_windowManager;
+    std::optional<QDBusConnection> m_accessibility;
+};
+
+/// The application's real process on a desktop, seen through the accessibility bus.
+class RunningApplication {
+public:
+    RunningApplication(const Desktop& desktop, const QStringList& arguments);
+    ~RunningApplication();
+
+    bool isRunning() const;
+    /// Waits until it has ended by itself.
+    bool waitForEnd();
+    /// The window with this title, once it is on the screen.
+    std::optional<Accessible> window(const QString& title) const;
+    /// Waits for something with this role and name anywhere in the application.
+    std::optional<Accessible> find(const QString& role, const QString& name) const;
+    /// Titles of all windows that show.
+    QStringList windowTitles() const;
+    QString errors();
+
+private:
+    std::optional<Accessible> root() const;
+
+    const Desktop& m_desktop;
+    QProcess m_process;
+};
+
+/// Asks until the answer is yes, for ten seconds at the most.
+bool eventually(const std::function<bool()>& question);
+
+} // namespace wendlow::testing
