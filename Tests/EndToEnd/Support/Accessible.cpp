@@ -19,8 +19,8 @@ enum StateBit : unsigned { checked = 4, enabled = 8, focused = 12, showing = 25 
 
 QDBusMessage call(const QDBusConnection& bus, const QString& service, const QString& path,
                   const char* interface, const char* method, const QVariantList& arguments = {}) {
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(service, path, QLatin1String(interface), QLatin1String(method));
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, QLatin1String(interface),
+                                                          QLatin1String(method));
     message.setArguments(arguments);
     return bus.call(message, QDBus::Block, 3000);
 }
@@ -52,8 +52,8 @@ std::vector<Accessible> childrenOf(const QDBusConnection& bus, const QString& se
 
 } // namespace
 
-Accessible::Accessible(QDBusConnection bus, QString service, QString path) :
-    m_bus(std::move(bus)), m_service(std::move(service)), m_path(std::move(path)) {}
+Accessible::Accessible(QDBusConnection bus, QString service, QString path)
+    : m_bus(std::move(bus)), m_service(std::move(service)), m_path(std::move(path)) {}
 
 QVariant Accessible::property(const char* name) const {
     const QDBusMessage reply =
@@ -64,9 +64,13 @@ QVariant Accessible::property(const char* name) const {
     return reply.arguments().constFirst().value<QDBusVariant>().variant();
 }
 
-QString Accessible::name() const { return property("Name").toString(); }
+QString Accessible::name() const {
+    return property("Name").toString();
+}
 
-QString Accessible::description() const { return property("Description").toString(); }
+QString Accessible::description() const {
+    return property("Description").toString();
+}
 
 QString Accessible::role() const {
     const QDBusMessage reply = call(m_bus, m_service, m_path, accessibleInterface, "GetRoleName");
@@ -98,10 +102,18 @@ bool Accessible::state(unsigned bit) const {
     return word < words.size() && ((words.at(word) >> (bit % 32)) & 1U) != 0;
 }
 
-bool Accessible::isChecked() const { return state(StateBit::checked); }
-bool Accessible::isEnabled() const { return state(StateBit::enabled); }
-bool Accessible::isFocused() const { return state(StateBit::focused); }
-bool Accessible::isShowing() const { return state(StateBit::showing); }
+bool Accessible::isChecked() const {
+    return state(StateBit::checked);
+}
+bool Accessible::isEnabled() const {
+    return state(StateBit::enabled);
+}
+bool Accessible::isFocused() const {
+    return state(StateBit::focused);
+}
+bool Accessible::isShowing() const {
+    return state(StateBit::showing);
+}
 
 bool Accessible::act(const QString& action) const {
     const QDBusMessage reply =
@@ -124,8 +136,9 @@ bool Accessible::act(const QString& action) const {
         ++index;
     }
     list.endArray();
-    return found >= 0 && call(m_bus, m_service, m_path, "org.a11y.atspi.Action", "DoAction", {found})
-                                 .type() == QDBusMessage::ReplyMessage;
+    return found >= 0 &&
+           call(m_bus, m_service, m_path, "org.a11y.atspi.Action", "DoAction", {found}).type() ==
+               QDBusMessage::ReplyMessage;
 }
 
 std::vector<Accessible> Accessible::children() const {
@@ -154,7 +167,8 @@ std::vector<Accessible> Accessible::all(const Test& test) const {
 }
 
 std::optional<QDBusConnection> accessibilityBus(const QString& sessionAddress) {
-    const auto session = QDBusConnection::connectToBus(sessionAddress, QStringLiteral("e2e-session"));
+    const auto session =
+        QDBusConnection::connectToBus(sessionAddress, QStringLiteral("e2e-session"));
     const QDBusMessage reply = call(session, QStringLiteral("org.a11y.Bus"),
                                     QStringLiteral("/org/a11y/bus"), "org.a11y.Bus", "GetAddress");
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())

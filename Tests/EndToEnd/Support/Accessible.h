@@ -19,7 +19,7 @@ public:
 
     QString name() const;
     QString description() const;
-    QString role() const; ///< the role's name, such as "push button"
+    QString role() const;  ///< the role's name, such as "push button"
     QRect extents() const; ///< in screen coordinates
     bool isChecked() const;
     bool isEnabled() const;

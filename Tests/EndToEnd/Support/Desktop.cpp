@@ -11,7 +11,9 @@ namespace {
 
 constexpr int patience = 10000; // milliseconds; a slow machine is no fault
 
-QString text(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
+QString text(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
 
 } // namespace
 
@@ -47,12 +49,14 @@ Desktop::Desktop() {
     m_screen.setProcessEnvironment(m_environment);
     m_screen.start(QStringLiteral("Xvfb"),
                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                    QStringLiteral("0"), QStringLiteral("1400x1000x24"), QStringLiteral("-nolisten"),
-                    QStringLiteral("tcp"), QStringLiteral("-noreset")});
+                    QStringLiteral("0"), QStringLiteral("1400x1000x24"),
+                    QStringLiteral("-nolisten"), QStringLiteral("tcp"),
+                    QStringLiteral("-noreset")});
     if (!m_screen.waitForReadyRead(patience))
         return;
     const QByteArray display = m_screen.readLine().trimmed();
-    m_environment.insert(QStringLiteral("DISPLAY"), QLatin1Char(':') + QString::fromLatin1(display));
+    m_environment.insert(QStringLiteral("DISPLAY"),
+                         QLatin1Char(':') + QString::fromLatin1(display));
 
     m_windowManager.setProcessEnvironment(m_environment);
     m_windowManager.start(QStringLiteral("openbox"), QStringList());
@@ -73,7 +77,9 @@ Desktop::~Desktop() {
     QDBusConnection::disconnectFromBus(QStringLiteral("e2e-session"));
 }
 
-QString Desktop::busAddress() const { return QString::fromStdString(m_bus.address()); }
+QString Desktop::busAddress() const {
+    return QString::fromStdString(m_bus.address());
+}
 
 QString Desktop::run(const QString& program, const QStringList& arguments) const {
     QProcess process;
@@ -94,8 +100,8 @@ void Desktop::press(const QStringList& keys) const {
         QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("40")} + keys);
 }
 
-RunningApplication::RunningApplication(const Desktop& desktop, const QStringList& arguments) :
-    m_desktop(desktop) {
+RunningApplication::RunningApplication(const Desktop& desktop, const QStringList& arguments)
+    : m_desktop(desktop) {
     m_process.setProcessEnvironment(desktop.environment());
     m_process.start(QStringLiteral(WENDLOW_BUNDLE "/Contents/MacOS/wendlow-settings"), arguments);
     m_process.waitForStarted(patience);
@@ -111,11 +117,17 @@ RunningApplication::~RunningApplication() {
     }
 }
 
-bool RunningApplication::isRunning() const { return m_process.state() == QProcess::Running; }
+bool RunningApplication::isRunning() const {
+    return m_process.state() == QProcess::Running;
+}
 
-bool RunningApplication::waitForEnd() { return m_process.waitForFinished(patience); }
+bool RunningApplication::waitForEnd() {
+    return m_process.waitForFinished(patience);
+}
 
-QString RunningApplication::errors() { return QString::fromUtf8(m_process.readAllStandardError()); }
+QString RunningApplication::errors() {
+    return QString::fromUtf8(m_process.readAllStandardError());
+}
 
 std::optional<Accessible> RunningApplication::root() const {
     for (const Accessible& application : accessibleApplications(m_desktop.accessibility())) {
@@ -141,17 +153,25 @@ std::optional<Accessible> RunningApplication::window(const QString& title) const
     return found;
 }
 
-std::optional<Accessible> RunningApplication::find(const QString& role, const QString& name) const {
+std::optional<Accessible> RunningApplication::search(const Accessible::Test& test) const {
     std::optional<Accessible> found;
     eventually([&] {
-        if (const auto application = root()) {
-            found = application->find([&](const Accessible& thing) {
-                return thing.name() == name && thing.role() == role && thing.isShowing();
-            });
-        }
+        if (const auto application = root())
+            found = application->find(test);
         return found.has_value();
     });
     return found;
+}
+
+std::optional<Accessible> RunningApplication::find(const QString& role, const QString& name) const {
+    return search([&](const Accessible& thing) {
+        return thing.name() == name && thing.role() == role && thing.isShowing();
+    });
+}
+
+std::optional<Accessible> RunningApplication::findNamed(const QString& name) const {
+    return search(
+        [&](const Accessible& thing) { return thing.name() == name && thing.isShowing(); });
 }
 
 QStringList RunningApplication::windowTitles() const {

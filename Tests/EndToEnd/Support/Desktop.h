@@ -60,12 +60,15 @@ public:
     std::optional<Accessible> window(const QString& title) const;
     /// Waits for something with this role and name anywhere in the application.
     std::optional<Accessible> find(const QString& role, const QString& name) const;
+    /// The same for whatever has this name, words that are only shown included.
+    std::optional<Accessible> findNamed(const QString& name) const;
     /// Titles of all windows that show.
     QStringList windowTitles() const;
     QString errors();
 
 private:
     std::optional<Accessible> root() const;
+    std::optional<Accessible> search(const Accessible::Test& test) const;
 
     const Desktop& m_desktop;
     QProcess m_process;

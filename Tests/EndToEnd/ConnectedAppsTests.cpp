@@ -1,0 +1,163 @@
+#include "Support/ClaudeCodeHome.h"
+#include "Support/Desktop.h"
+
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace wendlow::testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QString path(const TemporaryHome& home, const char* name) {
+    return QString::fromStdString((home / name).string());
+}
+
+class ConnectedApps : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(desktop.isReady()) << "no screen, bus or accessibility bus could be started";
+        ClaudeCodeHome::fill(desktop.home().path());
+    }
+
+    std::string settings() const {
+        return ClaudeCodeHome::read(desktop.home() / ".claude/settings.json");
+    }
+    std::string servers() const { return ClaudeCodeHome::read(desktop.home() / ".claude.json"); }
+    bool hasReceipt() const { return std::filesystem::exists(receipt()); }
+    std::filesystem::path receipt() const {
+        return desktop.home() / "Library/Application Support/Wendlow/Connectors/claude-code.json";
+    }
+    bool isAsBefore() const {
+        return settings() == ClaudeCodeHome::settings && servers() == ClaudeCodeHome::servers;
+    }
+
+    Desktop desktop;
+};
+
+constexpr auto bundle = WENDLOW_BUNDLE;
+
+/// What both files hold once Claude Code is connected: the person's bytes with ours between them.
+std::string connectedSettings() {
+    const std::string hook =
+        std::string(bundle) + "/Contents/MacOS/wendlow-hook --harness claude-code";
+    const auto entry = [&](const std::string& slot, const std::string& indent) {
+        return indent + "{\n" + indent + "  \"type\": \"command\",\n" + indent +
+               "  \"command\": \"" + hook + " --slot " + slot + "\",\n" + indent +
+               "  \"timeout\": 3\n" + indent + "}";
+    };
+    std::string expected(ClaudeCodeHome::settings);
+    const std::string prompt = ",\n      {\n        \"hooks\": [\n" + entry("rules", "          ") +
+                               ",\n" + entry("index", "          ") + ",\n" +
+                               entry("recall", "          ") + "\n        ]\n      }";
+    const std::string own = R"("timeout": 3.50 } ] })";
+    expected.insert(expected.find(own) + own.size(), prompt);
+    const std::string stop = R"("Stop": [])";
+    expected.insert(
+        expected.find(stop) + stop.size(),
+        ",\n    \"PreToolUse\": [\n      {\n        \"matcher\": \"mcp__wendlow__.*\",\n"
+        "        \"hooks\": [\n" +
+            entry("pretool", "          ") + "\n        ]\n      }\n    ]");
+    return expected;
+}
+
+std::string connectedServers() {
+    std::string expected(ClaudeCodeHome::servers);
+    const std::string own = R"("env": {"TOKEN": "${TOKEN}"} })";
+    expected.insert(
+        expected.find(own) + own.size(),
+        ",\r\n\t\t\"wendlow\": {\r\n\t\t\t\"type\": \"stdio\",\r\n\t\t\t\"command\": \"" +
+            std::string(bundle) +
+            "/Contents/MacOS/wendlow-mcp\",\r\n\t\t\t\"args\": [],\r\n\t\t\t\"env\": {}\r\n\t\t}");
+    return expected;
+}
+
+TEST_F(ConnectedApps, TheSwitchConnectsAndGivesTheBytesBack) {
+    RunningApplication application(desktop, {u"--window=settings"_s});
+    ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
+    const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
+    ASSERT_TRUE(toggle);
+    ASSERT_FALSE(toggle->isChecked());
+
+    desktop.click(toggle->extents().center());
+    ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
+    EXPECT_EQ(settings(), connectedSettings());
+    EXPECT_EQ(servers(), connectedServers());
+    EXPECT_EQ(ClaudeCodeHome::read(receipt()), "{\n"
+                                               "  \"adopted\": [],\n"
+                                               "  \"created\": [\n"
+                                               "    \"hookGroup\",\n"
+                                               "    \"preToolEventArray\",\n"
+                                               "    \"preToolGroup\"\n"
+                                               "  ],\n"
+                                               "  \"trustSlots\": []\n"
+                                               "}");
+    for (const auto& sentence :
+         {u"a copy of the file was made here first"_s,
+          u"the Wendlow entry was written to this file"_s,
+          u"a backup was written here before this change"_s,
+          u"the Wendlow hook entry here runs %1/Contents/MacOS/wendlow-hook --harness claude-code"_s
+              .arg(QLatin1String(bundle)),
+          u"the Wendlow MCP server entry here runs %1/Contents/MacOS/wendlow-mcp"_s.arg(
+              QLatin1String(bundle))})
+        EXPECT_TRUE(application.findNamed(sentence)) << sentence.toStdString();
+
+    // The switch has the focus after the click, so the space bar works it.
+    desktop.press({u"space"_s});
+    ASSERT_TRUE(eventually([&] { return !toggle->isChecked() && toggle->isEnabled(); }));
+    EXPECT_TRUE(isAsBefore());
+    EXPECT_FALSE(hasReceipt());
+    EXPECT_TRUE(application.findNamed(u"the Wendlow entry was removed from this file"_s));
+    EXPECT_TRUE(application.findNamed(u"this file holds no Wendlow hook entry"_s));
+}
+
+TEST_F(ConnectedApps, TheKeyboardAloneIsEnough) {
+    RunningApplication application(desktop, {u"--window=settings"_s});
+    ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
+    const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
+    ASSERT_TRUE(toggle);
+    bool reached = false;
+    for (int presses = 0; presses < 12 && !reached; ++presses) {
+        desktop.press({u"Tab"_s});
+        reached = toggle->isFocused();
+    }
+    ASSERT_TRUE(reached) << "no number of tabs leads to the switch";
+    desktop.press({u"space"_s});
+    ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
+    EXPECT_EQ(settings(), connectedSettings());
+}
+
+TEST_F(ConnectedApps, AFileThatDoesNotReadSaysSoByItselfAndStaysAsItWas) {
+    const std::string broken(ClaudeCodeHome::servers.substr(0, 90));
+    ClaudeCodeHome::write(desktop.home() / ".claude.json", broken);
+    RunningApplication application(desktop, {u"--window=settings"_s});
+    const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
+    ASSERT_TRUE(toggle) << application.errors().toStdString();
+    const auto cause = u"the document ended inside a string (at byte 81)"_s;
+    EXPECT_TRUE(application.findNamed(u"this file did not read as JSON — "_s + cause));
+
+    desktop.click(toggle->extents().center());
+    EXPECT_TRUE(application.findNamed(
+        u"this file did not read as JSON, so nothing was written — "_s + cause));
+    EXPECT_FALSE(toggle->isChecked());
+    EXPECT_EQ(settings(), ClaudeCodeHome::settings);
+    EXPECT_EQ(servers(), broken);
+}
+
+TEST_F(ConnectedApps, TheSameWithoutAWindow) {
+    const auto program = QLatin1String(bundle) + u"/Contents/MacOS/wendlow-connect"_s;
+    const auto report = desktop.run(program, {u"install"_s, u"claude-code"_s, u"--json"_s});
+    EXPECT_TRUE(report.contains(u"\"result\":\"changed\""_s) ||
+                report.contains(u"\"result\": \"changed\""_s))
+        << report.toStdString();
+    EXPECT_EQ(settings(), connectedSettings());
+    EXPECT_EQ(servers(), connectedServers());
+    EXPECT_TRUE(hasReceipt());
+    desktop.run(program, {u"remove"_s});
+    EXPECT_TRUE(isAsBefore());
+    EXPECT_FALSE(hasReceipt());
+}
+
+} // namespace
+} // namespace wendlow::testing

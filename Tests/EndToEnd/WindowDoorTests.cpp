@@ -1,0 +1,79 @@
+#include "Support/ClaudeCodeHome.h"
+#include "Support/Desktop.h"
+
+#include <gtest/gtest.h>
+
+namespace wendlow::testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Door : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(desktop.isReady()); }
+
+    /// Asks for a window as the menu-bar process does.
+    void post(const QStringList& arguments) const {
+        desktop.run(QStringLiteral(WENDLOW_POST_NOTIFICATION),
+                    QStringList{u"works.fenmoor.wendlow.open-window"_s} + arguments);
+    }
+    std::string journal() const {
+        return ClaudeCodeHome::read(desktop.home() / "Library/Logs/wendlow-journey.log");
+    }
+
+    Desktop desktop;
+};
+
+TEST_F(Door, ASecondProcessBringsUpEachPane) {
+    RunningApplication application(desktop, {u"--window=bogus"_s, u"--window=stats"_s});
+    ASSERT_TRUE(application.window(u"Stats"_s)) << application.errors().toStdString();
+    EXPECT_EQ(application.windowTitles(), QStringList{u"Stats"_s});
+
+    for (const auto& [pane, title] :
+         {std::pair(u"settings"_s, u"Wendlow"_s), std::pair(u"editor"_s, u"Memories"_s),
+          std::pair(u"onboarding"_s, u"Welcome to Wendlow"_s), std::pair(u"stats"_s, u"Stats"_s)}) {
+        post({pane});
+        EXPECT_TRUE(application.window(title)) << pane.toStdString();
+        EXPECT_TRUE(eventually([&] {
+            return journal().find("door: menu asked for " + pane.toStdString() + "\n") !=
+                   std::string::npos;
+        }));
+    }
+    post({u"stats "_s});
+    post({u"onboarding"_s, u"front=1"_s});
+    EXPECT_TRUE(eventually([&] {
+        return journal().find("door: menu asked for onboarding (front)\n") != std::string::npos;
+    }));
+    EXPECT_EQ(journal().find("stats "), std::string::npos);
+    EXPECT_EQ(application.windowTitles().size(), 4);
+}
+
+TEST_F(Door, TheWorldMenuComesWithTheEditorAndGoesWithIt) {
+    RunningApplication application(desktop, {u"--window=editor"_s});
+    ASSERT_TRUE(application.window(u"Memories"_s)) << application.errors().toStdString();
+    EXPECT_TRUE(application.find(u"menu item"_s, u"World"_s));
+
+    post({u"settings"_s});
+    const auto settings = application.window(u"Wendlow"_s);
+    ASSERT_TRUE(settings);
+    EXPECT_TRUE(eventually([&] {
+        return settings->all([](const Accessible& thing) { return thing.name() == u"World"_s; })
+            .empty();
+    }));
+    post({u"editor"_s});
+    EXPECT_TRUE(eventually([&] {
+        const auto editor = application.window(u"Memories"_s);
+        return editor &&
+               editor->find([](const Accessible& thing) { return thing.name() == u"World"_s; });
+    }));
+}
+
+TEST_F(Door, ClosingTheLastWindowQuits) {
+    RunningApplication application(desktop, {u"--window=stats"_s});
+    ASSERT_TRUE(application.window(u"Stats"_s)) << application.errors().toStdString();
+    desktop.press({u"ctrl+w"_s});
+    EXPECT_TRUE(application.waitForEnd());
+}
+
+} // namespace
+} // namespace wendlow::testing
