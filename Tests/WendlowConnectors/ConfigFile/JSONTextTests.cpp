@@ -131,6 +131,27 @@ TEST(JSONText, tellsTheFirstFailureAndWhere) {
     }
 }
 
+// Strings are read by blocks of bytes: each byte is judged alike wherever in a block it stands.
+TEST(JSONText, judgesEveryByteAtEveryPlace) {
+    for (std::size_t place = 0; place < 24; ++place) {
+        for (int byte = 0; byte < 256; ++byte) {
+            std::string bytes = "\"" + std::string(24, 'a') + "\"";
+            bytes[1 + place] = static_cast<char>(byte);
+            const std::string told =
+                byte < 0x20 ? "a string holds an unescaped control character (at byte 0)"
+                : byte == '\\'
+                    ? (place < 23 ? "a string holds an escape that is not JSON's (at byte 0)"
+                                  : "the document ended inside a string (at byte 0)")
+                : byte == '"'
+                    ? fmt::format("there are bytes after the top-level value (at byte {})",
+                                  2 + place)
+                : byte >= 0x80 ? "a string holds bytes that are not UTF-8 (at byte 0)"
+                               : "S0-26";
+            EXPECT_EQ(scanned(bytes, strict), told) << place << ' ' << byte;
+        }
+    }
+}
+
 TEST(JSONText, givesEveryRange) {
     const struct {
         std::string bytes;
