@@ -23,7 +23,8 @@ struct DiskFault {
     std::string command = {}; ///< a shell command that runs just before the call
 };
 
-/// A finished run, with its counted calls in order: "open /path", "write (open file)".
+/// A finished run. When its disk had no fault, with the counted calls in order: "open /path",
+/// "write (open file)".
 struct FaultyRun : ProgramRun {
     std::vector<std::string> calls;
 };
@@ -39,13 +40,16 @@ inline FaultyRun runFaulty(const std::filesystem::path& program,
                         {"WENDLOW_FAULT_ROOT", fault.root},
                         {"WENDLOW_FAULT_AT", std::to_string(fault.at)},
                         {"WENDLOW_FAULT_ERRNO", fault.error},
-                        {"WENDLOW_FAULT_KILL", fault.kill},
-                        {"WENDLOW_FAULT_TRACE", trace}});
+                        {"WENDLOW_FAULT_KILL", fault.kill}});
     if (fault.lasting == DiskFault::Lasting::persistent)
         environment["WENDLOW_FAULT_MODE"] = "persist";
     if (!fault.command.empty())
         environment["WENDLOW_FAULT_RUN"] = fault.command;
+    if (fault.at == 0)
+        environment["WENDLOW_FAULT_TRACE"] = trace;
     FaultyRun run{runProgram(program, arguments, environment), {}};
+    if (fault.at != 0)
+        return run;
     std::ifstream lines(trace);
     for (std::string line; std::getline(lines, line);)
         run.calls.push_back(line.substr(line.find(' ') + 1));
