@@ -73,6 +73,26 @@ TEST_F(TransactionFaultTest, TellsTheTruthWhicheverCallFails) {
     EXPECT_GT(refused, 100);
 }
 
+TEST_F(TransactionFaultTest, RefusesWhereNewBytesMayNotHaveArrived) {
+    std::set<std::string> created;
+    bool isNew = false;
+    int tried = 0;
+    sweep.forEachCall(
+        {.error = "EIO"},
+        [&](const FaultyRun& run, const std::string&) {
+            ++tried;
+            EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::refused);
+        },
+        [&](const std::string& call) {
+            if (call.starts_with("open "))
+                isNew = (call.ends_with(".tmp") || call.contains(".wendlow-backup-")) &&
+                        created.insert(call).second;
+            return isNew && (call.starts_with("write ") || call.starts_with("fsync ") ||
+                             call.starts_with("close "));
+        });
+    EXPECT_EQ(tried, 6 * 3) << "three copies and three new files";
+}
+
 TEST_F(TransactionFaultTest, TellsTheTruthOnADiskThatStaysBroken) {
     for (const auto* error : {"ENOSPC", "EIO", "EACCES"})
         sweep.failFromEachCall(error);
