@@ -1,5 +1,6 @@
 #include "ConfigFile/TOMLString.h"
 
+#include "ConfigFile/JSONBytes.h"
 #include "ConfigFile/TOMLBytes.h"
 #include "ConfigFile/UTF8.h"
 
@@ -83,14 +84,22 @@ TOMLString::Reason TOMLString::readToEnd() {
             reason = readLineBreak();
         } else if (static_cast<unsigned char>(byte) < 0x80) {
             reason = "a string holds an unescaped control character";
-        } else if (const auto length = UTF8::characterLength(m_bytes, m_position)) {
-            m_position += length;
         } else {
-            reason = "a string holds bytes that are not UTF-8";
+            reason = readCharacter();
         }
         if (reason != nullptr)
             return reason;
     }
+}
+
+/// Reads one character outside ASCII.
+TOMLString::Reason TOMLString::readCharacter() {
+    const auto sequence =
+        JSONBytes::utf8Sequence(m_bytes.data() + m_position, m_bytes.data() + m_bytes.size());
+    if (!sequence.valid)
+        return "a string holds bytes that are not UTF-8";
+    m_position += sequence.length;
+    return nullptr;
 }
 
 /// Moves past the quotation marks at the position; true if they end the string.

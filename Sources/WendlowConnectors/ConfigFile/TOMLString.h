@@ -31,6 +31,7 @@ private:
     TOMLString(std::string_view bytes, std::size_t start, Place place, std::string& decoded);
 
     Reason readToEnd();
+    Reason readCharacter();
     Reason readEscape();
     Reason readHexEscape(std::size_t digits);
     Reason readLineBreak();

@@ -1,6 +1,6 @@
 #include "ConfigFile/TOMLText.h"
 
-#include "ConfigFile/LineEnding.h"
+#include "ConfigFile/JSONEdit.h"
 #include "ConfigFile/TOMLBytes.h"
 
 #include <algorithm>
@@ -69,7 +69,7 @@ std::string joined(const TOMLPath& path) {
 }
 
 std::string_view lineEnding(std::string_view bytes) {
-    return wendlow::lineEnding(bytes);
+    return JSONEdit::lineEnding(bytes);
 }
 
 } // namespace TOMLText
