@@ -26,6 +26,8 @@ TOMLScanner::TOMLScanner(std::string_view bytes)
     : m_bytes(bytes), m_position(TOMLBytes::textStart(bytes)) {}
 
 std::expected<TOMLDocument, TOMLTextError> TOMLScanner::scan() {
+    constexpr std::size_t usualEntrySize = 48;
+    m_document.m_entries.reserve(m_bytes.size() / usualEntrySize);
     TOMLTable root;
     root.headerStart = m_position;
     openTable(root);
