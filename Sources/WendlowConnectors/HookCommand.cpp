@@ -1,6 +1,8 @@
 #include "HookCommand.h"
 
 #include "BundleCommand.h"
+#include "ConfigFile/JSONLiteral.h"
+#include "ConfigFile/JSONText.h"
 
 #include <algorithm>
 
@@ -66,6 +68,22 @@ bool isLegacyBundle(std::string_view command, std::string_view current) {
         return false;
     const auto executable = BundleCommand::hookExecutable(command, *harness);
     return executable && BundleCommand::names(*executable, "wendlow-hook");
+}
+
+std::optional<std::string> unusableReason(const std::filesystem::path& executable) {
+    const std::string text = executable.string();
+    const auto plain = [](char byte) {
+        const auto code = static_cast<unsigned char>(byte);
+        return code > ' ' && code != 0x7F &&
+               !std::string_view("\"'\\`$&|;<>()*?[]{}#!~").contains(byte);
+    };
+    // Bytes that are not UTF-8 would make a file that no longer reads as JSON.
+    const std::string quoted = JSONLiteral::quote(text);
+    const auto written = JSONText::scanWithTrivia(quoted, JSONDialect::json);
+    if (std::ranges::all_of(text, plain) && written && written->root().string() == text)
+        return std::nullopt;
+    return "this path holds a space or another character that a hook command cannot carry, so "
+           "nothing was written";
 }
 
 } // namespace HookCommand

@@ -32,5 +32,9 @@ std::optional<std::filesystem::path> legacyScriptPath(std::string_view command);
 /// `current`.
 bool isLegacyBundle(std::string_view command, std::string_view current);
 
+/// Why a command that begins with `executable` would not run it, or would not be recognised later:
+/// there is no quoting, so a path that a shell would split or expand cannot be written.
+std::optional<std::string> unusableReason(const std::filesystem::path& executable);
+
 } // namespace HookCommand
 } // namespace wendlow

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string_view>
-#include <utility>
 #include <variant>
 
 #include "ControlRequest.h"
@@ -40,11 +39,10 @@ struct Diagnostic {
 struct GatewayRequest : std::variant<GatewayCase::Read, GatewayCase::Control, GatewayCase::Notes,
                                      GatewayCase::Diagnostic> {
     using variant::variant;
-    GatewayRequest(ReadRequest request) : variant(GatewayCase::Read{std::move(request)}) {}
-    GatewayRequest(ControlRequest request) : variant(GatewayCase::Control{std::move(request)}) {}
-    GatewayRequest(NotesRequest request) : variant(GatewayCase::Notes{std::move(request)}) {}
-    GatewayRequest(DiagnosticRequest request)
-        : variant(GatewayCase::Diagnostic{std::move(request)}) {}
+    GatewayRequest(ReadRequest request);
+    GatewayRequest(ControlRequest request);
+    GatewayRequest(NotesRequest request);
+    GatewayRequest(DiagnosticRequest request);
 
     static constexpr std::string_view typeName = "GatewayRequest";
 

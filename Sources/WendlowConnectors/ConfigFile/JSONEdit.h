@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ConfigFile/JSONEditMeasures.h"
 #include "ConfigFile/JSONLiteral.h"
 #include "ConfigFile/JSONStep.h"
 #include "ConfigFile/JSONText.h"
@@ -17,8 +18,8 @@ struct JSONEditError {
     enum class Kind { notAnObject, notAnArray, noSuchMember, noSuchElement };
 
     Kind kind = Kind::notAnObject;
-    JSONPath path;
-    std::string key;          ///< of `noSuchMember`
+    JSONPath path = {};
+    std::string key = {};     ///< of `noSuchMember`
     std::ptrdiff_t index = 0; ///< of `noSuchElement`
 
     std::string description() const;
@@ -48,9 +49,6 @@ Result removeMember(std::string_view text, const JSONPath& path, std::string_vie
 Result appendElement(std::string_view text, const JSONPath& path, const JSONLiteral& literal);
 /// Removes one element of the array at `path`. Dialect `json`.
 Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t index);
-
-/// "\r\n" if one CR LF occurs anywhere in `text`, otherwise "\n".
-std::string_view lineEnding(std::string_view text);
 
 } // namespace JSONEdit
 } // namespace wendlow
