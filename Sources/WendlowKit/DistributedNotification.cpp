@@ -72,7 +72,7 @@ void DistributedNotificationCenter::post(const DistributedNotification& notifica
             << QString::fromStdString(notification.object.value_or(std::string()))
             << QVariant::fromValue(wire(notification.userInfo))
             << (delivery == Delivery::immediately);
-    if (!m_connection.send(message))
+    if (!m_connection.isConnected() || !m_connection.send(message))
         qCWarning(LogCategory::notifications, "%s could not be posted: there is no session bus",
                   notification.name.c_str());
 }

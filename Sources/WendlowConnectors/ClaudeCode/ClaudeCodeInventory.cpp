@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <span>
+#include <tuple>
 #include <utility>
 
 #include <fmt/ranges.h>
@@ -65,8 +66,9 @@ ProjectReport ClaudeCodeConnector::projects() const {
     }
     if (report.projects.empty())
         report.note = "no session store found";
-    std::ranges::stable_sort(report.projects, std::ranges::greater{},
-                             &ConnectorProject::lastActivity);
+    std::ranges::sort(report.projects, [](const ConnectorProject& a, const ConnectorProject& b) {
+        return std::tie(b.lastActivity, a.path) < std::tie(a.lastActivity, b.path);
+    });
     return report;
 }
 
