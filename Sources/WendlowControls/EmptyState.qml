@@ -1,0 +1,33 @@
+import QtQuick
+
+// What stands in a stage that has nothing to show yet or at all: a sign or the spinner, and one sentence.
+Column {
+    id: empty
+
+    required property string text
+    property string iconName
+    property bool busy: false
+
+    spacing: 8
+
+    Spinner {
+        visible: empty.busy
+        size: 20
+        anchors.horizontalCenter: parent.horizontalCenter
+    }
+    Icon {
+        visible: !empty.busy && empty.iconName.length > 0
+        anchors.horizontalCenter: parent.horizontalCenter
+        size: 20
+        name: empty.iconName
+        color: Theme.textSecond
+    }
+    Label {
+        width: empty.width
+        role: Label.Role.Small
+        text: empty.text
+        color: Theme.textSecond
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,21 @@
+import QtQuick
+
+// The ring around the control that it is put into, shown while focus came by keyboard. Rows and sidebar
+// items draw it inside their edge, where a neighbour cannot cover it.
+Rectangle {
+    id: ring
+
+    required property bool shown
+    property int around: Theme.radiusButton
+    property bool inside: false
+
+    readonly property int reach: ring.inside ? 0 : 3
+
+    anchors.fill: parent
+    anchors.margins: -ring.reach
+    visible: ring.shown
+    color: "transparent"
+    radius: ring.around + ring.reach
+    border.width: Theme.strokeFocus
+    border.color: Theme.accent
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+
+namespace wendlow {
+
+/// One symbol of the icon table in one colour, crisp at the window's pixel density. Draws nothing for a
+/// name that the table has not. It says nothing to a screen reader: what it stands in names itself.
+class Icon : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+    /// The symbol's name, see IconDrawing.
+    Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged FINAL)
+    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged FINAL)
+    /// Both sides in logical pixels, 16 unless set; becomes the implicit size.
+    Q_PROPERTY(int size READ size WRITE setSize NOTIFY sizeChanged FINAL)
+
+public:
+    explicit Icon(QQuickItem* parent = nullptr);
+
+    [[nodiscard]] QString name() const { return m_name; }
+    void setName(const QString& name);
+
+    [[nodiscard]] QColor color() const { return m_color; }
+    void setColor(const QColor& color);
+
+    [[nodiscard]] int size() const { return m_size; }
+    void setSize(int size);
+
+Q_SIGNALS:
+    void nameChanged();
+    void colorChanged();
+    void sizeChanged();
+
+protected:
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
+
+private:
+    void redraw();
+
+    QString m_name;
+    QColor m_color = Qt::black;
+    int m_size = 16;
+    bool m_stale = true;
+};
+
+} // namespace wendlow

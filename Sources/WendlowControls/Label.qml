@@ -1,0 +1,31 @@
+import QtQuick
+
+// Words in one of the roles of the type scale, on lines of that role's fixed height.
+Text {
+    id: label
+
+    enum Role { Display, Title, Heading, Section, Body, Strong, Small, SmallStrong, TileLetters, Caption, GroupTitle, Eyebrow }
+
+    property int role: Label.Role.Body
+    property int line: Theme.lines[label.role]
+
+    // Qt puts what a fixed line has over below its words; half of it belongs above.
+    readonly property real lead: Math.round((label.line - metrics.height) / 2)
+
+    color: Theme.text
+    font: Theme.fonts[label.role]
+    lineHeight: label.line
+    lineHeightMode: Text.FixedHeight
+    topPadding: label.lead
+    bottomPadding: -label.lead
+    renderType: Text.NativeRendering
+    textFormat: Text.PlainText
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: label.text
+
+    FontMetrics {
+        id: metrics
+        font: label.font
+    }
+}

@@ -1,0 +1,32 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// A few words beside what the pointer rests on, in the colours of the ground turned round.
+T.ToolTip {
+    id: tip
+
+    property int widest: 480
+
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? parent.height + 6 : 0
+    implicitWidth: Math.min(words.implicitWidth, tip.widest) + leftPadding + rightPadding
+    implicitHeight: words.implicitHeight + topPadding + bottomPadding
+    horizontalPadding: 8
+    verticalPadding: 4
+    margins: 8
+    delay: Theme.toolTipDelay
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
+
+    contentItem: Label {
+        id: words
+        role: Label.Role.Caption
+        text: tip.text
+        color: Theme.ground
+        wrapMode: Text.WrapAnywhere
+    }
+
+    background: Rectangle {
+        color: Theme.text
+        radius: Theme.radiusTile
+    }
+}
