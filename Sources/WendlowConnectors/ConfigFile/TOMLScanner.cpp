@@ -239,8 +239,8 @@ TOMLPath TOMLScanner::keepSegments() {
 }
 
 std::string_view TOMLScanner::keepText(const TOMLString::Text& string) {
-    if (!string.isDecoded || string.text.empty())
-        return string.isDecoded ? std::string_view() : string.text;
+    if (!string.isDecoded)
+        return string.text;
     std::pmr::polymorphic_allocator<char> allocator(m_document.m_texts.get());
     const auto kept = allocator.allocate(string.text.size());
     std::ranges::copy(string.text, kept);

@@ -61,8 +61,8 @@ TOMLString::read(std::string_view bytes, std::size_t start, Place place, std::st
 TOMLString::TOMLString(std::string_view bytes, std::size_t start, Place place, std::string& decoded)
     : m_bytes(bytes), m_position(start + 1), m_runStart(start + 1), m_quote(bytes[start]),
       m_decoded(decoded) {
-    const bool isTripled = bytes.size() - start >= 3 && bytes[start + 1] == m_quote &&
-                           bytes[start + 2] == m_quote;
+    const bool isTripled =
+        bytes.size() - start >= 3 && bytes[start + 1] == m_quote && bytes[start + 2] == m_quote;
     if (place == Place::key || !isTripled)
         return;
     m_isMultiline = true;
