@@ -69,6 +69,11 @@ target_link_libraries(wendlow_pch PUBLIC fmt::fmt)
 target_precompile_headers(wendlow_pch PRIVATE ${WENDLOW_PCH_HEADERS})
 wendlow_warnings(wendlow_pch)
 
+# What nearly every file on Qt reads, and what the QML compiler's own output reads.
+set(WENDLOW_QT_PCH_HEADERS <QObject> <QString> <QVariant> <algorithm> <functional> <memory> <optional>
+    <string> <string_view> <vector>)
+set(WENDLOW_QML_PCH_HEADERS ${WENDLOW_QT_PCH_HEADERS} <QQmlEngine> <QQuickItem> <QtQml/qqmlprivate.h>)
+
 # A module without Qt: a static library whose public include directory is its own folder, so that a
 # header is found only by those that link the module.
 function(wendlow_pure_module name)
@@ -87,6 +92,7 @@ function(wendlow_qt_module name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC fmt::fmt Qt6::Core ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    target_precompile_headers(${name} PRIVATE ${WENDLOW_QT_PCH_HEADERS})
     target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
     wendlow_warnings(${name} GENERATED)
 endfunction()
@@ -107,6 +113,7 @@ function(wendlow_qml_module name)
         IMPORT_PATH ${CMAKE_BINARY_DIR}/Sources)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC fmt::fmt Qt6::Quick ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    target_precompile_headers(${name} PRIVATE ${WENDLOW_QML_PCH_HEADERS})
     target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
     wendlow_warnings(${name} GENERATED)
     # What the QML compiler writes shadows its own parameters.
