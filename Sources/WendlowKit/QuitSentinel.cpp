@@ -23,7 +23,8 @@ bool QuitSentinel::isSet() const {
 void QuitSentinel::set() const {
     const std::tm now = fmt::gmtime(std::time(nullptr));
     // The sentinel is the file, not its text; there is nobody to tell of a failure.
-    (void)ClientStoreMode::write(fmt::format("quit at {:%F %T} +0000\n", now), path);
+    [[maybe_unused]] const auto result =
+        ClientStoreMode::write(fmt::format("quit at {:%F %T} +0000\n", now), path);
 }
 
 void QuitSentinel::clear() const {

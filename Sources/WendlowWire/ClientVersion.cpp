@@ -44,7 +44,7 @@ std::optional<std::string> shaped(const std::optional<std::string>& text) {
     const std::size_t first = text ? text->find_first_not_of(blanks) : std::string::npos;
     if (first == std::string::npos)
         return std::nullopt;
-    const std::string trimmed = text->substr(first, text->find_last_not_of(blanks) + 1 - first);
+    std::string trimmed = text->substr(first, text->find_last_not_of(blanks) + 1 - first);
     char previous = '.';
     for (const char character : trimmed) {
         const bool isDigit = character >= '0' && character <= '9';

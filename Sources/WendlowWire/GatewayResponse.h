@@ -37,7 +37,7 @@ BOOST_DESCRIBE_ENUM(LineDeleteOutcome, deleted, staleWitness, notFound)
 namespace AnswerCase {
 
 struct Primed {
-    std::vector<PrimeCard> _0 = {};
+    std::vector<PrimeCard> _0;
     bool distilled = false;
     std::optional<ShortcutInjection> shortcut = std::nullopt;
     std::optional<MeetingJustEnded> justEnded = std::nullopt;
@@ -55,12 +55,12 @@ struct Text {
 };
 
 struct Images {
-    std::vector<ScreenImage> _0 = {};
+    std::vector<ScreenImage> _0;
     WENDLOW_CASE(Images, "images", _0);
 };
 
 struct Icons {
-    std::map<std::string, WireData> _0 = {}; ///< by host
+    std::map<std::string, WireData> _0; ///< by host
     WENDLOW_CASE(Icons, "icons", _0);
 };
 
@@ -75,7 +75,7 @@ struct FrontState {
 };
 
 struct Phrase {
-    std::vector<std::string> _0 = {};
+    std::vector<std::string> _0;
     WENDLOW_CASE(Phrase, "phrase", _0);
 };
 

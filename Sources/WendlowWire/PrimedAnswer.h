@@ -56,7 +56,7 @@ struct Fired {
 };
 
 struct List {
-    std::vector<ShortcutRow> _0 = {};
+    std::vector<ShortcutRow> _0;
     std::optional<ShortcutCard> card = std::nullopt;
     std::optional<ShortcutDetail> detail = std::nullopt;
     WENDLOW_CASE(List, "list", _0, card, detail);
@@ -79,7 +79,7 @@ struct ShortcutInjection
 struct MeetingJustEnded {
     std::string key;
     std::optional<std::string> title = std::nullopt;
-    std::vector<std::string> speakers = {};
+    std::vector<std::string> speakers;
     std::string started;
     std::string ended;
     std::optional<bool> askSelfName = std::nullopt;

@@ -48,11 +48,11 @@ struct AllTime {
 struct TextBrowse {
     std::optional<std::string> term = std::nullopt;
     std::optional<std::string> type = std::nullopt;
-    std::vector<std::string> scopes = {};
+    std::vector<std::string> scopes;
     std::optional<std::int64_t> limit = std::nullopt;
     std::optional<std::string> kind = std::nullopt;
     std::optional<std::string> order = std::nullopt;
-    std::vector<FilterPair> filters = {};
+    std::vector<FilterPair> filters;
     std::int64_t offset = 0;
     static constexpr std::string_view defaulted[] = {"offset"};
     WENDLOW_REQUEST(TextBrowse, "textBrowse", "text_browse", term, type, scopes, limit, kind, order,
@@ -65,7 +65,7 @@ struct GetThumbnail {
 };
 
 struct OpenScreens {
-    std::vector<ScreenRef> _0 = {};
+    std::vector<ScreenRef> _0;
     WENDLOW_REQUEST(OpenScreens, "openScreens", "screen_open", _0);
 };
 

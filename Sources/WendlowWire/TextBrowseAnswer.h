@@ -39,7 +39,7 @@ struct FilterValueCount {
 struct FilterKeyCensus {
     std::string key;
     std::int64_t count = 0;
-    std::vector<FilterValueCount> values = {};
+    std::vector<FilterValueCount> values;
     WENDLOW_RECORD(FilterKeyCensus, key, count, values);
 };
 
@@ -49,7 +49,7 @@ struct TextBrowseRow {
     std::string scope;
     std::string title;
     double at = 0; ///< seconds since 1970
-    std::vector<FilterPair> filters = {};
+    std::vector<FilterPair> filters;
     double score = 0;
     std::optional<std::string> app = std::nullopt;
     std::optional<std::string> abstract = std::nullopt;
@@ -66,11 +66,11 @@ struct TextBrowseRow {
 struct TextBrowseAnswer {
     bool ready = false;
     std::int64_t total = 0;
-    std::vector<TextBrowseRow> rows = {};
-    std::vector<NameCount> byType = {};
-    std::vector<NameCount> byScope = {};
-    std::vector<KindCount> byKind = {};
-    std::vector<FilterKeyCensus> byFilter = {};
+    std::vector<TextBrowseRow> rows;
+    std::vector<NameCount> byType;
+    std::vector<NameCount> byScope;
+    std::vector<KindCount> byKind;
+    std::vector<FilterKeyCensus> byFilter;
     std::optional<std::string> order = std::nullopt;
     bool narrowed = false;
     static constexpr std::string_view defaulted[] = {"byKind", "byFilter", "narrowed"};

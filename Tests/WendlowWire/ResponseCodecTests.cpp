@@ -27,6 +27,11 @@ TEST(ResponseCodec, WritesAndReadsEveryShape) {
                             .score = 0.1,
                             .files = {{"x"}},
                             .framed = true};
+    TextBrowseAnswer browsed{};
+    browsed.ready = true;
+    browsed.total = 1;
+    browsed.rows = {row};
+    browsed.byKind = {{.kind = "k", .count = 3}};
     const struct {
         std::string_view json;
         GatewayResponse response;
@@ -38,7 +43,8 @@ TEST(ResponseCodec, WritesAndReadsEveryShape) {
         {R"({"standingWalk":{"_0":{"path":"/","levels":[{"path":"/","rules":["r"]}],"overflow":0,"announce":false}}})",
          AnswerCase::StandingWalk{
              RulesWalk{.path = "/", .levels = {{"/", {"r"}}}, .announce = false}}},
-        {R"({"primed":{"_0":[],"distilled":true}})", AnswerCase::Primed{.distilled = true}},
+        {R"({"primed":{"_0":[],"distilled":true}})",
+         AnswerCase::Primed{._0 = {}, .distilled = true}},
         {R"({"primed":{"_0":[{"when":"a","whenRelative":"b","chapter":"c","gist":"d","evidence":"e","grabId":"f"}],"distilled":false,"shortcut":{"list":{"_0":[{"name":"n","when":"w","duplicates":1}],"detail":{"name":"n","body":"b","duplicates":0}}}}})",
          AnswerCase::Primed{
              ._0 = {{"a", "b", "c", "d", "e", "f"}},
@@ -54,8 +60,7 @@ TEST(ResponseCodec, WritesAndReadsEveryShape) {
          AnswerCase::LineDelete{LineDeleteOutcome::staleWitness}},
         {R"({"noteID":{"_0":"n1","echo":[]}})", AnswerCase::NoteID{"n1", {{}}}},
         {R"({"textBrowse":{"_0":{"ready":true,"total":1,"rows":[{"id":"m1","type":"note","scope":"/work","title":"t","at":1794000000.125,"filters":[{"key":"a","value":true},{"key":"b","value":2}],"score":0.1,"files":["x"],"framed":true}],"byType":[],"byScope":[],"byKind":[{"kind":"k","count":3}],"byFilter":[],"narrowed":false}}})",
-         AnswerCase::TextBrowse{
-             {.ready = true, .total = 1, .rows = {row}, .byKind = {{.kind = "k", .count = 3}}}}},
+         AnswerCase::TextBrowse{browsed}},
     };
     for (const auto& [json, response] : rows) {
         EXPECT_EQ(WireCodec::encode(response), std::string(json));
@@ -69,10 +74,9 @@ TEST(ResponseCodec, FillsInWhatOlderDaemonsLeaveOutAndDropsWhatNewerOnesAdd) {
     const auto answer = WireCodec::decodeResponse(
         R"({"textBrowse":{"_0":{"ready":false,"total":0,"byType":[],"byScope":[],"later":{"x":[1]},
             "rows":[{"id":"i","type":"t","scope":"s","title":"u","at":1,"filters":[],"new":7}]}}})");
-    EXPECT_EQ(answer,
-              GatewayResponse(AnswerCase::TextBrowse{
-                  {.rows = {{.id = "i", .type = "t", .scope = "s", .title = "u", .at = 1}}}}))
-        << told(answer);
+    TextBrowseAnswer expected{};
+    expected.rows = {{.id = "i", .type = "t", .scope = "s", .title = "u", .at = 1, .filters = {}}};
+    EXPECT_EQ(answer, GatewayResponse(AnswerCase::TextBrowse{expected})) << told(answer);
 }
 
 TEST(ResponseCodec, RefusesWhatItCannotRead) {
@@ -105,9 +109,11 @@ TEST(ResponseCodec, DoublesComeBackToTheLastBit) {
         const double at = std::bit_cast<double>(random());
         if (!std::isfinite(at))
             continue;
-        const TextBrowseRow row{
-            .id = "", .type = "", .scope = "", .title = "", .at = at, .score = at / 3};
-        const GatewayResponse answer = AnswerCase::TextBrowse{{.rows = {row}}};
+        TextBrowseAnswer numbers{};
+        numbers.rows.resize(1);
+        numbers.rows[0].at = at;
+        numbers.rows[0].score = at / 3;
+        const GatewayResponse answer = AnswerCase::TextBrowse{numbers};
         const auto json = WireCodec::encode(answer);
         ASSERT_TRUE(json.has_value());
         ASSERT_EQ(WireCodec::decodeResponse(*json), answer) << *json;
