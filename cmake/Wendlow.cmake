@@ -104,6 +104,10 @@ function(wendlow_qml_module name)
     target_link_libraries(${name} PUBLIC fmt::fmt Qt6::Quick ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
     target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
     wendlow_warnings(${name} GENERATED)
+    # What the QML compiler writes shadows its own parameters.
+    get_target_property(sources ${name} SOURCES)
+    list(FILTER sources INCLUDE REGEX "/qmlcache/")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -Wno-shadow)
 endfunction()
 
 # A program of the product, written into the bundle.

@@ -1,4 +1,5 @@
 import QtQuick
+import WendlowControls
 
 // The two letters of an AI tool, or the symbol of one that has no letters.
 Rectangle {
@@ -21,7 +22,7 @@ Rectangle {
     Label {
         visible: tile.letters.length > 0
         anchors.centerIn: parent
-        role: Label.Role.TileLetters
+        role: Label.Role.SmallBold
         text: tile.letters
         color: Theme.textSecondOnTint
         Accessible.ignored: true

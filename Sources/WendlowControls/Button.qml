@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 // A button with words, an icon before them if it has one. While busy it is disabled and a spinner stands
 // before its word; who binds `enabled` says so there too.
 T.Button {
-    id: control
+    id: button
 
     enum Kind { Primary, Secondary, Quiet }
 
@@ -16,77 +16,57 @@ T.Button {
     property string hint
 
     // How the button shows itself; the bench holds these still.
-    property bool lit: control.hovered
-    property bool sunk: control.down
-    property bool ringed: control.visualFocus
+    property bool lit: button.hovered
+    property bool sunk: button.down
+    property bool ringed: button.visualFocus
 
-    readonly property bool primary: control.kind === Button.Kind.Primary
-    readonly property bool quiet: control.kind === Button.Kind.Quiet
-    readonly property color ink: !control.enabled ? Theme.textSecondOnTint : control.primary ? Theme.onAccent : control.quiet ? Theme.accent : Theme.text
-    readonly property color fill: control.quiet ? "transparent" : !control.enabled ? Theme.well : control.primary ? Theme.accent : Theme.surface
-    readonly property color shade: control.primary ? (control.sunk ? Theme.accentPressed : Theme.accentHover) : (control.sunk ? Theme.pressed : Theme.hover)
+    readonly property bool primary: button.kind === Button.Kind.Primary
+    readonly property bool quiet: button.kind === Button.Kind.Quiet
+    readonly property color ink: !button.enabled ? Theme.textSecondOnTint : button.primary ? Theme.inkOnAccent : button.quiet ? Theme.accent : Theme.text
+    readonly property color fill: button.quiet ? "transparent" : !button.enabled ? Theme.well : button.primary ? Theme.accent : Theme.surface
+    readonly property color shade: button.primary ? (button.sunk ? Theme.accentPressed : Theme.accentHover) : (button.sunk ? Theme.pressed : Theme.hover)
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: control.small ? Theme.smallButtonHeight : Theme.buttonHeight
-    horizontalPadding: control.quiet ? 8 : control.small ? 12 : 15
-    enabled: !control.busy
+    implicitHeight: button.small ? Theme.smallButtonHeight : Theme.buttonHeight
+    horizontalPadding: button.quiet ? 8 : button.small ? 12 : 14
+    enabled: !button.busy
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
 
     Accessible.role: Accessible.Button
-    Accessible.name: control.text
-    Accessible.description: control.hint
-    Accessible.onPressAction: control.click()
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Accessible.name: button.text
+    Accessible.description: button.hint
+    Accessible.onPressAction: if (button.enabled)
+        button.clicked()
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
 
-    contentItem: Item {
-        implicitWidth: row.width
-        implicitHeight: row.height
-
-        Row {
-            id: row
-            anchors.centerIn: parent
-            spacing: 8
-
-            Spinner {
-                visible: control.busy
-                size: 14
-                anchors.verticalCenter: parent.verticalCenter
-            }
-            Icon {
-                visible: control.iconName.length > 0 && !control.busy
-                name: control.iconName
-                color: control.ink
-                anchors.verticalCenter: parent.verticalCenter
-            }
-            Label {
-                role: control.small ? Label.Role.SmallStrong : Label.Role.Strong
-                text: control.text
-                color: control.ink
-                Accessible.ignored: true
-            }
-        }
+    contentItem: ButtonFace {
+        text: button.text
+        iconName: button.iconName
+        busy: button.busy
+        role: button.small ? Label.Role.SmallStrong : Label.Role.Strong
+        ink: button.ink
     }
 
     background: Rectangle {
-        color: control.fill
+        color: button.fill
         radius: Theme.radiusButton
 
         HoverFill {
             anchors.fill: parent
             radius: Theme.radiusButton
-            lit: control.enabled && (control.lit || control.sunk)
-            shade: control.shade
+            lit: button.enabled && (button.lit || button.sunk)
+            shade: button.shade
         }
         Rectangle {
-            visible: !control.quiet && !(control.primary && control.enabled)
+            visible: !button.quiet && !(button.primary && button.enabled)
             anchors.fill: parent
             color: "transparent"
             radius: Theme.radiusButton
             border.width: Theme.strokeHairline
-            border.color: control.enabled ? Theme.edge : Theme.hairline
+            border.color: button.enabled ? Theme.edge : Theme.hairline
         }
-        FocusRing { shown: control.ringed }
+        FocusRing { shown: button.ringed }
     }
 }

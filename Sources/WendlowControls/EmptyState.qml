@@ -1,4 +1,5 @@
 import QtQuick
+import WendlowControls
 
 // What stands in a stage that has nothing to show yet or at all: a sign or the spinner, and one sentence.
 Column {
@@ -7,6 +8,7 @@ Column {
     required property string text
     property string iconName
     property bool busy: false
+    property bool failed: false
 
     spacing: 8
 
@@ -20,13 +22,13 @@ Column {
         anchors.horizontalCenter: parent.horizontalCenter
         size: 20
         name: empty.iconName
-        color: Theme.textSecond
+        color: empty.failed ? Theme.warning : Theme.textSecond
     }
     Label {
         width: empty.width
         role: Label.Role.Small
         text: empty.text
-        color: Theme.textSecond
+        color: empty.failed ? Theme.text : Theme.textSecond
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
     }

@@ -7,10 +7,17 @@ Rectangle {
     required property bool lit
     property color shade: Theme.hover
 
-    color: fill.lit ? fill.shade : Qt.alpha(fill.shade, 0)
+    property real strength: fill.lit ? 1 : 0
 
-    Behavior on color {
-        enabled: !fill.lit && Theme.fadeOut > 0
-        ColorAnimation { duration: Theme.fadeOut; easing.type: Easing.OutQuad }
+    color: Qt.alpha(fill.shade, fill.shade.a * fill.strength)
+
+    Behavior on strength {
+        id: change
+
+        // Which way it goes is known from the target alone: a binding on `lit` may be still to be told.
+        NumberAnimation {
+            duration: change.targetValue > 0 ? 0 : Theme.fadeOut
+            easing.type: Easing.OutQuad
+        }
     }
 }

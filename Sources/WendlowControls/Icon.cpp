@@ -1,14 +1,10 @@
 #include "Icon.h"
 
-#include <QQuickWindow>
-#include <QSGImageNode>
-
 #include "IconDrawing.h"
 
 namespace wendlow {
 
-Icon::Icon(QQuickItem* parent) : QQuickItem(parent) {
-    setFlag(ItemHasContents);
+Icon::Icon(QQuickItem* parent) : DrawnItem(parent) {
     setImplicitSize(m_size, m_size);
 }
 
@@ -36,41 +32,11 @@ void Icon::setSize(int size) {
     }
     m_size = size;
     setImplicitSize(size, size);
-    redraw();
     Q_EMIT sizeChanged();
 }
 
-void Icon::redraw() {
-    m_stale = true;
-    update();
-}
-
-void Icon::itemChange(ItemChange change, const ItemChangeData& data) {
-    if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange) {
-        redraw();
-    }
-    QQuickItem::itemChange(change, data);
-}
-
-QSGNode* Icon::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
-    auto* node = static_cast<QSGImageNode*>(old);
-    if (node == nullptr || m_stale) {
-        const int pixels = qRound(m_size * window()->effectiveDevicePixelRatio());
-        const QImage drawing = IconDrawing::image(m_name, pixels, m_color);
-        if (drawing.isNull()) {
-            delete node;
-            return nullptr;
-        }
-        if (node == nullptr) {
-            node = window()->createImageNode();
-            node->setOwnsTexture(true);
-            node->setFiltering(QSGTexture::Linear);
-        }
-        node->setTexture(window()->createTextureFromImage(drawing));
-        m_stale = false;
-    }
-    node->setRect(0, 0, m_size, m_size);
-    return node;
+QImage Icon::draw(QSizeF size, qreal pixelRatio) const {
+    return IconDrawing::image(m_name, qRound(size.width() * pixelRatio), m_color);
 }
 
 } // namespace wendlow

@@ -1,14 +1,16 @@
 #pragma once
 
+#include "DrawnItem.h"
+
 #include <QColor>
-#include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 namespace wendlow {
 
-/// One symbol of the icon table in one colour, crisp at the window's pixel density. Draws nothing for a
-/// name that the table has not. It says nothing to a screen reader: what it stands in names itself.
-class Icon : public QQuickItem {
+/// One symbol of the icon table in one colour, crisp at the window's pixel density. Draws nothing
+/// for a name that the table has not. It says nothing to a screen reader: what it stands in names
+/// itself.
+class Icon : public DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     /// The symbol's name, see IconDrawing.
@@ -35,16 +37,12 @@ Q_SIGNALS:
     void sizeChanged();
 
 protected:
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
-    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
+    QImage draw(QSizeF size, qreal pixelRatio) const override;
 
 private:
-    void redraw();
-
     QString m_name;
     QColor m_color = Qt::black;
     int m_size = 16;
-    bool m_stale = true;
 };
 
 } // namespace wendlow

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import WendlowControls
 
 // A button that is one icon. Its text is its name for a screen reader and its tooltip.
 T.AbstractButton {
@@ -25,9 +26,10 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: control.text
-    Accessible.onPressAction: control.click()
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Accessible.onPressAction: if (control.enabled)
+        control.clicked()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     contentItem: Item {
         Icon {

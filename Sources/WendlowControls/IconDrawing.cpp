@@ -29,13 +29,15 @@ constexpr std::array aliases{
     std::pair{"lock.fill", "lock"},
     std::pair{"lock.shield.fill", "shield"},
     std::pair{"person.2.fill", "people"},
+    std::pair{"powerplug", "plug"},
     std::pair{"powerplug.fill", "plug"},
     std::pair{"record.circle", "record"},
     std::pair{"scroll.fill", "scroll"},
+    std::pair{"slider.horizontal.3", "sliders"},
 };
 
-// Ink is black and a hole is white in the drawings: with premultiplied pixels, what is opaque but not
-// white is ink, whatever lies below.
+// Ink is black and a hole is white in the drawings: with premultiplied pixels, what is opaque but
+// not white is ink, whatever lies below.
 QImage inked(const QImage& drawing, const QColor& ink) {
     QImage result(drawing.size(), QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < drawing.height(); ++y) {
@@ -43,7 +45,8 @@ QImage inked(const QImage& drawing, const QColor& ink) {
         auto* to = reinterpret_cast<QRgb*>(result.scanLine(y));
         for (int x = 0; x < drawing.width(); ++x) {
             const int coverage = qAlpha(from[x]) - qRed(from[x]);
-            to[x] = qPremultiply(qRgba(ink.red(), ink.green(), ink.blue(), coverage * ink.alpha() / 255));
+            to[x] = qPremultiply(
+                qRgba(ink.red(), ink.green(), ink.blue(), coverage * ink.alpha() / 255));
         }
     }
     return result;

@@ -4,13 +4,12 @@ import QtQuick
 Text {
     id: label
 
-    enum Role { Display, Title, Heading, Section, Body, Strong, Small, SmallStrong, TileLetters, Caption, GroupTitle, Eyebrow }
+    enum Role { Display, Title, Heading, Section, Body, Strong, Small, SmallStrong, SmallBold, Fine, Caption, GroupTitle, Eyebrow }
 
     property int role: Label.Role.Body
     property int line: Theme.lines[label.role]
 
-    // Qt puts what a fixed line has over below its words; half of it belongs above.
-    readonly property real lead: Math.round((label.line - metrics.height) / 2)
+    readonly property int lead: Theme.leads[label.role] + (label.line - Theme.lines[label.role]) / 2
 
     color: Theme.text
     font: Theme.fonts[label.role]
@@ -23,9 +22,4 @@ Text {
 
     Accessible.role: Accessible.StaticText
     Accessible.name: label.text
-
-    FontMetrics {
-        id: metrics
-        font: label.font
-    }
 }

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import WendlowControls
 
 // One place of a sidebar: its icon on a tile, its title; the open one is marked.
 T.AbstractButton {
@@ -20,22 +21,20 @@ T.AbstractButton {
     Accessible.name: control.text
     Accessible.selectable: true
     Accessible.selected: control.here
-    Accessible.onPressAction: control.click()
-    Keys.onReturnPressed: control.click()
-    Keys.onEnterPressed: control.click()
+    Accessible.onPressAction: if (control.enabled)
+        control.clicked()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
 
     contentItem: Item {
-        Rectangle {
-            id: tile
+        GradientTile {
             x: 8
             anchors.verticalCenter: parent.verticalCenter
             width: 22
             height: 22
             radius: Theme.radiusTile
-            gradient: Gradient {
-                GradientStop { position: 0; color: control.here ? Theme.openTileTop : Theme.tileTop }
-                GradientStop { position: 1; color: control.here ? Theme.openTileBottom : Theme.tileBottom }
-            }
+            from: control.here ? Theme.openTileTop : Theme.tileTop
+            to: control.here ? Theme.openTileBottom : Theme.tileBottom
 
             Icon {
                 anchors.centerIn: parent
@@ -45,10 +44,8 @@ T.AbstractButton {
             }
         }
         Label {
-            anchors.left: tile.right
-            anchors.leftMargin: 10
-            anchors.right: parent.right
-            anchors.rightMargin: 8
+            x: 40
+            width: parent.width - x - 8
             anchors.verticalCenter: parent.verticalCenter
             role: control.here ? Label.Role.Strong : Label.Role.Body
             text: control.text

@@ -1,4 +1,5 @@
 import QtQuick
+import WendlowControls
 
 // A ring with a third in accent, one turn a second; it stands still with reduced motion, and the words
 // beside it carry the state.

@@ -1,4 +1,5 @@
 import QtQuick
+import WendlowControls
 
 // The quiet sign beside a switch whose state does not tell the whole story.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import WendlowControls
 
 // A sentence that stands above or beside what it speaks of; the tone is in its sign, fill and line.
 Rectangle {

@@ -1,6 +1,7 @@
 pragma Singleton
 
 import QtQuick
+import WendlowControls
 
 // Every colour, size, radius and duration of the windows. A control asks for a token by its meaning and
 // never writes a figure of its own that stands here.
@@ -28,7 +29,7 @@ QtObject {
     readonly property color accent: dark ? "#6FBF9F" : "#2F6F5E"
     readonly property color accentHover: dark ? "#82CBAE" : "#28614F"
     readonly property color accentPressed: dark ? "#5FAE8F" : "#215344"
-    readonly property color onAccent: dark ? "#0F1F19" : "#FFFFFF"
+    readonly property color inkOnAccent: dark ? "#0F1F19" : "#FFFFFF"
     readonly property color accentSoft: dark ? "#263C3B" : "#E1ECE7"
     readonly property color accentMid: dark ? "#3F7867" : "#8DB8A9"
     readonly property color stone: dark ? "#55606B" : "#CFC9BA"
@@ -49,7 +50,7 @@ QtObject {
     readonly property color destructive: dark ? "#E07F73" : "#A63A2E"
     readonly property color destructiveHover: dark ? "#E88F84" : "#93332A"
     readonly property color destructivePressed: dark ? "#CF7065" : "#802C24"
-    readonly property color onDestructive: dark ? "#230D0A" : "#FFFFFF"
+    readonly property color inkOnDestructive: dark ? "#230D0A" : "#FFFFFF"
     readonly property color scrim: dark ? Qt.rgba(0.035, 0.047, 0.063, 0.58) : Qt.rgba(0.122, 0.137, 0.157, 0.28)
 
     // The icon tiles of a sidebar, top and bottom of their gradient
@@ -71,11 +72,15 @@ QtObject {
         face(12, Font.Normal, 0),
         face(12, Font.Medium, 0),
         face(12, Font.DemiBold, 0),
+        face(11, Font.Normal, 0),
         face(11, Font.Medium, 0),
         face(11, Font.DemiBold, 0),
         face(11, Font.DemiBold, 0.6)
     ]
-    readonly property var lines: [48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16]
+    readonly property var lines: [48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16, 16]
+    // Qt puts what a fixed line has over below its words. Pushed down by this, the middle between small
+    // letters and capitals stands in the middle of the line.
+    readonly property var leads: [-1, 0, 0, 1, 1, 1, 0, 0, 0, 1, 1, 1, 1]
     // In strips and hints small words stand a little wider apart.
     readonly property int hintLine: 18
 

@@ -1,5 +1,6 @@
 #include "ThemeSource.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
 
 namespace wendlow {
@@ -7,6 +8,9 @@ namespace wendlow {
 ThemeSource::ThemeSource(QObject* parent) : QObject(parent) {}
 
 ThemeSource* ThemeSource::of(QQmlEngine& engine) {
+    // The types of a module have no ids before something has imported it.
+    QQmlComponent importing(&engine);
+    importing.setData("import QtQml\nimport WendlowControls\nQtObject {}", {});
     const int type = qmlTypeId("WendlowControls", 1, 0, "ThemeSource");
     return type < 0 ? nullptr : engine.singletonInstance<ThemeSource*>(type);
 }

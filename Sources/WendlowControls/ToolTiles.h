@@ -6,8 +6,8 @@
 
 namespace wendlow {
 
-/// The two letters that stand for an AI tool, by the name of its asset ("tool-claude"). No brand's own
-/// mark is drawn anywhere.
+/// The two letters that stand for an AI tool, by the name of its asset ("tool-claude"). No brand's
+/// own mark is drawn anywhere.
 class ToolTiles : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -9,8 +9,8 @@ T.ToolTip {
 
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height + 6 : 0
-    implicitWidth: Math.min(words.implicitWidth, tip.widest) + leftPadding + rightPadding
-    implicitHeight: words.implicitHeight + topPadding + bottomPadding
+    implicitWidth: Math.min(implicitContentWidth, tip.widest) + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     horizontalPadding: 8
     verticalPadding: 4
     margins: 8
@@ -18,7 +18,6 @@ T.ToolTip {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
     contentItem: Label {
-        id: words
         role: Label.Role.Caption
         text: tip.text
         color: Theme.ground

@@ -1,0 +1,49 @@
+import QtQuick
+import WendlowControls
+
+// What stands in a line of a menu.
+Item {
+    id: face
+
+    required property string text
+    required property string keys
+    required property bool ticked
+    required property bool separator
+    required property bool lit
+
+    readonly property color ink: face.enabled ? Theme.text : Theme.textSecondOnTint
+
+    implicitWidth: 28 + words.implicitWidth + 24 + (shortcut.text.length > 0 ? 24 + shortcut.implicitWidth : 0)
+
+    Hairline {
+        visible: face.separator
+        x: 8
+        width: parent.width - 16
+        anchors.verticalCenter: parent.verticalCenter
+    }
+    Icon {
+        visible: face.ticked
+        x: 7
+        anchors.verticalCenter: parent.verticalCenter
+        name: "check"
+        color: Theme.textSecondOnTint
+    }
+    Label {
+        id: words
+        x: 28
+        anchors.verticalCenter: parent.verticalCenter
+        text: face.text
+        color: face.ink
+        Accessible.ignored: true
+    }
+    Label {
+        id: shortcut
+        anchors.right: parent.right
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        role: Label.Role.Small
+        text: face.keys
+        color: face.lit || !face.enabled ? Theme.textSecondOnTint : Theme.textSecond
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// One title of the menu bar.
+T.AbstractButton {
+    id: control
+
+    property bool strong: false
+    property bool open: false
+
+    // Asked for by key.
+    signal asked
+
+    implicitWidth: implicitContentWidth + 16
+    implicitHeight: Theme.menuBarHeight - 1
+    horizontalPadding: 8
+    hoverEnabled: true
+    focusPolicy: Qt.NoFocus
+
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: control.text
+    Accessible.onPressAction: if (control.enabled)
+        control.asked()
+    Keys.onDownPressed: control.asked()
+    Keys.onReturnPressed: control.asked()
+    Keys.onEnterPressed: control.asked()
+    Keys.onSpacePressed: control.asked()
+
+    contentItem: Label {
+        role: control.strong ? Label.Role.SmallBold : Label.Role.Small
+        text: control.text
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+
+    background: Item {
+        HoverFill {
+            anchors.fill: parent
+            anchors.topMargin: 3
+            anchors.bottomMargin: 3
+            radius: Theme.radiusTile
+            lit: control.open || control.hovered
+            shade: control.open ? Theme.here : Theme.hover
+
+            FocusRing {
+                shown: control.visualFocus
+                around: Theme.radiusTile
+                inside: true
+            }
+        }
+    }
+}

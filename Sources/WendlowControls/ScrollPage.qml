@@ -1,0 +1,69 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// A page that scrolls when its window is short: one column with margins, kept in sight of the focus.
+Flickable {
+    id: page
+
+    default property alias content: column.data
+    property int columnWidth: 660
+    property int sideMargin: Theme.space48
+    property int above: 40
+
+    contentWidth: page.width
+    contentHeight: column.y + column.implicitHeight + page.sideMargin
+    boundsBehavior: Flickable.StopAtBounds
+    pixelAligned: true
+    clip: page.contentHeight > page.height
+
+    T.ScrollBar.vertical: ScrollBar {}
+
+    function moveTo(position: real): void {
+        page.contentY = Math.max(0, Math.min(position, page.contentHeight - page.height));
+    }
+
+    // Brings what has the focus into sight, with room for its ring.
+    function follow(): void {
+        const item = page.Window.activeFocusItem;
+        for (let up = item; up; up = up.parent) {
+            if (up !== column)
+                continue;
+            const spot = item.mapToItem(page.contentItem, 0, 0);
+            if (spot.y - 24 < page.contentY)
+                page.moveTo(spot.y - 24);
+            else if (spot.y + item.height + 24 > page.contentY + page.height)
+                page.moveTo(spot.y + item.height + 24 - page.height);
+            return;
+        }
+    }
+
+    Keys.onPressed: event => {
+        const steps = {
+            [Qt.Key_PageUp]: page.contentY - page.height + 40,
+            [Qt.Key_PageDown]: page.contentY + page.height - 40,
+            [Qt.Key_Home]: 0,
+            [Qt.Key_End]: page.contentHeight,
+            [Qt.Key_Up]: page.contentY - 40,
+            [Qt.Key_Down]: page.contentY + 40
+        };
+        event.accepted = event.key in steps;
+        if (event.accepted)
+            page.moveTo(steps[event.key]);
+    }
+
+    Connections {
+        target: page.Window.window
+        function onActiveFocusItemChanged(): void {
+            page.follow();
+        }
+    }
+
+    Column {
+        id: column
+        x: page.sideMargin
+        y: page.above
+        width: Math.max(0, Math.min(page.columnWidth, page.width - 2 * page.sideMargin))
+    }
+}

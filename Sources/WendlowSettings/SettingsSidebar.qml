@@ -1,0 +1,109 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import WendlowControls
+import WendlowSettings
+
+// The places of the Settings window, in groups, and at the foot what holds for all of them. Tab enters it
+// at the open place; the arrows move the selection.
+FocusScope {
+    id: sidebar
+
+    required property SettingsRoot root
+
+    // All titles in order, whatever their group.
+    readonly property var titles: {
+        const all = [];
+        for (const group of sidebar.root.groups)
+            all.push(...group.map(place => place.title));
+        return all;
+    }
+
+    implicitWidth: Theme.sidebarWidth
+
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Settings")
+
+    function step(by: int): void {
+        const next = sidebar.titles.indexOf(sidebar.root.selection) + by;
+        if (next >= 0 && next < sidebar.titles.length)
+            sidebar.root.select(sidebar.titles[next]);
+    }
+
+    Keys.onUpPressed: sidebar.step(-1)
+    Keys.onDownPressed: sidebar.step(1)
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        if (event.accepted)
+            sidebar.root.select(event.key === Qt.Key_Home ? sidebar.titles[0] : sidebar.titles[sidebar.titles.length - 1]);
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.sidebar
+    }
+    Hairline {
+        anchors.right: parent.right
+        height: parent.height
+    }
+
+    Column {
+        x: 12
+        y: 16
+        width: parent.width - 25
+        spacing: 18
+
+        Repeater {
+            model: sidebar.root.groups
+
+            delegate: Column {
+                id: group
+
+                required property var modelData
+
+                width: parent?.width ?? 0
+                spacing: 2
+
+                Repeater {
+                    model: group.modelData
+
+                    delegate: SidebarItem {
+                        id: place
+
+                        required property var modelData
+
+                        width: group.width
+                        text: place.modelData.title
+                        iconName: place.modelData.icon
+                        here: place.text === sidebar.root.selection
+                        focus: place.here
+                        focusPolicy: place.here ? Qt.StrongFocus : Qt.ClickFocus
+                        onClicked: sidebar.root.select(place.text)
+                        // The arrows take the focus, and with it the ring, along.
+                        onHereChanged: if (place.here && sidebar.activeFocus)
+                            place.forceActiveFocus(Qt.TabFocusReason)
+                    }
+                }
+            }
+        }
+    }
+
+    Icon {
+        anchors.verticalCenter: foot.top
+        anchors.verticalCenterOffset: 8
+        x: 20
+        size: 14
+        name: "lock"
+        color: Theme.textSecondOnTint
+    }
+    Label {
+        id: foot
+        x: 42
+        y: parent.height - height - 16
+        width: 120
+        role: Label.Role.Fine
+        text: sidebar.root.footer
+        color: Theme.textSecondOnTint
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,127 @@
+#include "IconDrawing.h"
+#include "MockConnector.h"
+#include "SettingsRoot.h"
+#include "ThemeSource.h"
+#include "ToolTiles.h"
+
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickItem>
+#include <QtQuickTest>
+
+Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)
+
+using namespace wendlow;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::shared_ptr<MockConnector> tool(const char* id, const char* name, ConnectorState state,
+                                    Observations observations) {
+    MockConnector::Script script;
+    script.state = state;
+    script.observations = std::move(observations);
+    return std::make_shared<MockConnector>(ConnectorIdentity{id, name, "A tool.", "terminal"},
+                                           std::move(script));
+}
+
+} // namespace
+
+/// What the QML tests cannot reach by themselves.
+class Bench : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(wendlow::SettingsRoot* root READ root CONSTANT)
+    Q_PROPERTY(QStringList copied READ copied)
+    Q_PROPERTY(QStringList verbs READ verbs)
+
+public:
+    Bench() {
+        ConnectedAppsModel::Surroundings around;
+        around.home = "/home/ada";
+        around.copy = [this](const QString& text) { m_copied.append(text); };
+        around.imageLoads = [](const std::string& asset) {
+            return ToolTiles::has(QString::fromStdString(asset));
+        };
+        MockConnector::Script script;
+        script.state = ConnectorState::found;
+        script.observations = {{"/home/ada/.claude.json", "the Wendlow entry is not here"}};
+        script.onVerb = [this] {
+            m_wired = !m_wired;
+            m_claude->becomes(m_wired ? ConnectorState::connected : ConnectorState::found);
+        };
+        m_claude = std::make_shared<MockConnector>(
+            ConnectorIdentity{"claude-code", "Claude Code", "A tool.", "terminal"},
+            std::move(script));
+        const auto cursor = tool("cursor", "Cursor", ConnectorState::drifted,
+                                 {{"/home/ada/.cursor/mcp.json", "this entry was changed"}});
+        const auto codex = tool("codex", "Codex", ConnectorState::connected, {});
+        m_root = std::make_unique<SettingsRoot>(std::make_unique<ConnectedAppsModel>(
+            Connectors::List{m_claude, cursor, codex}, "/opt/wendlow-mcp", std::move(around)));
+    }
+
+    SettingsRoot* root() const { return m_root.get(); }
+    QStringList copied() const { return m_copied; }
+    QStringList verbs() const {
+        QStringList names;
+        for (const std::string& call : m_claude->log()) {
+            if (call == "install" || call == "remove")
+                names.append(QString::fromStdString(call));
+        }
+        return names;
+    }
+
+    /// What a screen reader gets from an item.
+    Q_INVOKABLE static QVariantMap spoken(QQuickItem* item) {
+        QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(item);
+        if (!face)
+            return {};
+        return {{u"name"_s, face->text(QAccessible::Name)},
+                {u"description"_s, face->text(QAccessible::Description)},
+                {u"checked"_s, face->state().checked != 0}};
+    }
+    /// Does what a screen reader does to press an item.
+    Q_INVOKABLE static bool press(QQuickItem* item) {
+        QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(item);
+        QAccessibleActionInterface* const actions = face ? face->actionInterface() : nullptr;
+        if (!actions || !actions->actionNames().contains(QAccessibleActionInterface::pressAction()))
+            return false;
+        actions->doAction(QAccessibleActionInterface::pressAction());
+        return true;
+    }
+    /// The share of a drawing that is inked, in percent; -1 when there is no such drawing.
+    Q_INVOKABLE static int ink(const QString& symbol) {
+        const QImage drawing = IconDrawing::image(symbol, 32, Qt::red);
+        if (drawing.isNull())
+            return -1;
+        int sum = 0;
+        for (int i = 0; i < 32 * 32; ++i)
+            sum += qAlpha(drawing.pixel(i % 32, i / 32));
+        return sum * 100 / (255 * 32 * 32);
+    }
+
+private:
+    QStringList m_copied;
+    bool m_wired = false;
+    std::shared_ptr<MockConnector> m_claude;
+    std::unique_ptr<SettingsRoot> m_root;
+};
+
+class Setup : public QObject {
+    Q_OBJECT
+
+public Q_SLOTS:
+    void qmlEngineAvailable(QQmlEngine* engine) {
+        engine->setImportPathList(engine->importPathList() << u":/qt/qml"_s);
+        QAccessible::setActive(true);
+        engine->rootContext()->setContextProperty(u"bench"_s, &m_bench);
+    }
+
+private:
+    Bench m_bench;
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(WendlowControls, Setup)
+
+#include "Main.moc"

@@ -1,0 +1,117 @@
+import QtQuick
+import QtTest
+import WendlowControls
+import WendlowSettings
+
+Item {
+    id: scene
+
+    width: 980
+    height: 832
+
+    SettingsFace {
+        id: face
+
+        anchors.fill: parent
+        root: bench.root
+        focus: true
+    }
+
+    TestCase {
+        name: "Settings"
+        when: windowShown
+
+        // Finds what a screen reader would find: the first thing in sight with this name and kind.
+        function named(name, kind, under) {
+            const children = (under ?? face).children;
+            for (let at = 0; at < children.length; ++at) {
+                const child = children[at];
+                if (!child.visible)
+                    continue;
+                if (String(child).startsWith(kind) && bench.spoken(child).name === name)
+                    return child;
+                const inner = named(name, kind, child);
+                if (inner)
+                    return inner;
+            }
+            return null;
+        }
+        function here(name, kind) {
+            tryVerify(() => named(name, kind) !== null, 5000, name);
+            return named(name, kind);
+        }
+
+        function init(): void {
+            ThemeSource.reduceMotion = true;
+            bench.root.select("Connected Apps");
+        }
+
+        function test_arrowsMoveThroughThePanes(): void {
+            here("Connected Apps", "SidebarItem_").forceActiveFocus(Qt.TabFocusReason);
+            const order = ["Recording Control", "Local AI Classifier", "Recovery", "Recovery"];
+            for (const title of order) {
+                keyClick(Qt.Key_Down);
+                compare(bench.root.selection, title);
+                verify(here(title, "SidebarItem_").activeFocus);
+                verify(here(title, "SidebarItem_").ringed);
+            }
+            keyClick(Qt.Key_Home);
+            compare(bench.root.selection, "General");
+            here("General", "Label_");
+            mouseClick(here("Connected Apps", "SidebarItem_"));
+            here("Give your AI superpowers", "Label_");
+        }
+
+        function test_switchWorksTheConnector(): void {
+            const toggle = here("Claude Code", "Switch_");
+            verify(!bench.spoken(toggle).checked);
+            mouseClick(toggle);
+            tryVerify(() => bench.verbs.length === 1);
+            compare(bench.verbs, ["install"]);
+            tryVerify(() => bench.spoken(toggle).checked, 5000, "the very switch, not one made anew");
+            toggle.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            tryVerify(() => bench.verbs.length === 2);
+            compare(bench.verbs[1], "remove");
+            tryVerify(() => !bench.spoken(toggle).checked);
+            tryVerify(() => toggle.enabled && toggle.ringed);
+        }
+
+        function test_notesAreOnePressAway(): void {
+            const row = here("Cursor", "ConnectedAppRow_");
+            compare(row.drifted, true);
+            tryVerify(() => row.open, 5000, "what has drifted opens by itself");
+            verify(here("Not as Wendlow left it", "StateMark_").visible);
+            const path = "Copy /home/ada/.cursor/mcp.json";
+            mouseClick(here(path, ""));
+            compare(bench.copied[bench.copied.length - 1], "/home/ada/.cursor/mcp.json");
+            const tall = row.height;
+            mouseClick(here("Hide notes of Cursor", "Disclosure_"));
+            tryVerify(() => named(path, "") === null);
+            tryVerify(() => row.height < tall);
+            keyClick(Qt.Key_Return);
+            here(path, "");
+            compare(named("Show notes of Codex", "Disclosure_"), null, "nothing to show, nothing to press");
+        }
+
+        function test_endpointIsCopied(): void {
+            verify(bench.press(here("Copy", "Button_")));
+            compare(bench.copied[bench.copied.length - 1], "/opt/wendlow-mcp");
+        }
+
+        function test_nothingIsCutOffAtAnyWidth_data(): var {
+            return [{ tag: "narrow", width: 640 }, { tag: "wide", width: 1600 }];
+        }
+        function test_nothingIsCutOffAtAnyWidth(data: var): void {
+            scene.width = data.width;
+            const row = here("Cursor", "ConnectedAppRow_");
+            const toggle = here("Cursor", "Switch_");
+            wait(0);
+            compare(row.width, Math.min(660, data.width - 224 - 96) - 2);
+            compare(toggle.mapToItem(row, 0, 0).x + 36, row.width - 20);
+            const copy = here("Copy", "Button_");
+            verify(copy.mapToItem(face, 0, 0).x + copy.width < data.width);
+            scene.width = 980;
+        }
+    }
+}
