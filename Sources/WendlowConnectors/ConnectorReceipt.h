@@ -44,6 +44,12 @@ enum class Created {
 /// A thing that was already there and was taken over.
 enum class Adopted { openCodeMCPEntryShell };
 
+std::string_view text(Created created);
+std::string_view text(Adopted adopted);
+/// The case with this text form, or nothing.
+std::optional<Created> createdNamed(std::string_view text);
+std::optional<Adopted> adoptedNamed(std::string_view text);
+
 /// What a connector created in a tool's configuration. Rules what removal may delete; never asked
 /// whether a tool is connected.
 struct ConnectorReceipt {

@@ -56,11 +56,21 @@ std::string_view text(ConnectorOutcome::Result result);
 
 using FileDate = std::chrono::system_clock::time_point;
 
+/// Before every date there is.
+inline constexpr FileDate distantPast = FileDate::min();
+/// When the contents of what stands at `path` were last modified, links followed.
+std::optional<FileDate> modificationDate(const std::filesystem::path& path);
+
 /// A memory file that a tool keeps.
 struct ConnectorMemoryFile {
     std::string path;
     std::optional<std::int64_t> bytes;
     std::optional<FileDate> modified;
+
+    /// The record of a file that exists, links followed; nothing for one that does not.
+    static std::optional<ConnectorMemoryFile> stat(const std::filesystem::path& path);
+    /// The Markdown files directly in a folder, sorted. A folder that cannot be listed has none.
+    static std::vector<std::filesystem::path> markdown(const std::filesystem::path& folder);
 
     bool operator==(const ConnectorMemoryFile&) const = default;
 };

@@ -4,12 +4,16 @@
 
 #include <filesystem>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace wendlow::Connectors {
 
 /// Which build of the product this application is.
 enum class Profile { dev, production };
+
+/// The case's name.
+std::string_view text(Profile profile);
 
 using List = std::vector<std::shared_ptr<Connector>>;
 

@@ -15,4 +15,8 @@ struct Observation {
 
 using Observations = std::vector<Observation>;
 
+/// The same observations in first-seen order, each said once. One that came n >= 2 times ends in
+/// " (n entries)".
+Observations folded(const Observations& observations);
+
 } // namespace wendlow

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <expected>
 #include <filesystem>
@@ -23,8 +24,16 @@ template<class T> using Result = std::expected<T, int>;
 std::string words(int error);
 
 /// The whole file, or nothing when there is none at this path (a dangling link counts as none).
-/// Any other failure, a directory at the path included, is an error.
+/// Any other failure is an error, and so is anything that is not a file: a directory, a pipe, a
+/// device. Never waits for a writer.
 Result<std::optional<std::string>> read(const Path& path);
+/// Whether the file holds exactly `bytes`. Compares piece by piece, without a second copy in
+/// memory.
+Result<bool> holds(const Path& path, std::string_view bytes);
+
+/// What stands at a path, links followed. What cannot be looked at counts as nothing.
+enum class Kind { nothing, file, folder, other };
+Kind kind(const Path& path);
 
 bool exists(const Path& path);      ///< anything stands there, links followed
 bool isDirectory(const Path& path); ///< links followed
@@ -33,15 +42,32 @@ bool isWritable(const Path& path);  ///< by this user
 Result<mode_t> mode(const Path& path); ///< the permission bits
 Result<void> setMode(const Path& path, mode_t mode);
 
-/// Writes a file that must not be there yet, with exactly `mode`, flushed to the disk. On failure
-/// nothing is left at `path` unless removing it failed too.
-Result<void> create(const Path& path, std::string_view bytes, mode_t mode);
+/// How the mode of a new file is meant.
+enum class ModeRule {
+    exact,  ///< these bits, whatever the umask
+    masked, ///< at most these bits: the umask takes away what it does from every new file
+};
+
+/// Writes a file that must not be there yet, flushed to the disk; at no moment does it have more
+/// than `mode`. On failure nothing is left at `path` unless removing it failed too.
+Result<void> create(const Path& path, std::string_view bytes, mode_t mode,
+                    ModeRule rule = ModeRule::exact);
 Result<void> rename(const Path& from, const Path& to);
 Result<void> remove(const Path& path); ///< a file; ENOENT is an error
+/// Makes the folder and those above it that are missing, each with exactly `mode`. Folders that are
+/// there stay as they are.
 Result<void> createDirectories(const Path& path, mode_t mode);
 
 /// The names in a folder, sorted by bytes; an unreadable folder is an error.
 Result<std::vector<std::string>> names(const Path& folder);
+/// Flushes a folder's entries to the disk, where its file system can do that.
+Result<void> flushFolder(const Path& folder);
+
+Result<Path> realPath(const Path& path); ///< every link resolved; everything on the way exists
+Result<Path> readLink(const Path& path); ///< what a link says; EINVAL when this is no link
+
+/// Random bits from the kernel.
+Result<std::array<std::uint8_t, 16>> random();
 
 } // namespace Disk
 } // namespace wendlow

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ConfigFile/JSONEditMeasures.h"
 #include "ConfigFile/JSONLiteral.h"
 #include "ConfigFile/JSONStep.h"
 #include "ConfigFile/JSONText.h"
@@ -21,6 +22,12 @@ struct JSONEditError {
     std::string key;          ///< of `noSuchMember`
     std::ptrdiff_t index = 0; ///< of `noSuchElement`
 
+    static JSONEditError notAnObject(JSONPath path);
+    static JSONEditError notAnArray(JSONPath path);
+    static JSONEditError noSuchMember(JSONPath path, std::string_view key);
+    static JSONEditError noSuchElement(JSONPath path, std::ptrdiff_t index);
+
+    /// The failure as a sentence that names the path, as `hooks.PreToolUse.[0].hooks`.
     std::string description() const;
     bool operator==(const JSONEditError&) const = default;
 };
@@ -48,9 +55,6 @@ Result removeMember(std::string_view text, const JSONPath& path, std::string_vie
 Result appendElement(std::string_view text, const JSONPath& path, const JSONLiteral& literal);
 /// Removes one element of the array at `path`. Dialect `json`.
 Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t index);
-
-/// "\r\n" if one CR LF occurs anywhere in `text`, otherwise "\n".
-std::string_view lineEnding(std::string_view text);
 
 } // namespace JSONEdit
 } // namespace wendlow

@@ -5,10 +5,13 @@
 #include "ConfigFile/JSONValue.h"
 
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
 namespace wendlow {
+
+class JSONTape;
 
 /// One scanned value: a byte range of the document, what kind of value it is, and the way to what
 /// it contains.
@@ -41,7 +44,7 @@ public:
     std::optional<bool> boolean() const;
 
     /// The first member whose key equals `key`, as a value; nothing if there is none or if this is
-    /// not an object.
+    /// not an object. Keys are compared byte by byte.
     std::optional<JSONNode> member(std::string_view key) const;
     /// Walks `path` from here. Nothing where a step meets the wrong kind, an absent key or an index
     /// out of bounds; the empty path is this node.
@@ -50,6 +53,97 @@ public:
     /// the last wins here, while `member` and `node` take the first: the editor addresses the first
     /// occurrence, and this view reads as the tool that owns the file would.
     JSONValue value(std::string_view bytes) const;
+
+private:
+    friend class JSONDocument;
+    JSONNode(const JSONTape* tape, std::size_t index) : m_tape(tape), m_index(index) {}
+
+    std::optional<JSONNode> element(std::ptrdiff_t index) const;
+
+    const JSONTape* m_tape;
+    std::size_t m_index; ///< of the value's first entry on the tape
+};
+
+struct JSONNode::Member {
+    std::string_view key; ///< decoded
+    std::size_t keyStart; ///< offset of the name's opening quote
+    JSONNode value;
+};
+
+class JSONNode::MemberRange {
+public:
+    class iterator {
+    public:
+        using value_type = Member;
+        using difference_type = std::ptrdiff_t;
+
+        iterator() = default;
+        Member operator*() const;
+        iterator& operator++();
+        iterator operator++(int) {
+            auto before = *this;
+            ++*this;
+            return before;
+        }
+        bool operator==(const iterator&) const = default;
+
+    private:
+        friend class MemberRange;
+        iterator(const JSONTape* tape, std::size_t index) : m_tape(tape), m_index(index) {}
+
+        const JSONTape* m_tape = nullptr;
+        std::size_t m_index = 0; ///< of the name
+    };
+
+    iterator begin() const { return m_begin; }
+    iterator end() const { return m_end; }
+    bool empty() const { return m_begin == m_end; }
+
+private:
+    friend class JSONNode;
+    MemberRange(const JSONTape* tape, std::size_t begin, std::size_t end)
+        : m_begin(tape, begin), m_end(tape, end) {}
+
+    iterator m_begin;
+    iterator m_end;
+};
+
+class JSONNode::ElementRange {
+public:
+    class iterator {
+    public:
+        using value_type = JSONNode;
+        using difference_type = std::ptrdiff_t;
+
+        iterator() = default;
+        JSONNode operator*() const { return {m_tape, m_index}; }
+        iterator& operator++();
+        iterator operator++(int) {
+            auto before = *this;
+            ++*this;
+            return before;
+        }
+        bool operator==(const iterator&) const = default;
+
+    private:
+        friend class ElementRange;
+        iterator(const JSONTape* tape, std::size_t index) : m_tape(tape), m_index(index) {}
+
+        const JSONTape* m_tape = nullptr;
+        std::size_t m_index = 0;
+    };
+
+    iterator begin() const { return m_begin; }
+    iterator end() const { return m_end; }
+    bool empty() const { return m_begin == m_end; }
+
+private:
+    friend class JSONNode;
+    ElementRange(const JSONTape* tape, std::size_t begin, std::size_t end)
+        : m_begin(tape, begin), m_end(tape, end) {}
+
+    iterator m_begin;
+    iterator m_end;
 };
 
 } // namespace wendlow

@@ -13,6 +13,8 @@
 
 namespace wendlow {
 
+class JSONTape;
+
 enum class JSONDialect {
     json,             ///< strict: a `/` outside a string is an error
     jsonWithComments, ///< strict, plus `//` and `/* */` wherever white space may stand
@@ -32,9 +34,18 @@ struct JSONTextError {
 /// stay valid when it is moved.
 class JSONDocument {
 public:
+    /// Takes over what a scan left behind; for `scanWithTrivia`.
+    explicit JSONDocument(std::unique_ptr<const JSONTape> tape);
+    JSONDocument(JSONDocument&&) noexcept;
+    JSONDocument& operator=(JSONDocument&&) noexcept;
+    ~JSONDocument();
+
     JSONNode root() const;
     /// The comments in document order; always empty in dialect `json`.
     std::span<const ByteRange> comments() const;
+
+private:
+    std::unique_ptr<const JSONTape> m_tape;
 };
 
 namespace JSONText {

@@ -1,0 +1,171 @@
+#include "Arguments.h"
+
+#include <algorithm>
+#include <array>
+#include <ranges>
+#include <utility>
+
+#include <fmt/ranges.h>
+
+namespace wendlow::connect {
+
+namespace {
+
+using Path = std::filesystem::path;
+using Outcome = std::expected<void, std::string>;
+
+constexpr std::array<std::pair<std::string_view, Verb>, 7> verbs{{
+    {"scan", Verb::scan},
+    {"install", Verb::install},
+    {"remove", Verb::remove},
+    {"projects", Verb::projects},
+    {"memory", Verb::memory},
+    {"stale", Verb::stale},
+    {"converge", Verb::converge},
+}};
+
+std::string names() {
+    return fmt::format("{}", fmt::join(verbs | std::views::keys, ", "));
+}
+
+Path absolute(std::string_view text) {
+    std::error_code failure;
+    const Path path(text);
+    Path result = std::filesystem::absolute(path, failure);
+    // Only "." goes: where a link is on the way, dropping ".." would lead elsewhere.
+    if (!failure && std::ranges::find(result, Path("..")) == result.end())
+        result = result.lexically_normal();
+    return failure ? path : result;
+}
+
+/// Takes the words in turn.
+class Parser {
+public:
+    explicit Parser(std::span<const std::string_view> words) : m_words(words) {}
+
+    std::expected<Arguments, std::string> parse() {
+        while (m_next < m_words.size())
+            if (auto taken = take(m_words[m_next++]); !taken)
+                return std::unexpected(taken.error());
+        if (m_helpWanted)
+            return Arguments{};
+        if (!m_verb)
+            return std::unexpected(fmt::format("no verb was given; the verbs are {}", names()));
+        if (m_forConverge && *m_verb != Verb::converge)
+            return std::unexpected(fmt::format("{} goes with converge alone", *m_forConverge));
+        m_arguments.verb = *m_verb;
+        return std::move(m_arguments);
+    }
+
+private:
+    Outcome take(std::string_view word) {
+        if (word == "--json") {
+            m_arguments.json = true;
+            return {};
+        }
+        if (word == "--help") {
+            m_helpWanted = true;
+            return {};
+        }
+        if (word == "--home")
+            return takePath(word, m_arguments.home);
+        if (word == "--bundle")
+            return takePath(word, m_arguments.bundle);
+        if (word == "--applications")
+            return takePath(word, m_arguments.applications);
+        if (word == "--profile" || word == "--claude-running")
+            return takeForConverge(word);
+        if (word.starts_with('-'))
+            return std::unexpected(fmt::format("there is no option {}", word));
+        return takePlain(word);
+    }
+
+    std::expected<std::string_view, std::string> value(std::string_view option) {
+        if (m_next == m_words.size() || m_words[m_next].empty() ||
+            m_words[m_next].starts_with("--"))
+            return std::unexpected(fmt::format("{} needs a value", option));
+        return m_words[m_next++];
+    }
+
+    Outcome takePath(std::string_view option, std::optional<Path>& path) {
+        const auto text = value(option);
+        if (!text)
+            return std::unexpected(text.error());
+        path = absolute(*text);
+        return {};
+    }
+
+    Outcome takeForConverge(std::string_view option) {
+        m_forConverge = option;
+        const auto text = value(option);
+        if (!text)
+            return std::unexpected(text.error());
+        if (option == "--profile" && *text == "dev")
+            m_arguments.profile = Connectors::Profile::dev;
+        else if (option == "--profile" && *text == "production")
+            m_arguments.profile = Connectors::Profile::production;
+        else if (option == "--claude-running" && (*text == "yes" || *text == "no"))
+            m_arguments.isClaudeRunning = *text == "yes";
+        else
+            return std::unexpected(fmt::format("{} cannot be {}", option, *text));
+        return {};
+    }
+
+    Outcome takePlain(std::string_view word) {
+        if (m_verb) {
+            m_arguments.tools.emplace(word);
+            return {};
+        }
+        const auto* const known =
+            std::ranges::find(verbs, word, &std::pair<std::string_view, Verb>::first);
+        if (known == verbs.end())
+            return std::unexpected(
+                fmt::format("there is no verb {}; the verbs are {}", word, names()));
+        m_verb = known->second;
+        return {};
+    }
+
+    std::span<const std::string_view> m_words;
+    std::size_t m_next = 0;
+    Arguments m_arguments;
+    std::optional<Verb> m_verb;
+    std::optional<std::string_view> m_forConverge;
+    bool m_helpWanted = false;
+};
+
+} // namespace
+
+std::string_view usage() {
+    return "usage: wendlow-connect [--home DIR] [--bundle DIR] [--applications DIR] VERB "
+           "[TOOL]... [--json]\n";
+}
+
+std::string_view help() {
+    return R"(
+Connects AI tools to Wendlow, and takes the connection out again.
+
+  scan       look at each tool's files and change nothing
+  install    put Wendlow's entries in
+  remove     take them out
+  projects   the projects that a tool has worked in
+  memory     the memory files that a tool keeps
+  stale      whether install would repair wiring of this very installation
+  converge   install where that is so, and leave everything else alone
+
+  TOOL                 a tool's id; all of them if left out
+  --home DIR           the home folder; the user's own if left out
+  --bundle DIR         the application; the one that holds this program if left out
+  --applications DIR   the Applications folder; /Applications if left out
+  --profile dev|production, --claude-running yes|no
+                       for converge; no tool that is known here depends on them
+  --json               one JSON array in place of lines
+
+Exit status: 0; 1 when a verb was refused; 2 for wrong usage.
+)";
+}
+
+std::expected<Arguments, std::string> parse(std::span<const std::string_view> words) {
+    return Parser(words).parse();
+}
+
+} // namespace wendlow::connect

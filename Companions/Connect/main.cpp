@@ -1,0 +1,144 @@
+// wendlow-connect: what the Connected Apps pane does, without a window.
+
+#include "Arguments.h"
+#include "Report.h"
+
+#include "Connectors.h"
+#include "Converge.h"
+#include "InstalledBundle.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace wendlow;
+using connect::Arguments;
+using connect::Report;
+using connect::Verb;
+
+enum ExitStatus { succeeded = 0, wasRefused = 1, wrongUsage = 2 };
+
+/// Whether all of it went out. Nothing is thrown when a pipe is closed or a disk is full.
+bool print(std::FILE* stream, const std::string& text) {
+    return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+           std::fflush(stream) == 0;
+}
+
+ExitStatus complain(std::string_view sentence) {
+    print(stderr, fmt::format("wendlow-connect: {}\n{}", sentence, connect::usage()));
+    return wrongUsage;
+}
+
+std::optional<std::filesystem::path> realHome() {
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/')
+        return home;
+    if (const passwd* user = ::getpwuid(::getuid()); user != nullptr && *user->pw_dir == '/')
+        return user->pw_dir;
+    return std::nullopt;
+}
+
+/// The connectors that were asked for, in the registry's order, or a word that is no tool's id.
+std::expected<Connectors::List, std::string> chosen(const Connectors::List& all,
+                                                    const Arguments& arguments) {
+    const auto isId = [&](const std::string& word) {
+        return std::ranges::any_of(
+            all, [&](const auto& connector) { return connector->identity().id == word; });
+    };
+    for (const std::string& word : arguments.tools)
+        if (!isId(word))
+            return std::unexpected(word);
+    Connectors::List result;
+    for (const auto& connector : all)
+        if (arguments.tools.empty() || arguments.tools.contains(connector->identity().id))
+            result.push_back(connector);
+    return result;
+}
+
+/// Does the verb to one tool. Whether it was not refused.
+bool perform(Verb verb, const Connector& connector, Report& report) {
+    const ConnectorIdentity identity = connector.identity();
+    switch (verb) {
+    case Verb::scan:
+        report.add(connector.scan());
+        return true;
+    case Verb::projects:
+        report.add(identity, connector.projects());
+        return true;
+    case Verb::memory:
+        report.add(identity, connector.memoryFiles());
+        return true;
+    case Verb::stale:
+        report.add(identity, connector.staleOwnWiring());
+        return true;
+    case Verb::install:
+    case Verb::remove: {
+        const auto outcome = verb == Verb::install ? connector.install() : connector.remove();
+        report.add(identity.id, identity.name, outcome);
+        return outcome.result != ConnectorOutcome::Result::refused;
+    }
+    case Verb::converge:
+    case Verb::help:
+        break;
+    }
+    return true;
+}
+
+bool converge(const Connectors::List& connectors, Report& report) {
+    const auto repairs = Converge::run(connectors);
+    if (repairs.empty())
+        report.say("nothing needed repair");
+    bool accepted = true;
+    for (const auto& [name, outcome] : repairs) {
+        report.add(std::nullopt, name, outcome);
+        accepted = accepted && outcome.result != ConnectorOutcome::Result::refused;
+    }
+    return accepted;
+}
+
+ExitStatus run(const std::vector<std::string_view>& words) {
+    const auto arguments = connect::parse(words);
+    if (!arguments)
+        return complain(arguments.error());
+    if (arguments->verb == Verb::help) {
+        return print(stdout, fmt::format("{}{}", connect::usage(), connect::help())) ? succeeded
+                                                                                     : wasRefused;
+    }
+    const auto home = arguments->home ? arguments->home : realHome();
+    if (!home)
+        return complain("no home folder is known, so --home is needed");
+    const auto bundle = arguments->bundle ? arguments->bundle : InstalledBundle::current();
+    if (!bundle)
+        return complain("this program does not lie in an application, so --bundle is needed");
+    const auto connectors =
+        chosen(Connectors::all(*home, *bundle, arguments->applications.value_or("/Applications")),
+               *arguments);
+    if (!connectors)
+        return complain(fmt::format("there is no tool {}", connectors.error()));
+
+    Report report;
+    bool accepted = true;
+    if (arguments->verb == Verb::converge)
+        accepted = converge(*connectors, report);
+    else
+        for (const auto& connector : *connectors)
+            accepted = perform(arguments->verb, *connector, report) && accepted;
+    if (!print(stdout, arguments->json ? report.json() : report.lines())) {
+        print(stderr, "wendlow-connect: the report could not be written out\n");
+        return wasRefused;
+    }
+    return accepted ? succeeded : wasRefused;
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    return run({words + std::min(count, 1), words + count});
+}

@@ -1,0 +1,290 @@
+#include "ClaudeCode/ClaudeCodeHook.h"
+
+#include "Drift.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::string_view promptEvent = "UserPromptSubmit";
+constexpr std::string_view preToolEvent = "PreToolUse";
+constexpr std::array events{promptEvent, preToolEvent};
+
+bool isPreTool(std::string_view command) {
+    return command.ends_with(" --slot pretool") || command.ends_with(" --slot=pretool");
+}
+
+std::string_view expectedEvent(const HookSite& site) {
+    return isPreTool(site.command) ? preToolEvent : promptEvent;
+}
+
+/// Tells our pre-tool group from a person's, and is ours to take along with it.
+JSONLiteral::Member preToolMatcher() {
+    return {"matcher", JSONLiteral::string("mcp__wendlow__.*")};
+}
+
+const HookGroups::Containers& containers() {
+    static const HookGroups::Containers cases{
+        .of = [](std::string_view event) -> HookGroups::ContainerCases {
+            if (event == preToolEvent)
+                return {Created::preToolGroup, Created::preToolEventArray};
+            return {Created::hookGroup, Created::eventArray};
+        },
+        .hooksObject = Created::hooksObject,
+        .groupMembers = {preToolMatcher()},
+    };
+    return cases;
+}
+
+} // namespace
+
+ClaudeCodeHook::ClaudeCodeHook(ClaudeCodePaths paths)
+    : m_paths(std::move(paths)), m_currents(m_paths.currents()) {}
+
+JSONLiteral ClaudeCodeHook::entry(std::string_view command) const {
+    return JSONLiteral::object({
+        {"type", JSONLiteral::string("command")},
+        {"command", JSONLiteral::string(std::string(command))},
+        {"timeout", JSONLiteral::number(ClaudeCodePaths::hookTimeoutSeconds)},
+    });
+}
+
+JSONLiteral::Array ClaudeCodeHook::entries() const {
+    JSONLiteral::Array result;
+    for (const std::string& command : m_paths.hookCommands())
+        result.push_back(entry(command));
+    return result;
+}
+
+JSONLiteral ClaudeCodeHook::preToolGroup() const {
+    return JSONLiteral::object({
+        preToolMatcher(),
+        {"hooks", JSONLiteral::array({entry(m_paths.preToolCommand())})},
+    });
+}
+
+ClaudeCodeHook::Readable ClaudeCodeHook::read(std::string_view bytes) const {
+    return HookGroups::read(bytes);
+}
+
+std::optional<std::string> ClaudeCodeHook::unreadableReason(std::string_view bytes) const {
+    auto document = read(bytes);
+    return document ? std::nullopt : std::optional(std::move(document).error());
+}
+
+std::vector<HookSite> ClaudeCodeHook::sites(const JSONNode& root) const {
+    return HookGroups::sites(root, m_currents);
+}
+
+BlockFinding ClaudeCodeHook::find(std::optional<std::string_view> bytes) const {
+    if (!bytes)
+        return {BlockFinding::FileAbsent{}};
+    const Readable document = read(*bytes);
+    if (!document)
+        return {BlockFinding::Unreadable{document.error()}};
+    const JSONNode root = document->root();
+    if (auto reason = HookGroups::foreignReason(root, events))
+        return {BlockFinding::Foreign{{*std::move(reason)}}};
+    const auto own = sites(root);
+    if (own.empty())
+        return {BlockFinding::Absent{}};
+    return BlockFinding::from(driftReasons(own, root, *bytes));
+}
+
+std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite>& sites,
+                                                      const JSONNode& root,
+                                                      std::string_view bytes) const {
+    std::vector<std::string> reasons;
+    const bool fourHere = sites.size() == 4;
+    if (!fourHere)
+        reasons.push_back(fmt::format("this file holds {} Wendlow {} where four are expected",
+                                      sites.size(), sites.size() == 1 ? "entry" : "entries"));
+    bool inPlace = true;
+    for (const HookSite& site : sites) {
+        const std::string_view expected = expectedEvent(site);
+        if (site.event == expected)
+            continue;
+        inPlace = false;
+        reasons.push_back(fmt::format("a Wendlow entry here is under the {} event rather than {}",
+                                      site.event, expected));
+    }
+    const auto slot = std::ranges::find_if_not(sites, isPreTool, &HookSite::command);
+    const HookSite& shown = slot == sites.end() ? sites.front() : *slot;
+    const std::string expected =
+        isPreTool(shown.command) ? m_paths.preToolCommand() : m_paths.hookCommands().front();
+    std::ranges::move(Drift::reasons(shown.command, expected, m_paths.hookBinary),
+                      std::back_inserter(reasons));
+    if (fourHere && inPlace && !converged(sites, root, bytes))
+        reasons.emplace_back(JSONBlock::otherShape);
+    return reasons;
+}
+
+bool ClaudeCodeHook::isExactPreTool(const HookSite& site, const JSONNode& root,
+                                    std::string_view bytes) const {
+    const auto group = root.node(site.groupPath());
+    return site.event == preToolEvent && group && group->value(bytes) == preToolGroup().value();
+}
+
+bool ClaudeCodeHook::converged(const std::vector<HookSite>& sites, const JSONNode& root,
+                               std::string_view bytes) const {
+    if (sites.size() != 4)
+        return false;
+    std::vector<HookSite> slots;
+    for (const HookSite& site : sites)
+        if (site.event == promptEvent)
+            slots.push_back(site);
+        else if (!isExactPreTool(site, root, bytes))
+            return false;
+    if (slots.size() != 3)
+        return false;
+    const auto expected = entries();
+    for (std::size_t slot = 0; slot < slots.size(); ++slot)
+        if (slots[slot].group != slots.front().group ||
+            std::cmp_not_equal(slots[slot].entry, slot) ||
+            root.node(slots[slot].entryPath())->value(bytes) != expected[slot].value())
+            return false;
+    return true;
+}
+
+/// An installation under way. A node of `document` is valid until the next `take`.
+struct ClaudeCodeHook::Draft {
+    std::string_view original;
+    const JSONDocument* document;
+    InstalledBlock block{};
+    std::optional<JSONDocument> rescanned{};
+
+    std::string_view bytes() const { return block.bytes ? *block.bytes : original; }
+    JSONNode root() const { return document->root(); }
+
+    Result<void> take(JSONEdit::Result edited) {
+        if (!edited)
+            return std::unexpected(edited.error());
+        block.bytes = *std::move(edited);
+        auto scan = JSONText::scanWithTrivia(*block.bytes, JSONDialect::json);
+        if (!scan)
+            return std::unexpected(scan.error());
+        document = &rescanned.emplace(*std::move(scan));
+        return {};
+    }
+};
+
+ClaudeCodeHook::Result<InstalledBlock> ClaudeCodeHook::installed(std::string_view bytes) const {
+    const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
+    if (!document)
+        return std::unexpected(document.error());
+    return installed(bytes, *document);
+}
+
+ClaudeCodeHook::Result<InstalledBlock>
+ClaudeCodeHook::installed(std::string_view bytes, const JSONDocument& document) const {
+    Draft draft{.original = bytes, .document = &document};
+    if (converged(sites(draft.root()), draft.root(), bytes))
+        return std::move(draft.block);
+    for (const auto step : {&ClaudeCodeHook::discardOthers, &ClaudeCodeHook::installSlots,
+                            &ClaudeCodeHook::installPreTool})
+        if (auto done = (this->*step)(draft); !done)
+            return std::unexpected(done.error());
+    return std::move(draft.block);
+}
+
+/// The first site that keeps its group as the slots' group. A group that also holds an entry that
+/// is not ours is no candidate: its list is never rewritten.
+const HookSite* ClaudeCodeHook::slotSite(const std::vector<HookSite>& sites,
+                                         const JSONNode& root) const {
+    for (const HookSite& site : sites) {
+        if (site.event != promptEvent || isPreTool(site.command))
+            continue;
+        const auto ours = std::ranges::count_if(sites, [&](const HookSite& other) {
+            return other.event == site.event && other.group == site.group;
+        });
+        if (std::cmp_equal(ours, root.node(site.entriesPath())->count()))
+            return &site;
+    }
+    return nullptr;
+}
+
+ClaudeCodeHook::Result<void> ClaudeCodeHook::discardOthers(Draft& draft) const {
+    while (true) {
+        const auto own = sites(draft.root());
+        const HookSite* slot = slotSite(own, draft.root());
+        const auto preTool = std::ranges::find_if(own, [&](const HookSite& site) {
+            return isExactPreTool(site, draft.root(), draft.bytes());
+        });
+        const auto other = std::ranges::find_if(own, [&](const HookSite& site) {
+            const bool inSlotGroup =
+                slot != nullptr && site.event == slot->event && site.group == slot->group;
+            return !inSlotGroup && (preTool == own.end() || site != *preTool);
+        });
+        if (other == own.end())
+            return {};
+        if (auto step =
+                draft.take(HookGroups::discard(*other, draft.bytes(), containers().groupMembers));
+            !step)
+            return step;
+    }
+}
+
+ClaudeCodeHook::Result<void> ClaudeCodeHook::installSlots(Draft& draft) const {
+    const JSONLiteral own = JSONLiteral::array(entries());
+    const JSONLiteral group = JSONLiteral::object({{"hooks", own}});
+    std::set<Created>& created = draft.block.created;
+    const auto hooks = draft.root().member("hooks");
+    if (!hooks) {
+        created.insert({Created::hooksObject, Created::eventArray, Created::hookGroup});
+        return draft.take(JSONEdit::setMember(
+            draft.bytes(), {}, "hooks",
+            JSONLiteral::object({{std::string(promptEvent), JSONLiteral::array({group})}}),
+            JSONDialect::json));
+    }
+    if (!hooks->member(promptEvent)) {
+        created.insert({Created::eventArray, Created::hookGroup});
+        return draft.take(JSONEdit::setMember(draft.bytes(), {"hooks"}, promptEvent,
+                                              JSONLiteral::array({group}), JSONDialect::json));
+    }
+    const auto sitesNow = sites(draft.root());
+    const HookSite* slot = slotSite(sitesNow, draft.root());
+    if (slot == nullptr) {
+        created.insert(Created::hookGroup);
+        return draft.take(JSONEdit::appendElement(draft.bytes(), {"hooks", promptEvent}, group));
+    }
+    if (draft.root().node(slot->entriesPath())->value(draft.bytes()) == own.value())
+        return {};
+    return draft.take(
+        JSONEdit::setMember(draft.bytes(), slot->groupPath(), "hooks", own, JSONDialect::json));
+}
+
+ClaudeCodeHook::Result<void> ClaudeCodeHook::installPreTool(Draft& draft) const {
+    const auto own = sites(draft.root());
+    if (std::ranges::any_of(own, [&](const HookSite& site) {
+            return isExactPreTool(site, draft.root(), draft.bytes());
+        }))
+        return {};
+    draft.block.created.insert(Created::preToolGroup);
+    if (draft.root().node({"hooks", preToolEvent}))
+        return draft.take(
+            JSONEdit::appendElement(draft.bytes(), {"hooks", preToolEvent}, preToolGroup()));
+    draft.block.created.insert(Created::preToolEventArray);
+    return draft.take(JSONEdit::setMember(draft.bytes(), {"hooks"}, preToolEvent,
+                                          JSONLiteral::array({preToolGroup()}), JSONDialect::json));
+}
+
+ClaudeCodeHook::Result<RemovedBlock>
+ClaudeCodeHook::removed(std::string_view bytes, const std::set<Created>& created) const {
+    const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
+    if (!document)
+        return std::unexpected(document.error());
+    return removed(bytes, *document, created);
+}
+
+ClaudeCodeHook::Result<RemovedBlock>
+ClaudeCodeHook::removed(std::string_view bytes, const JSONDocument& document,
+                        const std::set<Created>& created) const {
+    return HookGroups::removed(bytes, sites(document.root()), created, containers());
+}
+
+} // namespace wendlow

@@ -1,0 +1,127 @@
+#include "ClaudeCode/ClaudeCodeMCP.h"
+
+#include "Drift.h"
+
+#include <utility>
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::string_view serversKey = "mcpServers";
+constexpr std::string_view entryKey = "wendlow";
+
+const JSONPath& entryPath() {
+    static const JSONPath path{serversKey, entryKey};
+    return path;
+}
+
+} // namespace
+
+ClaudeCodeMCP::ClaudeCodeMCP(ClaudeCodePaths paths) : m_paths(std::move(paths)) {}
+
+JSONLiteral ClaudeCodeMCP::entry() const {
+    return JSONLiteral::object({
+        {"type", JSONLiteral::string("stdio")},
+        {"command", JSONLiteral::string(m_paths.mcpCommand())},
+        {"args", JSONLiteral::array({})},
+        {"env", JSONLiteral::object({})},
+    });
+}
+
+ClaudeCodeMCP::Readable ClaudeCodeMCP::read(std::string_view bytes) const {
+    auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
+    if (!document)
+        return std::unexpected(document.error().description());
+    for (const JSONPath& path : {JSONPath{}, JSONPath{serversKey}, entryPath()})
+        if (const auto object = document->root().node(path))
+            if (auto reason = JSONBlock::repeatedName(*object))
+                return std::unexpected(*std::move(reason));
+    return *std::move(document);
+}
+
+std::optional<std::string> ClaudeCodeMCP::unreadableReason(std::string_view bytes) const {
+    auto document = read(bytes);
+    return document ? std::nullopt : std::optional(std::move(document).error());
+}
+
+BlockFinding ClaudeCodeMCP::find(std::optional<std::string_view> bytes) const {
+    if (!bytes)
+        return {BlockFinding::FileAbsent{}};
+    const Readable document = read(*bytes);
+    if (!document)
+        return {BlockFinding::Unreadable{document.error()}};
+    const JSONNode root = document->root();
+    if (const auto servers = root.member(serversKey); servers && !servers->isObject())
+        return {BlockFinding::Foreign{{JSONBlock::notA(serversKey, "object")}}};
+    const auto found = root.node(entryPath());
+    if (!found)
+        return {BlockFinding::Absent{}};
+    const auto member = found->member("command");
+    const auto command = member ? member->string() : std::nullopt;
+    if (!command)
+        return {BlockFinding::Drifted{{std::string(JSONBlock::otherShape)}}};
+    auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
+    if (*command == m_paths.mcpCommand() && found->value(*bytes) != entry().value())
+        reasons.emplace_back(JSONBlock::otherShape);
+    return BlockFinding::from(std::move(reasons));
+}
+
+ClaudeCodeMCP::Result<InstalledBlock> ClaudeCodeMCP::installed(std::string_view bytes) const {
+    const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
+    if (!document)
+        return std::unexpected(document.error());
+    return installed(bytes, *document);
+}
+
+ClaudeCodeMCP::Result<InstalledBlock> ClaudeCodeMCP::installed(std::string_view bytes,
+                                                               const JSONDocument& document) const {
+    const JSONNode root = document.root();
+    const bool serversAreThere = root.member(serversKey).has_value();
+    if (const auto found = root.node(entryPath()); found && found->value(bytes) == entry().value())
+        return InstalledBlock{};
+    // Fails in words where the root or the servers are not an object.
+    auto edited =
+        serversAreThere
+            ? JSONEdit::setMember(bytes, {serversKey}, entryKey, entry(), JSONDialect::json)
+            : JSONEdit::setMember(bytes, {}, serversKey,
+                                  JSONLiteral::object({{std::string(entryKey), entry()}}),
+                                  JSONDialect::json);
+    if (!edited)
+        return std::unexpected(edited.error());
+    InstalledBlock block{.bytes = *std::move(edited), .created = {}};
+    if (!serversAreThere)
+        block.created.insert(Created::mcpServersObject);
+    return block;
+}
+
+ClaudeCodeMCP::Result<RemovedBlock> ClaudeCodeMCP::removed(std::string_view bytes,
+                                                           const std::set<Created>& created) const {
+    const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
+    if (!document)
+        return std::unexpected(document.error());
+    return removed(bytes, *document, created);
+}
+
+ClaudeCodeMCP::Result<RemovedBlock> ClaudeCodeMCP::removed(std::string_view bytes,
+                                                           const JSONDocument& document,
+                                                           const std::set<Created>& created) const {
+    const JSONNode root = document.root();
+    if (!root.node(entryPath()))
+        return RemovedBlock{};
+    const bool leavesNothing = root.member(serversKey)->count() == 1;
+    // Without comments the object can go together with its only member: one edit, the same bytes.
+    const bool takeServers = leavesNothing && created.contains(Created::mcpServersObject);
+    auto edited = takeServers
+                      ? JSONEdit::removeMember(bytes, {}, serversKey, JSONDialect::json)
+                      : JSONEdit::removeMember(bytes, {serversKey}, entryKey, JSONDialect::json);
+    if (!edited)
+        return std::unexpected(edited.error());
+    RemovedBlock block{.bytes = *std::move(edited), .leftovers = {}};
+    if (leavesNothing && !takeServers)
+        block.leftovers.emplace_back(
+            "an empty mcpServers object remains here, which Wendlow did not create");
+    return block;
+}
+
+} // namespace wendlow

@@ -1,0 +1,21 @@
+#include "ConfigFile/ConfigFileError.h"
+
+#include <utility>
+
+namespace wendlow {
+
+ConfigFileError ConfigFileError::writeFailed(std::string path, std::string reason) {
+    return {Kind::writeFailed, std::move(path), std::move(reason)};
+}
+
+ConfigFileError ConfigFileError::notWritable(std::string path) {
+    return {Kind::notWritable, std::move(path), {}};
+}
+
+std::string ConfigFileError::description() const {
+    if (kind == Kind::notWritable)
+        return path + " cannot be written by this user";
+    return path + " could not be written: " + reason;
+}
+
+} // namespace wendlow

@@ -1,0 +1,304 @@
+#include "ConfigFile/Disk.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace wendlow::Disk {
+namespace {
+
+constexpr std::size_t pieceSize = std::size_t{256} * 1024;
+
+std::unexpected<int> lastError() {
+    return std::unexpected(errno);
+}
+
+Result<void> outcome(int status) {
+    if (status != 0)
+        return lastError();
+    return {};
+}
+
+/// Repeats a call that a signal cut short.
+template<class Call> auto uninterrupted(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+class Descriptor {
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    ~Descriptor() {
+        if (m_number >= 0)
+            ::close(m_number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int number() const { return m_number; }
+
+    /// Linux lets go of the descriptor even when close fails, so this is never tried twice; one
+    /// that a signal cut short has closed.
+    Result<void> close() {
+        const int status = ::close(std::exchange(m_number, -1));
+        return status != 0 && errno != EINTR ? Result<void>(lastError()) : Result<void>();
+    }
+
+private:
+    int m_number;
+};
+
+int openToRead(const Path& path, int flags) {
+    // Without O_NONBLOCK a pipe at the path would hold us until somebody writes to it.
+    return uninterrupted(
+        [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | flags); });
+}
+
+/// The size of an open file; anything but a regular file is an error.
+Result<std::size_t> fileSize(int descriptor) {
+    struct stat status{};
+    if (::fstat(descriptor, &status) != 0)
+        return lastError();
+    if (S_ISDIR(status.st_mode))
+        return std::unexpected(EISDIR);
+    if (!S_ISREG(status.st_mode))
+        return std::unexpected(ENOTSUP);
+    return static_cast<std::size_t>(status.st_size);
+}
+
+/// Reads until `room` is full or the file ends; the number of bytes read.
+Result<std::size_t> fill(int descriptor, char* room, std::size_t size) {
+    std::size_t filled = 0;
+    while (filled < size) {
+        const auto count =
+            uninterrupted([&] { return ::read(descriptor, room + filled, size - filled); });
+        if (count < 0)
+            return lastError();
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    return filled;
+}
+
+Result<void> writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto count =
+            uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
+        if (count < 0)
+            return lastError();
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return {};
+}
+
+Result<void> flush(int descriptor) {
+    const int status = uninterrupted([&] { return ::fsync(descriptor); });
+    // Some file systems cannot flush a folder, and say so; that is no failing disk.
+    if (status != 0 && errno != EINVAL && errno != ENOTSUP)
+        return lastError();
+    return {};
+}
+
+Result<void> fillNew(int descriptor, std::string_view bytes, mode_t mode, ModeRule rule) {
+    if (rule == ModeRule::exact && uninterrupted([&] { return ::fchmod(descriptor, mode); }) != 0)
+        return lastError();
+    if (const auto written = writeAll(descriptor, bytes); !written)
+        return written;
+    return flush(descriptor);
+}
+
+} // namespace
+
+std::string words(int error) {
+    std::array<char, 256> room{};
+    return ::strerror_r(error, room.data(), room.size());
+}
+
+Result<std::optional<std::string>> read(const Path& path) {
+    Descriptor file(openToRead(path, 0));
+    if (file.number() < 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return std::nullopt;
+        return lastError();
+    }
+    const auto size = fileSize(file.number());
+    if (!size)
+        return std::unexpected(size.error());
+
+    // The size is a hint: the file may grow or shrink under our hands. One byte more than it shows
+    // the end without another round.
+    std::string bytes;
+    Result<std::size_t> count = 0;
+    for (std::size_t room = *size + 1;; room = bytes.size() + pieceSize) {
+        const std::size_t held = bytes.size();
+        bytes.resize_and_overwrite(room, [&](char* data, std::size_t) {
+            count = fill(file.number(), data + held, room - held);
+            return held + count.value_or(0);
+        });
+        if (!count)
+            return std::unexpected(count.error());
+        if (bytes.size() < room)
+            return bytes;
+    }
+}
+
+Result<bool> holds(const Path& path, std::string_view bytes) {
+    Descriptor file(openToRead(path, 0));
+    if (file.number() < 0)
+        return lastError();
+    if (const auto size = fileSize(file.number()); !size)
+        return std::unexpected(size.error());
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
+    for (;;) {
+        const auto count = fill(file.number(), piece.get(), pieceSize);
+        if (!count)
+            return std::unexpected(count.error());
+        if (!bytes.starts_with(std::string_view(piece.get(), *count)))
+            return false;
+        bytes.remove_prefix(*count);
+        if (*count < pieceSize)
+            return bytes.empty();
+    }
+}
+
+Kind kind(const Path& path) {
+    struct stat status{};
+    if (::stat(path.c_str(), &status) != 0)
+        return Kind::nothing;
+    if (S_ISREG(status.st_mode))
+        return Kind::file;
+    return S_ISDIR(status.st_mode) ? Kind::folder : Kind::other;
+}
+
+bool exists(const Path& path) {
+    return kind(path) != Kind::nothing;
+}
+
+bool isDirectory(const Path& path) {
+    return kind(path) == Kind::folder;
+}
+
+bool isWritable(const Path& path) {
+    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+Result<mode_t> mode(const Path& path) {
+    struct stat status{};
+    if (::stat(path.c_str(), &status) != 0)
+        return lastError();
+    return status.st_mode & mode_t{07777};
+}
+
+Result<void> setMode(const Path& path, mode_t mode) {
+    return outcome(::chmod(path.c_str(), mode));
+}
+
+Result<void> create(const Path& path, std::string_view bytes, mode_t mode, ModeRule rule) {
+    Descriptor file(uninterrupted([&] {
+        return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+    }));
+    if (file.number() < 0)
+        return lastError();
+    auto written = fillNew(file.number(), bytes, mode, rule);
+    if (const auto closed = file.close(); written && !closed)
+        written = closed;
+    if (!written)
+        ::unlink(path.c_str());
+    return written;
+}
+
+Result<void> rename(const Path& from, const Path& to) {
+    return outcome(::rename(from.c_str(), to.c_str()));
+}
+
+Result<void> remove(const Path& path) {
+    return outcome(::unlink(path.c_str()));
+}
+
+Result<void> createDirectories(const Path& path, mode_t mode) {
+    if (isDirectory(path))
+        return {};
+    int status = ::mkdir(path.c_str(), mode);
+    if (status != 0 && errno == ENOENT && path.has_relative_path() && path.parent_path() != path) {
+        if (const auto above = createDirectories(path.parent_path(), mode); !above)
+            return above;
+        status = ::mkdir(path.c_str(), mode);
+    }
+    if (status == 0)
+        return setMode(path, mode);
+    // Somebody else may have made it since we looked.
+    const int error = errno;
+    if (error == EEXIST && isDirectory(path))
+        return {};
+    return std::unexpected(error);
+}
+
+Result<std::vector<std::string>> names(const Path& folder) {
+    const auto closeFolder = [](DIR* open) { ::closedir(open); };
+    const std::unique_ptr<DIR, decltype(closeFolder)> open(::opendir(folder.c_str()));
+    if (open == nullptr)
+        return lastError();
+    std::vector<std::string> found;
+    for (;;) {
+        errno = 0;
+        const dirent* entry = ::readdir(open.get()); // NOLINT(concurrency-mt-unsafe): own stream
+        if (entry == nullptr)
+            break;
+        if (const std::string_view name = entry->d_name; name != "." && name != "..")
+            found.emplace_back(name);
+    }
+    if (errno != 0)
+        return lastError();
+    std::ranges::sort(found);
+    return found;
+}
+
+Result<void> flushFolder(const Path& folder) {
+    Descriptor open(openToRead(folder, O_DIRECTORY));
+    if (open.number() < 0) {
+        // A folder may be open to new files and closed to readers; nothing can flush that one.
+        if (errno == EACCES)
+            return {};
+        return lastError();
+    }
+    return flush(open.number());
+}
+
+Result<Path> realPath(const Path& path) {
+    const auto release = [](char* text) { std::free(text); };
+    const std::unique_ptr<char, decltype(release)> resolved(::realpath(path.c_str(), nullptr));
+    if (resolved == nullptr)
+        return lastError();
+    return Path(resolved.get());
+}
+
+Result<Path> readLink(const Path& path) {
+    std::array<char, 4096> room{};
+    const auto count = ::readlink(path.c_str(), room.data(), room.size());
+    if (count < 0)
+        return lastError();
+    if (static_cast<std::size_t>(count) == room.size())
+        return std::unexpected(ENAMETOOLONG);
+    return Path(std::string_view(room.data(), static_cast<std::size_t>(count)));
+}
+
+Result<std::array<std::uint8_t, 16>> random() {
+    std::array<std::uint8_t, 16> bits{};
+    // Up to 256 bytes come whole or not at all.
+    if (uninterrupted([&] { return ::getrandom(bits.data(), bits.size(), 0); }) < 0)
+        return lastError();
+    return bits;
+}
+
+} // namespace wendlow::Disk

@@ -1,0 +1,306 @@
+#include "ConfigFile/JSONEdit.h"
+
+#include "ConfigFile/JSONComments.h"
+#include "ConfigFile/JSONEditMeasures.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <optional>
+#include <span>
+#include <utility>
+
+namespace wendlow {
+
+namespace {
+
+/// "hooks.PreToolUse.[0].hooks"
+std::string pathName(const JSONPath& path) {
+    if (path.empty()) {
+        return "the top-level value";
+    }
+    std::string name;
+    for (const auto& [step] : path) {
+        if (&step != &path.front().step) {
+            name += '.';
+        }
+        if (const auto* key = std::get_if<std::string>(&step)) {
+            name += *key;
+        } else {
+            name += fmt::format("[{}]", std::get<std::ptrdiff_t>(step));
+        }
+    }
+    return name;
+}
+
+} // namespace
+
+JSONEditError JSONEditError::notAnObject(JSONPath path) {
+    return {Kind::notAnObject, std::move(path), {}, 0};
+}
+
+JSONEditError JSONEditError::notAnArray(JSONPath path) {
+    return {Kind::notAnArray, std::move(path), {}, 0};
+}
+
+JSONEditError JSONEditError::noSuchMember(JSONPath path, std::string_view key) {
+    return {Kind::noSuchMember, std::move(path), std::string(key), 0};
+}
+
+JSONEditError JSONEditError::noSuchElement(JSONPath path, std::ptrdiff_t index) {
+    return {Kind::noSuchElement, std::move(path), {}, index};
+}
+
+std::string JSONEditError::description() const {
+    switch (kind) {
+    case Kind::notAnObject:
+        return pathName(path) + " is not an object";
+    case Kind::notAnArray:
+        return pathName(path) + " is not an array";
+    case Kind::noSuchMember:
+        return fmt::format("{} is not in {}", key, pathName(path));
+    case Kind::noSuchElement:
+        return fmt::format("{} has no element {}", pathName(path), index);
+    }
+    return {};
+}
+
+std::string description(const JSONEditFailure& failure) {
+    return std::visit([](const auto& error) { return error.description(); }, failure);
+}
+
+namespace JSONEdit {
+
+namespace {
+
+using Member = JSONNode::Member;
+
+std::unexpected<JSONEditFailure> failure(JSONEditError error) {
+    return std::unexpected(JSONEditFailure(std::move(error)));
+}
+
+/// The one way in which an edit changes bytes. One allocation.
+std::string splice(std::string_view text, ByteRange range, std::string_view replacement) {
+    std::string result;
+    result.reserve(text.size() - range.size() + replacement.size());
+    result += text.substr(0, range.lower);
+    result += replacement;
+    result += text.substr(range.upper);
+    return result;
+}
+
+/// What lies between the brackets of a container.
+ByteRange inside(const JSONNode& container) {
+    return {container.start() + 1, container.end() - 1};
+}
+
+std::string keyed(std::string_view key, const RenderStyle& style) {
+    return JSONLiteral::quote(key) + (style.multiline ? ": " : ":");
+}
+
+/// The first item of an empty container on a line of its own, with the line of the closing bracket;
+/// `name` is the quoted key and colon of a member.
+std::string firstItemOnLine(const JSONNode& container, const JSONNode& root, std::string_view text,
+                            std::string_view name, const JSONLiteral& literal) {
+    const RenderStyle style{.multiline = true, .newline = std::string(lineEnding(text))};
+    const auto unit = indentUnit(root, text);
+    const auto outer = lineIndent(container.start(), text);
+    const auto inner = fmt::format("{}{}", outer, unit);
+    return fmt::format("{0}{1}{2}{3}{0}{4}", style.newline, inner, name,
+                       literal.render(inner, unit, style), outer);
+}
+
+std::string setFirstMember(std::string_view text, const JSONDocument& document,
+                           const JSONNode& object, std::string_view key,
+                           const JSONLiteral& literal) {
+    const auto braces = inside(object);
+    const bool hasComment = JSONComments::count(document.comments(), braces) > 0;
+    // Comments stay above the new member; without any, the whole document says whether it is one
+    // that is laid out in lines.
+    const bool multiline = spansLines(hasComment ? braces : ByteRange{0, text.size()}, text);
+    const auto replaced = !hasComment ? braces
+                          : multiline ? whitespaceRun(braces.upper, text, braces.lower)
+                                      : ByteRange{braces.upper, braces.upper};
+    const RenderStyle style{.multiline = multiline};
+    const auto name = keyed(key, style);
+    return splice(text, replaced,
+                  multiline ? firstItemOnLine(object, document.root(), text, name, literal)
+                            : name + literal.render("", "", style));
+}
+
+} // namespace
+
+Result setMember(std::string_view text, const JSONPath& path, std::string_view key,
+                 const JSONLiteral& literal, JSONDialect dialect) {
+    const auto document = JSONText::scanWithTrivia(text, dialect);
+    if (!document) {
+        return std::unexpected(document.error());
+    }
+    const auto object = document->root().node(path);
+    if (!object || !object->isObject()) {
+        return failure(JSONEditError::notAnObject(path));
+    }
+    std::optional<Member> last;
+    for (const auto& member : object->members()) {
+        if (member.key == key) {
+            const RenderStyle style{.multiline = spansLines(object->range(), text),
+                                    .newline = std::string(lineEnding(text))};
+            return splice(text, member.value.range(),
+                          literal.render(lineIndent(member.keyStart, text),
+                                         indentUnit(document->root(), text), style));
+        }
+        last = member;
+    }
+    if (!last) {
+        return setFirstMember(text, *document, *object, key, literal);
+    }
+    const auto [prefix, indent, style] = insertionPrefix(last->keyStart, text, lineEnding(text));
+    const auto position = last->value.end();
+    return splice(text, {position, position},
+                  fmt::format(",{}{}{}", prefix, keyed(key, style),
+                              literal.render(indent, indentUnit(document->root(), text), style)));
+}
+
+Result appendElement(std::string_view text, const JSONPath& path, const JSONLiteral& literal) {
+    const auto document = JSONText::scanWithTrivia(text, JSONDialect::json);
+    if (!document) {
+        return std::unexpected(document.error());
+    }
+    const auto root = document->root();
+    const auto array = root.node(path);
+    if (!array || !array->isArray()) {
+        return failure(JSONEditError::notAnArray(path));
+    }
+    std::optional<JSONNode> last;
+    for (const auto element : array->elements()) {
+        last = element;
+    }
+    if (!last) {
+        return splice(text, inside(*array),
+                      spansLines({0, text.size()}, text)
+                          ? firstItemOnLine(*array, root, text, "", literal)
+                          : literal.render("", "", {}));
+    }
+    const auto [prefix, indent, style] = insertionPrefix(last->start(), text, lineEnding(text));
+    return splice(
+        text, {last->end(), last->end()},
+        fmt::format(",{}{}", prefix, literal.render(indent, indentUnit(root, text), style)));
+}
+
+namespace {
+
+/// An item of a container between its neighbours.
+struct Siblings {
+    std::optional<std::size_t> previousEnd;
+    ByteRange item;
+    std::optional<std::size_t> nextStart;
+};
+
+/// What goes with an item that is not the only one: the comma behind the first one, so that the
+/// next takes its place exactly, and the comma before any other.
+std::optional<ByteRange> cutWithComma(const Siblings& siblings) {
+    if (siblings.previousEnd) {
+        return ByteRange{*siblings.previousEnd, siblings.item.upper};
+    }
+    if (siblings.nextStart) {
+        return ByteRange{siblings.item.lower, *siblings.nextStart};
+    }
+    return std::nullopt;
+}
+
+/// What goes with the only member of an object: everything, or as little as leaves its comments in
+/// their lines.
+ByteRange cutOnlyMember(std::string_view text, std::span<const ByteRange> comments,
+                        ByteRange braces, ByteRange member) {
+    if (JSONComments::count(comments, braces) == 0) {
+        return braces;
+    }
+    if (!spansLines(braces, text)) {
+        return member;
+    }
+    return {whitespaceRun(member.lower, text, braces.lower).lower, member.upper};
+}
+
+/// A cut may begin right behind a line comment and take its line break along; what follows would
+/// then be swallowed by the comment.
+bool needsLineBreak(std::string_view text, std::span<const ByteRange> comments, ByteRange cut,
+                    std::string_view kept) {
+    const auto following = kept.empty() ? text.substr(cut.upper) : kept;
+    if (following.starts_with('\n') || following.starts_with("\r\n")) {
+        return false;
+    }
+    const auto after = std::ranges::lower_bound(comments, cut.lower, {}, &ByteRange::lower);
+    if (after == comments.begin()) {
+        return false;
+    }
+    const auto before = *std::prev(after);
+    return before.upper >= cut.lower && text[before.lower + 1] == '/';
+}
+
+} // namespace
+
+Result removeMember(std::string_view text, const JSONPath& path, std::string_view key,
+                    JSONDialect dialect) {
+    const auto document = JSONText::scanWithTrivia(text, dialect);
+    if (!document) {
+        return std::unexpected(document.error());
+    }
+    const auto object = document->root().node(path);
+    if (!object || !object->isObject()) {
+        return failure(JSONEditError::notAnObject(path));
+    }
+    std::optional<Siblings> siblings;
+    std::optional<std::size_t> previousEnd;
+    for (const auto& member : object->members()) {
+        if (siblings) {
+            siblings->nextStart = member.keyStart;
+            break;
+        }
+        const auto end = member.value.end();
+        if (member.key == key) {
+            siblings = {previousEnd, {member.keyStart, end}, std::nullopt};
+        }
+        previousEnd = end;
+    }
+    if (!siblings) {
+        return failure(JSONEditError::noSuchMember(path, key));
+    }
+    const auto comments = document->comments();
+    const auto cut = cutWithComma(*siblings).value_or(
+        cutOnlyMember(text, comments, inside(*object), siblings->item));
+    const auto newline = lineEnding(text);
+    auto kept = JSONComments::preserved(text, comments, cut, newline);
+    if (needsLineBreak(text, comments, cut, kept)) {
+        kept.insert(0, newline);
+    }
+    return splice(text, cut, kept);
+}
+
+Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t index) {
+    const auto document = JSONText::scanWithTrivia(text, JSONDialect::json);
+    if (!document) {
+        return std::unexpected(document.error());
+    }
+    const auto array = document->root().node(path);
+    if (!array || !array->isArray()) {
+        return failure(JSONEditError::notAnArray(path));
+    }
+    std::optional<Siblings> siblings;
+    std::optional<std::size_t> previousEnd;
+    for (std::ptrdiff_t position = 0; const auto element : array->elements()) {
+        if (siblings) {
+            siblings->nextStart = element.start();
+            break;
+        }
+        if (position++ == index) {
+            siblings = {previousEnd, element.range(), std::nullopt};
+        }
+        previousEnd = element.end();
+    }
+    if (!siblings) {
+        return failure(JSONEditError::noSuchElement(path, index));
+    }
+    return splice(text, cutWithComma(*siblings).value_or(inside(*array)), {});
+}
+
+} // namespace JSONEdit
+} // namespace wendlow

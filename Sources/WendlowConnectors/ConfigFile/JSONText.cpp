@@ -1,0 +1,37 @@
+#include "ConfigFile/JSONText.h"
+
+#include "ConfigFile/JSONScanner.h"
+#include "ConfigFile/JSONTape.h"
+
+#include <fmt/format.h>
+#include <utility>
+
+namespace wendlow {
+
+std::string JSONTextError::description() const {
+    return fmt::format("{} (at byte {})", reason, offset);
+}
+
+JSONDocument::JSONDocument(std::unique_ptr<const JSONTape> tape) : m_tape(std::move(tape)) {}
+JSONDocument::JSONDocument(JSONDocument&&) noexcept = default;
+JSONDocument& JSONDocument::operator=(JSONDocument&&) noexcept = default;
+JSONDocument::~JSONDocument() = default;
+
+JSONNode JSONDocument::root() const {
+    return {m_tape.get(), 0};
+}
+
+std::span<const ByteRange> JSONDocument::comments() const {
+    return m_tape->comments();
+}
+
+std::expected<JSONDocument, JSONTextError> JSONText::scanWithTrivia(std::string_view bytes,
+                                                                    JSONDialect dialect) {
+    auto tape = std::make_unique<JSONTape>(bytes);
+    if (auto failure = Scanner(bytes, dialect, *tape).scan()) {
+        return std::unexpected(std::move(*failure));
+    }
+    return JSONDocument(std::move(tape));
+}
+
+} // namespace wendlow

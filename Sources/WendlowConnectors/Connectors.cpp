@@ -1,0 +1,20 @@
+#include "Connectors.h"
+
+#include "ClaudeCode/ClaudeCodeConnector.h"
+
+namespace wendlow::Connectors {
+
+std::string_view text(Profile profile) {
+    return profile == Profile::dev ? "dev" : "production";
+}
+
+List all(const std::filesystem::path& home, const std::filesystem::path& bundle,
+         const std::filesystem::path& /*applications*/) {
+    return {std::make_shared<ClaudeCodeConnector>(ClaudeCodePaths::under(home, bundle))};
+}
+
+std::filesystem::path mcpCommand(const std::filesystem::path& bundle) {
+    return bundle / "Contents/MacOS/wendlow-mcp";
+}
+
+} // namespace wendlow::Connectors

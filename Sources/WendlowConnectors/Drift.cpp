@@ -1,0 +1,30 @@
+#include "Drift.h"
+
+#include "ConfigFile/Disk.h"
+
+#include <fmt/format.h>
+
+namespace wendlow::Drift {
+
+std::vector<std::string> reasons(std::string_view found, std::string_view expected,
+                                 const std::filesystem::path& binary) {
+    std::vector<std::string> sentences;
+    if (found != expected) {
+        if (found.contains("/fenmoor/wendlow"))
+            sentences.push_back(
+                fmt::format("the command points into a source checkout: {}", found));
+        for (const std::string_view marker : {"dist-dev", "dist-prod"})
+            if (found.contains(marker))
+                sentences.push_back(
+                    fmt::format("the command points at a development build: {}", found));
+        if (sentences.empty())
+            sentences.push_back(
+                fmt::format("the command is not the one this build writes: {}", found));
+    }
+    if (!Disk::exists(binary))
+        sentences.push_back(
+            fmt::format("the file the command names is not on disk: {}", binary.string()));
+    return sentences;
+}
+
+} // namespace wendlow::Drift

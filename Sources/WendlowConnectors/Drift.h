@@ -1,0 +1,15 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wendlow::Drift {
+
+/// Why the command `found` in a tool's file is not the one `expected`, and whether the executable
+/// `binary` is missing: sentences, none when all is well. Asks the disk about `binary` alone.
+std::vector<std::string> reasons(std::string_view found, std::string_view expected,
+                                 const std::filesystem::path& binary);
+
+} // namespace wendlow::Drift

@@ -1,0 +1,38 @@
+#include "JSONBlock.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_set>
+
+#include <fmt/format.h>
+
+namespace wendlow::JSONBlock {
+
+std::optional<std::string> repeatedName(const JSONNode& object) {
+    std::unordered_set<std::string_view> seen;
+    for (const JSONNode::Member& member : object.members())
+        if (!seen.insert(member.key).second)
+            return fmt::format("the name \"{}\" appears twice in one object (at byte {})",
+                               member.key, member.keyStart);
+    return std::nullopt;
+}
+
+std::string notA(std::string_view name, std::string_view kind) {
+    return fmt::format("the {} value in this file is not an {}, so no entry can be put in it", name,
+                       kind);
+}
+
+bool isEmptyObject(std::string_view bytes) {
+    const auto trim = [](std::string_view text) {
+        while (!text.empty() && JSONText::isWhitespace(text.front()))
+            text.remove_prefix(1);
+        while (!text.empty() && JSONText::isWhitespace(text.back()))
+            text.remove_suffix(1);
+        return text;
+    };
+    const std::string_view text = trim(bytes);
+    return text.size() >= 2 && text.front() == '{' && text.back() == '}' &&
+           trim(text.substr(1, text.size() - 2)).empty();
+}
+
+} // namespace wendlow::JSONBlock

@@ -1,0 +1,22 @@
+#include "Observation.h"
+
+#include <map>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+Observations folded(const Observations& observations) {
+    std::map<std::pair<std::string_view, std::string_view>, std::size_t> counts;
+    Observations result;
+    for (const Observation& observation : observations)
+        if (++counts[{observation.subject, observation.text}] == 1)
+            result.push_back(observation);
+    for (Observation& observation : result)
+        if (const std::size_t count = counts.at({observation.subject, observation.text}); count > 1)
+            observation.text += fmt::format(" ({} entries)", count);
+    return result;
+}
+
+} // namespace wendlow

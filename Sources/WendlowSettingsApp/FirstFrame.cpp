@@ -1,0 +1,60 @@
+#include "FirstFrame.h"
+
+#include <QCoreApplication>
+#include <QQuickWindow>
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include <unistd.h>
+
+namespace wendlow::FirstFrame {
+
+namespace {
+
+/// Milliseconds from the start of the process, by the clock that runs since boot.
+long long sinceProcessStart() {
+    std::string stat;
+    std::getline(std::ifstream("/proc/self/stat"), stat);
+    // The second field is the program's name, which may hold blanks and brackets.
+    std::istringstream fields(stat.substr(stat.rfind(')') + 1));
+    std::string field;
+    constexpr int startTime = 22 - 2;
+    for (int count = 0; count < startTime; ++count)
+        fields >> field;
+    const long long started = std::stoll(field) * 1000 / ::sysconf(_SC_CLK_TCK);
+    timespec now = {};
+    ::clock_gettime(CLOCK_BOOTTIME, &now);
+    return now.tv_sec * 1000LL + now.tv_nsec / 1000000 - started;
+}
+
+long long residentKilobytes() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmRSS:"))
+            return std::stoll(line.substr(6));
+    }
+    return 0;
+}
+
+} // namespace
+
+void reportAndQuit(QWindow& window) {
+    // The signal may come from the render thread; what is done about it belongs to this one.
+    QObject::connect(
+        qobject_cast<QQuickWindow*>(&window), &QQuickWindow::frameSwapped, qApp,
+        [] {
+            fmt::print("first-frame {} ms, resident {} KB\n", sinceProcessStart(),
+                       residentKilobytes());
+            std::fflush(stdout);
+            QCoreApplication::quit();
+        },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
+} // namespace wendlow::FirstFrame

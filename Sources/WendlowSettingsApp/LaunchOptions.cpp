@@ -1,0 +1,48 @@
+#include "LaunchOptions.h"
+
+#include <charconv>
+
+namespace wendlow {
+
+namespace {
+
+/// "1280x800"; nothing for another form or a size that no picture has.
+std::optional<PixelSize> pixelSize(std::string_view text) {
+    PixelSize size;
+    const char* const end = text.data() + text.size();
+    const auto width = std::from_chars(text.data(), end, size.width);
+    if (width.ec != std::errc() || width.ptr == end || *width.ptr != 'x')
+        return std::nullopt;
+    const auto height = std::from_chars(width.ptr + 1, end, size.height);
+    const auto fits = [](int side) { return side >= 1 && side <= 10000; };
+    if (height.ec != std::errc() || height.ptr != end || !fits(size.width) || !fits(size.height))
+        return std::nullopt;
+    return size;
+}
+
+} // namespace
+
+std::expected<LaunchOptions, std::string>
+LaunchOptions::parse(std::span<const std::string> arguments) {
+    LaunchOptions options;
+    options.pane = WindowDoor::requested(arguments).value_or(WindowDoor::Pane::settings);
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        const auto next = argument + 1;
+        if (*argument == "--first-frame") {
+            options.firstFrame = true;
+        } else if (*argument == "--snapshots") {
+            if (next == arguments.end() || next->empty() || next->starts_with("--"))
+                return std::unexpected("--snapshots needs the folder for the pictures");
+            options.snapshots = *next;
+            argument = next;
+        } else if (*argument == "--size") {
+            options.size = next == arguments.end() ? std::nullopt : pixelSize(*next);
+            if (!options.size)
+                return std::unexpected("--size needs a size such as 1280x800");
+            argument = next;
+        }
+    }
+    return options;
+}
+
+} // namespace wendlow

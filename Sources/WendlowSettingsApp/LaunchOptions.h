@@ -1,0 +1,33 @@
+#pragma once
+
+#include "WindowDoor.h"
+
+#include <expected>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace wendlow {
+
+struct PixelSize {
+    int width = 0;
+    int height = 0;
+    bool operator==(const PixelSize&) const = default;
+};
+
+/// What the command line asks for. Arguments that are not the application's own are left to the
+/// toolkit.
+struct LaunchOptions {
+    WindowDoor::Pane pane = WindowDoor::Pane::settings; ///< "--window=PANE"
+    std::optional<std::filesystem::path> snapshots;     ///< "--snapshots DIR"
+    std::optional<PixelSize> size;                      ///< "--size WxH", of the snapshots
+    bool firstFrame = false; ///< "--first-frame": report the first frame of the window and end
+
+    bool operator==(const LaunchOptions&) const = default;
+
+    /// Reads the arguments after the program's name. Fails with a sentence for the person.
+    static std::expected<LaunchOptions, std::string> parse(std::span<const std::string> arguments);
+};
+
+} // namespace wendlow

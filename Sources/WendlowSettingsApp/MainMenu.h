@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QObject>
+#include <QString>
+#include <QVariantList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QShortcut;
+
+namespace wendlow {
+
+/// One line of a menu. An empty title is a separator.
+struct MenuLine {
+    QString id{}; ///< the name of its action
+    QString title{};
+    QKeySequence keys{};
+    std::function<void()> act{};
+    std::function<bool()> enabled{}; ///< left out: always
+    std::function<bool()> checked{}; ///< left out: the line has no tick
+};
+
+struct MenuDescription {
+    QString id;
+    QString title;
+    std::vector<MenuLine> lines;
+};
+
+/// The application's menus, which every window shows as its menu bar, and their key equivalents,
+/// which work in every window. UI thread.
+class MainMenu final : public QObject {
+    Q_OBJECT
+    /// A list of maps with `id`, `title` and `items`; an item is a map with `id`, `title`,
+    /// `shortcut`, `enabled`, `checkable`, `checked` and `separator`. What is enabled and ticked is
+    /// found out when the property is read.
+    Q_PROPERTY(QVariantList menus READ menus NOTIFY menusChanged)
+
+public:
+    explicit MainMenu(QObject* parent = nullptr);
+    ~MainMenu() override;
+
+    /// `index` counts from 0 and is at most the number of menus; nothing may have the menu's id
+    /// yet.
+    void insert(std::size_t index, MenuDescription menu);
+    /// An id that is not there changes nothing.
+    void remove(const QString& id);
+    bool contains(const QString& id) const;
+
+    QVariantList menus() const;
+    /// Does the line's action, unless it is disabled or unknown.
+    Q_INVOKABLE void trigger(const QString& menu, const QString& line);
+
+Q_SIGNALS:
+    void menusChanged();
+
+private:
+    struct Entry;
+
+    std::vector<std::unique_ptr<Entry>> m_entries;
+};
+
+} // namespace wendlow

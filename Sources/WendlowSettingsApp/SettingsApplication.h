@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Client.h"
+#include "DistributedNotification.h"
+#include "EditActions.h"
+#include "EditorWorlds.h"
+#include "JourneyPresenter.h"
+#include "LaunchOptions.h"
+#include "MainMenu.h"
+#include "SettingsDelegate.h"
+#include "SettingsRoot.h"
+#include "WindowFactory.h"
+#include "WindowPresenter.h"
+#include "WorldMenu.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace wendlow {
+
+/// The application: makes everything once, hands it on, and owns it until the process ends. The
+/// toolkit's application object must be there already. UI thread.
+class SettingsApplication final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the application takes from the world around it.
+    struct Surroundings {
+        WindowFactory::FollowLooks followLooks;
+        DistributedNotificationCenter& notifications;
+        std::function<void(const std::string&)> setupLog;
+    };
+
+    explicit SettingsApplication(Surroundings surroundings);
+    /// Waits for a change to a person's files that is under way.
+    ~SettingsApplication() override;
+
+    /// Brings up a pane; `front` matters to the journey alone.
+    void show(WindowDoor::Pane pane, WindowDoor::Front front);
+    /// Null while the kind has had no window yet.
+    QWindow* window(WindowKind kind) const { return m_windows.window(kind); }
+    QWindow& present(WindowKind kind);
+
+    MainMenu& mainMenu() { return m_mainMenu; }
+    WindowFactory& factory() { return m_factory; }
+    /// Made with the Settings window.
+    SettingsRoot& settings();
+    void showAbout();
+
+private:
+    void buildMainMenu();
+    WindowFactory::Content contentOf(WindowKind kind);
+    EditorWorlds& worlds();
+    void syncMainWindow();
+
+    const Surroundings m_surroundings;
+    // The order is that of the start; the windows go before what they show.
+    const std::unique_ptr<WendlowClient> m_client;
+    std::unique_ptr<EditorWorlds> m_worlds;
+    std::unique_ptr<SettingsRoot> m_settings;
+    EditActions m_editActions;
+    const WorldMenuActions m_worldActions;
+    MainMenu m_mainMenu;
+    WindowFactory m_factory;
+    WindowPresenter m_windows;
+    JourneyPresenter m_journey;
+    std::unique_ptr<QWindow> m_about;
+    SettingsDelegate m_delegate;
+};
+
+} // namespace wendlow

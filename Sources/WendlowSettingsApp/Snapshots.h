@@ -1,0 +1,42 @@
+#pragma once
+
+#include "LaunchOptions.h"
+#include "SettingsApplication.h"
+#include "ThemeSource.h"
+
+#include <QString>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+class QQuickWindow;
+
+namespace wendlow {
+
+/// Pictures of every window, light and dark, as PNG files in one folder. The windows show the home
+/// folder's true state. UI thread; runs the event loop while it waits for what the windows load.
+class Snapshots final {
+public:
+    /// `size` replaces that of every window that can be resized.
+    Snapshots(SettingsApplication& application, std::filesystem::path folder,
+              std::optional<PixelSize> size);
+
+    /// Takes them all. Gives the process's exit status: 0, or 1 with words on standard error.
+    int take();
+
+private:
+    void takeInLooks();
+    void takeSettings();
+    void takeConnectedApps(QQuickWindow& window);
+    QQuickWindow& shown(WindowKind kind);
+    void save(QWindow& window, const QString& name);
+
+    SettingsApplication& m_application;
+    const std::filesystem::path m_folder;
+    const std::optional<PixelSize> m_size;
+    QString m_looks; ///< "light" or "dark"
+    std::string m_fault;
+};
+
+} // namespace wendlow

@@ -1,0 +1,58 @@
+#include "TerminationSignals.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::array signals = {SIGTERM, SIGINT, SIGHUP};
+
+// A signal handler may write to a descriptor and do little else.
+int wakeup = -1;
+
+void wake(int) {
+    const eventfd_t one = 1;
+    [[maybe_unused]] const ssize_t written = ::write(wakeup, &one, sizeof one);
+}
+
+void handleWith(void (*handler)(int)) {
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    for (const int signal : signals)
+        ::sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
+TerminationSignals::TerminationSignals() {
+    wakeup = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (wakeup < 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(wakeup, QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [] {
+        eventfd_t count = 0;
+        ::eventfd_read(wakeup, &count);
+        QCoreApplication::quit();
+    });
+    handleWith(&wake);
+}
+
+TerminationSignals::~TerminationSignals() {
+    if (wakeup < 0)
+        return;
+    handleWith(SIG_DFL);
+    m_notifier.reset();
+    ::close(wakeup);
+    wakeup = -1;
+}
+
+} // namespace wendlow

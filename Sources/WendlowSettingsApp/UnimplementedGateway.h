@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Client.h"
+
+namespace wendlow {
+
+/// The gateway of a process that speaks to no daemon yet: it refuses each request by its verb,
+/// which a caller treats as that one request being refused.
+class UnimplementedGateway final : public Gateway {
+public:
+    QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;
+};
+
+} // namespace wendlow

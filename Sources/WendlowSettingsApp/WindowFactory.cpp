@@ -1,0 +1,109 @@
+#include "WindowFactory.h"
+
+#include "ClientInstance.h"
+#include "ThemeSource.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace wendlow {
+
+namespace {
+
+constexpr int softwareFault = 70;
+
+[[noreturn]] void endOnFault(const QString& file, const QString& reason) {
+    fmt::print(stderr, "wendlow-settings: the interface file {} is faulty:\n{}\n",
+               file.toStdString(), reason.toStdString());
+    // Not `exit`: it would take the toolkit apart below the feet of its own objects.
+    std::_Exit(softwareFault);
+}
+
+} // namespace
+
+WindowFactory::WindowFactory(MainMenu& mainMenu, ContentOf contentOf, FollowLooks followLooks)
+    : m_mainMenu(mainMenu), m_contentOf(std::move(contentOf)),
+      m_followLooks(std::move(followLooks)) {}
+
+WindowFactory::~WindowFactory() = default;
+
+std::unique_ptr<QWindow> WindowFactory::make(WindowKind kind) {
+    auto window = createWindow(engineFor(kind), QStringLiteral("WendlowSettingsApp/AppWindow.qml"),
+                               {{QStringLiteral("mainMenu"), QVariant::fromValue(&m_mainMenu)}});
+    renew(*window, kind);
+    return window;
+}
+
+void WindowFactory::renew(QWindow& window, WindowKind kind) {
+    const Content content = m_contentOf(kind);
+    QObject* const made = create(engineFor(kind), content.file, content.properties);
+    auto* const item = qobject_cast<QQuickItem*>(made);
+    if (!item)
+        endOnFault(content.file, QStringLiteral("it is no item"));
+    item->setParent(&window);
+    QMetaObject::invokeMethod(&window, "fill", Q_ARG(QQuickItem*, item));
+}
+
+std::unique_ptr<QWindow> WindowFactory::makeAbout(const QString& version) {
+    return createWindow(
+        mainEngine(), QStringLiteral("WendlowSettingsApp/AboutWindow.qml"),
+        {{QStringLiteral("productName"), QString::fromUtf8(ClientInstance::productName.data())},
+         {QStringLiteral("version"), version}});
+}
+
+ThemeSource& WindowFactory::looks() {
+    return *ThemeSource::of(mainEngine());
+}
+
+QQmlEngine& WindowFactory::engineFor(WindowKind kind) {
+    if (!WindowDescriptions::of(kind).alwaysDark)
+        return mainEngine();
+    if (!m_darkEngine)
+        m_darkEngine = makeEngine(Darkness::always);
+    return *m_darkEngine;
+}
+
+QQmlEngine& WindowFactory::mainEngine() {
+    if (!m_engine)
+        m_engine = makeEngine(Darkness::asSystem);
+    return *m_engine;
+}
+
+std::unique_ptr<QQmlEngine> WindowFactory::makeEngine(Darkness darkness) {
+    auto engine = std::make_unique<QQmlEngine>();
+    engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    ThemeSource* const looks = ThemeSource::of(*engine);
+    if (!looks)
+        endOnFault(QStringLiteral("WendlowControls/qmldir"), QStringLiteral("it is not there"));
+    m_followLooks(*looks, darkness);
+    return engine;
+}
+
+QObject* WindowFactory::create(QQmlEngine& engine, const QString& file,
+                               const QVariantMap& properties) {
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/qt/qml/") + file));
+    // Asked to create what it could not load, a component crashes.
+    QObject* const made =
+        component.isReady() ? component.createWithInitialProperties(properties) : nullptr;
+    if (!made || component.isError())
+        endOnFault(file, component.errorString());
+    return made;
+}
+
+std::unique_ptr<QWindow> WindowFactory::createWindow(QQmlEngine& engine, const QString& file,
+                                                     const QVariantMap& properties) {
+    QObject* const made = create(engine, file, properties);
+    auto* const window = qobject_cast<QWindow*>(made);
+    if (!window)
+        endOnFault(file, QStringLiteral("it is no window"));
+    return std::unique_ptr<QWindow>(window);
+}
+
+} // namespace wendlow

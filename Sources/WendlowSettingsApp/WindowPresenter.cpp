@@ -1,0 +1,63 @@
+#include "WindowPresenter.h"
+
+#include "WindowPlacing.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <utility>
+#include <vector>
+
+namespace wendlow {
+
+namespace {
+
+/// In front, with the focus; back from being minimized.
+void bringToFront(QWindow& window) {
+    if (window.windowStates().testFlag(Qt::WindowMinimized))
+        window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.requestActivate();
+}
+
+} // namespace
+
+WindowPresenter::WindowPresenter(Make make) : m_make(std::move(make)) {}
+
+WindowPresenter::~WindowPresenter() = default;
+
+QWindow& WindowPresenter::present(WindowKind kind) {
+    QWindow* const existing = window(kind);
+    QWindow& shown = existing ? *existing : build(kind);
+    bringToFront(shown);
+    return shown;
+}
+
+QWindow* WindowPresenter::window(WindowKind kind) const {
+    return m_slots[static_cast<std::size_t>(kind)].get();
+}
+
+QWindow& WindowPresenter::build(WindowKind kind) {
+    std::unique_ptr<QWindow>& slot = m_slots[static_cast<std::size_t>(kind)];
+    slot = m_make(kind);
+    const WindowDescription& description = WindowDescriptions::of(kind);
+    WindowDescriptions::dress(*slot, description);
+    place(*slot, description);
+    return *slot;
+}
+
+void WindowPresenter::place(QWindow& window, const WindowDescription& description) {
+    QPoint origin = WindowPlacing::centred(window.size(), window.screen()->availableGeometry());
+    if (description.place == WindowPlace::centredThenCascaded) {
+        std::vector<QPoint> taken;
+        for (const QWindow* const other : QGuiApplication::topLevelWindows()) {
+            if (other != &window && other->isVisible())
+                taken.push_back(other->framePosition());
+        }
+        origin = WindowPlacing::cascaded(origin, taken);
+    }
+    window.setFramePosition(origin);
+}
+
+} // namespace wendlow

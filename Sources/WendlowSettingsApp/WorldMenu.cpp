@@ -1,0 +1,62 @@
+#include "WorldMenu.h"
+
+#include <utility>
+
+namespace wendlow {
+
+namespace {
+
+QString worldMenuId() {
+    return QStringLiteral("world");
+}
+
+} // namespace
+
+WorldMenuActions::WorldMenuActions(Worlds worlds, OpenBench openBench)
+    : m_worlds(std::move(worlds)), m_openBench(std::move(openBench)) {}
+
+MenuDescription WorldMenuActions::menu() const {
+    using World = EditorWorlds::World;
+    return {.id = worldMenuId(),
+            .title = QStringLiteral("World"),
+            .lines = {world("dayZero", World::dayZero, Qt::Key_1),
+                      world("someData", World::someData, Qt::Key_2),
+                      world("powerUser", World::powerUser, Qt::Key_3),
+                      world("realData", World::realData, Qt::Key_4),
+                      {},
+                      {.id = QStringLiteral("resetWorld"),
+                       .title = QStringLiteral("Reset World"),
+                       .act = [this] { m_worlds().resetWorld(); }},
+                      {},
+                      bench("openWorkbench", WindowKind::workbench),
+                      bench("openControlsBench", WindowKind::controlsBench),
+                      bench("openFiltersBench", WindowKind::filtersBench),
+                      bench("openSearchBench", WindowKind::searchBench),
+                      bench("openRowsBench", WindowKind::rowsBench)}};
+}
+
+MenuLine WorldMenuActions::world(const char* id, EditorWorlds::World world, int key) const {
+    return {.id = QString::fromLatin1(id),
+            .title = EditorWorlds::title(world),
+            .keys = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key)),
+            .act = [this, world] { m_worlds().switchWorld(world); },
+            .checked = [this, world] { return m_worlds().world() == world; }};
+}
+
+MenuLine WorldMenuActions::bench(const char* id, WindowKind kind) const {
+    return {.id = QString::fromLatin1(id),
+            .title = QString::fromUtf8(WindowDescriptions::of(kind).title),
+            .act = [this, kind] { m_openBench(kind); }};
+}
+
+void syncWorldMenu(MainMenu& mainMenu, const WorldMenuActions& actions, const QWindow* mainWindow) {
+    constexpr std::size_t betweenEditAndWindow = 2;
+    const bool wanted = WindowDescriptions::isEditorSide(mainWindow);
+    const bool present = mainMenu.contains(worldMenuId());
+    if (wanted && !present)
+        mainMenu.insert(betweenEditAndWindow, actions.menu());
+    else if (!wanted && present)
+        mainMenu.remove(worldMenuId());
+}
+
+} // namespace wendlow

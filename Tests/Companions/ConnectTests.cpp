@@ -1,0 +1,214 @@
+// wendlow-connect as a script starts it: whole outputs, exit statuses, real files.
+
+#include "Files.h"
+#include "RunProgram.h"
+#include "TemporaryHome.h"
+
+#include <regex>
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using testing::get;
+using ::testing::HasSubstr;
+using testing::put;
+namespace fs = std::filesystem;
+
+constexpr const char* usage = "usage: wendlow-connect [--home DIR] [--bundle DIR] "
+                              "[--applications DIR] VERB [TOOL]... [--json]\n";
+
+class Connect : public ::testing::Test {
+protected:
+    Connect() {
+        put(bundle() / "Contents/MacOS/wendlow-hook", "");
+        put(bundle() / "Contents/MacOS/wendlow-mcp", "");
+    }
+
+    /// The program at `program`, in the home's own folder, with no home of its own in sight.
+    testing::ProgramRun start(const fs::path& program, const std::string& arguments) const {
+        const std::string line =
+            "cd '" + m_home.path().string() + "' && exec '" + program.string() + "' " + arguments;
+        return testing::runProgram("/bin/sh", {"-c", line}, {{"HOME", "/nonexistent"}});
+    }
+    /// With this test's home and application, whose path is written as HOME in what comes back.
+    testing::ProgramRun connect(const std::string& arguments) const {
+        testing::ProgramRun run =
+            start(WENDLOW_CONNECT_PROGRAM, "--home . --bundle Wendlow.app " + arguments);
+        run.out = std::regex_replace(run.out, std::regex(m_home.path().string()), "HOME");
+        run.out = std::regex_replace(run.out, std::regex("backup-[0-9]{8}-[0-9]{6}"), "backup");
+        return run;
+    }
+
+    fs::path bundle() const { return m_home / "Wendlow.app"; }
+    fs::path file(const std::string& name) const { return m_home / name; }
+    testing::TemporaryHome m_home;
+};
+
+TEST_F(Connect, tellsPeopleInLines) {
+    EXPECT_EQ(connect("scan").out, "Claude Code: notFound\n"
+                                   "  HOME/.claude: there is no directory here\n"
+                                   "  HOME/.claude.json: there is no file here\n");
+    const auto refused = connect("install claude-code");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.out, "Claude Code: refused\n  HOME/.claude: there is no Claude Code "
+                           "configuration here, so nothing was written\n");
+    EXPECT_EQ(connect("converge").out, "nothing needed repair\n");
+    EXPECT_EQ(connect("stale").out,
+              "Claude Code\n  there is no stale wiring of this installation\n");
+    EXPECT_EQ(connect("memory").out, "Claude Code\n  no memory files found\n");
+    EXPECT_EQ(connect("projects").out,
+              "Claude Code\n  HOME/.claude/projects: no session store found\n");
+}
+
+TEST_F(Connect, connectsAndDisconnects) {
+    const std::string settings = "{\r\n  \"model\": \"opus\"\r\n}";
+    const std::string servers = R"({"numStartups":7,"mcpServers":{"files":{}}})";
+    put(file(".claude/settings.json"), settings);
+    put(file(".claude.json"), servers);
+
+    const auto installed = connect("install --json");
+    EXPECT_EQ(installed.status, 0);
+    EXPECT_EQ(installed.out, R"([
+  {
+    "id": "claude-code",
+    "name": "Claude Code",
+    "result": "changed",
+    "observations": [
+      {
+        "subject": "HOME/.claude/settings.json.wendlow-backup",
+        "text": "a copy of the file was made here first"
+      },
+      {
+        "subject": "HOME/.claude.json.wendlow-backup",
+        "text": "a copy of the file was made here first"
+      },
+      {
+        "subject": "HOME/.claude/settings.json",
+        "text": "the Wendlow entry was written to this file"
+      },
+      {
+        "subject": "HOME/.claude.json",
+        "text": "the Wendlow entry was written to this file"
+      }
+    ],
+    "backups": [
+      "HOME/.claude/settings.json.wendlow-backup",
+      "HOME/.claude.json.wendlow-backup"
+    ]
+  }
+]
+)");
+    EXPECT_EQ(connect("scan --json").out, R"([
+  {
+    "id": "claude-code",
+    "name": "Claude Code",
+    "detail": "The Claude Code CLI and Claude Code in the desktop app.",
+    "symbol": "terminal",
+    "state": "connected",
+    "observations": [
+      {
+        "subject": "HOME/.claude/settings.json",
+        "text": "the Wendlow hook entry here runs HOME/Wendlow.app/Contents/MacOS/wendlow-hook --harness claude-code"
+      },
+      {
+        "subject": "HOME/.claude.json",
+        "text": "the Wendlow MCP server entry here runs HOME/Wendlow.app/Contents/MacOS/wendlow-mcp"
+      }
+    ]
+  }
+]
+)");
+    EXPECT_THAT(connect("install").out, HasSubstr("Claude Code: unchanged\n"));
+
+    std::string spelled = get(file(".claude/settings.json")).value();
+    spelled.replace(spelled.find("--slot rules"), 12, "--slot=rules");
+    put(file(".claude/settings.json"), spelled);
+    EXPECT_EQ(connect("stale --json").out,
+              "[\n  {\n    \"id\": \"claude-code\",\n    \"stale\": true\n  }\n]\n");
+    EXPECT_THAT(
+        connect("converge --profile dev --claude-running yes --json").out,
+        HasSubstr("[\n  {\n    \"name\": \"Claude Code\",\n    \"result\": \"changed\",\n"));
+
+    EXPECT_EQ(connect("remove").status, 0);
+    EXPECT_EQ(get(file(".claude/settings.json")), settings);
+    EXPECT_EQ(get(file(".claude.json")), servers);
+}
+
+TEST_F(Connect, listsProjectsAndMemoryFiles) {
+    put(file(".claude/projects/-nowhere-\xFF/memory/MEMORY.md"), "12345");
+    put(file(".claude/CLAUDE.md"), "123");
+    std::string projects = connect("projects --json").out;
+    projects = std::regex_replace(projects, std::regex("[0-9]{10,}"), "DATE");
+    EXPECT_EQ(projects, R"([
+  {
+    "id": "claude-code",
+    "source": "HOME/.claude/projects",
+    "projects": [
+      {
+        "path": "/nowhere/�)"
+                        " (decoded path not verified on disk)"
+                        R"(",
+        "lastActivity": DATE,
+        "memory": {
+          "path": "HOME/.claude/projects/-nowhere-�/memory/MEMORY.md",
+          "bytes": 5,
+          "modified": DATE
+        }
+      }
+    ]
+  }
+]
+)");
+    EXPECT_THAT(connect("memory --json").out, HasSubstr(R"(    "files": [
+      {
+        "path": "HOME/.claude/CLAUDE.md",
+        "bytes": 3,
+        "modified": )"));
+}
+
+TEST_F(Connect, refusesWrongUsage) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "no verb was given; the verbs are scan, install, remove, projects, memory, stale, "
+             "converge"},
+        {"scn", "there is no verb scn; the verbs are scan, install, remove, projects, memory, "
+                "stale, converge"},
+        {"install claude-code nothing", "there is no tool nothing"},
+        {"scan --jsn", "there is no option --jsn"},
+        {"scan --applications", "--applications needs a value"},
+        {"--applications --json scan", "--applications needs a value"},
+        {"converge --profile test", "--profile cannot be test"},
+        {"converge --claude-running maybe", "--claude-running cannot be maybe"},
+        {"scan --profile dev", "--profile goes with converge alone"},
+    };
+    for (const auto& [arguments, complaint] : cases) {
+        const auto run = connect(arguments);
+        EXPECT_EQ(run.status, 2) << arguments;
+        EXPECT_EQ(run.out, "") << arguments;
+        EXPECT_EQ(run.err, "wendlow-connect: " + std::string(complaint) + "\n" + usage);
+    }
+    const auto help = connect("scan --help");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_THAT(help.out, ::testing::StartsWith(usage));
+}
+
+TEST_F(Connect, findsTheApplicationThatItLiesIn) {
+    const fs::path inside = bundle() / "Contents/MacOS/wendlow-connect";
+    fs::copy_file(WENDLOW_CONNECT_PROGRAM, inside);
+    put(file(".claude.json"), "{}");
+    EXPECT_EQ(start(inside, "--home . install").status, 0);
+    EXPECT_THAT(get(file(".claude.json")).value(),
+                HasSubstr(bundle().string() + "/Contents/MacOS/wendlow-mcp\""));
+    fs::copy_file(WENDLOW_CONNECT_PROGRAM, file("wendlow-connect"));
+    const auto outside = start(file("wendlow-connect"), "scan --home .");
+    EXPECT_EQ(outside.status, 2);
+    EXPECT_EQ(outside.err, "wendlow-connect: this program does not lie in an application, so "
+                           "--bundle is needed\n" +
+                               std::string(usage));
+    // A pipe that nobody reads, a full disk: said, and nothing is thrown.
+    EXPECT_EQ(start(inside, "--help >/dev/full").status, 1);
+}
+
+} // namespace
+} // namespace wendlow

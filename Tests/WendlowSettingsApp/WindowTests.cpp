@@ -1,0 +1,129 @@
+#include "JourneyPresenter.h"
+#include "WindowPlacing.h"
+#include "WindowPresenter.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using ::testing::ElementsAre;
+using WindowDoor::Front;
+
+TEST(WindowPlacing, StepsAsideFiveTimesAtMost) {
+    using WindowPlacing::cascaded;
+    const QPoint home(100, 50);
+    std::vector<QPoint> taken;
+    EXPECT_EQ(cascaded(home, taken), home);
+    for (int step = 0; step < 4; ++step)
+        taken.push_back(home + step * QPoint(24, 24));
+    EXPECT_EQ(cascaded(home, taken), QPoint(196, 146));
+    taken.push_back({196, 146});
+    taken.push_back({220, 170}); // the place of the fifth step is taken too
+    EXPECT_EQ(cascaded(home, taken), QPoint(220, 170));
+    EXPECT_EQ(WindowPlacing::centred({200, 100}, {0, 0, 1000, 500}), QPoint(400, 200));
+    EXPECT_EQ(WindowPlacing::centred({1200, 900}, {10, 20, 800, 600}), QPoint(10, 20));
+}
+
+struct Windows {
+    int made = 0;
+    int renewed = 0;
+    std::vector<std::string> posted;
+    WindowPresenter presenter{[this](WindowKind) {
+        ++made;
+        return std::make_unique<QWindow>();
+    }};
+    JourneyPresenter journey{
+        presenter, [this](QWindow&) { ++renewed; },
+        [this](const DistributedNotification& notification,
+               DistributedNotificationCenter::Delivery delivery) {
+            EXPECT_EQ(notification.name, "works.fenmoor.wendlow.journey-visible");
+            EXPECT_EQ(notification.userInfo, std::nullopt);
+            EXPECT_EQ(delivery, DistributedNotificationCenter::Delivery::immediately);
+            posted.push_back(notification.object.value());
+        }};
+};
+
+TEST(WindowPresenter, GivesEachKindItsTitleSizeAndStyle) {
+    struct Case {
+        WindowKind kind;
+        const char* title;
+        QSize size;
+        bool resizable;
+        bool editorSide;
+    };
+    Windows windows;
+    for (const Case& each :
+         {Case{WindowKind::settings, "Wendlow", {980, 860}, true, false},
+          Case{WindowKind::stats, "Stats", {800, 780}, true, false},
+          Case{WindowKind::editor, "Memories", {980, 860}, true, true},
+          Case{WindowKind::onboarding, "Welcome to Wendlow", {800, 620}, false, false},
+          Case{WindowKind::workbench, "Workbench", {1200, 680}, true, true},
+          Case{WindowKind::controlsBench, "Controls Bench", {780, 900}, true, true},
+          Case{WindowKind::filtersBench, "Filters Bench", {820, 940}, true, true},
+          Case{WindowKind::searchBench, "Search Bench", {1080, 900}, true, true},
+          Case{WindowKind::rowsBench, "Rows Bench", {980, 940}, true, true}}) {
+        const QWindow& window = windows.presenter.present(each.kind);
+        EXPECT_EQ(window.title(), QString::fromLatin1(each.title));
+        EXPECT_EQ(window.size(), each.size) << each.title;
+        EXPECT_EQ(window.maximumSize() != each.size, each.resizable) << each.title;
+        EXPECT_EQ(window.flags().testFlag(Qt::WindowMaximizeButtonHint), each.resizable);
+        EXPECT_TRUE(window.flags().testFlag(Qt::WindowMinimizeButtonHint)) << each.title;
+        EXPECT_EQ(WindowDescriptions::isEditorSide(&window), each.editorSide) << each.title;
+    }
+}
+
+TEST(WindowPresenter, BringsBackTheOneWindowOfAKindAsItWas) {
+    Windows windows;
+    QWindow& first = windows.presenter.present(WindowKind::settings);
+    first.setGeometry(3, 4, 700, 600);
+    QCoreApplication::processEvents();
+    first.close();
+    EXPECT_FALSE(first.isVisible());
+    QWindow& again = windows.presenter.present(WindowKind::settings);
+    EXPECT_EQ(&again, &first);
+    EXPECT_TRUE(again.isVisible());
+    EXPECT_EQ(again.geometry(), QRect(3, 4, 700, 600));
+    again.showMinimized();
+    windows.presenter.present(WindowKind::settings);
+    EXPECT_FALSE(again.windowStates().testFlag(Qt::WindowMinimized));
+    EXPECT_EQ(windows.made, 1);
+}
+
+TEST(WindowPresenter, OpensTheEditorBesideAWindowThatStandsOnItsPlace) {
+    Windows windows;
+    const QWindow& settings = windows.presenter.present(WindowKind::settings);
+    const QWindow& editor = windows.presenter.present(WindowKind::editor);
+    EXPECT_EQ(editor.framePosition(), settings.framePosition() + QPoint(24, 24));
+}
+
+TEST(JourneyPresenter, StartsAnewInTheSameWindowAndTellsTheOthers) {
+    Windows windows;
+    windows.journey.present(Front::leave);
+    QWindow& window = *windows.presenter.window(WindowKind::onboarding);
+    EXPECT_THAT(windows.posted, ElementsAre("1"));
+
+    window.showMinimized();
+    windows.journey.present(Front::leave);
+    EXPECT_TRUE(window.windowStates().testFlag(Qt::WindowMinimized)) << "it stole the focus";
+    windows.journey.present(Front::bring);
+    EXPECT_FALSE(window.windowStates().testFlag(Qt::WindowMinimized));
+    EXPECT_THAT(windows.posted, ElementsAre("1"));
+    EXPECT_EQ(windows.renewed, 0);
+
+    for (int time = 1; time <= 2; ++time) {
+        windows.posted.clear();
+        window.close();
+        windows.journey.present(Front::leave);
+        EXPECT_THAT(windows.posted, ElementsAre("0", "1")) << "time " << time;
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(windows.renewed, time);
+    }
+    EXPECT_EQ(windows.made, 1);
+}
+
+} // namespace
+} // namespace wendlow
