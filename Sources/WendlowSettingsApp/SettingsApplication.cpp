@@ -1,6 +1,7 @@
 #include "SettingsApplication.h"
 
 #include "ClientInstance.h"
+#include "ClientVersion.h"
 #include "HomeFolder.h"
 #include "InstalledBundle.h"
 #include "ToolTiles.h"
@@ -154,7 +155,7 @@ void SettingsApplication::syncMainWindow() {
 
 void SettingsApplication::showAbout() {
     if (!m_about)
-        m_about = m_factory.makeAbout(QStringLiteral(WENDLOW_VERSION));
+        m_about = m_factory.makeAbout(QString::fromStdString(ClientVersion::current()));
     // A panel of another window neither keeps the application running nor takes its menus.
     if (QWindow* const owner = mainWindow(); owner != m_about.get())
         m_about->setTransientParent(owner);

@@ -25,9 +25,27 @@ void runEventLoopUntil(const std::function<bool()>& done, std::chrono::milliseco
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
 }
 
-/// "Local AI Classifier" as a part of a file name: "local-ai-classifier".
-QString fileName(const QString& title) {
-    return title.toLower().replace(u' ', u'-');
+QString fileName(Pane pane) {
+    switch (pane) {
+    case Pane::privacy:
+        return QStringLiteral("general");
+    case Pane::recording:
+        return QStringLiteral("recording");
+    case Pane::connected:
+        return QStringLiteral("connected");
+    case Pane::classifier:
+        return QStringLiteral("classifier");
+    case Pane::recovery:
+        return QStringLiteral("recovery");
+    }
+    return {};
+}
+
+/// "Filters Bench" as a part of a file name: "filters-bench".
+QString fileName(const WindowDescription& description) {
+    if (description.kind == WindowKind::onboarding)
+        return QStringLiteral("journey");
+    return QString::fromUtf8(description.title).toLower().replace(u' ', u'-');
 }
 
 } // namespace
@@ -62,7 +80,7 @@ void Snapshots::takeInLooks() {
         if (description.kind == WindowKind::settings ||
             (description.alwaysDark && m_looks == QStringLiteral("light")))
             continue;
-        save(shown(description.kind), fileName(QString::fromUtf8(description.title)));
+        save(shown(description.kind), fileName(description));
     }
     m_application.showAbout();
     for (QWindow* const window : QGuiApplication::topLevelWindows()) {
@@ -78,7 +96,7 @@ void Snapshots::takeSettings() {
     for (const Pane pane : Panes::all) {
         const QString title = QString::fromUtf8(Panes::title(pane).data());
         root.select(title);
-        save(window, QStringLiteral("settings-") + fileName(title));
+        save(window, QStringLiteral("settings-") + fileName(pane));
         if (pane == Pane::connected)
             takeConnectedApps(window);
     }
@@ -91,7 +109,7 @@ void Snapshots::takeConnectedApps(QQuickWindow& window) {
     for (const ConnectedAppRow& row : rows) {
         const QString id = QString::fromStdString(row.app.id);
         model.setOpen(id, true);
-        save(window, QStringLiteral("settings-connected-apps-") + id);
+        save(window, QStringLiteral("settings-connected-") + id);
         model.setOpen(id, row.open);
     }
 }

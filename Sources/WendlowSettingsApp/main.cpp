@@ -1,6 +1,9 @@
+#include "Appearance.h"
 #include "FirstFrame.h"
 #include "SettingsApplication.h"
+#include "SetupLog.h"
 #include "Snapshots.h"
+#include "SystemLooks.h"
 #include "TerminationSignals.h"
 
 #include <QGuiApplication>
@@ -60,9 +63,14 @@ int main(int argc, char** argv) {
 
     const TerminationSignals signals;
     DistributedNotificationCenter notifications(QDBusConnection::sessionBus());
-    SettingsApplication application({.followLooks = [](ThemeSource&, WindowFactory::Darkness) {},
-                                     .notifications = notifications,
-                                     .setupLog = [](const std::string&) {}});
+    const Appearance appearance(QDBusConnection::sessionBus());
+    SettingsApplication application(
+        {.followLooks =
+             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 SystemLooks::follow(appearance, looks, darkness);
+             },
+         .notifications = notifications,
+         .setupLog = [](const std::string& line) { SetupLog::line(line); }});
     application.show(options->pane, WindowDoor::Front::leave);
     if (options->firstFrame)
         FirstFrame::reportAndQuit(*application.window(WindowDescriptions::kindOf(options->pane)));

@@ -69,6 +69,7 @@ Item {
             tryVerify(() => bench.verbs.length === 1);
             compare(bench.verbs, ["install"]);
             tryVerify(() => bench.spoken(toggle).checked, 5000, "the very switch, not one made anew");
+            here("Connected Apps", "SidebarItem_").forceActiveFocus();
             toggle.forceActiveFocus(Qt.TabFocusReason);
             keyClick(Qt.Key_Space);
             tryVerify(() => bench.verbs.length === 2);
