@@ -2,7 +2,12 @@
 #include "SettingsDelegate.h"
 #include "WorldMenu.h"
 
+#include <QClipboard>
 #include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
@@ -119,6 +124,59 @@ TEST(MainMenu, ItsKeysWorkInEveryWindowWhileTheMenuIsThere) {
     shell.titlesWith(&shell.settings);
     QTest::keyClick(&shell.settings, Qt::Key_3, Qt::ControlModifier);
     EXPECT_EQ(shell.worlds->world(), EditorWorlds::World::someData);
+}
+
+/// A text field and a menu line of Qt Quick, either of which may have the focus.
+constexpr const char* textAndMenu = R"(
+    import QtQuick
+    Window {
+        visible: true
+        width: 200; height: 100
+        TextInput { objectName: "text"; focus: true; text: "one two" }
+        TextEdit { objectName: "fixed"; text: "fixed"; readOnly: true }
+        Item { objectName: "menu"; Accessible.role: Accessible.MenuItem }
+        Item { objectName: "other" }
+    })";
+
+TEST(EditActions, ActOnTheTextThatAPersonIsInAlsoWhileAMenuHasTheFocus) {
+    EditActions actions;
+    MainMenu menu;
+    menu.insert(0, {.id = QStringLiteral("edit"), .title = {}, .lines = actions.lines()});
+    const auto can = [&menu] { return linesWith(menu, "edit", "enabled").join(u'|'); };
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData(textAndMenu, {});
+    const std::unique_ptr<QObject> made(component.create());
+    auto* const window = qobject_cast<QQuickWindow*>(made.get());
+    ASSERT_NE(window, nullptr) << component.errorString().toStdString();
+    window->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    const auto focus = [window](const char* name) {
+        auto* const item = window->findChild<QQuickItem*>(QLatin1String(name));
+        item->forceActiveFocus();
+        return item;
+    };
+    const auto trigger = [&menu](const char* line) {
+        menu.trigger(QStringLiteral("edit"), QLatin1String(line));
+    };
+    QGuiApplication::clipboard()->clear();
+    QQuickItem* const text = focus("text");
+    // The empty titles are the separators, which are never disabled.
+    EXPECT_EQ(can(), QStringLiteral("|Select All"));
+    focus("menu");
+    trigger("selectAll");
+    EXPECT_EQ(can(), QStringLiteral("|Cut|Copy|Select All"));
+    trigger("cut");
+    EXPECT_EQ(text->property("text").toString(), QString());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("one two"));
+    trigger("undo");
+    EXPECT_EQ(text->property("text").toString(), QStringLiteral("one two"));
+    focus("fixed");
+    trigger("selectAll");
+    EXPECT_EQ(can(), QStringLiteral("|Copy|Select All"));
+    focus("other");
+    EXPECT_EQ(can(), QString());
+    trigger("selectAll");
 }
 
 /// The door, with what it made happen.
