@@ -58,7 +58,11 @@ Item {
             keyClick(Qt.Key_Home);
             compare(bench.root.selection, "General");
             here("General", "Label_");
+            bench.root.select("Recovery");
+            verify(here("Recovery", "SidebarItem_").activeFocus);
+            verify(!here("Recovery", "SidebarItem_").ringed, "no key brought the focus here");
             mouseClick(here("Connected Apps", "SidebarItem_"));
+            verify(!here("Connected Apps", "SidebarItem_").ringed);
             here("Give your AI superpowers", "Label_");
         }
 
