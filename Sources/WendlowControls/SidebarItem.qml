@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 import WendlowControls
 
 // One place of a sidebar: its icon on a tile, its title; the open one is marked.
-T.AbstractButton {
+// A tab by its template: Qt 6.4 tells a screen reader the template's role and no other.
+T.TabButton {
     id: control
 
     required property string iconName
@@ -16,8 +17,9 @@ T.AbstractButton {
     implicitHeight: 36
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
+    checkable: false
+    autoExclusive: false
 
-    Accessible.role: Accessible.PageTab
     Accessible.name: control.text
     Accessible.selectable: true
     Accessible.selected: control.here

@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 
 // On or off, as its owner says: a press asks for the other state and changes nothing by itself, so that
-// the switch never shows what is not so.
-T.AbstractButton {
+// the switch never shows what is not so. A check box to a screen reader; Qt 6.4 has no switch for one.
+T.CheckBox {
     id: toggle
 
     required property bool on
@@ -20,13 +20,12 @@ T.AbstractButton {
     implicitHeight: 20
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
+    checkState: toggle.on ? Qt.Checked : Qt.Unchecked
+    nextCheckState: () => toggle.checkState
 
-    Accessible.role: Accessible.CheckBox
     Accessible.name: toggle.text
     // Qt 6.4 tells a screen reader nothing of what is disabled, so the words do.
     Accessible.description: toggle.enabled ? toggle.description : qsTr("Working…")
-    Accessible.checkable: true
-    Accessible.checked: toggle.on
     Accessible.onPressAction: if (toggle.enabled)
         toggle.clicked()
     Accessible.onToggleAction: if (toggle.enabled)
@@ -40,6 +39,7 @@ T.AbstractButton {
         toggle.focusReason = Qt.TabFocusReason
 
     contentItem: Item {}
+    indicator: null
 
     background: SwitchFace {
         on: toggle.on

@@ -1,18 +1,12 @@
 #include "Support/ClaudeCodeHome.h"
 #include "Support/Desktop.h"
 
-#include <QFileInfo>
-
 #include <gtest/gtest.h>
 
 namespace wendlow::testing {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-QString path(const TemporaryHome& home, const char* name) {
-    return QString::fromStdString((home / name).string());
-}
 
 class ConnectedApps : public ::testing::Test {
 protected:
@@ -22,9 +16,9 @@ protected:
     }
 
     std::string settings() const {
-        return ClaudeCodeHome::read(desktop.home() / ".claude/settings.json");
+        return get(desktop.home() / ".claude/settings.json").value_or("");
     }
-    std::string servers() const { return ClaudeCodeHome::read(desktop.home() / ".claude.json"); }
+    std::string servers() const { return get(desktop.home() / ".claude.json").value_or(""); }
     bool hasReceipt() const { return std::filesystem::exists(receipt()); }
     std::filesystem::path receipt() const {
         return desktop.home() / "Library/Application Support/Wendlow/Connectors/claude-code.json";
@@ -84,15 +78,15 @@ TEST_F(ConnectedApps, TheSwitchConnectsAndGivesTheBytesBack) {
     ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
     EXPECT_EQ(settings(), connectedSettings());
     EXPECT_EQ(servers(), connectedServers());
-    EXPECT_EQ(ClaudeCodeHome::read(receipt()), "{\n"
-                                               "  \"adopted\": [],\n"
-                                               "  \"created\": [\n"
-                                               "    \"hookGroup\",\n"
-                                               "    \"preToolEventArray\",\n"
-                                               "    \"preToolGroup\"\n"
-                                               "  ],\n"
-                                               "  \"trustSlots\": []\n"
-                                               "}");
+    EXPECT_EQ(get(receipt()), "{\n"
+                              "  \"adopted\": [],\n"
+                              "  \"created\": [\n"
+                              "    \"hookGroup\",\n"
+                              "    \"preToolEventArray\",\n"
+                              "    \"preToolGroup\"\n"
+                              "  ],\n"
+                              "  \"trustSlots\": []\n"
+                              "}");
     for (const auto& sentence :
          {u"a copy of the file was made here first"_s,
           u"the Wendlow entry was written to this file"_s,
@@ -130,7 +124,7 @@ TEST_F(ConnectedApps, TheKeyboardAloneIsEnough) {
 
 TEST_F(ConnectedApps, AFileThatDoesNotReadSaysSoByItselfAndStaysAsItWas) {
     const std::string broken(ClaudeCodeHome::servers.substr(0, 90));
-    ClaudeCodeHome::write(desktop.home() / ".claude.json", broken);
+    put(desktop.home() / ".claude.json", broken);
     RunningApplication application(desktop, {u"--window=settings"_s});
     const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
     ASSERT_TRUE(toggle) << application.errors().toStdString();

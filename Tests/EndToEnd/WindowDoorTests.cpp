@@ -1,4 +1,4 @@
-#include "Support/ClaudeCodeHome.h"
+#include "Files.h"
 #include "Support/Desktop.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ protected:
                     QStringList{u"works.fenmoor.wendlow.open-window"_s} + arguments);
     }
     std::string journal() const {
-        return ClaudeCodeHome::read(desktop.home() / "Library/Logs/wendlow-journey.log");
+        return get(desktop.home() / "Library/Logs/wendlow-journey.log").value_or("");
     }
 
     Desktop desktop;
@@ -32,15 +32,15 @@ TEST_F(Door, ASecondProcessBringsUpEachPane) {
     for (const auto& [pane, title] :
          {std::pair(u"settings"_s, u"Wendlow"_s), std::pair(u"editor"_s, u"Memories"_s),
           std::pair(u"onboarding"_s, u"Welcome to Wendlow"_s), std::pair(u"stats"_s, u"Stats"_s)}) {
-        post({pane});
+        post({u"--object"_s, pane});
         EXPECT_TRUE(application.window(title)) << pane.toStdString();
         EXPECT_TRUE(eventually([&] {
             return journal().find("door: menu asked for " + pane.toStdString() + "\n") !=
                    std::string::npos;
         }));
     }
-    post({u"stats "_s});
-    post({u"onboarding"_s, u"front=1"_s});
+    post({u"--object"_s, u"stats "_s});
+    post({u"--object"_s, u"onboarding"_s, u"--info"_s, u"front=1"_s});
     EXPECT_TRUE(eventually([&] {
         return journal().find("door: menu asked for onboarding (front)\n") != std::string::npos;
     }));
@@ -53,14 +53,14 @@ TEST_F(Door, TheWorldMenuComesWithTheEditorAndGoesWithIt) {
     ASSERT_TRUE(application.window(u"Memories"_s)) << application.errors().toStdString();
     EXPECT_TRUE(application.find(u"menu item"_s, u"World"_s));
 
-    post({u"settings"_s});
+    post({u"--object"_s, u"settings"_s});
     const auto settings = application.window(u"Wendlow"_s);
     ASSERT_TRUE(settings);
     EXPECT_TRUE(eventually([&] {
         return settings->all([](const Accessible& thing) { return thing.name() == u"World"_s; })
             .empty();
     }));
-    post({u"editor"_s});
+    post({u"--object"_s, u"editor"_s});
     EXPECT_TRUE(eventually([&] {
         const auto editor = application.window(u"Memories"_s);
         return editor &&

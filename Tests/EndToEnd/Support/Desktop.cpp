@@ -62,11 +62,18 @@ Desktop::Desktop() {
     m_windowManager.start(QStringLiteral("openbox"), QStringList());
     if (!m_windowManager.waitForStarted(patience))
         return;
-    m_accessibility = accessibilityBus(busAddress());
+    // The test's bus starts no service by itself, so that none of the real session is ever reached.
+    m_accessibilityLauncher.setProcessEnvironment(m_environment);
+    m_accessibilityLauncher.start(QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
+                                  {QStringLiteral("--launch-immediately")});
+    eventually([&] {
+        m_accessibility = accessibilityBus(busAddress());
+        return m_accessibility.has_value();
+    });
 }
 
 Desktop::~Desktop() {
-    for (QProcess* process : {&m_windowManager, &m_screen}) {
+    for (QProcess* process : {&m_accessibilityLauncher, &m_windowManager, &m_screen}) {
         process->terminate();
         if (!process->waitForFinished(2000)) {
             process->kill();

@@ -44,6 +44,7 @@ private:
     QProcessEnvironment m_environment;
     QProcess m_screen;
     QProcess m_windowManager;
+    QProcess m_accessibilityLauncher;
     std::optional<QDBusConnection> m_accessibility;
 };
 
