@@ -128,7 +128,7 @@ TEST_F(ConnectedApps, AFileThatDoesNotReadSaysSoByItselfAndStaysAsItWas) {
     RunningApplication application(desktop, {u"--window=settings"_s});
     const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
     ASSERT_TRUE(toggle) << application.errors().toStdString();
-    const auto cause = u"the document ended inside a string (at byte 81)"_s;
+    const auto cause = u"a member name was expected (at byte 90)"_s;
     EXPECT_TRUE(application.findNamed(u"this file did not read as JSON — "_s + cause));
 
     desktop.click(toggle->extents().center());
