@@ -35,7 +35,7 @@ QList<int> changedRoles(const ConnectedAppRow& before, const ConnectedAppRow& af
 
 } // namespace
 
-ConnectedAppsList::ConnectedAppsList(std::filesystem::path home, QObject* parent)
+ConnectedAppsList::ConnectedAppsList(const std::filesystem::path& home, QObject* parent)
     : QAbstractListModel(parent), m_home(home.string()) {}
 
 void ConnectedAppsList::show(const std::vector<ConnectedAppRow>& rows) {

@@ -37,7 +37,7 @@ public:
     };
 
     /// `home` is what a shown subject abbreviates to "~"; empty for none.
-    explicit ConnectedAppsList(std::filesystem::path home, QObject* parent = nullptr);
+    explicit ConnectedAppsList(const std::filesystem::path& home, QObject* parent = nullptr);
 
     /// Makes the list show `rows`, whose ids are all different.
     void show(const std::vector<ConnectedAppRow>& rows);

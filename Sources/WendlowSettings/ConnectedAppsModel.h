@@ -49,9 +49,9 @@ class ConnectedAppsModel final : public QObject {
 public:
     /// What the model asks of the world around it; what is left out has the meaning told here.
     struct Surroundings {
-        std::function<void(const QString&)> copy;             ///< left out: `copyToPasteboard`
-        std::function<bool(const std::string&)> imageLoads{}; ///< left out: no brand image does
-        std::filesystem::path home{}; ///< shown as "~" in paths; left out: nothing is
+        std::function<void(const QString&)> copy;           ///< left out: `copyToPasteboard`
+        std::function<bool(const std::string&)> imageLoads; ///< left out: no brand image does
+        std::filesystem::path home; ///< shown as "~" in paths; left out: nothing is
     };
 
     /// What a verb reported, kept beside its row until the app's state has moved on.

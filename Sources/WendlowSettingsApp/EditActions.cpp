@@ -46,10 +46,11 @@ std::vector<MenuLine> EditActions::lines() {
             line("selectAll", "Select All", QKeySequence(Qt::CTRL | Qt::Key_A), Need::text)};
 }
 
-MenuLine EditActions::line(const char* verb, const char* title, QKeySequence keys, Need need) {
+MenuLine EditActions::line(const char* verb, const char* title, const QKeySequence& keys,
+                           Need need) {
     return {.id = QString::fromLatin1(verb),
             .title = QString::fromLatin1(title),
-            .keys = std::move(keys),
+            .keys = keys,
             .act = [this, verb] { QMetaObject::invokeMethod(m_text, verb); },
             .enabled = [this, need] { return can(need); }};
 }

@@ -20,6 +20,7 @@ void JourneyPresenter::present(WindowDoor::Front front) {
         tellVisible(true);
         break;
     case WindowDoor::JourneyDoorAction::refresh:
+        Q_ASSERT(window);
         m_renew(*window);
         m_windows.present(WindowKind::onboarding);
         tellVisible(true);

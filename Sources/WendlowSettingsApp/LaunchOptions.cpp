@@ -1,6 +1,7 @@
 #include "LaunchOptions.h"
 
 #include <charconv>
+#include <memory>
 
 namespace wendlow {
 
@@ -9,8 +10,9 @@ namespace {
 /// "1280x800"; nothing for another form or a size that no picture has.
 std::optional<PixelSize> pixelSize(std::string_view text) {
     PixelSize size;
-    const char* const end = text.data() + text.size();
-    const auto width = std::from_chars(text.data(), end, size.width);
+    const char* const begin = std::to_address(text.begin());
+    const char* const end = std::to_address(text.end());
+    const auto width = std::from_chars(begin, end, size.width);
     if (width.ec != std::errc() || width.ptr == end || *width.ptr != 'x')
         return std::nullopt;
     const auto height = std::from_chars(width.ptr + 1, end, size.height);

@@ -15,12 +15,12 @@ namespace wendlow {
 
 /// One line of a menu. An empty title is a separator.
 struct MenuLine {
-    QString id{}; ///< the name of its action
-    QString title{};
-    QKeySequence keys{};
-    std::function<void()> act{};
-    std::function<bool()> enabled{}; ///< left out: always
-    std::function<bool()> checked{}; ///< left out: the line has no tick
+    QString id; ///< the name of its action
+    QString title;
+    QKeySequence keys;
+    std::function<void()> act;
+    std::function<bool()> enabled = nullptr; ///< left out: always
+    std::function<bool()> checked = nullptr; ///< left out: the line has no tick
 };
 
 struct MenuDescription {

@@ -28,9 +28,10 @@ QWindow* mainWindow() {
 std::unique_ptr<SettingsRoot> makeSettings() {
     return std::make_unique<SettingsRoot>(ConnectedAppsModel::forThisMac(
         homeFolder(), InstalledBundle::current(), "/Applications",
-        {.copy = &ConnectedAppsModel::copyToPasteboard, .imageLoads = [](const std::string& asset) {
-             return ToolTiles::has(QString::fromStdString(asset));
-         }}));
+        {.copy = &ConnectedAppsModel::copyToPasteboard,
+         .imageLoads =
+             [](const std::string& asset) { return ToolTiles::has(QString::fromStdString(asset)); },
+         .home = {}}));
 }
 
 QKeySequence control(Qt::Key key) {
@@ -79,11 +80,12 @@ SettingsApplication::~SettingsApplication() {
 }
 
 void SettingsApplication::buildMainMenu() {
-    const QString product = QString::fromUtf8(ClientInstance::productName.data());
+    const QString product = QString::fromUtf8(ClientInstance::productName);
     m_mainMenu.insert(0, {.id = QStringLiteral("application"),
                           .title = product,
                           .lines = {{.id = QStringLiteral("about"),
                                      .title = QStringLiteral("About ") + product,
+                                     .keys = {},
                                      .act = [this] { showAbout(); }},
                                     {},
                                     {.id = QStringLiteral("terminate"),

@@ -4,6 +4,7 @@
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QImage>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
 
@@ -39,6 +40,17 @@ QString fileName(Pane pane) {
         return QStringLiteral("recovery");
     }
     return {};
+}
+
+/// Takes the focus from everything in the window, so that no ring is drawn around it.
+void takeFocusAway(const QQuickWindow& window) {
+    // One scope after the other, from the inside; each has the focus when what was in it lost it.
+    for (QQuickItem* focused = window.activeFocusItem();
+         focused && focused != window.contentItem();) {
+        focused->setFocus(false);
+        QQuickItem* const next = window.activeFocusItem();
+        focused = next == focused ? nullptr : next;
+    }
 }
 
 /// "Filters Bench" as a part of a file name: "filters-bench".
@@ -94,7 +106,7 @@ void Snapshots::takeSettings() {
     SettingsRoot& root = m_application.settings();
     const QString first = root.selectionTitle();
     for (const Pane pane : Panes::all) {
-        const QString title = QString::fromUtf8(Panes::title(pane).data());
+        const QString title = QString::fromUtf8(Panes::title(pane));
         root.select(title);
         save(window, QStringLiteral("settings-") + fileName(pane));
         if (pane == Pane::connected)
@@ -118,7 +130,9 @@ QQuickWindow& Snapshots::shown(WindowKind kind) {
     QWindow& window = m_application.present(kind);
     if (m_size && WindowDescriptions::of(kind).styles.testFlag(WindowStyle::resizable))
         window.resize(m_size->width, m_size->height);
-    return static_cast<QQuickWindow&>(window);
+    auto& quick = static_cast<QQuickWindow&>(window);
+    takeFocusAway(quick);
+    return quick;
 }
 
 void Snapshots::save(QWindow& window, const QString& name) {

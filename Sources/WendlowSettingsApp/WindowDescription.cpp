@@ -41,7 +41,7 @@ std::span<const WindowDescription> all() {
     using Kind = WindowKind;
     constexpr WindowSide editor = WindowSide::editor;
     static const std::array<WindowDescription, 9> table = {{
-        {Kind::settings, ClientInstance::productName.data(), {980, 860}, fullSize},
+        {Kind::settings, ClientInstance::productName, {980, 860}, fullSize},
         {Kind::stats, "Stats", {800, 780}, fullSize},
         {Kind::editor, "Memories", {980, 860}, fullSize, editor, WindowPlace::centredThenCascaded},
         {Kind::onboarding,

@@ -4,9 +4,9 @@
 
 #include <QFlags>
 #include <QSize>
-#include <QString>
 
 #include <span>
+#include <string_view>
 
 class QWindow;
 
@@ -43,7 +43,7 @@ enum class WindowPlace { centred, centredThenCascaded };
 
 struct WindowDescription {
     WindowKind kind;
-    const char* title;
+    std::string_view title;
     QSize size; ///< in device-independent pixels
     WindowStyles styles;
     WindowSide side = WindowSide::plain;

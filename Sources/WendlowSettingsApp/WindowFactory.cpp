@@ -54,7 +54,7 @@ void WindowFactory::renew(QWindow& window, WindowKind kind) {
 std::unique_ptr<QWindow> WindowFactory::makeAbout(const QString& version) {
     return createWindow(
         mainEngine(), QStringLiteral("WendlowSettingsApp/AboutWindow.qml"),
-        {{QStringLiteral("productName"), QString::fromUtf8(ClientInstance::productName.data())},
+        {{QStringLiteral("productName"), QString::fromUtf8(ClientInstance::productName)},
          {QStringLiteral("version"), version}});
 }
 

@@ -26,6 +26,7 @@ MenuDescription WorldMenuActions::menu() const {
                       {},
                       {.id = QStringLiteral("resetWorld"),
                        .title = QStringLiteral("Reset World"),
+                       .keys = {},
                        .act = [this] { m_worlds().resetWorld(); }},
                       {},
                       bench("openWorkbench", WindowKind::workbench),
@@ -46,6 +47,7 @@ MenuLine WorldMenuActions::world(const char* id, EditorWorlds::World world, int 
 MenuLine WorldMenuActions::bench(const char* id, WindowKind kind) const {
     return {.id = QString::fromLatin1(id),
             .title = QString::fromUtf8(WindowDescriptions::of(kind).title),
+            .keys = {},
             .act = [this, kind] { m_openBench(kind); }};
 }
 

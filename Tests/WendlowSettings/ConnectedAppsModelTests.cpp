@@ -304,7 +304,9 @@ TEST(ConnectedAppsModel, CopiesTheEndpointOnlyWhereThereIsOne) {
 
     const auto bare = ConnectedAppsModel::forThisMac(
         "/nowhere", std::nullopt, "/Applications",
-        {.copy = [&pane](const QString& text) { pane.copied.append(text); }});
+        {.copy = [&pane](const QString& text) { pane.copied.append(text); },
+         .imageLoads = {},
+         .home = {}});
     bare->copyEndpoint();
     bare->scan();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bare->scanned(); }, 5000));
