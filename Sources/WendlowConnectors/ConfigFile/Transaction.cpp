@@ -82,7 +82,7 @@ Outcome putBack(const Step& step) {
         return std::unexpected(
             ConfigFileError::writeFailed(path.string(), "another program has written it since"));
     if (!step.copy)
-        return outcome(path, Disk::remove(path));
+        return outcome(path, present ? Disk::remove(path) : std::unexpected(present.error()));
     const auto moved = Disk::rename(*step.copy, path);
     if (!moved && moved.error() == ENOENT && before)
         return AtomicWrite::write(*before, path);

@@ -1,0 +1,177 @@
+#include "FaultSweep.h"
+#include "TemporaryHome.h"
+
+#include <sstream>
+
+namespace wendlow {
+namespace {
+
+using namespace testing;
+namespace fs = std::filesystem;
+
+Verdict verdictOf(const ProgramRun& run) {
+    Verdict verdict;
+    std::istringstream lines(run.out);
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_TRUE(line == "committed" || line == "refused" || line == "unreadable") << run.out;
+    if (line != "unreadable")
+        verdict.kind = line == "committed" ? Verdict::Kind::committed : Verdict::Kind::refused;
+    while (std::getline(lines, line)) {
+        const auto tab = line.find('\t');
+        verdict.observations.push_back({line.substr(0, tab), line.substr(tab + 1)});
+    }
+    return verdict;
+}
+
+/// A commit that creates a file, deletes one and writes two, one of them with copies from earlier
+/// times: a late failure has everything to undo.
+class TransactionFaultTest : public ::testing::Test {
+protected:
+    void prepare() const {
+        fs::create_directory(root);
+        put(root / "deleted", "old deleted", 0640);
+        put(root / "written", "old written", 0640);
+        put(root / "last", "old last");
+        for (const auto* stamp : {"20200101-000000", "20200101-000001"})
+            put(root / "last.wendlow-backup-" += stamp, stamp);
+    }
+
+    TemporaryHome home;
+    const fs::path root = home / "disk";
+    const FaultSweep sweep{
+        .program = WENDLOW_COMMIT_PROGRAM,
+        .arguments = {root / "created=new created", root / "deleted", root / "written=new written",
+                      root / "last=new last"},
+        .root = root,
+        .prepare = [this] { prepare(); },
+        .files = {{root / "created", std::nullopt, "new created"},
+                  {root / "deleted", "old deleted", std::nullopt},
+                  {root / "written", "old written", "new written"},
+                  {root / "last", "old last", "new last"}},
+        .verdict = verdictOf,
+    };
+};
+
+TEST_F(TransactionFaultTest, TellsTheTruthWhicheverCallFails) {
+    prepare();
+    const auto untouched = namesIn(root);
+    int committed = 0, refused = 0;
+    for (const auto* error : {"ENOSPC", "EIO", "EACCES"})
+        sweep.failEachCall(error, [&](const Verdict& verdict) {
+            const bool isCommitted = verdict.kind == Verdict::Kind::committed;
+            ++(isCommitted ? committed : refused);
+            // The bytes may be private: a mode may get narrower by a fault, never wider.
+            EXPECT_EQ(modeOf(root / "written") & ~0640U, 0U);
+            if (isCommitted)
+                return;
+            EXPECT_EQ(namesIn(root), untouched);
+            EXPECT_EQ(modeOf(root / "deleted"), 0640U);
+            EXPECT_EQ(modeOf(root / "written"), 0640U);
+        });
+    EXPECT_GT(committed, 100);
+    EXPECT_GT(refused, 100);
+}
+
+TEST_F(TransactionFaultTest, RefusesWhereNewBytesMayNotHaveArrived) {
+    std::set<std::string> created;
+    bool isNew = false;
+    int tried = 0;
+    sweep.forEachCall(
+        {.error = "EIO"},
+        [&](const FaultyRun& run, const std::string&) {
+            ++tried;
+            EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::refused);
+        },
+        [&](const std::string& call) {
+            if (call.starts_with("open "))
+                isNew = (call.ends_with(".tmp") || call.contains(".wendlow-backup-")) &&
+                        created.insert(call).second;
+            return isNew && (call.starts_with("write ") || call.starts_with("fsync ") ||
+                             call.starts_with("close "));
+        });
+    EXPECT_EQ(tried, 6 * 3) << "three copies and three new files";
+}
+
+TEST_F(TransactionFaultTest, TellsTheTruthOnADiskThatStaysBroken) {
+    for (const auto* error : {"ENOSPC", "EIO", "EACCES"})
+        sweep.failFromEachCall(error);
+}
+
+TEST_F(TransactionFaultTest, IsNotDisturbedBySignalsAndShortCounts) {
+    for (const auto* error : {"EINTR", "SHORT"})
+        sweep.forEachCall(
+            {.error = error},
+            [&](const FaultyRun& run, const std::string&) {
+                EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::committed) << run.out;
+                expectTruth(sweep.files, verdictOf(run));
+            },
+            [](const std::string& call) {
+                return call.starts_with("read ") || call.starts_with("write ") ||
+                       call.starts_with("fsync ") || call.starts_with("close ");
+            });
+}
+
+TEST_F(TransactionFaultTest, LeavesAWayBackWhereverItIsKilled) {
+    for (const auto* when : {"before", "after"})
+        sweep.killAtEachCall(when);
+}
+
+TEST_F(TransactionFaultTest, FlushesBeforeAnythingIsReplaced) {
+    int unflushed = 0, flushedFolders = 0, replaced = 0;
+    std::string opened;
+    for (const auto& call : sweep.run({}).calls) {
+        if (call.starts_with("open "))
+            opened = call.substr(5);
+        unflushed += call.starts_with("write ") ? 1 : 0;
+        if (call.starts_with("fsync ")) {
+            unflushed = 0;
+            flushedFolders += opened == root ? 1 : 0;
+        }
+        if (call.starts_with("rename ") || call.starts_with("unlink ")) {
+            EXPECT_EQ(unflushed, 0) << call;
+            EXPECT_EQ(flushedFolders, 3) << "one copy's name for each file that was there";
+            ++replaced;
+        }
+    }
+    EXPECT_EQ(replaced, 5) << "three renames, one deletion, one copy pruned";
+}
+
+TEST_F(TransactionFaultTest, BelievesNoCopyThatItCannotReadBack) {
+    const auto calls = sweep.run({}).calls;
+    const auto copy = std::ranges::find_if(
+        calls, [](const auto& call) { return call.find("deleted.wendlow-backup-") != call.npos; });
+    const auto write = std::find(copy, calls.end(), "write (open file)");
+    const auto verdict =
+        verdictOf(sweep.run({.at = write - calls.begin() + 1, .error = "CORRUPT"}));
+    ASSERT_EQ(verdict.observations.size(), 1U);
+    EXPECT_EQ(verdict.observations[0].subject, root / "deleted");
+    EXPECT_TRUE(verdict.observations[0].text.starts_with(
+        "this file was not copied, so nothing was written — " +
+        (root / "deleted.wendlow-backup-").string()));
+    EXPECT_TRUE(verdict.observations[0].text.ends_with(
+        " could not be written: the copy did not match the original"));
+    expectTruth(sweep.files, verdict);
+}
+
+TEST_F(TransactionFaultTest, KeepsWhatAnotherProgramWritesUntilTheCopyOrAfterTheRename) {
+    const auto calls = sweep.run({}).calls;
+    const auto path = (root / "written").string();
+    const auto planned = std::ranges::find(calls, "open " + path);
+    const auto copied = std::find(planned + 1, calls.end(), "open " + path);
+    const auto renamed = std::find(copied, calls.end(), "rename " + path);
+    ASSERT_NE(renamed, calls.end());
+    sweep.forEachCall(
+        {.command = "printf theirs >" + path},
+        [&](const FaultyRun& run, const std::string&) {
+            EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::committed);
+            EXPECT_TRUE(get(path) == "theirs" || hasCopy({path, "theirs", {}}));
+        },
+        [&, index = std::ptrdiff_t{0}](const std::string&) mutable {
+            const auto at = calls.begin() + index++;
+            return at <= copied || at > renamed;
+        });
+}
+
+} // namespace
+} // namespace wendlow
