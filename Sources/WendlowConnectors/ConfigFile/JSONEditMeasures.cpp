@@ -30,10 +30,10 @@ bool spansLines(ByteRange range, std::string_view text) {
 
 std::string_view indentUnit(const JSONNode& root, std::string_view text) {
     std::string_view unit;
-    if (root.count() > 0) {
-        unit = lineIndent(root.isObject() ? (*root.members().begin()).keyStart
-                                          : (*root.elements().begin()).start(),
-                          text);
+    if (const auto members = root.members(); !members.empty()) {
+        unit = lineIndent((*members.begin()).keyStart, text);
+    } else if (const auto elements = root.elements(); !elements.empty()) {
+        unit = lineIndent((*elements.begin()).start(), text);
     }
     return unit.empty() ? "  " : unit;
 }

@@ -2,6 +2,7 @@
 
 #include "ConfigFile/JSONTape.h"
 
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -16,8 +17,8 @@ JSONNode::Kind JSONNode::kind() const {
     case JSONTape::Tag::string:
     case JSONTape::Tag::escapedString:
         return Kind::string;
-    case JSONTape::Tag::trueWord:
-    case JSONTape::Tag::falseWord:
+    case JSONTape::Tag::trueLiteral:
+    case JSONTape::Tag::falseLiteral:
         return Kind::boolean;
     case JSONTape::Tag::number:
         return Kind::number;
@@ -37,17 +38,24 @@ std::size_t JSONNode::end() const {
 }
 
 std::size_t JSONNode::count() const {
-    return m_tape->count(m_index);
+    if (isObject()) {
+        return static_cast<std::size_t>(std::ranges::distance(members()));
+    }
+    return static_cast<std::size_t>(std::ranges::distance(elements()));
 }
 
 JSONNode::MemberRange JSONNode::members() const {
-    const auto first = m_index + 1;
-    return {m_tape, first, isObject() ? m_tape->after(m_index) - 1 : first};
+    if (!isObject()) {
+        return {m_tape, m_index, m_index};
+    }
+    return {m_tape, m_tape->firstInside(m_index), m_tape->endInside(m_index)};
 }
 
 JSONNode::ElementRange JSONNode::elements() const {
-    const auto first = m_index + 1;
-    return {m_tape, first, isArray() ? m_tape->after(m_index) - 1 : first};
+    if (!isArray()) {
+        return {m_tape, m_index, m_index};
+    }
+    return {m_tape, m_tape->firstInside(m_index), m_tape->endInside(m_index)};
 }
 
 JSONNode::Member JSONNode::MemberRange::iterator::operator*() const {
@@ -77,7 +85,7 @@ std::optional<bool> JSONNode::boolean() const {
     if (kind() != Kind::boolean) {
         return std::nullopt;
     }
-    return m_tape->tag(m_index) == JSONTape::Tag::trueWord;
+    return m_tape->tag(m_index) == JSONTape::Tag::trueLiteral;
 }
 
 std::optional<JSONNode> JSONNode::member(std::string_view key) const {
@@ -90,10 +98,12 @@ std::optional<JSONNode> JSONNode::member(std::string_view key) const {
 }
 
 std::optional<JSONNode> JSONNode::element(std::ptrdiff_t index) const {
-    if (!isArray() || index < 0 || std::cmp_greater_equal(index, count())) {
-        return std::nullopt;
+    for (const auto element : elements()) {
+        if (index-- == 0) {
+            return element;
+        }
     }
-    return *std::next(elements().begin(), index);
+    return std::nullopt;
 }
 
 std::optional<JSONNode> JSONNode::node(const JSONPath& path) const {
@@ -119,7 +129,6 @@ JSONValue JSONNode::value(std::string_view bytes) const {
     }
     case Kind::array: {
         JSONValue::Array array;
-        array.reserve(count());
         for (const auto element : elements()) {
             array.push_back(element.value(bytes));
         }

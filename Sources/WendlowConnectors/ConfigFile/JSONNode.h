@@ -36,7 +36,7 @@ public:
 
     MemberRange members() const;   ///< empty unless this is an object
     ElementRange elements() const; ///< empty unless this is an array
-    std::size_t count() const;     ///< members or elements, at once; 0 for anything else
+    std::size_t count() const;     ///< members or elements; walks them; 0 for anything else
 
     /// The decoded text of a string, or nothing for any other kind.
     std::optional<std::string_view> string() const;

@@ -2,6 +2,7 @@
 
 #include "ConfigFile/JSONBytes.h"
 #include "ConfigFile/JSONComments.h"
+#include "ConfigFile/JSONEscape.h"
 
 #include <string>
 
@@ -13,6 +14,8 @@ using Tag = JSONTape::Tag;
 
 constexpr int deepest = 64;
 constexpr std::string_view valueExpected = "a value was expected";
+constexpr std::string_view endedInString = "the document ended inside a string";
+constexpr std::string_view controlCharacter = "a string holds an unescaped control character";
 
 bool isDigit(char byte) {
     return byte >= '0' && byte <= '9';
@@ -66,9 +69,9 @@ bool Scanner::parseValue() {
     case '{':
         return parseObject();
     case 'f':
-        return parseLiteral("false", Tag::falseWord);
+        return parseLiteral("false", Tag::falseLiteral);
     case 't':
-        return parseLiteral("true", Tag::trueWord);
+        return parseLiteral("true", Tag::trueLiteral);
     case 'n':
         return parseLiteral("null", Tag::null);
     default:
@@ -77,12 +80,11 @@ bool Scanner::parseValue() {
 }
 
 bool Scanner::parseLiteral(std::string_view word, Tag kind) {
-    const auto start = offset(m_at);
     if (!std::string_view(m_at, m_end).starts_with(word)) {
         return fail(valueExpected, m_at);
     }
+    m_tape.addScalar(kind, offset(m_at));
     m_at += word.size();
-    m_tape.addScalar(kind, start, offset(m_at));
     return true;
 }
 
@@ -111,7 +113,7 @@ bool Scanner::parseNumber() {
             return fail(valueExpected, start);
         }
     }
-    m_tape.addScalar(Tag::number, offset(start), offset(m_at));
+    m_tape.addScalar(Tag::number, offset(start));
     return true;
 }
 
@@ -137,7 +139,6 @@ bool Scanner::parseObject() {
         return false;
     }
     const auto opening = m_tape.open(Tag::object, offset(m_at));
-    std::size_t count = 0;
     ++m_at;
     if (!skipTrivia()) {
         return false;
@@ -147,7 +148,6 @@ bool Scanner::parseObject() {
             if (!parseMember()) {
                 return false;
             }
-            ++count;
             if (atEnd()) {
                 return fail("the document ended inside an object", m_at);
             }
@@ -159,7 +159,7 @@ bool Scanner::parseObject() {
             }
         }
     }
-    m_tape.close(opening, offset(m_at), count);
+    m_tape.close(opening, offset(m_at));
     ++m_at;
     --m_depth;
     return true;
@@ -188,7 +188,6 @@ bool Scanner::parseArray() {
         return false;
     }
     const auto opening = m_tape.open(Tag::array, offset(m_at));
-    std::size_t count = 0;
     ++m_at;
     if (!skipTrivia()) {
         return false;
@@ -198,7 +197,6 @@ bool Scanner::parseArray() {
             if (!skipTrivia() || !parseValue() || !skipTrivia()) {
                 return false;
             }
-            ++count;
             if (atEnd()) {
                 return fail("the document ended inside an array", m_at);
             }
@@ -210,10 +208,73 @@ bool Scanner::parseArray() {
             }
         }
     }
-    m_tape.close(opening, offset(m_at), count);
+    m_tape.close(opening, offset(m_at));
     ++m_at;
     --m_depth;
     return true;
+}
+
+/// Whatever is wrong in a string is told at its opening quote.
+bool Scanner::parseString() {
+    const char* const open = m_at;
+    auto tag = Tag::string;
+    ++m_at;
+    for (;;) {
+        m_at = JSONBytes::plainRunEnd(m_at, m_end);
+        if (atEnd()) {
+            return fail(endedInString, open);
+        }
+        if (*m_at == '"') {
+            ++m_at;
+            m_tape.addScalar(tag, offset(open));
+            return true;
+        }
+        if (*m_at == '\\') {
+            tag = Tag::escapedString;
+            if (!skipEscape(open)) {
+                return false;
+            }
+        } else if (JSONBytes::unsignedByte(m_at) < 0x20) {
+            return fail(controlCharacter, open);
+        } else if (!skipNonASCII(open)) {
+            return false;
+        }
+    }
+}
+
+bool Scanner::skipEscape(const char* open) {
+    if (m_end - m_at >= 2 && simpleEscape(m_at[1]) != '\0') {
+        m_at += 2;
+        return true;
+    }
+    const auto escape = readEscape(m_at, m_end);
+    m_at = escape.next;
+    return escape.failure.empty() || fail(escape.failure, open);
+}
+
+/// The characters up to the next ASCII byte.
+bool Scanner::skipNonASCII(const char* open) {
+    while (!atEnd() && JSONBytes::unsignedByte(m_at) >= 0x80) {
+        const auto sequence = JSONBytes::utf8Sequence(m_at, m_end);
+        if (!sequence.valid) {
+            return failRawRun(open);
+        }
+        m_at += sequence.length;
+    }
+    return true;
+}
+
+/// Raw bytes are judged as UTF-8 where their run ends, so that what ends it has the first word.
+bool Scanner::failRawRun(const char* open) {
+    while (!atEnd() && *m_at != '"' && *m_at != '\\' && JSONBytes::unsignedByte(m_at) >= 0x20) {
+        ++m_at;
+    }
+    if (atEnd()) {
+        return fail(endedInString, open);
+    }
+    return fail(JSONBytes::unsignedByte(m_at) < 0x20 ? controlCharacter
+                                                     : "a string holds bytes that are not UTF-8",
+                open);
 }
 
 } // namespace wendlow::JSONText

@@ -4,7 +4,6 @@
 #include "ConfigFile/JSONText.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -40,23 +39,15 @@ private:
     bool parseMember();
     bool parseArray();
     bool parseString();
-    bool parseEscapedString(const char* at);
-    const char* rawRunEnd(const char* at);
-    std::nullptr_t failRawRun(const char* at);
-    const char* parseEscape(const char* at, char*& out);
-    const char* parseUnicodeEscape(const char* at, char*& out);
-    std::optional<std::uint32_t> parseHexQuad(const char* at);
+    bool skipEscape(const char* open);
+    bool skipNonASCII(const char* open);
+    bool failRawRun(const char* open);
 
     std::size_t offset(const char* at) const { return static_cast<std::size_t>(at - m_begin); }
     bool atEnd() const { return m_at == m_end; }
     bool fail(std::string_view reason, const char* at) {
         m_failure = {reason, at};
         return false;
-    }
-    /// Wherever in a string it fails, its opening quote is what is reported.
-    std::nullptr_t failString(std::string_view reason) {
-        fail(reason, m_openingQuote);
-        return nullptr;
     }
 
     const char* m_begin;
@@ -65,7 +56,6 @@ private:
     JSONDialect m_dialect;
     JSONTape& m_tape;
     int m_depth = 0;
-    const char* m_openingQuote = nullptr; ///< of the string that is being read
     Failure m_failure;
 };
 
