@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 #include <utility>
 
-#include <fmt/format.h>
+#include <fmt/ranges.h>
 
 namespace wendlow::connect {
 
@@ -22,6 +23,10 @@ constexpr std::array<std::pair<std::string_view, Verb>, 7> verbs{{
     {"stale", Verb::stale},
     {"converge", Verb::converge},
 }};
+
+std::string names() {
+    return fmt::format("{}", fmt::join(verbs | std::views::keys, ", "));
+}
 
 Path absolute(std::string_view text) {
     std::error_code failure;
@@ -45,7 +50,7 @@ public:
         if (m_helpWanted)
             return Arguments{};
         if (!m_verb)
-            return std::unexpected("no verb was given");
+            return std::unexpected(fmt::format("no verb was given; the verbs are {}", names()));
         if (m_forConverge && *m_verb != Verb::converge)
             return std::unexpected(fmt::format("{} goes with converge alone", *m_forConverge));
         m_arguments.verb = *m_verb;
@@ -114,7 +119,8 @@ private:
         const auto* const known =
             std::ranges::find(verbs, word, &std::pair<std::string_view, Verb>::first);
         if (known == verbs.end())
-            return std::unexpected(fmt::format("there is no verb {}", word));
+            return std::unexpected(
+                fmt::format("there is no verb {}; the verbs are {}", word, names()));
         m_verb = known->second;
         return {};
     }
@@ -130,9 +136,8 @@ private:
 } // namespace
 
 std::string_view usage() {
-    return "usage: wendlow-connect [--home DIR] [--bundle DIR] [--applications DIR] "
-           "scan|install|remove|projects|memory|stale|converge [TOOL]... "
-           "[--profile dev|production] [--claude-running yes|no] [--json]\n";
+    return "usage: wendlow-connect [--home DIR] [--bundle DIR] [--applications DIR] VERB "
+           "[TOOL]... [--json]\n";
 }
 
 std::string_view help() {
@@ -151,7 +156,7 @@ Connects AI tools to Wendlow, and takes the connection out again.
   --home DIR           the home folder; the user's own if left out
   --bundle DIR         the application; the one that holds this program if left out
   --applications DIR   the Applications folder; /Applications if left out
-  --profile, --claude-running
+  --profile dev|production, --claude-running yes|no
                        for converge; no tool that is known here depends on them
   --json               one JSON array in place of lines
 

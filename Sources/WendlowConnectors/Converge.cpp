@@ -10,4 +10,9 @@ std::vector<Repair> run(const Connectors::List& connectors) {
     return repairs;
 }
 
+std::vector<Repair> run(const std::filesystem::path& home, const std::filesystem::path& bundle,
+                        const std::filesystem::path& applications) {
+    return run(Connectors::all(home, bundle, applications));
+}
+
 } // namespace wendlow::Converge

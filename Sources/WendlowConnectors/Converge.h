@@ -21,6 +21,9 @@ struct Repair {
 /// Installs each of `connectors` whose own wiring is stale, in order. Every other is left entirely
 /// alone and has no repair. Blocks on the disk.
 std::vector<Repair> run(const Connectors::List& connectors);
+/// The same for every connector there is.
+std::vector<Repair> run(const std::filesystem::path& home, const std::filesystem::path& bundle,
+                        const std::filesystem::path& applications);
 
 } // namespace Converge
 } // namespace wendlow

@@ -18,17 +18,17 @@ public:
     /// What the mock answers. Set at construction; `becomes` changes part of it later.
     struct Script {
         ConnectorState state = ConnectorState::found;
-        Observations observations;
+        Observations observations{};
         bool refuses = false;            ///< verbs are refused; comes before `verbsChangeNothing`
         bool verbsChangeNothing = false; ///< verbs return `unchanged`
-        std::optional<Observations> verbObservations; ///< nothing: verbs report `observations`
-        std::vector<std::filesystem::path> backups;   ///< what verbs report
-        ProjectReport projectReport;
-        MemoryFileReport memoryFileReport;
+        std::optional<Observations> verbObservations{}; ///< nothing: verbs report `observations`
+        std::vector<std::filesystem::path> backups{};   ///< what verbs report
+        ProjectReport projectReport{};
+        MemoryFileReport memoryFileReport{};
         bool staleOwnWiring = false;
-        std::function<void()> onScan;    ///< before a scan looks at the script
-        std::function<void()> onVerb;    ///< before `install` and `remove` look at the script
-        std::function<void()> afterScan; ///< after a scan has made its report, before it returns
+        std::function<void()> onScan{};    ///< before a scan looks at the script
+        std::function<void()> onVerb{};    ///< before `install` and `remove` look at the script
+        std::function<void()> afterScan{}; ///< after a scan has made its report, before it returns
     };
     /// What `becomes` changes; what is left out keeps its value.
     struct Change {

@@ -75,7 +75,7 @@ TEST_F(TransactionFaultTest, TellsTheTruthWhicheverCallFails) {
 
 TEST_F(TransactionFaultTest, RefusesWhereNewBytesMayNotHaveArrived) {
     std::set<std::string> created;
-    bool isNew = false;
+    bool isNew = false, isFolder = false;
     int tried = 0;
     sweep.forEachCall(
         {.error = "EIO"},
@@ -84,13 +84,15 @@ TEST_F(TransactionFaultTest, RefusesWhereNewBytesMayNotHaveArrived) {
             EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::refused);
         },
         [&](const std::string& call) {
-            if (call.starts_with("open "))
+            if (call.starts_with("open ")) {
+                isFolder = call == "open " + root.string();
                 isNew = (call.ends_with(".tmp") || call.contains(".wendlow-backup-")) &&
                         created.insert(call).second;
-            return isNew && (call.starts_with("write ") || call.starts_with("fsync ") ||
-                             call.starts_with("close "));
+            }
+            return (isNew && (call.starts_with("write ") || call.starts_with("close "))) ||
+                   ((isNew || isFolder) && call.starts_with("fsync "));
         });
-    EXPECT_EQ(tried, 6 * 3) << "three copies and three new files";
+    EXPECT_EQ(tried, 6 * 3 + 3) << "three copies, three new files, and the folder of each copy";
 }
 
 TEST_F(TransactionFaultTest, TellsTheTruthOnADiskThatStaysBroken) {

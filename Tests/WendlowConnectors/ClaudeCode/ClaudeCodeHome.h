@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ClaudeCode/ClaudeCodeConnector.h"
+#include "TemporaryHome.h"
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string>
+
+namespace wendlow::testing {
+
+/// A home with an application in it, its programs there, and a connector for both.
+class ClaudeCodeHome {
+public:
+    ClaudeCodeHome() {
+        std::filesystem::create_directories(bundle() / "Contents/MacOS");
+        write(paths().hookBinary, "program");
+        write(paths().mcpBinary, "program");
+    }
+
+    std::filesystem::path path(const std::string& name) const { return m_home / name; }
+    std::filesystem::path bundle() const { return m_home / "Wendlow.app"; }
+    ClaudeCodePaths paths() const { return ClaudeCodePaths::under(m_home.path(), bundle()); }
+    std::string settings() const { return paths().settingsFile.string(); }
+    std::string servers() const { return paths().mcpFile.string(); }
+    /// The clock stands still, so that the names of copies are known.
+    ClaudeCodeConnector connector(std::function<void()> beforeRename = {}) const {
+        return ClaudeCodeConnector(
+            paths(), {.now = [] { return Transaction::Date(std::chrono::seconds(1'800'000'000)); },
+                      .beforeRename = std::move(beforeRename)});
+    }
+    /// Nothing: no such file is made.
+    void fill(const std::optional<std::string>& settingsBytes,
+              const std::optional<std::string>& serversBytes) const {
+        std::filesystem::create_directories(paths().configDirectory);
+        if (settingsBytes)
+            write(settings(), *settingsBytes);
+        if (serversBytes)
+            write(servers(), *serversBytes);
+    }
+
+    static void write(const std::filesystem::path& file, const std::string& bytes) {
+        std::ofstream(file, std::ios::binary) << bytes;
+    }
+    static std::optional<std::string> read(const std::filesystem::path& file) {
+        std::ifstream stream(file, std::ios::binary);
+        if (!stream || std::filesystem::is_directory(file))
+            return std::nullopt;
+        return std::string(std::istreambuf_iterator<char>(stream), {});
+    }
+
+private:
+    TemporaryHome m_home;
+};
+
+} // namespace wendlow::testing

@@ -1,0 +1,92 @@
+#include "ClaudeCodeHome.h"
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using testing::ClaudeCodeHome;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+namespace fs = std::filesystem;
+
+constexpr const char* unverified = " (decoded path not verified on disk)";
+
+std::string encoded(std::string path) {
+    std::ranges::replace(path, '/', '-');
+    return path;
+}
+
+TEST(ClaudeCodeInventory, readsAProjectsPathOffItsFolderName) {
+    const testing::TemporaryHome home;
+    const auto decode = [](const fs::path& path) {
+        return ClaudeCodeConnector::decodeProjectPath(encoded(path.string()));
+    };
+    const std::string temporary = encoded(home.path().string());
+    EXPECT_EQ(ClaudeCodeConnector::decodeProjectPath("-nowhere-me-my-app"),
+              std::string("/nowhere/me/my/app") + unverified);
+    EXPECT_EQ(ClaudeCodeConnector::decodeProjectPath("relative-name"),
+              std::string("/relative/name") + unverified);
+    fs::create_directories(home / "my-app");
+    EXPECT_EQ(decode(home / "my-app"), home / "my-app");
+    fs::create_directories(home / "my/app");
+    EXPECT_EQ(decode(home / "my-app"), home / "my/app") << "separators win";
+    // A separator that leads nowhere further on is taken back.
+    fs::create_directories(home / "my/other");
+    fs::create_directories(home / "my-other-app");
+    EXPECT_EQ(decode(home / "my-other-app"), home / "my-other-app");
+    // As a name in another script is encoded: this has to end.
+    EXPECT_THAT(ClaudeCodeConnector::decodeProjectPath(temporary + std::string(60, '-') + "x"),
+                ::testing::EndsWith(unverified));
+}
+
+TEST(ClaudeCodeInventory, listsProjectsByTheirLastActivity) {
+    const ClaudeCodeHome home;
+    const fs::path store = home.path(".claude/projects");
+    const auto connector = home.connector();
+    const ProjectReport none{store.string(), {}, "no session store found"};
+    EXPECT_EQ(connector.projects(), none);
+    fs::create_directories(store / "-nowhere-a");
+    home.write(store / "a file", "no project");
+    fs::create_directories(store / "-nowhere-b/memory");
+    home.write(store / "-nowhere-b/memory/MEMORY.md", "12345");
+    home.write(store / "-nowhere-b/session.jsonl", "");
+    const auto at = [](int seconds) {
+        return std::chrono::file_clock::from_sys(
+            std::chrono::sys_time<std::chrono::seconds>(std::chrono::seconds(seconds)));
+    };
+    fs::last_write_time(store / "-nowhere-a", at(2000));
+    fs::last_write_time(store / "-nowhere-b/memory", at(1000));
+    fs::last_write_time(store / "-nowhere-b/session.jsonl", at(3000));
+    const ProjectReport report = connector.projects();
+    EXPECT_EQ(report.source, store.string());
+    EXPECT_EQ(report.note, std::nullopt);
+    ASSERT_EQ(report.projects.size(), 2);
+    EXPECT_EQ(report.projects[0].path, std::string("/nowhere/b") + unverified);
+    EXPECT_EQ(report.projects[0].lastActivity, FileDate(std::chrono::seconds(3000)));
+    EXPECT_EQ(report.projects[0].memory->path, store / "-nowhere-b/memory/MEMORY.md");
+    EXPECT_EQ(report.projects[0].memory->bytes, 5);
+    EXPECT_EQ(report.projects[1].lastActivity, FileDate(std::chrono::seconds(2000)));
+    EXPECT_EQ(report.projects[1].memory, std::nullopt);
+}
+
+TEST(ClaudeCodeInventory, listsItsMemoryFiles) {
+    const ClaudeCodeHome home;
+    const auto paths = [&] {
+        std::vector<std::string> result;
+        for (const auto& file : home.connector().memoryFiles().files)
+            result.push_back(fs::path(file.path).lexically_relative(home.path(".claude")));
+        return result;
+    };
+    EXPECT_THAT(paths(), IsEmpty());
+    fs::create_directories(home.path(".claude/memory/folder.md"));
+    home.write(home.path(".claude/memory/b.md"), "b");
+    home.write(home.path(".claude/memory/a.md"), "a");
+    home.write(home.path(".claude/memory/c.txt"), "c");
+    EXPECT_THAT(paths(), ElementsAre("memory/a.md", "memory/b.md"));
+    home.write(home.path(".claude/CLAUDE.md"), "rules");
+    EXPECT_THAT(paths(), ElementsAre("CLAUDE.md", "memory/a.md", "memory/b.md"));
+}
+
+} // namespace
+} // namespace wendlow
