@@ -26,6 +26,8 @@ inline constexpr std::string_view otherShape = "the entry's shape is not the one
 /// The sentence about the first name that `object` holds twice. The editor addresses the first of
 /// two and the tool reads the last, so such an object is left alone.
 std::optional<std::string> repeatedName(const JSONNode& object);
+/// The string at member `key` of an object; nothing where it is not a string.
+std::optional<std::string_view> text(const JSONNode& object, std::string_view key);
 /// "the <name> value in this file is not an <kind>, so no entry can be put in it".
 std::string notA(std::string_view name, std::string_view kind);
 /// Whether `bytes` are an object without members and nothing else.

@@ -63,10 +63,7 @@ ProjectReport ClaudeCodeConnector::projects() const {
                  .lastActivity = lastActivity(folder),
                  .memory = ConnectorMemoryFile::stat(folder / "memory/MEMORY.md")});
     }
-    if (report.projects.empty())
-        report.note = "no session store found";
-    std::ranges::stable_sort(report.projects, std::ranges::greater{},
-                             &ConnectorProject::lastActivity);
+    report.arrange();
     return report;
 }
 
@@ -74,11 +71,7 @@ MemoryFileReport ClaudeCodeConnector::memoryFiles() const {
     std::vector<Path> paths{m_paths.globalMemoryFile()};
     std::ranges::move(ConnectorMemoryFile::markdown(m_paths.memoryDirectory()),
                       std::back_inserter(paths));
-    MemoryFileReport report;
-    for (const Path& path : paths)
-        if (auto file = ConnectorMemoryFile::stat(path))
-            report.files.push_back(*std::move(file));
-    return report;
+    return MemoryFileReport::of(paths);
 }
 
 std::string ClaudeCodeConnector::decodeProjectPath(std::string_view name) {

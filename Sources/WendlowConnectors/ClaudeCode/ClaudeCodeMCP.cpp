@@ -57,8 +57,7 @@ BlockFinding ClaudeCodeMCP::find(std::optional<std::string_view> bytes) const {
     const auto found = root.node(entryPath());
     if (!found)
         return {BlockFinding::Absent{}};
-    const auto member = found->member("command");
-    const auto command = member ? member->string() : std::nullopt;
+    const auto command = JSONBlock::text(*found, "command");
     if (!command)
         return {BlockFinding::Drifted{{std::string(JSONBlock::otherShape)}}};
     auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
