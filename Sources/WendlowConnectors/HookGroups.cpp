@@ -164,13 +164,6 @@ std::vector<HookSite> sites(const JSONNode& root, std::span<const std::string> c
     return found;
 }
 
-bool allRun(const std::vector<HookSite>& sites, const std::filesystem::path& binary) {
-    const auto runsIt = [program = binary.string()](const HookSite& site) {
-        return std::string_view(site.command).substr(0, site.command.find(' ')) == program;
-    };
-    return !sites.empty() && std::ranges::all_of(sites, runsIt);
-}
-
 JSONBlock::Readable read(std::string_view bytes) {
     auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
     if (!document)

@@ -4,8 +4,11 @@
 #include "JSONBlock.h"
 #include "JSONDraft.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <functional>
+#include <ranges>
 #include <span>
 #include <string>
 #include <string_view>
@@ -60,7 +63,13 @@ void forEachEntry(const JSONNode& root, const std::function<void(const Entry&)>&
 /// writes here.
 std::vector<HookSite> sites(const JSONNode& root, std::span<const std::string> currents);
 /// Whether there are sites and all of them run `binary`.
-bool allRun(const std::vector<HookSite>& sites, const std::filesystem::path& binary);
+template<std::ranges::range Sites>
+bool allRun(const Sites& sites, const std::filesystem::path& binary) {
+    const auto runsIt = [program = binary.string()](const HookSite& site) {
+        return std::string_view(site.command).substr(0, site.command.find(' ')) == program;
+    };
+    return !std::ranges::empty(sites) && std::ranges::all_of(sites, runsIt);
+}
 
 /// A document in which no object on the way to an entry holds a name twice.
 JSONBlock::Readable read(std::string_view bytes);

@@ -20,8 +20,6 @@ using Readable = std::expected<JSONDocument, std::string>;
 
 /// What a file that does not exist is planned from. The line feed makes the new file multi-line.
 inline constexpr std::string_view seed = "{}\n";
-/// Said of an entry whose commands are right and whose rest is not.
-inline constexpr std::string_view otherShape = "the entry's shape is not the one this build writes";
 
 /// The sentence about the first name that `object` holds twice. The editor addresses the first of
 /// two and the tool reads the last, so such an object is left alone.

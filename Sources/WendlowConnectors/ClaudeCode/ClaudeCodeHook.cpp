@@ -120,7 +120,7 @@ std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite
     std::ranges::move(Drift::reasons(shown.command, expected, m_paths.hookBinary),
                       std::back_inserter(reasons));
     if (fourHere && inPlace && !converged(sites, root, bytes))
-        reasons.emplace_back(JSONBlock::otherShape);
+        reasons.emplace_back(Drift::otherShape);
     return reasons;
 }
 
