@@ -3,7 +3,7 @@
 #include "ConfigFile/Disk.h"
 
 #include <algorithm>
-#include <functional>
+#include <tuple>
 
 #include <sys/stat.h>
 
@@ -61,7 +61,9 @@ MemoryFileReport MemoryFileReport::of(const std::vector<std::filesystem::path>& 
 }
 
 void ProjectReport::arrange() {
-    std::ranges::stable_sort(projects, std::ranges::greater{}, &ConnectorProject::lastActivity);
+    std::ranges::sort(projects, [](const ConnectorProject& a, const ConnectorProject& b) {
+        return std::tie(b.lastActivity, a.path) < std::tie(a.lastActivity, b.path);
+    });
     if (projects.empty())
         note = "no session store found";
 }

@@ -98,7 +98,7 @@ struct ProjectReport {
     std::vector<ConnectorProject> projects;
     std::optional<std::string> note; ///< what to show when the list is empty
 
-    /// Puts the most recently active project first, and notes that there is none.
+    /// Puts the most recently active project first, or notes that there is none.
     void arrange();
 
     bool operator==(const ProjectReport&) const = default;

@@ -5,6 +5,8 @@
 #include "ConfigFile/JSONLiteral.h"
 #include "ConfigFile/JSONText.h"
 
+#include <tuple>
+
 namespace wendlow {
 namespace {
 
@@ -121,7 +123,7 @@ std::expected<void, std::string> ReceiptStore::write(const ConnectorReceipt& rec
 }
 
 void ReceiptStore::remove() const {
-    (void)Disk::remove(file);
+    std::ignore = Disk::remove(file);
 }
 
 } // namespace wendlow

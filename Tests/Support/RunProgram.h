@@ -38,12 +38,13 @@ inline ProgramRun runProgram(const std::filesystem::path& program,
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> settings;
     for (const auto& [name, value] : environment)
-        settings.push_back(name + "=" + value);
+        settings.emplace_back(name).append("=").append(value);
     for (char** entry = environ; *entry != nullptr; ++entry)
         if (!environment.contains(std::string(*entry, std::string_view(*entry).find('='))))
             settings.emplace_back(*entry);
     const auto pointers = [](std::vector<std::string>& texts) {
         std::vector<char*> result;
+        result.reserve(texts.size() + 1);
         for (auto& text : texts)
             result.push_back(text.data());
         result.push_back(nullptr);

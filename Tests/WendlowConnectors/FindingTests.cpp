@@ -1,9 +1,8 @@
 #include "BlockFinding.h"
 #include "Drift.h"
+#include "Files.h"
 #include "ScanJoin.h"
 #include "TemporaryHome.h"
-
-#include <fstream>
 
 #include <gmock/gmock.h>
 
@@ -67,7 +66,7 @@ TEST(Drift, saysWhyACommandIsNotTheOneExpected) {
     const auto binary = home / "wendlow-hook";
     const std::string missing = "the file the command names is not on disk: " + binary.string();
     EXPECT_THAT(Drift::reasons("c", "c", binary), ElementsAre(missing));
-    std::ofstream(binary) << "program";
+    testing::put(binary, "program");
     EXPECT_THAT(Drift::reasons("c", "c", binary), IsEmpty());
     EXPECT_THAT(Drift::reasons("d", "c", binary),
                 ElementsAre("the command is not the one this build writes: d"));

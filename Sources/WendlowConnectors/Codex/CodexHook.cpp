@@ -110,14 +110,17 @@ std::optional<std::string> CodexHook::unreadableReason(std::string_view bytes) c
 
 std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_view bytes) const {
     std::vector<CodexHookSite> result;
-    for (HookSite& site : HookGroups::sites(root, m_currents)) {
-        const JSONNode entry = *root.node(site.entryPath());
+    for (HookSite& found : HookGroups::sites(root, m_currents)) {
+        const JSONNode entry = *root.node(found.entryPath());
         const auto isAsync = entry.member("async");
-        result.push_back({std::move(site), textOf(entry, "statusMessage"),
-                          wholeNumber(entry, "timeout", bytes),
-                          textOf(*root.node(site.groupPath()), "matcher"),
-                          isAsync && isAsync->boolean().value_or(false),
-                          wholeNumber(entry, "additionalContextLimit", bytes)});
+        CodexHookSite site;
+        site.matcher = textOf(*root.node(found.groupPath()), "matcher");
+        site.statusMessage = textOf(entry, "statusMessage");
+        site.timeout = wholeNumber(entry, "timeout", bytes);
+        site.isAsync = isAsync && isAsync->boolean().value_or(false);
+        site.additionalContextLimit = wholeNumber(entry, "additionalContextLimit", bytes);
+        static_cast<HookSite&>(site) = std::move(found);
+        result.push_back(std::move(site));
     }
     return result;
 }

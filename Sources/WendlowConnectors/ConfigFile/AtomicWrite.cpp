@@ -3,6 +3,7 @@
 #include "ConfigFile/Disk.h"
 
 #include <cerrno>
+#include <tuple>
 
 #include <fmt/format.h>
 
@@ -46,7 +47,7 @@ Disk::Result<void> createTemporary(const Disk::Path& temporary, std::string_view
     auto created = Disk::create(temporary, bytes, *mode, Disk::ModeRule::masked);
     // What the umask took away comes back. A file system without modes is no reason not to write.
     if (created)
-        (void)Disk::setMode(temporary, *mode);
+        std::ignore = Disk::setMode(temporary, *mode);
     return created;
 }
 
@@ -66,7 +67,7 @@ std::expected<void, ConfigFileError> write(std::string_view bytes,
     if (beforeRename)
         beforeRename();
     if (const auto renamed = Disk::rename(*temporary, path); !renamed) {
-        (void)Disk::remove(*temporary);
+        std::ignore = Disk::remove(*temporary);
         return failed(renamed.error());
     }
     return {};

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
+#include <tuple>
 
 #include <fmt/format.h>
 
@@ -138,7 +139,7 @@ std::expected<std::optional<Path>, ConfigFileError> make(const Path& file, Date 
     if (!created)
         return failed(copy, Disk::words(created.error()));
     if (auto reason = whyUseless(copy, **bytes)) {
-        (void)Disk::remove(copy);
+        std::ignore = Disk::remove(copy);
         return failed(copy, *std::move(reason));
     }
     return std::move(copy);

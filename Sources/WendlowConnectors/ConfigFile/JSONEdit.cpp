@@ -34,6 +34,22 @@ std::string pathName(const JSONPath& path) {
 
 } // namespace
 
+JSONEditError JSONEditError::notAnObject(JSONPath path) {
+    return {Kind::notAnObject, std::move(path), {}, 0};
+}
+
+JSONEditError JSONEditError::notAnArray(JSONPath path) {
+    return {Kind::notAnArray, std::move(path), {}, 0};
+}
+
+JSONEditError JSONEditError::noSuchMember(JSONPath path, std::string_view key) {
+    return {Kind::noSuchMember, std::move(path), std::string(key), 0};
+}
+
+JSONEditError JSONEditError::noSuchElement(JSONPath path, std::ptrdiff_t index) {
+    return {Kind::noSuchElement, std::move(path), {}, index};
+}
+
 std::string JSONEditError::description() const {
     switch (kind) {
     case Kind::notAnObject:
@@ -121,7 +137,7 @@ Result setMember(std::string_view text, const JSONPath& path, std::string_view k
     }
     const auto object = document->root().node(path);
     if (!object || !object->isObject()) {
-        return failure({.kind = JSONEditError::Kind::notAnObject, .path = path});
+        return failure(JSONEditError::notAnObject(path));
     }
     std::optional<Member> last;
     for (const auto& member : object->members()) {
@@ -152,7 +168,7 @@ Result appendElement(std::string_view text, const JSONPath& path, const JSONLite
     const auto root = document->root();
     const auto array = root.node(path);
     if (!array || !array->isArray()) {
-        return failure({.kind = JSONEditError::Kind::notAnArray, .path = path});
+        return failure(JSONEditError::notAnArray(path));
     }
     std::optional<JSONNode> last;
     for (const auto element : array->elements()) {
@@ -230,7 +246,7 @@ Result removeMember(std::string_view text, const JSONPath& path, std::string_vie
     }
     const auto object = document->root().node(path);
     if (!object || !object->isObject()) {
-        return failure({.kind = JSONEditError::Kind::notAnObject, .path = path});
+        return failure(JSONEditError::notAnObject(path));
     }
     std::optional<Siblings> siblings;
     std::optional<std::size_t> previousEnd;
@@ -246,8 +262,7 @@ Result removeMember(std::string_view text, const JSONPath& path, std::string_vie
         previousEnd = end;
     }
     if (!siblings) {
-        return failure(
-            {.kind = JSONEditError::Kind::noSuchMember, .path = path, .key = std::string(key)});
+        return failure(JSONEditError::noSuchMember(path, key));
     }
     const auto comments = document->comments();
     const auto cut = cutWithComma(*siblings).value_or(
@@ -267,7 +282,7 @@ Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t
     }
     const auto array = document->root().node(path);
     if (!array || !array->isArray()) {
-        return failure({.kind = JSONEditError::Kind::notAnArray, .path = path});
+        return failure(JSONEditError::notAnArray(path));
     }
     std::optional<Siblings> siblings;
     std::optional<std::size_t> previousEnd;
@@ -282,7 +297,7 @@ Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t
         previousEnd = element.end();
     }
     if (!siblings) {
-        return failure({.kind = JSONEditError::Kind::noSuchElement, .path = path, .index = index});
+        return failure(JSONEditError::noSuchElement(path, index));
     }
     return splice(text, cutWithComma(*siblings).value_or(inside(*array)), {});
 }

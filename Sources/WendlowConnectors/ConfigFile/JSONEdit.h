@@ -18,10 +18,16 @@ struct JSONEditError {
     enum class Kind { notAnObject, notAnArray, noSuchMember, noSuchElement };
 
     Kind kind = Kind::notAnObject;
-    JSONPath path = {};
-    std::string key = {};     ///< of `noSuchMember`
+    JSONPath path;
+    std::string key;          ///< of `noSuchMember`
     std::ptrdiff_t index = 0; ///< of `noSuchElement`
 
+    static JSONEditError notAnObject(JSONPath path);
+    static JSONEditError notAnArray(JSONPath path);
+    static JSONEditError noSuchMember(JSONPath path, std::string_view key);
+    static JSONEditError noSuchElement(JSONPath path, std::ptrdiff_t index);
+
+    /// The failure as a sentence that names the path, as `hooks.PreToolUse.[0].hooks`.
     std::string description() const;
     bool operator==(const JSONEditError&) const = default;
 };

@@ -5,6 +5,7 @@
 #include "ConfigFile/Disk.h"
 
 #include <cerrno>
+#include <tuple>
 
 namespace wendlow::Transaction {
 namespace {
@@ -110,7 +111,7 @@ TransactionResult rollBack(std::vector<Step>& steps, Observation failure) {
     }
     for (const auto& step : steps)
         if (step.copy && !step.copyIsKept)
-            (void)Disk::remove(*step.copy);
+            std::ignore = Disk::remove(*step.copy);
     return {TransactionResult::Refused{std::move(observations)}};
 }
 

@@ -170,39 +170,20 @@ Effect effectOf(int flags) {
     }
 
 WRAP(stat, looks, (path), (const char* path, struct stat* status) noexcept, path, status)
-WRAP(stat64, looks, (path), (const char* path, struct stat64* status) noexcept, path, status)
 WRAP(lstat, looks, (path), (const char* path, struct stat* status) noexcept, path, status)
-WRAP(lstat64, looks, (path), (const char* path, struct stat64* status) noexcept, path, status)
 WRAP(fstat, looks, (file), (int file, struct stat* status) noexcept, file, status)
-WRAP(fstat64, looks, (file), (int file, struct stat64* status) noexcept, file, status)
-WRAP(fstatat, looks, (at, path),
-     (int at, const char* path, struct stat* status, int flags) noexcept, at, path, status, flags)
-WRAP(fstatat64, looks, (at, path),
-     (int at, const char* path, struct stat64* status, int flags) noexcept, at, path, status, flags)
-WRAP(statx, looks, (at, path),
-     (int at, const char* path, int flags, unsigned mask, struct statx* status) noexcept, at, path,
-     flags, mask, status)
 WRAP(access, looks, (path), (const char* path, int type) noexcept, path, type)
 WRAP(faccessat, looks, (at, path), (int at, const char* path, int type, int flags) noexcept, at,
      path, type, flags)
 WRAP(chmod, changes, (path), (const char* path, mode_t mode) noexcept, path, mode)
 WRAP(fchmod, changes, (file), (int file, mode_t mode) noexcept, file, mode)
-WRAP(fchmodat, changes, (at, path), (int at, const char* path, mode_t mode, int flags) noexcept, at,
-     path, mode, flags)
 WRAP(ftruncate, changes, (file), (int file, off_t size) noexcept, file, size)
 WRAP(mkdir, needsRoom, (path), (const char* path, mode_t mode) noexcept, path, mode)
-WRAP(mkdirat, needsRoom, (at, path), (int at, const char* path, mode_t mode) noexcept, at, path,
-     mode)
 WRAP(rmdir, changes, (path), (const char* path) noexcept, path)
 WRAP(unlink, changes, (path), (const char* path) noexcept, path)
 WRAP(unlinkat, changes, (at, path), (int at, const char* path, int flags) noexcept, at, path, flags)
 WRAP(remove, changes, (path), (const char* path) noexcept, path)
 WRAP(rename, changes, (to), (const char* from, const char* to) noexcept, from, to)
-WRAP(renameat, changes, (at, to), (int from, const char* path, int at, const char* to) noexcept,
-     from, path, at, to)
-WRAP(renameat2, changes, (at, to),
-     (int from, const char* path, int at, const char* to, unsigned flags) noexcept, from, path, at,
-     to, flags)
 WRAP(link, needsRoom, (to), (const char* from, const char* to) noexcept, from, to)
 WRAP(symlink, needsRoom, (to), (const char* from, const char* to) noexcept, from, to)
 

@@ -11,16 +11,16 @@ namespace wendlow::testing {
 struct DiskFault {
     enum class Lasting { once, persistent };
 
-    std::string root = {};
+    std::string root = "";
     long at = 0; ///< the call that goes wrong; 0: none does, the calls are only counted
     /// ENOSPC, EIO, EACCES, EPERM, EROFS or EINTR: the call fails so, a write after taking half of
     /// the bytes. SHORT: a read or write does half of it and says so. CORRUPT: a write says it went
     /// well and did not.
-    std::string error = {};
+    std::string error = "";
     /// Whether every later call that changes something fails too; with ENOSPC, that needs room.
     Lasting lasting = Lasting::once;
-    std::string kill = {};    ///< "before" or "after": the process dies there
-    std::string command = {}; ///< a shell command that runs just before the call
+    std::string kill = "";    ///< "before" or "after": the process dies there
+    std::string command = ""; ///< a shell command that runs just before the call
 };
 
 /// A finished run. When its disk had no fault, with the counted calls in order: "open /path",

@@ -9,7 +9,9 @@ namespace {
 
 using testing::ClaudeCodeHome;
 using ::testing::ElementsAre;
+using testing::get;
 using ::testing::IsEmpty;
+using testing::put;
 using Result = ConnectorOutcome::Result;
 
 const std::string settingsBefore = R"json({
@@ -51,15 +53,15 @@ TEST(ClaudeCodeConnector, connectsAndDisconnectsTwoRealFiles) {
                bundle + "/Contents/MacOS/wendlow-hook --harness claude-code --slot " + slot +
                "\",\n\t\t\t\t\t\t\"timeout\": 3\n\t\t\t\t\t}";
     };
-    EXPECT_EQ(home.read(home.settings()), R"json({
+    EXPECT_EQ(get(home.settings()), R"json({
 	"permissions": { "allow": ["Bash(ls:*)"] },
 	"hooks": {
 		"Stop": [{ "hooks": [{ "type": "command", "command": "say done" }] }],
 		"UserPromptSubmit": [
 			{
 				"hooks": [)json" +
-                                              entry("rules") + "," + entry("index") + "," +
-                                              entry("recall") + R"json(
+                                        entry("rules") + "," + entry("index") + "," +
+                                        entry("recall") + R"json(
 				]
 			}
 		],
@@ -67,7 +69,7 @@ TEST(ClaudeCodeConnector, connectsAndDisconnectsTwoRealFiles) {
 			{
 				"matcher": "mcp__wendlow__.*",
 				"hooks": [)json" +
-                                              entry("pretool") + R"json(
+                                        entry("pretool") + R"json(
 				]
 			}
 		]
@@ -75,12 +77,12 @@ TEST(ClaudeCodeConnector, connectsAndDisconnectsTwoRealFiles) {
 	"model": "opus"
 }
 )json");
-    EXPECT_EQ(home.read(home.servers()),
+    EXPECT_EQ(get(home.servers()),
               R"({"numStartups": 30.0, "url": "https:\/\/x", "mcpServers": {"files": {"args": [)"
               R"(]},"wendlow":{"type":"stdio","command":")" +
                   bundle + R"(/Contents/MacOS/wendlow-mcp","args":[],"env":{}}}, "ä": 1})");
-    EXPECT_EQ(home.read(copyOf(home.settings())), settingsBefore);
-    EXPECT_EQ(home.read(home.paths().receiptFile), R"({
+    EXPECT_EQ(get(copyOf(home.settings())), settingsBefore);
+    EXPECT_EQ(get(home.paths().receiptFile), R"({
   "adopted": [],
   "created": [
     "eventArray",
@@ -99,8 +101,8 @@ TEST(ClaudeCodeConnector, connectsAndDisconnectsTwoRealFiles) {
                             Observation{copyOf(home.servers(), "-02"), copied},
                             Observation{home.settings(), removedText},
                             Observation{home.servers(), removedText}));
-    EXPECT_EQ(home.read(home.settings()), settingsBefore);
-    EXPECT_EQ(home.read(home.servers()), serversBefore);
+    EXPECT_EQ(get(home.settings()), settingsBefore);
+    EXPECT_EQ(get(home.servers()), serversBefore);
     EXPECT_FALSE(std::filesystem::exists(home.paths().receiptFile));
 }
 
@@ -151,14 +153,14 @@ TEST(ClaudeCodeConnector, takesItsOwnFilesAwayAgain) {
     std::filesystem::create_directory(home.path(".claude"));
     EXPECT_EQ(connector.install().result, Result::changed);
     EXPECT_EQ(connector.remove().observations.back(), (Observation{home.servers(), removedText}));
-    EXPECT_EQ(home.read(home.settings()), std::nullopt);
-    EXPECT_EQ(home.read(home.servers()), std::nullopt);
+    EXPECT_EQ(get(home.settings()), std::nullopt);
+    EXPECT_EQ(get(home.servers()), std::nullopt);
 
     // A key that the person put into a file of ours keeps that file.
     connector.install();
-    std::string theirs = home.read(home.servers()).value();
+    std::string theirs = get(home.servers()).value();
     theirs.replace(0, 1, "{\n  \"theirs\": 1,");
-    home.write(home.servers(), theirs);
+    put(home.servers(), theirs);
     EXPECT_THAT(
         connector.remove().observations,
         ElementsAre(Observation{copyOf(home.settings(), "-02"), copied},
@@ -167,21 +169,21 @@ TEST(ClaudeCodeConnector, takesItsOwnFilesAwayAgain) {
                                 "this file was created when Wendlow connected and was removed"},
                     Observation{home.settings(), removedText},
                     Observation{home.servers(), removedText}));
-    EXPECT_EQ(home.read(home.servers()), "{\n  \"theirs\": 1\n}\n");
+    EXPECT_EQ(get(home.servers()), "{\n  \"theirs\": 1\n}\n");
 }
 
 TEST(ClaudeCodeConnector, makesTheToolsFolderWhenItsUserFileShowsThatItIsHere) {
     const ClaudeCodeHome home;
-    home.write(home.servers(), "{}");
+    put(home.servers(), "{}");
     const auto connector = home.connector();
     EXPECT_EQ(connector.install().result, Result::changed);
-    EXPECT_TRUE(home.read(home.paths().receiptFile)->contains("settingsFile"));
-    EXPECT_TRUE(home.read(home.settings()).has_value());
+    EXPECT_TRUE(get(home.paths().receiptFile)->contains("settingsFile"));
+    EXPECT_TRUE(get(home.settings()).has_value());
     EXPECT_EQ(connector.remove().observations[3],
               (Observation{home.servers(), "this file is now empty and remains, because Wendlow "
                                            "did not create it"}));
-    EXPECT_EQ(home.read(home.settings()), std::nullopt);
-    EXPECT_EQ(home.read(home.servers()), "{}");
+    EXPECT_EQ(get(home.settings()), std::nullopt);
+    EXPECT_EQ(get(home.servers()), "{}");
 }
 
 TEST(ClaudeCodeConnector, leavesEverythingAloneTheSecondTime) {
@@ -189,20 +191,20 @@ TEST(ClaudeCodeConnector, leavesEverythingAloneTheSecondTime) {
     home.fill(settingsBefore, serversBefore);
     const auto connector = home.connector();
     connector.install();
-    const auto receipt = home.read(home.paths().receiptFile);
+    const auto receipt = get(home.paths().receiptFile);
     const ConnectorOutcome unchanged{
         Result::unchanged, {{home.settings(), nothing}, {home.servers(), nothing}}, {}};
     EXPECT_EQ(connector.install(), unchanged);
-    EXPECT_EQ(home.read(home.paths().receiptFile), receipt);
+    EXPECT_EQ(get(home.paths().receiptFile), receipt);
     EXPECT_EQ(Backup::all(home.settings()).size(), 1);
 
     // One file is repaired, the other is not touched, and the receipt keeps what it had.
-    home.write(home.settings(), "{}");
+    put(home.settings(), "{}");
     EXPECT_THAT(connector.install().observations,
                 ElementsAre(Observation{copyOf(home.settings(), "-02"), copied},
                             Observation{home.settings(), written},
                             Observation{home.servers(), nothing}));
-    EXPECT_TRUE(home.read(home.paths().receiptFile)->contains("hooksObject"));
+    EXPECT_TRUE(get(home.paths().receiptFile)->contains("hooksObject"));
     connector.remove();
     EXPECT_EQ(connector.remove(), unchanged);
 }
@@ -212,7 +214,7 @@ TEST(ClaudeCodeConnector, leavesContainersThatNoReceiptClaims) {
     home.fill("{}", R"({"mcpServers":{}})");
     const auto connector = home.connector();
     connector.install();
-    home.write(home.paths().receiptFile, R"({"created":["notKnown"]})");
+    put(home.paths().receiptFile, R"({"created":["notKnown"]})");
     EXPECT_THAT(
         connector.remove().observations,
         ElementsAre(
@@ -224,11 +226,11 @@ TEST(ClaudeCodeConnector, leavesContainersThatNoReceiptClaims) {
             Observation{home.servers(),
                         "an empty mcpServers object remains here, which Wendlow did not create"},
             Observation{home.settings(), removedText}, Observation{home.servers(), removedText}));
-    EXPECT_EQ(home.read(home.servers()), R"({"mcpServers":{}})");
+    EXPECT_EQ(get(home.servers()), R"({"mcpServers":{}})");
 
     // Emptied by us and not ours: said. Empty all along: not our concern.
     home.fill("{}", R"({"mcpServers":{"wendlow":{}}})");
-    home.write(home.paths().receiptFile, R"({"created":["mcpServersObject"]})");
+    put(home.paths().receiptFile, R"({"created":["mcpServersObject"]})");
     EXPECT_THAT(connector.remove().observations,
                 ElementsAre(::testing::_,
                             Observation{home.servers(), "this file is now empty and remains, "
@@ -243,18 +245,18 @@ TEST(ClaudeCodeConnector, refusesAPlanThatFailsAndABundleThatNoCommandCanName) {
     EXPECT_EQ(
         home.connector().install(),
         (ConnectorOutcome{Result::refused, {{home.servers(), "mcpServers is not an object"}}, {}}));
-    EXPECT_EQ(home.read(home.settings()), "{}");
+    EXPECT_EQ(get(home.settings()), "{}");
     const ClaudeCodeConnector spaced(
         ClaudeCodePaths::under(home.path(""), home.path("My Wendlow.app")));
     EXPECT_EQ(spaced.install().observations.front().subject,
               home.path("My Wendlow.app/Contents/MacOS/wendlow-hook").string());
-    EXPECT_EQ(home.read(home.settings()), "{}");
+    EXPECT_EQ(get(home.settings()), "{}");
 }
 
 TEST(ClaudeCodeConnector, saysThatItsRecordWasNotWritten) {
     const ClaudeCodeHome home;
     home.fill("{}", "{}");
-    home.write(home.path("Library"), "a file where the record's folder would be");
+    put(home.path("Library"), "a file where the record's folder would be");
     const auto outcome = home.connector().install();
     EXPECT_EQ(outcome.result, Result::changed);
     ASSERT_EQ(outcome.observations.size(), 5);
@@ -271,10 +273,10 @@ TEST(ClaudeCodeConnector, repairsUnaskedOnlyWiringOfThisVeryInstallation) {
     EXPECT_FALSE(connector.staleOwnWiring());
     connector.install();
     EXPECT_FALSE(connector.staleOwnWiring()) << "connected";
-    const std::string right = home.read(home.settings()).value();
+    const std::string right = get(home.settings()).value();
     std::string spelled = right;
     spelled.replace(spelled.find("--slot rules"), 12, "--slot=rules");
-    home.write(home.settings(), spelled);
+    put(home.settings(), spelled);
     EXPECT_TRUE(connector.staleOwnWiring());
     std::filesystem::rename(home.paths().hookBinary, home.path("away"));
     EXPECT_FALSE(connector.staleOwnWiring()) << "the program is gone";
@@ -282,7 +284,7 @@ TEST(ClaudeCodeConnector, repairsUnaskedOnlyWiringOfThisVeryInstallation) {
     std::string moved = spelled;
     moved.replace(moved.find(home.bundle().string()), home.bundle().string().size(),
                   "/dist-dev/Wendlow.app");
-    home.write(home.settings(), moved);
+    put(home.settings(), moved);
     EXPECT_EQ(connector.scan().state, ConnectorState::drifted);
     EXPECT_FALSE(connector.staleOwnWiring()) << "another copy's";
 }

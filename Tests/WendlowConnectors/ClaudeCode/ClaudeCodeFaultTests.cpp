@@ -13,6 +13,9 @@ namespace wendlow {
 namespace {
 
 using testing::ClaudeCodeHome;
+using testing::get;
+using testing::modeOf;
+using testing::put;
 using Result = ConnectorOutcome::Result;
 namespace fs = std::filesystem;
 
@@ -20,25 +23,25 @@ const std::string plain = "{\n  \"a\": 1\n}\n";
 
 /// Installing and removing leaves both files as they were.
 void expectRoundTrip(const ClaudeCodeHome& home, const std::string& name) {
-    const auto settings = home.read(home.settings());
-    const auto servers = home.read(home.servers());
+    const auto settings = get(home.settings());
+    const auto servers = get(home.servers());
     const auto connector = home.connector();
     EXPECT_EQ(connector.install().result, Result::changed) << name;
     EXPECT_EQ(connector.scan().state, ConnectorState::connected) << name;
     EXPECT_EQ(connector.remove().result, Result::changed) << name;
-    EXPECT_TRUE(home.read(home.settings()) == settings) << name;
-    EXPECT_TRUE(home.read(home.servers()) == servers) << name;
+    EXPECT_TRUE(get(home.settings()) == settings) << name;
+    EXPECT_TRUE(get(home.servers()) == servers) << name;
 }
 
 /// Neither verb does anything, and both say this alone.
 void expectRefusal(const ClaudeCodeHome& home, const Observations& observations) {
-    const auto settings = home.read(home.settings());
-    const auto servers = home.read(home.servers());
+    const auto settings = get(home.settings());
+    const auto servers = get(home.servers());
     const ConnectorOutcome refused{Result::refused, observations, {}};
     EXPECT_EQ(home.connector().install(), refused);
     EXPECT_EQ(home.connector().remove(), refused);
-    EXPECT_EQ(home.read(home.settings()), settings);
-    EXPECT_EQ(home.read(home.servers()), servers);
+    EXPECT_EQ(get(home.settings()), settings);
+    EXPECT_EQ(get(home.servers()), servers);
     EXPECT_TRUE(Backup::all(home.servers()).empty());
 }
 
@@ -117,7 +120,7 @@ TEST(ClaudeCodeFaults, aLinkStaysALink) {
     const ClaudeCodeHome home;
     fs::create_directories(home.path("dotfiles"));
     home.fill({}, plain);
-    home.write(home.path("dotfiles/settings.json"), plain);
+    put(home.path("dotfiles/settings.json"), plain);
     fs::create_symlink("../dotfiles/second", home.settings());
     fs::create_symlink("settings.json", home.path("dotfiles/second"));
     expectRoundTrip(home, "a link to a link");
@@ -140,14 +143,11 @@ TEST(ClaudeCodeFaults, theModeStays) {
     home.fill(plain, plain);
     ::chmod(home.settings().c_str(), 0640);
     ::chmod(home.servers().c_str(), 0600);
-    const auto mode = [](const fs::path& file) {
-        return static_cast<unsigned>(fs::status(file).permissions());
-    };
     expectRoundTrip(home, "modes");
-    EXPECT_EQ(mode(home.settings()), 0640U);
-    EXPECT_EQ(mode(home.servers()), 0600U);
+    EXPECT_EQ(modeOf(home.settings()), mode_t{0640});
+    EXPECT_EQ(modeOf(home.servers()), mode_t{0600});
     for (const fs::path& copy : Backup::all(home.servers()))
-        EXPECT_EQ(mode(copy), 0600U);
+        EXPECT_EQ(modeOf(copy), mode_t{0600});
 }
 
 /// Makes the home somebody else's and this process somebody else until it ends, so that modes
@@ -197,8 +197,8 @@ TEST(ClaudeCodeFaults, whatThisUserMayNotReadOrWrite) {
                                   "written"}},
                                 {}}));
     ::chmod(home.path(".claude").c_str(), 0700);
-    EXPECT_EQ(home.read(home.settings()), plain);
-    EXPECT_EQ(home.read(home.servers()), plain);
+    EXPECT_EQ(get(home.settings()), plain);
+    EXPECT_EQ(get(home.servers()), plain);
     EXPECT_FALSE(fs::exists(home.paths().receiptFile));
 }
 
@@ -217,8 +217,8 @@ TEST(ClaudeCodeFaults, aFolderThatVanishesUnderTheCommit) {
         (Observation{home.settings(), "this file was not written, so nothing was changed — " +
                                           home.settings() +
                                           " could not be written: No such file or directory"}));
-    EXPECT_EQ(home.read(home.path("away/settings.json")), plain);
-    EXPECT_EQ(home.read(home.servers()), plain);
+    EXPECT_EQ(get(home.path("away/settings.json")), plain);
+    EXPECT_EQ(get(home.servers()), plain);
     EXPECT_FALSE(fs::exists(home.paths().receiptFile));
 }
 
@@ -229,19 +229,19 @@ TEST(ClaudeCodeFaults, theToolWritesItsFileBetweenPlanAndCommit) {
     int renames = 0;
     const auto outcome = home.connector([&] {
                                  if (++renames == 1)
-                                     home.write(home.settings(), meanwhile);
+                                     put(home.settings(), meanwhile);
                              })
                              .install();
     // The rename wins, as it would for two editors, and the bytes from before are beside it.
     EXPECT_EQ(outcome.result, Result::changed);
     EXPECT_EQ(home.connector().scan().state, ConnectorState::connected);
-    EXPECT_EQ(home.read(outcome.backups.front()), plain);
+    EXPECT_EQ(get(outcome.backups.front()), plain);
     // A write by the tool afterwards that drops our entry is only drift, and install mends it.
-    home.write(home.settings(), meanwhile);
+    put(home.settings(), meanwhile);
     EXPECT_EQ(home.connector().scan().state, ConnectorState::drifted);
     EXPECT_EQ(home.connector().install().result, Result::changed);
     EXPECT_EQ(home.connector().remove().result, Result::changed);
-    EXPECT_EQ(home.read(home.settings()), meanwhile);
+    EXPECT_EQ(get(home.settings()), meanwhile);
 }
 
 } // namespace

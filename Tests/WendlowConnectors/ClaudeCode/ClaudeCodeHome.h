@@ -1,12 +1,11 @@
 #pragma once
 
 #include "ClaudeCode/ClaudeCodeConnector.h"
+#include "Files.h"
 #include "TemporaryHome.h"
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <string>
 
@@ -16,9 +15,8 @@ namespace wendlow::testing {
 class ClaudeCodeHome {
 public:
     ClaudeCodeHome() {
-        std::filesystem::create_directories(bundle() / "Contents/MacOS");
-        write(paths().hookBinary, "program");
-        write(paths().mcpBinary, "program");
+        put(paths().hookBinary, "program");
+        put(paths().mcpBinary, "program");
     }
 
     std::filesystem::path path(const std::string& name) const { return m_home / name; }
@@ -37,19 +35,9 @@ public:
               const std::optional<std::string>& serversBytes) const {
         std::filesystem::create_directories(paths().configDirectory);
         if (settingsBytes)
-            write(settings(), *settingsBytes);
+            put(settings(), *settingsBytes);
         if (serversBytes)
-            write(servers(), *serversBytes);
-    }
-
-    static void write(const std::filesystem::path& file, const std::string& bytes) {
-        std::ofstream(file, std::ios::binary) << bytes;
-    }
-    static std::optional<std::string> read(const std::filesystem::path& file) {
-        std::ifstream stream(file, std::ios::binary);
-        if (!stream || std::filesystem::is_directory(file))
-            return std::nullopt;
-        return std::string(std::istreambuf_iterator<char>(stream), {});
+            put(servers(), *serversBytes);
     }
 
 private:

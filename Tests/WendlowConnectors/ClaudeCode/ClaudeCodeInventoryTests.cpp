@@ -8,6 +8,7 @@ namespace {
 using testing::ClaudeCodeHome;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using testing::put;
 namespace fs = std::filesystem;
 
 constexpr const char* unverified = " (decoded path not verified on disk)";
@@ -47,10 +48,10 @@ TEST(ClaudeCodeInventory, listsProjectsByTheirLastActivity) {
     const ProjectReport none{store.string(), {}, "no session store found"};
     EXPECT_EQ(connector.projects(), none);
     fs::create_directories(store / "-nowhere-a");
-    home.write(store / "a file", "no project");
+    put(store / "a file", "no project");
     fs::create_directories(store / "-nowhere-b/memory");
-    home.write(store / "-nowhere-b/memory/MEMORY.md", "12345");
-    home.write(store / "-nowhere-b/session.jsonl", "");
+    put(store / "-nowhere-b/memory/MEMORY.md", "12345");
+    put(store / "-nowhere-b/session.jsonl", "");
     const auto at = [](int seconds) {
         return std::chrono::file_clock::from_sys(
             std::chrono::sys_time<std::chrono::seconds>(std::chrono::seconds(seconds)));
@@ -80,11 +81,11 @@ TEST(ClaudeCodeInventory, listsItsMemoryFiles) {
     };
     EXPECT_THAT(paths(), IsEmpty());
     fs::create_directories(home.path(".claude/memory/folder.md"));
-    home.write(home.path(".claude/memory/b.md"), "b");
-    home.write(home.path(".claude/memory/a.md"), "a");
-    home.write(home.path(".claude/memory/c.txt"), "c");
+    put(home.path(".claude/memory/b.md"), "b");
+    put(home.path(".claude/memory/a.md"), "a");
+    put(home.path(".claude/memory/c.txt"), "c");
     EXPECT_THAT(paths(), ElementsAre("memory/a.md", "memory/b.md"));
-    home.write(home.path(".claude/CLAUDE.md"), "rules");
+    put(home.path(".claude/CLAUDE.md"), "rules");
     EXPECT_THAT(paths(), ElementsAre("CLAUDE.md", "memory/a.md", "memory/b.md"));
 }
 

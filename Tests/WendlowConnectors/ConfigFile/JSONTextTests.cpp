@@ -131,6 +131,27 @@ TEST(JSONText, tellsTheFirstFailureAndWhere) {
     }
 }
 
+// Strings are read by blocks of bytes: each byte is judged alike wherever in a block it stands.
+TEST(JSONText, judgesEveryByteAtEveryPlace) {
+    for (std::size_t place = 0; place < 24; ++place) {
+        for (int byte = 0; byte < 256; ++byte) {
+            std::string bytes = "\"" + std::string(24, 'a') + "\"";
+            bytes[1 + place] = static_cast<char>(byte);
+            const std::string told =
+                byte < 0x20 ? "a string holds an unescaped control character (at byte 0)"
+                : byte == '\\'
+                    ? (place < 23 ? "a string holds an escape that is not JSON's (at byte 0)"
+                                  : "the document ended inside a string (at byte 0)")
+                : byte == '"'
+                    ? fmt::format("there are bytes after the top-level value (at byte {})",
+                                  2 + place)
+                : byte >= 0x80 ? "a string holds bytes that are not UTF-8 (at byte 0)"
+                               : "S0-26";
+            EXPECT_EQ(scanned(bytes, strict), told) << place << ' ' << byte;
+        }
+    }
+}
+
 TEST(JSONText, givesEveryRange) {
     const struct {
         std::string bytes;
@@ -157,13 +178,17 @@ TEST(JSONText, givesEveryRange) {
 }
 
 TEST(JSONText, readsSixtyFourLevels) {
-    for (const auto& [open, close, width] :
-         {std::tuple{"[", "]", 1}, std::tuple{"{\"a\":", "}", 5}}) {
+    const struct {
+        std::string open;
+        std::string close;
+    } brackets[] = {{"[", "]"}, {"{\"a\":", "}"}};
+    for (const auto& [open, close] : brackets) {
         const auto nested = [&](int levels) {
             return repeated(open, levels) + "1" + repeated(close, levels);
         };
-        EXPECT_EQ(scanned(nested(65), strict),
-                  fmt::format("the document nests deeper than 64 levels (at byte {})", 64 * width));
+        EXPECT_EQ(
+            scanned(nested(65), strict),
+            fmt::format("the document nests deeper than 64 levels (at byte {})", 64 * open.size()));
         EXPECT_TRUE(JSONText::scanWithTrivia(nested(64), strict));
         // What is closed again no longer counts.
         EXPECT_TRUE(JSONText::scanWithTrivia("[" + repeated(nested(63) + ",", 99) + "1]", strict));

@@ -17,7 +17,6 @@ namespace {
 using namespace testing;
 using std::nullopt;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 namespace fs = std::filesystem;
 
 /// Two files of a tool, and a commit in a second that never ends.
@@ -38,7 +37,7 @@ protected:
         return file.string() + ".wendlow-backup-" + Backup::stamp(at) + counter;
     }
     /// What a callback is called with no argument for: acts at its `count`th call.
-    static std::function<void()> atCall(int count, std::function<void()> action) {
+    static std::function<void()> atCall(int count, const std::function<void()>& action) {
         return [=]() mutable {
             if (--count == 0)
                 action();
@@ -98,7 +97,7 @@ TEST_F(TransactionTest, TouchesNothingThatDoesNotChange) {
 TEST_F(TransactionTest, KeepsTheTwoNewestCopies) {
     put(a, "0");
     for (const auto* step : {"1", "2", "3"})
-        ASSERT_EQ(commit({{a, "a", *get(a), step}}).outcome.index(), 0U);
+        ASSERT_EQ(commit({{a, "a", get(a), step}}).outcome.index(), 0U);
     EXPECT_THAT(Backup::all(a), ElementsAre(copyOf(a, "-02"), copyOf(a, "-03")));
     EXPECT_EQ(get(copyOf(a, "-03")), "2");
 }
