@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+#include <fmt/format.h>
+
 namespace wendlow::BundleCommand {
 
 namespace {
@@ -19,7 +21,7 @@ bool isWord(std::string_view text) {
 /// Splits at the last " --flag ", or where there is none at the last " --flag=".
 std::optional<Flagged> splitAtFlag(std::string_view command, std::string_view flag) {
     for (const char joint : {' ', '='}) {
-        const std::string marker = " " + std::string(flag) + joint;
+        const std::string marker = fmt::format(" {}{}", flag, joint);
         if (const std::size_t at = command.rfind(marker); at != std::string_view::npos)
             return Flagged{command.substr(0, at), command.substr(at + marker.size())};
     }
@@ -43,7 +45,7 @@ std::optional<std::string_view> hookExecutable(std::string_view command, std::st
         return std::nullopt;
     const std::string_view line = withoutSlot(command);
     for (const std::string_view flag : {" --harness ", " --harness="}) {
-        const std::string ending = std::string(flag) + std::string(harness);
+        const std::string ending = fmt::format("{}{}", flag, harness);
         if (!line.ends_with(ending))
             continue;
         const std::string_view executable = line.substr(0, line.size() - ending.size());

@@ -102,6 +102,11 @@ TEST(ClaudeCodeHook, installsWithTheSmallestEdit) {
          R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]},{"hooks":[@slots]}],)" + preToolPart +
              "}}",
          {group}},
+        {"and leave it where the person's entry comes first",
+         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs,@slots]}],)" + preToolPart + "}}",
+         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]},{"hooks":[@slots]}],)" + preToolPart +
+             "}}",
+         {group}},
         {"a shared group that is right already stays",
          R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots,@theirs]}],)" + preToolPart + "}}",
          R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots,@theirs]}],)" + preToolPart + "}}",
