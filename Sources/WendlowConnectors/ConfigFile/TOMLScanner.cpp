@@ -26,6 +26,8 @@ TOMLScanner::TOMLScanner(std::string_view bytes)
     : m_bytes(bytes), m_position(TOMLBytes::textStart(bytes)) {}
 
 std::expected<TOMLDocument, TOMLTextError> TOMLScanner::scan() {
+    constexpr std::size_t usualEntrySize = 48;
+    m_document.m_entries.reserve(m_bytes.size() / usualEntrySize);
     TOMLTable root;
     root.headerStart = m_position;
     openTable(root);
@@ -237,8 +239,8 @@ TOMLPath TOMLScanner::keepSegments() {
 }
 
 std::string_view TOMLScanner::keepText(const TOMLString::Text& string) {
-    if (!string.isDecoded || string.text.empty())
-        return string.isDecoded ? std::string_view() : string.text;
+    if (!string.isDecoded)
+        return string.text;
     std::pmr::polymorphic_allocator<char> allocator(m_document.m_texts.get());
     const auto kept = allocator.allocate(string.text.size());
     std::ranges::copy(string.text, kept);

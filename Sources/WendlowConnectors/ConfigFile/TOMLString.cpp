@@ -48,6 +48,10 @@ std::optional<std::uint32_t> hexDigit(char byte) {
 
 std::expected<TOMLString::Text, std::string_view>
 TOMLString::read(std::string_view bytes, std::size_t start, Place place, std::string& decoded) {
+    // Most strings stand on one line and have nothing to decode.
+    const auto end = TOMLBytes::find(TOMLBytes::endsPlainRun, bytes, start + 1);
+    if (end < bytes.size() && bytes[end] == bytes[start] && end > start + 1)
+        return Text{end + 1, bytes.substr(start + 1, end - start - 1), false};
     TOMLString string(bytes, start, place, decoded);
     if (const Reason reason = string.readToEnd())
         return std::unexpected(reason);
@@ -57,7 +61,9 @@ TOMLString::read(std::string_view bytes, std::size_t start, Place place, std::st
 TOMLString::TOMLString(std::string_view bytes, std::size_t start, Place place, std::string& decoded)
     : m_bytes(bytes), m_position(start + 1), m_runStart(start + 1), m_quote(bytes[start]),
       m_decoded(decoded) {
-    if (place == Place::key || bytes.substr(start, 3) != std::string(3, m_quote))
+    const bool isTripled =
+        bytes.size() - start >= 3 && bytes[start + 1] == m_quote && bytes[start + 2] == m_quote;
+    if (place == Place::key || !isTripled)
         return;
     m_isMultiline = true;
     m_position = start + 3;
