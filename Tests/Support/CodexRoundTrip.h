@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CodexHome.h"
+#include "ConfigFile/Backup.h"
 #include "InstallRemoveProperty.h"
 
 #include <cstdlib>
@@ -40,8 +41,13 @@ inline bool holdsNothing(const CodexHome& home, const std::string& hooks, const 
 inline std::optional<std::string>
 brokenCodexRoundTrip(const CodexHome& home, const std::string& hooks, const std::string& config) {
     using Result = ConnectorOutcome::Result;
-    put(home.hooksFile(), hooks);
-    put(home.configFile(), config);
+    for (const auto& [file, bytes] :
+         {std::pair(home.hooksFile(), hooks), std::pair(home.configFile(), config)}) {
+        // The clock stands still, and the names of ever more copies in one second grow too long.
+        for (const auto& copy : Backup::all(file))
+            std::filesystem::remove(copy);
+        put(file, bytes);
+    }
     std::filesystem::remove(home.paths().receiptFile);
     const auto connector = home.connector();
     const auto isStill = [&](const std::string& hooksNow, const std::string& configNow) {
