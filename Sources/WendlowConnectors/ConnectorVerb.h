@@ -38,7 +38,7 @@ namespace ConnectorVerb {
 /// Where a verb's time comes from, and a test's chance to act as another writer.
 struct Surroundings {
     std::function<Transaction::Date()> now = [] { return std::chrono::system_clock::now(); };
-    std::function<void()> beforeRename{};
+    std::function<void()> beforeRename = nullptr;
 };
 
 ConnectorOutcome refused(Observations observations);
@@ -46,10 +46,10 @@ ConnectorOutcome refused(const PlanFailure& failure);
 
 /// A planned installation.
 struct Installation {
-    std::vector<PlannedFile> files{};       ///< in the order of writing
-    std::set<Created> created{};            ///< what it brings into being
-    std::optional<TrustSlots> trustSlots{}; ///< what takes the place of the receipt's
-    Observations notes{};                   ///< said unless it is refused, behind all else
+    std::vector<PlannedFile> files;       ///< in the order of writing
+    std::set<Created> created;            ///< what it brings into being
+    std::optional<TrustSlots> trustSlots; ///< what takes the place of the receipt's
+    Observations notes;                   ///< said unless it is refused, behind all else
 
     /// Adds one file's part. `file` is what is created where there is no such file yet. Moves the
     /// file's bytes.

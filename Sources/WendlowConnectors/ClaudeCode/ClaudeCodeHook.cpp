@@ -154,7 +154,7 @@ bool ClaudeCodeHook::converged(const std::vector<HookSite>& sites, const JSONNod
 /// An installation under way.
 struct ClaudeCodeHook::Draft : JSONDraft {
     using JSONDraft::JSONDraft;
-    std::set<Created> created{};
+    std::set<Created> created;
 };
 
 ClaudeCodeHook::Result<InstalledBlock> ClaudeCodeHook::installed(std::string_view bytes) const {
@@ -173,7 +173,8 @@ ClaudeCodeHook::installed(std::string_view bytes, const JSONDocument& document) 
                             &ClaudeCodeHook::installPreTool})
         if (auto done = (this->*step)(draft); !done)
             return std::unexpected(done.error());
-    return InstalledBlock{.bytes = std::move(draft).finish(), .created = std::move(draft.created)};
+    std::set<Created> created = std::move(draft.created);
+    return InstalledBlock{.bytes = std::move(draft).finish(), .created = std::move(created)};
 }
 
 /// The first site that keeps its group as the slots' group. A group that also holds an entry that

@@ -155,7 +155,8 @@ ConnectorOutcome CodexConnector::install() const {
     if (!config)
         return ConnectorVerb::refused(PlanFailure{here.config.label, selfEditFailure});
 
-    ConnectorVerb::Installation installation{.trustSlots = std::move(config->trustSlots)};
+    ConnectorVerb::Installation installation;
+    installation.trustSlots = std::move(config->trustSlots);
     if (config->commentsReplaced > 0)
         installation.notes.push_back(
             {here.config.label,

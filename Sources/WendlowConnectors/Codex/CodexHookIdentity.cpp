@@ -40,6 +40,7 @@ std::string CodexHookIdentity::canonicalJSON() const {
         fields["statusMessage"] = quote(*statusMessage);
 
     std::vector<std::string> pairs;
+    pairs.reserve(fields.size());
     for (const auto& [key, value] : fields)
         pairs.push_back(quote(key) + ":" + value);
     return fmt::format(R"({{"event_name":{},"hooks":[{{{}}}]{}}})", quote("user_prompt_submit"),

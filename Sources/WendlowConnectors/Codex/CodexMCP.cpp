@@ -85,6 +85,7 @@ BlockFinding CodexMCP::find(const TOMLDocument* document, const std::set<Created
         return {BlockFinding::Foreign{{"the Wendlow MCP entry here was written by hand and is not "
                                        "the one this build writes"}}};
     std::vector<std::string> reasons;
+    reasons.reserve(below.size());
     for (const TOMLTable* const subTable : below)
         reasons.push_back(fmt::format("the table [{}] hangs under the Wendlow MCP entry here, and "
                                       "this build did not write it",

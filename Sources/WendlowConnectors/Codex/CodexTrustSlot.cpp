@@ -1,6 +1,7 @@
 #include "Codex/CodexTrustSlot.h"
 
 #include <charconv>
+#include <memory>
 #include <system_error>
 #include <utility>
 
@@ -14,8 +15,8 @@ std::optional<std::ptrdiff_t> decimal(std::string_view text) {
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     std::ptrdiff_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    const char* const end = std::to_address(text.end());
+    const auto [rest, error] = std::from_chars(std::to_address(text.begin()), end, number);
     return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
 }
 

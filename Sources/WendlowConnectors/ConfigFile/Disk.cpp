@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <tuple>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -305,7 +306,7 @@ std::vector<Path> filesBelow(const Path& folder, std::string_view suffix) {
     while (!folders.empty()) {
         const Path current = std::move(folders.back());
         folders.pop_back();
-        (void)list(current, [&](const dirent& entry) {
+        std::ignore = list(current, [&](const dirent& entry) {
             const std::string_view name = entry.d_name;
             const bool matches = name.size() > suffix.size() && name.ends_with(suffix);
             // What the folder's listing tells need not be asked again; links, and what some file

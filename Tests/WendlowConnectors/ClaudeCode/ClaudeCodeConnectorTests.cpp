@@ -10,7 +10,6 @@ namespace {
 using testing::ClaudeCodeHome;
 using ::testing::ElementsAre;
 using testing::get;
-using ::testing::IsEmpty;
 using testing::put;
 using Result = ConnectorOutcome::Result;
 

@@ -7,9 +7,7 @@
 namespace wendlow {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::filled;
-using ::testing::IsEmpty;
 
 const ClaudeCodeHook hook(testing::paths());
 constexpr auto all = {Created::hooksObject, Created::eventArray, Created::hookGroup,
