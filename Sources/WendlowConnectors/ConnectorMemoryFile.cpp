@@ -2,6 +2,9 @@
 
 #include "ConfigFile/Disk.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include <sys/stat.h>
 
 namespace wendlow {
@@ -10,6 +13,14 @@ namespace {
 
 FileDate date(const timespec& time) {
     return FileDate(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
+}
+
+bool isMarkdown(const std::filesystem::path& name) {
+    std::string extension = name.extension().string();
+    for (char& byte : extension)
+        if (byte >= 'A' && byte <= 'Z')
+            byte += 'a' - 'A';
+    return extension == ".md" || extension == ".mdc" || extension == ".markdown";
 }
 
 } // namespace
@@ -36,9 +47,25 @@ ConnectorMemoryFile::markdown(const std::filesystem::path& folder) {
     if (!names)
         return files;
     for (const std::string& name : *names)
-        if (std::filesystem::path(name).extension() == ".md" && !Disk::isDirectory(folder / name))
+        if (isMarkdown(name) && !Disk::isDirectory(folder / name))
             files.push_back(folder / name);
     return files;
+}
+
+MemoryFileReport MemoryFileReport::of(const std::vector<std::filesystem::path>& paths) {
+    MemoryFileReport report;
+    for (const std::filesystem::path& path : paths)
+        if (auto file = ConnectorMemoryFile::stat(path))
+            report.files.push_back(*std::move(file));
+    return report;
+}
+
+void ProjectReport::arrange() {
+    std::ranges::sort(projects, [](const ConnectorProject& a, const ConnectorProject& b) {
+        return std::tie(b.lastActivity, a.path) < std::tie(a.lastActivity, b.path);
+    });
+    if (projects.empty())
+        note = "no session store found";
 }
 
 } // namespace wendlow

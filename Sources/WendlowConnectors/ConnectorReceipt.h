@@ -50,12 +50,14 @@ std::string_view text(Adopted adopted);
 std::optional<Created> createdNamed(std::string_view text);
 std::optional<Adopted> adoptedNamed(std::string_view text);
 
+using TrustSlots = std::set<std::string, std::less<>>;
+
 /// What a connector created in a tool's configuration. Rules what removal may delete; never asked
 /// whether a tool is connected.
 struct ConnectorReceipt {
     std::set<Created> created;
     std::set<Adopted> adopted;
-    std::set<std::string, std::less<>> trustSlots;
+    TrustSlots trustSlots;
     std::optional<std::string> appVersion;
 
     bool operator==(const ConnectorReceipt&) const = default;

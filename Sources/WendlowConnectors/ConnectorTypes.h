@@ -78,6 +78,9 @@ struct ConnectorMemoryFile {
 struct MemoryFileReport {
     std::vector<ConnectorMemoryFile> files;
 
+    /// Those of `paths` that exist, in that order.
+    static MemoryFileReport of(const std::vector<std::filesystem::path>& paths);
+
     bool operator==(const MemoryFileReport&) const = default;
 };
 
@@ -94,6 +97,9 @@ struct ProjectReport {
     std::optional<std::string> source; ///< the path of the store that was read
     std::vector<ConnectorProject> projects;
     std::optional<std::string> note; ///< what to show when the list is empty
+
+    /// Puts the most recently active project first, or notes that there is none.
+    void arrange();
 
     bool operator==(const ProjectReport&) const = default;
 };

@@ -71,22 +71,36 @@ ConnectorOutcome refused(const PlanFailure& failure) {
     return refused(Observations{{failure.file, failure.reason}});
 }
 
-ConnectorOutcome install(std::vector<PlannedFile> files, const std::set<Created>& created,
-                         const ReceiptStore& receipts, const Surroundings& surroundings) {
-    const auto said = fates(files);
-    auto result = commit(std::move(files), surroundings);
+void Installation::add(ToolFile toolFile, InstalledBlock installed, Created file) {
+    created.merge(installed.created);
+    if (!toolFile.bytes)
+        created.insert(file);
+    const bool edited = installed.bytes.has_value();
+    files.push_back(
+        {.file = std::move(toolFile), .edited = edited, .after = std::move(installed.bytes)});
+}
+
+ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
+                         const Surroundings& surroundings) {
+    const auto said = fates(installation.files);
+    auto result = commit(std::move(installation.files), surroundings);
     auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
-    if (committed == nullptr)
-        return notCommitted(result, said);
-    ConnectorOutcome outcome = changed(*committed);
-    ConnectorReceipt receipt = receipts.read();
-    receipt.created.insert(created.begin(), created.end());
-    if (const auto written = receipts.write(receipt); !written)
-        outcome.observations.push_back(
-            {receipts.file.string(),
-             fmt::format("the record of what was created was not written here — {}",
-                         written.error())});
-    sayFates(said, "the Wendlow entry was written to this file", outcome.observations);
+    ConnectorOutcome outcome =
+        committed == nullptr ? notCommitted(result, said) : changed(*committed);
+    if (committed != nullptr) {
+        ConnectorReceipt receipt = receipts.read();
+        receipt.created.merge(installation.created);
+        if (installation.trustSlots)
+            receipt.trustSlots = *std::move(installation.trustSlots);
+        if (const auto written = receipts.write(receipt); !written)
+            outcome.observations.push_back(
+                {receipts.file.string(),
+                 fmt::format("the record of what was created was not written here — {}",
+                             written.error())});
+        sayFates(said, "the Wendlow entry was written to this file", outcome.observations);
+    }
+    if (outcome.result != Result::refused)
+        std::ranges::move(installation.notes, std::back_inserter(outcome.observations));
     return outcome;
 }
 
@@ -102,11 +116,6 @@ ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
     std::ranges::move(notes, std::back_inserter(outcome.observations));
     sayFates(said, "the Wendlow entry was removed from this file", outcome.observations);
     return outcome;
-}
-
-PlannedFile planInstallation(ToolFile file, InstalledBlock installed) {
-    const bool edited = installed.bytes.has_value();
-    return {.file = std::move(file), .edited = edited, .after = std::move(installed.bytes)};
 }
 
 PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,

@@ -44,12 +44,22 @@ struct Surroundings {
 ConnectorOutcome refused(Observations observations);
 ConnectorOutcome refused(const PlanFailure& failure);
 
-/// Plans one file's part in an installation. Moves the file's bytes.
-PlannedFile planInstallation(ToolFile file, InstalledBlock installed);
-/// Commits an installation that brings `created` into being. What was created is added to the
-/// receipt, and only when the commit changed something.
-ConnectorOutcome install(std::vector<PlannedFile> files, const std::set<Created>& created,
-                         const ReceiptStore& receipts, const Surroundings& surroundings);
+/// A planned installation.
+struct Installation {
+    std::vector<PlannedFile> files;       ///< in the order of writing
+    std::set<Created> created;            ///< what it brings into being
+    std::optional<TrustSlots> trustSlots; ///< what takes the place of the receipt's
+    Observations notes;                   ///< said unless it is refused, behind all else
+
+    /// Adds one file's part. `file` is what is created where there is no such file yet. Moves the
+    /// file's bytes.
+    void add(ToolFile toolFile, InstalledBlock installed, Created file);
+};
+
+/// Commits an installation. What it created is added to the receipt, and only when the commit
+/// changed something.
+ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
+                         const Surroundings& surroundings);
 /// Commits a removal. `notes`, about what stays behind, are said when it changed something; the
 /// receipt goes then too.
 ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,

@@ -1,6 +1,7 @@
 #include "Connectors.h"
 
 #include "ClaudeCode/ClaudeCodeConnector.h"
+#include "Codex/CodexConnector.h"
 
 namespace wendlow::Connectors {
 
@@ -10,7 +11,8 @@ std::string_view text(Profile profile) {
 
 List all(const std::filesystem::path& home, const std::filesystem::path& bundle,
          const std::filesystem::path& /*applications*/) {
-    return {std::make_shared<ClaudeCodeConnector>(ClaudeCodePaths::under(home, bundle))};
+    return {std::make_shared<ClaudeCodeConnector>(ClaudeCodePaths::under(home, bundle)),
+            std::make_shared<CodexConnector>(CodexPaths::under(home, bundle))};
 }
 
 std::filesystem::path mcpCommand(const std::filesystem::path& bundle) {

@@ -7,6 +7,9 @@
 
 namespace wendlow::Drift {
 
+/// Said of an entry whose commands are right and whose rest is not.
+inline constexpr std::string_view otherShape = "the entry's shape is not the one this build writes";
+
 /// Why the command `found` in a tool's file is not the one `expected`, and whether the executable
 /// `binary` is missing: sentences, none when all is well. Asks the disk about `binary` alone.
 std::vector<std::string> reasons(std::string_view found, std::string_view expected,

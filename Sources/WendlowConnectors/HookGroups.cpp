@@ -24,6 +24,20 @@ namespace HookGroups {
 
 namespace {
 
+using Step = JSONBlock::Result<void>;
+
+/// Whatever stands where groups do, under any event, in document order.
+template<class Visit> void forEachGroup(const JSONNode& root, Visit visit) {
+    const auto hooks = root.member("hooks");
+    if (!hooks)
+        return;
+    for (const JSONNode::Member& event : hooks->members()) {
+        std::ptrdiff_t index = 0;
+        for (const JSONNode& group : event.value.elements())
+            visit(event.key, index++, group);
+    }
+}
+
 /// Whether the group at `site` holds no entry any more.
 bool groupIsEmpty(const JSONNode& root, const HookSite& site) {
     const auto entries = root.node(site.entriesPath());
@@ -45,16 +59,34 @@ bool groupIsOurs(const JSONNode& root, std::string_view bytes, const HookSite& s
     return true;
 }
 
-/// One removal under way: the bytes so far, and what is to be said about them.
+/// The first repeated name in the objects that an entry's path leads through, outside in.
+std::optional<std::string> repeatedName(const JSONNode& root) {
+    auto reason = JSONBlock::repeatedName(root);
+    const auto hooks = root.member("hooks");
+    const auto judge = [&](const JSONNode& object) {
+        if (!reason)
+            reason = JSONBlock::repeatedName(object);
+    };
+    if (hooks)
+        judge(*hooks);
+    forEachGroup(root, [&](std::string_view, std::ptrdiff_t, const JSONNode& group) {
+        judge(group);
+        if (const auto entries = group.member("hooks"))
+            std::ranges::for_each(entries->elements(), judge);
+    });
+    return reason;
+}
+
+/// One removal under way, and what is to be said about it.
 class Removal {
 public:
-    using Step = JSONBlock::Result<void>;
-
-    Removal(std::string_view bytes, const std::set<Created>& created, const Containers& containers)
-        : m_original(bytes), m_created(created), m_containers(containers) {}
+    Removal(std::string_view bytes, const JSONDocument& document, const std::set<Created>& created,
+            const Containers& containers)
+        : m_draft(bytes, document), m_created(created), m_containers(containers) {}
 
     Step removeEntry(const HookSite& site) {
-        if (auto step = take(JSONEdit::removeElement(bytes(), site.entriesPath(), site.entry));
+        if (auto step = m_draft.take(
+                JSONEdit::removeElement(m_draft.bytes(), site.entriesPath(), site.entry));
             !step)
             return step;
         return removeEmptyGroup(site);
@@ -63,125 +95,74 @@ public:
     /// Takes member `key` of the object at `parent` out, if it is an empty container of ours.
     Step removeEmpty(Created made, const JSONPath& parent, const std::string& key,
                      JSONNode::Kind kind, std::string_view what) {
-        const auto document = scan();
-        if (!document)
-            return std::unexpected(document.error());
-        const auto object = document->root().node(parent);
+        const auto object = m_draft.root().node(parent);
         const auto container = object ? object->member(key) : std::nullopt;
         if (!container || container->kind() != kind || container->count() > 0)
             return {};
         if (m_created.contains(made))
-            return take(JSONEdit::removeMember(bytes(), parent, key, JSONDialect::json));
+            return m_draft.take(
+                JSONEdit::removeMember(m_draft.bytes(), parent, key, JSONDialect::json));
         leave(what);
         return {};
     }
 
-    RemovedBlock result() && { return std::move(m_result); }
+    RemovedBlock result() && {
+        return {.bytes = std::move(m_draft).finish(), .leftovers = std::move(m_leftovers)};
+    }
 
 private:
-    std::string_view bytes() const { return m_result.bytes ? *m_result.bytes : m_original; }
-
-    JSONBlock::Result<JSONDocument> scan() const {
-        auto document = JSONText::scanWithTrivia(bytes(), JSONDialect::json);
-        if (!document)
-            return std::unexpected(document.error());
-        return *std::move(document);
-    }
-
-    Step take(JSONEdit::Result edited) {
-        if (!edited)
-            return std::unexpected(edited.error());
-        m_result.bytes = *std::move(edited);
-        return {};
-    }
-
     void leave(std::string_view what) {
-        m_result.leftovers.push_back(
+        m_leftovers.push_back(
             fmt::format("an empty {} remains here, which Wendlow did not create", what));
     }
 
     Step removeEmptyGroup(const HookSite& site) {
-        const auto document = scan();
-        if (!document)
-            return std::unexpected(document.error());
-        if (!groupIsEmpty(document->root(), site))
+        if (!groupIsEmpty(m_draft.root(), site))
             return {};
         if (!m_created.contains(m_containers.of(site.event).group)) {
             leave("hook group");
             return {};
         }
-        if (!groupIsOurs(document->root(), bytes(), site, m_containers.groupMembers)) {
-            m_result.leftovers.emplace_back("a hook group without entries remains here, because "
-                                            "it holds more than Wendlow wrote");
+        if (!groupIsOurs(m_draft.root(), m_draft.bytes(), site, m_containers.groupMembers)) {
+            m_leftovers.emplace_back("a hook group without entries remains here, because it holds "
+                                     "more than Wendlow wrote");
             return {};
         }
-        return take(JSONEdit::removeElement(bytes(), site.eventPath(), site.group));
+        return m_draft.take(JSONEdit::removeElement(m_draft.bytes(), site.eventPath(), site.group));
     }
 
-    std::string_view m_original;
+    JSONDraft m_draft;
     const std::set<Created>& m_created;
     const Containers& m_containers;
-    RemovedBlock m_result;
+    std::vector<std::string> m_leftovers;
 };
 
 } // namespace
 
+void forEachEntry(const JSONNode& root, const std::function<void(const Entry&)>& visit) {
+    forEachGroup(root, [&](std::string_view event, std::ptrdiff_t index, const JSONNode& group) {
+        const auto entries = group.member("hooks");
+        if (!entries)
+            return;
+        std::ptrdiff_t position = 0;
+        for (const JSONNode& node : entries->elements())
+            visit({.event = event, .group = index, .index = position++, .node = node});
+    });
+}
+
 std::vector<HookSite> sites(const JSONNode& root, std::span<const std::string> currents) {
     std::vector<HookSite> found;
-    const auto hooks = root.member("hooks");
-    if (!hooks)
-        return found;
-    for (const JSONNode::Member& event : hooks->members()) {
-        std::ptrdiff_t groupIndex = -1;
-        for (const JSONNode& group : event.value.elements()) {
-            ++groupIndex;
-            const auto entries = group.member("hooks");
-            if (!entries)
-                continue;
-            std::ptrdiff_t entryIndex = -1;
-            for (const JSONNode& entry : entries->elements()) {
-                ++entryIndex;
-                const auto member = entry.member("command");
-                const auto command = member ? member->string() : std::nullopt;
-                const auto tier = command ? HookCommand::tier(*command, currents) : std::nullopt;
-                if (tier)
-                    found.push_back({.event = std::string(event.key),
-                                     .group = groupIndex,
-                                     .entry = entryIndex,
-                                     .command = std::string(*command),
-                                     .tier = *tier});
-            }
-        }
-    }
+    forEachEntry(root, [&](const Entry& entry) {
+        const auto command = JSONBlock::text(entry.node, "command");
+        if (const auto tier = command ? HookCommand::tier(*command, currents) : std::nullopt)
+            found.push_back({.event = std::string(entry.event),
+                             .group = entry.group,
+                             .entry = entry.index,
+                             .command = std::string(*command),
+                             .tier = *tier});
+    });
     return found;
 }
-
-namespace {
-
-/// The first repeated name in the objects that an entry's path leads through, outside in.
-std::optional<std::string> repeatedName(const JSONNode& root) {
-    if (auto reason = JSONBlock::repeatedName(root))
-        return reason;
-    const auto hooks = root.member("hooks");
-    if (!hooks)
-        return std::nullopt;
-    if (auto reason = JSONBlock::repeatedName(*hooks))
-        return reason;
-    for (const JSONNode::Member& event : hooks->members())
-        for (const JSONNode& group : event.value.elements()) {
-            if (auto reason = JSONBlock::repeatedName(group))
-                return reason;
-            const auto entries = group.member("hooks");
-            if (!entries)
-                continue;
-            for (const JSONNode& entry : entries->elements())
-                if (auto reason = JSONBlock::repeatedName(entry))
-                    return reason;
-        }
-    return std::nullopt;
-}
-
-} // namespace
 
 JSONBlock::Readable read(std::string_view bytes) {
     auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
@@ -205,22 +186,38 @@ std::optional<std::string> foreignReason(const JSONNode& root,
     return std::nullopt;
 }
 
-JSONBlock::Result<std::string> discard(const HookSite& site, std::string_view bytes,
-                                       const JSONLiteral::Object& groupMembers) {
-    auto edited = JSONEdit::removeElement(bytes, site.entriesPath(), site.entry);
-    if (!edited)
-        return edited;
-    const auto document = JSONText::scanWithTrivia(*edited, JSONDialect::json);
-    if (!document)
-        return std::unexpected(document.error());
-    if (groupIsEmpty(document->root(), site) &&
-        groupIsOurs(document->root(), *edited, site, groupMembers))
-        return JSONEdit::removeElement(*edited, site.eventPath(), site.group);
-    return edited;
+Step append(JSONDraft& draft, std::string_view event, const JSONLiteral& group,
+            const Containers& containers, std::set<Created>& created) {
+    const auto cases = containers.of(event);
+    created.insert(cases.group);
+    const auto hooks = draft.root().member("hooks");
+    if (hooks && hooks->member(event))
+        return draft.take(JSONEdit::appendElement(draft.bytes(), {"hooks", event}, group));
+    created.insert(cases.list);
+    const JSONLiteral list = JSONLiteral::array({group});
+    // Fails in words where there is no place for a list.
+    if (hooks)
+        return draft.take(
+            JSONEdit::setMember(draft.bytes(), {"hooks"}, event, list, JSONDialect::json));
+    created.insert(containers.hooksObject);
+    return draft.take(JSONEdit::setMember(draft.bytes(), {}, "hooks",
+                                          JSONLiteral::object({{std::string(event), list}}),
+                                          JSONDialect::json));
 }
 
-JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, std::vector<HookSite> own,
-                                        const std::set<Created>& created,
+Step discard(JSONDraft& draft, const HookSite& site, const JSONLiteral::Object& groupMembers) {
+    if (auto step =
+            draft.take(JSONEdit::removeElement(draft.bytes(), site.entriesPath(), site.entry));
+        !step)
+        return step;
+    if (groupIsEmpty(draft.root(), site) &&
+        groupIsOurs(draft.root(), draft.bytes(), site, groupMembers))
+        return draft.take(JSONEdit::removeElement(draft.bytes(), site.eventPath(), site.group));
+    return {};
+}
+
+JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, const JSONDocument& document,
+                                        std::vector<HookSite> own, const std::set<Created>& created,
                                         const Containers& containers) {
     // Within an event from the back, so that the indices in front stay valid.
     std::vector<std::string> events;
@@ -231,7 +228,7 @@ JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, std::vector<Hook
         std::reverse(first, last);
         first = last;
     }
-    Removal removal(bytes, created, containers);
+    Removal removal(bytes, document, created, containers);
     for (const HookSite& site : own)
         if (auto step = removal.removeEntry(site); !step)
             return std::unexpected(step.error());

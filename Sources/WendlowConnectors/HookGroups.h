@@ -2,9 +2,13 @@
 
 #include "HookCommand.h"
 #include "JSONBlock.h"
+#include "JSONDraft.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <functional>
+#include <ranges>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,7 +32,8 @@ struct HookSite {
     bool operator==(const HookSite&) const = default;
 };
 
-/// The walk over such files, and the two ways in which an entry leaves one. Pure; any thread.
+/// The walk over such files, and the ways in which an entry gets into one and out of it. Pure; any
+/// thread.
 namespace HookGroups {
 
 /// The receipt's cases for what may be left empty under one event.
@@ -44,22 +49,45 @@ struct Containers {
     JSONLiteral::Object groupMembers;
 };
 
+/// One thing that stands where an entry does. Its position is what a tool knows it by.
+struct Entry {
+    std::string_view event;
+    std::ptrdiff_t group = 0;
+    std::ptrdiff_t index = 0;
+    JSONNode node;
+};
+
+/// Whatever stands where entries do, under any event, in document order.
+void forEachEntry(const JSONNode& root, const std::function<void(const Entry&)>& visit);
 /// The entries of ours under any event, in document order. `currents` are the commands this build
 /// writes here.
 std::vector<HookSite> sites(const JSONNode& root, std::span<const std::string> currents);
+/// Whether there are sites and all of them run `binary`.
+template<std::ranges::range Sites>
+bool allRun(const Sites& sites, const std::filesystem::path& binary) {
+    const auto runsIt = [program = binary.string()](const HookSite& site) {
+        return std::string_view(site.command).substr(0, site.command.find(' ')) == program;
+    };
+    return !std::ranges::empty(sites) && std::ranges::all_of(sites, runsIt);
+}
+
 /// A document in which no object on the way to an entry holds a name twice.
 JSONBlock::Readable read(std::string_view bytes);
 /// Why there is no place for an entry under these events.
 std::optional<std::string> foreignReason(const JSONNode& root,
                                          std::span<const std::string_view> events);
 
+/// Appends a group to the list of `event`, making the list and the `hooks` object where there is
+/// none. What came into being is added to `created`.
+JSONBlock::Result<void> append(JSONDraft& draft, std::string_view event, const JSONLiteral& group,
+                               const Containers& containers, std::set<Created>& created);
 /// Takes one entry out, and its group when that is left empty and holds nothing but what is ours.
-JSONBlock::Result<std::string> discard(const HookSite& site, std::string_view bytes,
-                                       const JSONLiteral::Object& groupMembers);
+JSONBlock::Result<void> discard(JSONDraft& draft, const HookSite& site,
+                                const JSONLiteral::Object& groupMembers);
 /// Takes out `own`, the sites in `bytes`, and from the inside out each container that is then empty
-/// and that `created` says is ours.
-JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, std::vector<HookSite> own,
-                                        const std::set<Created>& created,
+/// and that `created` says is ours. `document` is the scan of `bytes`.
+JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, const JSONDocument& document,
+                                        std::vector<HookSite> own, const std::set<Created>& created,
                                         const Containers& containers);
 
 } // namespace HookGroups

@@ -17,6 +17,11 @@ std::optional<std::string> repeatedName(const JSONNode& object) {
     return std::nullopt;
 }
 
+std::optional<std::string_view> text(const JSONNode& object, std::string_view key) {
+    const auto member = object.member(key);
+    return member ? member->string() : std::nullopt;
+}
+
 std::string notA(std::string_view name, std::string_view kind) {
     return fmt::format("the {} value in this file is not an {}, so no entry can be put in it", name,
                        kind);

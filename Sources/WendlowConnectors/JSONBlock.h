@@ -20,12 +20,12 @@ using Readable = std::expected<JSONDocument, std::string>;
 
 /// What a file that does not exist is planned from. The line feed makes the new file multi-line.
 inline constexpr std::string_view seed = "{}\n";
-/// Said of an entry whose commands are right and whose rest is not.
-inline constexpr std::string_view otherShape = "the entry's shape is not the one this build writes";
 
 /// The sentence about the first name that `object` holds twice. The editor addresses the first of
 /// two and the tool reads the last, so such an object is left alone.
 std::optional<std::string> repeatedName(const JSONNode& object);
+/// The string at member `key` of an object; nothing where it is not a string.
+std::optional<std::string_view> text(const JSONNode& object, std::string_view key);
 /// "the <name> value in this file is not an <kind>, so no entry can be put in it".
 std::string notA(std::string_view name, std::string_view kind);
 /// Whether `bytes` are an object without members and nothing else.

@@ -1,6 +1,7 @@
 #include "ScanJoin.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace wendlow::ScanJoin {
 
@@ -14,6 +15,14 @@ ConnectorState state(std::span<const BlockFinding> findings) {
     if (std::ranges::all_of(findings, connected))
         return ConnectorState::connected;
     return std::ranges::any_of(findings, ours) ? ConnectorState::drifted : ConnectorState::found;
+}
+
+ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
+                    const std::filesystem::path& file) {
+    return {.identity = std::move(identity),
+            .state = ConnectorState::notFound,
+            .observations = folded({{directory.string(), "there is no directory here"},
+                                    {file.string(), "there is no file here"}})};
 }
 
 } // namespace wendlow::ScanJoin

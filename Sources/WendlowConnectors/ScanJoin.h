@@ -12,4 +12,8 @@ namespace wendlow::ScanJoin {
 /// about its blocks.
 ConnectorState state(std::span<const BlockFinding> findings);
 
+/// The report on a tool that is not on this machine.
+ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
+                    const std::filesystem::path& file);
+
 } // namespace wendlow::ScanJoin

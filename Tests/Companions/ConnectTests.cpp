@@ -47,18 +47,18 @@ protected:
 };
 
 TEST_F(Connect, tellsPeopleInLines) {
-    EXPECT_EQ(connect("scan").out, "Claude Code: notFound\n"
-                                   "  HOME/.claude: there is no directory here\n"
-                                   "  HOME/.claude.json: there is no file here\n");
+    EXPECT_EQ(connect("scan claude-code").out, "Claude Code: notFound\n"
+                                               "  HOME/.claude: there is no directory here\n"
+                                               "  HOME/.claude.json: there is no file here\n");
     const auto refused = connect("install claude-code");
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.out, "Claude Code: refused\n  HOME/.claude: there is no Claude Code "
                            "configuration here, so nothing was written\n");
     EXPECT_EQ(connect("converge").out, "nothing needed repair\n");
-    EXPECT_EQ(connect("stale").out,
+    EXPECT_EQ(connect("stale claude-code").out,
               "Claude Code\n  there is no stale wiring of this installation\n");
-    EXPECT_EQ(connect("memory").out, "Claude Code\n  no memory files found\n");
-    EXPECT_EQ(connect("projects").out,
+    EXPECT_EQ(connect("memory claude-code").out, "Claude Code\n  no memory files found\n");
+    EXPECT_EQ(connect("projects claude-code").out,
               "Claude Code\n  HOME/.claude/projects: no session store found\n");
 }
 
@@ -68,7 +68,7 @@ TEST_F(Connect, connectsAndDisconnects) {
     put(file(".claude/settings.json"), settings);
     put(file(".claude.json"), servers);
 
-    const auto installed = connect("install --json");
+    const auto installed = connect("install claude-code --json");
     EXPECT_EQ(installed.status, 0);
     EXPECT_EQ(installed.out, R"([
   {
@@ -100,7 +100,7 @@ TEST_F(Connect, connectsAndDisconnects) {
   }
 ]
 )");
-    EXPECT_EQ(connect("scan --json").out, R"([
+    EXPECT_EQ(connect("scan claude-code --json").out, R"([
   {
     "id": "claude-code",
     "name": "Claude Code",
@@ -125,13 +125,13 @@ TEST_F(Connect, connectsAndDisconnects) {
     std::string spelled = get(file(".claude/settings.json")).value();
     spelled.replace(spelled.find("--slot rules"), 12, "--slot=rules");
     put(file(".claude/settings.json"), spelled);
-    EXPECT_EQ(connect("stale --json").out,
+    EXPECT_EQ(connect("stale claude-code --json").out,
               "[\n  {\n    \"id\": \"claude-code\",\n    \"stale\": true\n  }\n]\n");
     EXPECT_THAT(
         connect("converge --profile dev --claude-running yes --json").out,
         HasSubstr("[\n  {\n    \"name\": \"Claude Code\",\n    \"result\": \"changed\",\n"));
 
-    EXPECT_EQ(connect("remove").status, 0);
+    EXPECT_EQ(connect("remove claude-code").status, 0);
     EXPECT_EQ(get(file(".claude/settings.json")), settings);
     EXPECT_EQ(get(file(".claude.json")), servers);
 }
@@ -139,7 +139,7 @@ TEST_F(Connect, connectsAndDisconnects) {
 TEST_F(Connect, listsProjectsAndMemoryFiles) {
     put(file(".claude/projects/-nowhere-\xFF/memory/MEMORY.md"), "12345");
     put(file(".claude/CLAUDE.md"), "123");
-    std::string projects = connect("projects --json").out;
+    std::string projects = connect("projects claude-code --json").out;
     projects = std::regex_replace(projects, std::regex("[0-9]{10,}"), "DATE");
     EXPECT_EQ(projects, R"([
   {
@@ -161,7 +161,7 @@ TEST_F(Connect, listsProjectsAndMemoryFiles) {
   }
 ]
 )");
-    EXPECT_THAT(connect("memory --json").out, HasSubstr(R"(    "files": [
+    EXPECT_THAT(connect("memory claude-code --json").out, HasSubstr(R"(    "files": [
       {
         "path": "HOME/.claude/CLAUDE.md",
         "bytes": 3,
@@ -197,7 +197,7 @@ TEST_F(Connect, findsTheApplicationThatItLiesIn) {
     const fs::path inside = bundle() / "Contents/MacOS/wendlow-connect";
     fs::copy_file(WENDLOW_CONNECT_PROGRAM, inside);
     put(file(".claude.json"), "{}");
-    EXPECT_EQ(start(inside, "--home . install").status, 0);
+    EXPECT_EQ(start(inside, "--home . install claude-code").status, 0);
     EXPECT_THAT(get(file(".claude.json")).value(),
                 HasSubstr(bundle().string() + "/Contents/MacOS/wendlow-mcp\""));
     fs::copy_file(WENDLOW_CONNECT_PROGRAM, file("wendlow-connect"));

@@ -60,14 +60,8 @@ bool ClaudeCodeConnector::toolIsHere() const {
 }
 
 ScanReport ClaudeCodeConnector::scan() const {
-    ScanReport report{
-        .identity = identity(), .state = ConnectorState::notFound, .observations = {}};
-    if (!toolIsHere()) {
-        report.observations =
-            folded({{m_paths.configDirectory.string(), "there is no directory here"},
-                    {m_paths.mcpFile.string(), "there is no file here"}});
-        return report;
-    }
+    if (!toolIsHere())
+        return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.mcpFile);
     const Look here = look();
     Observations said = observations(here.findings[0], {.path = m_paths.settingsFile.string(),
                                                         .what = "hook entry",
@@ -76,9 +70,9 @@ ScanReport ClaudeCodeConnector::scan() const {
                                                       .what = "MCP server entry",
                                                       .command = m_paths.mcpCommand()}),
                       std::back_inserter(said));
-    report.state = ScanJoin::state(here.findings);
-    report.observations = folded(said);
-    return report;
+    return {.identity = identity(),
+            .state = ScanJoin::state(here.findings),
+            .observations = folded(said)};
 }
 
 ClaudeCodeConnector::Look ClaudeCodeConnector::look() const {
@@ -106,25 +100,18 @@ ConnectorOutcome ClaudeCodeConnector::install() const {
     // That it cannot be made is found again by the commit, which says so in words.
     std::ignore = Disk::createDirectories(m_paths.configDirectory, 0700);
 
-    std::set<Created> created;
-    if (!settings.bytes)
-        created.insert(Created::settingsFile);
-    if (!servers.bytes)
-        created.insert(Created::mcpFile);
     auto hooks = m_hook.installed(settingsBytes, *sources.settings);
     if (!hooks)
         return ConnectorVerb::refused(PlanFailure{settings.label, description(hooks.error())});
     auto server = m_mcp.installed(serversBytes, *sources.servers);
     if (!server)
         return ConnectorVerb::refused(PlanFailure{servers.label, description(server.error())});
-    created.merge(hooks->created);
-    created.merge(server->created);
 
     // Nothing looks at the documents from here on: the bytes they point into are moved.
-    std::vector<PlannedFile> files;
-    files.push_back(ConnectorVerb::planInstallation(std::move(settings), *std::move(hooks)));
-    files.push_back(ConnectorVerb::planInstallation(std::move(servers), *std::move(server)));
-    return ConnectorVerb::install(std::move(files), created, ReceiptStore{m_paths.receiptFile},
+    ConnectorVerb::Installation installation;
+    installation.add(std::move(settings), *std::move(hooks), Created::settingsFile);
+    installation.add(std::move(servers), *std::move(server), Created::mcpFile);
+    return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
                                   m_surroundings);
 }
 
@@ -164,13 +151,8 @@ bool ClaudeCodeConnector::staleOwnWiring() const {
     const auto document = JSONText::scanWithTrivia(*settings.bytes, JSONDialect::json);
     if (!document)
         return false;
-    const auto own = m_hook.sites(document->root());
-    const std::string binary = m_paths.hookBinary.string();
-    const auto runsOurs = [&](const HookSite& site) {
-        return std::string_view(site.command).substr(0, site.command.find(' ')) == binary;
-    };
-    return !own.empty() && std::ranges::all_of(own, runsOurs) && Disk::exists(m_paths.hookBinary) &&
-           scan().state == ConnectorState::drifted;
+    return HookGroups::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
+           Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
 }
 
 } // namespace wendlow

@@ -120,7 +120,7 @@ std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite
     std::ranges::move(Drift::reasons(shown.command, expected, m_paths.hookBinary),
                       std::back_inserter(reasons));
     if (fourHere && inPlace && !converged(sites, root, bytes))
-        reasons.emplace_back(JSONBlock::otherShape);
+        reasons.emplace_back(Drift::otherShape);
     return reasons;
 }
 
@@ -151,26 +151,10 @@ bool ClaudeCodeHook::converged(const std::vector<HookSite>& sites, const JSONNod
     return true;
 }
 
-/// An installation under way. A node of `document` is valid until the next `take`.
-struct ClaudeCodeHook::Draft {
-    std::string_view original;
-    const JSONDocument* document;
-    InstalledBlock block{};
-    std::optional<JSONDocument> rescanned = std::nullopt;
-
-    std::string_view bytes() const { return block.bytes ? *block.bytes : original; }
-    JSONNode root() const { return document->root(); }
-
-    Result<void> take(JSONEdit::Result edited) {
-        if (!edited)
-            return std::unexpected(edited.error());
-        block.bytes = *std::move(edited);
-        auto scan = JSONText::scanWithTrivia(*block.bytes, JSONDialect::json);
-        if (!scan)
-            return std::unexpected(scan.error());
-        document = &rescanned.emplace(*std::move(scan));
-        return {};
-    }
+/// An installation under way.
+struct ClaudeCodeHook::Draft : JSONDraft {
+    using JSONDraft::JSONDraft;
+    std::set<Created> created;
 };
 
 ClaudeCodeHook::Result<InstalledBlock> ClaudeCodeHook::installed(std::string_view bytes) const {
@@ -182,14 +166,15 @@ ClaudeCodeHook::Result<InstalledBlock> ClaudeCodeHook::installed(std::string_vie
 
 ClaudeCodeHook::Result<InstalledBlock>
 ClaudeCodeHook::installed(std::string_view bytes, const JSONDocument& document) const {
-    Draft draft{.original = bytes, .document = &document};
+    Draft draft(bytes, document);
     if (converged(sites(draft.root()), draft.root(), bytes))
-        return std::move(draft.block);
+        return InstalledBlock{};
     for (const auto step : {&ClaudeCodeHook::discardOthers, &ClaudeCodeHook::installSlots,
                             &ClaudeCodeHook::installPreTool})
         if (auto done = (this->*step)(draft); !done)
             return std::unexpected(done.error());
-    return std::move(draft.block);
+    std::set<Created> created = std::move(draft.created);
+    return InstalledBlock{.bytes = std::move(draft).finish(), .created = std::move(created)};
 }
 
 /// The first site that keeps its group as the slots' group. A group that also holds an entry that
@@ -222,36 +207,18 @@ ClaudeCodeHook::Result<void> ClaudeCodeHook::discardOthers(Draft& draft) const {
         });
         if (other == own.end())
             return {};
-        if (auto step =
-                draft.take(HookGroups::discard(*other, draft.bytes(), containers().groupMembers));
-            !step)
+        if (auto step = HookGroups::discard(draft, *other, containers().groupMembers); !step)
             return step;
     }
 }
 
 ClaudeCodeHook::Result<void> ClaudeCodeHook::installSlots(Draft& draft) const {
     const JSONLiteral own = JSONLiteral::array(entries());
-    const JSONLiteral group = JSONLiteral::object({{"hooks", own}});
-    std::set<Created>& created = draft.block.created;
-    const auto hooks = draft.root().member("hooks");
-    if (!hooks) {
-        created.insert({Created::hooksObject, Created::eventArray, Created::hookGroup});
-        return draft.take(JSONEdit::setMember(
-            draft.bytes(), {}, "hooks",
-            JSONLiteral::object({{std::string(promptEvent), JSONLiteral::array({group})}}),
-            JSONDialect::json));
-    }
-    if (!hooks->member(promptEvent)) {
-        created.insert({Created::eventArray, Created::hookGroup});
-        return draft.take(JSONEdit::setMember(draft.bytes(), {"hooks"}, promptEvent,
-                                              JSONLiteral::array({group}), JSONDialect::json));
-    }
     const auto sitesNow = sites(draft.root());
     const HookSite* slot = slotSite(sitesNow, draft.root());
-    if (slot == nullptr) {
-        created.insert(Created::hookGroup);
-        return draft.take(JSONEdit::appendElement(draft.bytes(), {"hooks", promptEvent}, group));
-    }
+    if (slot == nullptr)
+        return HookGroups::append(draft, promptEvent, JSONLiteral::object({{"hooks", own}}),
+                                  containers(), draft.created);
     if (draft.root().node(slot->entriesPath())->value(draft.bytes()) == own.value())
         return {};
     return draft.take(
@@ -264,13 +231,7 @@ ClaudeCodeHook::Result<void> ClaudeCodeHook::installPreTool(Draft& draft) const 
             return isExactPreTool(site, draft.root(), draft.bytes());
         }))
         return {};
-    draft.block.created.insert(Created::preToolGroup);
-    if (draft.root().node({"hooks", preToolEvent}))
-        return draft.take(
-            JSONEdit::appendElement(draft.bytes(), {"hooks", preToolEvent}, preToolGroup()));
-    draft.block.created.insert(Created::preToolEventArray);
-    return draft.take(JSONEdit::setMember(draft.bytes(), {"hooks"}, preToolEvent,
-                                          JSONLiteral::array({preToolGroup()}), JSONDialect::json));
+    return HookGroups::append(draft, preToolEvent, preToolGroup(), containers(), draft.created);
 }
 
 ClaudeCodeHook::Result<RemovedBlock>
@@ -284,7 +245,7 @@ ClaudeCodeHook::removed(std::string_view bytes, const std::set<Created>& created
 ClaudeCodeHook::Result<RemovedBlock>
 ClaudeCodeHook::removed(std::string_view bytes, const JSONDocument& document,
                         const std::set<Created>& created) const {
-    return HookGroups::removed(bytes, sites(document.root()), created, containers());
+    return HookGroups::removed(bytes, document, sites(document.root()), created, containers());
 }
 
 } // namespace wendlow

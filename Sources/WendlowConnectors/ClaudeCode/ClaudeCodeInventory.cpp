@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <span>
-#include <tuple>
 #include <utility>
 
 #include <fmt/ranges.h>
@@ -64,11 +63,7 @@ ProjectReport ClaudeCodeConnector::projects() const {
                  .lastActivity = lastActivity(folder),
                  .memory = ConnectorMemoryFile::stat(folder / "memory/MEMORY.md")});
     }
-    if (report.projects.empty())
-        report.note = "no session store found";
-    std::ranges::sort(report.projects, [](const ConnectorProject& a, const ConnectorProject& b) {
-        return std::tie(b.lastActivity, a.path) < std::tie(a.lastActivity, b.path);
-    });
+    report.arrange();
     return report;
 }
 
@@ -76,11 +71,7 @@ MemoryFileReport ClaudeCodeConnector::memoryFiles() const {
     std::vector<Path> paths{m_paths.globalMemoryFile()};
     std::ranges::move(ConnectorMemoryFile::markdown(m_paths.memoryDirectory()),
                       std::back_inserter(paths));
-    MemoryFileReport report;
-    for (const Path& path : paths)
-        if (auto file = ConnectorMemoryFile::stat(path))
-            report.files.push_back(*std::move(file));
-    return report;
+    return MemoryFileReport::of(paths);
 }
 
 std::string ClaudeCodeConnector::decodeProjectPath(std::string_view name) {

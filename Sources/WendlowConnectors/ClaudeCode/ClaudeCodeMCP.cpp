@@ -57,13 +57,12 @@ BlockFinding ClaudeCodeMCP::find(std::optional<std::string_view> bytes) const {
     const auto found = root.node(entryPath());
     if (!found)
         return {BlockFinding::Absent{}};
-    const auto member = found->member("command");
-    const auto command = member ? member->string() : std::nullopt;
+    const auto command = JSONBlock::text(*found, "command");
     if (!command)
-        return {BlockFinding::Drifted{{std::string(JSONBlock::otherShape)}}};
+        return {BlockFinding::Drifted{{std::string(Drift::otherShape)}}};
     auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
     if (*command == m_paths.mcpCommand() && found->value(*bytes) != entry().value())
-        reasons.emplace_back(JSONBlock::otherShape);
+        reasons.emplace_back(Drift::otherShape);
     return BlockFinding::from(std::move(reasons));
 }
 

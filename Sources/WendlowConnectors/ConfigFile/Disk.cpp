@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <tuple>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -16,6 +17,7 @@ namespace wendlow::Disk {
 namespace {
 
 constexpr std::size_t pieceSize = std::size_t{256} * 1024;
+constexpr std::size_t smallPieceSize = std::size_t{4} * 1024;
 
 std::unexpected<int> lastError() {
     return std::unexpected(errno);
@@ -91,6 +93,19 @@ Result<std::size_t> fill(int descriptor, char* room, std::size_t size) {
     return filled;
 }
 
+/// Reads on behind what `bytes` hold, until they are `room` long or the file ends.
+Result<void> extend(int descriptor, std::string& bytes, std::size_t room) {
+    const std::size_t held = bytes.size();
+    Result<std::size_t> count = 0;
+    bytes.resize_and_overwrite(room, [&](char* data, std::size_t) {
+        count = fill(descriptor, data + held, room - held);
+        return held + count.value_or(0);
+    });
+    if (!count)
+        return std::unexpected(count.error());
+    return {};
+}
+
 Result<void> writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const auto count =
@@ -99,6 +114,25 @@ Result<void> writeAll(int descriptor, std::string_view bytes) {
             return lastError();
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
+    return {};
+}
+
+/// Visits what is in a folder, in no order.
+template<class Visit> Result<void> list(const Path& folder, Visit visit) {
+    const auto closeFolder = [](DIR* open) { ::closedir(open); };
+    const std::unique_ptr<DIR, decltype(closeFolder)> open(::opendir(folder.c_str()));
+    if (open == nullptr)
+        return lastError();
+    for (;;) {
+        errno = 0;
+        const dirent* entry = ::readdir(open.get()); // NOLINT(concurrency-mt-unsafe): own stream
+        if (entry == nullptr)
+            break;
+        if (const std::string_view name = entry->d_name; name != "." && name != "..")
+            visit(*entry);
+    }
+    if (errno != 0)
+        return lastError();
     return {};
 }
 
@@ -139,17 +173,29 @@ Result<std::optional<std::string>> read(const Path& path) {
     // The size is a hint: the file may grow or shrink under our hands. One byte more than it shows
     // the end without another round.
     std::string bytes;
-    Result<std::size_t> count = 0;
     for (std::size_t room = *size + 1;; room = bytes.size() + pieceSize) {
-        const std::size_t held = bytes.size();
-        bytes.resize_and_overwrite(room, [&](char* data, std::size_t) {
-            count = fill(file.number(), data + held, room - held);
-            return held + count.value_or(0);
-        });
-        if (!count)
-            return std::unexpected(count.error());
+        if (const auto extended = extend(file.number(), bytes, room); !extended)
+            return std::unexpected(extended.error());
         if (bytes.size() < room)
             return bytes;
+    }
+}
+
+Result<std::optional<std::string>> firstLine(const Path& path, std::size_t limit) {
+    const Descriptor file(openToRead(path, 0));
+    if (file.number() < 0)
+        return lastError();
+    std::string bytes;
+    for (std::size_t room = std::min(limit, smallPieceSize);; room = std::min(limit, room * 2)) {
+        const std::size_t held = bytes.size();
+        if (const auto extended = extend(file.number(), bytes, room); !extended)
+            return std::unexpected(extended.error());
+        if (const auto end = bytes.find('\n', held); end != std::string::npos) {
+            bytes.resize(end);
+            return bytes;
+        }
+        if (bytes.size() < room || room == limit)
+            return std::nullopt;
     }
 }
 
@@ -245,22 +291,49 @@ Result<void> createDirectories(const Path& path, mode_t mode) {
 }
 
 Result<std::vector<std::string>> names(const Path& folder) {
-    const auto closeFolder = [](DIR* open) { ::closedir(open); };
-    const std::unique_ptr<DIR, decltype(closeFolder)> open(::opendir(folder.c_str()));
-    if (open == nullptr)
-        return lastError();
     std::vector<std::string> found;
-    for (;;) {
-        errno = 0;
-        const dirent* entry = ::readdir(open.get()); // NOLINT(concurrency-mt-unsafe): own stream
-        if (entry == nullptr)
-            break;
-        if (const std::string_view name = entry->d_name; name != "." && name != "..")
-            found.emplace_back(name);
-    }
-    if (errno != 0)
-        return lastError();
+    const auto listed =
+        list(folder, [&](const dirent& entry) { found.emplace_back(entry.d_name); });
+    if (!listed)
+        return std::unexpected(listed.error());
     std::ranges::sort(found);
+    return found;
+}
+
+std::vector<Path> filesBelow(const Path& folder, std::string_view suffix) {
+    std::vector<Path> found;
+    std::vector<Path> folders{folder};
+    while (!folders.empty()) {
+        const Path current = std::move(folders.back());
+        folders.pop_back();
+        std::ignore = list(current, [&](const dirent& entry) {
+            const std::string_view name = entry.d_name;
+            const bool matches = name.size() > suffix.size() && name.ends_with(suffix);
+            // What the folder's listing tells need not be asked again; links, and what some file
+            // systems do not tell, have to be.
+            switch (entry.d_type) {
+            case DT_DIR:
+                folders.push_back(current / name);
+                break;
+            case DT_REG:
+                if (matches)
+                    found.push_back(current / name);
+                break;
+            case DT_LNK:
+                if (matches && kind(current / name) == Kind::file)
+                    found.push_back(current / name);
+                break;
+            case DT_UNKNOWN:
+                if (const Kind what = kind(current / name); what == Kind::folder)
+                    folders.push_back(current / name);
+                else if (matches && what == Kind::file)
+                    found.push_back(current / name);
+                break;
+            default:
+                break;
+            }
+        });
+    }
     return found;
 }
 

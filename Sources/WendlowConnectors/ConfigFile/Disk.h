@@ -27,6 +27,9 @@ std::string words(int error);
 /// Any other failure is an error, and so is anything that is not a file: a directory, a pipe, a
 /// device. Never waits for a writer.
 Result<std::optional<std::string>> read(const Path& path);
+/// What stands before the file's first line feed; nothing where there is none among its first
+/// `limit` bytes. Reads little more than that line, however large the file is.
+Result<std::optional<std::string>> firstLine(const Path& path, std::size_t limit);
 /// Whether the file holds exactly `bytes`. Compares piece by piece, without a second copy in
 /// memory.
 Result<bool> holds(const Path& path, std::string_view bytes);
@@ -60,6 +63,10 @@ Result<void> createDirectories(const Path& path, mode_t mode);
 
 /// The names in a folder, sorted by bytes; an unreadable folder is an error.
 Result<std::vector<std::string>> names(const Path& folder);
+/// The files anywhere below a folder whose names end in `suffix` and say more than that, in no
+/// order. Links to files count, links to folders are not entered. What cannot be listed is left
+/// out.
+std::vector<Path> filesBelow(const Path& folder, std::string_view suffix);
 /// Flushes a folder's entries to the disk, where its file system can do that.
 Result<void> flushFolder(const Path& folder);
 

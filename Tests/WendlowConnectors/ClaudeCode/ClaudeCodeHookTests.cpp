@@ -1,5 +1,6 @@
 #include "ClaudeCode/ClaudeCodeHook.h"
 #include "ClaudeCodeTestSupport.h"
+#include "Drift.h"
 
 #include <gmock/gmock.h>
 
@@ -167,7 +168,7 @@ TEST(ClaudeCodeHook, findsAndSaysWhatIsWrong) {
     const auto drift = [](std::vector<std::string> reasons) {
         return BlockFinding{BlockFinding::Drifted{std::move(reasons)}};
     };
-    const std::string shape(JSONBlock::otherShape);
+    const std::string shape(Drift::otherShape);
     const std::pair<std::string, BlockFinding> cases[] = {
         {"{}", {BlockFinding::Absent{}}},
         {"[]", {BlockFinding::Absent{}}},

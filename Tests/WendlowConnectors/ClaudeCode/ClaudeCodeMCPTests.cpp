@@ -1,5 +1,6 @@
 #include "ClaudeCode/ClaudeCodeMCP.h"
 #include "ClaudeCodeTestSupport.h"
+#include "Drift.h"
 
 #include <gmock/gmock.h>
 
@@ -57,7 +58,7 @@ TEST(ClaudeCodeMCP, installsAndRemovesItsEntry) {
 TEST(ClaudeCodeMCP, findsAndSaysWhatIsWrong) {
     const std::string gone = "the file the command names is not on disk: "
                              "/A/Wendlow.app/Contents/MacOS/wendlow-mcp";
-    const std::string shape(JSONBlock::otherShape);
+    const std::string shape(Drift::otherShape);
     const std::pair<std::string, BlockFinding> cases[] = {
         {"{}", {BlockFinding::Absent{}}},
         {R"({"mcpServers":{"x":{"a":1,"a":2}},"y":{"b":1,"b":2}})", {BlockFinding::Absent{}}},

@@ -1,0 +1,109 @@
+#include "Codex/CodexConfigPlan.h"
+
+#include "TOMLDraft.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace wendlow {
+
+namespace {
+
+/// One step of a plan. False: it could not be made, or what it made does not read.
+template<class Edit> bool take(TOMLDraft& draft, Edit& edit) {
+    return edit && draft.take(std::move(edit->bytes));
+}
+
+/// The configuration without our table and these slots. Nothing: it could not be made.
+std::optional<RemovedBlock> withoutOurs(std::string_view bytes, const TOMLDocument& document,
+                                        const std::vector<std::string>& keys) {
+    TOMLDraft draft(bytes, document);
+    auto server = CodexMCP::removed(draft.bytes(), draft.document());
+    if (!take(draft, server))
+        return std::nullopt;
+    auto trust = CodexTrust::removed(draft.bytes(), keys);
+    if (!take(draft, trust))
+        return std::nullopt;
+    return RemovedBlock{.bytes = std::move(draft).finish(), .leftovers = {}};
+}
+
+/// Whether a file that gets a final line end for our sake keeps the line that had none. Where that
+/// line is ours and goes, the end of the line above it is the person's own.
+bool keepsUnendedLine(std::string_view bytes, const TOMLDocument& document,
+                      const std::vector<std::string>& keys) {
+    const auto rest = withoutOurs(bytes, document, keys);
+    const std::string_view kept = rest && rest->bytes ? *rest->bytes : bytes;
+    return !kept.empty() && !kept.ends_with('\n');
+}
+
+/// `text` without the line end that an installation added to its last line.
+std::string_view withoutAddedLineEnd(std::string_view text) {
+    const auto added = TOMLText::lineEnding(text.substr(0, text.size() - 1));
+    return text.ends_with(added) ? text.substr(0, text.size() - added.size()) : text;
+}
+
+} // namespace
+
+CodexConfigPlan::CodexConfigPlan(const CodexMCP& mcp, const CodexTrust& trust, Hooks hooks)
+    : m_mcp(mcp), m_trust(trust), m_hooks(std::move(hooks)) {}
+
+std::optional<CodexConfigPlan::Installed> CodexConfigPlan::installed(std::string_view bytes,
+                                                                     const TOMLDocument& document,
+                                                                     const std::string& landing,
+                                                                     std::string_view hash) const {
+    TOMLDraft draft(bytes, document);
+    Installed plan;
+
+    auto server = m_mcp.installed(draft.bytes(), draft.document());
+    if (!take(draft, server))
+        return std::nullopt;
+    auto trust = CodexTrust::installed(draft.bytes(), draft.document(), landing, hash);
+    if (!take(draft, trust))
+        return std::nullopt;
+    plan.judgement = judge(draft.document(), landing);
+    auto cleared = CodexTrust::removed(draft.bytes(), plan.judgement.clear);
+    if (!take(draft, cleared))
+        return std::nullopt;
+    const std::array owned{CodexMCP::tableName(), CodexTrust::tableName(landing)};
+    if (TOMLText::unreadableReason(draft.document(), owned))
+        return std::nullopt;
+
+    plan.commentsReplaced = server->commentsReplaced;
+    plan.created = std::move(server->created);
+    plan.created.merge(trust->created);
+    std::vector<std::string> own = plan.judgement.clear;
+    own.push_back(landing);
+    if (!keepsUnendedLine(bytes, document, own))
+        plan.created.erase(Created::codexConfigTrailingNewline);
+    plan.trustSlots.insert(landing);
+    for (const std::string& key : m_hooks.receiptSlots)
+        if (draft.document().table(CodexTrust::tableName(key)) != nullptr)
+            plan.trustSlots.insert(key);
+    plan.isSwitchedOff = CodexTrust::isSwitchedOff(landing, draft.document());
+    plan.bytes = std::move(draft).finish();
+    return plan;
+}
+
+std::optional<CodexConfigPlan::Removed>
+CodexConfigPlan::removed(std::string_view bytes, const TOMLDocument& document,
+                         const std::set<Created>& created) const {
+    Removed plan;
+    plan.judgement = judge(document, std::nullopt);
+    auto rest = withoutOurs(bytes, document, plan.judgement.clear);
+    if (!rest)
+        return std::nullopt;
+    plan.bytes = std::move(rest->bytes);
+    const bool endsAsBefore =
+        plan.bytes && plan.bytes->ends_with('\n') && bytes.starts_with(*plan.bytes);
+    if (endsAsBefore && created.contains(Created::codexConfigTrailingNewline))
+        plan.bytes->resize(withoutAddedLineEnd(*plan.bytes).size());
+    return plan;
+}
+
+CodexTrust::Judgement CodexConfigPlan::judge(const TOMLDocument& document,
+                                             const std::optional<std::string>& occupied) const {
+    return m_trust.judge(document, occupied, m_hooks.receiptSlots, m_hooks.known, m_hooks.isLive);
+}
+
+} // namespace wendlow

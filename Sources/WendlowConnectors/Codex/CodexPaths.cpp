@@ -1,0 +1,39 @@
+#include "Codex/CodexPaths.h"
+
+#include "ConfigFile/ConfigPath.h"
+
+namespace wendlow {
+
+CodexPaths CodexPaths::under(const Path& home, const Path& bundle) {
+    return {
+        .configDirectory = home / ".codex",
+        .hooksFile = home / ".codex/hooks.json",
+        .configFile = home / ".codex/config.toml",
+        .receiptFile = home / "Library/Application Support/Wendlow/Connectors/codex.json",
+        .homeAgentsFile = home / "AGENTS.md",
+        .hookBinary = bundle / "Contents/MacOS/wendlow-hook",
+        .mcpBinary = bundle / "Contents/MacOS/wendlow-mcp",
+    };
+}
+
+std::string CodexPaths::hookCommand() const {
+    return hookBinary.string() + " --harness codex";
+}
+
+std::string CodexPaths::mcpCommand() const {
+    return mcpBinary.string();
+}
+
+std::string CodexPaths::trustPath() const {
+    return ConfigPath::canonical(hooksFile).string();
+}
+
+CodexPaths::Path CodexPaths::sessionsDirectory() const {
+    return configDirectory / "sessions";
+}
+
+CodexPaths::Path CodexPaths::globalMemoryFile() const {
+    return configDirectory / "AGENTS.md";
+}
+
+} // namespace wendlow

@@ -1,0 +1,207 @@
+#include "Codex/CodexTrust.h"
+
+#include "ConfigFile/Disk.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::string_view hashKey = "trusted_hash";
+
+/// The table of a slot; null where there is none that could be edited.
+const TOMLTable* tableOf(std::string_view key, const TOMLDocument& document) {
+    const TOMLTable* const table = document.table(CodexTrust::tableName(key));
+    return table != nullptr && !table->isArrayElement ? table : nullptr;
+}
+
+const TOMLEntry* entryOf(std::string_view key, std::string_view name,
+                         const TOMLDocument& document) {
+    const TOMLTable* const table = tableOf(key, document);
+    if (table == nullptr)
+        return nullptr;
+    const auto entries = document.entries(*table);
+    const auto found =
+        std::ranges::find_if(entries, [&](const TOMLEntry& entry) { return entry.isKey(name); });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+/// The folder of the script that an entry of an older version runs.
+std::optional<std::filesystem::path> scriptsDirectory(std::string_view command) {
+    constexpr std::string_view interpreter = "python3 ";
+    if (!command.starts_with(interpreter))
+        return std::nullopt;
+    const std::string_view script = command.substr(interpreter.size());
+    if (!script.starts_with('/') || script.contains(' '))
+        return std::nullopt;
+    auto directory = std::filesystem::path(script).parent_path();
+    return Disk::isDirectory(directory) ? std::optional(std::move(directory)) : std::nullopt;
+}
+
+} // namespace
+
+CodexTrust::CodexTrust(CodexPaths paths) : m_paths(std::move(paths)) {}
+
+CodexTrustSlot CodexTrust::slot(const HookSite& site) const {
+    return CodexTrustSlot::at(m_paths.trustPath(), site.group, site.entry);
+}
+
+TOMLName CodexTrust::tableName(std::string_view key) {
+    return {"hooks", "state", std::string(key)};
+}
+
+std::vector<CodexTrustSlot> CodexTrust::slots(const TOMLDocument& document) {
+    std::vector<CodexTrustSlot> found;
+    for (const TOMLTable& table : document.tables()) {
+        if (table.isArrayElement || table.name.size() != 3 || table.name[0] != "hooks" ||
+            table.name[1] != "state")
+            continue;
+        auto slot = CodexTrustSlot::parse(table.name[2]);
+        if (slot && slot->event == CodexTrustSlot::promptEvent)
+            found.push_back(*std::move(slot));
+    }
+    return found;
+}
+
+std::optional<std::string> CodexTrust::recordedHash(std::string_view key,
+                                                    const TOMLDocument& document) {
+    const TOMLEntry* const entry = entryOf(key, hashKey, document);
+    return entry != nullptr && entry->text ? std::optional<std::string>(*entry->text)
+                                           : std::nullopt;
+}
+
+bool CodexTrust::isSwitchedOff(std::string_view key, const TOMLDocument& document) {
+    const TOMLEntry* const entry = entryOf(key, "enabled", document);
+    return entry != nullptr && entry->raw == "false";
+}
+
+std::string CodexTrust::switchedOffText() const {
+    return fmt::format("the hook switch recorded here is off, so Codex does not call the Wendlow "
+                       "hook entry in {}",
+                       m_paths.hooksFile.string());
+}
+
+BlockFinding CodexTrust::find(const TOMLDocument* document, const CodexHookSite* site) const {
+    if (document == nullptr)
+        return {BlockFinding::FileAbsent{}};
+    if (site == nullptr)
+        return {BlockFinding::Absent{}};
+    const auto drifted = [](std::string reason) {
+        return BlockFinding{BlockFinding::Drifted{{std::move(reason)}}};
+    };
+    const std::string file = m_paths.hooksFile.string();
+    const auto identity = site->identity();
+    if (!identity)
+        return drifted(fmt::format("the timeout on the Wendlow hook entry in {} is not a whole "
+                                   "number, so the identity Codex hashes cannot be computed",
+                                   file));
+    const std::string key = slot(*site).key;
+    const auto recorded = recordedHash(key, *document);
+    if (!recorded)
+        return drifted(
+            fmt::format("no trusted hash is recorded here for the Wendlow hook entry in {}", file));
+    if (const std::string computed = identity->trustedHash(); *recorded != computed)
+        return drifted(fmt::format("the trusted hash recorded here is {} and the Wendlow hook "
+                                   "entry in {} hashes to {}",
+                                   *recorded, file, computed));
+    if (isSwitchedOff(key, *document))
+        return drifted(switchedOffText());
+    return {BlockFinding::Connected{}};
+}
+
+CodexTrust::Hashes CodexTrust::knownHashes(const CodexHookIdentity& currentIdentity,
+                                           const std::vector<CodexHookSite>& sites) {
+    Hashes known{currentIdentity.trustedHash()};
+    for (const CodexHookSite& site : sites) {
+        if (const auto identity = site.identity())
+            known.insert(identity->trustedHash());
+        if (const auto directory = scriptsDirectory(site.command))
+            for (const CodexHookIdentity& legacy :
+                 CodexHookIdentity::legacyIdentities(*directory, CodexPaths::hookTimeoutSeconds))
+                known.insert(legacy.trustedHash());
+    }
+    return known;
+}
+
+CodexTrust::Judgement CodexTrust::judge(const TOMLDocument& document,
+                                        const std::optional<std::string>& occupied,
+                                        const TrustSlots& receiptSlots, const Hashes& known,
+                                        const IsLive& isLive) const {
+    const std::string ownHooks = m_paths.trustPath();
+    Judgement judgement;
+    for (CodexTrustSlot& slot : slots(document)) {
+        if (slot.key == occupied)
+            continue;
+        const auto hash = recordedHash(slot.key, document);
+        const bool isKnown = hash && known.contains(*hash);
+        // Of another hooks file nothing is known here, so all its positions count as in use.
+        const bool inUse = slot.hooksPath != ownHooks || isLive(slot.group, slot.index);
+        if (receiptSlots.contains(slot.key)) {
+            // Since we wrote it, a person may have come to trust what stands there now.
+            if (isKnown || !hash || !inUse)
+                judgement.clear.push_back(std::move(slot.key));
+        } else if (isKnown) {
+            (inUse ? judgement.report : judgement.clear).push_back(std::move(slot.key));
+        }
+    }
+    return judgement;
+}
+
+CodexTrust::Result<InstalledBlock> CodexTrust::installed(std::string_view bytes,
+                                                         const TOMLDocument& document,
+                                                         std::string_view key,
+                                                         std::string_view hash) {
+    InstalledBlock block;
+    if (recordedHash(key, document) == hash)
+        return block;
+    bool appended = false;
+    if (const TOMLTable* const table = tableOf(key, document)) {
+        auto edited = TOMLEdit::setKey(bytes, *table, document.entries(*table), hashKey,
+                                       TOMLText::quote(hash));
+        block.bytes = std::move(edited.bytes);
+        appended = edited.appendedTrailingNewline;
+    } else {
+        const std::array lines{TOMLEdit::Line{std::string(hashKey), TOMLText::quote(hash)}};
+        auto edited = TOMLEdit::setTable(bytes, tableName(key), lines);
+        if (!edited)
+            return std::unexpected(edited.error());
+        block.bytes = std::move(edited->bytes);
+        block.created.insert(Created::codexTrustTable);
+        appended = edited->appendedTrailingNewline;
+    }
+    if (appended)
+        block.created.insert(Created::codexConfigTrailingNewline);
+    return block;
+}
+
+CodexTrust::Result<RemovedBlock> CodexTrust::removed(std::string_view bytes,
+                                                     const std::vector<std::string>& keys) {
+    RemovedBlock block;
+    for (const std::string& key : keys) {
+        const std::string_view now = block.bytes ? *block.bytes : bytes;
+        const auto document = TOMLText::scan(now);
+        if (!document)
+            return std::unexpected(document.error());
+        const TOMLTable* const table = tableOf(key, *document);
+        if (table == nullptr)
+            continue;
+        const TOMLEntry* const hash = entryOf(key, hashKey, *document);
+        const bool holdsMore = document->entries(*table).size() > (hash != nullptr ? 1U : 0U);
+        if (!holdsMore) {
+            auto edited = TOMLEdit::removeTable(now, tableName(key));
+            if (!edited)
+                return std::unexpected(edited.error());
+            block.bytes = *std::move(edited);
+        } else if (hash != nullptr) {
+            block.bytes = TOMLEdit::removeKey(now, *hash);
+        }
+    }
+    return block;
+}
+
+} // namespace wendlow

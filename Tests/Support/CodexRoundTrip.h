@@ -1,0 +1,96 @@
+#pragma once
+
+#include "CodexHome.h"
+#include "ConfigFile/Backup.h"
+#include "InstallRemoveProperty.h"
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+/// What holds for every pair of files, for tests and for the fuzzer.
+namespace wendlow::testing {
+
+/// While it lives, temporary homes are made in memory: thousands of commits flush thousands of
+/// files.
+class InMemory {
+public:
+    InMemory() {
+        if (std::filesystem::is_directory("/dev/shm"))
+            ::setenv("TMPDIR", "/dev/shm", 1); // NOLINT(concurrency-mt-unsafe): before any thread
+    }
+    ~InMemory() { ::unsetenv("TMPDIR"); } // NOLINT(concurrency-mt-unsafe): as above
+    InMemory(const InMemory&) = delete;
+    InMemory& operator=(const InMemory&) = delete;
+};
+
+/// Whether neither file holds anything that is ours, nor the configuration a table for `landing`.
+inline bool holdsNothing(const CodexHome& home, const std::string& hooks, const std::string& config,
+                         const std::string& landing) {
+    const CodexHook hook(home.paths());
+    const auto json = hook.read(hooks);
+    const auto toml = TOMLText::scan(config);
+    return json && toml && hook.sites(json->root(), hooks).empty() &&
+           toml->table(CodexMCP::tableName()) == nullptr &&
+           toml->table(CodexTrust::tableName(landing)) == nullptr &&
+           !config.contains(hook.identity().trustedHash());
+}
+
+/// Connects and disconnects a home with these files. A sentence about what went wrong; nothing: all
+/// is well, or these files are refused and left alone.
+inline std::optional<std::string>
+brokenCodexRoundTrip(const CodexHome& home, const std::string& hooks, const std::string& config) {
+    using Result = ConnectorOutcome::Result;
+    for (const auto& [file, bytes] :
+         {std::pair(home.hooksFile(), hooks), std::pair(home.configFile(), config)}) {
+        // The clock stands still, and the names of ever more copies in one second grow too long.
+        for (const auto& copy : Backup::all(file))
+            std::filesystem::remove(copy);
+        put(file, bytes);
+    }
+    std::filesystem::remove(home.paths().receiptFile);
+    const auto connector = home.connector();
+    const auto isStill = [&](const std::string& hooksNow, const std::string& configNow) {
+        return home.hooks() == hooksNow && home.config() == configNow;
+    };
+
+    const Result installed = connector.install().result;
+    if (installed != Result::changed)
+        return isStill(hooks, config) && home.receipt() == ConnectorReceipt{}
+                   ? std::nullopt
+                   : std::optional("a refusal changed something");
+    if (home.receipt().trustSlots.empty())
+        return "no trust was recorded";
+    const bool nothingBefore =
+        holdsNothing(home, hooks, config, *home.receipt().trustSlots.begin());
+    const std::string hooksThen = home.hooks().value_or("");
+    const std::string configThen = home.config().value_or("");
+    if (nothingBefore && connector.scan().state != ConnectorState::connected)
+        return "what was installed is not connected: " + hooksThen + configThen;
+    if (connector.install().result != Result::unchanged || !isStill(hooksThen, configThen))
+        return "installing twice changes something: " + hooksThen + configThen;
+
+    const Result removed = connector.remove().result;
+    if (removed == Result::refused) {
+        const auto document = TOMLText::scan(configThen);
+        return !CodexMCP::subTables(*document).empty() && isStill(hooksThen, configThen)
+                   ? std::nullopt
+                   : std::optional("what was installed cannot be removed: " + configThen);
+    }
+    const std::string hooksNow = home.hooks().value_or("");
+    const std::string configNow = home.config().value_or("");
+    if (!TOMLText::scan(configNow) || TOMLText::scan(configNow)->table(CodexMCP::tableName()))
+        return "the configuration is not as a removal should leave it: " + configNow;
+    const auto rest = CodexHook(home.paths()).read(hooksNow);
+    if (!rest || !CodexHook(home.paths()).sites(rest->root(), hooksNow).empty())
+        return "the hooks file is not as a removal should leave it: " + hooksNow;
+    if (!nothingBefore)
+        return std::nullopt;
+    if (configNow != config)
+        return "the configuration comes back differently: " + configNow;
+    if (withoutEmptySpace(hooksNow) != withoutEmptySpace(hooks))
+        return "the hooks come back differently: " + hooksNow;
+    return std::nullopt;
+}
+
+} // namespace wendlow::testing

@@ -1,0 +1,212 @@
+#include "CodexHome.h"
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using testing::CodexHome;
+using ::testing::ElementsAre;
+
+/// `{"hooks":{"UserPromptSubmit":[<groups>]}}`.
+std::string onPrompt(const std::string& groups) {
+    return R"({"hooks":{"UserPromptSubmit":[)" + groups + "]}}";
+}
+
+TEST(CodexHook, readsEveryFieldThatIsHashed) {
+    const CodexHome home;
+    const CodexHook hook(home.paths());
+    const std::string bytes = home.filled(
+        R"({"hooks":{"Stop":[{"hooks":[@theirs,@old]}],"UserPromptSubmit":[7,{"matcher":"m","hooks":[)"
+        R"({"command":"@home/Wendlow.app/Contents/MacOS/wendlow-hook --harness=codex","timeout":3.5,)"
+        R"("async":true,"statusMessage":7,"additionalContextLimit":-12}]}]}})");
+    const auto document = *hook.read(bytes);
+    const auto sites = hook.sites(document.root(), bytes);
+    ASSERT_EQ(sites.size(), 2U);
+    EXPECT_EQ(sites[0].event, "Stop");
+    EXPECT_EQ(sites[0].entry, 1);
+    EXPECT_EQ(sites[0].tier, HookOwnership::stale);
+    EXPECT_EQ(sites[0].identity(),
+              (CodexHookIdentity{"/Old/Wendlow.app/Contents/MacOS/wendlow-hook --harness codex",
+                                 "Loading Wendlow rules and memory",
+                                 3,
+                                 {},
+                                 false,
+                                 {}}));
+    EXPECT_EQ(sites[1].group, 1);
+    EXPECT_EQ(sites[1].tier, HookOwnership::current);
+    EXPECT_EQ(sites[1].matcher, "m");
+    EXPECT_EQ(sites[1].timeout, std::nullopt);
+    EXPECT_EQ(sites[1].identity(), std::nullopt);
+    EXPECT_EQ(sites[1].statusMessage, std::nullopt);
+    EXPECT_EQ(sites[1].additionalContextLimit, -12);
+    EXPECT_TRUE(sites[1].isAsync);
+    EXPECT_EQ(CodexHook::onPrompt(sites), &sites[1]);
+}
+
+TEST(CodexHook, saysWhatItFinds) {
+    const CodexHome home;
+    const CodexHook hook(home.paths());
+    const auto drifted = [](std::vector<std::string> reasons) {
+        return BlockFinding{BlockFinding::Drifted{std::move(reasons)}};
+    };
+    const auto foreign = [](std::string reason) {
+        return BlockFinding{BlockFinding::Foreign{{std::move(reason)}}};
+    };
+    const std::string shape = "the entry's shape is not the one this build writes";
+    const std::string old = "the command is not the one this build writes: "
+                            "/Old/Wendlow.app/Contents/MacOS/wendlow-hook --harness codex";
+    const std::string half = home.filled(
+        R"({"type":"command","command":"@home/Wendlow.app/Contents/MacOS/wendlow-hook --harness codex","timeout":)");
+    const std::string notWhole = "the timeout on the Wendlow entry here is not a whole number, so "
+                                 "the identity Codex hashes cannot be computed";
+    const std::pair<std::string, BlockFinding> cases[] = {
+        {"{}", {BlockFinding::Absent{}}},
+        {"{", {BlockFinding::Unreadable{"a member name was expected (at byte 1)"}}},
+        {R"({"hooks":{"Stop":[{"a":1,"hooks":[],"a":2}]}})",
+         {BlockFinding::Unreadable{"the name \"a\" appears twice in one object (at byte 36)"}}},
+        {R"({"hooks":[]})",
+         foreign("the hooks value in this file is not an object, so no entry can be put in it")},
+        {R"({"hooks":{"UserPromptSubmit":{}}})",
+         foreign("the UserPromptSubmit value in this file is not an array, so no entry can be put "
+                 "in it")},
+        {onPrompt(R"({"hooks":[@theirs]})"), {BlockFinding::Absent{}}},
+        {onPrompt(R"({"hooks":[@theirs]},{"hooks":[@ours]})"), {BlockFinding::Connected{}}},
+        {onPrompt(R"({"hooks":[@theirs,@ours]})"), drifted({shape})},
+        {onPrompt(R"({"matcher":"","hooks":[@ours]})"), drifted({shape})},
+        {onPrompt(R"({"hooks":[@old]})"), drifted({old, shape})},
+        {onPrompt(R"({"hooks":[@old]},{"hooks":[@ours]})"),
+         drifted({"this file holds 2 Wendlow entries where one is expected", old})},
+        {R"({"hooks":{"SessionStart":[{"hooks":[@ours]}]}})",
+         drifted({"a Wendlow entry here is under the SessionStart event, which Codex does not read "
+                  "as UserPromptSubmit"})},
+        {onPrompt("{\"hooks\":[" + half + "3.5}]}"), drifted({notWhole, shape})},
+        {onPrompt("{\"hooks\":[" + half + "1e3}]}"), drifted({notWhole, shape})},
+        {onPrompt("{\"hooks\":[" + half + "\"3\"}]}"), drifted({notWhole, shape})},
+        {onPrompt("{\"hooks\":[" + half + "5}]}"), drifted({shape})},
+    };
+    for (const auto& [bytes, finding] : cases) {
+        EXPECT_EQ(hook.find(home.filled(bytes)), finding) << bytes;
+    }
+    EXPECT_EQ(hook.find(std::nullopt), BlockFinding{BlockFinding::FileAbsent{}});
+    std::filesystem::remove(home.paths().hookBinary);
+    EXPECT_EQ(hook.find(home.filled(onPrompt(R"({"hooks":[@ours]})"))),
+              drifted({"the file the command names is not on disk: " +
+                       home.paths().hookBinary.string()}));
+}
+
+TEST(CodexHook, isInstalledInItsPlaceAndRemovedAgain) {
+    const CodexHome home;
+    const CodexHook hook(home.paths());
+    const std::set<Created> all{Created::codexHooksObject, Created::codexEventArray,
+                                Created::codexHookGroup};
+    struct Case {
+        std::string before, after;
+        std::pair<std::ptrdiff_t, std::ptrdiff_t> position;
+        std::set<Created> created;
+        std::vector<std::string> moved;
+        std::string removed;
+        std::vector<std::string> leftovers;
+    };
+    const std::string groupStays = "an empty hook group remains here, which Wendlow did not create";
+    const std::string theirs = R"({"hooks":[@theirs]})";
+    const std::string ours = R"({"hooks":[@ours]})";
+    const std::vector<Case> cases{
+        {"{}", onPrompt(ours), {0, 0}, all, {}, "{}", {}},
+        {R"({"hooks":{}})",
+         onPrompt(ours),
+         {0, 0},
+         {Created::codexEventArray, Created::codexHookGroup},
+         {},
+         R"({"hooks":{}})",
+         {"an empty hooks object remains here, which Wendlow did not create"}},
+        {onPrompt(""),
+         onPrompt(ours),
+         {0, 0},
+         {Created::codexHookGroup},
+         {},
+         onPrompt(""),
+         {"an empty UserPromptSubmit list remains here, which Wendlow did not create"}},
+        {onPrompt(theirs),
+         onPrompt(theirs + "," + ours),
+         {1, 0},
+         {Created::codexHookGroup},
+         {},
+         onPrompt(theirs),
+         {}},
+        // Ours stays where it is, in a group of the person's too, and older ones become it.
+        {onPrompt(R"({"hooks":[@old,@theirs]})"),
+         onPrompt(R"({"hooks":[@ours,@theirs]})"),
+         {0, 0},
+         {},
+         {},
+         onPrompt(theirs),
+         {}},
+        {onPrompt(R"({"matcher":"m","hooks":[@script]})"),
+         onPrompt(R"({"matcher":"m","hooks":[@ours]})"),
+         {0, 0},
+         {},
+         {},
+         onPrompt(R"({"matcher":"m","hooks":[]})"),
+         {groupStays}},
+        // The first one stays, the others go; what stood behind one of them has moved.
+        {onPrompt(ours + R"(,{"hooks":[@old,@theirs,@script]},)" + ours),
+         onPrompt(ours + "," + theirs),
+         {0, 0},
+         {},
+         {"lint"},
+         onPrompt(R"({"hooks":[]},)" + theirs),
+         {groupStays}},
+        // Another event's position says nothing, so that one is made anew.
+        {R"({"hooks":{"Stop":[{"hooks":[@ours,@theirs]}],"UserPromptSubmit":[)" + theirs + "]}}",
+         R"({"hooks":{"Stop":[{"hooks":[@theirs]}],"UserPromptSubmit":[)" + theirs + "," + ours +
+             "]}}",
+         {1, 0},
+         {Created::codexHookGroup},
+         {"lint"},
+         R"({"hooks":{"Stop":[{"hooks":[@theirs]}],"UserPromptSubmit":[)" + theirs + "]}}",
+         {}},
+    };
+    for (const auto& [before, after, position, created, moved, removed, leftovers] : cases) {
+        SCOPED_TRACE(before);
+        const std::string bytes = home.filled(before);
+        const auto document = *hook.read(bytes);
+        const auto installed = hook.installed(bytes, document);
+        ASSERT_TRUE(installed);
+        const std::string now = installed->bytes.value_or(bytes);
+        EXPECT_EQ(now, home.filled(after));
+        EXPECT_EQ(std::pair(installed->site.group, installed->site.entry), position);
+        EXPECT_EQ(installed->site.identity()->command, home.paths().hookCommand());
+        EXPECT_EQ(installed->created, created);
+        const auto installedDocument = *hook.read(now);
+        EXPECT_EQ(hook.movedForeignEntries(document.root(), installedDocument.root()), moved);
+        const auto again = hook.installed(now, installedDocument);
+        EXPECT_EQ(again->bytes, std::nullopt);
+        EXPECT_EQ(again->created, std::set<Created>{});
+        const auto rest = hook.removed(now, installedDocument, created);
+        EXPECT_EQ(rest->bytes, home.filled(removed));
+        EXPECT_EQ(rest->leftovers, leftovers);
+    }
+}
+
+TEST(CodexHook, isReplacedInTheFilesOwnStyle) {
+    const CodexHome home;
+    const CodexHook hook(home.paths());
+    const std::string head = "{\r\n\t\"hooks\": {\r\n\t\t\"UserPromptSubmit\": [{\"hooks\": [\r\n";
+    const std::string tail = "\r\n\t\t]}]\r\n\t}\r\n}\r\n";
+    const std::string bytes =
+        home.filled(head +
+                    "\t\t\t{\r\n\t\t\t\t\"command\": \"python3 "
+                    "@home/fenmoor/wendlow/Scripts/rules-hook.py\"\r\n\t\t\t}" +
+                    tail);
+    const auto document = *hook.read(bytes);
+    EXPECT_EQ(hook.installed(bytes, document)->bytes,
+              head + "\t\t\t{\r\n\t\t\t\t\"type\": \"command\",\r\n\t\t\t\t\"command\": \"" +
+                  home.paths().hookCommand() +
+                  "\",\r\n\t\t\t\t\"statusMessage\": \"Loading Wendlow rules and memory\",\r\n"
+                  "\t\t\t\t\"timeout\": 3,\r\n\t\t\t\t\"additionalContextLimit\": 7500\r\n\t\t\t}" +
+                  tail);
+}
+
+} // namespace
+} // namespace wendlow

@@ -1,0 +1,215 @@
+#include "CodexHome.h"
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using testing::CodexHome;
+using ::testing::ElementsAre;
+
+TEST(CodexHookIdentity, isHashedAsCodexDoes) {
+    struct Case {
+        CodexHookIdentity identity;
+        std::string text;
+        std::string hash; ///< of the text, by sha256sum
+    };
+    const auto legacy = CodexHookIdentity::legacyIdentities("/S", 3);
+    ASSERT_EQ(legacy.size(), 3U);
+    const std::vector<Case> cases{
+        {{"/A/wendlow-hook --harness codex",
+          "Loading Wendlow rules and memory",
+          3,
+          {},
+          false,
+          7500},
+         R"([{"additionalContextLimit":7500,"async":false,"command":"/A/wendlow-hook --harness codex","statusMessage":"Loading Wendlow rules and memory","timeout":3,"type":"command"}]})",
+         "eed04b931c2d67a1fe617a0cb6ae7b60ac598899f38aabe3ce124ba7b5d07ed1"},
+        {{"/Users/Zoë/Wendlow.app/x", {}, -1, R"(a|"b")", true, {}},
+         R"([{"async":true,"command":"/Users/Zoë/Wendlow.app/x","timeout":-1,"type":"command"}],"matcher":"a|\"b\""})",
+         "ef655d28b6868c156aee547120f6781e4e301cb7fdaf670ecc6f5dfa048de42e"},
+        {{"C:\\x\t/y", R"(say "hi")", 600, {}, false, {}},
+         R"([{"async":false,"command":"C:\\x\t/y","statusMessage":"say \"hi\"","timeout":600,"type":"command"}]})",
+         "1992719d5b8352fe5abbb23d0d172ffe4da44f16750429fd29cdbb072e6347f5"},
+        {legacy[0],
+         R"([{"async":false,"command":"python3 /S/rules-hook.py","statusMessage":"Loading Wendlow rules","timeout":3,"type":"command"}]})",
+         "a0e95849b817d8bae2cf44982eef54a62dde1c8b7654a79882d0804f9cd9efd3"},
+        {legacy[1],
+         R"([{"async":false,"command":"python3 /S/prime-hook.py","statusMessage":"Loading Wendlow memory","timeout":3,"type":"command"}]})",
+         "e082e40fcea05bbf5833563eafcc0d78e689b770e00c4e3794868ddf30c8aee2"},
+        {legacy[2],
+         R"([{"async":false,"command":"python3 /S/wendlow-hook.py","statusMessage":"Loading Wendlow rules and memory","timeout":3,"type":"command"}]})",
+         "2237b749dc0f1eccd7df82c43597a2464ee9134121e051efa8636158a86933fa"},
+    };
+    for (const auto& [identity, text, hash] : cases) {
+        EXPECT_EQ(identity.canonicalJSON(),
+                  R"({"event_name":"user_prompt_submit","hooks":)" + text);
+        EXPECT_EQ(identity.trustedHash(), "sha256:" + hash);
+    }
+}
+
+TEST(CodexTrustSlot, isReadFromTheBack) {
+    const std::pair<const char*, std::optional<CodexTrustSlot>> cases[] = {
+        {"/h:user_prompt_submit:1:20", {{{}, "/h", "user_prompt_submit", 1, 20}}},
+        {"/a:b:/h:pre_tool_use:-1:+2", {{{}, "/a:b:/h", "pre_tool_use", -1, 2}}},
+        {"/h::0:0", {{{}, "/h", "", 0, 0}}},
+        {":user_prompt_submit:0:0", {}},
+        {"user_prompt_submit:0:0", {}},
+        {"/h:user_prompt_submit:one:0", {}},
+        {"/h:user_prompt_submit:0:", {}},
+        {"/h:user_prompt_submit:0:1 ", {}},
+        {"/h:user_prompt_submit:0:+-1", {}},
+        {"/h:user_prompt_submit:0:99999999999999999999", {}},
+        {"", {}},
+    };
+    for (auto [key, slot] : cases) {
+        if (slot)
+            slot->key = key;
+        EXPECT_EQ(CodexTrustSlot::parse(key), slot) << key;
+    }
+    EXPECT_EQ(CodexTrustSlot::parse(CodexTrustSlot::at("/a:b", 3, 4).key),
+              CodexTrustSlot::at("/a:b", 3, 4));
+}
+
+TEST(CodexTrust, readsOnlySlotsOfThePrompt) {
+    const auto document = *TOMLText::scan(R"(
+hooks.state."/root:user_prompt_submit:0:0".trusted_hash = "no table"
+[hooks.state."/a:user_prompt_submit:0:1"]
+trusted_hash = 'x'
+[hooks.state."/a:pre_tool_use:0:1"]
+[hooks.state."/a:user_prompt_submit:0:1".below]
+[hooks.other."/a:user_prompt_submit:0:1"]
+[hooks.state."/a:user_prompt_submit:x:1"]
+[[hooks.state."/b:user_prompt_submit:0:1"]]
+trusted_hash = "in an array"
+[hooks.state.'/c:user_prompt_submit:5:0']
+trusted_hash = 7
+enabled = false
+)");
+    std::vector<std::string> keys;
+    for (const CodexTrustSlot& slot : CodexTrust::slots(document))
+        keys.push_back(slot.key);
+    EXPECT_THAT(keys, ElementsAre("/a:user_prompt_submit:0:1", "/c:user_prompt_submit:5:0"));
+    EXPECT_EQ(CodexTrust::recordedHash(keys[0], document), "x");
+    EXPECT_EQ(CodexTrust::recordedHash(keys[1], document), std::nullopt);
+    EXPECT_EQ(CodexTrust::recordedHash("/b:user_prompt_submit:0:1", document), std::nullopt);
+    EXPECT_FALSE(CodexTrust::isSwitchedOff(keys[0], document));
+    EXPECT_TRUE(CodexTrust::isSwitchedOff(keys[1], document));
+}
+
+TEST(CodexTrust, isFoundFromWhatTheFileSays) {
+    const CodexHome home;
+    const CodexTrust trust(home.paths());
+    CodexHookSite site;
+    site.command = "/x";
+    site.timeout = 9;
+    site.group = 2;
+    const std::string hash = site.identity()->trustedHash();
+    const std::string header = "[hooks.state.\"@slot:2:0\"]\n";
+    const auto drift = [](const std::string& reason) {
+        return BlockFinding{BlockFinding::Drifted{{reason}}};
+    };
+    const std::pair<std::string, BlockFinding> cases[] = {
+        {"", drift("no trusted hash is recorded here for the Wendlow hook entry in @file")},
+        {header + "enabled = true\n",
+         drift("no trusted hash is recorded here for the Wendlow hook entry in @file")},
+        {header + "trusted_hash = \"sha256:0\"\n",
+         drift("the trusted hash recorded here is sha256:0 and the Wendlow hook entry in @file "
+               "hashes to " +
+               hash)},
+        {header + "enabled = false\ntrusted_hash = '" + hash + "'\n",
+         drift("the hook switch recorded here is off, so Codex does not call the Wendlow hook "
+               "entry in @file")},
+        {header + "enabled = true\ntrusted_hash = '" + hash + "'\n", {BlockFinding::Connected{}}},
+    };
+    for (auto [config, finding] : cases) {
+        config = home.filled(config);
+        if (auto* drifted = std::get_if<BlockFinding::Drifted>(&finding.content))
+            drifted->reasons[0] =
+                testing::replaced(drifted->reasons[0], {{"@file", home.hooksFile()}});
+        const auto document = *TOMLText::scan(config);
+        EXPECT_EQ(trust.find(&document, &site), finding) << config;
+    }
+    const auto empty = *TOMLText::scan("");
+    EXPECT_EQ(trust.find(nullptr, &site), BlockFinding{BlockFinding::FileAbsent{}});
+    EXPECT_EQ(trust.find(&empty, nullptr), BlockFinding{BlockFinding::Absent{}});
+    site.timeout.reset();
+    EXPECT_EQ(trust.find(&empty, &site),
+              drift("the timeout on the Wendlow hook entry in " + home.hooksFile() +
+                    " is not a whole number, so the identity Codex hashes cannot be computed"));
+}
+
+TEST(CodexTrust, judgesSlotsSoThatNobodyElsesTrustIsLost) {
+    const CodexHome home;
+    const CodexTrust trust(home.paths());
+    // Group 0 is empty, group 1 is live; k is one of our hashes, u is anybody's.
+    const std::string config = home.filled(R"(
+[hooks.state."@slot:0:0"]
+trusted_hash = "k"
+[hooks.state."@slot:0:1"]
+trusted_hash = "u"
+[hooks.state."@slot:0:2"]
+enabled = false
+[hooks.state."@slot:1:0"]
+trusted_hash = "k"
+[hooks.state."@slot:1:1"]
+trusted_hash = "u"
+[hooks.state."/elsewhere:user_prompt_submit:0:0"]
+trusted_hash = "k"
+)");
+    const auto document = *TOMLText::scan(config);
+    const auto judged = [&](const std::optional<std::string>& occupied, const TrustSlots& receipt) {
+        TrustSlots keys;
+        for (const std::string& key : receipt)
+            keys.insert(home.filled(key));
+        auto judgement = trust.judge(
+            document, occupied ? std::optional(home.filled(*occupied)) : std::nullopt, keys, {"k"},
+            [](std::ptrdiff_t group, std::ptrdiff_t) { return group == 1; });
+        for (auto* list : {&judgement.clear, &judgement.report})
+            for (std::string& key : *list)
+                key = testing::replaced(key, {{home.filled("@slot"), "@slot"}});
+        return judgement;
+    };
+    const std::string elsewhere = "/elsewhere:user_prompt_submit:0:0";
+    EXPECT_EQ(judged({}, {}), (CodexTrust::Judgement{{"@slot:0:0"}, {"@slot:1:0", elsewhere}}));
+    EXPECT_EQ(judged("@slot:0:0", {"@slot:0:0"}),
+              (CodexTrust::Judgement{{}, {"@slot:1:0", elsewhere}}));
+    // What we wrote goes, but where it holds by now what a person trusts.
+    EXPECT_EQ(judged({}, {"@slot:0:0", "@slot:0:1", "@slot:0:2", "@slot:1:0", "@slot:1:1",
+                          "@slot:9:9", elsewhere}),
+              (CodexTrust::Judgement{
+                  {"@slot:0:0", "@slot:0:1", "@slot:0:2", "@slot:1:0", elsewhere}, {}}));
+}
+
+TEST(CodexTrust, keepsWhatElseATableHolds) {
+    const std::string other = "a = 1 # mine\n";
+    const std::string table = "[hooks.state.k]\n";
+    struct Case {
+        std::string before, after, removed;
+        std::set<Created> created;
+    };
+    const Case cases[] = {
+        {other, other + "\n" + table + "trusted_hash = \"h\"\n", other, {Created::codexTrustTable}},
+        {table + "trusted_hash = 'old' # why\nenabled = false\n" + other,
+         table + "trusted_hash = \"h\" # why\nenabled = false\n" + other,
+         table + "enabled = false\n" + other,
+         {}},
+        {table + "enabled = true",
+         table + "enabled = true\ntrusted_hash = \"h\"\n",
+         table + "enabled = true\n",
+         {Created::codexConfigTrailingNewline}},
+        {table + "trusted_hash = 'h'", table + "trusted_hash = 'h'", "", {}},
+    };
+    for (const auto& [before, after, removed, created] : cases) {
+        const auto document = *TOMLText::scan(before);
+        const auto installed = CodexTrust::installed(before, document, "k", "h");
+        ASSERT_TRUE(installed);
+        const std::string now = installed->bytes.value_or(before);
+        EXPECT_EQ(now, after);
+        EXPECT_EQ(installed->created, created);
+        EXPECT_EQ(CodexTrust::removed(now, {"x", "k", "k"})->bytes, removed);
+    }
+}
+
+} // namespace
+} // namespace wendlow
