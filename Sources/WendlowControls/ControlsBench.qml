@@ -1,14 +1,19 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 
-// Every control in every state on one page, so that a glance finds what is off.
+// Every control in every state on one page, so that a glance finds what is off. A narrow window has its
+// two halves below each other.
 Flickable {
     id: bench
 
-    contentWidth: Math.max(width, 1280)
-    contentHeight: page.height + 2 * Theme.space48
+    readonly property int margin: Math.max(10, Math.min(Theme.space48, (bench.width - 760) / 2))
+
+    contentHeight: page.y + page.height + Theme.space48
     boundsBehavior: Flickable.StopAtBounds
+
+    T.ScrollBar.vertical: ScrollBar {}
 
     Rectangle {
         parent: bench
@@ -17,14 +22,15 @@ Flickable {
         color: Theme.ground
     }
     Label {
-        x: Theme.space48
+        x: bench.margin
         y: Theme.space32
         role: Label.Role.Title
         text: qsTr("Controls")
     }
-    Row {
+    Flow {
         id: page
-        x: Theme.space48
+        x: bench.margin
+        width: bench.width - 2 * x
         y: 80
         spacing: Theme.space48
 

@@ -9,7 +9,7 @@ namespace wendlow {
 
 /// A rounded square with a gradient from top to bottom. Qt Quick's own rectangle has ragged corners
 /// with a gradient when there is no graphics hardware.
-class GradientTile : public DrawnItem {
+class GradientTile : public wendlow::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor from READ from WRITE setFrom NOTIFY fromChanged FINAL)

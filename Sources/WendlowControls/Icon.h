@@ -10,7 +10,8 @@ namespace wendlow {
 /// One symbol of the icon table in one colour, crisp at the window's pixel density. Draws nothing
 /// for a name that the table has not. It says nothing to a screen reader: what it stands in names
 /// itself.
-class Icon : public DrawnItem {
+// The base is named in full: the tool that writes the types for the linter does not look names up.
+class Icon : public wendlow::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     /// The symbol's name, see IconDrawing.

@@ -24,10 +24,17 @@ FocusScope {
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Settings")
 
+    // While a key is at work: what it opens shows its ring.
+    property bool byKey: false
+
+    function open(index: int): void {
+        sidebar.byKey = true;
+        sidebar.root.select(sidebar.titles[Math.max(0, Math.min(index, sidebar.titles.length - 1))]);
+        sidebar.byKey = false;
+    }
+
     function step(by: int): void {
-        const next = sidebar.titles.indexOf(sidebar.root.selection) + by;
-        if (next >= 0 && next < sidebar.titles.length)
-            sidebar.root.select(sidebar.titles[next]);
+        sidebar.open(sidebar.titles.indexOf(sidebar.root.selection) + by);
     }
 
     Keys.onUpPressed: sidebar.step(-1)
@@ -35,7 +42,7 @@ FocusScope {
     Keys.onPressed: event => {
         event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
         if (event.accepted)
-            sidebar.root.select(event.key === Qt.Key_Home ? sidebar.titles[0] : sidebar.titles[sidebar.titles.length - 1]);
+            sidebar.open(event.key === Qt.Key_Home ? 0 : sidebar.titles.length - 1);
     }
 
     Rectangle {
@@ -79,9 +86,9 @@ FocusScope {
                         focus: place.here
                         focusPolicy: place.here ? Qt.StrongFocus : Qt.ClickFocus
                         onClicked: sidebar.root.select(place.text)
-                        // The arrows take the focus, and with it the ring, along.
+                        // The focus goes along with the selection.
                         onHereChanged: if (place.here && sidebar.activeFocus)
-                            place.forceActiveFocus(Qt.TabFocusReason)
+                            place.forceActiveFocus(sidebar.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason)
                     }
                 }
             }

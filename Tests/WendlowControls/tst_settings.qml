@@ -58,7 +58,11 @@ Item {
             keyClick(Qt.Key_Home);
             compare(bench.root.selection, "General");
             here("General", "Label_");
+            bench.root.select("Recovery");
+            verify(here("Recovery", "SidebarItem_").activeFocus);
+            verify(!here("Recovery", "SidebarItem_").ringed, "no key brought the focus here");
             mouseClick(here("Connected Apps", "SidebarItem_"));
+            verify(!here("Connected Apps", "SidebarItem_").ringed);
             here("Give your AI superpowers", "Label_");
         }
 
@@ -69,6 +73,7 @@ Item {
             tryVerify(() => bench.verbs.length === 1);
             compare(bench.verbs, ["install"]);
             tryVerify(() => bench.spoken(toggle).checked, 5000, "the very switch, not one made anew");
+            here("Connected Apps", "SidebarItem_").forceActiveFocus();
             toggle.forceActiveFocus(Qt.TabFocusReason);
             keyClick(Qt.Key_Space);
             tryVerify(() => bench.verbs.length === 2);
