@@ -4,7 +4,7 @@
 #include "JSONChecks.h"
 
 #include <boost/json/parse.hpp>
-#include <boost/json/stream_parser.hpp>
+#include <boost/json/parse_options.hpp>
 
 namespace {
 

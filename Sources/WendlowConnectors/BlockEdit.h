@@ -12,12 +12,12 @@ namespace wendlow {
 /// What a block's edit of one file came to. `bytes` is nothing where the file is right as it
 /// stands, so that nobody copies a large file only to say so.
 struct InstalledBlock {
-    std::optional<std::string> bytes{};
-    std::set<Created> created{}; ///< the containers that this edit brought into being
+    std::optional<std::string> bytes = std::nullopt;
+    std::set<Created> created; ///< the containers that this edit brought into being
 };
 struct RemovedBlock {
-    std::optional<std::string> bytes{};
-    std::vector<std::string> leftovers{}; ///< sentences about what stays behind, empty
+    std::optional<std::string> bytes = std::nullopt;
+    std::vector<std::string> leftovers; ///< sentences about what stays behind, empty
 };
 
 } // namespace wendlow

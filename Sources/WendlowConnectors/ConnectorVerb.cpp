@@ -29,6 +29,7 @@ TransactionResult commit(std::vector<PlannedFile> files, const Surroundings& sur
 
 std::vector<FileFate> fates(const std::vector<PlannedFile>& files) {
     std::vector<FileFate> result;
+    result.reserve(files.size());
     for (const PlannedFile& planned : files)
         result.push_back({planned.file.label, planned.changes()});
     return result;

@@ -38,7 +38,7 @@ namespace ConnectorVerb {
 /// Where a verb's time comes from, and a test's chance to act as another writer.
 struct Surroundings {
     std::function<Transaction::Date()> now = [] { return std::chrono::system_clock::now(); };
-    std::function<void()> beforeRename{};
+    std::function<void()> beforeRename = nullptr;
 };
 
 ConnectorOutcome refused(Observations observations);

@@ -17,24 +17,30 @@ class MockConnector final : public Connector {
 public:
     /// What the mock answers. Set at construction; `becomes` changes part of it later.
     struct Script {
+        // GCC wants an initializer for each field that a designated list may leave out.
+        // NOLINTBEGIN(readability-redundant-member-init)
         ConnectorState state = ConnectorState::found;
         Observations observations{};
         bool refuses = false;            ///< verbs are refused; comes before `verbsChangeNothing`
         bool verbsChangeNothing = false; ///< verbs return `unchanged`
-        std::optional<Observations> verbObservations{}; ///< nothing: verbs report `observations`
-        std::vector<std::filesystem::path> backups{};   ///< what verbs report
+        std::optional<Observations> verbObservations =
+            std::nullopt;                             ///< nothing: verbs report `observations`
+        std::vector<std::filesystem::path> backups{}; ///< what verbs report
         ProjectReport projectReport{};
         MemoryFileReport memoryFileReport{};
+        // NOLINTEND(readability-redundant-member-init)
         bool staleOwnWiring = false;
-        std::function<void()> onScan{};    ///< before a scan looks at the script
-        std::function<void()> onVerb{};    ///< before `install` and `remove` look at the script
-        std::function<void()> afterScan{}; ///< after a scan has made its report, before it returns
+        std::function<void()> onScan = nullptr; ///< before a scan looks at the script
+        std::function<void()> onVerb =
+            nullptr; ///< before `install` and `remove` look at the script
+        std::function<void()> afterScan =
+            nullptr; ///< after a scan has made its report, before it returns
     };
     /// What `becomes` changes; what is left out keeps its value.
     struct Change {
-        std::optional<bool> refuses{};
-        std::optional<Observations> verbObservations{};
-        std::optional<std::vector<std::filesystem::path>> backups{};
+        std::optional<bool> refuses = std::nullopt;
+        std::optional<Observations> verbObservations = std::nullopt;
+        std::optional<std::vector<std::filesystem::path>> backups = std::nullopt;
     };
 
     MockConnector(ConnectorIdentity identity, Script script);

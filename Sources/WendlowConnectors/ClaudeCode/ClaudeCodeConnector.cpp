@@ -5,6 +5,7 @@
 #include "ScanJoin.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace wendlow {
@@ -103,7 +104,7 @@ ConnectorOutcome ClaudeCodeConnector::install() const {
     if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
         return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
     // That it cannot be made is found again by the commit, which says so in words.
-    (void)Disk::createDirectories(m_paths.configDirectory, 0700);
+    std::ignore = Disk::createDirectories(m_paths.configDirectory, 0700);
 
     std::set<Created> created;
     if (!settings.bytes)

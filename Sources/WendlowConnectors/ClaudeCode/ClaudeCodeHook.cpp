@@ -156,7 +156,7 @@ struct ClaudeCodeHook::Draft {
     std::string_view original;
     const JSONDocument* document;
     InstalledBlock block{};
-    std::optional<JSONDocument> rescanned{};
+    std::optional<JSONDocument> rescanned = std::nullopt;
 
     std::string_view bytes() const { return block.bytes ? *block.bytes : original; }
     JSONNode root() const { return document->root(); }

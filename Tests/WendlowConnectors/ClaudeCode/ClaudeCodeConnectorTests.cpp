@@ -10,7 +10,6 @@ namespace {
 using testing::ClaudeCodeHome;
 using ::testing::ElementsAre;
 using testing::get;
-using ::testing::IsEmpty;
 using testing::put;
 using Result = ConnectorOutcome::Result;
 
@@ -188,7 +187,7 @@ TEST(ClaudeCodeConnector, makesTheToolsFolderWhenItsUserFileShowsThatItIsHere) {
 
 TEST(ClaudeCodeConnector, leavesEverythingAloneTheSecondTime) {
     const ClaudeCodeHome home;
-    home.fill(settingsBefore, serversBefore);
+    home.fill(settingsBefore, "{}");
     const auto connector = home.connector();
     connector.install();
     const auto receipt = get(home.paths().receiptFile);
@@ -205,6 +204,7 @@ TEST(ClaudeCodeConnector, leavesEverythingAloneTheSecondTime) {
                             Observation{home.settings(), written},
                             Observation{home.servers(), nothing}));
     EXPECT_TRUE(get(home.paths().receiptFile)->contains("hooksObject"));
+    EXPECT_TRUE(get(home.paths().receiptFile)->contains("mcpServersObject"));
     connector.remove();
     EXPECT_EQ(connector.remove(), unchanged);
 }

@@ -6,9 +6,7 @@
 namespace wendlow {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::filled;
-using ::testing::IsEmpty;
 
 const ClaudeCodeHook hook(testing::paths());
 constexpr auto all = {Created::hooksObject, Created::eventArray, Created::hookGroup,
@@ -98,6 +96,11 @@ TEST(ClaudeCodeHook, installsWithTheSmallestEdit) {
          {preGroup, preList}},
         {"our entries leave a group that is shared",
          R"({"hooks":{"UserPromptSubmit":[{"hooks":[@rules,@theirs,@old]}],)" + preToolPart + "}}",
+         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]},{"hooks":[@slots]}],)" + preToolPart +
+             "}}",
+         {group}},
+        {"and leave it where the person's entry comes first",
+         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs,@slots]}],)" + preToolPart + "}}",
          R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]},{"hooks":[@slots]}],)" + preToolPart +
              "}}",
          {group}},

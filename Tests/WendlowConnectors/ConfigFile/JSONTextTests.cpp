@@ -182,13 +182,13 @@ TEST(JSONText, readsSixtyFourLevels) {
         std::string open;
         std::string close;
     } brackets[] = {{"[", "]"}, {"{\"a\":", "}"}};
-    for (const auto& [open, close] : brackets) {
-        const auto nested = [&](int levels) {
-            return repeated(open, levels) + "1" + repeated(close, levels);
+    for (const auto& bracket : brackets) {
+        const auto nested = [&bracket](int levels) {
+            return repeated(bracket.open, levels) + "1" + repeated(bracket.close, levels);
         };
-        EXPECT_EQ(
-            scanned(nested(65), strict),
-            fmt::format("the document nests deeper than 64 levels (at byte {})", 64 * open.size()));
+        EXPECT_EQ(scanned(nested(65), strict),
+                  fmt::format("the document nests deeper than 64 levels (at byte {})",
+                              64 * bracket.open.size()));
         EXPECT_TRUE(JSONText::scanWithTrivia(nested(64), strict));
         // What is closed again no longer counts.
         EXPECT_TRUE(JSONText::scanWithTrivia("[" + repeated(nested(63) + ",", 99) + "1]", strict));
