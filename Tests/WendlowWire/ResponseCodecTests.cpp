@@ -92,6 +92,7 @@ TEST(ResponseCodec, RefusesWhatItCannotRead) {
         {R"({"phrase":{}})", "phrase._0: this key is missing"},
         {R"({"frontState":{"_0":"half"}})", "frontState._0: \"half\" is none of the known words"},
         {R"({"icons":{"_0":{"a":"TQ==","b":"T!=="}}})", "icons._0.b: this text is not base64"},
+        {R"({"icons":{"_0":{"a":"TWFu!"}}})", "icons._0.a: this text is not base64"},
         {R"({"icons":{"_0":{"a":"TQ"}}})", "icons._0.a: this text is not base64"},
         {R"({"icons":{"_0":{"a":"T\u0000=="}}})", "icons._0.a: this text is not base64"},
         {R"({"primed":{"_0":[],"distilled":true,"shortcut":{"fired":{"name":"n"}}}})",
