@@ -130,14 +130,13 @@ QQuickWindow& Snapshots::shown(WindowKind kind) {
     QWindow& window = m_application.present(kind);
     if (m_size && WindowDescriptions::of(kind).styles.testFlag(WindowStyle::resizable))
         window.resize(m_size->width, m_size->height);
-    auto& quick = static_cast<QQuickWindow&>(window);
-    takeFocusAway(quick);
-    return quick;
+    return static_cast<QQuickWindow&>(window);
 }
 
 void Snapshots::save(QWindow& window, const QString& name) {
     const ConnectedAppsModel& model = *m_application.settings().connected();
     runEventLoopUntil([&] { return model.scanned() && model.idle(); }, 30s);
+    takeFocusAway(static_cast<QQuickWindow&>(window));
     runEventLoopUntil([] { return false; }, 60ms); // what a change sets in motion is drawn
     const QImage picture = static_cast<QQuickWindow&>(window).grabWindow();
     const std::filesystem::path file =
