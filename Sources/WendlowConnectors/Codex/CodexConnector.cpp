@@ -2,7 +2,6 @@
 
 #include "ConfigFile/Disk.h"
 #include "HookCommand.h"
-#include "Overloaded.h"
 #include "ScanJoin.h"
 
 #include <algorithm>
