@@ -85,8 +85,8 @@ public:
         : m_draft(bytes, document), m_created(created), m_containers(containers) {}
 
     Step removeEntry(const HookSite& site) {
-        if (auto step = m_draft.take(
-                JSONEdit::removeElement(m_draft.bytes(), site.entriesPath(), site.entry));
+        if (auto step = m_draft.take(JSONEdit::removeElement(m_draft.bytes(), m_draft.document(),
+                                                             site.entriesPath(), site.entry));
             !step)
             return step;
         return removeEmptyGroup(site);
@@ -101,7 +101,7 @@ public:
             return {};
         if (m_created.contains(made))
             return m_draft.take(
-                JSONEdit::removeMember(m_draft.bytes(), parent, key, JSONDialect::json));
+                JSONEdit::removeMember(m_draft.bytes(), m_draft.document(), parent, key));
         leave(what);
         return {};
     }
@@ -128,7 +128,8 @@ private:
                                      "more than Wendlow wrote");
             return {};
         }
-        return m_draft.take(JSONEdit::removeElement(m_draft.bytes(), site.eventPath(), site.group));
+        return m_draft.take(JSONEdit::removeElement(m_draft.bytes(), m_draft.document(),
+                                                    site.eventPath(), site.group));
     }
 
     JSONDraft m_draft;
@@ -192,27 +193,28 @@ Step append(JSONDraft& draft, std::string_view event, const JSONLiteral& group,
     created.insert(cases.group);
     const auto hooks = draft.root().member("hooks");
     if (hooks && hooks->member(event))
-        return draft.take(JSONEdit::appendElement(draft.bytes(), {"hooks", event}, group));
+        return draft.take(
+            JSONEdit::appendElement(draft.bytes(), draft.document(), {"hooks", event}, group));
     created.insert(cases.list);
     const JSONLiteral list = JSONLiteral::array({group});
     // Fails in words where there is no place for a list.
     if (hooks)
         return draft.take(
-            JSONEdit::setMember(draft.bytes(), {"hooks"}, event, list, JSONDialect::json));
+            JSONEdit::setMember(draft.bytes(), draft.document(), {"hooks"}, event, list));
     created.insert(containers.hooksObject);
-    return draft.take(JSONEdit::setMember(draft.bytes(), {}, "hooks",
-                                          JSONLiteral::object({{std::string(event), list}}),
-                                          JSONDialect::json));
+    return draft.take(JSONEdit::setMember(draft.bytes(), draft.document(), {}, "hooks",
+                                          JSONLiteral::object({{std::string(event), list}})));
 }
 
 Step discard(JSONDraft& draft, const HookSite& site, const JSONLiteral::Object& groupMembers) {
-    if (auto step =
-            draft.take(JSONEdit::removeElement(draft.bytes(), site.entriesPath(), site.entry));
+    if (auto step = draft.take(JSONEdit::removeElement(draft.bytes(), draft.document(),
+                                                       site.entriesPath(), site.entry));
         !step)
         return step;
     if (groupIsEmpty(draft.root(), site) &&
         groupIsOurs(draft.root(), draft.bytes(), site, groupMembers))
-        return draft.take(JSONEdit::removeElement(draft.bytes(), site.eventPath(), site.group));
+        return draft.take(
+            JSONEdit::removeElement(draft.bytes(), draft.document(), site.eventPath(), site.group));
     return {};
 }
 

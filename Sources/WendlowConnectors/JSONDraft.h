@@ -21,7 +21,8 @@ public:
 
     std::string_view bytes() const { return m_edited ? *m_edited : m_original; }
     /// It and what it leads to are valid until the next step.
-    JSONNode root() const { return m_document->root(); }
+    JSONNode root() const { return document().root(); }
+    const JSONDocument& document() const { return *m_document; }
 
     /// Makes one edit's result the bytes.
     JSONBlock::Result<void> take(JSONEdit::Result edited);

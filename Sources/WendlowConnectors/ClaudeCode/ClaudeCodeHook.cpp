@@ -222,7 +222,7 @@ ClaudeCodeHook::Result<void> ClaudeCodeHook::installSlots(Draft& draft) const {
     if (draft.root().node(slot->entriesPath())->value(draft.bytes()) == own.value())
         return {};
     return draft.take(
-        JSONEdit::setMember(draft.bytes(), slot->groupPath(), "hooks", own, JSONDialect::json));
+        JSONEdit::setMember(draft.bytes(), draft.document(), slot->groupPath(), "hooks", own));
 }
 
 ClaudeCodeHook::Result<void> ClaudeCodeHook::installPreTool(Draft& draft) const {

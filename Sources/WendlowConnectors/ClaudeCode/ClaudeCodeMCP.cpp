@@ -82,10 +82,9 @@ ClaudeCodeMCP::Result<InstalledBlock> ClaudeCodeMCP::installed(std::string_view 
     // Fails in words where the root or the servers are not an object.
     auto edited =
         serversAreThere
-            ? JSONEdit::setMember(bytes, {serversKey}, entryKey, entry(), JSONDialect::json)
-            : JSONEdit::setMember(bytes, {}, serversKey,
-                                  JSONLiteral::object({{std::string(entryKey), entry()}}),
-                                  JSONDialect::json);
+            ? JSONEdit::setMember(bytes, document, {serversKey}, entryKey, entry())
+            : JSONEdit::setMember(bytes, document, {}, serversKey,
+                                  JSONLiteral::object({{std::string(entryKey), entry()}}));
     if (!edited)
         return std::unexpected(edited.error());
     InstalledBlock block{.bytes = *std::move(edited), .created = {}};
@@ -111,9 +110,8 @@ ClaudeCodeMCP::Result<RemovedBlock> ClaudeCodeMCP::removed(std::string_view byte
     const bool leavesNothing = root.member(serversKey)->count() == 1;
     // Without comments the object can go together with its only member: one edit, the same bytes.
     const bool takeServers = leavesNothing && created.contains(Created::mcpServersObject);
-    auto edited = takeServers
-                      ? JSONEdit::removeMember(bytes, {}, serversKey, JSONDialect::json)
-                      : JSONEdit::removeMember(bytes, {serversKey}, entryKey, JSONDialect::json);
+    auto edited = takeServers ? JSONEdit::removeMember(bytes, document, {}, serversKey)
+                              : JSONEdit::removeMember(bytes, document, {serversKey}, entryKey);
     if (!edited)
         return std::unexpected(edited.error());
     RemovedBlock block{.bytes = *std::move(edited), .leftovers = {}};

@@ -129,13 +129,9 @@ std::string setFirstMember(std::string_view text, const JSONDocument& document,
 
 } // namespace
 
-Result setMember(std::string_view text, const JSONPath& path, std::string_view key,
-                 const JSONLiteral& literal, JSONDialect dialect) {
-    const auto document = JSONText::scanWithTrivia(text, dialect);
-    if (!document) {
-        return std::unexpected(document.error());
-    }
-    const auto object = document->root().node(path);
+Result setMember(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                 std::string_view key, const JSONLiteral& literal) {
+    const auto object = document.root().node(path);
     if (!object || !object->isObject()) {
         return failure(JSONEditError::notAnObject(path));
     }
@@ -146,26 +142,23 @@ Result setMember(std::string_view text, const JSONPath& path, std::string_view k
                                     .newline = std::string(lineEnding(text))};
             return splice(text, member.value.range(),
                           literal.render(lineIndent(member.keyStart, text),
-                                         indentUnit(document->root(), text), style));
+                                         indentUnit(document.root(), text), style));
         }
         last = member;
     }
     if (!last) {
-        return setFirstMember(text, *document, *object, key, literal);
+        return setFirstMember(text, document, *object, key, literal);
     }
     const auto [prefix, indent, style] = insertionPrefix(last->keyStart, text, lineEnding(text));
     const auto position = last->value.end();
     return splice(text, {position, position},
                   fmt::format(",{}{}{}", prefix, keyed(key, style),
-                              literal.render(indent, indentUnit(document->root(), text), style)));
+                              literal.render(indent, indentUnit(document.root(), text), style)));
 }
 
-Result appendElement(std::string_view text, const JSONPath& path, const JSONLiteral& literal) {
-    const auto document = JSONText::scanWithTrivia(text, JSONDialect::json);
-    if (!document) {
-        return std::unexpected(document.error());
-    }
-    const auto root = document->root();
+Result appendElement(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                     const JSONLiteral& literal) {
+    const auto root = document.root();
     const auto array = root.node(path);
     if (!array || !array->isArray()) {
         return failure(JSONEditError::notAnArray(path));
@@ -238,13 +231,9 @@ bool needsLineBreak(std::string_view text, std::span<const ByteRange> comments, 
 
 } // namespace
 
-Result removeMember(std::string_view text, const JSONPath& path, std::string_view key,
-                    JSONDialect dialect) {
-    const auto document = JSONText::scanWithTrivia(text, dialect);
-    if (!document) {
-        return std::unexpected(document.error());
-    }
-    const auto object = document->root().node(path);
+Result removeMember(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                    std::string_view key) {
+    const auto object = document.root().node(path);
     if (!object || !object->isObject()) {
         return failure(JSONEditError::notAnObject(path));
     }
@@ -264,7 +253,7 @@ Result removeMember(std::string_view text, const JSONPath& path, std::string_vie
     if (!siblings) {
         return failure(JSONEditError::noSuchMember(path, key));
     }
-    const auto comments = document->comments();
+    const auto comments = document.comments();
     const auto cut = cutWithComma(*siblings).value_or(
         cutOnlyMember(text, comments, inside(*object), siblings->item));
     const auto newline = lineEnding(text);
@@ -275,12 +264,9 @@ Result removeMember(std::string_view text, const JSONPath& path, std::string_vie
     return splice(text, cut, kept);
 }
 
-Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t index) {
-    const auto document = JSONText::scanWithTrivia(text, JSONDialect::json);
-    if (!document) {
-        return std::unexpected(document.error());
-    }
-    const auto array = document->root().node(path);
+Result removeElement(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                     std::ptrdiff_t index) {
+    const auto array = document.root().node(path);
     if (!array || !array->isArray()) {
         return failure(JSONEditError::notAnArray(path));
     }
@@ -300,6 +286,44 @@ Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t
         return failure(JSONEditError::noSuchElement(path, index));
     }
     return splice(text, cutWithComma(*siblings).value_or(inside(*array)), {});
+}
+
+namespace {
+
+template<class Edit> Result scanned(std::string_view text, JSONDialect dialect, Edit edit) {
+    const auto document = JSONText::scanWithTrivia(text, dialect);
+    if (!document) {
+        return std::unexpected(document.error());
+    }
+    return edit(*document);
+}
+
+} // namespace
+
+Result setMember(std::string_view text, const JSONPath& path, std::string_view key,
+                 const JSONLiteral& literal, JSONDialect dialect) {
+    return scanned(text, dialect, [&](const JSONDocument& document) {
+        return setMember(text, document, path, key, literal);
+    });
+}
+
+Result removeMember(std::string_view text, const JSONPath& path, std::string_view key,
+                    JSONDialect dialect) {
+    return scanned(text, dialect, [&](const JSONDocument& document) {
+        return removeMember(text, document, path, key);
+    });
+}
+
+Result appendElement(std::string_view text, const JSONPath& path, const JSONLiteral& literal) {
+    return scanned(text, JSONDialect::json, [&](const JSONDocument& document) {
+        return appendElement(text, document, path, literal);
+    });
+}
+
+Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t index) {
+    return scanned(text, JSONDialect::json, [&](const JSONDocument& document) {
+        return removeElement(text, document, path, index);
+    });
 }
 
 } // namespace JSONEdit

@@ -56,5 +56,15 @@ Result appendElement(std::string_view text, const JSONPath& path, const JSONLite
 /// Removes one element of the array at `path`. Dialect `json`.
 Result removeElement(std::string_view text, const JSONPath& path, std::ptrdiff_t index);
 
+/// The same for a text that has just been scanned: `document` has to be the scan of `text`.
+Result setMember(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                 std::string_view key, const JSONLiteral& literal);
+Result removeMember(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                    std::string_view key);
+Result appendElement(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                     const JSONLiteral& literal);
+Result removeElement(std::string_view text, const JSONDocument& document, const JSONPath& path,
+                     std::ptrdiff_t index);
+
 } // namespace JSONEdit
 } // namespace wendlow
