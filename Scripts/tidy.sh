@@ -6,16 +6,26 @@ cd "$(dirname "$0")/.."
 stamps=$PWD/build/tidy
 mkdir -p "$stamps"
 
-# clang cannot read GCC's precompiled headers nor two of its flags, so it gets a database without.
+# clang cannot read GCC's precompiled headers, so it gets a database that includes their text.
 database=$PWD/build/tidy/database
 mkdir -p "$database"
-python3 - build/dev/compile_commands.json "$database/compile_commands.json" <<'PY'
-import json, re, sys
+python3 - build/dev/compile_commands.json "$database" <<'PY'
+import json, pathlib, re, shutil, sys
+
+database = pathlib.Path(sys.argv[2])
+
+def text_of(match):
+    header = pathlib.Path(match[1])
+    copy = database / (header.parent.name + '.hxx')
+    shutil.copyfile(header, copy)
+    return f'-include {copy}'
+
 entries = json.load(open(sys.argv[1]))
 for entry in entries:
-    command = re.sub(r'-Winvalid-pch|-include \S*cmake_pch\.hxx|-fpch-\S+', '', entry['command'])
-    entry['command'] = re.sub(r'^.*?ccache ', '', command) + ' -Wno-unknown-warning-option'
-json.dump(entries, open(sys.argv[2], 'w'))
+    command = re.sub(r'^.*?ccache ', '', entry['command']).replace('-Winvalid-pch', '')
+    command = re.sub(r'-include (\S*cmake_pch\.hxx)', text_of, command)
+    entry['command'] = command + ' -Wno-unknown-warning-option'
+json.dump(entries, open(database / 'compile_commands.json', 'w'))
 PY
 
 headers=$(git ls-files -z -- '*.h' .clang-tidy | xargs -0 sha256sum | sha256sum | cut -c1-32)

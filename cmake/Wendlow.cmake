@@ -50,6 +50,10 @@ function(wendlow_warnings target)
             $<$<COMPILE_LANGUAGE:CXX>:-Wconversion -Wsign-conversion -Wold-style-cast>)
     endif()
     if(WENDLOW_SANITIZE)
+        # Instrumented, GCC 12 no longer sees that an optional is looked at only when it holds.
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-maybe-uninitialized>)
+        endif()
         target_compile_options(${target} PRIVATE -fsanitize=address,undefined
             -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PRIVATE -fsanitize=address,undefined)
