@@ -4,6 +4,5 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 cmake --preset fuzz -DWENDLOW_FUZZ_SECONDS="${1:-60}" >/dev/null
-cmake --build --preset fuzz
 cmake --build --preset fuzz --target RunFuzzers -j2 2>&1 |
-    grep -E 'Run|number_of_executed_units|ERROR|SUMMARY|Test unit|FAILED'
+    grep -E '^Fuzz|number_of_executed_units|ERROR|SUMMARY|Test unit|FAILED|error:'

@@ -45,6 +45,10 @@ function(wendlow_warnings target)
         target_compile_options(${target} PRIVATE
             $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict -Wno-stringop-overflow -Wno-array-bounds>)
     endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # A precompiled header that ccache hands back is older than headers that were installed since.
+        target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+    endif()
     if(NOT arg_GENERATED)
         target_compile_options(${target} PRIVATE
             $<$<COMPILE_LANGUAGE:CXX>:-Wconversion -Wsign-conversion -Wold-style-cast>)
