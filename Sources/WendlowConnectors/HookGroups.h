@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BlockFinding.h"
 #include "HookCommand.h"
 #include "JSONBlock.h"
 #include "JSONDraft.h"
@@ -76,6 +77,26 @@ JSONBlock::Readable read(std::string_view bytes);
 /// Why there is no place for an entry under these events.
 std::optional<std::string> foreignReason(const JSONNode& root,
                                          std::span<const std::string_view> events);
+
+/// What a block says about its file. `sites(root, bytes)` gives its entries, and
+/// `driftReasons(sites, root, bytes)` what is wrong with them, which is asked only when there are
+/// any.
+template<class Sites, class Reasons>
+BlockFinding find(std::optional<std::string_view> bytes, std::span<const std::string_view> events,
+                  const Sites& sites, const Reasons& driftReasons) {
+    if (!bytes)
+        return {BlockFinding::FileAbsent{}};
+    const auto document = read(*bytes);
+    if (!document)
+        return {BlockFinding::Unreadable{document.error()}};
+    const JSONNode root = document->root();
+    if (auto reason = foreignReason(root, events))
+        return {BlockFinding::Foreign{{*std::move(reason)}}};
+    const auto own = sites(root, *bytes);
+    if (own.empty())
+        return {BlockFinding::Absent{}};
+    return BlockFinding::from(driftReasons(own, root, *bytes));
+}
 
 /// Appends a group to the list of `event`, making the list and the `hooks` object where there is
 /// none. What came into being is added to `created`.

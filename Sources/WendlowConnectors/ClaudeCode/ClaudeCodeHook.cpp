@@ -82,18 +82,11 @@ std::vector<HookSite> ClaudeCodeHook::sites(const JSONNode& root) const {
 }
 
 BlockFinding ClaudeCodeHook::find(std::optional<std::string_view> bytes) const {
-    if (!bytes)
-        return {BlockFinding::FileAbsent{}};
-    const Readable document = read(*bytes);
-    if (!document)
-        return {BlockFinding::Unreadable{document.error()}};
-    const JSONNode root = document->root();
-    if (auto reason = HookGroups::foreignReason(root, events))
-        return {BlockFinding::Foreign{{*std::move(reason)}}};
-    const auto own = sites(root);
-    if (own.empty())
-        return {BlockFinding::Absent{}};
-    return BlockFinding::from(driftReasons(own, root, *bytes));
+    return HookGroups::find(
+        bytes, events, [this](const JSONNode& root, std::string_view) { return sites(root); },
+        [this](const auto& own, const JSONNode& root, std::string_view text) {
+            return driftReasons(own, root, text);
+        });
 }
 
 std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite>& sites,

@@ -126,18 +126,12 @@ std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_vi
 }
 
 BlockFinding CodexHook::find(std::optional<std::string_view> bytes) const {
-    if (!bytes)
-        return {BlockFinding::FileAbsent{}};
-    const Readable document = read(*bytes);
-    if (!document)
-        return {BlockFinding::Unreadable{document.error()}};
-    const JSONNode root = document->root();
-    if (auto reason = HookGroups::foreignReason(root, events))
-        return {BlockFinding::Foreign{{*std::move(reason)}}};
-    const auto own = sites(root, *bytes);
-    if (own.empty())
-        return {BlockFinding::Absent{}};
-    return BlockFinding::from(driftReasons(own, root, *bytes));
+    return HookGroups::find(
+        bytes, events,
+        [this](const JSONNode& root, std::string_view text) { return sites(root, text); },
+        [this](const auto& own, const JSONNode& root, std::string_view text) {
+            return driftReasons(own, root, text);
+        });
 }
 
 std::vector<std::string> CodexHook::driftReasons(const std::vector<CodexHookSite>& sites,
