@@ -18,11 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::shared_ptr<MockConnector> tool(const char* id, const char* name, ConnectorState state,
-                                    Observations observations) {
-    MockConnector::Script script;
-    script.state = state;
-    script.observations = std::move(observations);
+std::shared_ptr<MockConnector> tool(const char* id, const char* name,
+                                    MockConnector::Script script) {
     return std::make_shared<MockConnector>(ConnectorIdentity{id, name, "A tool.", "terminal"},
                                            std::move(script));
 }
@@ -44,19 +41,16 @@ public:
         around.imageLoads = [](const std::string& asset) {
             return ToolTiles::has(QString::fromStdString(asset));
         };
-        MockConnector::Script script;
-        script.state = ConnectorState::found;
-        script.observations = {{"/home/ada/.claude.json", "the Wendlow entry is not here"}};
-        script.onVerb = [this] {
-            m_wired = !m_wired;
-            m_claude->becomes(m_wired ? ConnectorState::connected : ConnectorState::found);
-        };
-        m_claude = std::make_shared<MockConnector>(
-            ConnectorIdentity{"claude-code", "Claude Code", "A tool.", "terminal"},
-            std::move(script));
-        const auto cursor = tool("cursor", "Cursor", ConnectorState::drifted,
-                                 {{"/home/ada/.cursor/mcp.json", "this entry was changed"}});
-        const auto codex = tool("codex", "Codex", ConnectorState::connected, {});
+        m_claude =
+            tool("claude-code", "Claude Code", {.onVerb = [this] {
+                     m_wired = !m_wired;
+                     m_claude->becomes(m_wired ? ConnectorState::connected : ConnectorState::found);
+                 }});
+        const auto cursor =
+            tool("cursor", "Cursor",
+                 {.state = ConnectorState::drifted,
+                  .observations = {{"/home/ada/.cursor/mcp.json", "this entry was changed"}}});
+        const auto codex = tool("codex", "Codex", {.state = ConnectorState::connected});
         m_root = std::make_unique<SettingsRoot>(std::make_unique<ConnectedAppsModel>(
             Connectors::List{m_claude, cursor, codex}, "/opt/wendlow-mcp", std::move(around)));
     }
