@@ -16,27 +16,16 @@ using namespace Qt::StringLiterals;
 using Center = DistributedNotificationCenter;
 using Heard = std::vector<DistributedNotification>;
 
-/// A connection of its own, as another process would have.
-class Connection {
-public:
-    explicit Connection(const testing::PrivateBus& bus)
-        : m_name(QStringLiteral("test-%1").arg(++s_count)),
-          m_connection(
-              QDBusConnection::connectToBus(QString::fromStdString(bus.address()), m_name)) {}
-    ~Connection() { QDBusConnection::disconnectFromBus(m_name); }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-
-    QDBusConnection& operator*() { return m_connection; }
-
-private:
-    static inline int s_count = 0;
-    QString m_name;
-    QDBusConnection m_connection;
-};
-
 class DistributedNotifications : public ::testing::Test {
 protected:
+    ~DistributedNotifications() override {
+        for (const QString& name : {u"sender"_s, u"listener"_s})
+            QDBusConnection::disconnectFromBus(name);
+    }
+    /// A connection of its own, as another process would have.
+    QDBusConnection connected(const QString& name) const {
+        return QDBusConnection::connectToBus(QString::fromStdString(bus.address()), name);
+    }
     Center::Token hear(const std::string& name) {
         return listener.addObserver(name, [this](const DistributedNotification& notification) {
             heard.push_back(notification);
@@ -53,10 +42,9 @@ protected:
     }
 
     testing::PrivateBus bus;
-    Connection senderBus{bus};
-    Connection listenerBus{bus};
-    Center sender{*senderBus};
-    Center listener{*listenerBus};
+    QDBusConnection senderBus = connected(u"sender"_s);
+    Center sender{senderBus};
+    Center listener{connected(u"listener"_s)};
     Heard heard;
 };
 
@@ -108,7 +96,7 @@ TEST_F(DistributedNotifications, IgnoreSignalsOfAnotherShape) {
         QDBusMessage message = QDBusMessage::createSignal(
             from, u"works.fenmoor.wendlow.DistributedNotification"_s, member);
         message.setArguments(arguments);
-        ASSERT_TRUE((*senderBus).send(message));
+        ASSERT_TRUE(senderBus.send(message));
     };
     for (const QVariantList& arguments : {QVariantList{},
                                           {u"door"_s},
@@ -123,13 +111,11 @@ TEST_F(DistributedNotifications, IgnoreSignalsOfAnotherShape) {
     EXPECT_EQ(heard, (Heard{{.name = "door", .object = "o"}}));
 }
 
-TEST(DistributedNotificationsWithoutABus, OutliveTheBusAndTheCentre) {
-    testing::PrivateBus bus;
-    Connection connection(bus);
-    auto center = std::make_unique<Center>(*connection);
+TEST_F(DistributedNotifications, OutliveTheBusAndTheCentre) {
+    auto center = std::make_unique<Center>(senderBus);
     const auto token = center->addObserver("door", [](const auto&) {});
     bus.stop();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !(*connection).isConnected(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !senderBus.isConnected(); }));
     center->post({.name = "door"});
     center.reset();
 }

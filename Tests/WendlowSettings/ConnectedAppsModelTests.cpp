@@ -22,11 +22,9 @@ constexpr const char* driftWords = "the Wendlow hook entry here — it runs anot
 /// Cursor, with a callback for its verbs and one for the end of its scans.
 std::shared_ptr<MockConnector> hooked(std::function<void()> onVerb,
                                       std::function<void()> afterScan = {}) {
-    MockConnector::Script script;
-    script.onVerb = std::move(onVerb);
-    script.afterScan = std::move(afterScan);
-    return std::make_shared<MockConnector>(ConnectorIdentity{"cursor", "Cursor", "", ""},
-                                           std::move(script));
+    return std::make_shared<MockConnector>(
+        ConnectorIdentity{"cursor", "Cursor", "", ""},
+        MockConnector::Script{.onVerb = std::move(onVerb), .afterScan = std::move(afterScan)});
 }
 
 bool settled(const ConnectedAppsModel& model) {

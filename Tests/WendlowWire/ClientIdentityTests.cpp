@@ -112,19 +112,10 @@ TEST(ClientStoreMode, LeavesNothingBehindWhenItFails) {
 }
 
 TEST(ClientVersion, ShapesOnlyDigitsBetweenDots) {
-    for (const auto& [text, shaped] :
-         std::map<std::string, std::optional<std::string>>{{"1.2.3", "1.2.3"},
-                                                           {" 1.2\n", "1.2"},
-                                                           {"\r\n7\t", "7"},
-                                                           {"1..2", {}},
-                                                           {".1", {}},
-                                                           {"1.", {}},
-                                                           {"1.x", {}},
-                                                           {"", {}},
-                                                           {" \n", {}},
-                                                           {"1 .2", {}},
-                                                           {"١.٢", {}}})
-        EXPECT_EQ(ClientVersion::shaped(text), shaped) << text;
+    EXPECT_EQ(ClientVersion::shaped("1.2.3"), "1.2.3");
+    EXPECT_EQ(ClientVersion::shaped("\r\n 7.0\t"), "7.0");
+    for (const char* text : {"1..2", ".1", "1.", "1.x", "", " \n", "1 .2", "١.٢"})
+        EXPECT_EQ(ClientVersion::shaped(text), std::nullopt) << text;
     EXPECT_EQ(ClientVersion::shaped(std::nullopt), std::nullopt);
 }
 
@@ -174,9 +165,6 @@ TEST(ClientVersion, ComesFromTheBundleElseFromTheTree) {
     EXPECT_EQ(version(), "2.0");
     put(plist, "");
     put(home / "tree/VERSION", "main");
-    EXPECT_EQ(version(), "0");
-    fs::remove(home / "tree/VERSION");
-    fs::create_directory(home / "tree/VERSION");
     EXPECT_EQ(version(), "0");
     EXPECT_EQ(ClientVersion::resolve(std::nullopt, sources), "0");
 }
