@@ -6,7 +6,6 @@
 
 #include <regex>
 
-#include <boost/json.hpp>
 #include <gmock/gmock.h>
 
 namespace wendlow {
@@ -16,7 +15,6 @@ using testing::get;
 using ::testing::HasSubstr;
 using testing::put;
 namespace fs = std::filesystem;
-namespace json = boost::json;
 
 constexpr const char* usage = "usage: wendlow-connect [--home DIR] [--bundle DIR] "
                               "[--applications DIR] VERB [TOOL]... [--json]\n";
@@ -166,48 +164,25 @@ TEST_F(Connect, findsTheApplicationThatItLiesIn) {
     EXPECT_EQ(start(inside, "--help >/dev/full").status, 1);
 }
 
-/// The text that Codex hashes for one entry, put together from the file alone.
-std::string hashedText(const json::object& group, const json::object& entry) {
-    std::map<std::string, json::value> fields{{"async", false}};
-    for (const auto& [key, value] : entry)
-        fields[std::string(key)] = value;
-    std::string text;
-    for (const auto& [key, value] : fields)
-        text += (text.empty() ? "" : ",") + json::serialize(json::value(key)) + ":" +
-                json::serialize(value);
-    text = R"({"event_name":"user_prompt_submit","hooks":[{)" + text + "}]";
-    if (const auto* matcher = group.if_contains("matcher"))
-        text += ",\"matcher\":" + json::serialize(*matcher);
-    return text + "}";
-}
-
 TEST_F(Connect, recordsTheHashOfWhatCodexReads) {
-    const std::string old = R"({"command":"/B/Wendlow.app/Contents/MacOS/wendlow-hook --harness )"
-                            R"(codex"})";
-    const std::tuple<std::string, unsigned, unsigned> cases[] = {
-        {"[{},{}]", 2, 0},
-        {R"([7,{"matcher":"é|\"x\"/","hooks":[{},)" + old + "]}]", 1, 1},
-    };
     // The record names the file where it really lies.
     fs::create_directory(file(".codex"));
     fs::create_symlink(file("real.json"), file(".codex/hooks.json"));
-    for (const auto& [before, group, index] : cases) {
-        put(file("real.json"), R"({"hooks":{"UserPromptSubmit":)" + before + "}}");
-        EXPECT_THAT(connectJSON("install codex"), HasSubstr(R"("result": "changed")"));
-        const json::value written = json::parse(get(file("real.json")).value());
-        const auto& entries = written.at("hooks").at("UserPromptSubmit").at(group).as_object();
-        const auto& entry = entries.at("hooks").at(index).as_object();
-        EXPECT_EQ(entry.at("command").as_string(),
-                  (bundle() / "Contents/MacOS/wendlow-hook").string() + " --harness codex");
-        const auto sum =
-            testing::runProgram("/usr/bin/sha256sum", {}, {}, hashedText(entries, entry));
-        ASSERT_EQ(sum.status, 0);
-        EXPECT_THAT(get(file(".codex/config.toml")).value(),
-                    HasSubstr("\n[hooks.state.\"" + file("real.json").string() +
-                              ":user_prompt_submit:" + std::to_string(group) + ":" +
-                              std::to_string(index) +
-                              "\"]\ntrusted_hash = \"sha256:" + sum.out.substr(0, 64) + "\"\n"));
-    }
+    put(file("real.json"), R"({"hooks":{"UserPromptSubmit":[7,{"matcher":"é|\"x\"/","hooks":[{},)"
+                           R"({"command":"/B/Wendlow.app/Contents/MacOS/wendlow-hook )"
+                           R"(--harness codex"}]}]}})");
+    EXPECT_THAT(connectJSON("install codex"), HasSubstr(R"("result": "changed")"));
+    const std::string hashed =
+        R"({"event_name":"user_prompt_submit","hooks":[{"additionalContextLimit":7500,)"
+        R"("async":false,"command":")" +
+        (bundle() / "Contents/MacOS/wendlow-hook").string() +
+        R"( --harness codex","statusMessage":"Loading Wendlow rules and memory","timeout":3,)"
+        R"("type":"command"}],"matcher":"é|\"x\"/"})";
+    const auto sum = testing::runProgram("/usr/bin/sha256sum", {}, {}, hashed);
+    EXPECT_THAT(get(file(".codex/config.toml")).value(),
+                HasSubstr("\n[hooks.state.\"" + file("real.json").string() +
+                          ":user_prompt_submit:1:1\"]\ntrusted_hash = \"sha256:" +
+                          sum.out.substr(0, 64) + "\"\n"));
 }
 
 } // namespace
