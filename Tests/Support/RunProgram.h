@@ -67,6 +67,7 @@ inline ProgramRun runProgram(const std::filesystem::path& program,
     if (child < 0)
         throw std::runtime_error("the program could not be started: " + program.string());
     if (child == 0) {
+        ::setpgid(0, 0);
         for (const auto& [name, value] : environment)
             ::setenv(name.c_str(), value.c_str(), 1);
         ::dup2(in.descriptor(), 0);
@@ -80,6 +81,8 @@ inline ProgramRun runProgram(const std::filesystem::path& program,
     while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
     const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    if (signal == SIGALRM)
+        ::kill(-child, SIGKILL); // what it started ends with it
     return {.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1,
             .signal = signal,
             .timedOut = signal == SIGALRM,

@@ -67,22 +67,6 @@ Item {
             here("Give your AI superpowers", "Label_");
         }
 
-        function test_switchWorksTheConnector(): void {
-            const toggle = here("Claude Code", "Switch_");
-            verify(!bench.spoken(toggle).checked);
-            mouseClick(toggle);
-            tryVerify(() => bench.verbs.length === 1);
-            compare(bench.verbs, ["install"]);
-            tryVerify(() => bench.spoken(toggle).checked, 5000, "the very switch, not one made anew");
-            here("Connected Apps", "SidebarItem_").forceActiveFocus();
-            toggle.forceActiveFocus(Qt.TabFocusReason);
-            keyClick(Qt.Key_Space);
-            tryVerify(() => bench.verbs.length === 2);
-            compare(bench.verbs[1], "remove");
-            tryVerify(() => !bench.spoken(toggle).checked);
-            tryVerify(() => toggle.enabled && toggle.ringed);
-        }
-
         function test_notesAreOnePressAway(): void {
             const row = here("Cursor", "ConnectedAppRow_");
             compare(row.drifted, true);

@@ -65,23 +65,12 @@ struct Shell {
     }
 };
 
-TEST(WorldMenu, IsThereExactlyWhileAnEditorSideWindowIsTheMainOne) {
-    Shell shell;
-    const QSignalSpy changes(&shell.menu, &MainMenu::menusChanged);
-    const std::tuple<QWindow*, QString, int> steps[] = {
-        {&shell.settings, u"Wendlow Edit Window"_s, 0},
-        {&shell.bench, u"Wendlow Edit World Window"_s, 1},
-        {&shell.bench, u"Wendlow Edit World Window"_s, 1},
-        {nullptr, u"Wendlow Edit Window"_s, 2}};
-    for (const auto& [mainWindow, titles, count] : steps) {
-        EXPECT_EQ(shell.titlesWith(mainWindow), titles);
-        EXPECT_EQ(changes.count(), count);
-    }
-}
-
 TEST(WorldMenu, SwitchesWorldsTicksTheCurrentOneAndOpensBenches) {
     Shell shell;
-    shell.titlesWith(&shell.bench);
+    const QSignalSpy changes(&shell.menu, &MainMenu::menusChanged);
+    for (int notification = 0; notification < 3; ++notification)
+        EXPECT_EQ(shell.titlesWith(&shell.bench), u"Wendlow Edit World Window"_s);
+    EXPECT_EQ(changes.count(), 1);
     const auto press = [&shell](const char* line) {
         shell.menu.trigger(u"world"_s, QString::fromLatin1(line));
         return linesWith(shell.menu, "world", "checked").join(u'|');
