@@ -3,55 +3,68 @@
 #include "FaultSweep.h"
 #include "TemporaryHome.h"
 
-#include "ConfigFile/JSONText.h"
+#include <boost/json.hpp>
 
 namespace wendlow {
 namespace {
 
 using namespace testing;
 namespace fs = std::filesystem;
-
-const std::string& textOf(const JSONValue::Object& object, const char* key) {
-    return std::get<std::string>(object.at(key).value);
-}
+namespace json = boost::json;
 
 /// The one tool of an answer in JSON.
 Verdict verdictOf(const ProgramRun& run) {
-    Verdict verdict;
-    const auto document = JSONText::scanWithTrivia(run.out, JSONDialect::json);
-    if (!document) {
-        ADD_FAILURE() << run.status << " " << run.out << run.err;
-        return verdict;
-    }
-    const auto answer = document->root().value(run.out);
-    const auto& tool =
-        std::get<JSONValue::Object>(std::get<JSONValue::Array>(answer.value).at(0).value);
-    const auto& result = textOf(tool, "result");
-    verdict.kind = result == "changed"   ? Verdict::Kind::committed
-                   : result == "refused" ? Verdict::Kind::refused
-                                         : Verdict::Kind::nothingDone;
+    const json::value tool = json::parse(run.out).at(0);
+    const auto& result = tool.at("result").as_string();
     EXPECT_EQ(run.status, result == "refused" ? 1 : 0);
-    for (const auto& one : std::get<JSONValue::Array>(tool.at("observations").value)) {
-        const auto& pair = std::get<JSONValue::Object>(one.value);
-        verdict.observations.push_back({textOf(pair, "subject"), textOf(pair, "text")});
-    }
+    Verdict verdict{.kind = result == "changed"   ? Verdict::Kind::committed
+                            : result == "refused" ? Verdict::Kind::refused
+                                                  : Verdict::Kind::nothingDone,
+                    .observations = {}};
+    for (const json::value& said : tool.at("observations").as_array())
+        verdict.observations.push_back({json::value_to<std::string>(said.at("subject")),
+                                        json::value_to<std::string>(said.at("text"))});
     return verdict;
 }
 
-/// A person's two files, the settings linked into a dotfiles folder; and what each verb makes of
-/// them when nothing goes wrong.
-class ConnectFaults : public ::testing::TestWithParam<const char*> {
+/// A person's home, an application beside it, and the program at work on one tool.
+class FaultyHome : public ::testing::TestWithParam<const char*> {
 protected:
-    ConnectFaults() {
+    FaultyHome() {
         for (const auto* name : {"wendlow-hook", "wendlow-mcp"})
             put(home / "Wendlow.app/Contents/MacOS" / name, "", 0755);
+    }
+    FaultSweep sweep(const char* verb, const char* tool, std::function<void()> prepare,
+                     std::vector<SweptFile> files) const {
+        return {
+            .program = WENDLOW_CONNECT_PROGRAM,
+            .arguments = {"--home", root, "--bundle", home / "Wendlow.app", verb, tool, "--json"},
+            .root = root,
+            .prepare = std::move(prepare),
+            .files = std::move(files),
+            .verdict = verdictOf};
+    }
+    void run(const char* verb, const char* tool) const {
+        const auto healthy = sweep(verb, tool, {}, {});
+        runProgram(healthy.program, healthy.arguments);
+    }
+
+    const TemporaryHome home;
+    const fs::path root = home / "person";
+};
+
+/// A person's two files, the settings linked into a dotfiles folder; and what each verb makes of
+/// them when nothing goes wrong.
+class ConnectFaults : public FaultyHome {
+protected:
+    ConnectFaults() {
         prepare();
-        runProgram(WENDLOW_CONNECT_PROGRAM, arguments("install"));
+        run("install", "claude-code");
         installedSettings = get(settings);
         installedServers = get(servers);
         record = get(receipt);
         fs::remove(receipt);
-        runProgram(WENDLOW_CONNECT_PROGRAM, arguments("remove"));
+        run("remove", "claude-code");
         forgetfulSettings = get(settings);
         forgetfulServers = get(servers);
     }
@@ -63,33 +76,22 @@ protected:
         fs::create_directory(root / ".claude");
         fs::create_symlink("../dotfiles/settings.json", link);
     }
-    void prepareInstalled() const {
-        prepare();
-        put(settings, *installedSettings, 0600);
-        put(servers, *installedServers, 0640);
-        put(receipt, *record, 0600);
-    }
-    std::vector<std::string> arguments(const char* verb) const {
-        return {"--home", root, "--bundle", home / "Wendlow.app", verb, "claude-code", "--json"};
-    }
     FaultSweep install() const {
-        return {.program = WENDLOW_CONNECT_PROGRAM,
-                .arguments = arguments("install"),
-                .root = root,
-                .prepare = [this] { prepare(); },
-                .files = {{settings, oldSettings, installedSettings, link},
-                          {servers, oldServers, installedServers}},
-                .verdict = verdictOf};
+        return sweep("install", "claude-code", [this] { prepare(); },
+                     {{settings, oldSettings, installedSettings, link},
+                      {servers, oldServers, installedServers}});
     }
     FaultSweep remove() const {
-        return {.program = WENDLOW_CONNECT_PROGRAM,
-                .arguments = arguments("remove"),
-                .root = root,
-                .prepare = [this] { prepareInstalled(); },
-                // Without its record the verb leaves the containers: they may be the person's.
-                .files = {{settings, installedSettings, oldSettings, link, forgetfulSettings},
-                          {servers, installedServers, oldServers, servers, forgetfulServers}},
-                .verdict = verdictOf};
+        const auto prepareInstalled = [this] {
+            prepare();
+            put(settings, *installedSettings, 0600);
+            put(servers, *installedServers, 0640);
+            put(receipt, *record, 0600);
+        };
+        // Without its record the verb leaves the containers: they may be the person's.
+        return sweep("remove", "claude-code", prepareInstalled,
+                     {{settings, installedSettings, oldSettings, link, forgetfulSettings},
+                      {servers, installedServers, oldServers, servers, forgetfulServers}});
     }
     /// What holds after every run, whatever befell it.
     void expectNothingElseLost() const {
@@ -99,29 +101,14 @@ protected:
         const auto recorded = get(receipt);
         EXPECT_TRUE(!recorded || recorded == record) << *recorded;
     }
-    void expectInstallRecord(const Verdict& verdict) const {
-        expectNothingElseLost();
-        const bool saysNot =
-            std::ranges::any_of(verdict.observations, [&](const Observation& observation) {
-                return observation.subject == receipt &&
-                       observation.text.starts_with(
-                           "the record of what was created was not written here — ");
-            });
-        if (verdict.kind != Verdict::Kind::committed) {
-            EXPECT_EQ(get(receipt), std::nullopt);
-        } else if (!saysNot) {
-            EXPECT_EQ(get(receipt), record);
-        }
-    }
-    void expectRemoveRecord(const Verdict& verdict) const {
-        expectNothingElseLost();
-        if (verdict.kind != Verdict::Kind::committed) {
-            EXPECT_EQ(get(receipt), record);
-        }
+    bool saysNoRecord(const Verdict& verdict) const {
+        return std::ranges::any_of(verdict.observations, [&](const Observation& observation) {
+            return observation.subject == receipt &&
+                   observation.text.starts_with(
+                       "the record of what was created was not written here — ");
+        });
     }
 
-    const TemporaryHome home;
-    const fs::path root = home / "person";
     const fs::path settings = root / "dotfiles/settings.json";
     const fs::path link = root / ".claude/settings.json";
     const fs::path servers = root / ".claude.json";
@@ -135,17 +122,28 @@ protected:
 
 TEST_P(ConnectFaults, InstallTellsTheTruthWhicheverCallFails) {
     ASSERT_NE(installedSettings, oldSettings);
-    install().failEachCall(GetParam(), [this](const auto& said) { expectInstallRecord(said); });
+    install().failEachCall(GetParam(), [this](const Verdict& said) {
+        expectNothingElseLost();
+        const bool committed = said.kind == Verdict::Kind::committed;
+        if (!committed || !saysNoRecord(said)) {
+            EXPECT_EQ(get(receipt), committed ? record : std::nullopt);
+        }
+    });
 }
 
 TEST_P(ConnectFaults, RemoveTellsTheTruthWhicheverCallFails) {
     ASSERT_NE(forgetfulSettings, oldSettings);
-    remove().failEachCall(GetParam(), [this](const auto& said) { expectRemoveRecord(said); });
+    remove().failEachCall(GetParam(), [this](const Verdict& said) {
+        expectNothingElseLost();
+        if (said.kind != Verdict::Kind::committed) {
+            EXPECT_EQ(get(receipt), record);
+        }
+    });
 }
 
 TEST_P(ConnectFaults, BothTellTheTruthOnADiskThatStaysBroken) {
-    install().failFromEachCall(GetParam(), [this](const auto&) { expectNothingElseLost(); });
-    remove().failFromEachCall(GetParam(), [this](const auto&) { expectNothingElseLost(); });
+    for (const auto& sweep : {install(), remove()})
+        sweep.failFromEachCall(GetParam(), [this](const auto&) { expectNothingElseLost(); });
 }
 
 INSTANTIATE_TEST_SUITE_P(With, ConnectFaults, ::testing::Values("ENOSPC", "EIO", "EACCES"));
@@ -153,11 +151,80 @@ INSTANTIATE_TEST_SUITE_P(With, ConnectFaults, ::testing::Values("ENOSPC", "EIO",
 class ConnectKills : public ConnectFaults {};
 
 TEST_P(ConnectKills, LeaveAWayBack) {
-    install().killAtEachCall(GetParam(), [this] { expectNothingElseLost(); });
-    remove().killAtEachCall(GetParam(), [this] { expectNothingElseLost(); });
+    for (const auto& sweep : {install(), remove()})
+        sweep.killAtEachCall(GetParam(), [this] { expectNothingElseLost(); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Happening, ConnectKills, ::testing::Values("before", "after"));
+
+class ConnectCodexFaults : public FaultyHome {
+protected:
+    void fill(const std::string& groups) const {
+        put(hooks, R"({"hooks":{"UserPromptSubmit":[)" + groups + "]}}");
+        put(config, oldConfig);
+    }
+
+    const fs::path hooks = root / ".codex/hooks.json";
+    const fs::path config = root / ".codex/config.toml";
+    const std::string oldConfig = "model = \"x\"\n";
+};
+
+/// Both files change together, whichever call fails: there is never a hook without its trust.
+TEST_F(ConnectCodexFaults, InstallChangesBothFilesOrNone) {
+    const auto prepare = [this] { fill(R"({"hooks":[{"command":"lint"}]})"); };
+    prepare();
+    const auto before = get(hooks);
+    run("install", "codex");
+    const auto install = sweep("install", "codex", prepare,
+                               {{hooks, before, get(hooks)}, {config, oldConfig, get(config)}});
+    int committed = 0, refused = 0;
+    for (const auto* error : {"ENOSPC", "EIO"})
+        install.failEachCall(error, [&](const Verdict& verdict) {
+            ++(verdict.kind == Verdict::Kind::committed ? committed : refused);
+        });
+    EXPECT_GT(committed, 20);
+    EXPECT_GT(refused, 60);
+    install.failFromEachCall("ENOSPC");
+    install.killAtEachCall("after");
+}
+
+/// From a group of the person's: a receipt that cannot be read then changes nothing about what is
+/// right.
+TEST_F(ConnectCodexFaults, RemoveChangesBothFilesOrNone) {
+    const std::string lint = R"({"hooks":[{"command":"lint"})";
+    fill(lint + "]}");
+    const auto after = get(hooks);
+    const auto prepare = [&] {
+        fill(lint + R"(,{"command":")" +
+             (home / "Wendlow.app/Contents/MacOS/wendlow-hook").string() +
+             R"( --harness codex"}]})");
+        run("install", "codex");
+    };
+    prepare();
+    sweep("remove", "codex", prepare,
+          {{hooks, get(hooks), after}, {config, get(config), oldConfig}})
+        .failEachCall("EIO");
+}
+
+TEST_F(ConnectCodexFaults, ProjectsLookPastAnUnreadableSession) {
+    const auto prepare = [this] {
+        for (const auto* name : {"one.jsonl", "two.jsonl"})
+            put(root / ".codex/sessions/2026" / name,
+                "{\"type\":\"session_meta\",\"payload\":{\"cwd\":\"/p\"}}\n");
+    };
+    int unreadable = 0;
+    sweep("projects", "codex", prepare, {})
+        .forEachCall(
+            {.error = "EACCES"},
+            [&](const FaultyRun& run, const std::string&) {
+                ++unreadable;
+                const auto projects = json::parse(run.out).at(0).at("projects").as_array();
+                ASSERT_EQ(projects.size(), 1U);
+                EXPECT_EQ(projects[0].at("path"), "/p");
+            },
+            [](const std::string& call) { return call.ends_with(".jsonl"); });
+    EXPECT_GE(unreadable, 2);
+}
 
 } // namespace
 } // namespace wendlow

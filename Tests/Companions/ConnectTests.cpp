@@ -41,6 +41,11 @@ protected:
         return run;
     }
 
+    /// The same with the answer's lines drawn together: what stands between them is told elsewhere.
+    std::string connectJSON(const std::string& arguments) const {
+        return std::regex_replace(connect(arguments + " --json").out, std::regex("\n *"), "");
+    }
+
     fs::path bundle() const { return m_home / "Wendlow.app"; }
     fs::path file(const std::string& name) const { return m_home / name; }
     testing::TemporaryHome m_home;
@@ -68,58 +73,27 @@ TEST_F(Connect, connectsAndDisconnects) {
     put(file(".claude/settings.json"), settings);
     put(file(".claude.json"), servers);
 
-    const auto installed = connect("install claude-code --json");
-    EXPECT_EQ(installed.status, 0);
-    EXPECT_EQ(installed.out, R"([
-  {
-    "id": "claude-code",
-    "name": "Claude Code",
-    "result": "changed",
-    "observations": [
-      {
-        "subject": "HOME/.claude/settings.json.wendlow-backup",
-        "text": "a copy of the file was made here first"
-      },
-      {
-        "subject": "HOME/.claude.json.wendlow-backup",
-        "text": "a copy of the file was made here first"
-      },
-      {
-        "subject": "HOME/.claude/settings.json",
-        "text": "the Wendlow entry was written to this file"
-      },
-      {
-        "subject": "HOME/.claude.json",
-        "text": "the Wendlow entry was written to this file"
-      }
-    ],
-    "backups": [
-      "HOME/.claude/settings.json.wendlow-backup",
-      "HOME/.claude.json.wendlow-backup"
-    ]
-  }
-]
-)");
-    EXPECT_EQ(connect("scan claude-code --json").out, R"([
-  {
-    "id": "claude-code",
-    "name": "Claude Code",
-    "detail": "The Claude Code CLI and Claude Code in the desktop app.",
-    "symbol": "terminal",
-    "state": "connected",
-    "observations": [
-      {
-        "subject": "HOME/.claude/settings.json",
-        "text": "the Wendlow hook entry here runs HOME/Wendlow.app/Contents/MacOS/wendlow-hook --harness claude-code"
-      },
-      {
-        "subject": "HOME/.claude.json",
-        "text": "the Wendlow MCP server entry here runs HOME/Wendlow.app/Contents/MacOS/wendlow-mcp"
-      }
-    ]
-  }
-]
-)");
+    EXPECT_EQ(connectJSON("install claude-code"),
+              R"([{"id": "claude-code","name": "Claude Code","result": "changed","observations": [)"
+              R"({"subject": "HOME/.claude/settings.json.wendlow-backup",)"
+              R"("text": "a copy of the file was made here first"},)"
+              R"({"subject": "HOME/.claude.json.wendlow-backup",)"
+              R"("text": "a copy of the file was made here first"},)"
+              R"({"subject": "HOME/.claude/settings.json",)"
+              R"("text": "the Wendlow entry was written to this file"},)"
+              R"({"subject": "HOME/.claude.json",)"
+              R"("text": "the Wendlow entry was written to this file"}],)"
+              R"("backups": ["HOME/.claude/settings.json.wendlow-backup",)"
+              R"("HOME/.claude.json.wendlow-backup"]}])");
+    EXPECT_EQ(
+        connectJSON("scan claude-code"),
+        R"([{"id": "claude-code","name": "Claude Code",)"
+        R"("detail": "The Claude Code CLI and Claude Code in the desktop app.",)"
+        R"("symbol": "terminal","state": "connected","observations": [)"
+        R"({"subject": "HOME/.claude/settings.json","text": "the Wendlow hook entry here runs )"
+        R"(HOME/Wendlow.app/Contents/MacOS/wendlow-hook --harness claude-code"},)"
+        R"({"subject": "HOME/.claude.json","text": "the Wendlow MCP server entry here runs )"
+        R"(HOME/Wendlow.app/Contents/MacOS/wendlow-mcp"}]}])");
     EXPECT_THAT(connect("install").out, HasSubstr("Claude Code: unchanged\n"));
 
     std::string spelled = get(file(".claude/settings.json")).value();
@@ -127,9 +101,8 @@ TEST_F(Connect, connectsAndDisconnects) {
     put(file(".claude/settings.json"), spelled);
     EXPECT_EQ(connect("stale claude-code --json").out,
               "[\n  {\n    \"id\": \"claude-code\",\n    \"stale\": true\n  }\n]\n");
-    EXPECT_THAT(
-        connect("converge --profile dev --claude-running yes --json").out,
-        HasSubstr("[\n  {\n    \"name\": \"Claude Code\",\n    \"result\": \"changed\",\n"));
+    EXPECT_THAT(connectJSON("converge --profile dev --claude-running yes"),
+                HasSubstr(R"([{"name": "Claude Code","result": "changed",)"));
 
     EXPECT_EQ(connect("remove claude-code").status, 0);
     EXPECT_EQ(get(file(".claude/settings.json")), settings);
@@ -139,33 +112,15 @@ TEST_F(Connect, connectsAndDisconnects) {
 TEST_F(Connect, listsProjectsAndMemoryFiles) {
     put(file(".claude/projects/-nowhere-\xFF/memory/MEMORY.md"), "12345");
     put(file(".claude/CLAUDE.md"), "123");
-    std::string projects = connect("projects claude-code --json").out;
-    projects = std::regex_replace(projects, std::regex("[0-9]{10,}"), "DATE");
-    EXPECT_EQ(projects, R"([
-  {
-    "id": "claude-code",
-    "source": "HOME/.claude/projects",
-    "projects": [
-      {
-        "path": "/nowhere/�)"
-                        " (decoded path not verified on disk)"
-                        R"(",
-        "lastActivity": DATE,
-        "memory": {
-          "path": "HOME/.claude/projects/-nowhere-�/memory/MEMORY.md",
-          "bytes": 5,
-          "modified": DATE
-        }
-      }
-    ]
-  }
-]
-)");
-    EXPECT_THAT(connect("memory claude-code --json").out, HasSubstr(R"(    "files": [
-      {
-        "path": "HOME/.claude/CLAUDE.md",
-        "bytes": 3,
-        "modified": )"));
+    EXPECT_EQ(
+        std::regex_replace(connectJSON("projects claude-code"), std::regex("[0-9]{10,}"), "N"),
+        R"([{"id": "claude-code","source": "HOME/.claude/projects","projects": [)"
+        R"-({"path": "/nowhere/� (decoded path not verified on disk)","lastActivity": N,)-"
+        R"("memory": {"path": "HOME/.claude/projects/-nowhere-�/memory/MEMORY.md",)"
+        R"("bytes": 5,"modified": N}}]}])");
+    EXPECT_THAT(
+        connectJSON("memory claude-code"),
+        HasSubstr(R"("files": [{"path": "HOME/.claude/CLAUDE.md","bytes": 3,"modified": )"));
 }
 
 TEST_F(Connect, refusesWrongUsage) {
@@ -179,7 +134,6 @@ TEST_F(Connect, refusesWrongUsage) {
         {"scan --applications", "--applications needs a value"},
         {"--applications --json scan", "--applications needs a value"},
         {"converge --profile test", "--profile cannot be test"},
-        {"converge --claude-running maybe", "--claude-running cannot be maybe"},
         {"scan --profile dev", "--profile goes with converge alone"},
     };
     for (const auto& [arguments, complaint] : cases) {
@@ -208,6 +162,27 @@ TEST_F(Connect, findsTheApplicationThatItLiesIn) {
                                std::string(usage));
     // A pipe that nobody reads, a full disk: said, and nothing is thrown.
     EXPECT_EQ(start(inside, "--help >/dev/full").status, 1);
+}
+
+TEST_F(Connect, recordsTheHashOfWhatCodexReads) {
+    // The record names the file where it really lies.
+    fs::create_directory(file(".codex"));
+    fs::create_symlink(file("real.json"), file(".codex/hooks.json"));
+    put(file("real.json"), R"({"hooks":{"UserPromptSubmit":[7,{"matcher":"é|\"x\"/","hooks":[{},)"
+                           R"({"command":"/B/Wendlow.app/Contents/MacOS/wendlow-hook )"
+                           R"(--harness codex"}]}]}})");
+    EXPECT_THAT(connectJSON("install codex"), HasSubstr(R"("result": "changed")"));
+    const std::string hashed =
+        R"({"event_name":"user_prompt_submit","hooks":[{"additionalContextLimit":7500,)"
+        R"("async":false,"command":")" +
+        (bundle() / "Contents/MacOS/wendlow-hook").string() +
+        R"( --harness codex","statusMessage":"Loading Wendlow rules and memory","timeout":3,)"
+        R"("type":"command"}],"matcher":"é|\"x\"/"})";
+    const auto sum = testing::runProgram("/usr/bin/sha256sum", {}, {}, hashed);
+    EXPECT_THAT(get(file(".codex/config.toml")).value(),
+                HasSubstr("\n[hooks.state.\"" + file("real.json").string() +
+                          ":user_prompt_submit:1:1\"]\ntrusted_hash = \"sha256:" +
+                          sum.out.substr(0, 64) + "\"\n"));
 }
 
 } // namespace

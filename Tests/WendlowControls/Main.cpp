@@ -18,11 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::shared_ptr<MockConnector> tool(const char* id, const char* name, ConnectorState state,
-                                    Observations observations) {
-    MockConnector::Script script;
-    script.state = state;
-    script.observations = std::move(observations);
+std::shared_ptr<MockConnector> tool(const char* id, const char* name,
+                                    MockConnector::Script script) {
     return std::make_shared<MockConnector>(ConnectorIdentity{id, name, "A tool.", "terminal"},
                                            std::move(script));
 }
@@ -34,7 +31,6 @@ class Bench : public QObject {
     Q_OBJECT
     Q_PROPERTY(wendlow::SettingsRoot* root READ root CONSTANT)
     Q_PROPERTY(QStringList copied READ copied)
-    Q_PROPERTY(QStringList verbs READ verbs)
 
 public:
     Bench() {
@@ -44,34 +40,17 @@ public:
         around.imageLoads = [](const std::string& asset) {
             return ToolTiles::has(QString::fromStdString(asset));
         };
-        MockConnector::Script script;
-        script.state = ConnectorState::found;
-        script.observations = {{"/home/ada/.claude.json", "the Wendlow entry is not here"}};
-        script.onVerb = [this] {
-            m_wired = !m_wired;
-            m_claude->becomes(m_wired ? ConnectorState::connected : ConnectorState::found);
-        };
-        m_claude = std::make_shared<MockConnector>(
-            ConnectorIdentity{"claude-code", "Claude Code", "A tool.", "terminal"},
-            std::move(script));
-        const auto cursor = tool("cursor", "Cursor", ConnectorState::drifted,
-                                 {{"/home/ada/.cursor/mcp.json", "this entry was changed"}});
-        const auto codex = tool("codex", "Codex", ConnectorState::connected, {});
+        const auto cursor =
+            tool("cursor", "Cursor",
+                 {.state = ConnectorState::drifted,
+                  .observations = {{"/home/ada/.cursor/mcp.json", "this entry was changed"}}});
+        const auto codex = tool("codex", "Codex", {.state = ConnectorState::connected});
         m_root = std::make_unique<SettingsRoot>(std::make_unique<ConnectedAppsModel>(
-            Connectors::List{m_claude, cursor, codex}, "/opt/wendlow-mcp", std::move(around)));
+            Connectors::List{cursor, codex}, "/opt/wendlow-mcp", std::move(around)));
     }
 
     SettingsRoot* root() const { return m_root.get(); }
     QStringList copied() const { return m_copied; }
-    QStringList verbs() const {
-        QStringList names;
-        for (const std::string& call : m_claude->log()) {
-            if (call == "install" || call == "remove")
-                names.append(QString::fromStdString(call));
-        }
-        return names;
-    }
-
     /// What a screen reader gets from an item.
     Q_INVOKABLE static QVariantMap spoken(QQuickItem* item) {
         QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(item);
@@ -103,8 +82,6 @@ public:
 
 private:
     QStringList m_copied;
-    bool m_wired = false;
-    std::shared_ptr<MockConnector> m_claude;
     std::unique_ptr<SettingsRoot> m_root;
 };
 

@@ -17,35 +17,9 @@ TestCase {
         ThemeSource.reduceMotion = false;
     }
 
-    Component {
-        id: switches
-
-        Switch {
-            property int asked: 0
-
-            on: false
-            text: "Recording"
-            onClicked: asked += 1
-        }
-    }
-    Component {
-        id: buttons
-
-        Button {
-            property int pressed_: 0
-
-            text: "Save"
-            onClicked: pressed_ += 1
-        }
-    }
-    Component {
-        id: fills
-
-        HoverFill {
-            lit: false
-            shade: "#ff0000"
-        }
-    }
+    Component { id: switches; Switch { property int asked: 0; on: false; text: "Recording"; onClicked: asked += 1 } }
+    Component { id: buttons; Button { property int asked: 0; text: "Save"; onClicked: asked += 1 } }
+    Component { id: fills; HoverFill { lit: false; shade: "#ff0000" } }
     Component { id: spinners; Spinner {} }
     Component {
         id: pages
@@ -54,10 +28,7 @@ TestCase {
             width: 300
             height: 200
 
-            Repeater {
-                model: 20
-                Button { text: "row " + index }
-            }
+            Repeater { model: 20; Button { text: "row " + index } }
         }
     }
 
@@ -74,24 +45,22 @@ TestCase {
         verify(bench.spoken(toggle).checked);
         toggle.enabled = false;
         mouseClick(toggle);
-        compare(toggle.asked, 4);
         verify(bench.press(toggle));
         compare(toggle.asked, 4, "not by a screen reader either");
         compare(bench.spoken(toggle).description, "Working…");
     }
 
-    function test_switchHasItsRingAgainAfterWork_data(): var {
-        return [{ tag: "by key", reason: Qt.TabFocusReason, ring: true }, { tag: "by pointer", reason: Qt.MouseFocusReason, ring: false }];
-    }
-    function test_switchHasItsRingAgainAfterWork(data: var): void {
-        const toggle = createTemporaryObject(switches, scene);
-        toggle.forceActiveFocus(data.reason);
-        compare(toggle.ringed, data.ring);
-        toggle.enabled = false;
-        verify(!toggle.activeFocus);
-        toggle.enabled = true;
-        verify(toggle.activeFocus);
-        compare(toggle.ringed, data.ring);
+    function test_switchHasItsRingAgainAfterWork(): void {
+        for (const [reason, ring] of [[Qt.TabFocusReason, true], [Qt.MouseFocusReason, false]]) {
+            const toggle = createTemporaryObject(switches, scene);
+            toggle.forceActiveFocus(reason);
+            compare(toggle.ringed, ring);
+            toggle.enabled = false;
+            verify(!toggle.activeFocus);
+            toggle.enabled = true;
+            verify(toggle.activeFocus);
+            compare(toggle.ringed, ring);
+        }
     }
 
     function test_busyButtonCannotBePressed(): void {
@@ -101,11 +70,11 @@ TestCase {
         button.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Return);
         verify(bench.press(button));
-        compare(button.pressed_, 3);
+        compare(button.asked, 3);
         button.busy = true;
         tryCompare(button, "width", narrow + 22, 1000, "the spinner stands before the word");
         mouseClick(button);
-        compare(button.pressed_, 3);
+        compare(button.asked, 3);
     }
 
     function test_litAtOnceAndFadingOut(): void {
@@ -148,9 +117,7 @@ TestCase {
         for (const name of ["terminal", "cursorarrow.rays", "chevron.left.forwardslash.chevron.right", "slider.horizontal.3", "record.circle", "powerplug", "cpu.fill", "key.fill", "hand.raised.fill", "lock.shield.fill", "scroll.fill", "copy", "check", "right", "down", "warn", "refuse", "ok", "lock", "clear"])
             verify(bench.ink(name) > 3, name);
         compare(bench.ink("no.such.symbol"), -1);
-        compare(bench.ink(""), -1);
-        verify(bench.ink("dot") > 9 && bench.ink("clear") > bench.ink("dot"), "filled drawings are filled");
-        verify(bench.ink("clear") < 40, "and their holes are clear");
+        verify(bench.ink("clear") > bench.ink("dot") && bench.ink("clear") < 40, "filled, with clear holes");
     }
 
     function luminance(c: color): real {

@@ -1,5 +1,6 @@
 #include "AgentDefinition.h"
 #include "ClientInstance.h"
+#include "Files.h"
 #include "LoginItems.h"
 #include "QuitSentinel.h"
 #include "SetupLog.h"
@@ -7,20 +8,11 @@
 #include "TextFile.h"
 #include "UpdateOptIn.h"
 
-#include <chrono>
-#include <cstdlib>
 #include <ctime>
-#include <filesystem>
 #include <fstream>
 #include <iomanip>
-#include <optional>
 #include <sstream>
-#include <string>
 #include <thread>
-#include <vector>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -50,11 +42,17 @@ std::vector<std::string> lines(const fs::path& path) {
 
 TEST_F(SmallHelpers, SetupLogAppendsDatedLinesForThisPersonAlone) {
     const fs::path log = home / "Library/Logs/wendlow-journey.log";
-    const mode_t mask = ::umask(0);
-    SetupLog::line("door: menu asked for stats");
-    SetupLog::line("ü — b");
-    SetupLog::drain();
-    ::umask(mask);
+    ::setenv("TZ", "Asia/Tokyo", 1); // the time is told in UTC all the same
+    ::tzset();
+    const std::time_t now = std::time(nullptr);
+    {
+        const testing::Umask open(0);
+        SetupLog::line("door: menu asked for stats");
+        SetupLog::line("ü — b");
+        SetupLog::drain();
+    }
+    ::unsetenv("TZ");
+    ::tzset();
     const auto stamp = [](const std::string& text) {
         return MatchesRegex("2[0-9]{3}-[01][0-9]-[0-3][0-9]T[0-2][0-9]:[0-5][0-9]:[0-6][0-9]Z " +
                             text);
@@ -62,6 +60,9 @@ TEST_F(SmallHelpers, SetupLogAppendsDatedLinesForThisPersonAlone) {
     EXPECT_THAT(lines(log),
                 ::testing::ElementsAre(stamp("door: menu asked for stats"), stamp("ü — b")));
     EXPECT_EQ(fs::status(log).permissions(), fs::perms(0600));
+    std::tm told{};
+    std::istringstream(lines(log).at(0)) >> std::get_time(&told, "%Y-%m-%dT%H:%M:%SZ");
+    EXPECT_NEAR(double(::timegm(&told)), double(now), 5);
 
     fs::remove(log);
     fs::create_directory(log); // a failure is given up in silence, and the next line is tried anew
@@ -71,19 +72,6 @@ TEST_F(SmallHelpers, SetupLogAppendsDatedLinesForThisPersonAlone) {
     SetupLog::line("kept");
     SetupLog::drain();
     EXPECT_THAT(lines(log), ::testing::ElementsAre(stamp("kept")));
-}
-
-TEST_F(SmallHelpers, SetupLogTellsTheTimeOfTheCallInUTC) {
-    ::setenv("TZ", "Asia/Tokyo", 1);
-    ::tzset();
-    const std::time_t now = std::time(nullptr);
-    SetupLog::line("x");
-    SetupLog::drain();
-    ::unsetenv("TZ");
-    ::tzset();
-    std::tm told{};
-    std::istringstream(lines(SetupLog::path()).at(0)) >> std::get_time(&told, "%Y-%m-%dT%H:%M:%SZ");
-    EXPECT_NEAR(double(::timegm(&told)), double(now), 5);
 }
 
 TEST_F(SmallHelpers, SetupLogKeepsTheLinesOfManyThreadsWholeAndNeverHoldsThemUp) {
@@ -115,8 +103,8 @@ TEST_F(SmallHelpers, SetupLogKeepsTheLinesOfManyThreadsWholeAndNeverHoldsThemUp)
 TEST_F(SmallHelpers, QuitSentinelIsAFileThatSaysWhen) {
     const QuitSentinel sentinel{QuitSentinel::defaultPath(ClientInstance::defaultSupport())};
     EXPECT_EQ(sentinel.path, home / "Library/Application Support/Wendlow/quit-requested");
-    EXPECT_FALSE(sentinel.isSet());
     sentinel.clear();
+    EXPECT_FALSE(sentinel.isSet());
     sentinel.set();
     EXPECT_TRUE(sentinel.isSet());
     EXPECT_THAT(TextFile::read(sentinel.path).value_or(""),
@@ -124,10 +112,7 @@ TEST_F(SmallHelpers, QuitSentinelIsAFileThatSaysWhen) {
     EXPECT_EQ(fs::status(sentinel.path).permissions(), fs::perms(0600));
     sentinel.clear();
     EXPECT_FALSE(sentinel.isSet());
-
-    const QuitSentinel nowhere{"/dev/null/quit-requested"};
-    nowhere.set();
-    EXPECT_FALSE(nowhere.isSet());
+    QuitSentinel{"/dev/null/quit-requested"}.set(); // given up in silence
 }
 
 TEST_F(SmallHelpers, UpdateOptInSetsItsKeyAndLeavesTheOthers) {
@@ -147,35 +132,21 @@ TEST_F(SmallHelpers, UpdateOptInSetsItsKeyAndLeavesTheOthers) {
 TEST(LoginItems, DecideByStatus) {
     using Status = LoginItemStatus;
     using Action = AgentDefinitionAction;
-    const std::optional<std::string> none;
-    const struct {
-        AgentDefinition::State state;
-        Action action;
-    } rows[] = {
+    const std::pair<AgentDefinition::State, Action> rows[] = {
         {{Status::notRegistered, "a", "a", true}, Action::register_},
         {{Status::notFound, "a", "a", true}, Action::register_},
         {{Status::requiresApproval, "a", "a", true}, Action::needsApproval},
         {{Status::enabled, "a", "a", true}, Action::leaveEnabled},
         {{Status::enabled, "a", "a", false}, Action::reregister},
         {{Status::enabled, "b", "a", true}, Action::reregister},
-        {{Status::enabled, none, "", true}, Action::reregister},
+        {{Status::enabled, std::nullopt, "", true}, Action::reregister},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(AgentDefinition::action(row.state), row.action) << int(row.state.status);
-    EXPECT_EQ(LoginItems::action(Status::notFound), LoginItemAction::register_);
-    EXPECT_EQ(LoginItems::action(Status::enabled), LoginItemAction::leaveEnabled);
-
+    for (const auto& [state, action] : rows)
+        EXPECT_EQ(AgentDefinition::action(state), action) << int(state.status);
     using Registration = AgentRegistration::Action;
     EXPECT_EQ(AgentRegistration::action({false, true}), Registration::doNothing);
     EXPECT_EQ(AgentRegistration::action({true, true}), Registration::kickstart);
     EXPECT_EQ(AgentRegistration::action({true, false}), Registration::bootstrap);
-}
-
-TEST(LoginItems, AreNamedAfterTheGateway) {
-    EXPECT_EQ(LoginItems::looseAgentPlistPath("/h"),
-              "/h/Library/LaunchAgents/works.fenmoor.wendlow.gateway.plist");
-    EXPECT_EQ(LoginItems::guiDomainTarget(501), "gui/501");
-    EXPECT_EQ(LoginItems::guiServiceTarget(501), "gui/501/works.fenmoor.wendlow.gateway");
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 #include "MockConnector.h"
 
 #include <QAbstractItemModelTester>
-#include <QElapsedTimer>
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
@@ -14,6 +13,7 @@
 namespace wendlow {
 namespace {
 
+using namespace Qt::StringLiterals;
 using State = ConnectorState;
 using ::testing::ElementsAre;
 
@@ -22,11 +22,9 @@ constexpr const char* driftWords = "the Wendlow hook entry here — it runs anot
 /// Cursor, with a callback for its verbs and one for the end of its scans.
 std::shared_ptr<MockConnector> hooked(std::function<void()> onVerb,
                                       std::function<void()> afterScan = {}) {
-    MockConnector::Script script;
-    script.onVerb = std::move(onVerb);
-    script.afterScan = std::move(afterScan);
-    return std::make_shared<MockConnector>(ConnectorIdentity{"cursor", "Cursor", "", ""},
-                                           std::move(script));
+    return std::make_shared<MockConnector>(
+        ConnectorIdentity{"cursor", "Cursor", "", ""},
+        MockConnector::Script{.onVerb = std::move(onVerb), .afterScan = std::move(afterScan)});
 }
 
 bool settled(const ConnectedAppsModel& model) {
@@ -38,44 +36,38 @@ struct Pane {
     std::shared_ptr<MockConnector> code = mock("claude-code", "Claude Code");
     std::shared_ptr<MockConnector> codex = mock("codex", "Codex");
     QStringList copied;
-    std::unique_ptr<ConnectedAppsModel> model;
-    std::unique_ptr<QAbstractItemModelTester> tester;
-    std::unique_ptr<QSignalSpy> resets, inserts, removals, changes, landings;
+    ConnectedAppsModel::Surroundings around{
+        .copy = [this](const QString& text) { copied.append(text); },
+        .imageLoads = [](const std::string& name) { return name == "tool-codex"; },
+        .home = "/home/ada"};
+    std::unique_ptr<ConnectedAppsModel> model = std::make_unique<ConnectedAppsModel>(
+        Connectors::List{code, codex}, "/opt/Wendlow.app/Contents/MacOS/wendlow-mcp", around);
+    QAbstractItemModelTester tester{model->appsList(),
+                                    QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QSignalSpy resets{model->appsList(), &QAbstractItemModel::modelReset};
+    QSignalSpy inserts{model->appsList(), &QAbstractItemModel::rowsInserted};
+    QSignalSpy removals{model->appsList(), &QAbstractItemModel::rowsRemoved};
+    QSignalSpy changes{model->appsList(), &QAbstractItemModel::dataChanged};
 
-    Pane() {
-        model = std::make_unique<ConnectedAppsModel>(
-            Connectors::List{code, codex}, "/opt/Wendlow.app/Contents/MacOS/wendlow-mcp",
-            ConnectedAppsModel::Surroundings{
-                .copy = [this](const QString& text) { copied.append(text); },
-                .imageLoads = [](const std::string& name) { return name == "tool-codex"; },
-                .home = "/home/ada"});
-        auto* const list = model->appsList();
-        tester = std::make_unique<QAbstractItemModelTester>(
-            list, QAbstractItemModelTester::FailureReportingMode::Fatal);
-        resets = std::make_unique<QSignalSpy>(list, &QAbstractItemModel::modelReset);
-        inserts = std::make_unique<QSignalSpy>(list, &QAbstractItemModel::rowsInserted);
-        removals = std::make_unique<QSignalSpy>(list, &QAbstractItemModel::rowsRemoved);
-        changes = std::make_unique<QSignalSpy>(list, &QAbstractItemModel::dataChanged);
-        landings = std::make_unique<QSignalSpy>(model.get(), &ConnectedAppsModel::landed);
-    }
-    ~Pane() { EXPECT_EQ(resets->count(), 0) << "a reset makes rows jump"; }
+    ~Pane() { EXPECT_EQ(resets.count(), 0) << "a reset makes rows jump"; }
 
     static std::shared_ptr<MockConnector> mock(const char* id, const char* name) {
         return std::make_shared<MockConnector>(
             ConnectorIdentity{id, name, std::string(name) + " here.", "terminal"});
     }
-    void settle() const { EXPECT_TRUE(settled(*model)); }
     void scan() const {
         model->scan();
-        settle();
+        EXPECT_TRUE(settled(*model));
     }
     void connect(const char* id) const {
         model->connect(QString::fromLatin1(id));
-        settle();
+        EXPECT_TRUE(settled(*model));
     }
     const ConnectedAppRow& row(std::size_t index) const { return model->apps().at(index); }
-    QVariant shown(int row, ConnectedAppsList::Role role) const {
-        return model->appsList()->index(row).data(role);
+    /// A member of a row's first note.
+    QVariant firstNote(int row, const QString& member) const {
+        const auto* const list = model->appsList();
+        return list->index(row).data(ConnectedAppsList::NotesRole).toList().at(0).toMap()[member];
     }
     std::vector<std::string> words(const std::string& id) const {
         std::vector<std::string> texts;
@@ -103,18 +95,11 @@ TEST(ConnectedAppsModel, ShowsOneRowForEachToolThatIsHere) {
         << "an image that does not load leaves the symbol";
     EXPECT_EQ(pane.row(1).app.icon.kind,
               decltype(ConnectableAppIcon::kind)(ConnectableAppIcon::Asset{"tool-codex"}));
-    EXPECT_EQ(pane.shown(1, ConnectedAppsList::IconGlyphRole), QString());
-    const QVariantMap note = pane.shown(0, ConnectedAppsList::NotesRole).toList().at(0).toMap();
-    EXPECT_EQ(note[QStringLiteral("subject")], QStringLiteral("/home/ada/.claude.json"));
-    EXPECT_EQ(note[QStringLiteral("shownSubject")], QStringLiteral("~/.claude.json"));
+    EXPECT_EQ(pane.firstNote(0, u"subject"_s), u"/home/ada/.claude.json"_s);
+    EXPECT_EQ(pane.firstNote(0, u"shownSubject"_s), u"~/.claude.json"_s);
     pane.codex->becomes(State::found, Observations{{"/home/adam/x", "it is another's"}});
     pane.scan();
-    EXPECT_EQ(pane.shown(1, ConnectedAppsList::NotesRole)
-                  .toList()
-                  .at(0)
-                  .toMap()
-                  .value(QStringLiteral("shownSubject")),
-              QStringLiteral("/home/adam/x"));
+    EXPECT_EQ(pane.firstNote(1, u"shownSubject"_s), u"/home/adam/x"_s);
 }
 
 TEST(ConnectedAppsModel, OfTwoQuickScansOnlyTheLaterLands) {
@@ -144,7 +129,7 @@ TEST(ConnectedAppsModel, AnAppThatIsGoneTakesItsRowAndItsNoteAlong) {
     EXPECT_THAT(pane.words("claude-code"), ElementsAre("written"));
     pane.code->becomes(State::notFound);
     pane.scan();
-    EXPECT_EQ(pane.removals->count(), 1);
+    EXPECT_EQ(pane.removals.count(), 1);
     ASSERT_EQ(pane.model->apps().size(), 1U);
     pane.code->becomes(State::connected);
     pane.scan();
@@ -179,9 +164,8 @@ TEST(ConnectedAppsModel, ANoteWhoseScanWasOvertakenIsStampedByTheScanThatLands) 
     pane.scan();
     // Code's own scan is overtaken by the one after Codex's verb, queued behind it.
     pane.code->becomes(State::connected, {}, {.verbObservations = Observations{{"f", "written"}}});
-    pane.model->connect(QStringLiteral("claude-code"));
-    pane.model->connect(QStringLiteral("codex"));
-    pane.settle();
+    pane.model->connect(u"claude-code"_s);
+    pane.connect("codex");
     pane.scan();
     EXPECT_THAT(pane.words("claude-code"), ElementsAre("written"));
     EXPECT_FALSE(pane.row(0).app.busy);
@@ -213,13 +197,13 @@ TEST(ConnectedAppsModel, ASecondVerbQueuesAndTheRowStaysBusyUntilBothAreDone) {
     QObject::connect(&tick, &QTimer::timeout, [&ticks] { ++ticks; });
     tick.start(1);
 
-    model.connect(QStringLiteral("nobody"));
-    model.connect(QStringLiteral("cursor"));
+    model.connect(u"nobody"_s);
+    model.connect(u"cursor"_s);
     EXPECT_TRUE(busy());
     EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > 5; }, 5000)) << "the event loop stands still";
     verbs.release();
     ASSERT_TRUE(calls(3)); // the first verb's scan has looked and has not landed
-    model.disconnect(QStringLiteral("cursor"));
+    model.disconnect(u"cursor"_s);
     scans.release();
     ASSERT_TRUE(landed.wait(5000));
     EXPECT_TRUE(busy()) << "the second verb is in flight";
@@ -241,8 +225,8 @@ TEST(ConnectedAppsModel, DestroyedWithVerbsOnTheLaneFinishesThemAndTouchesNothin
     });
     auto model = std::make_unique<ConnectedAppsModel>(Connectors::List{slow}, std::nullopt,
                                                       ConnectedAppsModel::Surroundings{});
-    model->connect(QStringLiteral("cursor"));
-    model->disconnect(QStringLiteral("cursor"));
+    model->connect(u"cursor"_s);
+    model->disconnect(u"cursor"_s);
     model->scan();
     begun.acquire();
     model.reset();
@@ -252,45 +236,41 @@ TEST(ConnectedAppsModel, DestroyedWithVerbsOnTheLaneFinishesThemAndTouchesNothin
 }
 
 TEST(ConnectedAppsModel, ARowOpensByItselfWhereThereIsSomethingToTell) {
-    struct Case {
-        const char* what;
-        State state;
-        const char* words;
-        bool open;
-    };
-    for (const Case& each :
-         {Case{"plain", State::found, "there is no file here", false},
-          Case{"wired", State::connected, "it runs", false},
-          Case{"drift", State::drifted, driftWords, true},
-          Case{"broken", State::found, "this file did not read as JSON — it ends early", true},
-          Case{"locked", State::found, "this file could not be read — Permission denied", true}}) {
+    const std::tuple<State, const char*, bool> rows[] = {
+        {State::found, "there is no file here", false},
+        {State::connected, "it runs", false},
+        {State::drifted, driftWords, true},
+        {State::found, "this file did not read as JSON — it ends early", true},
+        {State::found, "this file could not be read — Permission denied", true}};
+    for (const auto& [state, words, open] : rows) {
+        SCOPED_TRACE(words);
         Pane pane;
-        pane.code->becomes(each.state, Observations{{"f", each.words}});
+        pane.code->becomes(state, Observations{{"f", words}});
         pane.scan();
-        EXPECT_EQ(pane.row(0).open, each.open) << each.what;
-        pane.model->setOpen(QStringLiteral("claude-code"), !each.open);
+        EXPECT_EQ(pane.row(0).open, open);
+        pane.model->setOpen(u"claude-code"_s, !open);
         pane.scan();
-        EXPECT_EQ(pane.row(0).open, !each.open) << each.what << ": the person's choice holds";
+        EXPECT_EQ(pane.row(0).open, !open) << "the person's choice holds";
         pane.connect("claude-code");
-        EXPECT_TRUE(pane.row(0).open) << each.what << ": a verb has ended";
-        pane.model->setOpen(QStringLiteral("claude-code"), false);
-        pane.code->becomes(each.state == State::drifted ? State::found : State::drifted);
+        EXPECT_TRUE(pane.row(0).open) << "a verb has ended";
+        pane.model->setOpen(u"claude-code"_s, false);
+        pane.code->becomes(state == State::drifted ? State::found : State::drifted);
         pane.scan();
-        EXPECT_EQ(pane.row(0).open, each.state != State::drifted) << each.what << ": moved on";
+        EXPECT_EQ(pane.row(0).open, state != State::drifted) << "moved on";
     }
 }
 
 TEST(ConnectedAppsModel, ChangesOnlyWhatChangedAndOnlyWhenSomethingDid) {
     Pane pane;
     pane.scan();
-    EXPECT_EQ(pane.inserts->count(), 2);
+    EXPECT_EQ(pane.inserts.count(), 2);
     pane.scan();
-    pane.model->setOpen(QStringLiteral("codex"), false);
-    EXPECT_EQ(pane.changes->count(), 0);
+    pane.model->setOpen(u"codex"_s, false);
+    EXPECT_EQ(pane.changes.count(), 0);
     pane.codex->becomes(State::connected);
     pane.scan();
-    ASSERT_EQ(pane.changes->count(), 1);
-    const auto change = pane.changes->takeFirst();
+    ASSERT_EQ(pane.changes.count(), 1);
+    const auto change = pane.changes.takeFirst();
     EXPECT_EQ(change.at(0).toModelIndex().row(), 1);
     EXPECT_EQ(change.at(2).value<QList<int>>(), QList<int>{ConnectedAppsList::ConnectedRole});
 }
@@ -298,23 +278,20 @@ TEST(ConnectedAppsModel, ChangesOnlyWhatChangedAndOnlyWhenSomethingDid) {
 TEST(ConnectedAppsModel, CopiesTheEndpointOnlyWhereThereIsOne) {
     Pane pane;
     pane.model->copyEndpoint();
-    pane.model->copySubject(QStringLiteral("/b/1"));
-    EXPECT_EQ(pane.copied.join(u' '),
-              QStringLiteral("/opt/Wendlow.app/Contents/MacOS/wendlow-mcp /b/1"));
+    pane.model->copySubject(u"/b/1"_s);
+    EXPECT_EQ(pane.copied.join(u' '), u"/opt/Wendlow.app/Contents/MacOS/wendlow-mcp /b/1"_s);
 
-    const auto bare = ConnectedAppsModel::forThisMac(
-        "/nowhere", std::nullopt, "/Applications",
-        {.copy = [&pane](const QString& text) { pane.copied.append(text); },
-         .imageLoads = {},
-         .home = {}});
+    ConnectedAppsModel::Surroundings around;
+    around.copy = [&pane](const QString& text) { pane.copied.append(text); };
+    const auto bare =
+        ConnectedAppsModel::forThisMac("/nowhere", std::nullopt, "/Applications", around);
     bare->copyEndpoint();
     bare->scan();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bare->scanned(); }, 5000));
     EXPECT_EQ(pane.copied.size(), 2);
-    EXPECT_TRUE(bare->endpoint().isEmpty());
     EXPECT_TRUE(bare->apps().empty());
-    EXPECT_EQ(bare->error(), QStringLiteral("Wendlow is not running from an installed app bundle, "
-                                            "so there is no binary here to point an app at."));
+    EXPECT_EQ(bare->error(), u"Wendlow is not running from an installed app bundle, "
+                             "so there is no binary here to point an app at."_s);
 }
 
 } // namespace

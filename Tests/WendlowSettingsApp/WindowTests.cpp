@@ -10,6 +10,7 @@
 namespace wendlow {
 namespace {
 
+using namespace Qt::StringLiterals;
 using ::testing::ElementsAre;
 using WindowDoor::Front;
 
@@ -48,31 +49,21 @@ struct Windows {
 };
 
 TEST(WindowPresenter, GivesEachKindItsTitleSizeAndStyle) {
-    struct Case {
-        WindowKind kind;
-        const char* title;
-        QSize size;
-        bool resizable;
-        bool editorSide;
-    };
+    const std::tuple<WindowKind, QString, QSize, bool, bool> rows[] = {
+        {WindowKind::settings, u"Wendlow"_s, {980, 860}, true, false},
+        {WindowKind::onboarding, u"Welcome to Wendlow"_s, {800, 620}, false, false},
+        {WindowKind::editor, u"Memories"_s, {980, 860}, true, true},
+        {WindowKind::rowsBench, u"Rows Bench"_s, {980, 940}, true, true}};
     Windows windows;
-    for (const Case& each :
-         {Case{WindowKind::settings, "Wendlow", {980, 860}, true, false},
-          Case{WindowKind::stats, "Stats", {800, 780}, true, false},
-          Case{WindowKind::editor, "Memories", {980, 860}, true, true},
-          Case{WindowKind::onboarding, "Welcome to Wendlow", {800, 620}, false, false},
-          Case{WindowKind::workbench, "Workbench", {1200, 680}, true, true},
-          Case{WindowKind::controlsBench, "Controls Bench", {780, 900}, true, true},
-          Case{WindowKind::filtersBench, "Filters Bench", {820, 940}, true, true},
-          Case{WindowKind::searchBench, "Search Bench", {1080, 900}, true, true},
-          Case{WindowKind::rowsBench, "Rows Bench", {980, 940}, true, true}}) {
-        const QWindow& window = windows.presenter.present(each.kind);
-        EXPECT_EQ(window.title(), QString::fromLatin1(each.title));
-        EXPECT_EQ(window.size(), each.size) << each.title;
-        EXPECT_EQ(window.maximumSize() != each.size, each.resizable) << each.title;
-        EXPECT_EQ(window.flags().testFlag(Qt::WindowMaximizeButtonHint), each.resizable);
-        EXPECT_TRUE(window.flags().testFlag(Qt::WindowMinimizeButtonHint)) << each.title;
-        EXPECT_EQ(WindowDescriptions::isEditorSide(&window), each.editorSide) << each.title;
+    for (const auto& [kind, title, size, resizable, editorSide] : rows) {
+        SCOPED_TRACE(title.toStdString());
+        const QWindow& window = windows.presenter.present(kind);
+        EXPECT_EQ(window.title(), title);
+        EXPECT_EQ(window.size(), size);
+        EXPECT_EQ(window.maximumSize() != size, resizable);
+        EXPECT_EQ(window.flags().testFlag(Qt::WindowMaximizeButtonHint), resizable);
+        EXPECT_TRUE(window.flags().testFlag(Qt::WindowMinimizeButtonHint));
+        EXPECT_EQ(WindowDescriptions::isEditorSide(&window), editorSide);
     }
 }
 

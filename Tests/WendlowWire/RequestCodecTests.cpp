@@ -34,18 +34,13 @@ std::vector<Shape> shapes() {
          ReadRequest(ReadCase::GetThumbnail{-7}), "thumbnail_get"},
         {R"({"read":{"_0":{"getByType":{"type":"note"}}}})",
          ReadRequest(ReadCase::GetByType{.type = "note"}), "memory_get_by_type"},
-        {R"({"read":{"_0":{"getByType":{"type":"note","filters":{}}}}})",
-         ReadRequest(ReadCase::GetByType{.type = "note", .filters = Filters{}}),
-         "memory_get_by_type"},
         {R"({"read":{"_0":{"getByType":{"type":"n","filters":{"a":true,"b":1.5,"c":"x"}}}}})",
          ReadRequest(ReadCase::GetByType{.type = "n",
                                          .filters = Filters{{"a", true}, {"b", 1.5}, {"c", "x"}}}),
          "memory_get_by_type"},
         {R"({"control":{"_0":{"pause":{}}}})", ControlRequest(ControlCase::Pause{}), "pause"},
-        {R"({"control":{"_0":{"pauseFor":{"minutes":0}}}})",
-         ControlRequest(ControlCase::PauseFor{}), "pause_for"},
-        {R"({"control":{"_0":{"addConcept":{"_0":"a \"b\"\n\\ \u0001 ü"}}}})",
-         ControlRequest(ControlCase::AddConcept{"a \"b\"\n\\ \x01 ü"}), "add_concept"},
+        {R"({"control":{"_0":{"addConcept":{"_0":"a \"b\"\n\\ \u0001 ü€😀"}}}})",
+         ControlRequest(ControlCase::AddConcept{"a \"b\"\n\\ \x01 ü€😀"}), "add_concept"},
         {R"({"control":{"_0":{"setFrameKeep":{"_0":true}}}})",
          ControlRequest(ControlCase::SetFrameKeep{true}), "set_frame_keep"},
         {R"({"control":{"_0":{"deleteUtterance":{"meeting":"m","rowid":9223372036854775807,"witness":"w"}}}})",
@@ -69,55 +64,37 @@ TEST(RequestCodec, WritesAndReadsEveryShape) {
 }
 
 TEST(RequestCodec, ReadsQuestionsLeniently) {
-    const struct {
-        std::string_view json;
-        ReadRequest request;
-    } rows[] = {
+    const std::pair<std::string, ReadRequest> rows[] = {
         {R"({"health":true})", ReadCase::Health{}},
-        {R"({"health":null})", ReadCase::Health{}},
-        {R"({"allTime":{}})", ReadCase::AllTime{}},
         {R"({"allTime":{"force":null,"later":[{"x":1}]}})", ReadCase::AllTime{}},
         {R"({"textBrowse":{}})", ReadCase::TextBrowse{}},
         {R"({"textBrowse":{"limit":5.0,"offset":2e1}})",
          ReadCase::TextBrowse{.scopes = {}, .limit = 5, .filters = {}, .offset = 20}},
         {R"({"openScreens":{}})", ReadCase::OpenScreens{}},
         {R"({"recall":{"query":"x","to":null}})", ReadCase::Recall{.query = "x"}},
-        {R"({"getByType":{"type":"n","filters":{"a":1}}})",
-         ReadCase::GetByType{.type = "n", .filters = {{{"a", 1.0}}}}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(WireCodec::decodeRequest(R"({"read":{"_0":)" + std::string(row.json) + "}}"),
-                  GatewayRequest(row.request))
-            << row.json;
+    for (const auto& [json, request] : rows)
+        EXPECT_EQ(WireCodec::decodeRequest(R"({"read":{"_0":)" + json + "}}"),
+                  GatewayRequest(request))
+            << json;
 }
 
 /// The error as a person would note it down.
-std::string told(const std::expected<GatewayRequest, DecodeError>& decoded) {
-    return decoded ? "decoded" : decoded.error().path + ": " + decoded.error().sentence;
+template<class T, class Error> std::string told(const std::expected<T, Error>& outcome) {
+    return outcome ? "well" : outcome.error().path + ": " + outcome.error().sentence;
 }
 
 TEST(RequestCodec, TellsWhereAndWhatItCouldNotRead) {
-    const struct {
-        std::string_view json;
-        std::string_view told;
-    } rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {R"({"read":{"_0":{"health":{},"recall":{"query":"x"}}}})",
          "read._0: ReadRequest expects exactly one case key, got 2"},
-        {R"({"read":{"_0":{}}})", "read._0: ReadRequest expects exactly one case key, got 0"},
         {R"({"read":{"_0":{"nonsense":{}}}})", "read._0: Unknown ReadRequest case: nonsense"},
         {R"({"control":{"_0":{"pause":{}},"x":1}})",
          "control: Invalid number of keys found, expected one."},
-        {R"({"control":{"_0":{"pause":{}}},"x":1})",
-         ": Invalid number of keys found, expected one."},
         {R"({})", ": Invalid number of keys found, expected one."},
-        {R"({"control":{"_0":{"pause":{},"resume":{}}}})",
-         "control._0: Invalid number of keys found, expected one."},
         {R"({"control":{"_0":{"pause":true}}})",
          "control._0.pause: expected an object, found a boolean"},
-        {R"({"control":{"_0":{"stop":{}}}})", "control._0: Unknown ControlRequest case: stop"},
         {R"({"control":{"x":{}}})", "control._0: this key is missing"},
-        {R"({"control":{"_0":{"pauseFor":{"minutes":null}}}})",
-         "control._0.pauseFor.minutes: this key is missing"},
         {R"({"read":{"_0":{"recall":{"from":"x"}}}})", "read._0.recall.query: this key is missing"},
         {R"({"read":{"_0":{"allTime":{"force":1}}}})",
          "read._0.allTime.force: expected a boolean, found a number"},
@@ -125,10 +102,6 @@ TEST(RequestCodec, TellsWhereAndWhatItCouldNotRead) {
          "read._0.getThumbnail.momentID: this number is not whole"},
         {R"({"read":{"_0":{"getThumbnail":{"momentID":9223372036854775808}}}})",
          "read._0.getThumbnail.momentID: this number is out of range"},
-        {R"({"read":{"_0":{"getThumbnail":{"momentID":-1e300}}}})",
-         "read._0.getThumbnail.momentID: this number is out of range"},
-        {R"({"read":{"_0":{"getThumbnail":{"momentid":1}}}})",
-         "read._0.getThumbnail.momentID: this key is missing"},
         {R"({"read":{"_0":{"getByType":{"type":"n","filters":{"a":[1]}}}}})",
          "read._0.getByType.filters.a: "
          "a filter value must be a scalar — string, number, or bool (no nesting or arrays)"},
@@ -138,13 +111,12 @@ TEST(RequestCodec, TellsWhereAndWhatItCouldNotRead) {
          "read._0.openScreens._0[1].moment: expected a whole number, found a text"},
         {"[]", ": expected an object, found a list"},
         {"{\"read\":1", ": this is not JSON: incomplete JSON at byte 9"},
-        {"", ": this is not JSON: incomplete JSON at byte 0"},
         {"{} {}", ": this is not JSON: extra data at byte 3"},
         {"{\"control\":{\"_0\":{\"addConcept\":{\"_0\":\"\xff\"}}}}",
          ": this is not JSON: syntax error at byte 38"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(told(WireCodec::decodeRequest(row.json)), row.told) << row.json;
+    for (const auto& [json, answer] : rows)
+        EXPECT_EQ(told(WireCodec::decodeRequest(json)), answer) << json;
 }
 
 TEST(RequestCodec, SurvivesHostileMessages) {
@@ -159,19 +131,14 @@ TEST(RequestCodec, SurvivesHostileMessages) {
 }
 
 TEST(RequestCodec, RefusesToWriteWhatJSONCannotHold) {
-    const auto told = [](const GatewayRequest& request) {
-        const auto encoded = WireCodec::encode(request);
-        return encoded ? *encoded : encoded.error().path + ": " + encoded.error().sentence;
-    };
     for (const std::string_view text :
          {"\xff", "\xc0\x80", "\xed\xa0\x80", "\xf4\x90\x80\x80", "a\xe2\x82"})
-        EXPECT_EQ(told(ControlRequest(ControlCase::EnterPhrase{{"a", std::string(text)}})),
+        EXPECT_EQ(told(WireCodec::encode(
+                      ControlRequest(ControlCase::EnterPhrase{{"a", std::string(text)}}))),
                   "control._0.enterPhrase.words[1]: a text that is not UTF-8 has no JSON");
-    EXPECT_EQ(told(ReadRequest(ReadCase::GetByType{
-                  .type = "n", .filters = {{{"a", std::numeric_limits<double>::infinity()}}}})),
+    EXPECT_EQ(told(WireCodec::encode(ReadRequest(ReadCase::GetByType{
+                  .type = "n", .filters = {{{"a", std::numeric_limits<double>::infinity()}}}}))),
               "read._0.getByType.filters.a: a number that is not finite has no JSON");
-    EXPECT_EQ(told(ControlRequest(ControlCase::AddConcept{"\u20ac\U0001F600\u07ff\uffff"})),
-              "{\"control\":{\"_0\":{\"addConcept\":{\"_0\":\"\u20ac\U0001F600\u07ff\uffff\"}}}}");
 }
 
 } // namespace

@@ -1,94 +1,65 @@
-#include "ChildProgram.h"
+// The two programs as a tool starts them: on pipes, which a shell lays.
+
+#include "RunProgram.h"
 
 #include <chrono>
-#include <csignal>
-#include <ostream>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 namespace wendlow::testing {
-
-void PrintTo(const ChildProgram::Result& result, std::ostream* out) {
-    *out << "status " << result.status << ", output \"" << result.output << "\"";
-}
-
 namespace {
 
-using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
-
-const ChildProgram::Result silence{};
-
-class Programs : public ::testing::Test {
-protected:
-    Programs() { std::signal(SIGPIPE, SIG_IGN); }
-};
-
-TEST_F(Programs, HookEndsWellAndSilentlyWhateverItIsGiven) {
-    const std::vector<std::vector<std::string>> rows = {
-        {},
-        {"--harness", "claude-code"},
-        {"--harness=codex", "--slot=rules"},
-        {"--harness", "cursor", "--slot", "prompt"},
-        {"--harness"},
-        {"--help", "\xff", ""},
-    };
-    for (auto command : rows) {
-        command.insert(command.begin(), HOOK_PROGRAM);
-        ChildProgram hook(command);
-        hook.closeInput();
-        EXPECT_EQ(hook.finish(), silence) << command.size();
-    }
-    ChildProgram deaf({HOOK_PROGRAM, "--harness", "codex"}, ChildProgram::Input::closed);
-    EXPECT_EQ(deaf.finish(), silence);
+/// What a bash script wrote, and "status N" with what it ended with. `$hook` and `$mcp` are ours.
+std::string bash(const std::string& script) {
+    const auto run = runProgram("/bin/bash", {"-c", "set -o pipefail\n" + script},
+                                {{"hook", HOOK_PROGRAM}, {"mcp", MCP_PROGRAM}});
+    return run.out + run.err + "status " + std::to_string(run.status);
 }
 
-TEST_F(Programs, HookTakesAllThatAToolWrites) {
-    ChildProgram hook({HOOK_PROGRAM, "--harness", "claude-code"});
-    EXPECT_TRUE(hook.write(std::string(20'000'000, 'x'))) << "the tool saw a broken pipe";
-    hook.closeInput();
-    EXPECT_EQ(hook.finish(), silence);
+TEST(Programs, EndWellAndSilentlyWhateverTheyAreGiven) {
+    const char* const scripts[] = {
+        R"("$hook" </dev/null)", R"("$hook" --harness=codex --slot=rules </dev/null)",
+        R"("$hook" --harness cursor --slot prompt </dev/null)", R"("$hook" --harness </dev/null)",
+        R"("$hook" --help $'\xff' '' </dev/null)", R"("$hook" --harness codex <&-)",
+        R"("$mcp" <&-)",
+        // A tool that writes much sees no broken pipe.
+        R"(head -c 20000000 /dev/zero | "$hook" --harness claude-code)",
+        // Nobody listens to the answers.
+        R"(yes '{"jsonrpc":"2.0","id":2,"method":"ping"}' 2>/dev/null | "$mcp" | :
+           exit ${PIPESTATUS[1]})"};
+    for (const char* script : scripts)
+        EXPECT_EQ(bash(script), "status 0") << script;
 }
 
-TEST_F(Programs, HookDoesNotOutstayItsTimeWhereAToolKeepsThePipeOpen) {
-    const auto start = Clock::now();
-    ChildProgram hook({HOOK_PROGRAM, "--harness", "claude-code"});
-    EXPECT_TRUE(hook.write("{}"));
-    EXPECT_EQ(hook.finish(), silence);
-    EXPECT_LT(Clock::now() - start, 2900ms);
+TEST(Programs, HookDoesNotOutstayItsTimeWhereAToolKeepsThePipeOpen) {
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(bash(R"("$hook" --harness claude-code < <(printf {}; exec sleep 4))"), "status 0");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(2900));
 }
 
-TEST_F(Programs, MCPHoldsAConversationAndEndsWithItsInput) {
-    ChildProgram server({MCP_PROGRAM});
-    EXPECT_TRUE(server.write(
-        R"({"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":"2025-06-18"}})"
-        "\r\n"));
+TEST(Programs, MCPHoldsAConversationAndEndsWithItsInput) {
+    // Each answer is there before the next request is.
     EXPECT_EQ(
-        server.readLine(),
+        bash(R"(coproc "$mcp"; exec 3<&${COPROC[0]} 4>&${COPROC[1]} {COPROC[1]}>&-
+say() { printf "$1" >&4; }
+hear() { IFS= read -r -t 10 line <&3 && echo "$line"; }
+say '{"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":"2025-06-18"}}\r\n'
+hear
+say '{"jsonrpc":"2.0","method":"notifications/initialized"}\n\n{"jsonrpc":"2.0","id":"a",'
+say '"method":"tools/list"}\n'
+hear
+say '{"jsonrpc":"2.0","id":2,"method":"ping"}'
+exec 4>&-
+cat <&3
+wait $COPROC_PID)"),
         R"({"jsonrpc":"2.0","id":0,"result":{"protocolVersion":"2025-06-18",)"
         R"("capabilities":{"tools":{}},"serverInfo":{"name":"wendlow","version":")" PRODUCT_VERSION
-        "\"}}}\n");
-    EXPECT_TRUE(server.write("{\"jsonrpc\":\"2.0\",\"method\":\"notifications/initialized\"}\n\n"
-                             "{\"jsonrpc\":\"2.0\",\"id\":\"a\","));
-    EXPECT_TRUE(server.write("\"method\":\"tools/list\"}\n"));
-    EXPECT_EQ(server.readLine(), "{\"jsonrpc\":\"2.0\",\"id\":\"a\",\"result\":{\"tools\":[]}}\n");
-    EXPECT_TRUE(server.write("{\"jsonrpc\":\"2.0\",\"id\":2,\"method\":\"ping\"}"));
-    server.closeInput();
-    EXPECT_EQ(server.finish(),
-              (ChildProgram::Result{"{\"jsonrpc\":\"2.0\",\"id\":2,\"result\":{}}\n", 0}));
-}
-
-TEST_F(Programs, MCPEndsWellWhenNobodyListens) {
-    ChildProgram server({MCP_PROGRAM});
-    server.closeOutput();
-    while (server.write("{\"jsonrpc\":\"2.0\",\"id\":2,\"method\":\"ping\"}\n")) {
-    }
-    EXPECT_EQ(server.finish(), silence);
-
-    ChildProgram deaf({MCP_PROGRAM}, ChildProgram::Input::closed);
-    EXPECT_EQ(deaf.finish(), silence);
+        "\"}}}\n"
+        R"({"jsonrpc":"2.0","id":"a","result":{"tools":[]}})"
+        "\n"
+        R"({"jsonrpc":"2.0","id":2,"result":{}})"
+        "\nstatus 0");
 }
 
 } // namespace
