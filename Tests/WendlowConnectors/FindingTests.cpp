@@ -36,25 +36,6 @@ TEST(ScanJoin, isConnectedOnlyWhenAllIs) {
         EXPECT_EQ(ScanJoin::state(findings), state) << text(state);
 }
 
-TEST(BlockFinding, isSaidInWords) {
-    const auto texts = [](const BlockFinding& finding) {
-        std::vector<std::string> result;
-        for (const auto& each : observations(
-                 finding, {.path = "/f", .what = "hook entry", .command = "/b --harness h"})) {
-            EXPECT_EQ(each.subject, "/f");
-            result.push_back(each.text);
-        }
-        return result;
-    };
-    EXPECT_THAT(texts(unreadable), ElementsAre("this file did not read as JSON — why"));
-    EXPECT_THAT(texts(drifted), ElementsAre("the Wendlow hook entry here — one",
-                                            "the Wendlow hook entry here — two"));
-    EXPECT_THAT(texts(foreign), ElementsAre("no place"));
-    EXPECT_THAT(texts(fileAbsent), ElementsAre("there is no file here"));
-    EXPECT_THAT(texts(absent), ElementsAre("this file holds no Wendlow hook entry"));
-    EXPECT_THAT(texts(connected), ElementsAre("the Wendlow hook entry here runs /b --harness h"));
-}
-
 TEST(Observations, areFoldedInFirstSeenOrder) {
     EXPECT_THAT(folded({{"a", "x"}, {"b", "x"}, {"a", "x"}, {"a", "y"}}),
                 ElementsAre(Observation{"a", "x (2 entries)"}, Observation{"b", "x"},

@@ -66,42 +66,6 @@ TEST(TOMLEdit, RemovesATableWithOneBlankLine) {
     }
 }
 
-TEST(TOMLEdit, GivesBackTheBytesWhenAnAddedTableIsRemoved) {
-    const std::string bodies[] = {
-        "",
-        "\n",
-        "\n\n",
-        " \t",
-        "a = 1\n",
-        "# a\n",
-        "a = 1\n\n",
-        "a = 1\n \n\n",
-        "[a]\n",
-        "[a]\nx = '''\n\n'''\n",
-        "[p]\nx = 1\n\n# c\n",
-        "[p.w.s]\n\nx = [\n#\n]\n# c\n\n[[q]]\n",
-    };
-    for (const std::string mark : {"", "\xEF\xBB\xBF"}) {
-        for (const std::string newline : {"\n", "\r\n"}) {
-            for (const bool isCut : {false, true}) {
-                for (const auto& body : bodies) {
-                    auto before = mark;
-                    for (const char byte : body)
-                        before += byte == '\n' ? newline : std::string(1, byte);
-                    if (isCut && before.ends_with(newline))
-                        before.resize(before.size() - newline.size());
-                    const auto set = TOMLEdit::setTable(before, ours, lines);
-                    ASSERT_TRUE(set && set->created) << before;
-                    auto after = TOMLEdit::removeTable(set->bytes, ours).value_or("refused");
-                    if (set->appendedTrailingNewline)
-                        after.resize(after.size() - TOMLText::lineEnding(set->bytes).size());
-                    EXPECT_EQ(after, before);
-                }
-            }
-        }
-    }
-}
-
 TEST(TOMLEdit, SetsAndRemovesOneKey) {
     const struct {
         std::string before;
