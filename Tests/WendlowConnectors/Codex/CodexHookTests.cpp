@@ -189,24 +189,5 @@ TEST(CodexHook, isInstalledInItsPlaceAndRemovedAgain) {
     }
 }
 
-TEST(CodexHook, isReplacedInTheFilesOwnStyle) {
-    const CodexHome home;
-    const CodexHook hook(home.paths());
-    const std::string head = "{\r\n\t\"hooks\": {\r\n\t\t\"UserPromptSubmit\": [{\"hooks\": [\r\n";
-    const std::string tail = "\r\n\t\t]}]\r\n\t}\r\n}\r\n";
-    const std::string bytes =
-        home.filled(head +
-                    "\t\t\t{\r\n\t\t\t\t\"command\": \"python3 "
-                    "@home/fenmoor/wendlow/Scripts/rules-hook.py\"\r\n\t\t\t}" +
-                    tail);
-    const auto document = *hook.read(bytes);
-    EXPECT_EQ(hook.installed(bytes, document)->bytes,
-              head + "\t\t\t{\r\n\t\t\t\t\"type\": \"command\",\r\n\t\t\t\t\"command\": \"" +
-                  home.paths().hookCommand() +
-                  "\",\r\n\t\t\t\t\"statusMessage\": \"Loading Wendlow rules and memory\",\r\n"
-                  "\t\t\t\t\"timeout\": 3,\r\n\t\t\t\t\"additionalContextLimit\": 7500\r\n\t\t\t}" +
-                  tail);
-}
-
 } // namespace
 } // namespace wendlow
