@@ -157,5 +157,14 @@ trusted_hash = "k"
                   {"@slot:0:0", "@slot:0:1", "@slot:0:2", "@slot:1:0", elsewhere}, {}}));
 }
 
+TEST(CodexTrust, keepsWhatElseATableHolds) {
+    const std::string before = "[hooks.state.k]\nenabled = true";
+    const auto installed = CodexTrust::installed(before, *TOMLText::scan(before), "k", "h");
+    ASSERT_TRUE(installed);
+    EXPECT_EQ(installed->bytes, before + "\ntrusted_hash = \"h\"\n");
+    EXPECT_EQ(installed->created, std::set{Created::codexConfigTrailingNewline});
+    EXPECT_EQ(CodexTrust::removed(*installed->bytes, {"x", "k", "k"})->bytes, before + "\n");
+}
+
 } // namespace
 } // namespace wendlow
