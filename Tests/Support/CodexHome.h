@@ -11,16 +11,6 @@
 
 namespace wendlow::testing {
 
-/// `text` with each mark replaced.
-inline std::string replaced(std::string text,
-                            const std::vector<std::pair<std::string, std::string>>& marks) {
-    for (const auto& [mark, by] : marks)
-        for (auto at = text.find(mark); at != std::string::npos;
-             at = text.find(mark, at + by.size()))
-            text.replace(at, mark.size(), by);
-    return text;
-}
-
 /// A home with an application and Codex in it, and a connector for both.
 class CodexHome {
 public:

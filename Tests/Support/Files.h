@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <sys/stat.h>
@@ -43,6 +44,16 @@ inline std::vector<std::string> namesIn(const std::filesystem::path& folder) {
         names.push_back(entry.path().filename().string());
     std::ranges::sort(names);
     return names;
+}
+
+/// `text` with each mark replaced.
+inline std::string replaced(std::string text,
+                            const std::vector<std::pair<std::string, std::string>>& marks) {
+    for (const auto& [mark, by] : marks)
+        for (auto at = text.find(mark); at != std::string::npos;
+             at = text.find(mark, at + by.size()))
+            text.replace(at, mark.size(), by);
+    return text;
 }
 
 /// A umask for as long as the object lives.

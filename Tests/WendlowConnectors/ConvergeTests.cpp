@@ -28,28 +28,6 @@ TEST(Converge, installsWhatIsStaleAndLeavesTheRestAlone) {
     EXPECT_THAT(stale->log(), ElementsAre("install"));
 }
 
-TEST(MockConnector, runsCallbacksAroundTheScanAndOutsideOfItsLock) {
-    MockConnector* self = nullptr;
-    MockConnector connector(
-        {.id = "m", .name = "M", .detail = "", .symbol = ""},
-        {.onScan = [&] { self->becomes(ConnectorState::connected); },
-         .onVerb = [&] { self->becomes(ConnectorState::found); },
-         .afterScan = [&] { self->becomes(ConnectorState::drifted, Observations{{"f", "t"}}); }});
-    self = &connector;
-    // What came before the scan is in its report, what came after it is not.
-    const ScanReport report = connector.scan();
-    EXPECT_EQ(report.state, ConnectorState::connected);
-    EXPECT_THAT(report.observations, IsEmpty());
-    connector.becomes(ConnectorState::drifted, std::nullopt,
-                      {.verbObservations = Observations{{"v", "said"}},
-                       .backups = std::vector<std::filesystem::path>{"/copy"}});
-    const ConnectorOutcome outcome = connector.remove();
-    EXPECT_EQ(outcome.result, ConnectorOutcome::Result::changed);
-    EXPECT_THAT(outcome.observations, ElementsAre(Observation{"v", "said"}));
-    EXPECT_THAT(outcome.backups, ElementsAre("/copy"));
-    EXPECT_THAT(connector.log(), ElementsAre("scan", "remove"));
-}
-
 TEST(Connectors, standInTheirFixedOrder) {
     std::vector<std::string> ids;
     for (const auto& connector : Connectors::all("/home", "/A/Wendlow.app", "/Applications"))

@@ -51,15 +51,6 @@ TEST(ReceiptStore, WritesEqualReceiptsAsEqualBytes) {
     EXPECT_EQ(store.read(), ConnectorReceipt());
 }
 
-TEST(ReceiptStore, KnowsEveryCaseByItsName) {
-    for (int index = 0; index <= static_cast<int>(Created::openCodePluginFile); ++index)
-        EXPECT_EQ(createdNamed(text(static_cast<Created>(index))), static_cast<Created>(index));
-    EXPECT_EQ(text(Created::mcpServersObject), "mcpServersObject");
-    EXPECT_EQ(text(Created::codexConfigTrailingNewline), "codexConfigTrailingNewline");
-    EXPECT_EQ(text(Created::openCodePluginFile), "openCodePluginFile");
-    EXPECT_EQ(createdNamed("settingsfile"), std::nullopt);
-}
-
 TEST(ReceiptStore, ReadsWhatItDoesNotUnderstandAsEmpty) {
     const ConnectorReceipt some{
         .created = {Created::mcpFile}, .adopted = {}, .trustSlots = {}, .appVersion = {}};

@@ -48,7 +48,7 @@ void expectRefusal(const ClaudeCodeHome& home, const Observations& observations)
 TEST(ClaudeCodeFaults, comeBackByteForByte) {
     const std::string list = R"({"a":1,"a":2})";
     const std::pair<const char*, std::string> cases[] = {
-        {"CRLF", "{\r\n    \"a\": 1,\r\n    \"hooks\": {\r\n    }\r\n}\r\n"},
+        {"CRLF", "{\r\n    \"a\": 1,\r\n    \"hooks\": {\"Stop\":[]}\r\n}\r\n"},
         {"mixed line ends", "{\r\n  \"a\": 1,\n  \"b\": 2\n}\n"},
         {"tabs", "{\n\t\"a\": {\n\t\t\"b\": []\n\t}\n}\n"},
         {"no final line feed", "{\n  \"a\": 1\n}"},
@@ -60,11 +60,7 @@ TEST(ClaudeCodeFaults, comeBackByteForByte) {
     };
     for (const auto& [name, bytes] : cases) {
         const ClaudeCodeHome home;
-        // An empty container may lose the white space inside it, so this one holds something.
-        std::string settings = bytes;
-        if (const auto at = settings.find("{\r\n    }"); at != std::string::npos)
-            settings.replace(at, 8, "{\"Stop\":[]}");
-        home.fill(settings, settings);
+        home.fill(bytes, bytes);
         expectRoundTrip(home, name);
     }
 }
@@ -179,38 +175,41 @@ TEST(ClaudeCodeFaults, whatThisUserMayNotReadOrWrite) {
     const ClaudeCodeHome home;
     home.fill(plain, plain);
     const AsNobody nobody(home);
+    const auto installSays = [&](const fs::path& subject, const std::string& text) {
+        const ConnectorOutcome refused{Result::refused, {{subject.string(), text}}, {}};
+        EXPECT_EQ(home.connector().install(), refused);
+    };
     ::chmod(home.settings().c_str(), 0);
     expectRefusal(home, {{home.settings(), "this file could not be read, so nothing was written — "
                                            "Permission denied"}});
     ::chmod(home.settings().c_str(), 0400);
-    EXPECT_EQ(home.connector().install(),
-              (ConnectorOutcome{Result::refused,
-                                {{home.settings(), "this file cannot be written by this user, so "
-                                                   "nothing was written"}},
-                                {}}));
+    installSays(home.settings(),
+                "this file cannot be written by this user, so nothing was written");
     ::chmod(home.settings().c_str(), 0600);
     ::chmod(home.path(".claude").c_str(), 0500);
-    EXPECT_EQ(home.connector().install(),
-              (ConnectorOutcome{Result::refused,
-                                {{home.path(".claude").string(),
-                                  "this folder cannot be written by this user, so nothing was "
-                                  "written"}},
-                                {}}));
+    installSays(home.path(".claude"),
+                "this folder cannot be written by this user, so nothing was written");
     ::chmod(home.path(".claude").c_str(), 0700);
     EXPECT_EQ(get(home.settings()), plain);
     EXPECT_EQ(get(home.servers()), plain);
     EXPECT_FALSE(fs::exists(home.paths().receiptFile));
 }
 
+/// Installs while something else happens, just before the first file is replaced.
+ConnectorOutcome installWith(const ClaudeCodeHome& home, const std::function<void()>& meanwhile) {
+    int renames = 0;
+    const auto first = [&] {
+        if (++renames == 1)
+            meanwhile();
+    };
+    return home.connector(first).install();
+}
+
 TEST(ClaudeCodeFaults, aFolderThatVanishesUnderTheCommit) {
     const ClaudeCodeHome home;
     home.fill(plain, plain);
-    int renames = 0;
-    const auto outcome = home.connector([&] {
-                                 if (++renames == 1)
-                                     fs::rename(home.path(".claude"), home.path("away"));
-                             })
-                             .install();
+    const auto outcome =
+        installWith(home, [&] { fs::rename(home.path(".claude"), home.path("away")); });
     EXPECT_EQ(outcome.result, Result::refused);
     EXPECT_EQ(
         outcome.observations.front(),
@@ -226,12 +225,7 @@ TEST(ClaudeCodeFaults, theToolWritesItsFileBetweenPlanAndCommit) {
     const ClaudeCodeHome home;
     home.fill(plain, plain);
     const std::string meanwhile = R"({"written":"by the tool"})";
-    int renames = 0;
-    const auto outcome = home.connector([&] {
-                                 if (++renames == 1)
-                                     put(home.settings(), meanwhile);
-                             })
-                             .install();
+    const auto outcome = installWith(home, [&] { put(home.settings(), meanwhile); });
     // The rename wins, as it would for two editors, and the bytes from before are beside it.
     EXPECT_EQ(outcome.result, Result::changed);
     EXPECT_EQ(home.connector().scan().state, ConnectorState::connected);

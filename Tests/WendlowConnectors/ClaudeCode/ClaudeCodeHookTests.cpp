@@ -12,9 +12,19 @@ using testing::filled;
 const ClaudeCodeHook hook(testing::paths());
 constexpr auto all = {Created::hooksObject, Created::eventArray, Created::hookGroup,
                       Created::preToolEventArray, Created::preToolGroup};
-const std::string whole =
-    filled(R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots]}],)"
-           R"("PreToolUse":[{"matcher":"mcp__wendlow__.*","hooks":[@pretool]}]}})");
+
+/// A file with these groups on the prompt, as `filled` reads them.
+std::string onPrompt(const std::string& groups) {
+    return filled(R"({"hooks":{"UserPromptSubmit":[)" + groups + "]}}");
+}
+/// The same, and our group on the tools as it should be; in front `before`.
+std::string complete(const std::string& groups, const std::string& before = "") {
+    return filled(R"({"hooks":{)" + before + R"("UserPromptSubmit":[)" + groups +
+                  R"(],"PreToolUse":[{"matcher":"mcp__wendlow__.*","hooks":[@pretool]}]}})");
+}
+const std::string slots = R"({"hooks":[@slots]})";
+const std::string theirs = R"({"hooks":[@theirs]})";
+const std::string whole = complete(slots);
 
 std::string afterInstall(const std::string& before, std::set<Created>* created = nullptr) {
     const auto block = hook.installed(before);
@@ -25,134 +35,65 @@ std::string afterInstall(const std::string& before, std::set<Created>* created =
     return block->bytes.value_or(before);
 }
 
-TEST(ClaudeCodeHook, writesTheWholeShapeIntoANewFile) {
-    const std::string command =
-        R"("command": "/A/Wendlow.app/Contents/MacOS/wendlow-hook --harness claude-code --slot )";
-    std::set<Created> created;
-    EXPECT_EQ(afterInstall("{}\n", &created), R"({
-  "hooks": {
-    "UserPromptSubmit": [
-      {
-        "hooks": [
-          {
-            "type": "command",
-            )" + command + R"(rules",
-            "timeout": 3
-          },
-          {
-            "type": "command",
-            )" + command + R"(index",
-            "timeout": 3
-          },
-          {
-            "type": "command",
-            )" + command + R"(recall",
-            "timeout": 3
-          }
-        ]
-      }
-    ],
-    "PreToolUse": [
-      {
-        "matcher": "mcp__wendlow__.*",
-        "hooks": [
-          {
-            "type": "command",
-            )" + command + R"(pretool",
-            "timeout": 3
-          }
-        ]
-      }
-    ]
-  }
-}
-)");
-    EXPECT_EQ(created, std::set<Created>(all));
-}
-
-struct Repair {
-    const char* name;
-    std::string before;
-    std::string after;
-    std::set<Created> created;
-};
-
 TEST(ClaudeCodeHook, installsWithTheSmallestEdit) {
-    const std::string preToolPart =
-        R"("PreToolUse":[{"matcher":"mcp__wendlow__.*","hooks":[@pretool]}])";
     constexpr auto group = Created::hookGroup;
     constexpr auto preGroup = Created::preToolGroup;
     constexpr auto preList = Created::preToolEventArray;
-    const Repair repairs[] = {
+    const auto bash = [](const std::string& entries) {
+        return R"({"matcher":"Bash","hooks":[)" + entries + "]}";
+    };
+    const struct {
+        const char* name;
+        std::string before, after;
+        std::set<Created> created;
+    } repairs[] = {
         {"one line", "{}", whole, all},
         {"nothing to do", whole, whole, {}},
-        {"the person's group stays in front",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]}]}})",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]},{"hooks":[@slots]}],)" + preToolPart +
-             "}}",
-         {group, preGroup, preList}},
+        {"the person's group stays in front", onPrompt(theirs), complete(theirs + "," + slots),
+         std::set{group, preGroup, preList}},
         {"an older copy's entries are rewritten where they are",
-         R"({"hooks":{"UserPromptSubmit":[{"matcher":"","hooks":[@old]}]}})",
-         R"({"hooks":{"UserPromptSubmit":[{"matcher":"","hooks":[@slots]}],)" + preToolPart + "}}",
-         {preGroup, preList}},
-        {"our entries leave a group that is shared",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@rules,@theirs,@old]}],)" + preToolPart + "}}",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]},{"hooks":[@slots]}],)" + preToolPart +
-             "}}",
-         {group}},
+         onPrompt(R"({"matcher":"","hooks":[@old]})"),
+         complete(R"({"matcher":"","hooks":[@slots]})"), std::set{preGroup, preList}},
+        {"our entries leave a group that is shared", complete(R"({"hooks":[@rules,@theirs,@old]})"),
+         complete(theirs + "," + slots), std::set{group}},
         {"and leave it where the person's entry comes first",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs,@slots]}],)" + preToolPart + "}}",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]},{"hooks":[@slots]}],)" + preToolPart +
-             "}}",
-         {group}},
+         complete(R"({"hooks":[@theirs,@slots]})"), complete(theirs + "," + slots),
+         std::set{group}},
         {"a shared group that is right already stays",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots,@theirs]}],)" + preToolPart + "}}",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots,@theirs]}],)" + preToolPart + "}}",
+         complete(R"({"hooks":[@slots,@theirs]})"),
+         complete(R"({"hooks":[@slots,@theirs]})"),
          {}},
         {"twins go, the first stays",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots]},{"hooks":[@slots]}],"Stop":[)"
-         R"({"hooks":[@old]},{"hooks":[@theirs]}],)" +
-             preToolPart + "}}",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots]}],"Stop":[{"hooks":[@theirs]}],)" +
-             preToolPart + "}}",
+         complete(slots + "," + slots, R"("Stop":[{"hooks":[@old]},)" + theirs + "],"),
+         complete(slots, R"("Stop":[)" + theirs + "],"),
          {}},
         {"a misplaced entry goes, its emptied list stays",
-         R"({"hooks":{"PostToolUse":[{"hooks":[@pretool]}],"UserPromptSubmit":[{"hooks":[@slots]}]}})",
-         R"({"hooks":{"PostToolUse":[],"UserPromptSubmit":[{"hooks":[@slots]}],)" + preToolPart +
-             "}}",
-         {preGroup, preList}},
+         filled(R"({"hooks":{"PostToolUse":[{"hooks":[@pretool]}],"UserPromptSubmit":[)" + slots +
+                "]}}"),
+         complete(slots, R"("PostToolUse":[],)"), std::set{preGroup, preList}},
         {"a group with the person's own matcher stays, emptied",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots]}],"PreToolUse":[)"
-         R"({"matcher":"Bash","hooks":[@pretool]}]}})",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots]}],"PreToolUse":[)"
-         R"({"matcher":"Bash","hooks":[]},{"matcher":"mcp__wendlow__.*","hooks":[@pretool]}]}})",
-         {preGroup}},
-        {"slots out of order",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@index,@rules,@recall]}],)" + preToolPart +
-             "}}",
-         whole,
-         {}},
-        {"an entry that is no object is not ours to rewrite",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[5,@rules]}],)" + preToolPart + "}}",
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[5]},{"hooks":[@slots]}],)" + preToolPart + "}}",
-         {group}},
+         filled(R"({"hooks":{"PreToolUse":[)" + bash("@pretool") + R"(],"UserPromptSubmit":[)" +
+                slots + "]}}"),
+         filled(R"({"hooks":{"PreToolUse":[)" + bash("") +
+                R"(,{"matcher":"mcp__wendlow__.*","hooks":[@pretool]}],"UserPromptSubmit":[)" +
+                slots + "]}}"),
+         std::set{preGroup}},
+        {"slots out of order", complete(R"({"hooks":[@index,@rules,@recall]})"), whole, {}},
+        {"an entry that is no object is not ours to rewrite", complete(R"({"hooks":[5,@rules]})"),
+         complete(R"({"hooks":[5]},)" + slots), std::set{group}},
     };
-    for (const Repair& repair : repairs) {
+    for (const auto& [name, before, after, expected] : repairs) {
         std::set<Created> created;
-        const std::string after = afterInstall(filled(repair.before), &created);
-        EXPECT_EQ(after, filled(repair.after)) << repair.name;
-        EXPECT_EQ(created, repair.created) << repair.name;
+        EXPECT_EQ(afterInstall(before, &created), after) << name;
+        EXPECT_EQ(created, expected) << name;
         const auto again = hook.installed(after);
-        EXPECT_TRUE(again && !again->bytes && again->created.empty()) << repair.name;
+        EXPECT_TRUE(again && !again->bytes && again->created.empty()) << name;
     }
 }
 
 TEST(ClaudeCodeHook, rewritesAnotherSpellingOfItsOwnCommand) {
     std::string spelled = whole;
     spelled.replace(spelled.find("--slot rules"), 12, "--slot=rules");
-    const auto scan = JSONText::scanWithTrivia(spelled, JSONDialect::json);
-    for (const HookSite& site : hook.sites(scan->root()))
-        EXPECT_EQ(site.tier, HookOwnership::current);
     const auto finding = hook.find(spelled);
     ASSERT_TRUE(finding.is<BlockFinding::Drifted>());
     EXPECT_EQ(std::get<BlockFinding::Drifted>(finding.content).reasons.front(),
@@ -167,6 +108,10 @@ TEST(ClaudeCodeHook, findsAndSaysWhatIsWrong) {
     const std::string notExpected = "the command is not the one this build writes: ";
     const auto drift = [](std::vector<std::string> reasons) {
         return BlockFinding{BlockFinding::Drifted{std::move(reasons)}};
+    };
+    const auto noPlace = [](const std::string& what) {
+        return BlockFinding{
+            BlockFinding::Foreign{{"the " + what + ", so no entry can be put in it"}}};
     };
     const std::string shape(Drift::otherShape);
     const std::pair<std::string, BlockFinding> cases[] = {
@@ -188,19 +133,13 @@ TEST(ClaudeCodeHook, findsAndSaysWhatIsWrong) {
                 gone})},
         {R"({"hooks":{"UserPromptSubmit":[{"hooks":[@slots]}],"PreToolUse":[{"hooks":[@pretool]}]}})",
          drift({gone, shape})},
-        {R"({"hooks":[]})",
-         {BlockFinding::Foreign{
-             {"the hooks value in this file is not an object, so no entry can be put in it"}}}},
+        {R"({"hooks":[]})", noPlace("hooks value in this file is not an object")},
         {R"({"hooks":{"PreToolUse":{},"UserPromptSubmit":7}})",
-         {BlockFinding::Foreign{{"the UserPromptSubmit value in this file is not an array, so no "
-                                 "entry can be put in it"}}}},
+         noPlace("UserPromptSubmit value in this file is not an array")},
         {R"({"hooks":{"PreToolUse":{}}})",
-         {BlockFinding::Foreign{{"the PreToolUse value in this file is not an array, so no entry "
-                                 "can be put in it"}}}},
+         noPlace("PreToolUse value in this file is not an array")},
         {R"({"a":1,"a":2})",
          {BlockFinding::Unreadable{"the name \"a\" appears twice in one object (at byte 7)"}}},
-        {R"({"x":)",
-         {BlockFinding::Unreadable{"the document ended where a value was expected (at byte 5)"}}},
     };
     for (const auto& [bytes, expected] : cases)
         EXPECT_EQ(hook.find(filled(bytes)), expected) << bytes;
@@ -236,48 +175,40 @@ TEST(ClaudeCodeHook, failsInWordsWhereThereIsNoPlace) {
 }
 
 TEST(ClaudeCodeHook, removesItsEntriesAndTheContainersThatTheReceiptClaims) {
-    struct Removal {
+    const auto leftover = [](const std::string& what) {
+        return "an empty " + what + " remains here, which Wendlow did not create";
+    };
+    const std::set<Created> groups{Created::hookGroup, Created::preToolGroup,
+                                   Created::preToolEventArray};
+    std::set<Created> lists = groups;
+    lists.insert(Created::eventArray);
+    const struct {
         std::string before;
         std::set<Created> created;
         std::string after;
         std::vector<std::string> leftovers;
-    };
-    const auto leftover = [](const std::string& what) {
-        return "an empty " + what + " remains here, which Wendlow did not create";
-    };
-    const Removal removals[] = {
+    } removals[] = {
         {whole, all, "{}", {}},
         {whole,
          {},
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[]}],"PreToolUse":[)"
-         R"({"matcher":"mcp__wendlow__.*","hooks":[]}]}})",
+         R"({"hooks":{"UserPromptSubmit":[{"hooks":[]}],)"
+         R"("PreToolUse":[{"matcher":"mcp__wendlow__.*","hooks":[]}]}})",
          {leftover("hook group"), leftover("hook group")}},
-        {whole,
-         {Created::hookGroup, Created::preToolGroup, Created::preToolEventArray},
-         R"({"hooks":{"UserPromptSubmit":[]}})",
-         {leftover("UserPromptSubmit list")}},
-        {whole,
-         {Created::hookGroup, Created::preToolGroup, Created::preToolEventArray,
-          Created::eventArray},
-         R"({"hooks":{}})",
-         {leftover("hooks object")}},
-        {R"({"hooks":{"UserPromptSubmit":[{"hooks":[@rules,@theirs,@old]}],"Stop":[{"hooks":[@old]}]},"a":1})",
+        {whole, groups, onPrompt(""), {leftover("UserPromptSubmit list")}},
+        {whole, lists, R"({"hooks":{}})", {leftover("hooks object")}},
+        {complete(R"({"hooks":[@rules,@theirs,@old]})"), all, onPrompt(theirs), {}},
+        {onPrompt(R"({"note":"mine","hooks":[@slots]})"),
          all,
-         R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]}]},"a":1})",
-         {}},
-        {R"({"hooks":{"UserPromptSubmit":[{"note":"mine","hooks":[@slots]}]}})",
-         all,
-         R"({"hooks":{"UserPromptSubmit":[{"note":"mine","hooks":[]}]}})",
+         onPrompt(R"({"note":"mine","hooks":[]})"),
          {"a hook group without entries remains here, because it holds more than Wendlow wrote"}},
-        {R"({"hooks":{"Stop":[{"hooks":[]}]}})", all, R"({"hooks":{"Stop":[{"hooks":[]}]}})", {}},
+        {onPrompt(R"({"hooks":[]})"), all, onPrompt(R"({"hooks":[]})"), {}},
         {R"({"hooks":[]})", all, R"({"hooks":[]})", {}},
     };
-    for (const Removal& removal : removals) {
-        const std::string before = filled(removal.before);
-        const auto block = hook.removed(before, removal.created);
+    for (const auto& [before, created, after, leftovers] : removals) {
+        const auto block = hook.removed(before, created);
         ASSERT_TRUE(block) << before;
-        EXPECT_EQ(block->bytes.value_or(before), filled(removal.after));
-        EXPECT_EQ(block->leftovers, removal.leftovers) << before;
+        EXPECT_EQ(block->bytes.value_or(before), after);
+        EXPECT_EQ(block->leftovers, leftovers) << before;
     }
 }
 

@@ -11,76 +11,71 @@ const ClaudeCodeMCP mcp(testing::paths());
 const std::string entry =
     R"({"type":"stdio","command":"/A/Wendlow.app/Contents/MacOS/wendlow-mcp","args":[],"env":{}})";
 
+/// A file whose servers are these members.
+std::string servers(const std::string& members) {
+    return R"({"mcpServers":{)" + members + "}}";
+}
+
 TEST(ClaudeCodeMCP, installsAndRemovesItsEntry) {
-    struct Case {
-        std::string before;
-        std::string installed;
-        bool createsServers;
+    const std::string ours = R"("wendlow":)" + entry;
+    const std::string other = R"("x":{"args":[],"env":{}})";
+    const std::vector<std::string> nothing;
+    const std::vector<std::string> leftover{
+        "an empty mcpServers object remains here, which Wendlow did not create"};
+    const std::set<Created> none;
+    const std::set made{Created::mcpServersObject};
+    const struct {
+        std::string before, installed;
+        std::set<Created> created;
         std::string removed;
-        std::vector<std::string> leftovers;
+    } cases[] = {
+        {"{}", servers(ours), made, "{}"},
+        {R"({"a":1})", R"({"a":1,"mcpServers":{)" + ours + "}}", made, R"({"a":1})"},
+        {servers(""), servers(ours), none, servers("")},
+        {servers(other), servers(other + "," + ours), none, servers(other)},
+        {servers(R"("wendlow":null,)" + other), servers(ours + "," + other), none, servers(other)},
     };
-    const std::string leftover =
-        "an empty mcpServers object remains here, which Wendlow did not create";
-    const Case cases[] = {
-        {"{}", R"({"mcpServers":{"wendlow":)" + entry + "}}", true, "{}", {}},
-        {R"({"a":1})", R"({"a":1,"mcpServers":{"wendlow":)" + entry + "}}", true, R"({"a":1})", {}},
-        {R"({"mcpServers":{}})",
-         R"({"mcpServers":{"wendlow":)" + entry + "}}",
-         false,
-         R"({"mcpServers":{}})",
-         {leftover}},
-        {R"({"mcpServers":{"x":{"args":[],"env":{}}}})",
-         R"({"mcpServers":{"x":{"args":[],"env":{}},"wendlow":)" + entry + "}}",
-         false,
-         R"({"mcpServers":{"x":{"args":[],"env":{}}}})",
-         {}},
-        {R"({"mcpServers":{"wendlow":null,"x":{}}})",
-         R"({"mcpServers":{"wendlow":)" + entry + R"(,"x":{}}})",
-         false,
-         R"({"mcpServers":{"x":{}}})",
-         {}},
-    };
-    for (const Case& each : cases) {
-        const auto installed = mcp.installed(each.before);
-        ASSERT_TRUE(installed) << each.before;
-        EXPECT_EQ(installed->bytes, each.installed);
-        EXPECT_EQ(installed->created.contains(Created::mcpServersObject), each.createsServers);
-        const auto again = mcp.installed(each.installed);
-        EXPECT_TRUE(again && !again->bytes && again->created.empty()) << each.before;
-        const auto removed = mcp.removed(each.installed, installed->created);
-        ASSERT_TRUE(removed) << each.before;
-        EXPECT_EQ(removed->bytes, each.removed);
-        EXPECT_EQ(removed->leftovers, each.leftovers);
-        EXPECT_EQ(mcp.removed(R"({"mcpServers":{}})", installed->created)->bytes, std::nullopt);
+    for (const auto& [before, after, created, without] : cases) {
+        const auto installed = mcp.installed(before);
+        ASSERT_TRUE(installed) << before;
+        EXPECT_EQ(installed->bytes, after);
+        EXPECT_EQ(installed->created, created);
+        const auto again = mcp.installed(after);
+        EXPECT_TRUE(again && !again->bytes && again->created.empty()) << before;
+        const auto removed = mcp.removed(after, installed->created);
+        ASSERT_TRUE(removed) << before;
+        EXPECT_EQ(removed->bytes, without);
+        EXPECT_EQ(removed->leftovers, without == servers("") ? leftover : nothing);
+        EXPECT_EQ(mcp.removed(servers(""), installed->created)->bytes, std::nullopt);
     }
 }
 
 TEST(ClaudeCodeMCP, findsAndSaysWhatIsWrong) {
-    const std::string gone = "the file the command names is not on disk: "
-                             "/A/Wendlow.app/Contents/MacOS/wendlow-mcp";
+    const std::string binary = "/A/Wendlow.app/Contents/MacOS/wendlow-mcp";
+    const std::string gone = "the file the command names is not on disk: " + binary;
     const std::string shape(Drift::otherShape);
+    const auto drifted = [](const std::vector<std::string>& reasons) {
+        return BlockFinding{BlockFinding::Drifted{reasons}};
+    };
+    const auto repeats = [](const std::string& name, int at) {
+        return BlockFinding{BlockFinding::Unreadable{
+            fmt::format("the name {} appears twice in one object (at byte {})", name, at)}};
+    };
+    const BlockFinding absent{BlockFinding::Absent{}};
     const std::pair<std::string, BlockFinding> cases[] = {
-        {"{}", {BlockFinding::Absent{}}},
-        {R"({"mcpServers":{"x":{"a":1,"a":2}},"y":{"b":1,"b":2}})", {BlockFinding::Absent{}}},
-        {R"({"mcpServers":{"wendlow":)" + entry + "}}", {BlockFinding::Drifted{{gone}}}},
-        {R"({"mcpServers":{"wendlow":{"command":"/A/Wendlow.app/Contents/MacOS/wendlow-mcp"}}})",
-         {BlockFinding::Drifted{{gone, shape}}}},
-        {R"({"mcpServers":{"wendlow":{"command":"x"}}})",
-         {BlockFinding::Drifted{{"the command is not the one this build writes: x", gone}}}},
-        {R"({"mcpServers":{"wendlow":{"command":7}}})", {BlockFinding::Drifted{{shape}}}},
-        {R"({"mcpServers":{"wendlow":null}})", {BlockFinding::Drifted{{shape}}}},
-        {R"({"mcpServers":[]})",
-         {BlockFinding::Foreign{{"the mcpServers value in this file is not an object, so no entry "
-                                 "can be put in it"}}}},
-        {R"({"mcpServers":{"wendlow":{"a":1,"a":2}}})",
-         {BlockFinding::Unreadable{"the name \"a\" appears twice in one object (at byte 32)"}}},
-        {R"({"mcpServers":{"x":1,"x":2}})",
-         {BlockFinding::Unreadable{"the name \"x\" appears twice in one object (at byte 21)"}}},
+        {"{}", absent},
+        {R"({"mcpServers":{"x":{"a":1,"a":2}},"y":{"b":1,"b":2}})", absent},
+        {servers(R"("wendlow":)" + entry), drifted({gone})},
+        {servers(R"("wendlow":{"command":")" + binary + R"("})"), drifted({gone, shape})},
+        {servers(R"("wendlow":{"command":"x"})"),
+         drifted({"the command is not the one this build writes: x", gone})},
+        {servers(R"("wendlow":{"command":7})"), drifted({shape})},
+        {servers(R"("wendlow":null)"), drifted({shape})},
+        {servers(R"("wendlow":{"a":1,"a":2})"), repeats("\"a\"", 32)},
+        {servers(R"("x":1,"x":2)"), repeats("\"x\"", 21)},
     };
     for (const auto& [bytes, expected] : cases)
         EXPECT_EQ(mcp.find(bytes), expected) << bytes;
-    EXPECT_EQ(description(mcp.installed(R"({"mcpServers":[]})").error()),
-              "mcpServers is not an object");
     EXPECT_EQ(description(mcp.installed("7").error()), "the top-level value is not an object");
 }
 

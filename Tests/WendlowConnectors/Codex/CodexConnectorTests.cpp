@@ -142,65 +142,51 @@ TEST_F(Codex, leavesWhatItDidNotCreate) {
 }
 
 TEST_F(Codex, saysWhichFileIsInItsWay) {
-    const std::string plain = "a = 1\n";
     const std::string notJSON = "this file did not read as JSON, so nothing was written — ";
     const std::string notTOML = "this file did not read as TOML, so nothing was written — ";
     const std::string stated = " states the Wendlow block outside a table of its own, which is not "
                                "a shape this build can edit";
-    struct Case {
-        std::string hooks, config;
-        Observation refusal;
-        bool removes = false; ///< only `install` is refused
-    };
-    const Case cases[] = {
-        {"{", "= 1", {hooksName, notJSON + "a member name was expected (at byte 1)"}},
-        {"{}",
-         "a = [",
-         {configName, notTOML + "a value was left open at the end of the file (at byte 4)"}},
-        {R"({"hooks":[]})",
-         plain,
-         {hooksName, "nothing was written — hooks is not an object"},
-         true},
-        {R"({"hooks":{"UserPromptSubmit":5}})",
-         plain,
-         {hooksName, "nothing was written — hooks.UserPromptSubmit is not an array"},
-         true},
-        {"{}",
-         serverTable + serverTable,
-         {configName, notTOML + "the table [mcp_servers.wendlow] is declared twice in this file"}},
-        {"{}",
-         "[[mcp_servers.wendlow]]\n",
-         {configName, notTOML + "the table [[mcp_servers.wendlow]] is an array of tables, which is "
-                                "not a shape this build can edit"}},
-        {"{}",
-         "mcp_servers.wendlow.command = \"x\"\n",
-         {configName, notTOML + "the key mcp_servers.wendlow.command" + stated}},
-        {"{}",
-         serverTable + "args = [1]\n",
-         {configName,
-          notTOML + "the key args appears twice in [mcp_servers.wendlow] (at byte @twice)"}},
+    const std::string table = "the table ";
+    enum class Refused { both, installOnly };
+    const struct {
+        std::string hooks, config, text;
+        Refused refused = Refused::both;
+    } cases[] = {
+        {"{", "= 1", notJSON + "a member name was expected (at byte 1)"},
+        {R"({"hooks":[]})", "a = 1\n", "nothing was written — hooks is not an object",
+         Refused::installOnly},
+        {R"({"hooks":{"UserPromptSubmit":5}})", "a = 1\n",
+         "nothing was written — hooks.UserPromptSubmit is not an array", Refused::installOnly},
+        {"{}", "a = [", notTOML + "a value was left open at the end of the file (at byte 4)"},
+        {"{}", serverTable + serverTable,
+         notTOML + table + "[mcp_servers.wendlow] is declared twice in this file"},
+        {"{}", "[[mcp_servers.wendlow]]\n",
+         notTOML + table +
+             "[[mcp_servers.wendlow]] is an array of tables, which is not a shape "
+             "this build can edit"},
+        {"{}", "mcp_servers.wendlow.command = \"x\"\n",
+         notTOML + "the key mcp_servers.wendlow.command" + stated},
+        {"{}", serverTable + "args = [1]\n",
+         notTOML + "the key args appears twice in [mcp_servers.wendlow] (at byte " +
+             std::to_string(home.filled(serverTable).size()) + ")"},
         // The table that the trust lands in counts too, once it is known which one that is.
         {R"({"hooks":{"UserPromptSubmit":[{"hooks":[@theirs]}]}})",
          "[hooks.state]\n\"@slot:1:0\" = { trusted_hash = \"x\" }\n",
-         {configName, notTOML + "the key \"@slot:1:0\"" + stated},
-         true},
-        {"{}",
-         "[mcp_servers.wendlow]\ncommand = \"/usr/local/bin/x\"\n",
-         {configName, "nothing was written — the [mcp_servers.wendlow] entry here was written by "
-                      "hand and is not one this build wrote"}},
-        {"{}",
-         "[mcp_servers.wendlow.env]\n",
-         {configName, "nothing was written — the [mcp_servers.wendlow.env] hangs under the Wendlow "
-                      "MCP entry, and writing this file would leave it holding an entry with no "
-                      "command"}},
+         notTOML + "the key \"@slot:1:0\"" + stated, Refused::installOnly},
+        {"{}", "[mcp_servers.wendlow]\ncommand = \"/usr/local/bin/x\"\n",
+         "nothing was written — the [mcp_servers.wendlow] entry here was written by hand and is "
+         "not one this build wrote"},
+        {"{}", "[mcp_servers.wendlow.env]\n",
+         "nothing was written — the [mcp_servers.wendlow.env] hangs under the Wendlow MCP entry, "
+         "and writing this file would leave it holding an entry with no command"},
     };
-    for (auto [hooks, config, refusal, removes] : cases) {
-        SCOPED_TRACE(refusal.text);
+    for (const auto& [hooks, config, text, refused] : cases) {
+        SCOPED_TRACE(text);
+        const bool isHooks = text.starts_with(notJSON) || text.contains("— hooks");
+        const Observation refusal{isHooks ? hooksName : configName, text};
         home.fill(hooks, config);
-        refusal.text = testing::replaced(
-            refusal.text, {{"@twice", std::to_string(home.filled(serverTable).size())}});
         expectOutcome(home.connector().install(), Result::refused, {refusal});
-        if (!removes)
+        if (refused == Refused::both)
             expectOutcome(home.connector().remove(), Result::refused, {refusal});
         expectFiles(hooks, config);
         EXPECT_NE(home.connector().scan().state, ConnectorState::connected);
@@ -311,14 +297,16 @@ TEST_F(Codex, saysWhatItMovesAndWhatItLeaves) {
 }
 
 TEST_F(Codex, saysThatCommentsWereReplaced) {
-    home.fill(ours, "[mcp_servers.wendlow]\n# mine\ncommand = "
-                    "\"/B/Wendlow.app/Contents/MacOS/wendlow-mcp\"\n");
+    home.fill(ours, "# above\n[mcp_servers.wendlow]\n# one\ncommand = "
+                    "\"/B/Wendlow.app/Contents/MacOS/wendlow-mcp\" # two\n\n# three\n"
+                    "args = [ # four\n]\n# below\n[x]\ny = \"# none\"\n");
     expectOutcome(home.connector().install(), Result::changed,
                   {{configCopy, copied},
                    {configName, written},
                    {hooksName, asItWas},
-                   {configName, "1 comment lines inside the Wendlow MCP entry were replaced"}});
-    expectFiles(ours, serverTable + "\n" + trustTable("0:0"));
+                   {configName, "4 comment lines inside the Wendlow MCP entry were replaced"}});
+    expectFiles(ours,
+                "# above\n" + serverTable + "# below\n[x]\ny = \"# none\"\n\n" + trustTable("0:0"));
 }
 
 } // namespace

@@ -1,9 +1,6 @@
 // What goes wrong in people's files, each caused for real.
 
 #include "CodexHome.h"
-#include "CodexRoundTrip.h"
-
-#include <random>
 
 #include <gmock/gmock.h>
 
@@ -159,45 +156,6 @@ TEST(CodexFaults, aLinkedHooksFileIsTrustedWhereItReallyLies) {
     EXPECT_FALSE(fs::exists(home.path("dotfiles/hooks.json")));
     EXPECT_FALSE(fs::exists(home.path("dotfiles/codex/config.toml")));
     EXPECT_TRUE(fs::is_symlink(home.configFile()));
-}
-
-/// Random configurations around the tables that matter; white space and layout are anybody's.
-class Configurations {
-public:
-    std::string next() {
-        m_newline = pick({"\n", "\r\n"});
-        std::string text = pick({"", "", "\xEF\xBB\xBF"});
-        for (std::size_t left = below(7); left > 0; --left)
-            text += line() + m_newline;
-        return text + pick({"", line()});
-    }
-
-private:
-    std::size_t below(std::size_t limit) { return m_random() % limit; }
-    std::string pick(std::vector<std::string> choices) { return choices[below(choices.size())]; }
-    std::string line() {
-        return pick(
-            {"", "", " \t", "# a \" comment '", "k" + std::to_string(below(9999)) + " = 1",
-             "[t" + std::to_string(below(9999)) + "] # x", "[[list]]",
-             "[hooks.state.\"@slot:" + std::to_string(below(9)) + ":0\"]",
-             "[hooks.state.\"/p:user_prompt_submit:0:" + std::to_string(below(9)) + "\"]",
-             "trusted_hash = \"u\"", "enabled = " + pick({"true", "false"}),
-             "x" + std::to_string(below(9999)) + " = '''" + m_newline + "[a]" + m_newline + "'''"});
-    }
-
-    std::mt19937 m_random{20261121};
-    std::string m_newline;
-};
-
-TEST(CodexFaults, randomConfigurationsComeBack) {
-    Configurations configurations;
-    const testing::InMemory memory;
-    const CodexHome home;
-    for (int count = 0; count < 1000; ++count) {
-        const std::string config = home.filled(configurations.next());
-        const auto broken = testing::brokenCodexRoundTrip(home, home.filled(person), config);
-        ASSERT_EQ(broken, std::nullopt) << config;
-    }
 }
 
 } // namespace

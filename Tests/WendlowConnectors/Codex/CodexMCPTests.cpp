@@ -96,18 +96,5 @@ TEST(CodexMCP, isNeverLeftWithoutACommandAboveASubTable) {
     }
 }
 
-TEST(CodexMCP, countsTheCommentsThatItReplaces) {
-    const CodexHome home;
-    const CodexMCP mcp(home.paths());
-    const std::string bytes = "# above\n" + header +
-                              "# one\ncommand = \"# none\" # two\n\n# three\nargs = [ # four\n]\n"
-                              "# below\n[x]\n";
-    const auto document = *TOMLText::scan(bytes);
-    const auto installed = mcp.installed(bytes, document);
-    EXPECT_EQ(installed->bytes, home.filled("# above\n" + header + "@server# below\n[x]\n"));
-    EXPECT_EQ(installed->commentsReplaced, 4U);
-    EXPECT_EQ(installed->created, std::set<Created>{});
-}
-
 } // namespace
 } // namespace wendlow

@@ -94,14 +94,6 @@ TEST_F(TransactionTest, TouchesNothingThatDoesNotChange) {
     EXPECT_EQ(Backup::all(a).size(), 3U) << "no pruning either";
 }
 
-TEST_F(TransactionTest, KeepsTheTwoNewestCopies) {
-    put(a, "0");
-    for (const auto* step : {"1", "2", "3"})
-        ASSERT_EQ(commit({{a, "a", get(a), step}}).outcome.index(), 0U);
-    EXPECT_THAT(Backup::all(a), ElementsAre(copyOf(a, "-02"), copyOf(a, "-03")));
-    EXPECT_EQ(get(copyOf(a, "-03")), "2");
-}
-
 TEST_F(TransactionTest, LooksBeforeItTouches) {
     put(a, "old");
     fs::create_directories(home / "folder");
