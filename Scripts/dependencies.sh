@@ -6,7 +6,7 @@ set -euo pipefail
 # To build and to run.
 packages=(
     g++ cmake ninja-build ccache pkg-config git
-    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools libqt6svg6-dev qcoro-qt6-dev
+    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev qcoro-qt6-dev
     qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
     qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-layouts
     qml6-module-qtquick-templates
@@ -15,7 +15,7 @@ packages=(
 )
 # To test and to measure.
 test_packages=(
-    clang-19 clang-tools-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
+    clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     rapidjson-dev libsimdjson-dev libtomlplusplus-dev
     qml6-module-qttest xvfb xdotool at-spi2-core openbox python3
