@@ -140,6 +140,8 @@ WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
     case WindowKind::editor:
         return {QStringLiteral("WendlowSettingsApp/EditorStage.qml"),
                 {{QStringLiteral("worlds"), QVariant::fromValue(&worlds())}}};
+    case WindowKind::controlsBench:
+        return {QStringLiteral("WendlowControls/ControlsBench.qml"), {}};
     default:
         return {QStringLiteral("WendlowSettingsApp/PlainStage.qml"), {}};
     }
