@@ -15,17 +15,28 @@ template<class Edit> bool take(TOMLDraft& draft, Edit& edit) {
     return edit && draft.take(std::move(edit->bytes));
 }
 
+struct Rest {
+    std::optional<std::string> bytes; ///< nothing: nothing in it was ours
+    bool endedInOurs = false;
+};
+
 /// The configuration without our table and these slots. Nothing: it could not be made.
-std::optional<RemovedBlock> withoutOurs(std::string_view bytes, const TOMLDocument& document,
-                                        const std::vector<std::string>& keys) {
+std::optional<Rest> withoutOurs(std::string_view bytes, const TOMLDocument& document,
+                                const std::vector<std::string>& keys) {
     TOMLDraft draft(bytes, document);
-    auto server = CodexMCP::removed(draft.bytes(), draft.document());
-    if (!take(draft, server))
+    bool endedInOurs = false;
+    // Step by step: taken all together, what went from the middle hides what went from the end.
+    const auto takeAway = [&](auto removal) {
+        if (removal && removal->bytes && draft.bytes().starts_with(*removal->bytes))
+            endedInOurs = true;
+        return take(draft, removal);
+    };
+    if (!takeAway(CodexMCP::removed(draft.bytes(), draft.document())))
         return std::nullopt;
-    auto trust = CodexTrust::removed(draft.bytes(), keys);
-    if (!take(draft, trust))
-        return std::nullopt;
-    return RemovedBlock{.bytes = std::move(draft).finish(), .leftovers = {}};
+    for (const std::string& key : keys)
+        if (!takeAway(CodexTrust::removed(draft.bytes(), {key})))
+            return std::nullopt;
+    return Rest{.bytes = std::move(draft).finish(), .endedInOurs = endedInOurs};
 }
 
 /// Whether a file that gets a final line end for our sake keeps the line that had none. Where that
@@ -94,9 +105,8 @@ CodexConfigPlan::removed(std::string_view bytes, const TOMLDocument& document,
     if (!rest)
         return std::nullopt;
     plan.bytes = std::move(rest->bytes);
-    const bool endsAsBefore =
-        plan.bytes && plan.bytes->ends_with('\n') && bytes.starts_with(*plan.bytes);
-    if (endsAsBefore && created.contains(Created::codexConfigTrailingNewline))
+    if (plan.bytes && plan.bytes->ends_with('\n') && rest->endedInOurs &&
+        created.contains(Created::codexConfigTrailingNewline))
         plan.bytes->resize(withoutAddedLineEnd(*plan.bytes).size());
     return plan;
 }

@@ -59,6 +59,8 @@ TEST(CodexFaults, anOlderTableIsWrittenWhereItStands) {
     const std::string old = "[mcp_servers.wendlow]\ncommand = "
                             "\"/B/Wendlow.app/Contents/MacOS/wendlow-mcp\"\nargs = [\"x\"]\n";
     const std::string trust = "[hooks.state.\"@slot:0:0\"]\ntrusted_hash = \"@hash\"\n";
+    const std::string hash = "trusted_hash = \"@hash\"\n";
+    const std::string switched = "[hooks.state.\"@slot:0:0\"]\nenabled = true";
     const std::string left = "# above\na = 1\n";
     const std::string right = "[other]\nb = 2 # beside\n";
     struct Case {
@@ -71,6 +73,8 @@ TEST(CodexFaults, anOlderTableIsWrittenWhereItStands) {
          left + "\n" + right},
         // The line that had no end goes with our table, the end of the one above is the person's.
         {left + "\n" + old.substr(0, old.size() - 1), left + "\n" + server + "\n" + trust, left},
+        // It is a person's, in a table that our trust goes into, and stays without one.
+        {server + "\n" + switched, server + "\n" + switched + "\n" + hash, switched},
     };
     for (const auto& [before, installed, removed] : cases) {
         SCOPED_TRACE(before);
