@@ -5,6 +5,7 @@
 #include "ScanJoin.h"
 
 #include <algorithm>
+#include <array>
 #include <tuple>
 #include <utility>
 
@@ -12,35 +13,29 @@ namespace wendlow {
 
 namespace {
 
-struct Sources {
-    ClaudeCodeHook::Readable settings;
-    ClaudeCodeMCP::Readable servers;
-};
-
-std::optional<std::string> reason(const JSONBlock::Readable& source) {
-    return source ? std::nullopt : std::optional(source.error());
-}
-
-/// Why a verb may not plan for these files, in their order.
-std::optional<ConnectorOutcome> readingRefusal(const ToolFile& settings, const ToolFile& servers,
-                                               const Sources& sources) {
-    Observations observations;
-    if (auto refusal = settings.refusal(reason(sources.settings)))
-        observations.push_back(*std::move(refusal));
-    if (auto refusal = servers.refusal(reason(sources.servers)))
-        observations.push_back(*std::move(refusal));
-    if (observations.empty())
-        return std::nullopt;
-    return ConnectorVerb::refused(std::move(observations));
+std::optional<std::string> reason(const JSONBlock::Readable& document) {
+    return document ? std::nullopt : std::optional(document.error());
 }
 
 } // namespace
 
-/// Both files as they are, and what the blocks say about them.
+/// Both files as they are.
 struct ClaudeCodeConnector::Look {
+    explicit Look(const ClaudeCodeConnector& claude)
+        : settings(ToolFile::read(claude.m_paths.settingsFile)),
+          servers(ToolFile::read(claude.m_paths.mcpFile)),
+          settingsDocument(claude.m_hook.read(settingsBytes())),
+          serversDocument(claude.m_mcp.read(serversBytes())) {}
+    Look(const Look&) = delete; // the documents point into the files' bytes
+    Look& operator=(const Look&) = delete;
+
+    std::string_view settingsBytes() const { return settings.bytesOr(JSONBlock::seed); }
+    std::string_view serversBytes() const { return servers.bytesOr(JSONBlock::seed); }
+
     ToolFile settings;
     ToolFile servers;
-    std::array<BlockFinding, 2> findings; ///< hook, MCP
+    ClaudeCodeHook::Readable settingsDocument;
+    ClaudeCodeMCP::Readable serversDocument;
 };
 
 ClaudeCodeConnector::ClaudeCodeConnector(ClaudeCodePaths paths,
@@ -62,25 +57,19 @@ bool ClaudeCodeConnector::toolIsHere() const {
 ScanReport ClaudeCodeConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.mcpFile);
-    const Look here = look();
-    Observations said = observations(here.findings[0], {.path = m_paths.settingsFile.string(),
-                                                        .what = "hook entry",
-                                                        .command = m_paths.hookCommand()});
-    std::ranges::move(observations(here.findings[1], {.path = m_paths.mcpFile.string(),
-                                                      .what = "MCP server entry",
-                                                      .command = m_paths.mcpCommand()}),
+    const ToolFile settings = ToolFile::read(m_paths.settingsFile);
+    const ToolFile servers = ToolFile::read(m_paths.mcpFile);
+    const std::array<BlockFinding, 2> findings{m_hook.find(settings.view()),
+                                               m_mcp.find(servers.view())};
+    Observations said = observations(findings[0], {.path = m_paths.settingsFile.string(),
+                                                   .what = "hook entry",
+                                                   .command = m_paths.hookCommand()});
+    std::ranges::move(observations(findings[1], {.path = m_paths.mcpFile.string(),
+                                                 .what = "MCP server entry",
+                                                 .command = m_paths.mcpCommand()}),
                       std::back_inserter(said));
-    return {.identity = identity(),
-            .state = ScanJoin::state(here.findings),
-            .observations = folded(said)};
-}
-
-ClaudeCodeConnector::Look ClaudeCodeConnector::look() const {
-    Look here{.settings = ToolFile::read(m_paths.settingsFile),
-              .servers = ToolFile::read(m_paths.mcpFile),
-              .findings = {}};
-    here.findings = {m_hook.find(here.settings.view()), m_mcp.find(here.servers.view())};
-    return here;
+    return {
+        .identity = identity(), .state = ScanJoin::state(findings), .observations = folded(said)};
 }
 
 ConnectorOutcome ClaudeCodeConnector::install() const {
@@ -88,57 +77,49 @@ ConnectorOutcome ClaudeCodeConnector::install() const {
         return ConnectorVerb::refused(
             {{m_paths.configDirectory.string(),
               "there is no Claude Code configuration here, so nothing was written"}});
-    ToolFile settings = ToolFile::read(m_paths.settingsFile);
-    ToolFile servers = ToolFile::read(m_paths.mcpFile);
-    const std::string_view settingsBytes = settings.bytesOr(JSONBlock::seed);
-    const std::string_view serversBytes = servers.bytesOr(JSONBlock::seed);
-    const Sources sources{m_hook.read(settingsBytes), m_mcp.read(serversBytes)};
-    if (auto refusal = readingRefusal(settings, servers, sources))
+    Look here(*this);
+    if (auto refusal = readingRefusal(here))
         return *std::move(refusal);
     if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
         return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
     // That it cannot be made is found again by the commit, which says so in words.
     std::ignore = Disk::createDirectories(m_paths.configDirectory, 0700);
 
-    auto hooks = m_hook.installed(settingsBytes, *sources.settings);
+    auto hooks = m_hook.installed(here.settingsBytes(), *here.settingsDocument);
     if (!hooks)
-        return ConnectorVerb::refused(PlanFailure{settings.label, description(hooks.error())});
-    auto server = m_mcp.installed(serversBytes, *sources.servers);
+        return ConnectorVerb::refused(PlanFailure{here.settings.label, description(hooks.error())});
+    auto server = m_mcp.installed(here.serversBytes(), *here.serversDocument);
     if (!server)
-        return ConnectorVerb::refused(PlanFailure{servers.label, description(server.error())});
+        return ConnectorVerb::refused(PlanFailure{here.servers.label, description(server.error())});
 
     // Nothing looks at the documents from here on: the bytes they point into are moved.
     ConnectorVerb::Installation installation;
-    installation.add(std::move(settings), *std::move(hooks), Created::settingsFile);
-    installation.add(std::move(servers), *std::move(server), Created::mcpFile);
+    installation.add(std::move(here.settings), *std::move(hooks), Created::settingsFile);
+    installation.add(std::move(here.servers), *std::move(server), Created::mcpFile);
     return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
                                   m_surroundings);
 }
 
 ConnectorOutcome ClaudeCodeConnector::remove() const {
-    ToolFile settings = ToolFile::read(m_paths.settingsFile);
-    ToolFile servers = ToolFile::read(m_paths.mcpFile);
-    const std::string_view settingsBytes = settings.bytesOr(JSONBlock::seed);
-    const std::string_view serversBytes = servers.bytesOr(JSONBlock::seed);
-    const Sources sources{m_hook.read(settingsBytes), m_mcp.read(serversBytes)};
-    if (auto refusal = readingRefusal(settings, servers, sources))
+    Look here(*this);
+    if (auto refusal = readingRefusal(here))
         return *std::move(refusal);
     const ReceiptStore receipts{m_paths.receiptFile};
     const std::set<Created> created = receipts.read().created;
-    auto hooks = m_hook.removed(settingsBytes, *sources.settings, created);
+    auto hooks = m_hook.removed(here.settingsBytes(), *here.settingsDocument, created);
     if (!hooks)
-        return ConnectorVerb::refused(PlanFailure{settings.label, description(hooks.error())});
-    auto server = m_mcp.removed(serversBytes, *sources.servers, created);
+        return ConnectorVerb::refused(PlanFailure{here.settings.label, description(hooks.error())});
+    auto server = m_mcp.removed(here.serversBytes(), *here.serversDocument, created);
     if (!server)
-        return ConnectorVerb::refused(PlanFailure{servers.label, description(server.error())});
+        return ConnectorVerb::refused(PlanFailure{here.servers.label, description(server.error())});
 
     // Nothing looks at the documents from here on: the bytes they point into are moved.
     std::vector<PlannedFile> files;
     Observations notes;
-    files.push_back(ConnectorVerb::planRemoval(std::move(settings), *std::move(hooks),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.settings), *std::move(hooks),
                                                created.contains(Created::settingsFile),
                                                JSONBlock::isEmptyObject, notes));
-    files.push_back(ConnectorVerb::planRemoval(std::move(servers), *std::move(server),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers), *std::move(server),
                                                created.contains(Created::mcpFile),
                                                JSONBlock::isEmptyObject, notes));
     return ConnectorVerb::remove(std::move(files), std::move(notes), receipts, m_surroundings);
@@ -153,6 +134,18 @@ bool ClaudeCodeConnector::staleOwnWiring() const {
         return false;
     return HookGroups::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
            Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
+}
+
+/// Why no verb may plan for these files, in their order.
+std::optional<ConnectorOutcome> ClaudeCodeConnector::readingRefusal(const Look& here) {
+    Observations observations;
+    if (auto refusal = here.settings.refusal(reason(here.settingsDocument)))
+        observations.push_back(*std::move(refusal));
+    if (auto refusal = here.servers.refusal(reason(here.serversDocument)))
+        observations.push_back(*std::move(refusal));
+    if (observations.empty())
+        return std::nullopt;
+    return ConnectorVerb::refused(std::move(observations));
 }
 
 } // namespace wendlow

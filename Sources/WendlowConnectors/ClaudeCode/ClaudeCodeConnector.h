@@ -6,7 +6,7 @@
 #include "Connector.h"
 #include "ConnectorVerb.h"
 
-#include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,7 +35,7 @@ private:
     struct Look;
 
     bool toolIsHere() const;
-    Look look() const;
+    static std::optional<ConnectorOutcome> readingRefusal(const Look& here);
 
     ClaudeCodePaths m_paths;
     ConnectorVerb::Surroundings m_surroundings;
