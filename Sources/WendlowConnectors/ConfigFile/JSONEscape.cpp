@@ -1,5 +1,8 @@
 #include "ConfigFile/JSONEscape.h"
 
+#include "ConfigFile/HexDigit.h"
+#include "ConfigFile/UTF8.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -25,17 +28,11 @@ std::optional<std::uint32_t> parseHexQuad(const char* at, const char* end) {
     }
     std::uint32_t quad = 0;
     for (const char byte : std::string_view(at, 4)) {
-        int digit = 0;
-        if (byte >= '0' && byte <= '9') {
-            digit = byte - '0';
-        } else if (byte >= 'a' && byte <= 'f') {
-            digit = byte - 'a' + 10;
-        } else if (byte >= 'A' && byte <= 'F') {
-            digit = byte - 'A' + 10;
-        } else {
+        const auto digit = hexDigit(byte);
+        if (!digit) {
             return std::nullopt;
         }
-        quad = quad << 4 | static_cast<std::uint32_t>(digit);
+        quad = quad << 4 | *digit;
     }
     return quad;
 }
@@ -68,26 +65,6 @@ Escape readUnicodeEscape(const char* at, const char* end) {
             .failure = {}};
 }
 
-void appendUTF8(std::string& out, std::uint32_t scalar) {
-    const auto put = [&out](std::uint32_t byte) { out += static_cast<char>(byte); };
-    const auto putRest = [&](unsigned shift) { put(0x80 | (scalar >> shift & 0x3F)); };
-    if (scalar < 0x80) {
-        put(scalar);
-    } else if (scalar < 0x800) {
-        put(0xC0 | scalar >> 6);
-        putRest(0);
-    } else if (scalar < 0x10000) {
-        put(0xE0 | scalar >> 12);
-        putRest(6);
-        putRest(0);
-    } else {
-        put(0xF0 | scalar >> 18);
-        putRest(12);
-        putRest(6);
-        putRest(0);
-    }
-}
-
 } // namespace
 
 Escape readEscape(const char* at, const char* end) {
@@ -116,7 +93,7 @@ std::string decoded(std::string_view body) {
             return out;
         }
         const auto escape = readEscape(backslash, end);
-        appendUTF8(out, escape.scalar);
+        UTF8::append(out, escape.scalar);
         run = escape.next;
     }
 }

@@ -1,5 +1,6 @@
 #include "ConfigFile/TOMLString.h"
 
+#include "ConfigFile/HexDigit.h"
 #include "ConfigFile/JSONBytes.h"
 #include "ConfigFile/TOMLBytes.h"
 #include "ConfigFile/UTF8.h"
@@ -32,16 +33,6 @@ std::optional<char> simpleEscape(char byte) {
     default:
         return std::nullopt;
     }
-}
-
-std::optional<std::uint32_t> hexDigit(char byte) {
-    if (byte >= '0' && byte <= '9')
-        return static_cast<std::uint32_t>(byte - '0');
-    if (byte >= 'a' && byte <= 'f')
-        return static_cast<std::uint32_t>(byte - 'a' + 10);
-    if (byte >= 'A' && byte <= 'F')
-        return static_cast<std::uint32_t>(byte - 'A' + 10);
-    return std::nullopt;
 }
 
 } // namespace
