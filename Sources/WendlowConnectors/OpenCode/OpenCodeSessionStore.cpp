@@ -23,10 +23,10 @@ constexpr auto busyTimeout = std::chrono::milliseconds(1500);
 /// A read-only connection, closed with the object.
 class Database {
 public:
-    explicit Database(const Path& path) {
+    explicit Database(const Path& path, int furtherFlags = 0) {
         sqlite3* connection = nullptr;
-        m_isOpen =
-            sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK;
+        m_isOpen = sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READONLY | furtherFlags,
+                                   nullptr) == SQLITE_OK;
         m_connection.reset(connection); // one that failed has to be closed too, if there is any
     }
 
@@ -99,7 +99,27 @@ std::optional<std::vector<std::string>> answers(const Path& path, const std::str
 struct Hash : std::hash<std::string_view> {
     using is_transparent = void;
 };
-using LatestTimes = std::unordered_map<std::string, std::int64_t, Hash, std::equal_to<>>;
+using Times = std::unordered_map<std::string, std::int64_t, Hash, std::equal_to<>>;
+
+/// The latest time of each folder.
+class LatestTimes {
+public:
+    void record(std::string_view directory, std::int64_t time) {
+        // Sessions of one folder come in runs.
+        if (m_last == nullptr || m_last->first != directory) {
+            auto known = m_times.find(directory);
+            if (known == m_times.end())
+                known = m_times.emplace(directory, time).first;
+            m_last = &*known;
+        }
+        m_last->second = std::max(m_last->second, time);
+    }
+    Times finish() && { return std::move(m_times); }
+
+private:
+    Times m_times;
+    Times::value_type* m_last = nullptr;
+};
 
 /// Takes in one row. False where it names no folder or no time.
 bool take(Query& row, LatestTimes& times) {
@@ -109,11 +129,7 @@ bool take(Query& row, LatestTimes& times) {
     const std::string_view directory = row.text(0);
     if (directory.empty() || time < 1)
         return false;
-    const auto known = times.find(directory);
-    if (known == times.end())
-        times.emplace(directory, time);
-    else
-        known->second = std::max(known->second, time);
+    times.record(directory, time);
     return true;
 }
 
@@ -123,11 +139,13 @@ FileDate date(std::int64_t milliseconds) {
     return FileDate(std::min(std::chrono::milliseconds(milliseconds), latest.time_since_epoch()));
 }
 
-std::vector<Sighting> sightings(const LatestTimes& times) {
+std::vector<Sighting> sightings(Times times) {
     std::vector<Sighting> result;
     result.reserve(times.size());
-    for (const auto& [directory, time] : times)
-        result.push_back({directory, date(time)});
+    while (!times.empty()) {
+        auto folder = times.extract(times.begin());
+        result.push_back({std::move(folder.key()), date(folder.mapped())});
+    }
     std::ranges::sort(result, [](const Sighting& a, const Sighting& b) {
         return std::tie(b.lastActivity, a.directory) < std::tie(a.lastActivity, b.directory);
     });
@@ -158,7 +176,9 @@ bool isOpenCode1StillUsed(const Path& database, FileDate now) {
 }
 
 std::expected<Decoded, Refusal> read(const Path& path) {
-    const Database database(path);
+    // Nobody else has this connection, and a lock around each look at each column would cost more
+    // than the looks.
+    const Database database(path, SQLITE_OPEN_NOMUTEX);
     if (!database.isOpen())
         return std::unexpected(database.refusal("it would not open"));
     Query query(database, "SELECT directory, time_updated FROM session_v2");
@@ -172,7 +192,7 @@ std::expected<Decoded, Refusal> read(const Path& path) {
             ++decoded.skipped;
     if (status != SQLITE_DONE)
         return std::unexpected(database.refusal("a row would not read"));
-    decoded.sightings = sightings(times);
+    decoded.sightings = sightings(std::move(times).finish());
     return decoded;
 }
 
