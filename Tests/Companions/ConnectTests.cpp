@@ -154,22 +154,19 @@ TEST_F(Connect, refusesWrongUsage) {
 
 TEST_F(Connect, clearsTheDesktopAppsFileUnlessTheAppRuns) {
     const auto config = file("Library/Application Support/Claude/claude_desktop_config.json");
-    const std::string wired =
-        R"({"mcpServers":{"w":{"command":"/dist-dev/Wendlow.app/Contents/MacOS/wendlow-mcp"}}})";
-    put(config, wired);
-    EXPECT_EQ(connect("converge --claude-running no").status, 0);
-    EXPECT_EQ(get(config), wired) << "the entry is of the other profile";
+    put(config,
+        R"({"mcpServers":{"w":{"command":"/dist-dev/Wendlow.app/Contents/MacOS/wendlow-mcp"}}})");
+    EXPECT_THAT(connect("converge --claude-running no").out, HasSubstr("no Wendlow entry of this"));
+    fs::copy_file("/bin/sleep", file("Claude"));
     const auto during = testing::runProgram(
-        "/bin/sh",
-        {"-c", "cd '" + m_home.path().string() +
-                   "' && cp /bin/sleep Claude && { ./Claude 60 & } && "
-                   "until [ \"$(readlink /proc/$!/exe)\" = \"$PWD/Claude\" ]; do :; done; "
-                   "'" WENDLOW_CONNECT_PROGRAM
-                   "' --home . --bundle Wendlow.app converge --profile dev; kill $!"});
+        "/bin/sh", {"-c", "cd '" + m_home.path().string() +
+                              "'; ./Claude 60 & until [ \"$(readlink /proc/$!/exe)\" = "
+                              "\"$PWD/Claude\" ]; do :; done; "
+                              "'" WENDLOW_CONNECT_PROGRAM
+                              "' --home . --bundle Wendlow.app converge --profile dev; kill $!"});
     EXPECT_EQ(during.out, "Claude Chat retirement: unchanged\n  " + config.string() +
                               ": Claude is running, so this file was left as it is until Claude "
                               "quits\n");
-    EXPECT_EQ(get(config), wired);
     EXPECT_THAT(connect("converge --profile dev --claude-running no").out,
                 HasSubstr("claude_desktop_config.json: the Wendlow entry \"w\" was removed from "
                           "this file\n"));

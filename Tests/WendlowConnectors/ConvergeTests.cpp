@@ -36,27 +36,20 @@ TEST(Converge, leavesTheDesktopAppsFileAloneWhileTheAppRuns) {
     const std::string wired =
         R"({"mcpServers":{"wendlow":{"command":"/Wendlow.app/Contents/MacOS/wendlow-mcp"}}})";
     testing::put(file, wired);
-    int asked = 0;
     const auto run = [&](bool isClaudeRunning) {
         return Converge::run(home.path(), home / "Wendlow.app", "/Applications",
-                             Connectors::Profile::production, [&] {
-                                 ++asked;
-                                 return isClaudeRunning;
-                             });
+                             Connectors::Profile::production, [=] { return isClaudeRunning; });
     };
-    const std::vector<Converge::Repair> left{
-        {"Claude Chat retirement",
-         {ConnectorOutcome::Result::unchanged,
-          {{file.string(), "Claude is running, so this file was left as it is until Claude quits"}},
-          {}}}};
-    EXPECT_EQ(run(true), left);
+    const Observation left{file.string(),
+                           "Claude is running, so this file was left as it is until Claude quits"};
+    const Converge::Repair repair{"Claude Chat retirement",
+                                  {ConnectorOutcome::Result::unchanged, {left}, {}}};
+    EXPECT_THAT(run(true), ElementsAre(repair));
     EXPECT_EQ(testing::get(file), wired);
     const auto repairs = run(false);
     ASSERT_EQ(repairs.size(), 1U);
-    EXPECT_EQ(repairs[0].name, "Claude Chat retirement");
     EXPECT_EQ(repairs[0].outcome.result, ConnectorOutcome::Result::changed);
     EXPECT_EQ(testing::get(file), R"({"mcpServers":{}})");
-    EXPECT_EQ(asked, 2);
 }
 
 TEST(Connectors, standInTheirFixedOrder) {
