@@ -12,8 +12,9 @@
 namespace wendlow {
 
 /// OpenCode's session database, which a running OpenCode may be writing at the same moment. Read
-/// only, one connection for each call. Blocks, for up to a second and a half where a question is
-/// put to a database that is locked; any thread.
+/// only, one connection for each call; beside a database with a write-ahead log, SQLite makes the
+/// log's two companion files where they are missing, and OpenCode takes them away again. Blocks,
+/// for up to a second and a half where a question is put to a database that is locked; any thread.
 namespace OpenCodeSessionStore {
 
 using Path = std::filesystem::path;
