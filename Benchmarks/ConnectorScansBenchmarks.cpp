@@ -70,10 +70,12 @@ private:
 void scans(benchmark::State& state) {
     const ConnectedHome home(static_cast<std::size_t>(state.range(0)));
     const auto connectors = home.connectors();
-    for (auto _ : state)
+    for (auto round : state) {
+        (void)round;
         for (const auto& connector : connectors)
             if (connector->scan().state != ConnectorState::connected)
                 state.SkipWithError("a tool is not connected");
+    }
     state.counters["tools"] = static_cast<double>(connectors.size());
 }
 BENCHMARK(scans)
@@ -85,7 +87,8 @@ BENCHMARK(scans)
 void bareRead(benchmark::State& state) {
     const ConnectedHome home(static_cast<std::size_t>(state.range(0)));
     const auto files = home.files();
-    for (auto _ : state)
+    for (auto round : state) {
+        (void)round;
         for (const auto& path : files) {
             const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
             std::string bytes(fs::file_size(path), '\0');
@@ -96,6 +99,7 @@ void bareRead(benchmark::State& state) {
             ::close(file);
             benchmark::DoNotOptimize(bytes.data());
         }
+    }
     state.counters["files"] = static_cast<double>(files.size());
 }
 BENCHMARK(bareRead)

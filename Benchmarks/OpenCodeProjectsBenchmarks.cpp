@@ -72,16 +72,19 @@ std::size_t countProjects(const OpenCodePaths& paths) {
 void projects(benchmark::State& state) {
     const OpenCodePaths paths = store(state.range(0)).paths();
     const auto peak = peakMemory([&] { benchmark::DoNotOptimize(countProjects(paths)); });
-    for (auto _ : state)
+    for (auto round : state) {
+        (void)round;
         if (std::cmp_not_equal(countProjects(paths), state.range(0)))
             state.SkipWithError("the projects were not all found");
+    }
     state.counters["MB"] = static_cast<double>(peak) / 1e6;
 }
 BENCHMARK(projects)->ArgName("folders")->Arg(40)->Arg(2'000)->Unit(benchmark::kMillisecond);
 
 void bareStep(benchmark::State& state) {
     const OpenCodePaths paths = store(state.range(0)).paths();
-    for (auto _ : state) {
+    for (auto round : state) {
+        (void)round;
         sqlite3* database = open(paths.sessionDatabase(), SQLITE_OPEN_READONLY);
         sqlite3_stmt* statement = nullptr;
         sqlite3_prepare_v2(database, "SELECT directory, time_updated FROM session_v2", -1,
