@@ -160,8 +160,8 @@ TEST_F(Connect, clearsTheDesktopAppsFileUnlessTheAppRuns) {
     fs::copy_file("/bin/sleep", file("Claude"));
     const auto during = testing::runProgram(
         "/bin/sh", {"-c", "cd '" + m_home.path().string() +
-                              "'; ./Claude 60 & until [ \"$(readlink /proc/$!/exe)\" = "
-                              "\"$PWD/Claude\" ]; do :; done; "
+                              "'; ./Claude 60 & until [ \"$(tr '\\0' ' ' </proc/$!/cmdline)\""
+                              " = './Claude 60 ' ]; do :; done; "
                               "'" WENDLOW_CONNECT_PROGRAM
                               "' --home . --bundle Wendlow.app converge --profile dev; kill $!"});
     EXPECT_EQ(during.out, "Claude Chat retirement: unchanged\n  " + config.string() +

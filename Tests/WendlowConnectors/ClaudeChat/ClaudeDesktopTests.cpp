@@ -28,6 +28,9 @@ TEST(ClaudeDesktop, isKnownByItsProcess) {
     fs::create_directory(processes);
     fs::create_directory_symlink(fs::path("/proc") / std::to_string(child),
                                  processes / std::to_string(child));
+    // For a moment a new program has no command line yet.
+    for (int tries = 0; testing::get(processes / std::to_string(child) / "cmdline") == ""; ++tries)
+        ASSERT_LT(tries, 1'000'000);
     EXPECT_TRUE(isRunning(processes));
     EXPECT_TRUE(isRunning());
     fs::remove(program); // replaced by an update
