@@ -100,14 +100,17 @@ private:
         const auto text = value(option);
         if (!text)
             return std::unexpected(text.error());
-        if (option == "--profile" && *text == "dev")
-            m_arguments.profile = Connectors::Profile::dev;
-        else if (option == "--profile" && *text == "production")
-            m_arguments.profile = Connectors::Profile::production;
-        else if (option == "--claude-running" && (*text == "yes" || *text == "no"))
+        if (option == "--claude-running" && (*text == "yes" || *text == "no")) {
             m_arguments.isClaudeRunning = *text == "yes";
-        else
+            return {};
+        }
+        const auto named = [&](Connectors::Profile profile) {
+            return Connectors::text(profile) == *text;
+        };
+        const auto* const profile = std::ranges::find_if(Connectors::profiles, named);
+        if (option != "--profile" || profile == Connectors::profiles.end())
             return std::unexpected(fmt::format("{} cannot be {}", option, *text));
+        m_arguments.profile = *profile;
         return {};
     }
 
@@ -150,14 +153,20 @@ Connects AI tools to Wendlow, and takes the connection out again.
   projects   the projects that a tool has worked in
   memory     the memory files that a tool keeps
   stale      whether install would repair wiring of this very installation
-  converge   install where that is so, and leave everything else alone
+  converge   install where that is so, and leave everything else alone; without
+             TOOL, also clear away what earlier versions put into Claude's
+             desktop app
 
   TOOL                 a tool's id; all of them if left out
   --home DIR           the home folder; the user's own if left out
   --bundle DIR         the application; the one that holds this program if left out
   --applications DIR   the Applications folder; /Applications if left out
-  --profile dev|production, --claude-running yes|no
-                       for converge; no tool that is known here depends on them
+  --profile dev|production
+                       for converge: whose entries in Claude's desktop app are
+                       cleared away; those of production if left out
+  --claude-running yes|no
+                       for converge: whether that app is running, which rewrites
+                       its file when it quits; looked for if left out
   --json               one JSON array in place of lines
 
 Exit status: 0; 1 when a verb was refused; 2 for wrong usage.

@@ -22,7 +22,7 @@ struct Arguments {
     std::optional<std::filesystem::path> bundle;
     std::optional<std::filesystem::path> applications;
     Connectors::Profile profile = Connectors::Profile::production;
-    std::optional<bool> isClaudeRunning; ///< nothing: nobody said
+    std::optional<bool> isClaudeRunning; ///< nothing: to be looked for
     bool json = false;
 };
 

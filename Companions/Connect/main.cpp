@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Report.h"
 
+#include "ClaudeChat/ClaudeDesktop.h"
 #include "Connectors.h"
 #include "Converge.h"
 #include "InstalledBundle.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -91,8 +93,24 @@ bool perform(Verb verb, const Connector& connector, Report& report) {
     return true;
 }
 
-bool converge(const Connectors::List& connectors, Report& report) {
-    const auto repairs = Converge::run(connectors);
+/// Where the program works.
+struct Places {
+    std::filesystem::path home;
+    std::filesystem::path bundle;
+};
+
+bool converge(const Connectors::List& connectors, const Places& places, const Arguments& arguments,
+              Report& report) {
+    auto repairs = Converge::run(connectors);
+    // What is retired is no tool any more that could be named.
+    if (arguments.tools.empty())
+        std::ranges::move(Converge::retire(places.home, places.bundle, arguments.profile,
+                                           [&] {
+                                               return arguments.isClaudeRunning
+                                                          ? *arguments.isClaudeRunning
+                                                          : ClaudeDesktop::isRunning();
+                                           }),
+                          std::back_inserter(repairs));
     if (repairs.empty())
         report.say("nothing needed repair");
     bool accepted = true;
@@ -126,7 +144,7 @@ ExitStatus run(const std::vector<std::string_view>& words) {
     Report report;
     bool accepted = true;
     if (arguments->verb == Verb::converge)
-        accepted = converge(*connectors, report);
+        accepted = converge(*connectors, {*home, *bundle}, *arguments, report);
     else
         for (const auto& connector : *connectors)
             accepted = perform(arguments->verb, *connector, report) && accepted;

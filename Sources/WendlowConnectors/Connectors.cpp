@@ -5,14 +5,16 @@
 
 namespace wendlow::Connectors {
 
-std::string_view text(Profile profile) {
-    return profile == Profile::dev ? "dev" : "production";
-}
-
 List all(const std::filesystem::path& home, const std::filesystem::path& bundle,
          const std::filesystem::path& /*applications*/) {
     return {std::make_shared<ClaudeCodeConnector>(ClaudeCodePaths::under(home, bundle)),
             std::make_shared<CodexConnector>(CodexPaths::under(home, bundle))};
+}
+
+std::vector<ClaudeChatRetirement> retirements(const std::filesystem::path& home,
+                                              const std::filesystem::path& bundle,
+                                              Profile profile) {
+    return {{.paths = ClaudeChatPaths::under(home, bundle), .profile = profile}};
 }
 
 std::filesystem::path mcpCommand(const std::filesystem::path& bundle) {

@@ -226,5 +226,28 @@ TEST_F(ConnectCodexFaults, ProjectsLookPastAnUnreadableSession) {
     EXPECT_GE(unreadable, 2);
 }
 
+/// The file that Claude's desktop app owns, whichever call fails on the way to clearing it.
+TEST_F(FaultyHome, ConvergeTellsTheTruthOfTheDesktopAppsFile) {
+    const fs::path config = root / "Library/Application Support/Claude/claude_desktop_config.json";
+    const std::string before =
+        R"({"a":1,"mcpServers":{"w":{"command":"/Wendlow.app/Contents/MacOS/wendlow-mcp"}}})";
+    auto converge = sweep("converge", "--claude-running", [&] { put(config, before, 0600); },
+                          {{config, before, R"({"a":1,"mcpServers":{}})"}});
+    converge.arguments.emplace(converge.arguments.end() - 1, "no");
+    int committed = 0, refused = 0;
+    const auto check = [&](const Verdict& verdict) {
+        ++(verdict.kind == Verdict::Kind::committed ? committed : refused);
+        EXPECT_EQ(modeOf(config), mode_t{0600});
+    };
+    for (const auto* error : {"ENOSPC", "EIO", "EACCES"})
+        converge.failEachCall(error, check);
+    EXPECT_GT(committed, 10);
+    EXPECT_GT(refused, 30);
+    converge.failFromEachCall("ENOSPC", check);
+    converge.failFromEachCall("EIO", check);
+    converge.killAtEachCall("before");
+    converge.killAtEachCall("after");
+}
+
 } // namespace
 } // namespace wendlow

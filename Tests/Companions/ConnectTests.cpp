@@ -59,7 +59,10 @@ TEST_F(Connect, tellsPeopleInLines) {
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.out, "Claude Code: refused\n  HOME/.claude: there is no Claude Code "
                            "configuration here, so nothing was written\n");
-    EXPECT_EQ(connect("converge").out, "nothing needed repair\n");
+    EXPECT_EQ(connect("converge claude-code").out, "nothing needed repair\n");
+    EXPECT_EQ(connect("converge --claude-running no").out,
+              "Claude Chat retirement: unchanged\n  HOME/Library/Application Support/Claude/"
+              "claude_desktop_config.json: there is no file here\n");
     EXPECT_EQ(connect("stale claude-code").out,
               "Claude Code\n  there is no stale wiring of this installation\n");
     EXPECT_EQ(connect("memory claude-code").out, "Claude Code\n  no memory files found\n");
@@ -101,8 +104,9 @@ TEST_F(Connect, connectsAndDisconnects) {
     put(file(".claude/settings.json"), spelled);
     EXPECT_EQ(connect("stale claude-code --json").out,
               "[\n  {\n    \"id\": \"claude-code\",\n    \"stale\": true\n  }\n]\n");
-    EXPECT_THAT(connectJSON("converge --profile dev --claude-running yes"),
-                HasSubstr(R"([{"name": "Claude Code","result": "changed",)"));
+    const auto repairs = connectJSON("converge --profile dev --claude-running yes");
+    EXPECT_THAT(repairs, HasSubstr(R"([{"name": "Claude Code","result": "changed",)"));
+    EXPECT_THAT(repairs, HasSubstr(R"({"name": "Claude Chat retirement","result": "unchanged",)"));
 
     EXPECT_EQ(connect("remove claude-code").status, 0);
     EXPECT_EQ(get(file(".claude/settings.json")), settings);
@@ -134,6 +138,7 @@ TEST_F(Connect, refusesWrongUsage) {
         {"scan --applications", "--applications needs a value"},
         {"--applications --json scan", "--applications needs a value"},
         {"converge --profile test", "--profile cannot be test"},
+        {"converge --claude-running maybe", "--claude-running cannot be maybe"},
         {"scan --profile dev", "--profile goes with converge alone"},
     };
     for (const auto& [arguments, complaint] : cases) {
@@ -145,6 +150,29 @@ TEST_F(Connect, refusesWrongUsage) {
     const auto help = connect("scan --help");
     EXPECT_EQ(help.status, 0);
     EXPECT_THAT(help.out, ::testing::StartsWith(usage));
+}
+
+TEST_F(Connect, clearsTheDesktopAppsFileUnlessTheAppRuns) {
+    const auto config = file("Library/Application Support/Claude/claude_desktop_config.json");
+    put(config,
+        R"({"mcpServers":{"w":{"command":"/dist-dev/Wendlow.app/Contents/MacOS/wendlow-mcp"}}})");
+    EXPECT_THAT(connect("converge --claude-running no").out, HasSubstr("no Wendlow entry of this"));
+    fs::copy_file("/bin/sleep", file("Claude"));
+    const auto during = testing::runProgram(
+        "/bin/sh", {"-c", "cd '" + m_home.path().string() +
+                              "'; ./Claude 60 & until [ \"$(tr '\\0' ' ' </proc/$!/cmdline)\""
+                              " = './Claude 60 ' ]; do :; done; "
+                              "'" WENDLOW_CONNECT_PROGRAM
+                              "' --home . --bundle Wendlow.app converge --profile dev; kill $!"});
+    EXPECT_EQ(during.out, "Claude Chat retirement: unchanged\n  " + config.string() +
+                              ": Claude is running, so this file was left as it is until Claude "
+                              "quits\n");
+    EXPECT_THAT(connect("converge --profile dev --claude-running no").out,
+                HasSubstr("claude_desktop_config.json: the Wendlow entry \"w\" was removed from "
+                          "this file\n"));
+    EXPECT_EQ(get(config), R"({"mcpServers":{}})");
+    put(config, "{");
+    EXPECT_EQ(connect("converge --claude-running no").status, 1);
 }
 
 TEST_F(Connect, findsTheApplicationThatItLiesIn) {

@@ -1,0 +1,61 @@
+#include "ClaudeChat/ClaudeChatRetirement.h"
+
+#include "ClaudeChat/ClaudeChatConfig.h"
+#include "ToolFile.h"
+
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+namespace {
+
+using Result = ConnectorOutcome::Result;
+
+ConnectorOutcome said(Result result, std::string subject, std::string text) {
+    return {
+        .result = result, .observations = {{std::move(subject), std::move(text)}}, .backups = {}};
+}
+
+} // namespace
+
+ConnectorOutcome ClaudeChatRetirement::retire() const {
+    ToolFile file = ToolFile::read(paths.configFile);
+    if (!file.bytes)
+        return said(Result::unchanged, file.label, "there is no file here");
+    const auto document = ClaudeChatConfig::read(*file.bytes, profile);
+    if (!document)
+        return said(Result::refused, file.label,
+                    fmt::format("this file did not read as JSON — {}", document.error()));
+    auto retired = ClaudeChatConfig::retired(*file.bytes, *document, profile);
+    if (!retired)
+        return said(Result::refused, file.label,
+                    fmt::format("nothing was written — {}", description(retired.error())));
+    if (retired->names.empty())
+        return said(Result::unchanged, file.label,
+                    "this file holds no Wendlow entry of this profile");
+
+    // Nothing looks at the document from here on: the bytes it points into are moved.
+    const std::vector<FileChange> changes{{.path = std::move(file.path),
+                                           .label = file.label,
+                                           .before = std::move(file.bytes),
+                                           .after = std::move(retired->bytes)}};
+    auto result = Transaction::commit(changes, now());
+    if (auto* refused = std::get_if<TransactionResult::Refused>(&result.outcome))
+        return {.result = Result::refused,
+                .observations = std::move(refused->observations),
+                .backups = {}};
+    // Taking a member out always changes the bytes, so nothing is left but a commit.
+    auto& committed = std::get<TransactionResult::Committed>(result.outcome);
+    ConnectorOutcome outcome{.result = Result::changed,
+                             .observations = std::move(committed.observations),
+                             .backups = std::move(committed.backups)};
+    for (const std::string& entry : retired->names)
+        outcome.observations.push_back(
+            {file.label,
+             fmt::format("the Wendlow entry \"{}\" was removed from this file", entry)});
+    return outcome;
+}
+
+} // namespace wendlow
