@@ -1,0 +1,77 @@
+#pragma once
+
+#include "BlockFinding.h"
+#include "JSONBlock.h"
+#include "OpenCode/OpenCodePaths.h"
+
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace wendlow {
+
+/// The `wendlow` entry under `mcp` in OpenCode's configuration, which may hold comments. Pure on
+/// bytes; any thread.
+class OpenCodeMCP {
+public:
+    using Readable = JSONBlock::Readable;
+    template<class T> using Result = JSONBlock::Result<T>;
+
+    /// Whose the entry is.
+    struct Ours {
+        bool operator==(const Ours&) const = default;
+    };
+    struct HandWritten {
+        bool operator==(const HandWritten&) const = default;
+    };
+    /// It runs our program, and somebody added to it.
+    struct Extras {
+        std::string description; ///< of what this build would not write
+        bool operator==(const Extras&) const = default;
+    };
+    using Ownership = std::variant<Ours, HandWritten, Extras>;
+
+    explicit OpenCodeMCP(OpenCodePaths paths);
+
+    JSONLiteral entry() const;
+    /// The entry of this document, whatever it is.
+    static std::optional<JSONNode> node(const JSONDocument& document);
+    /// The first word of the entry's command.
+    static std::optional<std::string_view> statedCommand(const JSONNode& entry);
+    static bool isSwitchedOff(const JSONNode& entry);
+    /// Whether the entry is there and empty: a place that a person kept for us.
+    static bool isAdoptableShell(const JSONDocument& document);
+    /// `created` is the receipt's: an entry that we created is ours, whatever it has come to hold.
+    Ownership ownership(const JSONNode& entry, std::string_view bytes,
+                        const std::set<Created>& created) const;
+
+    /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
+    static Readable read(std::string_view bytes);
+    static std::optional<std::string> unreadableReason(std::string_view bytes);
+    /// What the file holds of ours; no bytes: there is no file. Asks the disk whether the server
+    /// program is there.
+    BlockFinding find(std::optional<std::string_view> bytes,
+                      const std::set<Created>& created) const;
+    /// Why no verb may touch the entry: somebody else had a hand in it.
+    std::optional<std::string> refusalReason(std::string_view bytes, const JSONDocument& document,
+                                             const std::set<Created>& created) const;
+
+    struct Installed : InstalledBlock {
+        std::size_t commentsReplaced = 0; ///< that stood inside the values that were overwritten
+    };
+    /// Puts the entry in, or its members into one that differs. What a person said of `enabled`
+    /// stands. `document` is the scan of `bytes`.
+    Result<Installed> installed(std::string_view bytes, const JSONDocument& document) const;
+    /// Takes the entry out, and the `mcp` object when that is then empty and `created` says that it
+    /// is ours. Of an adopted shell only what we put into it goes.
+    static Result<RemovedBlock> removed(std::string_view bytes, const JSONDocument& document,
+                                        const ConnectorReceipt& receipt);
+
+private:
+    OpenCodePaths m_paths;
+};
+
+} // namespace wendlow
