@@ -5,6 +5,9 @@
 #include "OpenCode/OpenCodeMCP.h"
 #include "OpenCode/OpenCodePaths.h"
 
+#include <cstddef>
+#include <optional>
+
 namespace wendlow {
 
 /// OpenCode: a server in its configuration and a plugin in its plugins folder, changed together.
@@ -23,6 +26,12 @@ public:
 
 private:
     struct Look;
+
+    bool toolIsHere() const;
+    ConnectorIdentity shownIdentity() const;
+    BlockFinding pluginFinding(const Look& here) const;
+    std::optional<Observation> configRefusal(const Look& here) const;
+    static Observations planNotes(const Look& here, std::size_t commentsReplaced);
 
     OpenCodePaths m_paths;
     ConnectorVerb::Surroundings m_surroundings;

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace wendlow {
 
@@ -34,6 +35,9 @@ public:
     };
     using Ownership = std::variant<Ours, HandWritten, Extras>;
 
+    static constexpr std::string_view switchedOffText =
+        "the Wendlow MCP entry here is switched off, so OpenCode does not start it";
+
     explicit OpenCodeMCP(OpenCodePaths paths);
 
     JSONLiteral entry() const;
@@ -45,8 +49,7 @@ public:
     /// Whether the entry is there and empty: a place that a person kept for us.
     static bool isAdoptableShell(const JSONDocument& document);
     /// `created` is the receipt's: an entry that we created is ours, whatever it has come to hold.
-    Ownership ownership(const JSONNode& entry, std::string_view bytes,
-                        const std::set<Created>& created) const;
+    Ownership ownership(const JSONNode& entry, const std::set<Created>& created) const;
 
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     static Readable read(std::string_view bytes);
@@ -56,7 +59,7 @@ public:
     BlockFinding find(std::optional<std::string_view> bytes,
                       const std::set<Created>& created) const;
     /// Why no verb may touch the entry: somebody else had a hand in it.
-    std::optional<std::string> refusalReason(std::string_view bytes, const JSONDocument& document,
+    std::optional<std::string> refusalReason(const JSONDocument& document,
                                              const std::set<Created>& created) const;
 
     struct Installed : InstalledBlock {
@@ -71,6 +74,9 @@ public:
                                         const ConnectorReceipt& receipt);
 
 private:
+    JSONLiteral::Object members() const;
+    std::vector<std::string> driftReasons(const JSONNode& found, std::string_view bytes) const;
+
     OpenCodePaths m_paths;
 };
 

@@ -1,0 +1,179 @@
+#include "OpenCode/OpenCodeSessionStore.h"
+
+#include "ConfigFile/Disk.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+namespace wendlow::OpenCodeSessionStore {
+
+namespace {
+
+constexpr auto busyTimeout = std::chrono::milliseconds(1500);
+
+/// A read-only connection, closed with the object.
+class Database {
+public:
+    explicit Database(const Path& path) {
+        sqlite3* connection = nullptr;
+        m_isOpen =
+            sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK;
+        m_connection.reset(connection); // one that failed has to be closed too, if there is any
+    }
+
+    bool isOpen() const { return m_isOpen; }
+    sqlite3* get() const { return m_connection.get(); }
+    /// What the last call failed for, or `otherwise` where there are no words for it.
+    Refusal refusal(std::string_view otherwise) const {
+        const char* words = m_connection ? sqlite3_errmsg(m_connection.get()) : nullptr;
+        return {words != nullptr && *words != '\0' ? std::string(words) : std::string(otherwise)};
+    }
+
+private:
+    struct Close {
+        void operator()(sqlite3* connection) const { sqlite3_close(connection); }
+    };
+
+    std::unique_ptr<sqlite3, Close> m_connection;
+    bool m_isOpen = false;
+};
+
+/// A prepared query, finalized with the object; that has to happen before its database goes.
+class Query {
+public:
+    Query(const Database& database, const std::string& text) {
+        sqlite3_stmt* statement = nullptr;
+        m_isPrepared =
+            sqlite3_prepare_v2(database.get(), text.c_str(), -1, &statement, nullptr) == SQLITE_OK;
+        m_statement.reset(statement);
+    }
+
+    bool isPrepared() const { return m_isPrepared; }
+    int step() { return sqlite3_step(m_statement.get()); }
+    /// Text ends at its first NUL; NULL is empty. Valid until the next step.
+    std::string_view text(int column) {
+        const auto* bytes =
+            reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), column));
+        return bytes == nullptr ? std::string_view() : std::string_view(bytes);
+    }
+    std::int64_t integer(int column) { return sqlite3_column_int64(m_statement.get(), column); }
+    bool holds(int column, int type) {
+        return sqlite3_column_type(m_statement.get(), column) == type;
+    }
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+
+    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+    bool m_isPrepared = false;
+};
+
+/// The first column of all rows; nothing on any failure, whatever rows came before it.
+std::optional<std::vector<std::string>> answers(const Path& path, const std::string& text) {
+    const Database database(path);
+    if (!database.isOpen())
+        return std::nullopt;
+    sqlite3_busy_timeout(database.get(), static_cast<int>(busyTimeout.count()));
+    Query query(database, text);
+    if (!query.isPrepared())
+        return std::nullopt;
+    std::vector<std::string> rows;
+    int status = query.step();
+    for (; status == SQLITE_ROW; status = query.step())
+        rows.emplace_back(query.text(0));
+    return status == SQLITE_DONE ? std::optional(std::move(rows)) : std::nullopt;
+}
+
+/// A look-up by a view into the row makes no string for a folder that is known already.
+struct Hash : std::hash<std::string_view> {
+    using is_transparent = void;
+};
+using LatestTimes = std::unordered_map<std::string, std::int64_t, Hash, std::equal_to<>>;
+
+/// Takes in one row. False where it names no folder or no time.
+bool take(Query& row, LatestTimes& times) {
+    if (!row.holds(0, SQLITE_TEXT) || !row.holds(1, SQLITE_INTEGER))
+        return false;
+    const std::int64_t time = row.integer(1);
+    const std::string_view directory = row.text(0);
+    if (directory.empty() || time < 1)
+        return false;
+    const auto known = times.find(directory);
+    if (known == times.end())
+        times.emplace(directory, time);
+    else
+        known->second = std::max(known->second, time);
+    return true;
+}
+
+/// A number in a database can be later than every date.
+FileDate date(std::int64_t milliseconds) {
+    constexpr auto latest = std::chrono::floor<std::chrono::milliseconds>(FileDate::max());
+    return FileDate(std::min(std::chrono::milliseconds(milliseconds), latest.time_since_epoch()));
+}
+
+std::vector<Sighting> sightings(const LatestTimes& times) {
+    std::vector<Sighting> result;
+    result.reserve(times.size());
+    for (const auto& [directory, time] : times)
+        result.push_back({directory, date(time)});
+    std::ranges::sort(result, [](const Sighting& a, const Sighting& b) {
+        return std::tie(b.lastActivity, a.directory) < std::tie(a.lastActivity, b.directory);
+    });
+    return result;
+}
+
+} // namespace
+
+std::optional<Writer> writer(const Path& database) {
+    if (!Disk::exists(database))
+        return std::nullopt;
+    const auto tables = answers(database, "SELECT name FROM sqlite_master WHERE type = 'table' AND "
+                                          "name IN ('session', 'session_v2')");
+    if (!tables || tables->empty())
+        return Writer::unknown;
+    return std::ranges::find(*tables, "session_v2") != tables->end() ? Writer::opencode2
+                                                                     : Writer::opencode1;
+}
+
+bool isOpenCode1StillUsed(const Path& database, FileDate now) {
+    const auto cutoff = std::chrono::floor<std::chrono::milliseconds>(now - std::chrono::days(7));
+    const auto rows = answers(
+        database, fmt::format("SELECT id FROM session WHERE time_updated > (SELECT time_updated "
+                              "FROM kv WHERE key = 'migration.v1-v2') AND time_updated >= {} "
+                              "LIMIT 1",
+                              cutoff.time_since_epoch().count()));
+    return rows && !rows->empty();
+}
+
+std::expected<Decoded, Refusal> read(const Path& path) {
+    const Database database(path);
+    if (!database.isOpen())
+        return std::unexpected(database.refusal("it would not open"));
+    Query query(database, "SELECT directory, time_updated FROM session_v2");
+    if (!query.isPrepared())
+        return std::unexpected(database.refusal("the session query would not prepare"));
+    Decoded decoded;
+    LatestTimes times;
+    int status = query.step();
+    for (; status == SQLITE_ROW; status = query.step())
+        if (!take(query, times))
+            ++decoded.skipped;
+    if (status != SQLITE_DONE)
+        return std::unexpected(database.refusal("a row would not read"));
+    decoded.sightings = sightings(times);
+    return decoded;
+}
+
+} // namespace wendlow::OpenCodeSessionStore
