@@ -26,6 +26,7 @@ inline std::vector<ByteRange> commentRanges(std::string_view bytes, const JSONDo
 inline std::vector<std::string> commentsOf(std::string_view bytes, const JSONDocument& document) {
     const auto ranges = commentRanges(bytes, document);
     std::vector<std::string> texts;
+    texts.reserve(ranges.size());
     for (const ByteRange& comment : ranges)
         texts.push_back(JSONComments::preserved(bytes, ranges, comment, ""));
     return texts;
