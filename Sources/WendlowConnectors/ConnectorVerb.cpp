@@ -64,8 +64,8 @@ ConnectorOutcome refused(const PlanFailure& failure) {
     return refused(Observations{{failure.file, failure.reason}});
 }
 
-std::string nothingWritten(std::string_view reason) {
-    return fmt::format("nothing was written — {}", reason);
+PlanFailure nothingWritten(const ToolFile& file, std::string_view reason) {
+    return {file.label, fmt::format("nothing was written — {}", reason)};
 }
 
 void Installation::add(ToolFile toolFile, InstalledBlock installed, Created file,

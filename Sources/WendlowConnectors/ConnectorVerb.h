@@ -44,8 +44,8 @@ struct Surroundings {
 
 ConnectorOutcome refused(Observations observations);
 ConnectorOutcome refused(const PlanFailure& failure);
-/// "nothing was written — <reason>".
-std::string nothingWritten(std::string_view reason);
+/// "nothing was written — <reason>", of that file.
+PlanFailure nothingWritten(const ToolFile& file, std::string_view reason);
 
 /// A planned installation.
 struct Installation {

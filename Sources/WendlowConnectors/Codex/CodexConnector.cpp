@@ -132,8 +132,8 @@ ConnectorOutcome CodexConnector::install() const {
 
     auto hooks = m_hook.installed(here.hooksBytes(), *here.hooksDocument);
     if (!hooks)
-        return ConnectorVerb::refused(PlanFailure{
-            here.hooks.label, ConnectorVerb::nothingWritten(description(hooks.error()))});
+        return ConnectorVerb::refused(
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
     // Where the entry lands is known only now, and so is which table has to be fit for its trust.
     const CodexTrustSlot landing = m_trust.slot(hooks->site);
     if (auto refusal = readingRefusal(here, landing))
@@ -172,8 +172,8 @@ ConnectorOutcome CodexConnector::remove() const {
     const std::set<Created>& created = here.receipt.created;
     auto hooks = m_hook.removed(here.hooksBytes(), *here.hooksDocument, created);
     if (!hooks)
-        return ConnectorVerb::refused(PlanFailure{
-            here.hooks.label, ConnectorVerb::nothingWritten(description(hooks.error()))});
+        return ConnectorVerb::refused(
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
     const PlannedHooks planned(*here.hooksDocument, hooks->bytes);
     const auto moved = m_hook.movedForeignEntries(here.hooksDocument->root(), planned.root());
     auto config = configPlan(here, planned.root(), {})
@@ -236,8 +236,7 @@ CodexConnector::Refusal CodexConnector::mcpRefusal(const Look& here, CodexMCP::V
     const auto reason = m_mcp.refusalReason(*here.configDocument, here.receipt.created, verb);
     if (!reason)
         return std::nullopt;
-    return ConnectorVerb::refused(
-        PlanFailure{here.config.label, ConnectorVerb::nothingWritten(*reason)});
+    return ConnectorVerb::refused(ConnectorVerb::nothingWritten(here.config, *reason));
 }
 
 /// The plan for the configuration that goes with these hooks. Holds on to `plannedHooks`.

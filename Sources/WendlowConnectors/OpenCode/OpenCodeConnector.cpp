@@ -164,7 +164,7 @@ ConnectorOutcome OpenCodeConnector::install() const {
               "there is no OpenCode configuration here, so nothing was written"}});
     Look here(m_paths);
     if (auto refusal = configRefusal(here))
-        return ConnectorVerb::refused({*std::move(refusal)});
+        return *std::move(refusal);
     if (auto refusal = here.plugin.refusal(std::nullopt))
         return ConnectorVerb::refused({*std::move(refusal)});
     if (here.pluginOwnership == PluginOwnership::foreign)
@@ -174,8 +174,8 @@ ConnectorOutcome OpenCodeConnector::install() const {
 
     auto server = m_mcp.installed(here.configBytes(), *here.document);
     if (!server)
-        return ConnectorVerb::refused(PlanFailure{
-            here.config.label, ConnectorVerb::nothingWritten(description(server.error()))});
+        return ConnectorVerb::refused(
+            ConnectorVerb::nothingWritten(here.config, description(server.error())));
     InstalledBlock plugin;
     if (here.pluginOwnership != PluginOwnership::current)
         plugin.bytes = OpenCodePlugin::source(m_paths.hookBinary);
@@ -209,21 +209,20 @@ ConnectorOutcome OpenCodeConnector::install() const {
 ConnectorOutcome OpenCodeConnector::remove() const {
     Look here(m_paths);
     if (auto refusal = configRefusal(here)) {
-        Observations said{*std::move(refusal)};
         if (here.hasOurPlugin())
-            said.push_back({here.plugin.label,
-                            fmt::format("the Wendlow plugin here is still in place and still runs "
-                                        "{}",
-                                        m_paths.hookCommand())});
-        return ConnectorVerb::refused(std::move(said));
+            refusal->observations.push_back(
+                {here.plugin.label,
+                 fmt::format("the Wendlow plugin here is still in place and still runs {}",
+                             m_paths.hookCommand())});
+        return *std::move(refusal);
     }
     if (auto refusal = here.plugin.refusal(std::nullopt))
         return ConnectorVerb::refused({*std::move(refusal)});
     const std::set<Created>& created = here.receipt.created;
     auto server = OpenCodeMCP::removed(here.configBytes(), *here.document, here.receipt);
     if (!server)
-        return ConnectorVerb::refused(PlanFailure{
-            here.config.label, ConnectorVerb::nothingWritten(description(server.error()))});
+        return ConnectorVerb::refused(
+            ConnectorVerb::nothingWritten(here.config, description(server.error())));
 
     // Nothing looks at the document from here on: the bytes it points into are moved.
     std::vector<PlannedFile> files;
@@ -286,12 +285,12 @@ BlockFinding OpenCodeConnector::pluginFinding(const Look& here) const {
 }
 
 /// Why no verb may plan for the configuration.
-std::optional<Observation> OpenCodeConnector::configRefusal(const Look& here) const {
+std::optional<ConnectorOutcome> OpenCodeConnector::configRefusal(const Look& here) const {
     if (auto refusal = here.config.refusal(
             here.document ? std::nullopt : std::optional(here.document.error()), language))
-        return refusal;
+        return ConnectorVerb::refused({*std::move(refusal)});
     if (const auto reason = m_mcp.refusalReason(*here.document, here.receipt.created))
-        return Observation{here.config.label, ConnectorVerb::nothingWritten(*reason)};
+        return ConnectorVerb::refused(ConnectorVerb::nothingWritten(here.config, *reason));
     return std::nullopt;
 }
 

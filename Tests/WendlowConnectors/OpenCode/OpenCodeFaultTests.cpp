@@ -78,23 +78,6 @@ TEST(OpenCodeFaults, whatAPersonAddsAfterwardsStays) {
     EXPECT_EQ(home.plugin(), std::nullopt);
 }
 
-TEST(OpenCodeFaults, aReceiptThatIsLostLeavesTheContainers) {
-    for (const bool isBroken : {false, true}) {
-        const OpenCodeHome home;
-        home.connector().install();
-        fs::remove(home.paths().receiptFile);
-        if (isBroken)
-            put(home.paths().receiptFile, "{");
-        const auto outcome = home.connector().remove();
-        EXPECT_EQ(outcome.result, Result::changed);
-        EXPECT_EQ(home.config(), "{\n  \"mcp\": {}\n}\n");
-        EXPECT_EQ(home.plugin(), std::nullopt);
-        EXPECT_TRUE(fs::exists(home.paths().pluginsDirectory));
-        for (const Observation& observation : outcome.observations)
-            EXPECT_NE(observation.subject, home.paths().pluginsDirectory);
-    }
-}
-
 TEST(OpenCodeFaults, linksStayLinks) {
     const OpenCodeHome home;
     const fs::path dotfiles = home.path("dotfiles");
