@@ -12,6 +12,7 @@ using Result = ConnectorOutcome::Result;
 
 struct FileFate {
     std::string label;
+    std::string_view what;
     bool changes;
 };
 
@@ -31,28 +32,20 @@ std::vector<FileFate> fates(const std::vector<PlannedFile>& files) {
     std::vector<FileFate> result;
     result.reserve(files.size());
     for (const PlannedFile& planned : files)
-        result.push_back({planned.file.label, planned.changes()});
+        result.push_back({planned.file.label, planned.what, planned.changes()});
     return result;
 }
 
 /// The changed files first, then the others.
-void sayFates(const std::vector<FileFate>& files, std::string_view changedText,
+void sayFates(const std::vector<FileFate>& files, std::string_view done,
               Observations& observations) {
     for (const FileFate& file : files)
         if (file.changes)
-            observations.push_back({file.label, std::string(changedText)});
+            observations.push_back(
+                {file.label, fmt::format("the Wendlow {} was {} this file", file.what, done)});
     for (const FileFate& file : files)
         if (!file.changes)
             observations.push_back({file.label, "nothing in this file needed changing"});
-}
-
-/// The outcome of anything but a commit.
-ConnectorOutcome notCommitted(TransactionResult& result, const std::vector<FileFate>& files) {
-    if (auto* refusal = std::get_if<TransactionResult::Refused>(&result.outcome))
-        return refused(std::move(refusal->observations));
-    ConnectorOutcome outcome{.result = Result::unchanged, .observations = {}, .backups = {}};
-    sayFates(files, "", outcome.observations);
-    return outcome;
 }
 
 ConnectorOutcome changed(TransactionResult::Committed& committed) {
@@ -71,25 +64,35 @@ ConnectorOutcome refused(const PlanFailure& failure) {
     return refused(Observations{{failure.file, failure.reason}});
 }
 
-void Installation::add(ToolFile toolFile, InstalledBlock installed, Created file) {
+PlanFailure nothingWritten(const ToolFile& file, std::string_view reason) {
+    return {file.label, fmt::format("nothing was written — {}", reason)};
+}
+
+void Installation::add(ToolFile toolFile, InstalledBlock installed, Created file,
+                       std::string_view what) {
     created.merge(installed.created);
     if (!toolFile.bytes)
         created.insert(file);
     const bool edited = installed.bytes.has_value();
-    files.push_back(
-        {.file = std::move(toolFile), .edited = edited, .after = std::move(installed.bytes)});
+    files.push_back({.file = std::move(toolFile),
+                     .what = what,
+                     .edited = edited,
+                     .after = std::move(installed.bytes)});
 }
 
 ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
                          const Surroundings& surroundings) {
     const auto said = fates(installation.files);
     auto result = commit(std::move(installation.files), surroundings);
+    if (auto* refusal = std::get_if<TransactionResult::Refused>(&result.outcome))
+        return refused(std::move(refusal->observations));
     auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
-    ConnectorOutcome outcome =
-        committed == nullptr ? notCommitted(result, said) : changed(*committed);
+    ConnectorOutcome outcome = committed != nullptr ? changed(*committed) : ConnectorOutcome{};
+    append(outcome.observations, std::move(installation.planNotes));
     if (committed != nullptr) {
         ConnectorReceipt receipt = receipts.read();
         receipt.created.merge(installation.created);
+        receipt.adopted.merge(installation.adopted);
         if (installation.trustSlots)
             receipt.trustSlots = *std::move(installation.trustSlots);
         if (const auto written = receipts.write(receipt); !written)
@@ -97,24 +100,28 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
                 {receipts.file.string(),
                  fmt::format("the record of what was created was not written here — {}",
                              written.error())});
-        sayFates(said, "the Wendlow entry was written to this file", outcome.observations);
     }
-    if (outcome.result != Result::refused)
-        std::ranges::move(installation.notes, std::back_inserter(outcome.observations));
+    sayFates(said, "written to", outcome.observations);
+    append(outcome.observations, std::move(installation.notes));
     return outcome;
 }
 
 ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
-                        const ReceiptStore& receipts, const Surroundings& surroundings) {
+                        const ReceiptStore& receipts, const Surroundings& surroundings,
+                        const std::function<Observations()>& afterwards) {
     const auto said = fates(files);
     auto result = commit(std::move(files), surroundings);
-    auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
-    if (committed == nullptr)
-        return notCommitted(result, said);
-    receipts.remove();
-    ConnectorOutcome outcome = changed(*committed);
-    std::ranges::move(notes, std::back_inserter(outcome.observations));
-    sayFates(said, "the Wendlow entry was removed from this file", outcome.observations);
+    if (auto* refusal = std::get_if<TransactionResult::Refused>(&result.outcome))
+        return refused(std::move(refusal->observations));
+    ConnectorOutcome outcome;
+    if (auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome)) {
+        outcome = changed(*committed);
+        append(outcome.observations, std::move(notes));
+        if (afterwards)
+            append(outcome.observations, afterwards());
+        receipts.remove();
+    }
+    sayFates(said, "removed from", outcome.observations);
     return outcome;
 }
 

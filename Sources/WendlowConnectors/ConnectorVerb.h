@@ -19,6 +19,7 @@ namespace wendlow {
 /// One file as a verb began with it, and what the verb would make of it.
 struct PlannedFile {
     ToolFile file;
+    std::string_view what = "entry";  ///< what of ours the file holds, for sentences
     bool edited = false;              ///< false: the file is right as it stands
     std::optional<std::string> after; ///< of an edited file; nothing: it is to be deleted
 
@@ -43,27 +44,33 @@ struct Surroundings {
 
 ConnectorOutcome refused(Observations observations);
 ConnectorOutcome refused(const PlanFailure& failure);
+/// "nothing was written — <reason>", of that file.
+PlanFailure nothingWritten(const ToolFile& file, std::string_view reason);
 
 /// A planned installation.
 struct Installation {
     std::vector<PlannedFile> files;       ///< in the order of writing
     std::set<Created> created;            ///< what it brings into being
+    std::set<Adopted> adopted;            ///< what it takes over
     std::optional<TrustSlots> trustSlots; ///< what takes the place of the receipt's
+    Observations planNotes;               ///< said unless it is refused, before all of ours
     Observations notes;                   ///< said unless it is refused, behind all else
 
     /// Adds one file's part. `file` is what is created where there is no such file yet. Moves the
     /// file's bytes.
-    void add(ToolFile toolFile, InstalledBlock installed, Created file);
+    void add(ToolFile toolFile, InstalledBlock installed, Created file,
+             std::string_view what = "entry");
 };
 
 /// Commits an installation. What it created is added to the receipt, and only when the commit
 /// changed something.
 ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
                          const Surroundings& surroundings);
-/// Commits a removal. `notes`, about what stays behind, are said when it changed something; the
-/// receipt goes then too.
+/// Commits a removal. `notes`, about what stays behind, are said when it changed something; then
+/// `afterwards` is done and has its say, and the receipt goes.
 ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
-                        const ReceiptStore& receipts, const Surroundings& surroundings);
+                        const ReceiptStore& receipts, const Surroundings& surroundings,
+                        const std::function<Observations()>& afterwards = {});
 
 /// Plans one file's part in a removal. What then `isEmpty` is deleted where it was created by us;
 /// otherwise it stays, and is spoken of where the verb changed it. Moves the file's bytes.

@@ -2,13 +2,15 @@
 
 #include "ClaudeCode/ClaudeCodeConnector.h"
 #include "Codex/CodexConnector.h"
+#include "OpenCode/OpenCodeConnector.h"
 
 namespace wendlow::Connectors {
 
 List all(const std::filesystem::path& home, const std::filesystem::path& bundle,
          const std::filesystem::path& /*applications*/) {
     return {std::make_shared<ClaudeCodeConnector>(ClaudeCodePaths::under(home, bundle)),
-            std::make_shared<CodexConnector>(CodexPaths::under(home, bundle))};
+            std::make_shared<CodexConnector>(CodexPaths::under(home, bundle)),
+            std::make_shared<OpenCodeConnector>(OpenCodePaths::under(home, bundle))};
 }
 
 std::vector<ClaudeChatRetirement> retirements(const std::filesystem::path& home,

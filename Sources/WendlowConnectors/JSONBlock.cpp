@@ -3,10 +3,22 @@
 #include <algorithm>
 #include <string>
 #include <unordered_set>
+#include <utility>
 
 #include <fmt/format.h>
 
 namespace wendlow::JSONBlock {
+
+Readable read(std::string_view bytes, JSONDialect dialect, std::initializer_list<JSONPath> paths) {
+    auto document = JSONText::scanWithTrivia(bytes, dialect);
+    if (!document)
+        return std::unexpected(document.error().description());
+    for (const JSONPath& path : paths)
+        if (const auto object = document->root().node(path))
+            if (auto reason = repeatedName(*object))
+                return std::unexpected(*std::move(reason));
+    return *std::move(document);
+}
 
 std::optional<std::string> repeatedName(const JSONNode& object) {
     std::unordered_set<std::string_view> seen;

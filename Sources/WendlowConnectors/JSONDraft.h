@@ -13,9 +13,10 @@ namespace wendlow {
 /// the first step.
 class JSONDraft {
 public:
-    /// Both have to outlive the draft; `document` is the scan of `bytes`.
-    JSONDraft(std::string_view bytes, const JSONDocument& document)
-        : m_original(bytes), m_document(&document) {}
+    /// Both have to outlive the draft; `document` is the scan of `bytes` in `dialect`.
+    JSONDraft(std::string_view bytes, const JSONDocument& document,
+              JSONDialect dialect = JSONDialect::json)
+        : m_original(bytes), m_document(&document), m_dialect(dialect) {}
     JSONDraft(const JSONDraft&) = delete;
     JSONDraft& operator=(const JSONDraft&) = delete;
 
@@ -33,6 +34,7 @@ private:
     std::string_view m_original;
     std::optional<std::string> m_edited;
     const JSONDocument* m_document;
+    JSONDialect m_dialect;
     std::optional<JSONDocument> m_rescanned;
 };
 

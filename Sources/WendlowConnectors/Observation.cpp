@@ -1,11 +1,17 @@
 #include "Observation.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <utility>
 
 #include <fmt/format.h>
 
 namespace wendlow {
+
+void append(Observations& all, Observations more) {
+    std::ranges::move(more, std::back_inserter(all));
+}
 
 Observations folded(const Observations& observations) {
     std::map<std::pair<std::string_view, std::string_view>, std::size_t> counts;

@@ -15,6 +15,7 @@ struct Observation {
 
 using Observations = std::vector<Observation>;
 
+void append(Observations& all, Observations more);
 /// The same observations in first-seen order, each said once. One that came n >= 2 times ends in
 /// " (n entries)".
 Observations folded(const Observations& observations);

@@ -17,12 +17,17 @@ ConnectorState state(std::span<const BlockFinding> findings) {
     return std::ranges::any_of(findings, ours) ? ConnectorState::drifted : ConnectorState::found;
 }
 
-ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
-                    const std::filesystem::path& file) {
+ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory) {
     return {.identity = std::move(identity),
             .state = ConnectorState::notFound,
-            .observations = folded({{directory.string(), "there is no directory here"},
-                                    {file.string(), "there is no file here"}})};
+            .observations = {{directory.string(), "there is no directory here"}}};
+}
+
+ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
+                    const std::filesystem::path& file) {
+    ScanReport report = notFound(std::move(identity), directory);
+    report.observations.push_back({file.string(), "there is no file here"});
+    return report;
 }
 
 } // namespace wendlow::ScanJoin

@@ -13,6 +13,7 @@ namespace wendlow::ScanJoin {
 ConnectorState state(std::span<const BlockFinding> findings);
 
 /// The report on a tool that is not on this machine.
+ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory);
 ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
                     const std::filesystem::path& file);
 

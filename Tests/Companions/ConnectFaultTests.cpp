@@ -157,6 +157,67 @@ TEST_P(ConnectKills, LeaveAWayBack) {
 
 INSTANTIATE_TEST_SUITE_P(Happening, ConnectKills, ::testing::Values("before", "after"));
 
+class ConnectOpenCodeFaults : public FaultyHome {
+protected:
+    void fill() const {
+        put(config, "{ // mine\n}\n");
+        fs::create_directory(config.parent_path() / "themes");
+    }
+    /// A plugins folder that a verb made is gone when that verb made nothing of it.
+    void expectNoEmptyFolder(const Verdict& verdict) const {
+        const bool refused = verdict.kind == Verdict::Kind::refused;
+        EXPECT_FALSE(refused && fs::exists(plugins) && fs::is_empty(plugins));
+    }
+
+    const fs::path config = root / ".config/opencode/opencode.jsonc";
+    const fs::path plugins = root / ".config/opencode/plugins";
+    const fs::path plugin = plugins / "wendlow.js";
+    const fs::path receipt = root / "Library/Application Support/Wendlow/Connectors/opencode.json";
+};
+
+TEST_F(ConnectOpenCodeFaults, InstallChangesBothFilesOrNone) {
+    fill();
+    run("install", "opencode");
+    const auto install =
+        sweep("install", "opencode", [this] { fill(); },
+              {{config, "{ // mine\n}\n", get(config)}, {plugin, std::nullopt, get(plugin)}});
+    int committed = 0, refused = 0;
+    for (const auto* error : {"ENOSPC", "EIO", "EACCES"})
+        install.failEachCall(error, [&](const Verdict& verdict) {
+            ++(verdict.kind == Verdict::Kind::committed ? committed : refused);
+            expectNoEmptyFolder(verdict);
+        });
+    EXPECT_GT(committed, 20);
+    EXPECT_GT(refused, 60);
+    install.failFromEachCall("ENOSPC",
+                             [&](const Verdict& verdict) { expectNoEmptyFolder(verdict); });
+    install.failFromEachCall("EIO");
+    for (const auto* when : {"before", "after"})
+        install.killAtEachCall(when);
+}
+
+/// Without its record the verb leaves the containers: they may be the person's.
+TEST_F(ConnectOpenCodeFaults, RemoveChangesBothFilesOrNone) {
+    fill();
+    run("install", "opencode");
+    const auto installed = get(config), source = get(plugin), record = get(receipt);
+    const auto prepare = [&] {
+        fill();
+        put(config, *installed);
+        put(plugin, *source);
+        put(receipt, *record);
+    };
+    const auto remove =
+        sweep("remove", "opencode", prepare,
+              {{config, installed, "{ // mine\n}\n", config, "{ // mine\n  \"mcp\": {}\n}\n"},
+               {plugin, source, std::nullopt}});
+    for (const auto* error : {"ENOSPC", "EIO", "EACCES"})
+        remove.failEachCall(error);
+    remove.failFromEachCall("EIO");
+    for (const auto* when : {"before", "after"})
+        remove.killAtEachCall(when);
+}
+
 class ConnectCodexFaults : public FaultyHome {
 protected:
     void fill(const std::string& groups) const {

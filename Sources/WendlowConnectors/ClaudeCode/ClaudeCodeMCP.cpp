@@ -30,14 +30,7 @@ JSONLiteral ClaudeCodeMCP::entry() const {
 }
 
 ClaudeCodeMCP::Readable ClaudeCodeMCP::read(std::string_view bytes) const {
-    auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
-    if (!document)
-        return std::unexpected(document.error().description());
-    for (const JSONPath& path : {JSONPath{}, JSONPath{serversKey}, entryPath()})
-        if (const auto object = document->root().node(path))
-            if (auto reason = JSONBlock::repeatedName(*object))
-                return std::unexpected(*std::move(reason));
-    return *std::move(document);
+    return JSONBlock::read(bytes, JSONDialect::json, {{}, {serversKey}, entryPath()});
 }
 
 std::optional<std::string> ClaudeCodeMCP::unreadableReason(std::string_view bytes) const {

@@ -19,16 +19,8 @@ namespace {
 constexpr const char* selfEditFailure =
     "the planned edit did not read back as TOML, so nothing was written";
 
-std::string nothingWritten(std::string_view reason) {
-    return fmt::format("nothing was written — {}", reason);
-}
-
 bool holdsOnlyWhitespace(std::string_view bytes) {
     return bytes.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
-void append(Observations& all, Observations more) {
-    std::ranges::move(more, std::back_inserter(all));
 }
 
 /// The hooks file as a plan leaves it. Points into the plan's bytes.
@@ -141,7 +133,7 @@ ConnectorOutcome CodexConnector::install() const {
     auto hooks = m_hook.installed(here.hooksBytes(), *here.hooksDocument);
     if (!hooks)
         return ConnectorVerb::refused(
-            PlanFailure{here.hooks.label, nothingWritten(description(hooks.error()))});
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
     // Where the entry lands is known only now, and so is which table has to be fit for its trust.
     const CodexTrustSlot landing = m_trust.slot(hooks->site);
     if (auto refusal = readingRefusal(here, landing))
@@ -181,7 +173,7 @@ ConnectorOutcome CodexConnector::remove() const {
     auto hooks = m_hook.removed(here.hooksBytes(), *here.hooksDocument, created);
     if (!hooks)
         return ConnectorVerb::refused(
-            PlanFailure{here.hooks.label, nothingWritten(description(hooks.error()))});
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
     const PlannedHooks planned(*here.hooksDocument, hooks->bytes);
     const auto moved = m_hook.movedForeignEntries(here.hooksDocument->root(), planned.root());
     auto config = configPlan(here, planned.root(), {})
@@ -244,7 +236,7 @@ CodexConnector::Refusal CodexConnector::mcpRefusal(const Look& here, CodexMCP::V
     const auto reason = m_mcp.refusalReason(*here.configDocument, here.receipt.created, verb);
     if (!reason)
         return std::nullopt;
-    return ConnectorVerb::refused(PlanFailure{here.config.label, nothingWritten(*reason)});
+    return ConnectorVerb::refused(ConnectorVerb::nothingWritten(here.config, *reason));
 }
 
 /// The plan for the configuration that goes with these hooks. Holds on to `plannedHooks`.

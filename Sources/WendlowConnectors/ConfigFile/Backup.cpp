@@ -126,6 +126,12 @@ std::vector<Path> all(const Path& file) {
     return copies;
 }
 
+bool isCopy(std::string_view name, const Path& file) {
+    auto prefix = prefixOf(file);
+    prefix.pop_back(); // what follows it is not asked about
+    return name.starts_with(prefix);
+}
+
 std::expected<std::optional<Path>, ConfigFileError> make(const Path& file, Date date) {
     const auto failed = [](const Path& copy, std::string reason) {
         return std::unexpected(ConfigFileError::writeFailed(copy.string(), std::move(reason)));

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Verified copies beside a file, `<name>.wendlow-backup-<stamp>[-<n>]`. The names of copies are
@@ -23,6 +24,8 @@ std::expected<std::optional<Path>, ConfigFileError> make(const Path& file, Date 
 std::string stamp(Date date);
 /// The copies of `file`, oldest first.
 std::vector<Path> all(const Path& file);
+/// Whether a file of this name is a copy of `file`, also one that a person has renamed since.
+bool isCopy(std::string_view name, const Path& file);
 /// Removes all but the two newest copies and returns what was removed. A copy that cannot be
 /// removed is passed over.
 std::vector<Path> prune(const Path& file);

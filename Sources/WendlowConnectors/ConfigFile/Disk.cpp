@@ -272,6 +272,10 @@ Result<void> remove(const Path& path) {
     return outcome(::unlink(path.c_str()));
 }
 
+Result<void> removeFolder(const Path& path) {
+    return outcome(::rmdir(path.c_str()));
+}
+
 Result<void> createDirectories(const Path& path, mode_t mode) {
     if (isDirectory(path))
         return {};

@@ -56,7 +56,8 @@ enum class ModeRule {
 Result<void> create(const Path& path, std::string_view bytes, mode_t mode,
                     ModeRule rule = ModeRule::exact);
 Result<void> rename(const Path& from, const Path& to);
-Result<void> remove(const Path& path); ///< a file; ENOENT is an error
+Result<void> remove(const Path& path);       ///< a file; ENOENT is an error
+Result<void> removeFolder(const Path& path); ///< an empty one; any other is an error
 /// Makes the folder and those above it that are missing, each with exactly `mode`. Folders that are
 /// there stay as they are.
 Result<void> createDirectories(const Path& path, mode_t mode);

@@ -30,7 +30,7 @@ private:
     bool toolIsHere() const;
     ConnectorIdentity shownIdentity() const;
     BlockFinding pluginFinding(const Look& here) const;
-    std::optional<Observation> configRefusal(const Look& here) const;
+    std::optional<ConnectorOutcome> configRefusal(const Look& here) const;
     static Observations planNotes(const Look& here, std::size_t commentsReplaced);
 
     OpenCodePaths m_paths;

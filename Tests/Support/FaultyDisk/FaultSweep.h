@@ -162,8 +162,8 @@ struct FaultSweep {
 
     /// Between two of these the disk does not change, and a failing look fails only once.
     static bool mayChange(const std::string& call) {
-        static constexpr std::array names{"open",  "write",  "fsync",  "fchmod",
-                                          "chmod", "rename", "unlink", "mkdir"};
+        static constexpr std::array names{"open",   "write",  "fsync", "fchmod", "chmod",
+                                          "rename", "unlink", "mkdir", "rmdir"};
         return std::ranges::find(names, call.substr(0, call.find(' '))) != names.end();
     }
 };

@@ -1,0 +1,255 @@
+#include "OpenCode/OpenCodeMCP.h"
+
+#include "BundleCommand.h"
+#include "ConfigFile/JSONComments.h"
+#include "Drift.h"
+#include "JSONDraft.h"
+#include "Overloaded.h"
+
+#include <algorithm>
+#include <array>
+#include <ranges>
+#include <utility>
+
+#include <fmt/ranges.h>
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::string_view serversKey = "mcp";
+constexpr std::string_view entryKey = "wendlow";
+constexpr std::string_view enabledKey = "enabled";
+constexpr JSONDialect dialect = JSONDialect::jsonWithComments;
+constexpr std::array<std::string_view, 3> memberKeys{"type", "command", enabledKey};
+
+const JSONPath& entryPath() {
+    static const JSONPath path{serversKey, entryKey};
+    return path;
+}
+
+bool isEmptyContainer(const JSONNode& node) {
+    return (node.isObject() || node.isArray()) && node.count() == 0;
+}
+
+bool isDevelopmentBuild(std::string_view command) {
+    constexpr std::array markers{"/fenmoor/wendlow/dist-dev/", "/fenmoor/wendlow/dist-prod/",
+                                 "/fenmoor/wendlow/.build/"};
+    return std::ranges::any_of(markers,
+                               [&](std::string_view marker) { return command.contains(marker); });
+}
+
+/// What of an entry that runs our program this build would not write.
+std::optional<std::string> extras(const JSONNode& entry) {
+    std::vector<std::string> keys;
+    for (const auto& member : entry.members())
+        if (std::ranges::find(memberKeys, member.key) == memberKeys.end())
+            keys.emplace_back(member.key);
+    std::ranges::sort(keys);
+    if (!keys.empty())
+        return fmt::format("carries {} this build does not write: {}",
+                           keys.size() == 1 ? "a key" : "keys", fmt::join(keys, ", "));
+    const auto type = entry.member("type");
+    if (type && type->string() != "local")
+        return "states a type this build does not write";
+    const auto enabled = entry.member(enabledKey);
+    if (enabled && !enabled->boolean())
+        return "states an enabled that is neither true nor false";
+    if (entry.member("command")->count() > 1)
+        return "carries arguments this build does not write";
+    return std::nullopt;
+}
+
+/// How many comments stand inside the entry.
+std::size_t interiorComments(const JSONDocument& document) {
+    return JSONComments::count(document.comments(), OpenCodeMCP::node(document)->range());
+}
+
+} // namespace
+
+OpenCodeMCP::OpenCodeMCP(OpenCodePaths paths) : m_paths(std::move(paths)) {}
+
+JSONLiteral::Object OpenCodeMCP::members() const {
+    return {
+        {"type", JSONLiteral::string("local")},
+        {"command", JSONLiteral::array({JSONLiteral::string(m_paths.mcpCommand())})},
+        {std::string(enabledKey), JSONLiteral::boolean(true)},
+    };
+}
+
+JSONLiteral OpenCodeMCP::entry() const {
+    return JSONLiteral::object(members());
+}
+
+std::optional<JSONNode> OpenCodeMCP::node(const JSONDocument& document) {
+    return document.root().node(entryPath());
+}
+
+std::optional<std::string_view> OpenCodeMCP::statedCommand(const JSONNode& entry) {
+    const auto word = entry.node({"command", 0});
+    const auto text = word ? word->string() : std::nullopt;
+    return text && !text->empty() ? text : std::nullopt;
+}
+
+bool OpenCodeMCP::isSwitchedOff(const JSONNode& entry) {
+    const auto enabled = entry.member(enabledKey);
+    return enabled && enabled->boolean() == false;
+}
+
+bool OpenCodeMCP::isAdoptableShell(const JSONDocument& document) {
+    const auto found = node(document);
+    return found && isEmptyContainer(*found);
+}
+
+OpenCodeMCP::Ownership OpenCodeMCP::ownership(const JSONNode& entry,
+                                              const std::set<Created>& created) const {
+    if (created.contains(Created::openCodeMCPEntry) || isEmptyContainer(entry))
+        return Ours{};
+    const auto command = statedCommand(entry);
+    const bool looksLikeOurs =
+        command &&
+        (isDevelopmentBuild(*command) || command->ends_with("/wendlow-mcp") ||
+         *command == m_paths.mcpCommand() || BundleCommand::names(*command, "wendlow-mcp"));
+    if (!looksLikeOurs)
+        return HandWritten{};
+    if (auto description = extras(entry))
+        return Extras{*std::move(description)};
+    return Ours{};
+}
+
+OpenCodeMCP::Readable OpenCodeMCP::read(std::string_view bytes) {
+    return JSONBlock::read(bytes, dialect, {{}, {serversKey}, entryPath()});
+}
+
+std::optional<std::string> OpenCodeMCP::unreadableReason(std::string_view bytes) {
+    auto document = read(bytes);
+    return document ? std::nullopt : std::optional(std::move(document).error());
+}
+
+BlockFinding OpenCodeMCP::find(std::optional<std::string_view> bytes,
+                               const std::set<Created>& created) const {
+    if (!bytes)
+        return {BlockFinding::FileAbsent{}};
+    const Readable document = read(*bytes);
+    if (!document)
+        return {BlockFinding::Unreadable{document.error()}};
+    const auto servers = document->root().member(serversKey);
+    if (servers && !servers->isObject())
+        return {BlockFinding::Foreign{{JSONBlock::notA(serversKey, "object")}}};
+    const auto found = node(*document);
+    if (!found)
+        return {BlockFinding::Absent{}};
+    return std::visit(
+        Overloaded{
+            [&](const Ours&) { return BlockFinding::from(driftReasons(*found, *bytes)); },
+            [](const HandWritten&) {
+                return BlockFinding{
+                    BlockFinding::Foreign{{"the Wendlow MCP entry here was written by hand and is "
+                                           "not the one this build writes"}}};
+            },
+            [](const Extras& extras) {
+                return BlockFinding{
+                    BlockFinding::Foreign{{fmt::format("the entry {}", extras.description)}}};
+            },
+        },
+        ownership(*found, created));
+}
+
+/// What is wrong with an entry of ours.
+std::vector<std::string> OpenCodeMCP::driftReasons(const JSONNode& found,
+                                                   std::string_view bytes) const {
+    const auto command = statedCommand(found);
+    if (!command)
+        return {std::string(Drift::otherShape)};
+    auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
+    const auto matches = [&](const JSONLiteral::Member& member) {
+        const auto stated = found.member(member.key);
+        return member.key == enabledKey || (stated && stated->value(bytes) == member.value.value());
+    };
+    if (*command == m_paths.mcpCommand() && !std::ranges::all_of(members(), matches))
+        reasons.emplace_back(Drift::otherShape);
+    if (isSwitchedOff(found))
+        reasons.emplace_back(switchedOffText);
+    return reasons;
+}
+
+std::optional<std::string> OpenCodeMCP::refusalReason(const JSONDocument& document,
+                                                      const std::set<Created>& created) const {
+    const auto found = node(document);
+    const Ownership whose = found ? ownership(*found, created) : Ours{};
+    if (std::holds_alternative<HandWritten>(whose))
+        return "the mcp.wendlow entry here was written by hand and is not one this build wrote";
+    if (const auto* const extras = std::get_if<Extras>(&whose))
+        return fmt::format("the mcp.wendlow entry here {}", extras->description);
+    return std::nullopt;
+}
+
+OpenCodeMCP::Result<OpenCodeMCP::Installed>
+OpenCodeMCP::installed(std::string_view bytes, const JSONDocument& document) const {
+    Installed installed;
+    JSONDraft draft(bytes, document, dialect);
+    if (!node(document)) {
+        // Fails in words where the root or the servers are not an object.
+        const bool serversAreThere = document.root().member(serversKey).has_value();
+        auto taken = draft.take(
+            serversAreThere
+                ? JSONEdit::setMember(bytes, document, {serversKey}, entryKey, entry())
+                : JSONEdit::setMember(bytes, document, {}, serversKey,
+                                      JSONLiteral::object({{std::string(entryKey), entry()}})));
+        if (!taken)
+            return std::unexpected(taken.error());
+        if (!serversAreThere)
+            installed.created.insert(Created::openCodeMCPObject);
+    } else {
+        // One member after the other, so that a comment beside them stays.
+        const std::size_t before = interiorComments(document);
+        for (const auto& [key, value] : members()) {
+            const auto stated = node(draft.document())->member(key);
+            if (stated && (key == enabledKey || stated->value(draft.bytes()) == value.value()))
+                continue;
+            if (auto taken = draft.take(
+                    JSONEdit::setMember(draft.bytes(), draft.document(), entryPath(), key, value));
+                !taken)
+                return std::unexpected(taken.error());
+        }
+        installed.commentsReplaced = before - interiorComments(draft.document());
+    }
+    installed.bytes = std::move(draft).finish();
+    return installed;
+}
+
+OpenCodeMCP::Result<RemovedBlock> OpenCodeMCP::removed(std::string_view bytes,
+                                                       const JSONDocument& document,
+                                                       const ConnectorReceipt& receipt) {
+    RemovedBlock block;
+    if (!node(document))
+        return block;
+    JSONDraft draft(bytes, document, dialect);
+    const auto take = [&draft](const JSONPath& path, std::string_view key) {
+        return draft.take(JSONEdit::removeMember(draft.bytes(), draft.document(), path, key));
+    };
+    if (receipt.adopted.contains(Adopted::openCodeMCPEntryShell) &&
+        !receipt.created.contains(Created::openCodeMCPEntry)) {
+        for (const std::string_view key : memberKeys | std::views::reverse)
+            if (node(draft.document())->member(key))
+                if (auto taken = take(entryPath(), key); !taken)
+                    return std::unexpected(taken.error());
+        block.leftovers.emplace_back(
+            "an empty wendlow entry remains here, which Wendlow did not create");
+    } else {
+        if (auto taken = take({serversKey}, entryKey); !taken)
+            return std::unexpected(taken.error());
+        const bool isEmpty = draft.root().member(serversKey)->count() == 0;
+        if (isEmpty && receipt.created.contains(Created::openCodeMCPObject)) {
+            if (auto taken = take({}, serversKey); !taken)
+                return std::unexpected(taken.error());
+        } else if (isEmpty) {
+            block.leftovers.emplace_back(
+                "an empty mcp object remains here, which Wendlow did not create");
+        }
+    }
+    block.bytes = std::move(draft).finish();
+    return block;
+}
+
+} // namespace wendlow
