@@ -35,15 +35,14 @@ std::vector<FileFate> fates(const std::vector<PlannedFile>& files) {
     return result;
 }
 
-/// The changed files first, then the others.
-void sayFates(const std::vector<FileFate>& files, std::string_view changedText,
-              Observations& observations) {
-    for (const FileFate& file : files)
-        if (file.changes)
-            observations.push_back({file.label, std::string(changedText)});
-    for (const FileFate& file : files)
-        if (!file.changes)
-            observations.push_back({file.label, "nothing in this file needed changing"});
+void sayFates(std::vector<FileFate> files, std::string_view changedText, Observations& observations,
+              FileOrder order = FileOrder::changedFirst) {
+    if (order == FileOrder::changedFirst)
+        std::ranges::stable_partition(files, &FileFate::changes);
+    for (FileFate& file : files)
+        observations.push_back(
+            {std::move(file.label),
+             file.changes ? std::string(changedText) : "nothing in this file needed changing"});
 }
 
 /// The outcome of anything but a commit.
@@ -71,6 +70,20 @@ ConnectorOutcome refused(const PlanFailure& failure) {
     return refused(Observations{{failure.file, failure.reason}});
 }
 
+PlanFailure nothingWritten(const ToolFile& file, std::string_view reason) {
+    return {file.label, fmt::format("nothing was written — {}", reason)};
+}
+
+std::optional<ConnectorOutcome> readingRefusal(std::vector<std::optional<Observation>> reasons) {
+    Observations observations;
+    for (auto& reason : reasons)
+        if (reason)
+            observations.push_back(*std::move(reason));
+    if (observations.empty())
+        return std::nullopt;
+    return refused(std::move(observations));
+}
+
 void Installation::add(ToolFile toolFile, InstalledBlock installed, Created file) {
     created.merge(installed.created);
     if (!toolFile.bytes)
@@ -92,12 +105,16 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
         receipt.created.merge(installation.created);
         if (installation.trustSlots)
             receipt.trustSlots = *std::move(installation.trustSlots);
+        if (installation.appVersion)
+            receipt.appVersion = std::move(installation.appVersion);
+        std::ranges::move(installation.overwritten, std::back_inserter(outcome.observations));
         if (const auto written = receipts.write(receipt); !written)
             outcome.observations.push_back(
                 {receipts.file.string(),
                  fmt::format("the record of what was created was not written here — {}",
                              written.error())});
-        sayFates(said, "the Wendlow entry was written to this file", outcome.observations);
+        sayFates(said, "the Wendlow entry was written to this file", outcome.observations,
+                 installation.order);
     }
     if (outcome.result != Result::refused)
         std::ranges::move(installation.notes, std::back_inserter(outcome.observations));
@@ -119,7 +136,8 @@ ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
 }
 
 PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,
-                        bool (*isEmpty)(std::string_view bytes), Observations& notes) {
+                        bool (*isEmpty)(std::string_view bytes), Observations& notes,
+                        std::string_view emptyWords) {
     for (std::string& leftover : removed.leftovers)
         notes.push_back({file.label, std::move(leftover)});
     const bool edited = removed.bytes.has_value();
@@ -135,7 +153,8 @@ PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,
             {planned.file.label, "this file was created when Wendlow connected and was removed"});
     } else if (planned.changes()) {
         notes.push_back({planned.file.label,
-                         "this file is now empty and remains, because Wendlow did not create it"});
+                         fmt::format("this file {} and remains, because Wendlow did not create it",
+                                     emptyWords)});
     }
     return planned;
 }

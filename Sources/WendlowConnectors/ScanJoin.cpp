@@ -17,6 +17,12 @@ ConnectorState state(std::span<const BlockFinding> findings) {
     return std::ranges::any_of(findings, ours) ? ConnectorState::drifted : ConnectorState::found;
 }
 
+ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory) {
+    return {.identity = std::move(identity),
+            .state = ConnectorState::notFound,
+            .observations = {{directory.string(), "there is no directory here"}}};
+}
+
 ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
                     const std::filesystem::path& file) {
     return {.identity = std::move(identity),

@@ -17,21 +17,11 @@ struct Sources {
     ClaudeCodeMCP::Readable servers;
 };
 
-std::optional<std::string> reason(const JSONBlock::Readable& source) {
-    return source ? std::nullopt : std::optional(source.error());
-}
-
 /// Why a verb may not plan for these files, in their order.
 std::optional<ConnectorOutcome> readingRefusal(const ToolFile& settings, const ToolFile& servers,
                                                const Sources& sources) {
-    Observations observations;
-    if (auto refusal = settings.refusal(reason(sources.settings)))
-        observations.push_back(*std::move(refusal));
-    if (auto refusal = servers.refusal(reason(sources.servers)))
-        observations.push_back(*std::move(refusal));
-    if (observations.empty())
-        return std::nullopt;
-    return ConnectorVerb::refused(std::move(observations));
+    return ConnectorVerb::readingRefusal({settings.refusal(JSONBlock::reason(sources.settings)),
+                                          servers.refusal(JSONBlock::reason(sources.servers))});
 }
 
 } // namespace
@@ -151,7 +141,7 @@ bool ClaudeCodeConnector::staleOwnWiring() const {
     const auto document = JSONText::scanWithTrivia(*settings.bytes, JSONDialect::json);
     if (!document)
         return false;
-    return HookGroups::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
+    return HookLists::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
            Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
 }
 

@@ -19,10 +19,6 @@ namespace {
 constexpr const char* selfEditFailure =
     "the planned edit did not read back as TOML, so nothing was written";
 
-std::string nothingWritten(std::string_view reason) {
-    return fmt::format("nothing was written — {}", reason);
-}
-
 bool holdsOnlyWhitespace(std::string_view bytes) {
     return bytes.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
@@ -141,7 +137,7 @@ ConnectorOutcome CodexConnector::install() const {
     auto hooks = m_hook.installed(here.hooksBytes(), *here.hooksDocument);
     if (!hooks)
         return ConnectorVerb::refused(
-            PlanFailure{here.hooks.label, nothingWritten(description(hooks.error()))});
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
     // Where the entry lands is known only now, and so is which table has to be fit for its trust.
     const CodexTrustSlot landing = m_trust.slot(hooks->site);
     if (auto refusal = readingRefusal(here, landing))
@@ -181,7 +177,7 @@ ConnectorOutcome CodexConnector::remove() const {
     auto hooks = m_hook.removed(here.hooksBytes(), *here.hooksDocument, created);
     if (!hooks)
         return ConnectorVerb::refused(
-            PlanFailure{here.hooks.label, nothingWritten(description(hooks.error()))});
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
     const PlannedHooks planned(*here.hooksDocument, hooks->bytes);
     const auto moved = m_hook.movedForeignEntries(here.hooksDocument->root(), planned.root());
     auto config = configPlan(here, planned.root(), {})
@@ -206,7 +202,7 @@ ConnectorOutcome CodexConnector::remove() const {
 
 bool CodexConnector::staleOwnWiring() const {
     const Look here(*this);
-    return HookGroups::allRun(here.sites, m_paths.hookBinary) && Disk::exists(m_paths.hookBinary) &&
+    return HookLists::allRun(here.sites, m_paths.hookBinary) && Disk::exists(m_paths.hookBinary) &&
            scan().state == ConnectorState::drifted;
 }
 
@@ -233,8 +229,7 @@ std::optional<std::string> CodexConnector::configUnreadableReason(const Look& he
 /// Why no verb may plan for these files.
 CodexConnector::Refusal CodexConnector::readingRefusal(const Look& here,
                                                        const Slot& landing) const {
-    auto refusal = here.hooks.refusal(
-        here.hooksDocument ? std::nullopt : std::optional(here.hooksDocument.error()));
+    auto refusal = here.hooks.refusal(JSONBlock::reason(here.hooksDocument));
     if (!refusal)
         refusal = here.config.refusal(configUnreadableReason(here, landing), "TOML");
     return refusal ? Refusal(ConnectorVerb::refused({*std::move(refusal)})) : std::nullopt;
@@ -244,7 +239,7 @@ CodexConnector::Refusal CodexConnector::mcpRefusal(const Look& here, CodexMCP::V
     const auto reason = m_mcp.refusalReason(*here.configDocument, here.receipt.created, verb);
     if (!reason)
         return std::nullopt;
-    return ConnectorVerb::refused(PlanFailure{here.config.label, nothingWritten(*reason)});
+    return ConnectorVerb::refused(ConnectorVerb::nothingWritten(here.config, *reason));
 }
 
 /// The plan for the configuration that goes with these hooks. Holds on to `plannedHooks`.

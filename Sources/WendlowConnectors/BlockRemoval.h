@@ -1,0 +1,42 @@
+#pragma once
+
+#include "BlockEdit.h"
+#include "JSONDraft.h"
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wendlow {
+
+/// One removal under way, and what is to be said about it.
+class BlockRemoval {
+public:
+    using Step = JSONBlock::Result<void>;
+
+    /// All three have to outlive it; `document` is the scan of `bytes`.
+    BlockRemoval(std::string_view bytes, const JSONDocument& document,
+                 const std::set<Created>& created)
+        : m_draft(bytes, document), m_created(created) {}
+
+    JSONDraft& draft() { return m_draft; }
+    bool isOurs(Created container) const { return m_created.contains(container); }
+
+    /// Takes member `key` of the object at `parent` out, if it is a list or an object of `kind`,
+    /// empty, and `made` by us. Where it is not ours, `what` stays and is spoken of.
+    Step removeEmpty(Created made, const JSONPath& parent, std::string_view key,
+                     JSONNode::Kind kind, std::string_view what);
+    /// "an empty <what> remains here, which Wendlow did not create"
+    void leave(std::string_view what);
+    void say(std::string sentence) { m_leftovers.push_back(std::move(sentence)); }
+
+    RemovedBlock finish() &&;
+
+private:
+    JSONDraft m_draft;
+    const std::set<Created>& m_created;
+    std::vector<std::string> m_leftovers;
+};
+
+} // namespace wendlow
