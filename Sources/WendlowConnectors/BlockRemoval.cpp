@@ -6,14 +6,13 @@
 
 namespace wendlow {
 
-BlockRemoval::Step BlockRemoval::removeEmpty(Created made, const JSONPath& parent,
-                                             std::string_view key, JSONNode::Kind kind,
-                                             std::string_view what) {
+BlockRemoval::Step BlockRemoval::removeEmpty(std::optional<Created> made, const JSONPath& parent,
+                                             std::string_view key, std::string_view what) {
     const auto object = m_draft.root().node(parent);
     const auto container = object ? object->member(key) : std::nullopt;
-    if (!container || container->kind() != kind || container->count() > 0)
+    if (!container || !(container->isObject() || container->isArray()) || container->count() > 0)
         return {};
-    if (isOurs(made))
+    if (made && isOurs(*made))
         return m_draft.take(
             JSONEdit::removeMember(m_draft.bytes(), m_draft.document(), parent, key));
     leave(what);

@@ -3,6 +3,7 @@
 #include "BlockEdit.h"
 #include "JSONDraft.h"
 
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -23,10 +24,11 @@ public:
     JSONDraft& draft() { return m_draft; }
     bool isOurs(Created container) const { return m_created.contains(container); }
 
-    /// Takes member `key` of the object at `parent` out, if it is a list or an object of `kind`,
-    /// empty, and `made` by us. Where it is not ours, `what` stays and is spoken of.
-    Step removeEmpty(Created made, const JSONPath& parent, std::string_view key,
-                     JSONNode::Kind kind, std::string_view what);
+    /// Takes member `key` of the object at `parent` out, if it is an empty list or object and
+    /// `made` says that it is ours; nothing: it cannot be. Where it is not, `what` stays and is
+    /// spoken of.
+    Step removeEmpty(std::optional<Created> made, const JSONPath& parent, std::string_view key,
+                     std::string_view what);
     /// "an empty <what> remains here, which Wendlow did not create"
     void leave(std::string_view what);
     void say(std::string sentence) { m_leftovers.push_back(std::move(sentence)); }

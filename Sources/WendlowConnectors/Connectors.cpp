@@ -2,6 +2,7 @@
 
 #include "ClaudeCode/ClaudeCodeConnector.h"
 #include "Codex/CodexConnector.h"
+#include "Cursor/CursorConnector.h"
 
 namespace wendlow::Connectors {
 
@@ -10,9 +11,10 @@ std::string_view text(Profile profile) {
 }
 
 List all(const std::filesystem::path& home, const std::filesystem::path& bundle,
-         const std::filesystem::path& /*applications*/) {
+         const std::filesystem::path& applications) {
     return {std::make_shared<ClaudeCodeConnector>(ClaudeCodePaths::under(home, bundle)),
-            std::make_shared<CodexConnector>(CodexPaths::under(home, bundle))};
+            std::make_shared<CodexConnector>(CodexPaths::under(home, bundle)),
+            std::make_shared<CursorConnector>(CursorPaths::under(home, bundle, applications))};
 }
 
 std::filesystem::path mcpCommand(const std::filesystem::path& bundle) {

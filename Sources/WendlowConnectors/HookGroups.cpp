@@ -152,13 +152,14 @@ JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, const JSONDocume
         if (auto step = removal.removeEntry(site); !step)
             return std::unexpected(step.error());
     for (const std::string& event : events)
-        if (auto step = removal.removeEmpty(containers.of(event).list, {"hooks"}, event,
-                                            JSONNode::Kind::array, event + " list");
+        if (auto step =
+                removal.removeEmpty(containers.of(event).list, {"hooks"}, event, event + " list");
             !step)
             return std::unexpected(step.error());
-    if (auto step = removal.removeEmpty(containers.hooksObject, {}, "hooks", JSONNode::Kind::object,
-                                        "hooks object");
-        !step)
+    const auto hooks = removal.draft().root().member("hooks");
+    if (!hooks || !hooks->isObject())
+        return std::move(removal).finish();
+    if (auto step = removal.removeEmpty(containers.hooksObject, {}, "hooks", "hooks object"); !step)
         return std::unexpected(step.error());
     return std::move(removal).finish();
 }
