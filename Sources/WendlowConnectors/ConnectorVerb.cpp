@@ -1,5 +1,6 @@
 #include "ConnectorVerb.h"
 
+#include <ranges>
 #include <utility>
 
 #include <fmt/format.h>
@@ -35,14 +36,18 @@ std::vector<FileFate> fates(const std::vector<PlannedFile>& files) {
     return result;
 }
 
-void sayFates(std::vector<FileFate> files, std::string_view changedText, Observations& observations,
-              FileOrder order = FileOrder::changedFirst) {
-    if (order == FileOrder::changedFirst)
-        std::ranges::stable_partition(files, &FileFate::changes);
-    for (FileFate& file : files)
-        observations.push_back(
-            {std::move(file.label),
-             file.changes ? std::string(changedText) : "nothing in this file needed changing"});
+void sayFates(const std::vector<FileFate>& files, std::string_view changedText,
+              Observations& observations, FileOrder order = FileOrder::changedFirst) {
+    const auto say = [&](const FileFate& file) {
+        observations.push_back({file.label, file.changes ? std::string(changedText)
+                                                         : "nothing in this file needed changing"});
+    };
+    if (order == FileOrder::asPlanned) {
+        std::ranges::for_each(files, say);
+        return;
+    }
+    std::ranges::for_each(files | std::views::filter(&FileFate::changes), say);
+    std::ranges::for_each(files | std::views::filter(std::not_fn(&FileFate::changes)), say);
 }
 
 /// The outcome of anything but a commit.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <functional>
+#include <map>
 #include <utility>
 
 #include <fmt/format.h>
@@ -74,19 +75,20 @@ std::string undecodedNote(std::size_t count) {
 ProjectReport CursorConnector::projects() const {
     const Path& store = m_paths.workspaceStorageDirectory;
     ProjectReport report{.source = store.string(), .projects = {}, .note = std::nullopt};
+    std::multimap<FileDate, std::string, std::greater<>> folders; // equal dates stay by name
     std::size_t undecoded = 0;
     for (const std::string& name : Disk::names(store).value_or(std::vector<std::string>{})) {
         const Path folder = store / name;
         if (!Disk::isDirectory(folder))
             continue;
         if (auto path = folderPath(folder / "workspace.json"))
-            report.projects.push_back({.path = *std::move(path),
-                                       .lastActivity = lastActivity(folder),
-                                       .memory = std::nullopt});
+            folders.emplace(lastActivity(folder), *std::move(path));
         else
             ++undecoded;
     }
-    std::ranges::stable_sort(report.projects, std::greater{}, &ConnectorProject::lastActivity);
+    for (auto& [date, path] : folders)
+        report.projects.push_back(
+            {.path = std::move(path), .lastActivity = date, .memory = std::nullopt});
     if (undecoded > 0)
         report.note = undecodedNote(undecoded);
     else if (report.projects.empty())
