@@ -23,6 +23,10 @@ void BlockRemoval::leave(std::string_view what) {
     say(fmt::format("an empty {} remains here, which Wendlow did not create", what));
 }
 
+void BlockRemoval::say(std::string_view sentence) {
+    m_leftovers.emplace_back(sentence);
+}
+
 RemovedBlock BlockRemoval::finish() && {
     return {.bytes = std::move(m_draft).finish(), .leftovers = std::move(m_leftovers)};
 }

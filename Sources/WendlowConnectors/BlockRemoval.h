@@ -31,7 +31,7 @@ public:
                      std::string_view what);
     /// "an empty <what> remains here, which Wendlow did not create"
     void leave(std::string_view what);
-    void say(std::string sentence) { m_leftovers.push_back(std::move(sentence)); }
+    void say(std::string_view sentence);
 
     RemovedBlock finish() &&;
 
