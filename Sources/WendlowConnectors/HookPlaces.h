@@ -40,6 +40,7 @@ private:
 
     template<class Site> static std::vector<Placed> placed(const std::vector<Site>& sites) {
         std::vector<Placed> all;
+        all.reserve(sites.size());
         for (const Site& site : sites)
             all.push_back({site.event, site.command});
         return all;

@@ -38,8 +38,9 @@ std::optional<std::string> percentDecoded(std::string_view text) {
         }
         unsigned char byte = 0;
         const std::string_view digits = text.substr(1, 2);
-        const char* const end = digits.data() + digits.size();
-        if (digits.size() != 2 || std::from_chars(digits.data(), end, byte, 16).ptr != end)
+        const char* const begin = digits.data();
+        const char* const end = begin + digits.size();
+        if (digits.size() != 2 || std::from_chars(begin, end, byte, 16).ptr != end)
             return std::nullopt;
         decoded += static_cast<char>(byte);
         text.remove_prefix(3);

@@ -104,16 +104,17 @@ TEST(CursorHook, isInstalledWithTheSmallestEditAndRemovedAgain) {
     using Texts = std::vector<std::string>;
     const struct {
         std::string before, after;
-        std::set<Created> created = {};
-        Texts replaced = {};
+        std::set<Created> created;
+        Texts replaced;
         std::string removed;
-        Texts leftovers = {};
+        Texts leftovers;
     } cases[] = {
         {"{}",
          R"({"hooks":{"beforeSubmitPrompt":[@prompt],"preToolUse":[@pretool]}})",
          {prompt, preTool, Created::cursorHooksObject},
          {},
-         "{}"},
+         "{}",
+         {}},
         {R"({"version":1,"hooks":{}})",
          right,
          {prompt, preTool},
@@ -132,7 +133,8 @@ TEST(CursorHook, isInstalledWithTheSmallestEditAndRemovedAgain) {
          "cursor\"\n\t\t\t}\n\t\t]\n\t}\n}",
          {prompt},
          {},
-         "{\n\t\"hooks\": {\n\t\t\"preToolUse\": [ { \"a\": [1.0] } ]\n\t}\n}"},
+         "{\n\t\"hooks\": {\n\t\t\"preToolUse\": [ { \"a\": [1.0] } ]\n\t}\n}",
+         {}},
         // In its place, and what the person had put into it is told.
         {both("@theirs," + noted + ",@theirs", "@pretool"),
          both("@theirs,@prompt,@theirs", "@pretool"),
