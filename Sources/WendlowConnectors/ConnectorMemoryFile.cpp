@@ -25,9 +25,9 @@ bool isMarkdown(const std::filesystem::path& name) {
 
 } // namespace
 
-std::optional<FileDate> modificationDate(const std::filesystem::path& path) {
+std::optional<FileDate> modificationDate(const std::filesystem::path& path, Links links) {
     struct stat status{};
-    if (::stat(path.c_str(), &status) != 0)
+    if ((links == Links::followed ? ::stat : ::lstat)(path.c_str(), &status) != 0)
         return std::nullopt;
     return date(status.st_mtim);
 }

@@ -58,8 +58,10 @@ using FileDate = std::chrono::system_clock::time_point;
 
 /// Before every date there is.
 inline constexpr FileDate distantPast = FileDate::min();
-/// When the contents of what stands at `path` were last modified, links followed.
-std::optional<FileDate> modificationDate(const std::filesystem::path& path);
+enum class Links { followed, notFollowed };
+/// When the contents of what stands at `path` were last modified.
+std::optional<FileDate> modificationDate(const std::filesystem::path& path,
+                                         Links links = Links::followed);
 
 /// A memory file that a tool keeps.
 struct ConnectorMemoryFile {

@@ -1,5 +1,6 @@
 #include "ConnectorVerb.h"
 
+#include <ranges>
 #include <utility>
 
 #include <fmt/format.h>
@@ -36,16 +37,20 @@ std::vector<FileFate> fates(const std::vector<PlannedFile>& files) {
     return result;
 }
 
-/// The changed files first, then the others.
-void sayFates(const std::vector<FileFate>& files, std::string_view done,
-              Observations& observations) {
-    for (const FileFate& file : files)
-        if (file.changes)
-            observations.push_back(
-                {file.label, fmt::format("the Wendlow {} was {} this file", file.what, done)});
-    for (const FileFate& file : files)
-        if (!file.changes)
-            observations.push_back({file.label, "nothing in this file needed changing"});
+void sayFates(const std::vector<FileFate>& files, std::string_view done, Observations& observations,
+              FileOrder order = FileOrder::changedFirst) {
+    const auto say = [&](const FileFate& file) {
+        observations.push_back(
+            {file.label, file.changes
+                             ? fmt::format("the Wendlow {} was {} this file", file.what, done)
+                             : "nothing in this file needed changing"});
+    };
+    if (order == FileOrder::asPlanned) {
+        std::ranges::for_each(files, say);
+        return;
+    }
+    std::ranges::for_each(files | std::views::filter(&FileFate::changes), say);
+    std::ranges::for_each(files | std::views::filter(std::not_fn(&FileFate::changes)), say);
 }
 
 ConnectorOutcome changed(TransactionResult::Committed& committed) {
@@ -66,6 +71,16 @@ ConnectorOutcome refused(const PlanFailure& failure) {
 
 PlanFailure nothingWritten(const ToolFile& file, std::string_view reason) {
     return {file.label, fmt::format("nothing was written — {}", reason)};
+}
+
+std::optional<ConnectorOutcome> readingRefusal(std::vector<std::optional<Observation>> reasons) {
+    Observations observations;
+    for (auto& reason : reasons)
+        if (reason)
+            observations.push_back(*std::move(reason));
+    if (observations.empty())
+        return std::nullopt;
+    return refused(std::move(observations));
 }
 
 void Installation::add(ToolFile toolFile, InstalledBlock installed, Created file,
@@ -95,13 +110,15 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
         receipt.adopted.merge(installation.adopted);
         if (installation.trustSlots)
             receipt.trustSlots = *std::move(installation.trustSlots);
+        if (installation.appVersion)
+            receipt.appVersion = std::move(installation.appVersion);
         if (const auto written = receipts.write(receipt); !written)
             outcome.observations.push_back(
                 {receipts.file.string(),
                  fmt::format("the record of what was created was not written here — {}",
                              written.error())});
     }
-    sayFates(said, "written to", outcome.observations);
+    sayFates(said, "written to", outcome.observations, installation.order);
     append(outcome.observations, std::move(installation.notes));
     return outcome;
 }
@@ -126,7 +143,8 @@ ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
 }
 
 PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,
-                        bool (*isEmpty)(std::string_view bytes), Observations& notes) {
+                        bool (*isEmpty)(std::string_view bytes), Observations& notes,
+                        std::string_view emptyWords) {
     for (std::string& leftover : removed.leftovers)
         notes.push_back({file.label, std::move(leftover)});
     const bool edited = removed.bytes.has_value();
@@ -142,7 +160,8 @@ PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,
             {planned.file.label, "this file was created when Wendlow connected and was removed"});
     } else if (planned.changes()) {
         notes.push_back({planned.file.label,
-                         "this file is now empty and remains, because Wendlow did not create it"});
+                         fmt::format("this file {} and remains, because Wendlow did not create it",
+                                     emptyWords)});
     }
     return planned;
 }

@@ -46,15 +46,23 @@ ConnectorOutcome refused(Observations observations);
 ConnectorOutcome refused(const PlanFailure& failure);
 /// "nothing was written — <reason>", of that file.
 PlanFailure nothingWritten(const ToolFile& file, std::string_view reason);
+/// The refusal of a verb that has to leave one of its files alone; nothing where none of them has
+/// to be.
+std::optional<ConnectorOutcome> readingRefusal(std::vector<std::optional<Observation>> reasons);
+
+/// In which order a verb says of each file what became of it.
+enum class FileOrder { changedFirst, asPlanned };
 
 /// A planned installation.
 struct Installation {
-    std::vector<PlannedFile> files;       ///< in the order of writing
-    std::set<Created> created;            ///< what it brings into being
-    std::set<Adopted> adopted;            ///< what it takes over
-    std::optional<TrustSlots> trustSlots; ///< what takes the place of the receipt's
-    Observations planNotes;               ///< said unless it is refused, before all of ours
-    Observations notes;                   ///< said unless it is refused, behind all else
+    std::vector<PlannedFile> files;                       ///< in the order of writing
+    std::set<Created> created;                            ///< what it brings into being
+    std::set<Adopted> adopted;                            ///< what it takes over
+    std::optional<TrustSlots> trustSlots;                 ///< what takes the place of the receipt's
+    std::optional<std::string> appVersion = std::nullopt; ///< the same
+    Observations planNotes; ///< said unless it is refused, before all of ours
+    Observations notes;     ///< said unless it is refused, behind all else
+    FileOrder order = FileOrder::changedFirst;
 
     /// Adds one file's part. `file` is what is created where there is no such file yet. Moves the
     /// file's bytes.
@@ -73,9 +81,11 @@ ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
                         const std::function<Observations()>& afterwards = {});
 
 /// Plans one file's part in a removal. What then `isEmpty` is deleted where it was created by us;
-/// otherwise it stays, and is spoken of where the verb changed it. Moves the file's bytes.
+/// otherwise it stays, and is spoken of where the verb changed it: "this file <emptyWords> and
+/// remains". Moves the file's bytes.
 PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,
-                        bool (*isEmpty)(std::string_view bytes), Observations& notes);
+                        bool (*isEmpty)(std::string_view bytes), Observations& notes,
+                        std::string_view emptyWords = "is now empty");
 
 } // namespace ConnectorVerb
 } // namespace wendlow

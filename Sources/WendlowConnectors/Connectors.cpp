@@ -2,14 +2,16 @@
 
 #include "ClaudeCode/ClaudeCodeConnector.h"
 #include "Codex/CodexConnector.h"
+#include "Cursor/CursorConnector.h"
 #include "OpenCode/OpenCodeConnector.h"
 
 namespace wendlow::Connectors {
 
 List all(const std::filesystem::path& home, const std::filesystem::path& bundle,
-         const std::filesystem::path& /*applications*/) {
+         const std::filesystem::path& applications) {
     return {std::make_shared<ClaudeCodeConnector>(ClaudeCodePaths::under(home, bundle)),
             std::make_shared<CodexConnector>(CodexPaths::under(home, bundle)),
+            std::make_shared<CursorConnector>(CursorPaths::under(home, bundle, applications)),
             std::make_shared<OpenCodeConnector>(OpenCodePaths::under(home, bundle))};
 }
 

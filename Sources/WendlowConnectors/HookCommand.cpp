@@ -35,12 +35,8 @@ std::optional<HookOwnership> tier(std::string_view command, std::span<const std:
     for (const std::string& current : currents)
         if (std::ranges::count(spellings(current), command) > 0)
             return HookOwnership::current;
-    if (const auto script = legacyScriptPath(command)) {
-        const std::string name = script->filename().string();
-        const bool ours =
-            name == "wendlow-hook.py" || name == "rules-hook.py" || name == "prime-hook.py";
-        return ours ? std::optional(HookOwnership::stale) : std::nullopt;
-    }
+    if (isLegacyScript(command))
+        return HookOwnership::stale;
     const auto first = std::ranges::find_if(currents, [](const std::string& current) {
         return BundleCommand::harness(current).has_value();
     });
@@ -62,12 +58,22 @@ std::optional<std::filesystem::path> legacyScriptPath(std::string_view command) 
     return script;
 }
 
+bool isLegacyScript(std::string_view command) {
+    const auto script = legacyScriptPath(command);
+    const std::string name = script ? script->filename().string() : "";
+    return name == "wendlow-hook.py" || name == "rules-hook.py" || name == "prime-hook.py";
+}
+
 bool isLegacyBundle(std::string_view command, std::string_view current) {
     const auto harness = BundleCommand::harness(current);
     if (!harness)
         return false;
     const auto executable = BundleCommand::hookExecutable(command, *harness);
     return executable && BundleCommand::names(*executable, "wendlow-hook");
+}
+
+bool isPreTool(std::string_view command) {
+    return command.ends_with(" --slot pretool") || command.ends_with(" --slot=pretool");
 }
 
 std::optional<std::string> unusableReason(const std::filesystem::path& executable) {

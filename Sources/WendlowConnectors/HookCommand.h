@@ -28,9 +28,14 @@ std::vector<std::string> spellings(std::string_view command);
 std::optional<HookOwnership> tier(std::string_view command, std::span<const std::string> currents);
 /// The script that `python3 <script>` runs, if it lies in the scripts folder of a source checkout.
 std::optional<std::filesystem::path> legacyScriptPath(std::string_view command);
+/// Whether `command` runs one of the old scripts in such a folder.
+bool isLegacyScript(std::string_view command);
 /// Whether `command` runs the hook program of some copy of the application for the harness of
 /// `current`.
 bool isLegacyBundle(std::string_view command, std::string_view current);
+
+/// Whether `command` is for the moment before a tool runs, in either spelling.
+bool isPreTool(std::string_view command);
 
 /// Why a command that begins with `executable` would not run it, or would not be recognised later:
 /// there is no quoting, so a path that a shell would split or expand cannot be written.

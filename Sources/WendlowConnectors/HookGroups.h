@@ -2,14 +2,12 @@
 
 #include "BlockFinding.h"
 #include "HookCommand.h"
+#include "HookLists.h"
 #include "JSONBlock.h"
 #include "JSONDraft.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <filesystem>
 #include <functional>
-#include <ranges>
 #include <span>
 #include <string>
 #include <string_view>
@@ -63,20 +61,8 @@ void forEachEntry(const JSONNode& root, const std::function<void(const Entry&)>&
 /// The entries of ours under any event, in document order. `currents` are the commands this build
 /// writes here.
 std::vector<HookSite> sites(const JSONNode& root, std::span<const std::string> currents);
-/// Whether there are sites and all of them run `binary`.
-template<std::ranges::range Sites>
-bool allRun(const Sites& sites, const std::filesystem::path& binary) {
-    const auto runsIt = [program = binary.string()](const HookSite& site) {
-        return std::string_view(site.command).substr(0, site.command.find(' ')) == program;
-    };
-    return !std::ranges::empty(sites) && std::ranges::all_of(sites, runsIt);
-}
-
 /// A document in which no object on the way to an entry holds a name twice.
 JSONBlock::Readable read(std::string_view bytes);
-/// Why there is no place for an entry under these events.
-std::optional<std::string> foreignReason(const JSONNode& root,
-                                         std::span<const std::string_view> events);
 
 /// What a block says about its file. `sites(root, bytes)` gives its entries, and
 /// `driftReasons(sites, root, bytes)` what is wrong with them, which is asked only when there are
@@ -90,7 +76,7 @@ BlockFinding find(std::optional<std::string_view> bytes, std::span<const std::st
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const JSONNode root = document->root();
-    if (auto reason = foreignReason(root, events))
+    if (auto reason = HookLists::foreignReason(root, events))
         return {BlockFinding::Foreign{{*std::move(reason)}}};
     const auto own = sites(root, *bytes);
     if (own.empty())

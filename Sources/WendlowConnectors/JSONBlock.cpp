@@ -29,6 +29,10 @@ std::optional<std::string> repeatedName(const JSONNode& object) {
     return std::nullopt;
 }
 
+std::optional<std::string> reason(const Readable& document) {
+    return document ? std::nullopt : std::optional(document.error());
+}
+
 std::optional<std::string_view> text(const JSONNode& object, std::string_view key) {
     const auto member = object.member(key);
     return member ? member->string() : std::nullopt;
@@ -37,6 +41,16 @@ std::optional<std::string_view> text(const JSONNode& object, std::string_view ke
 std::string notA(std::string_view name, std::string_view kind) {
     return fmt::format("the {} value in this file is not an {}, so no entry can be put in it", name,
                        kind);
+}
+
+std::string replaced(std::string_view bytes, const JSONNode& root, const JSONNode& node,
+                     const JSONLiteral& literal) {
+    const RenderStyle style{.multiline = JSONEdit::spansLines(node.range(), bytes),
+                            .newline = std::string(JSONEdit::lineEnding(bytes))};
+    return fmt::format("{}{}{}", bytes.substr(0, node.start()),
+                       literal.render(JSONEdit::lineIndent(node.start(), bytes),
+                                      JSONEdit::indentUnit(root, bytes), style),
+                       bytes.substr(node.end()));
 }
 
 bool isEmptyObject(std::string_view bytes) {

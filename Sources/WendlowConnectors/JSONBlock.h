@@ -27,10 +27,15 @@ Readable read(std::string_view bytes, JSONDialect dialect, std::initializer_list
 /// The sentence about the first name that `object` holds twice. The editor addresses the first of
 /// two and the tool reads the last, so such an object is left alone.
 std::optional<std::string> repeatedName(const JSONNode& object);
+/// Why a file is not fit to be edited; nothing where it is.
+std::optional<std::string> reason(const Readable& document);
 /// The string at member `key` of an object; nothing where it is not a string.
 std::optional<std::string_view> text(const JSONNode& object, std::string_view key);
 /// "the <name> value in this file is not an <kind>, so no entry can be put in it".
 std::string notA(std::string_view name, std::string_view kind);
+/// `literal` in place of `node`, laid out as the node was. `root` is the scan of `bytes`.
+std::string replaced(std::string_view bytes, const JSONNode& root, const JSONNode& node,
+                     const JSONLiteral& literal);
 /// Whether `bytes` are an object without members and nothing else.
 bool isEmptyObject(std::string_view bytes);
 

@@ -12,7 +12,8 @@ namespace wendlow::ScanJoin {
 /// about its blocks.
 ConnectorState state(std::span<const BlockFinding> findings);
 
-/// The report on a tool that is not on this machine.
+/// The report on a tool that is not on this machine: it has no folder, or neither that nor its main
+/// file.
 ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory);
 ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
                     const std::filesystem::path& file);

@@ -28,7 +28,7 @@ Verdict verdictOf(const ProgramRun& run) {
 }
 
 /// A person's home, an application beside it, and the program at work on one tool.
-class FaultyHome : public ::testing::TestWithParam<const char*> {
+class FaultyHome : public ::testing::Test {
 protected:
     FaultyHome() {
         for (const auto* name : {"wendlow-hook", "wendlow-mcp"})
@@ -55,7 +55,7 @@ protected:
 
 /// A person's two files, the settings linked into a dotfiles folder; and what each verb makes of
 /// them when nothing goes wrong.
-class ConnectFaults : public FaultyHome {
+class ConnectFaults : public FaultyHome, public ::testing::WithParamInterface<const char*> {
 protected:
     ConnectFaults() {
         prepare();
@@ -216,6 +216,41 @@ TEST_F(ConnectOpenCodeFaults, RemoveChangesBothFilesOrNone) {
     remove.failFromEachCall("EIO");
     for (const auto* when : {"before", "after"})
         remove.killAtEachCall(when);
+}
+
+/// Cursor's two files change together, whichever call fails; what is in them is the person's in
+/// part, so that no receipt is needed to take ours out again.
+TEST_F(FaultyHome, CursorChangesBothFilesOrNone) {
+    const fs::path hooks = root / ".cursor/hooks.json", servers = root / ".cursor/mcp.json";
+    const std::string oldHooks =
+        R"({"version":1,"hooks":{"beforeSubmitPrompt":[{"command":"a"}],"preToolUse":[7]}})";
+    const std::string oldServers = R"({"mcpServers":{"x":{}}})";
+    const auto prepare = [&] {
+        put(hooks, oldHooks);
+        put(servers, oldServers);
+    };
+    prepare();
+    run("install", "cursor");
+    const auto newHooks = get(hooks), newServers = get(servers);
+    int committed = 0, refused = 0;
+    const auto count = [&](const Verdict& verdict) {
+        ++(verdict.kind == Verdict::Kind::committed ? committed : refused);
+    };
+    const auto install = sweep("install", "cursor", prepare,
+                               {{hooks, oldHooks, newHooks}, {servers, oldServers, newServers}});
+    for (const auto* error : {"ENOSPC", "EIO"})
+        install.failEachCall(error, count);
+    install.failFromEachCall("ENOSPC");
+    install.killAtEachCall("after");
+    const auto prepareInstalled = [&] {
+        put(hooks, *newHooks);
+        put(servers, *newServers);
+    };
+    sweep("remove", "cursor", prepareInstalled,
+          {{hooks, newHooks, oldHooks}, {servers, newServers, oldServers}})
+        .failEachCall("EIO", count);
+    EXPECT_GT(committed, 30);
+    EXPECT_GT(refused, 90);
 }
 
 class ConnectCodexFaults : public FaultyHome {

@@ -56,7 +56,7 @@ TEST(Connectors, standInTheirFixedOrder) {
     std::vector<std::string> ids;
     for (const auto& connector : Connectors::all("/home", "/A/Wendlow.app", "/Applications"))
         ids.push_back(connector->identity().id);
-    EXPECT_THAT(ids, ElementsAre("claude-code", "codex", "opencode"));
+    EXPECT_THAT(ids, ElementsAre("claude-code", "codex", "cursor", "opencode"));
     EXPECT_EQ(Connectors::mcpCommand("/A/Wendlow.app"),
               "/A/Wendlow.app/Contents/MacOS/wendlow-mcp");
 }

@@ -11,14 +11,6 @@
 
 namespace wendlow {
 
-namespace {
-
-std::optional<std::string> reason(const JSONBlock::Readable& document) {
-    return document ? std::nullopt : std::optional(document.error());
-}
-
-} // namespace
-
 /// Both files as they are.
 struct ClaudeCodeConnector::Look {
     explicit Look(const ClaudeCodeConnector& claude)
@@ -132,20 +124,15 @@ bool ClaudeCodeConnector::staleOwnWiring() const {
     const auto document = JSONText::scanWithTrivia(*settings.bytes, JSONDialect::json);
     if (!document)
         return false;
-    return HookGroups::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
+    return HookLists::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
            Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
 }
 
 /// Why no verb may plan for these files, in their order.
 std::optional<ConnectorOutcome> ClaudeCodeConnector::readingRefusal(const Look& here) {
-    Observations observations;
-    if (auto refusal = here.settings.refusal(reason(here.settingsDocument)))
-        observations.push_back(*std::move(refusal));
-    if (auto refusal = here.servers.refusal(reason(here.serversDocument)))
-        observations.push_back(*std::move(refusal));
-    if (observations.empty())
-        return std::nullopt;
-    return ConnectorVerb::refused(std::move(observations));
+    return ConnectorVerb::readingRefusal(
+        {here.settings.refusal(JSONBlock::reason(here.settingsDocument)),
+         here.servers.refusal(JSONBlock::reason(here.serversDocument))});
 }
 
 } // namespace wendlow

@@ -15,14 +15,6 @@ constexpr std::string_view promptEvent = "UserPromptSubmit";
 constexpr std::string_view preToolEvent = "PreToolUse";
 constexpr std::array events{promptEvent, preToolEvent};
 
-bool isPreTool(std::string_view command) {
-    return command.ends_with(" --slot pretool") || command.ends_with(" --slot=pretool");
-}
-
-std::string_view expectedEvent(const HookSite& site) {
-    return isPreTool(site.command) ? preToolEvent : promptEvent;
-}
-
 /// Tells our pre-tool group from a person's, and is ours to take along with it.
 JSONLiteral::Member preToolMatcher() {
     return {"matcher", JSONLiteral::string("mcp__wendlow__.*")};
@@ -44,7 +36,14 @@ const HookGroups::Containers& containers() {
 } // namespace
 
 ClaudeCodeHook::ClaudeCodeHook(ClaudeCodePaths paths)
-    : m_paths(std::move(paths)), m_currents(m_paths.currents()) {}
+    : m_paths(std::move(paths)), m_currents(m_paths.currents()),
+      m_places{.promptEvent = promptEvent,
+               .preToolEvent = preToolEvent,
+               .promptCommand = m_paths.hookCommands().front(),
+               .preToolCommand = m_paths.preToolCommand(),
+               .binary = m_paths.hookBinary,
+               .count = 4,
+               .countName = "four"} {}
 
 JSONLiteral ClaudeCodeHook::entry(std::string_view command) const {
     return JSONLiteral::object({
@@ -73,8 +72,7 @@ ClaudeCodeHook::Readable ClaudeCodeHook::read(std::string_view bytes) const {
 }
 
 std::optional<std::string> ClaudeCodeHook::unreadableReason(std::string_view bytes) const {
-    auto document = read(bytes);
-    return document ? std::nullopt : std::optional(std::move(document).error());
+    return JSONBlock::reason(read(bytes));
 }
 
 std::vector<HookSite> ClaudeCodeHook::sites(const JSONNode& root) const {
@@ -92,27 +90,8 @@ BlockFinding ClaudeCodeHook::find(std::optional<std::string_view> bytes) const {
 std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite>& sites,
                                                       const JSONNode& root,
                                                       std::string_view bytes) const {
-    std::vector<std::string> reasons;
-    const bool fourHere = sites.size() == 4;
-    if (!fourHere)
-        reasons.push_back(fmt::format("this file holds {} Wendlow {} where four are expected",
-                                      sites.size(), sites.size() == 1 ? "entry" : "entries"));
-    bool inPlace = true;
-    for (const HookSite& site : sites) {
-        const std::string_view expected = expectedEvent(site);
-        if (site.event == expected)
-            continue;
-        inPlace = false;
-        reasons.push_back(fmt::format("a Wendlow entry here is under the {} event rather than {}",
-                                      site.event, expected));
-    }
-    const auto slot = std::ranges::find_if_not(sites, isPreTool, &HookSite::command);
-    const HookSite& shown = slot == sites.end() ? sites.front() : *slot;
-    const std::string expected =
-        isPreTool(shown.command) ? m_paths.preToolCommand() : m_paths.hookCommands().front();
-    std::ranges::move(Drift::reasons(shown.command, expected, m_paths.hookBinary),
-                      std::back_inserter(reasons));
-    if (fourHere && inPlace && !converged(sites, root, bytes))
+    auto reasons = m_places.driftReasons(sites);
+    if (m_places.areHeld(sites) && !converged(sites, root, bytes))
         reasons.emplace_back(Drift::otherShape);
     return reasons;
 }
@@ -175,7 +154,7 @@ ClaudeCodeHook::installed(std::string_view bytes, const JSONDocument& document) 
 const HookSite* ClaudeCodeHook::slotSite(const std::vector<HookSite>& sites,
                                          const JSONNode& root) const {
     for (const HookSite& site : sites) {
-        if (site.event != promptEvent || isPreTool(site.command))
+        if (site.event != promptEvent || HookCommand::isPreTool(site.command))
             continue;
         const auto ours = std::ranges::count_if(sites, [&](const HookSite& other) {
             return other.event == site.event && other.group == site.group;

@@ -3,6 +3,7 @@
 #include "BlockFinding.h"
 #include "ClaudeCode/ClaudeCodePaths.h"
 #include "HookGroups.h"
+#include "HookPlaces.h"
 #include "JSONBlock.h"
 
 #include <optional>
@@ -65,6 +66,7 @@ private:
 
     ClaudeCodePaths m_paths;
     std::vector<std::string> m_currents;
+    HookPlaces m_places;
 };
 
 } // namespace wendlow

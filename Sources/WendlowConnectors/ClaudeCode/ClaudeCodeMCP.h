@@ -1,45 +1,15 @@
 #pragma once
 
-#include "BlockFinding.h"
 #include "ClaudeCode/ClaudeCodePaths.h"
-#include "JSONBlock.h"
-
-#include <optional>
-#include <set>
-#include <string>
-#include <string_view>
+#include "MCPServerEntry.h"
 
 namespace wendlow {
 
-/// The `wendlow` entry under `mcpServers` in Claude Code's user file. Pure on bytes; any thread.
-class ClaudeCodeMCP {
+/// The server in Claude Code's user file.
+class ClaudeCodeMCP : public MCPServerEntry {
 public:
-    using Readable = JSONBlock::Readable;
-    template<class T> using Result = JSONBlock::Result<T>;
-
-    explicit ClaudeCodeMCP(ClaudeCodePaths paths);
-
-    JSONLiteral entry() const;
-
-    /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
-    Readable read(std::string_view bytes) const;
-    std::optional<std::string> unreadableReason(std::string_view bytes) const;
-    /// What the file holds of ours; no bytes: there is no file. Asks the disk whether the server
-    /// program is there.
-    BlockFinding find(std::optional<std::string_view> bytes) const;
-
-    /// Puts the entry in, or in place of one that differs. The second form takes the scan of
-    /// `bytes` that was made before.
-    Result<InstalledBlock> installed(std::string_view bytes) const;
-    Result<InstalledBlock> installed(std::string_view bytes, const JSONDocument& document) const;
-    /// Takes the entry out, and the `mcpServers` object when that is then empty and `created` says
-    /// that it is ours.
-    Result<RemovedBlock> removed(std::string_view bytes, const std::set<Created>& created) const;
-    Result<RemovedBlock> removed(std::string_view bytes, const JSONDocument& document,
-                                 const std::set<Created>& created) const;
-
-private:
-    ClaudeCodePaths m_paths;
+    explicit ClaudeCodeMCP(const ClaudeCodePaths& paths)
+        : MCPServerEntry(paths.mcpBinary, Created::mcpServersObject) {}
 };
 
 } // namespace wendlow

@@ -198,7 +198,7 @@ ConnectorOutcome CodexConnector::remove() const {
 
 bool CodexConnector::staleOwnWiring() const {
     const Look here(*this);
-    return HookGroups::allRun(here.sites, m_paths.hookBinary) && Disk::exists(m_paths.hookBinary) &&
+    return HookLists::allRun(here.sites, m_paths.hookBinary) && Disk::exists(m_paths.hookBinary) &&
            scan().state == ConnectorState::drifted;
 }
 
@@ -225,8 +225,7 @@ std::optional<std::string> CodexConnector::configUnreadableReason(const Look& he
 /// Why no verb may plan for these files.
 CodexConnector::Refusal CodexConnector::readingRefusal(const Look& here,
                                                        const Slot& landing) const {
-    auto refusal = here.hooks.refusal(
-        here.hooksDocument ? std::nullopt : std::optional(here.hooksDocument.error()));
+    auto refusal = here.hooks.refusal(JSONBlock::reason(here.hooksDocument));
     if (!refusal)
         refusal = here.config.refusal(configUnreadableReason(here, landing), "TOML");
     return refusal ? Refusal(ConnectorVerb::refused({*std::move(refusal)})) : std::nullopt;

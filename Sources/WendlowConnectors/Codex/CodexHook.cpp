@@ -49,17 +49,6 @@ std::optional<std::int64_t> wholeNumber(const JSONNode& object, std::string_view
     return number;
 }
 
-/// `literal` in place of a node, laid out as the node was.
-std::string replaced(std::string_view bytes, const JSONNode& root, const JSONNode& node,
-                     const JSONLiteral& literal) {
-    const RenderStyle style{.multiline = JSONEdit::spansLines(node.range(), bytes),
-                            .newline = std::string(JSONEdit::lineEnding(bytes))};
-    return fmt::format("{}{}{}", bytes.substr(0, node.start()),
-                       literal.render(JSONEdit::lineIndent(node.start(), bytes),
-                                      JSONEdit::indentUnit(root, bytes), style),
-                       bytes.substr(node.end()));
-}
-
 } // namespace
 
 std::optional<CodexHookIdentity> CodexHookSite::identity() const {
@@ -104,8 +93,7 @@ CodexHook::Readable CodexHook::read(std::string_view bytes) const {
 }
 
 std::optional<std::string> CodexHook::unreadableReason(std::string_view bytes) const {
-    auto document = read(bytes);
-    return document ? std::nullopt : std::optional(std::move(document).error());
+    return JSONBlock::reason(read(bytes));
 }
 
 std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_view bytes) const {
@@ -194,7 +182,7 @@ CodexHook::Result<void> CodexHook::writeEntry(JSONDraft& draft, std::set<Created
     const JSONNode present = *draft.root().node(own.front().entryPath());
     if (present.value(draft.bytes()) == entry().value())
         return {};
-    return draft.take(replaced(draft.bytes(), draft.root(), present, entry()));
+    return draft.take(JSONBlock::replaced(draft.bytes(), draft.root(), present, entry()));
 }
 
 CodexHook::Result<RemovedBlock> CodexHook::removed(std::string_view bytes,

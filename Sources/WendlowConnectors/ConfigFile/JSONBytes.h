@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace wendlow::JSONBytes {
 
@@ -47,6 +48,19 @@ inline UTF8Sequence utf8Sequence(const char* at, const char* end) {
         highest = 0xBF;
     }
     return {wanted, true};
+}
+
+/// Whether all of `text` is UTF-8.
+inline bool isUTF8(std::string_view text) {
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at != end;) {
+        const UTF8Sequence sequence = utf8Sequence(at, end);
+        if (!sequence.valid) {
+            return false;
+        }
+        at += sequence.length;
+    }
+    return true;
 }
 
 /// Past the white space at `at`. Indentation goes by eights.

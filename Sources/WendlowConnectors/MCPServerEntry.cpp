@@ -1,4 +1,4 @@
-#include "ClaudeCode/ClaudeCodeMCP.h"
+#include "MCPServerEntry.h"
 
 #include "Drift.h"
 
@@ -18,27 +18,27 @@ const JSONPath& entryPath() {
 
 } // namespace
 
-ClaudeCodeMCP::ClaudeCodeMCP(ClaudeCodePaths paths) : m_paths(std::move(paths)) {}
+MCPServerEntry::MCPServerEntry(std::filesystem::path binary, Created serversObject)
+    : m_binary(std::move(binary)), m_serversObject(serversObject) {}
 
-JSONLiteral ClaudeCodeMCP::entry() const {
+JSONLiteral MCPServerEntry::entry() const {
     return JSONLiteral::object({
         {"type", JSONLiteral::string("stdio")},
-        {"command", JSONLiteral::string(m_paths.mcpCommand())},
+        {"command", JSONLiteral::string(m_binary.string())},
         {"args", JSONLiteral::array({})},
         {"env", JSONLiteral::object({})},
     });
 }
 
-ClaudeCodeMCP::Readable ClaudeCodeMCP::read(std::string_view bytes) const {
+MCPServerEntry::Readable MCPServerEntry::read(std::string_view bytes) const {
     return JSONBlock::read(bytes, JSONDialect::json, {{}, {serversKey}, entryPath()});
 }
 
-std::optional<std::string> ClaudeCodeMCP::unreadableReason(std::string_view bytes) const {
-    auto document = read(bytes);
-    return document ? std::nullopt : std::optional(std::move(document).error());
+std::optional<std::string> MCPServerEntry::unreadableReason(std::string_view bytes) const {
+    return JSONBlock::reason(read(bytes));
 }
 
-BlockFinding ClaudeCodeMCP::find(std::optional<std::string_view> bytes) const {
+BlockFinding MCPServerEntry::find(std::optional<std::string_view> bytes) const {
     if (!bytes)
         return {BlockFinding::FileAbsent{}};
     const Readable document = read(*bytes);
@@ -53,21 +53,21 @@ BlockFinding ClaudeCodeMCP::find(std::optional<std::string_view> bytes) const {
     const auto command = JSONBlock::text(*found, "command");
     if (!command)
         return {BlockFinding::Drifted{{std::string(Drift::otherShape)}}};
-    auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
-    if (*command == m_paths.mcpCommand() && found->value(*bytes) != entry().value())
+    auto reasons = Drift::reasons(*command, m_binary.string(), m_binary);
+    if (*command == m_binary.string() && found->value(*bytes) != entry().value())
         reasons.emplace_back(Drift::otherShape);
     return BlockFinding::from(std::move(reasons));
 }
 
-ClaudeCodeMCP::Result<InstalledBlock> ClaudeCodeMCP::installed(std::string_view bytes) const {
+MCPServerEntry::Result<InstalledBlock> MCPServerEntry::installed(std::string_view bytes) const {
     const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
     if (!document)
         return std::unexpected(document.error());
     return installed(bytes, *document);
 }
 
-ClaudeCodeMCP::Result<InstalledBlock> ClaudeCodeMCP::installed(std::string_view bytes,
-                                                               const JSONDocument& document) const {
+MCPServerEntry::Result<InstalledBlock>
+MCPServerEntry::installed(std::string_view bytes, const JSONDocument& document) const {
     const JSONNode root = document.root();
     const bool serversAreThere = root.member(serversKey).has_value();
     if (const auto found = root.node(entryPath()); found && found->value(bytes) == entry().value())
@@ -82,27 +82,27 @@ ClaudeCodeMCP::Result<InstalledBlock> ClaudeCodeMCP::installed(std::string_view 
         return std::unexpected(edited.error());
     InstalledBlock block{.bytes = *std::move(edited), .created = {}};
     if (!serversAreThere)
-        block.created.insert(Created::mcpServersObject);
+        block.created.insert(m_serversObject);
     return block;
 }
 
-ClaudeCodeMCP::Result<RemovedBlock> ClaudeCodeMCP::removed(std::string_view bytes,
-                                                           const std::set<Created>& created) const {
+MCPServerEntry::Result<RemovedBlock>
+MCPServerEntry::removed(std::string_view bytes, const std::set<Created>& created) const {
     const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
     if (!document)
         return std::unexpected(document.error());
     return removed(bytes, *document, created);
 }
 
-ClaudeCodeMCP::Result<RemovedBlock> ClaudeCodeMCP::removed(std::string_view bytes,
-                                                           const JSONDocument& document,
-                                                           const std::set<Created>& created) const {
+MCPServerEntry::Result<RemovedBlock>
+MCPServerEntry::removed(std::string_view bytes, const JSONDocument& document,
+                        const std::set<Created>& created) const {
     const JSONNode root = document.root();
     if (!root.node(entryPath()))
         return RemovedBlock{};
     const bool leavesNothing = root.member(serversKey)->count() == 1;
     // Without comments the object can go together with its only member: one edit, the same bytes.
-    const bool takeServers = leavesNothing && created.contains(Created::mcpServersObject);
+    const bool takeServers = leavesNothing && created.contains(m_serversObject);
     auto edited = takeServers ? JSONEdit::removeMember(bytes, document, {}, serversKey)
                               : JSONEdit::removeMember(bytes, document, {serversKey}, entryKey);
     if (!edited)

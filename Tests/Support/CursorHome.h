@@ -1,0 +1,79 @@
+#pragma once
+
+#include "Cursor/CursorConnector.h"
+#include "Files.h"
+#include "TemporaryHome.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace wendlow::testing {
+
+/// `text` with "@prompt" and "@pretool" made into the entries of `paths` on one line, "@old" into
+/// one of another copy of the application, "@theirs" into a person's, and "@hook" into the path of
+/// the program that entries run.
+inline std::string filledForCursor(const CursorPaths& paths, std::string text) {
+    return replaced(
+        std::move(text),
+        {{"@prompt", R"({"command":"@hook --harness cursor"})"},
+         {"@pretool", R"({"command":"@hook --harness cursor --slot pretool","matcher":)"
+                      R"("^(Task|MCP:(grab|memory_add|meeting_get))$","timeout":3})"},
+         {"@old", R"({"command":"/Old/Wendlow.app/Contents/MacOS/wendlow-hook --harness cursor"})"},
+         {"@theirs", R"({"command":"lint"})"},
+         {"@hook", paths.hookBinary.string()}});
+}
+
+/// A home with an application and Cursor in it, and a connector for both.
+class CursorHome {
+public:
+    CursorHome() {
+        put(paths().hookBinary, "program");
+        put(paths().mcpBinary, "program");
+        std::filesystem::create_directory(paths().configDirectory);
+    }
+
+    std::filesystem::path path(const std::string& name) const { return m_home / name; }
+    CursorPaths paths() const {
+        return CursorPaths::under(m_home.path(), m_home / "Wendlow.app", m_home / "Applications");
+    }
+    std::string hooksFile() const { return paths().hooksFile.string(); }
+    std::string mcpFile() const { return paths().mcpFile.string(); }
+    std::optional<std::string> hooks() const { return get(paths().hooksFile); }
+    std::optional<std::string> servers() const { return get(paths().mcpFile); }
+    ConnectorReceipt receipt() const { return ReceiptStore{paths().receiptFile}.read(); }
+    /// The clock stands still, so that the names of copies are known.
+    CursorConnector connector() const {
+        return CursorConnector(
+            paths(), {.now = [] { return Transaction::Date(std::chrono::seconds(1'800'000'000)); },
+                      .beforeRename = {}});
+    }
+    std::string filled(const std::string& text) const { return filledForCursor(paths(), text); }
+    /// Nothing: no such file is made.
+    void fill(const std::optional<std::string>& hooksBytes,
+              const std::optional<std::string>& serversBytes) const {
+        for (const auto& [file, bytes] :
+             {std::pair(hooksFile(), hooksBytes), std::pair(mcpFile(), serversBytes)})
+            if (bytes)
+                put(file, filled(*bytes));
+            else
+                std::filesystem::remove(file);
+    }
+    void fillVersion(const std::string& propertyList) const {
+        put(paths().cursorApp / "Contents/Info.plist", propertyList);
+    }
+
+private:
+    TemporaryHome m_home;
+};
+
+/// A property list in XML that says this version.
+inline std::string versionList(const std::string& version) {
+    return "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>CFBundleShortVersionString"
+           "</key><string>" +
+           version + "</string></dict></plist>";
+}
+
+} // namespace wendlow::testing
