@@ -29,6 +29,9 @@ const QString eventKey = QStringLiteral("event");
 /// A list of bytes may be 64 MiB on a bus, and the bus cuts off whoever sends a longer one.
 constexpr std::size_t longestPayload = std::size_t{64} << 20U;
 
+const QByteArray full = R"({"frontState":{"_0":"full"}})";
+const QByteArray none = R"({"frontState":{"_0":"none"}})";
+
 QByteArray bytes(const std::string& text) {
     return {text.data(), static_cast<qsizetype>(text.size())};
 }
@@ -73,11 +76,22 @@ std::string encoded(const GatewayResponse& response) {
     return WireCodec::encode(GatewayResponse(AnswerCase::Failure{sentence})).value_or("");
 }
 
+/// The JSON of the answer to a message. Nothing of the face is touched, which may be gone
+/// meanwhile.
+QCoro::Task<std::string> answer(std::shared_ptr<Gateway> gateway, QVariantMap message) {
+    auto request = requestIn(message);
+    if (!request)
+        co_return encoded(request.error());
+    const GatewayResponse response = co_await gateway->handle(std::move(*request));
+    co_return encoded(response);
+}
+
 } // namespace
 
 GatewayService::GatewayService(std::shared_ptr<Gateway> gateway, QDBusConnection bus,
                                Misbehaviour misbehaviour)
-    : m_gateway(std::move(gateway)), m_bus(std::move(bus)), m_misbehaviour(misbehaviour) {
+    : m_gateway(std::move(gateway)), m_bus(std::move(bus)),
+      m_misbehaviour(std::move(misbehaviour)) {
     m_departures.setConnection(m_bus);
     m_departures.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     connect(&m_departures, &QDBusServiceWatcher::serviceUnregistered, this,
@@ -97,7 +111,8 @@ std::expected<void, std::string> GatewayService::start(const std::string& name) 
         return std::unexpected("there is no session bus here");
     // Before the name, so that nobody finds the name without the object.
     m_bus.registerObject(path, this,
-                         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
+                         QDBusConnection::ExportScriptableSlots |
+                             QDBusConnection::ExportScriptableSignals);
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> taken =
         m_bus.interface()->registerService(QString::fromStdString(name));
     if (!taken.isValid())
@@ -109,83 +124,81 @@ std::expected<void, std::string> GatewayService::start(const std::string& name) 
     return {};
 }
 
-void GatewayService::push(const GatewayEvent& event) {
-    for (const QString& subscriber : std::as_const(m_subscribers))
-        send(subscriber, event);
-}
-
 QVariantMap GatewayService::Exchange(const QVariantMap& message, const QDBusMessage& call) {
     call.setDelayedReply(true);
-    if (const char* const sentence = complaint(message)) {
+    if (const char* const sentence = complaint(message))
         m_bus.send(call.createErrorReply(QDBusError::InvalidArgs, QString::fromUtf8(sentence)));
-    } else if (message.value(subscribeKey).toBool()) {
-        subscribe(call.service());
-        if (call.isReplyRequired())
-            m_bus.send(call.createReply(QVariantMap()));
-    } else if (!message.contains(payloadKey)) {
-        reply(call, std::nullopt, Clock::duration::zero()); // a knock
-    } else if (m_misbehaviour.requestsInLife == m_requests) {
-        ::raise(SIGKILL);
-    } else if (++m_requests <= m_misbehaviour.refusals) {
-        m_bus.send(call.createErrorReply(QDBusError::AccessDenied,
-                                         QStringLiteral("this gateway refuses as it was told")));
-    } else {
-        answer(call, message); // ends by itself, whoever waits for it
-    }
+    else if (message.value(subscribeKey).toBool())
+        subscribe(call);
+    else
+        exchange(call, message, nextManner(message)); // ends by itself, whoever waits for it
     return {};
 }
 
-QCoro::Task<> GatewayService::answer(QDBusMessage call, QVariantMap message) {
-    const QPointer<GatewayService> self(this);
-    const std::shared_ptr<Gateway> gateway = m_gateway;
-    const auto started = Clock::now();
-    auto request = requestIn(message);
-    std::string json;
-    if (request) {
-        const GatewayResponse response = co_await gateway->handle(std::move(*request));
-        json = encoded(response);
-    } else {
-        json = encoded(request.error());
-    }
-    if (self)
-        reply(call, std::move(json), Clock::now() - started);
+ReplyManner GatewayService::nextManner(const QVariantMap& message) {
+    if (!message.contains(payloadKey))
+        return m_misbehaviour.knockReply;
+    const ReplyManner manner = m_misbehaviour.replies.front();
+    if (m_misbehaviour.replies.size() > 1)
+        m_misbehaviour.replies.erase(m_misbehaviour.replies.begin());
+    return manner;
 }
 
-QCoro::Task<> GatewayService::reply(QDBusMessage call, std::optional<std::string> json,
-                                    Clock::duration served) {
+QCoro::Task<> GatewayService::exchange(QDBusMessage call, QVariantMap message, ReplyManner manner) {
     const QPointer<GatewayService> self(this);
-    if (m_misbehaviour.isSilent || !call.isReplyRequired())
+    if (manner.way == ReplyManner::Way::die)
+        ::raise(SIGKILL);
+    QVariantMap reply;
+    if (manner.wire)
+        reply.insert(wireKey, QVariant::fromValue<qulonglong>(*manner.wire));
+    if (message.contains(payloadKey)) {
+        const auto started = Clock::now();
+        std::string json = co_await answer(m_gateway, std::move(message));
+        const auto served = std::chrono::floor<std::chrono::milliseconds>(Clock::now() - started);
+        reply.insert(servedKey, static_cast<qulonglong>(served.count()));
+        if (manner.payload != ReplyManner::Payload::absent)
+            reply.insert(payloadKey, bytes(manner.payloadFor(std::move(json))));
+        if (manner.payload == ReplyManner::Payload::text)
+            reply[payloadKey].convert(QMetaType::fromType<QString>());
+    }
+    if (manner.delay > std::chrono::milliseconds::zero())
+        co_await QCoro::sleepFor(manner.delay);
+    if (!self || manner.way == ReplyManner::Way::silent || !call.isReplyRequired())
         co_return;
-    QVariantMap message;
-    if (m_misbehaviour.wire)
-        message.insert(wireKey, QVariant::fromValue<qulonglong>(*m_misbehaviour.wire));
-    if (json) {
-        const auto whole = std::chrono::duration_cast<std::chrono::milliseconds>(served);
-        message.insert(servedKey, static_cast<qulonglong>(whole.count()));
-        if (const auto payload = m_misbehaviour.replyTo(std::move(*json)))
-            message.insert(payloadKey, bytes(*payload));
-    }
-    if (m_misbehaviour.delay > std::chrono::milliseconds::zero())
-        co_await QCoro::sleepFor(m_misbehaviour.delay);
-    if (self)
-        m_bus.send(call.createReply(message));
+    if (manner.way == ReplyManner::Way::refuse)
+        m_bus.send(call.createErrorReply(QDBusError::AccessDenied,
+                                         QStringLiteral("this gateway was told to refuse")));
+    else
+        m_bus.send(call.createReply(reply));
 }
 
-void GatewayService::subscribe(const QString& subscriber) {
+void GatewayService::subscribe(const QDBusMessage& call) {
+    if (call.isReplyRequired())
+        m_bus.send(call.createReply(QVariantMap()));
+    const QString subscriber = call.service();
     m_subscribers.insert(subscriber);
     m_departures.addWatchedService(subscriber);
-    for (std::uint64_t sent = 0; sent < m_misbehaviour.flood; ++sent)
-        send(subscriber, EventCase::FrontState{sent % 2 == 0 ? FrontRecording::full
-                                                             : FrontRecording::blocked});
+    if (m_misbehaviour.flood > 0) {
+        send(subscriber, QStringLiteral("no dictionary"));
+        send(subscriber, QVariantMap{{eventKey, QByteArray()}});
+        send(subscriber, QVariantMap{{eventKey, QByteArray("{")}});
+    }
+    for (std::uint64_t sent = 1; sent <= m_misbehaviour.flood; ++sent)
+        send(subscriber, QVariantMap{{eventKey, sent < m_misbehaviour.flood ? full : none}});
 }
 
-void GatewayService::send(const QString& subscriber, const GatewayEvent& event) const {
+void GatewayService::push(const GatewayEvent& event) {
     const auto json = WireCodec::encode(event);
     if (!json)
         return;
+    for (const QString& subscriber : std::as_const(m_subscribers))
+        send(subscriber, QVariantMap{{eventKey, bytes(*json)}});
+}
+
+void GatewayService::send(const QString& subscriber, const QVariant& argument) const {
     QDBusMessage signal =
         QDBusMessage::createTargetedSignal(subscriber, path, interface, QStringLiteral("Event"));
-    signal << QVariantMap{{eventKey, bytes(*json)}};
+    signal << argument;
     m_bus.send(signal);
 }
 

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <chrono>
-#include <cstdint>
 #include <expected>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include <QDBusConnection>
@@ -41,28 +38,26 @@ public:
 public Q_SLOTS:
     /// Called by the bus. The return value only gives the method its signature: the reply is sent
     /// when the gateway has answered.
-    QVariantMap Exchange(const QVariantMap& message, const QDBusMessage& call);
+    Q_SCRIPTABLE QVariantMap Exchange(const QVariantMap& message, const QDBusMessage& call);
 
 Q_SIGNALS:
     /// Stands in the description of the interface. Never emitted, which would reach everybody:
     /// events go to subscribers by name.
-    void Event(const QVariantMap& message);
+    Q_SCRIPTABLE void Event(const QVariantMap& message);
 
     /// The bus has gone, and the name with it.
     void lost();
 
 private:
-    QCoro::Task<> answer(QDBusMessage call, QVariantMap message);
-    /// Without an answer it is the reply to a knock.
-    QCoro::Task<> reply(QDBusMessage call, std::optional<std::string> json,
-                        std::chrono::steady_clock::duration served);
-    void subscribe(const QString& subscriber);
-    void send(const QString& subscriber, const GatewayEvent& event) const;
+    /// How the message is to be replied to.
+    ReplyManner nextManner(const QVariantMap& message);
+    QCoro::Task<> exchange(QDBusMessage call, QVariantMap message, ReplyManner manner);
+    void subscribe(const QDBusMessage& call);
+    void send(const QString& subscriber, const QVariant& argument) const;
 
     const std::shared_ptr<Gateway> m_gateway;
     QDBusConnection m_bus;
-    const Misbehaviour m_misbehaviour;
-    std::uint64_t m_requests = 0;
+    Misbehaviour m_misbehaviour;
     QSet<QString> m_subscribers;
     QDBusServiceWatcher m_departures;
 };

@@ -15,7 +15,15 @@ namespace {
 constexpr const char* description =
     "Answers in place of the product's daemon, from a database of its own, so that the\n"
     "application can be used, tested and shown. It keeps no real memory.\n\n"
-    "The options from --wire on make it misbehave, for trying what a client does then.";
+    "The last three options make it misbehave, for trying what a client does then. A reply is "
+    "told\n"
+    "by words with + between them, a list of replies has commas, and its last reply stays:\n"
+    "  answer, silent, refuse, die       what it does at all\n"
+    "  no-payload, empty, text, rubbish, unknown-case, nested, cut, huge\n"
+    "                                    what the reply carries in place of the answer\n"
+    "  no-wire, wire-2                   the version in the reply\n"
+    "  late-300                          after so many milliseconds\n"
+    "So --replies answer,answer,die answers two requests and dies at the third.";
 
 QCommandLineOption option(const char* name, const char* meaning, const char* value = "") {
     return QCommandLineOption(QString::fromUtf8(name), QString::fromUtf8(meaning),
@@ -31,14 +39,8 @@ public:
             option("help", "Say this."),
             option("database", "The file it keeps all in, in a private folder of its own.", "path"),
             option("name", "What it owns on the session bus.", "name"),
-            option("wire", "The contract's version in replies; \"none\" leaves it out.", "number"),
-            option("silent", "Take requests and never reply."),
-            option("refuse", "Give the first requests a bus error; \"all\" for each.", "number"),
-            option("delay", "Wait before each reply.", "milliseconds"),
-            option("payload", "What replies carry: answer, absent, empty, rubbish, unknown-case, "
-                              "nested, cut or huge.",
-                   "kind"),
-            option("die-after", "Answer so many requests, and die at the next.", "number"),
+            option("replies", "How the first request is replied to, the second and so on.", "list"),
+            option("knocks", "How a knock is replied to.", "words"),
             option("flood", "Send each new subscriber so many events at once.", "number"),
         });
         if (!m_parser.parse(words))
@@ -60,15 +62,20 @@ public:
         std::uint64_t value = 0;
         const char* const end = word->data() + word->size();
         const auto [stopped, error] = std::from_chars(word->data(), end, value);
-        // A wait in milliseconds has to fit a timer; nothing else comes near this.
-        if (error != std::errc() || stopped != end || value > INT32_MAX)
+        if (error != std::errc() || stopped != end)
             fail(name, *word);
         return value;
     }
 
-    /// A number, or `word`, which stands for another value.
-    template<class Value> Value numberOr(const char* name, const char* word, Value atWord) {
-        return text(name) == word ? atWord : Value(number(name).value_or(0));
+    /// What `read` makes of an option's words.
+    template<class Read> void parsed(const char* name, Read read, auto& target) {
+        const auto words = text(name);
+        if (!words)
+            return;
+        if (auto value = read(*words))
+            target = std::move(*value);
+        else
+            fail(name, value.error());
     }
 
     bool isSet(const char* name) const { return m_parser.isSet(QString::fromUtf8(name)); }
@@ -90,18 +97,8 @@ private:
 
 Misbehaviour misbehaviourIn(Reading& reading) {
     Misbehaviour result;
-    if (reading.isSet("wire"))
-        result.wire = reading.numberOr("wire", "none", std::optional<std::uint64_t>());
-    result.isSilent = reading.isSet("silent");
-    result.refusals = reading.numberOr("refuse", "all", Misbehaviour::all);
-    result.delay = std::chrono::milliseconds(reading.number("delay").value_or(0));
-    if (const auto word = reading.text("payload")) {
-        if (const auto payload = Misbehaviour::payloadNamed(*word))
-            result.payload = *payload;
-        else
-            reading.fail("payload", *word);
-    }
-    result.requestsInLife = reading.number("die-after");
+    reading.parsed("replies", &ReplyManner::parseList, result.replies);
+    reading.parsed("knocks", &ReplyManner::parse, result.knockReply);
     result.flood = reading.number("flood").value_or(0);
     return result;
 }
@@ -111,8 +108,9 @@ Misbehaviour misbehaviourIn(Reading& reading) {
 std::expected<Options, std::string> Options::parse(const QStringList& words) {
     Reading reading(words);
     Options options{.name = reading.text("name").value_or(std::string(ClientInstance::gatewayID)),
-                    .database = reading.text("database").value_or(
-                        ClientInstance::defaultSupport() + "/Wendlow Practice/practice.db"),
+                    .database = reading.text("database")
+                                    .value_or(ClientInstance::defaultSupport() +
+                                              "/Wendlow Practice/practice.db"),
                     .misbehaviour = misbehaviourIn(reading),
                     .help = std::nullopt};
     if (reading.isSet("help"))
