@@ -3,6 +3,7 @@
 #include "PracticeGateway.h"
 #include "Service/GatewayService.h"
 #include "Service/Options.h"
+#include "SessionBusAddress.h"
 #include "TerminationSignals.h"
 
 #include <cstdio>
@@ -35,6 +36,7 @@ int main(int count, char** words) {
     }
 
     const TerminationSignals signals;
+    const auto bus = QDBusConnection::connectToBus(sessionBusAddress(), uniqueConnectionName());
     GatewayService* face = nullptr;
     // By way of the application, which outlives the face: nothing arrives there any more once its
     // loop has ended.
@@ -43,7 +45,7 @@ int main(int count, char** words) {
     };
     const auto gateway = std::make_shared<PracticeGateway>(
         PracticeGateway::Hooks{.push = push, .shutDown = &QCoreApplication::quit});
-    GatewayService service(gateway, QDBusConnection::sessionBus(), options->misbehaviour);
+    GatewayService service(gateway, bus, options->misbehaviour);
     face = &service;
     QObject::connect(&service, &GatewayService::lost, qApp, &QCoreApplication::quit);
     if (const auto started = service.start(options->name); !started)

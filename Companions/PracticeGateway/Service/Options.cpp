@@ -19,7 +19,7 @@ constexpr const char* description =
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
     "  answer, silent, refuse, die       what it does at all\n"
-    "  no-payload, empty, text, rubbish, unknown-case, nested, cut, huge\n"
+    "  no-payload, empty, rubbish, unknown-case, nested, cut, huge, wrong-types, no-dictionary\n"
     "                                    what the reply carries in place of the answer\n"
     "  no-wire, wire-2                   the version in the reply\n"
     "  late-300                          after so many milliseconds\n"
