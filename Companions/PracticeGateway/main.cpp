@@ -1,0 +1,54 @@
+// wendlow-practice-gateway: answers in place of the product's daemon, from a database of its own.
+
+#include "PracticeGateway.h"
+#include "Service/GatewayService.h"
+#include "Service/Options.h"
+#include "TerminationSignals.h"
+
+#include <cstdio>
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <fmt/format.h>
+
+namespace {
+
+using namespace wendlow;
+
+enum ExitStatus { succeeded = 0, couldNotStart = 1, wrongUsage = 2 };
+
+ExitStatus complain(ExitStatus status, std::string_view sentence) {
+    fmt::print(stderr, "wendlow-practice-gateway: {}\n", sentence);
+    return status;
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    QCoreApplication application(count, words);
+    const auto options = Options::parse(QCoreApplication::arguments());
+    if (!options)
+        return complain(wrongUsage, options.error());
+    if (options->help) {
+        fmt::print("{}", *options->help);
+        return succeeded;
+    }
+
+    const TerminationSignals signals;
+    GatewayService* face = nullptr;
+    // By way of the application, which outlives the face: nothing arrives there any more once its
+    // loop has ended.
+    const auto push = [&](const GatewayEvent& event) {
+        QMetaObject::invokeMethod(qApp, [&face, event] { face->push(event); });
+    };
+    const auto gateway = std::make_shared<PracticeGateway>(
+        PracticeGateway::Hooks{.push = push, .shutDown = &QCoreApplication::quit});
+    GatewayService service(gateway, QDBusConnection::sessionBus(), options->misbehaviour);
+    face = &service;
+    QObject::connect(&service, &GatewayService::lost, qApp, &QCoreApplication::quit);
+    if (const auto started = service.start(options->name); !started)
+        return complain(couldNotStart, started.error());
+    fmt::print("ready\n");
+    std::fflush(stdout);
+    return QCoreApplication::exec();
+}

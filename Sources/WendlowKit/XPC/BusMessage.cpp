@@ -1,0 +1,63 @@
+#include "XPC/BusMessage.h"
+
+#include <QDBusArgument>
+#include <QVariantMap>
+
+namespace wendlow::BusMessage {
+
+const QString path = QStringLiteral("/works/fenmoor/wendlow/gateway");
+const QString interface = QStringLiteral("works.fenmoor.wendlow.Gateway");
+const QString eventMember = QStringLiteral("Event");
+
+namespace {
+
+const QString exchangeMember = QStringLiteral("Exchange");
+const QString signature = QStringLiteral("a{sv}");
+
+QVariant written(const xpc_object_t& value) {
+    if (const auto* data = std::get_if<std::string>(&value))
+        return QByteArray(data->data(), static_cast<qsizetype>(data->size()));
+    if (const auto* number = std::get_if<std::uint64_t>(&value))
+        return static_cast<qulonglong>(*number);
+    return std::get<bool>(value);
+}
+
+xpc_object_t value(const QVariant& variant) {
+    switch (variant.metaType().id()) {
+    case QMetaType::QByteArray:
+        return variant.toByteArray().toStdString();
+    case QMetaType::ULongLong:
+        return std::uint64_t{variant.toULongLong()};
+    case QMetaType::Bool:
+        return variant.toBool();
+    default:
+        return XPCOther{};
+    }
+}
+
+} // namespace
+
+QDBusMessage call(const QString& name, const xpc_object_t& message) {
+    QVariantMap entries;
+    for (const auto& [key, entry] : std::get<XPCDictionary>(message))
+        entries.insert(QString::fromStdString(key), written(entry));
+    QDBusMessage call = QDBusMessage::createMethodCall(name, path, interface, exchangeMember);
+    call.setAutoStartService(false);
+    call << entries;
+    return call;
+}
+
+xpc_object_t read(const QDBusMessage& message) {
+    if (message.type() != QDBusMessage::ReplyMessage &&
+        message.type() != QDBusMessage::SignalMessage)
+        return XPCError{message.errorMessage().toStdString()};
+    if (message.signature() != signature)
+        return XPCOther{};
+    XPCDictionary entries;
+    const auto map = qdbus_cast<QVariantMap>(message.arguments().constFirst());
+    for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
+        entries.emplace(entry.key().toStdString(), value(entry.value()));
+    return entries;
+}
+
+} // namespace wendlow::BusMessage

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace wendlow::testing {
+
+/// A program of the tests that runs beside its test on a private bus, and ends with it. It is there
+/// when it has said "ready". Refuses to start one on a bus that is not a test's.
+class GatewayProcess {
+public:
+    explicit GatewayProcess(const std::filesystem::path& program,
+                            const std::vector<std::string>& arguments = {}) {
+        const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+        if (!address || !std::string_view(address).contains("/wendlow-test-"))
+            throw std::runtime_error("this is not a test's own bus");
+        std::vector<std::string> words{program.string()};
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        std::vector<char*> argv;
+        for (auto& word : words)
+            argv.push_back(word.data());
+        argv.push_back(nullptr);
+        std::array<int, 2> in{}, out{};
+        if (::pipe2(in.data(), O_CLOEXEC) != 0 || ::pipe2(out.data(), O_CLOEXEC) != 0)
+            throw std::runtime_error("no pipes for the program");
+        m_process = ::fork();
+        if (m_process == 0) {
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            ::dup2(in[0], STDIN_FILENO);
+            ::dup2(out[1], STDOUT_FILENO);
+            ::execv(argv[0], argv.data());
+            ::_exit(127);
+        }
+        ::close(in[0]);
+        ::close(out[1]);
+        m_in = in[1];
+        m_out = out[0];
+        if (line() != "ready")
+            throw std::runtime_error("the program did not start: " + program.string());
+    }
+    ~GatewayProcess() {
+        kill();
+        ::close(m_in);
+        ::close(m_out);
+    }
+    GatewayProcess(const GatewayProcess&) = delete;
+    GatewayProcess& operator=(const GatewayProcess&) = delete;
+
+    void kill() {
+        if (m_process <= 0)
+            return;
+        ::kill(m_process, SIGKILL);
+        ::waitpid(m_process, nullptr, 0);
+        m_process = -1;
+    }
+    void say(const std::string& text) {
+        if (::write(m_in, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
+            throw std::runtime_error("the program does not listen");
+    }
+    std::string line() {
+        std::string line;
+        char character = 0;
+        while (::read(m_out, &character, 1) == 1 && character != '\n')
+            line += character;
+        return line;
+    }
+
+private:
+    pid_t m_process = -1;
+    int m_in = -1;
+    int m_out = -1;
+};
+
+} // namespace wendlow::testing
