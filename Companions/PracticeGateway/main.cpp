@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QTimer>
 #include <fmt/format.h>
 
 namespace {
@@ -43,10 +44,18 @@ int main(int count, char** words) {
     const auto push = [&](const GatewayEvent& event) {
         QMetaObject::invokeMethod(qApp, [&face, event] { face->push(event); });
     };
-    const auto gateway = std::make_shared<PracticeGateway>(
-        PracticeGateway::Hooks{.push = push, .shutDown = &QCoreApplication::quit});
-    GatewayService service(gateway, bus, options->misbehaviour);
+    const auto gateway = PracticeGateway::open(options->database,
+                                               {.push = push, .shutDown = &QCoreApplication::quit});
+    if (!gateway)
+        return complain(couldNotStart, gateway.error());
+    if (options->fill)
+        if (const auto filled = (*gateway)->fill(*options->fill); !filled)
+            return complain(couldNotStart, filled.error());
+    GatewayService service(*gateway, bus, options->misbehaviour);
     face = &service;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, [&] { (*gateway)->lookAtFront(); });
+    clock.start(std::chrono::seconds(1));
     QObject::connect(&service, &GatewayService::lost, qApp, &QCoreApplication::quit);
     if (const auto started = service.start(options->name); !started)
         return complain(couldNotStart, started.error());

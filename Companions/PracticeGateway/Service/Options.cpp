@@ -38,6 +38,7 @@ public:
         m_parser.addOptions({
             option("help", "Say this."),
             option("database", "The file it keeps all in, in a private folder of its own.", "path"),
+            option("fill", "Fill an empty database: day, or power for one of years.", "size"),
             option("name", "What it owns on the session bus.", "name"),
             option("replies", "How the first request is replied to, the second and so on.", "list"),
             option("knocks", "How a knock is replied to.", "words"),
@@ -103,6 +104,14 @@ Misbehaviour misbehaviourIn(Reading& reading) {
     return result;
 }
 
+std::expected<FillSize, std::string> fillSize(std::string_view word) {
+    if (word == "day")
+        return FillSize::day;
+    if (word == "power")
+        return FillSize::power;
+    return std::unexpected(std::string(word));
+}
+
 } // namespace
 
 std::expected<Options, std::string> Options::parse(const QStringList& words) {
@@ -111,8 +120,10 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                     .database = reading.text("database")
                                     .value_or(ClientInstance::defaultSupport() +
                                               "/Wendlow Practice/practice.db"),
+                    .fill = std::nullopt,
                     .misbehaviour = misbehaviourIn(reading),
                     .help = std::nullopt};
+    reading.parsed("fill", fillSize, options.fill);
     if (reading.isSet("help"))
         options.help = reading.help();
     if (!reading.fault().empty())
