@@ -64,6 +64,8 @@ public:
         ::waitpid(m_process, nullptr, 0);
         m_process = -1;
     }
+    /// It takes messages and does nothing about them, until it is killed.
+    void wedge() const { ::kill(m_process, SIGSTOP); }
     void say(const std::string& text) {
         if (::write(m_in, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
             throw std::runtime_error("the program does not listen");

@@ -40,7 +40,7 @@ QByteArray bytes(const std::string& text) {
     return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
-/// What is wrong with a message, or nothing.
+/// What is wrong with the types of a request, or nothing.
 const char* complaint(const QVariantMap& message) {
     const auto isOther = [&](const QString& key, int type) {
         return message.contains(key) && message.value(key).typeId() != type;
@@ -49,13 +49,13 @@ const char* complaint(const QVariantMap& message) {
         return "payload is to be a list of bytes, ay";
     if (isOther(wireKey, QMetaType::ULongLong))
         return "wire is to be a number without a sign, t";
-    if (isOther(subscribeKey, QMetaType::Bool))
-        return "subscribe is to be a boolean, b";
     return nullptr;
 }
 
 /// The request in a message, or the answer that a message without one gets.
 std::expected<GatewayRequest, GatewayResponse> requestIn(const QVariantMap& message) {
+    if (const char* const sentence = complaint(message))
+        return std::unexpected(AnswerCase::Failure{sentence});
     const auto wire = message.contains(wireKey)
                           ? std::optional<std::uint64_t>(message.value(wireKey).toULongLong())
                           : std::nullopt;
@@ -130,9 +130,7 @@ std::expected<void, std::string> GatewayService::start(const std::string& name) 
 
 QVariantMap GatewayService::Exchange(const QVariantMap& message, const QDBusMessage& call) {
     call.setDelayedReply(true);
-    if (const char* const sentence = complaint(message))
-        m_bus.send(call.createErrorReply(QDBusError::InvalidArgs, QString::fromUtf8(sentence)));
-    else if (message.value(subscribeKey).toBool())
+    if (message.value(subscribeKey).toBool())
         subscribe(call);
     else
         exchange(call, message, nextManner(message)); // ends by itself, whoever waits for it
