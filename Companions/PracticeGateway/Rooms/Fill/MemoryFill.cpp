@@ -62,7 +62,8 @@ void MemoryFill::fill(FillSize size) {
     rules();
     awkward();
     // The ones above are of the number too.
-    const auto others = Vocabulary::standingRules().size() + Vocabulary::awkwardTexts().size();
+    const auto others = Vocabulary::standingRules().size() + Vocabulary::awkwardTexts().size() + 1 +
+                        ModShelf::names().size();
     if (size == FillSize::day)
         memories(300 - others, 45);
     else
@@ -134,6 +135,9 @@ void MemoryFill::rules() {
                          .filters = std::move(filters),
                          .writer = "wendlow-editor"});
     }
+    for (const auto& [module, sentence] : Vocabulary::moduleSentences())
+        m_documents.database().run("UPDATE rule_modules SET sentence = ? WHERE tag = ?", sentence,
+                                   module);
 }
 
 void MemoryFill::folders() {
@@ -164,8 +168,9 @@ void MemoryFill::mods() {
                                              "refusedNoBackup",
                                              "skippedNoHarness"};
     Content content("runs");
+    const auto slugs = ModShelf::names();
     for (int count = 0; count < 40; ++count) {
-        const ModBoardEntry& mod = *ModShelf::find(content.pick(std::span(ModShelf::names())));
+        const ModBoardEntry& mod = *ModShelf::find(content.pick(std::span(slugs)));
         const ModBehaviorEntry& behavior = content.pick(std::span(std::as_const(mod.behaviors)));
         const std::string_view outcome = content.pick(outcomes);
         const double started = content.before(m_now, 30);

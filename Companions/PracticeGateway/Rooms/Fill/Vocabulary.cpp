@@ -160,6 +160,16 @@ constexpr StandingRule ruleList[] = {
     {"/studio/workshop", "two words", "Tools go back clean", "This tag is not one word."},
 };
 
+constexpr std::pair<Words, Words> sentencesOfModules[] = {
+    {"writing", "Read before writing a text that somebody outside will see."},
+    {"shell", "Read before running or writing a script."},
+    {"testing", "Read before adding or changing a test."},
+    {"reviews", "Read before reviewing a change."},
+    {"import", "Read before touching what reads other people's files."},
+    {"print", "Read before a sheet goes to the press."},
+    {"billing", "Read before anything that counts \"money\" & hours."},
+};
+
 constexpr Words awkward[] = {
     "القرار: تُحفظ النسخة الاحتياطية قبل كل استيراد",
     "החלטה: שמות המקומות נשארים עם הניקוד 🗺️",
@@ -202,6 +212,10 @@ std::span<const MemoryType> memoryTypes() {
 
 std::span<const StandingRule> standingRules() {
     return ruleList;
+}
+
+std::span<const std::pair<Words, Words>> moduleSentences() {
+    return sentencesOfModules;
 }
 
 std::span<const Words> awkwardTexts() {

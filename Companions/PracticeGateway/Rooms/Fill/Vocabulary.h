@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Fill/Content.h"
@@ -31,6 +32,8 @@ std::span<const std::string_view> words(std::string_view slot);
 std::span<const std::string_view> sentences();
 std::span<const MemoryType> memoryTypes();
 std::span<const StandingRule> standingRules();
+/// By a module's tag, the sentence that makes a tool read it.
+std::span<const std::pair<std::string_view, std::string_view>> moduleSentences();
 /// Texts that are hard to show: scripts from right to left, pictures, many lines, no blanks.
 std::span<const std::string_view> awkwardTexts();
 
