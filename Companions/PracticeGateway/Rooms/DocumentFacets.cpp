@@ -40,6 +40,10 @@ void DocumentFacets::remove(std::int64_t rowid) {
     m_rows[static_cast<std::size_t>(rowid)].present = false;
 }
 
+std::uint32_t DocumentFacets::findPair(const FilterPair& pair) const {
+    return m_pairTexts.find(FilterText::write({&pair, 1}));
+}
+
 std::uint32_t DocumentFacets::pairNumber(const FilterPair& pair) {
     // The number 3 and the text "3" are two values: the JSON of the pair tells them apart.
     const std::uint32_t number = m_pairTexts.number(FilterText::write({&pair, 1}));

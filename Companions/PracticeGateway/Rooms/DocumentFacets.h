@@ -69,6 +69,8 @@ public:
     const Names& keys() const { return m_keys; }
     std::span<const Pair> pairs() const { return m_pairs; }
     std::size_t filterSets() const { return m_sets.size(); }
+    /// `Names::none` for a pair that no document ever had.
+    std::uint32_t findPair(const FilterPair& pair) const;
     /// The pairs of one set of filters, by their numbers.
     std::span<const std::uint32_t> pairsOf(std::uint32_t set) const { return m_sets[set]; }
 

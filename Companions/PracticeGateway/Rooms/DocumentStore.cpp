@@ -31,7 +31,9 @@ CREATE TRIGGER IF NOT EXISTS document_removed AFTER DELETE ON documents BEGIN
     VALUES ('delete', old.number, old.title, old.why, old.body, old.abstract);
 END;
 CREATE TRIGGER IF NOT EXISTS document_reworded
-AFTER UPDATE OF title, why, body, abstract ON documents BEGIN
+AFTER UPDATE OF title, why, body, abstract ON documents
+WHEN (old.title, old.why, old.body, old.abstract)
+    IS NOT (new.title, new.why, new.body, new.abstract) BEGIN
     INSERT INTO document_words(document_words, rowid, title, why, body, abstract)
     VALUES ('delete', old.number, old.title, old.why, old.body, old.abstract);
     INSERT INTO document_words(rowid, title, why, body, abstract)
