@@ -6,7 +6,6 @@
 #include <QCoroFuture>
 #include <QtConcurrentRun>
 
-#include "DatabaseError.h"
 #include "Dispatch.h"
 #include "PracticeRooms.h"
 
@@ -22,14 +21,11 @@ bool isShutdown(const GatewayRequest& request) {
 } // namespace
 
 std::expected<std::shared_ptr<PracticeGateway>, std::string>
-PracticeGateway::open(const std::filesystem::path& database, Hooks hooks) try {
-    auto opened = PracticeDatabase::open(database);
-    if (!opened)
-        return std::unexpected(opened.error());
-    auto rooms = std::make_unique<PracticeRooms>(std::move(*opened), hooks.now);
-    return std::make_shared<PracticeGateway>(std::move(rooms), std::move(hooks));
-} catch (const DatabaseError& error) {
-    return std::unexpected(error.what());
+PracticeGateway::open(const std::filesystem::path& database, Hooks hooks) {
+    auto rooms = PracticeRooms::open(database, hooks.now);
+    if (!rooms)
+        return std::unexpected(rooms.error());
+    return std::make_shared<PracticeGateway>(std::move(*rooms), std::move(hooks));
 }
 
 PracticeGateway::PracticeGateway(std::unique_ptr<PracticeRooms> rooms, Hooks hooks)
@@ -43,12 +39,9 @@ PracticeGateway::~PracticeGateway() {
     m_lane.waitForDone();
 }
 
-std::expected<void, std::string> PracticeGateway::fill(FillSize size) try {
+std::expected<void, std::string> PracticeGateway::fill(FillSize size) {
     m_lane.waitForDone();
-    m_rooms->fill(size);
-    return {};
-} catch (const DatabaseError& error) {
-    return std::unexpected(error.what());
+    return m_rooms->fill(size);
 }
 
 QCoro::Task<GatewayResponse> PracticeGateway::handle(GatewayRequest request) {

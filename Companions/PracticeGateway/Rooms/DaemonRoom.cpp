@@ -8,7 +8,6 @@
 
 #include "ClientVersion.h"
 #include "DiagnosticSource.h"
-#include "SelfNames.h"
 #include "StoreKeyWire.h"
 
 namespace wendlow {
@@ -23,7 +22,6 @@ CREATE TABLE IF NOT EXISTS log (
 )";
 
 constexpr std::string_view diagnosticLogging = "diagnosticLogging";
-constexpr std::string_view selfNames = "selfNames";
 constexpr std::int64_t keptLines = 10'000;
 
 } // namespace
@@ -81,15 +79,6 @@ GatewayResponse DaemonRoom::answer(const ControlCase::Export& /*request*/) {
 
 GatewayResponse DaemonRoom::answer(const ControlCase::Shutdown& /*request*/) {
     return AnswerCase::Ok{};
-}
-
-GatewayResponse DaemonRoom::answer(const NotesCase::SelfNames& request) {
-    if (request.names)
-        set(selfNames,
-            fmt::format("{}", fmt::join(SelfNames::tidy(*request.names), SelfNames::separator)));
-    // Tidy names hold no comma, so what was joined comes apart again.
-    const std::string held[] = {setting(selfNames).value_or("")};
-    return AnswerCase::NoteID{._0 = "", .echo = SelfNames::tidy(held)};
 }
 
 GatewayResponse DaemonRoom::answer(const DiagnosticCase::Log& request) {

@@ -8,14 +8,13 @@
 #include "ControlRequest.h"
 #include "DiagnosticRequest.h"
 #include "GatewayResponse.h"
-#include "NotesRequest.h"
 #include "PracticeDatabase.h"
 #include "ReadRequest.h"
 
 namespace wendlow {
 
-/// What concerns the gateway itself: its build, its log, the person's names, the tools that said
-/// they are connected. Throws `DatabaseError`.
+/// What concerns the gateway itself: its build, its log, and the tools that said they are
+/// connected. Throws `DatabaseError`.
 class DaemonRoom {
 public:
     static std::string_view schema();
@@ -34,7 +33,6 @@ public:
     GatewayResponse answer(const ControlCase::Export& request);
     /// Whoever runs the gateway ends it once this is answered.
     GatewayResponse answer(const ControlCase::Shutdown& request);
-    GatewayResponse answer(const NotesCase::SelfNames& request);
     GatewayResponse answer(const DiagnosticCase::Log& request);
 
 private:

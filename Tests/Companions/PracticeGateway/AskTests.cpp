@@ -44,7 +44,7 @@ TEST_F(Ask, SaysTheAnswerOrWhyThereIsNone) {
     const std::string skewed =
         R"({"failure":{"message":"Wendlow updated; this session's bridge is older than the daemon, restart the session"}})";
     const std::string bad = R"({"response":{"failure":{"message":"bad reply"}}})";
-    const std::string good = R"({"response":{"noteID":{"_0":"","echo":[]}}})";
+    const std::string good = R"({"response":{"noteID":{"_0":"self-names","echo":[]}}})";
     const struct {
         const char* replies;
         std::string document;
