@@ -93,7 +93,7 @@ private:
         else if (kind == u"string")
             bus.send(call.createReply(u"{}"_s));
         else if (kind.startsWith(u"after")) // so many milliseconds
-            QTimer::singleShot(kind.mid(5).toInt(), this,
+            QTimer::singleShot(kind.mid(5).toInt(), Qt::PreciseTimer, this,
                                [this, call] { reply(call, u"answer"_s); });
         else
             bus.send(call.createReply(replyOf(kind)));

@@ -113,6 +113,23 @@ TEST_F(XPCClientFailures, AskWhetherTheNameIsRegisteredWithoutStartingIt) {
     EXPECT_FALSE(registered());
 }
 
+TEST_F(XPCClientFailures, StartNoServiceThatTheBusCouldStart) {
+    const TemporaryHome home;
+    const auto marker = home / "started";
+    std::ofstream(home / "gateway.service")
+        << "[D-BUS Service]\nName=works.fenmoor.wendlow.gateway\nExec=/usr/bin/touch "
+        << marker.string() << "\n";
+    const PrivateBus starting(home.path().string());
+    XPCClient client(options());
+    client.subscribe([](const GatewayEvent&) {});
+    EXPECT_EQ(answered(client).text(), absent);
+    EXPECT_FALSE(wendlow_mach_service_registered("works.fenmoor.wendlow.gateway"));
+    QTest::qWait(100);
+    EXPECT_FALSE(std::filesystem::exists(marker));
+    seen(QString::fromStdString(starting.address())); // a call without the flag would have done it
+    EXPECT_TRUE(comes([&] { return std::filesystem::exists(marker); }));
+}
+
 /// A real process, refused after a newer build was put where it was started from.
 TEST_F(XPCClientFailures, AreCalmWhenAnUpdateExplainsTheRefusal) {
     const auto running = gateway("error");
