@@ -20,13 +20,13 @@ BOOST_DESCRIBE_ENUM(DocumentKind, memory, moment, meeting)
 struct Document {
     DocumentKind kind = DocumentKind::memory;
     std::string id; ///< one among all kinds
-    std::string type;
+    std::string type = {};
     std::string scope = "/";
     double at = 0; ///< seconds since 1970
-    std::string title;
+    std::string title = {};
     bool titled = true; ///< false: the title is the first line of the body, and follows it
-    std::string why;
-    std::string body;
+    std::string why = {};
+    std::string body = {};
     std::vector<FilterPair> filters = {};
     std::optional<std::string> app = std::nullopt;
     std::optional<std::string> abstract = std::nullopt;
