@@ -26,6 +26,11 @@ cmake --preset asan >/dev/null
 cmake --build --preset asan
 ctest --preset asan --output-on-failure -j2 | tail -n 4
 
+step "thread sanitizer on the gateway client"
+cmake --preset tsan >/dev/null
+cmake --build --preset tsan
+ctest --preset tsan --output-on-failure -j2 | tail -n 4
+
 step "fuzz, ${FUZZ_SECONDS} s each"
 Scripts/fuzz.sh "$FUZZ_SECONDS"
 

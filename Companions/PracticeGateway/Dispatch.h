@@ -16,7 +16,12 @@ concept Answers = requires(Room& room, const Case& which) {
     { room.answer(which) } -> std::convertible_to<GatewayResponse>;
 };
 
-/// The first room that serves this case answers it; a case that none serves is `unimplemented`.
+/// A case that no room serves.
+template<class Case> GatewayResponse answerCase(const Case& /*which*/) {
+    return AnswerCase::Unimplemented{std::string(Case::verb)};
+}
+
+/// The first room that serves this case answers it.
 template<class Case, class Room, class... Rooms>
 GatewayResponse answerCase(const Case& which, Room& room, Rooms&... others) {
     if constexpr (Answers<Room, Case>)
@@ -25,12 +30,8 @@ GatewayResponse answerCase(const Case& which, Room& room, Rooms&... others) {
         return answerCase(which, others...);
 }
 
-template<class Case> GatewayResponse answerCase(const Case& /*which*/) {
-    return AnswerCase::Unimplemented{std::string(Case::verb)};
-}
-
 template<class... Rooms>
-GatewayResponse answer(const GatewayRequest& request, std::tuple<Rooms...>& rooms) {
+GatewayResponse answer(const GatewayRequest& request, const std::tuple<Rooms&...>& rooms) {
     const auto inRooms = [&](const auto& which) {
         return std::apply([&](auto&... room) { return answerCase(which, room...); }, rooms);
     };

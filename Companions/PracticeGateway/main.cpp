@@ -3,12 +3,14 @@
 #include "PracticeGateway.h"
 #include "Service/GatewayService.h"
 #include "Service/Options.h"
+#include "SessionBusAddress.h"
 #include "TerminationSignals.h"
 
 #include <cstdio>
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QTimer>
 #include <fmt/format.h>
 
 namespace {
@@ -35,16 +37,25 @@ int main(int count, char** words) {
     }
 
     const TerminationSignals signals;
+    const auto bus = QDBusConnection::connectToBus(sessionBusAddress(), uniqueConnectionName());
     GatewayService* face = nullptr;
     // By way of the application, which outlives the face: nothing arrives there any more once its
     // loop has ended.
     const auto push = [&](const GatewayEvent& event) {
         QMetaObject::invokeMethod(qApp, [&face, event] { face->push(event); });
     };
-    const auto gateway = std::make_shared<PracticeGateway>(
-        PracticeGateway::Hooks{.push = push, .shutDown = &QCoreApplication::quit});
-    GatewayService service(gateway, QDBusConnection::sessionBus(), options->misbehaviour);
+    const auto gateway = PracticeGateway::open(options->database,
+                                               {.push = push, .shutDown = &QCoreApplication::quit});
+    if (!gateway)
+        return complain(couldNotStart, gateway.error());
+    if (options->fill)
+        if (const auto filled = (*gateway)->fill(*options->fill); !filled)
+            return complain(couldNotStart, filled.error());
+    GatewayService service(*gateway, bus, options->misbehaviour);
     face = &service;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, [&] { (*gateway)->lookAtFront(); });
+    clock.start(std::chrono::seconds(1));
     QObject::connect(&service, &GatewayService::lost, qApp, &QCoreApplication::quit);
     if (const auto started = service.start(options->name); !started)
         return complain(couldNotStart, started.error());

@@ -5,7 +5,6 @@
 #include "HomeFolder.h"
 #include "InstalledBundle.h"
 #include "ToolTiles.h"
-#include "UnimplementedGateway.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -50,8 +49,6 @@ MenuLine windowLine(const char* id, const char* title, Qt::Key key, void (*act)(
 
 SettingsApplication::SettingsApplication(Surroundings surroundings)
     : m_surroundings(std::move(surroundings)),
-      // No daemon is spoken to yet; the windows of this stage need none.
-      m_client(std::make_unique<InProcessClient>(std::make_shared<UnimplementedGateway>())),
       m_worldActions([this]() -> EditorWorlds& { return worlds(); },
                      [this](WindowKind kind) { present(kind); }),
       m_factory(

@@ -30,6 +30,8 @@ public:
         WindowFactory::FollowLooks followLooks;
         DistributedNotificationCenter& notifications;
         std::function<void(const std::string&)> setupLog;
+        /// The process's only way to the daemon, there before any window.
+        std::unique_ptr<WendlowClient> client;
     };
 
     explicit SettingsApplication(Surroundings surroundings);
@@ -56,7 +58,6 @@ private:
 
     const Surroundings m_surroundings;
     // The order is that of the start; the windows go before what they show.
-    const std::unique_ptr<WendlowClient> m_client;
     std::unique_ptr<EditorWorlds> m_worlds;
     std::unique_ptr<SettingsRoot> m_settings;
     EditActions m_editActions;

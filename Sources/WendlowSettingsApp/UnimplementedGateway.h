@@ -4,8 +4,8 @@
 
 namespace wendlow {
 
-/// The gateway of a process that speaks to no daemon yet: it refuses each request by its verb,
-/// which a caller treats as that one request being refused.
+/// The gateway of a run that is to speak to no daemon, as when pictures are taken: it refuses each
+/// request by its verb, which a caller treats as that one request being refused.
 class UnimplementedGateway final : public Gateway {
 public:
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;

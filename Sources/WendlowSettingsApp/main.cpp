@@ -5,6 +5,8 @@
 #include "Snapshots.h"
 #include "SystemLooks.h"
 #include "TerminationSignals.h"
+#include "UnimplementedGateway.h"
+#include "XPCClient.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -35,14 +37,15 @@ void drawOffScreen() {
 
 int takeSnapshots(const LaunchOptions& options) {
     DistributedNotificationCenter silent{QDBusConnection(QStringLiteral("none"))};
-    SettingsApplication application({.followLooks =
-                                         [](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                                             looks.setReduceMotion(true);
-                                             looks.setDark(darkness ==
-                                                           WindowFactory::Darkness::always);
-                                         },
-                                     .notifications = silent,
-                                     .setupLog = [](const std::string&) {}});
+    SettingsApplication application(
+        {.followLooks =
+             [](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 looks.setReduceMotion(true);
+                 looks.setDark(darkness == WindowFactory::Darkness::always);
+             },
+         .notifications = silent,
+         .setupLog = [](const std::string&) {},
+         .client = std::make_unique<InProcessClient>(std::make_shared<UnimplementedGateway>())});
     return Snapshots(application, *options.snapshots, options.size).take();
 }
 
@@ -70,7 +73,8 @@ int main(int argc, char** argv) {
                  SystemLooks::follow(appearance, looks, darkness);
              },
          .notifications = notifications,
-         .setupLog = [](const std::string& line) { SetupLog::line(line); }});
+         .setupLog = [](const std::string& line) { SetupLog::line(line); },
+         .client = std::make_unique<XPCClient>()});
     application.show(options->pane, WindowDoor::Front::leave);
     if (options->firstFrame)
         FirstFrame::reportAndQuit(*application.window(WindowDescriptions::kindOf(options->pane)));

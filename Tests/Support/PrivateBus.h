@@ -36,7 +36,8 @@ public:
             << (m_folder / "socket").string()
             << "</listen><auth>EXTERNAL</auth><policy context=\"default\">"
                "<allow send_destination=\"*\"/><allow receive_sender=\"*\"/><allow own=\"*\"/>"
-               "</policy></busconfig>\n";
+               // As every session bus has it; a bus left to itself takes 128.
+               "</policy><limit name=\"max_replies_per_connection\">50000</limit></busconfig>\n";
         start(config);
         if (const char* before = std::getenv(variable))
             m_before = before;
@@ -53,6 +54,10 @@ public:
     PrivateBus& operator=(const PrivateBus&) = delete;
 
     const std::string& address() const { return m_address; }
+
+    /// The bus takes connections and bytes, and does nothing about them, until it goes on.
+    void wedge() const { ::kill(m_daemon, SIGSTOP); }
+    void goOn() const { ::kill(m_daemon, SIGCONT); }
 
     /// The bus dies before its test does.
     void stop() {

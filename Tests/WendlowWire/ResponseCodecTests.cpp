@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace wendlow {
@@ -52,6 +53,10 @@ TEST(ResponseCodec, WritesAndReadsEveryShape) {
         {R"({"icons":{"_0":{"a.example":"","b.example":"TQ=="}}})",
          AnswerCase::Icons{{{"a.example", {}}, {"b.example", {"M"}}}}},
         {R"({"frontState":{"_0":"titleOnly"}})", AnswerCase::FrontState{FrontRecording::titleOnly}},
+        {R"({"standingWalk":{}})", AnswerCase::StandingWalk{}},
+        {R"({"presence":{"_0":{"day":"2026-03-01","apps":[],"active":0}}})",
+         AnswerCase::Presence{DayPresence{.day = "2026-03-01", .apps = {}}}},
+        {R"({"frameStats":{"_0":{"screenshots":2}}})", AnswerCase::FrameStats{{.screenshots = 2}}},
         {R"({"noteID":{"_0":"n1","echo":[]}})", AnswerCase::NoteID{"n1", {{}}}},
         {R"({"textBrowse":{"_0":{"ready":true,"total":1,"rows":[{"id":"m1","type":"note","scope":"/work","title":"t","at":1794000000.125,"filters":[{"key":"a","value":true},{"key":"b","value":2}],"score":0.1,"files":["x"],"framed":true}],"byType":[],"byScope":[],"byKind":[{"kind":"k","count":3}],"byFilter":[],"narrowed":false}}})",
          AnswerCase::TextBrowse{browsed}},
@@ -89,6 +94,44 @@ TEST(ResponseCodec, RefusesWhatItCannotRead) {
     };
     for (const auto& [json, answer] : rows)
         EXPECT_EQ(told(WireCodec::decodeResponse(json)), answer) << json;
+}
+
+/// Many rows, texts with every kind of character that JSON writes in its own way, and numbers.
+GatewayResponse largeAnswer(std::size_t rows) {
+    TextBrowseAnswer answer{};
+    answer.rows.resize(rows);
+    for (TextBrowseRow& row : answer.rows) {
+        row.title = "a \"b\" \\ \n\t\x01 ü€😀";
+        row.filters = {{"k", true}, {"n", -1.5e-7}, {"s", "x"}};
+        row.passage = std::string(900, 'p');
+    }
+    return AnswerCase::TextBrowse{answer};
+}
+
+TEST(ResponseCodec, SurvivesHostileReplies) {
+    const std::string small = WireCodec::encode(largeAnswer(2)).value_or("");
+    for (std::size_t length = 0; length < small.size(); ++length)
+        EXPECT_THAT(told(WireCodec::decodeResponse(std::string_view(small).substr(0, length))),
+                    ::testing::StartsWith(": this is not JSON: "));
+
+    for (const std::string open : {"[", "{\"x\":"}) {
+        std::string deep = R"({"ok":{"x":)";
+        for (int level = 0; level < 10'000; ++level)
+            deep += open;
+        EXPECT_THAT(told(WireCodec::decodeResponse(deep)), ::testing::HasSubstr("too deep"));
+    }
+}
+
+TEST(ResponseCodec, TakesTwentyMegabytesOrWhatIsLeftOfThem) {
+    const GatewayResponse answer = largeAnswer(20'000);
+    const std::string large = WireCodec::encode(answer).value_or("");
+    EXPECT_GE(large.size(), std::size_t{20} << 20U);
+    EXPECT_TRUE(WireCodec::decodeResponse(large) == answer);
+    EXPECT_THAT(
+        told(WireCodec::decodeResponse(std::string_view(large).substr(0, large.size() / 2))),
+        ::testing::StartsWith(": this is not JSON: incomplete JSON"));
+    const GatewayResponse text = AnswerCase::Text{large};
+    EXPECT_TRUE(WireCodec::decodeResponse(WireCodec::encode(text).value_or("")) == text);
 }
 
 TEST(ResponseCodec, DoublesComeBackToTheLastBit) {

@@ -15,7 +15,7 @@ namespace {
 
 /// SQLite would make the file readable for everybody; its two companions take over the file's mode.
 std::expected<void, std::string> makePrivate(const std::filesystem::path& path) {
-    if (const auto made = ClientStoreMode::createFolder(path); !made)
+    if (const auto made = ClientStoreMode::createFolder(path.parent_path()); !made)
         return std::unexpected(made.error().message());
     const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, ClientStoreMode::file);
     if (file < 0)

@@ -10,7 +10,8 @@ namespace wendlow {
 PracticeRooms::PracticeRooms(std::unique_ptr<PracticeDatabase> database, const Clock& clock)
     : m_database(std::move(database)), m_clock(clock), m_documents(*m_database),
       m_memories(m_documents, clock), m_search(m_documents), m_recall(m_documents, clock),
-      m_scopes(m_documents), m_rules(m_documents, m_scopes), m_mods(m_documents, clock) {}
+      m_scopes(m_documents), m_rules(m_documents, m_scopes), m_mods(m_documents, clock),
+      m_daemon(*m_database, clock) {}
 
 std::expected<std::unique_ptr<PracticeRooms>, std::string>
 PracticeRooms::open(const std::filesystem::path& file, const Clock& clock) try {
@@ -18,8 +19,8 @@ PracticeRooms::open(const std::filesystem::path& file, const Clock& clock) try {
     if (!database)
         return std::unexpected(database.error());
     (*database)
-        ->install<DocumentStore, MemoryRoom, SearchRoom, RecallRoom, ScopeRoom, RuleRoom,
-                  ModRoom>();
+        ->install<DocumentStore, MemoryRoom, SearchRoom, RecallRoom, ScopeRoom, RuleRoom, ModRoom,
+                  DaemonRoom>();
     return std::unique_ptr<PracticeRooms>(new PracticeRooms(std::move(*database), clock));
 } catch (const std::exception& error) {
     return std::unexpected(file.string() + " could not be opened — " + error.what());

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "Clock.h"
+#include "DaemonRoom.h"
 #include "DocumentStore.h"
 #include "Fill/FillSize.h"
 #include "MemoryRoom.h"
@@ -31,7 +32,9 @@ public:
     std::expected<void, std::string> fill(FillSize size);
 
     /// Every room, for the dispatch.
-    auto all() { return std::tie(m_memories, m_search, m_recall, m_rules, m_scopes, m_mods); }
+    auto all() {
+        return std::tie(m_memories, m_search, m_recall, m_rules, m_scopes, m_mods, m_daemon);
+    }
     DocumentStore& documents() { return m_documents; }
 
 private:
@@ -46,6 +49,7 @@ private:
     ScopeRoom m_scopes;
     RuleRoom m_rules;
     ModRoom m_mods;
+    DaemonRoom m_daemon;
 };
 
 } // namespace wendlow

@@ -11,6 +11,8 @@
 #include <fmt/format.h>
 
 #include "WireCodec.h"
+#include "XPC/BusMessage.h"
+#include "XPCEndpoint.h"
 
 namespace wendlow {
 
@@ -18,13 +20,15 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-const QString path = QStringLiteral("/works/fenmoor/wendlow/gateway");
-const QString interface = QStringLiteral("works.fenmoor.wendlow.Gateway");
-const QString payloadKey = QStringLiteral("payload");
-const QString wireKey = QStringLiteral("wire");
-const QString servedKey = QStringLiteral("served_ms");
-const QString subscribeKey = QStringLiteral("subscribe");
-const QString eventKey = QStringLiteral("event");
+QString key(std::string_view name) {
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+const QString payloadKey = key(XPCEndpoint::payloadKey);
+const QString wireKey = key(XPCEndpoint::wireKey);
+const QString servedKey = key(XPCEndpoint::servedKey);
+const QString subscribeKey = key(XPCEndpoint::subscribeKey);
+const QString eventKey = key(XPCEndpoint::eventKey);
 
 /// A list of bytes may be 64 MiB on a bus, and the bus cuts off whoever sends a longer one.
 constexpr std::size_t longestPayload = std::size_t{64} << 20U;
@@ -36,7 +40,7 @@ QByteArray bytes(const std::string& text) {
     return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
-/// What is wrong with a message, or nothing.
+/// What is wrong with the types of a request, or nothing.
 const char* complaint(const QVariantMap& message) {
     const auto isOther = [&](const QString& key, int type) {
         return message.contains(key) && message.value(key).typeId() != type;
@@ -45,13 +49,13 @@ const char* complaint(const QVariantMap& message) {
         return "payload is to be a list of bytes, ay";
     if (isOther(wireKey, QMetaType::ULongLong))
         return "wire is to be a number without a sign, t";
-    if (isOther(subscribeKey, QMetaType::Bool))
-        return "subscribe is to be a boolean, b";
     return nullptr;
 }
 
 /// The request in a message, or the answer that a message without one gets.
 std::expected<GatewayRequest, GatewayResponse> requestIn(const QVariantMap& message) {
+    if (const char* const sentence = complaint(message))
+        return std::unexpected(AnswerCase::Failure{sentence});
     const auto wire = message.contains(wireKey)
                           ? std::optional<std::uint64_t>(message.value(wireKey).toULongLong())
                           : std::nullopt;
@@ -110,7 +114,7 @@ std::expected<void, std::string> GatewayService::start(const std::string& name) 
     if (!m_bus.isConnected())
         return std::unexpected("there is no session bus here");
     // Before the name, so that nobody finds the name without the object.
-    m_bus.registerObject(path, this,
+    m_bus.registerObject(BusMessage::path, this,
                          QDBusConnection::ExportScriptableSlots |
                              QDBusConnection::ExportScriptableSignals);
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> taken =
@@ -126,9 +130,7 @@ std::expected<void, std::string> GatewayService::start(const std::string& name) 
 
 QVariantMap GatewayService::Exchange(const QVariantMap& message, const QDBusMessage& call) {
     call.setDelayedReply(true);
-    if (const char* const sentence = complaint(message))
-        m_bus.send(call.createErrorReply(QDBusError::InvalidArgs, QString::fromUtf8(sentence)));
-    else if (message.value(subscribeKey).toBool())
+    if (message.value(subscribeKey).toBool())
         subscribe(call);
     else
         exchange(call, message, nextManner(message)); // ends by itself, whoever waits for it
@@ -158,8 +160,9 @@ QCoro::Task<> GatewayService::exchange(QDBusMessage call, QVariantMap message, R
         reply.insert(servedKey, static_cast<qulonglong>(served.count()));
         if (manner.payload != ReplyManner::Payload::absent)
             reply.insert(payloadKey, bytes(manner.payloadFor(std::move(json))));
-        if (manner.payload == ReplyManner::Payload::text)
-            reply[payloadKey].convert(QMetaType::fromType<QString>());
+        if (manner.payload == ReplyManner::Payload::wrongTypes)
+            reply = {{payloadKey, QString::fromUtf8(reply[payloadKey].toByteArray())},
+                     {wireKey, 1}};
     }
     if (manner.delay > std::chrono::milliseconds::zero())
         co_await QCoro::sleepFor(manner.delay);
@@ -168,6 +171,8 @@ QCoro::Task<> GatewayService::exchange(QDBusMessage call, QVariantMap message, R
     if (manner.way == ReplyManner::Way::refuse)
         m_bus.send(call.createErrorReply(QDBusError::AccessDenied,
                                          QStringLiteral("this gateway was told to refuse")));
+    else if (manner.payload == ReplyManner::Payload::noDictionary)
+        m_bus.send(call.createReply(QStringLiteral("no dictionary")));
     else
         m_bus.send(call.createReply(reply));
 }
@@ -196,8 +201,8 @@ void GatewayService::push(const GatewayEvent& event) {
 }
 
 void GatewayService::send(const QString& subscriber, const QVariant& argument) const {
-    QDBusMessage signal =
-        QDBusMessage::createTargetedSignal(subscriber, path, interface, QStringLiteral("Event"));
+    QDBusMessage signal = QDBusMessage::createTargetedSignal(
+        subscriber, BusMessage::path, BusMessage::interface, BusMessage::eventMember);
     signal << argument;
     m_bus.send(signal);
 }

@@ -21,10 +21,11 @@ constexpr std::array<std::pair<std::string_view, Way>, 4> ways{{
     {"die", Way::die},
 }};
 
-constexpr std::array<std::pair<std::string_view, Payload>, 8> payloads{{
+constexpr std::array<std::pair<std::string_view, Payload>, 9> payloads{{
     {"no-payload", Payload::absent},
     {"empty", Payload::empty},
-    {"text", Payload::text},
+    {"wrong-types", Payload::wrongTypes},
+    {"no-dictionary", Payload::noDictionary},
     {"rubbish", Payload::rubbish},
     {"unknown-case", Payload::unknownCase},
     {"nested", Payload::nested},
@@ -108,7 +109,8 @@ ReplyManner::parseList(std::string_view words) {
 std::string ReplyManner::payloadFor(std::string answer) const {
     switch (payload) {
     case Payload::answer:
-    case Payload::text:
+    case Payload::wrongTypes:
+    case Payload::noDictionary:
         break;
     case Payload::absent:
     case Payload::empty:

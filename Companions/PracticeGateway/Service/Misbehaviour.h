@@ -22,15 +22,16 @@ struct ReplyManner {
         die,    ///< the process kills itself
     };
     enum class Payload {
-        answer,      ///< what the gateway answers
-        absent,      ///< a reply without the key
-        empty,       ///< no bytes
-        text,        ///< a text where bytes are due
-        rubbish,     ///< bytes that are no JSON
-        unknownCase, ///< JSON of a case that the contract does not have
-        nested,      ///< lists within lists, 10,000 deep
-        cut,         ///< the answer without its last byte
-        huge,        ///< a good answer of 20 MB
+        answer,       ///< what the gateway answers
+        absent,       ///< a reply without the key
+        empty,        ///< no bytes
+        wrongTypes,   ///< a text where bytes are due, and another kind of number
+        noDictionary, ///< a text in place of the whole message
+        rubbish,      ///< bytes that are no JSON
+        unknownCase,  ///< JSON of a case that the contract does not have
+        nested,       ///< lists within lists, 10,000 deep
+        cut,          ///< the answer without its last byte
+        huge,         ///< a good answer of 20 MB
     };
 
     Way way = Way::reply;
@@ -41,8 +42,9 @@ struct ReplyManner {
     bool operator==(const ReplyManner&) const = default;
 
     /// Reads words joined by "+": "answer", "silent", "refuse", "die", "no-payload", "empty",
-    /// "text", "rubbish", "unknown-case", "nested", "cut", "huge", "no-wire", "wire-2" with any
-    /// number, "late-300" with any number of milliseconds. The unknown word is the error.
+    /// "wrong-types", "no-dictionary", "rubbish", "unknown-case", "nested", "cut", "huge",
+    /// "no-wire", "wire-2" with any number, "late-300" with any number of milliseconds. The unknown
+    /// word is the error.
     static std::expected<ReplyManner, std::string> parse(std::string_view words);
     /// The same for a list with commas.
     static std::expected<std::vector<ReplyManner>, std::string> parseList(std::string_view words);

@@ -19,7 +19,7 @@ constexpr const char* description =
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
     "  answer, silent, refuse, die       what it does at all\n"
-    "  no-payload, empty, text, rubbish, unknown-case, nested, cut, huge\n"
+    "  no-payload, empty, rubbish, unknown-case, nested, cut, huge, wrong-types, no-dictionary\n"
     "                                    what the reply carries in place of the answer\n"
     "  no-wire, wire-2                   the version in the reply\n"
     "  late-300                          after so many milliseconds\n"
@@ -38,6 +38,7 @@ public:
         m_parser.addOptions({
             option("help", "Say this."),
             option("database", "The file it keeps all in, in a private folder of its own.", "path"),
+            option("fill", "Fill an empty database: day, or power for one of years.", "size"),
             option("name", "What it owns on the session bus.", "name"),
             option("replies", "How the first request is replied to, the second and so on.", "list"),
             option("knocks", "How a knock is replied to.", "words"),
@@ -103,6 +104,14 @@ Misbehaviour misbehaviourIn(Reading& reading) {
     return result;
 }
 
+std::expected<FillSize, std::string> fillSize(std::string_view word) {
+    if (word == "day")
+        return FillSize::day;
+    if (word == "power")
+        return FillSize::power;
+    return std::unexpected(std::string(word));
+}
+
 } // namespace
 
 std::expected<Options, std::string> Options::parse(const QStringList& words) {
@@ -111,8 +120,10 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                     .database = reading.text("database")
                                     .value_or(ClientInstance::defaultSupport() +
                                               "/Wendlow Practice/practice.db"),
+                    .fill = std::nullopt,
                     .misbehaviour = misbehaviourIn(reading),
                     .help = std::nullopt};
+    reading.parsed("fill", fillSize, options.fill);
     if (reading.isSet("help"))
         options.help = reading.help();
     if (!reading.fault().empty())

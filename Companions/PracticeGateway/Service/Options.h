@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include "Fill/FillSize.h"
 #include "Service/Misbehaviour.h"
 
 namespace wendlow {
@@ -15,6 +16,7 @@ namespace wendlow {
 struct Options {
     std::string name;               ///< what it owns on the bus
     std::filesystem::path database; ///< the file, in a folder of its own
+    std::optional<FillSize> fill;   ///< what an empty database is filled with
     Misbehaviour misbehaviour;
     std::optional<std::string> help; ///< to be printed in place of all else
 

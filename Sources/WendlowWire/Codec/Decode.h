@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <exception>
 #include <expected>
 #include <string_view>
@@ -12,7 +13,8 @@
 namespace wendlow::Codec {
 
 template<class T> std::expected<T, DecodeError> decoded(std::string_view json) try {
-    boost::json::monotonic_resource memory;
+    // A document takes about as much as its text, so that it comes in few pieces.
+    boost::json::monotonic_resource memory(std::max<std::size_t>(json.size(), 1024));
     const auto parsed = document(json, &memory);
     if (!parsed)
         return std::unexpected(DecodeError{{}, parsed.error()});

@@ -106,25 +106,40 @@ private:
     }
 
     template<class T, class Case> bool readPayload(const Value& payload, Case& value) {
-        if constexpr (hasLenientReader<T>) {
-            constexpr bool empty = boost::mp11::mp_empty<Fields<Case>>::value;
-            return empty || readFields<Absent::filledIn>(payload, value);
-        } else {
-            if (const Object* object = payload.if_object();
-                isEnvelope<T> && object != nullptr && object->size() != 1)
+        constexpr bool lenient = hasLenientReader<T>;
+        if constexpr (lenient && boost::mp11::mp_empty<Fields<Case>>::value)
+            return true;
+        if (!readFields<lenient ? Absent::filledIn : Absent::refused>(payload, value))
+            return false;
+        if constexpr (isRequest<T> && hasUnlabelledItem<Case>)
+            if (!holdsOnlyFields<Case>(payload.get_object()))
                 return fail(std::string(notOneKey));
-            return read(payload, value);
+        return true;
+    }
+
+    template<class T> static bool holdsOnlyFields(const Object& object) {
+        for (const auto& member : object) {
+            const auto isOther = [&](auto field) { return member.key() != field.name; };
+            if (allFields<T>(isOther))
+                return false;
         }
+        return true;
     }
 
     template<Absent absent, class T> bool readFields(const Value& json, T& record) {
         const Object* object = json.if_object();
         if (object == nullptr)
             return wrongKind("an object", json);
+        const auto* next = object->begin();
         return allFields<T>([&](auto field) {
             auto& target = record.*field.pointer;
             using Field = std::remove_reference_t<decltype(target)>;
-            const Value* value = object->if_contains(field.name);
+            const Value* value = nullptr;
+            // Most peers write the fields in their order, so that no search is needed.
+            if (next != object->end() && next->key() == std::string_view(field.name))
+                value = &(next++)->value();
+            else
+                value = object->if_contains(field.name);
             if (value != nullptr && !value->is_null())
                 return read(*value, target) || failed(field.name);
             constexpr bool fillsIn =

@@ -40,9 +40,14 @@ template<class T> using Fields = boost::describe::describe_members<T, boost::des
 /// does not look at the value of a case without a payload.
 template<class Variant> constexpr bool hasLenientReader = std::is_same_v<Variant, ReadRequest>;
 
-/// The envelope of a request takes one key at both of its levels: beside the payload stands
-/// nothing.
-template<class Variant> constexpr bool isEnvelope = std::is_same_v<Variant, GatewayRequest>;
+/// In requests, beside the fields of a case with an unlabelled item stands nothing. In answers
+/// unknown keys are dropped everywhere.
+template<class Variant>
+constexpr bool isRequest = requires(const Variant& one) {
+    { one.verb() } -> std::convertible_to<std::string_view>;
+};
+
+template<class Case> constexpr bool hasUnlabelledItem = requires { &Case::_0; };
 
 /// Whether a record names this field as one that its reader fills in.
 template<class Owner> constexpr bool isDefaulted(std::string_view field) {

@@ -54,7 +54,10 @@ private:
         for (const auto& [name, value] : dictionary) {
             if (!std::exchange(first, false))
                 m_text += ',';
-            if (!key(name) || !write(value))
+            if (!text(name))
+                return failed(name);
+            m_text += ':';
+            if (!write(value))
                 return failed(name);
         }
         m_text += '}';
@@ -88,11 +91,12 @@ private:
         } else {
             if (!std::exchange(first, false))
                 m_text += ',';
-            return (key(name) && write(value)) || failed(name);
+            // The contract's own names need no escape.
+            m_text.append("\"").append(name).append("\":");
+            return write(value) || failed(name);
         }
     }
 
-    bool key(std::string_view name);
     bool text(std::string_view value);
     bool failed(std::string_view step);
     bool failed(std::size_t index);

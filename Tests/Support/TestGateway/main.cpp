@@ -92,8 +92,9 @@ private:
             bus.send(call.createErrorReply(u"org.freedesktop.DBus.Error.NoReply"_s, u"no"_s));
         else if (kind == u"string")
             bus.send(call.createReply(u"{}"_s));
-        else if (kind == u"late")
-            QTimer::singleShot(300, this, [this, call] { reply(call, u"answer"_s); });
+        else if (kind.startsWith(u"after")) // so many milliseconds
+            QTimer::singleShot(kind.mid(5).toInt(), this,
+                               [this, call] { reply(call, u"answer"_s); });
         else
             bus.send(call.createReply(replyOf(kind)));
     }

@@ -1,0 +1,168 @@
+// The client's own order of things, on connections that do what the test says, in the test's time.
+
+#include "GatewayTestSupport.h"
+
+#include "WireContract.h"
+#include "XPCWire.h"
+
+#include <deque>
+
+namespace wendlow {
+namespace {
+
+using namespace testing;
+
+class FakeConnection final : public XPCConnection {
+public:
+    struct Asked {
+        xpc_object_t message;
+        Handler handler;
+    };
+
+    void setEventHandler(Handler) override {}
+    void resume() override { ++resumed; }
+    void cancel() override { ++cancelled; }
+    void send(xpc_object_t) override {}
+    void sendWithReply(xpc_object_t message, Handler handler) override {
+        asked.push_back({std::move(message), std::move(handler)});
+    }
+
+    void fail(std::size_t index) { asked.at(index).handler(XPCError{"gone"}); }
+    void answer(std::size_t index, const std::string& text, std::uint64_t wire = 1) {
+        xpc_object_t reply = xpc_dictionary_create();
+        XPCWire::set(R"({"text":{"_0":")" + text + R"("}})", "payload", reply);
+        XPCWire::setWire(wire, reply);
+        xpc_dictionary_set_uint64(reply, "served_ms", 12);
+        asked.at(index).handler(std::move(reply));
+    }
+
+    int resumed = 0;
+    int cancelled = 0;
+    std::deque<Asked> asked;
+};
+
+struct Timer {
+    std::chrono::milliseconds delay;
+    std::function<void()> work;
+};
+
+struct OnFakes : public ::testing::Test {
+    OnFakes() {
+        // Everything that was given reaches its caller by way of the event loop.
+        options.dial = [this](const std::string& name) {
+            EXPECT_EQ(name, "works.fenmoor.wendlow.gateway");
+            EXPECT_EQ(client ? client->knocks() : 0, 0); // no lock is held over a closure
+            dialled.push_back(std::make_shared<FakeConnection>());
+            return dialled.back();
+        };
+        options.serviceRegistered = [this](const std::string&) { return registered; };
+        options.clientLineage = [] { return LineageCase::Foreign{}; };
+        options.after = [this](auto delay, auto work) {
+            timers.push_back({delay, std::move(work)});
+        };
+    }
+    static void settle() { QCoreApplication::processEvents(); }
+
+    bool registered = false;
+    std::vector<std::shared_ptr<FakeConnection>> dialled;
+    std::deque<Timer> timers;
+    XPCClient::Options options;
+    std::unique_ptr<XPCClient> client;
+};
+
+TEST_F(OnFakes, ABurstOfFailuresDialsOnceAndOnlyTheRetryHasALimit) {
+    client = std::make_unique<XPCClient>(options);
+    ASSERT_EQ(dialled.size(), 1U);
+    EXPECT_EQ(dialled[0]->resumed, 1);
+    const auto first = ask(*client);
+    const auto second = ask(*client);
+    ASSERT_EQ(dialled[0]->asked.size(), 2U);
+    const auto& sent = std::get<XPCDictionary>(dialled[0]->asked[0].message);
+    EXPECT_EQ(sent.size(), 2U);
+    EXPECT_EQ(*XPCWire::data("payload", sent), R"({"read":{"_0":{"health":{}}}})");
+    EXPECT_EQ(XPCWire::wireVersion(sent), 1);
+    EXPECT_TRUE(timers.empty());
+
+    dialled[0]->fail(0);
+    dialled[0]->fail(1);
+    settle();
+    ASSERT_EQ(dialled.size(), 2U);
+    EXPECT_EQ(dialled[0]->cancelled, 1);
+    EXPECT_EQ(dialled[1]->resumed, 1);
+    ASSERT_EQ(dialled[1]->asked.size(), 2U);
+    ASSERT_EQ(timers.size(), 2U);
+    EXPECT_EQ(timers[0].delay, 3000ms);
+
+    dialled[1]->answer(0, "one");
+    timers[0].work(); // too late, as is the reply after the other's time
+    timers[1].work();
+    dialled[1]->answer(1, "two");
+    settle();
+    EXPECT_EQ(first->text(), "one");
+    EXPECT_EQ(first->timed.daemon, 12ms);
+    EXPECT_EQ(first->resumed, 1);
+    EXPECT_TRUE(second->text().starts_with("Wendlow is running but did not answer in 3s"));
+    EXPECT_EQ(second->timed.daemon, std::nullopt);
+    EXPECT_EQ(second->resumed, 1);
+    EXPECT_EQ(client->lastDoorFault(), DoorFault::silent);
+    EXPECT_EQ(client->knocks(), 0);
+}
+
+TEST_F(OnFakes, AClientThatWasConnectedKnocksFirstAndAnnouncesASkewOnce) {
+    int announced = 0;
+    options.onWireMismatch = [&] { ++announced; };
+    client = std::make_unique<XPCClient>(options);
+    const auto first = ask(*client);
+    dialled[0]->answer(0, "one");
+    settle();
+    const auto second = ask(*client);
+    dialled[0]->fail(1);
+    settle();
+    EXPECT_EQ(client->knocks(), 1);
+    ASSERT_EQ(timers.size(), 1U);
+    EXPECT_EQ(timers[0].delay, 100ms);
+    EXPECT_TRUE(dialled[1]->asked.empty());
+    timers[0].work();
+    settle();
+    ASSERT_EQ(dialled[1]->asked.size(), 1U);
+    const auto& knock = std::get<XPCDictionary>(dialled[1]->asked[0].message);
+    EXPECT_EQ(knock.size(), 1U);
+    EXPECT_EQ(XPCWire::wireVersion(knock), 1);
+    dialled[1]->answer(0, "whatever", 2);
+    settle();
+    EXPECT_EQ(announced, 1);
+    EXPECT_EQ(client->lastDoorFault(), std::nullopt); // a knock decides nothing
+    ASSERT_EQ(dialled[1]->asked.size(), 2U);
+    EXPECT_EQ(timers.at(1).delay, 3000ms);
+    EXPECT_EQ(timers.at(2).delay, 3000ms);
+    dialled[1]->answer(1, "two", 2);
+    settle();
+    EXPECT_EQ(second->text(), WireContract::mismatchMessage);
+    EXPECT_EQ(second->timed.daemon, std::nullopt);
+    EXPECT_EQ(client->lastDoorFault(), DoorFault::skew);
+    EXPECT_EQ(announced, 1);
+    const auto third = ask(*client);
+    dialled[1]->answer(2, "three");
+    settle();
+    EXPECT_EQ(client->lastDoorFault(), std::nullopt);
+}
+
+TEST_F(OnFakes, ASecondFailureAsksWhetherTheServiceIsThere) {
+    for (const bool there : {false, true}) {
+        registered = there;
+        client = nullptr;
+        dialled.clear();
+        client = std::make_unique<XPCClient>(options);
+        const auto caller = ask(*client);
+        dialled[0]->fail(0);
+        settle();
+        dialled[1]->fail(0);
+        EXPECT_TRUE(comes([&] { return caller->resumed == 1; }));
+        EXPECT_EQ(client->lastDoorFault(), there ? DoorFault::refused : DoorFault::absent);
+        EXPECT_EQ(caller->text(), DoorFaults::message(*client->lastDoorFault()));
+        EXPECT_EQ(dialled.size(), 2U); // there is no third attempt
+    }
+}
+
+} // namespace
+} // namespace wendlow
