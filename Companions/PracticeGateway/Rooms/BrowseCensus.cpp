@@ -126,7 +126,9 @@ void BrowseCensus::report(TextBrowseAnswer& answer) const {
     for (const DocumentKind kind : allCases<DocumentKind>())
         answer.byKind.push_back(
             {std::string(rawString(kind)), m_byKind[static_cast<std::size_t>(kind)]});
-    std::ranges::stable_sort(answer.byKind, std::ranges::greater{}, &KindCount::count);
+    std::ranges::sort(answer.byKind, [](const KindCount& left, const KindCount& right) {
+        return std::tie(right.count, left.kind) < std::tie(left.count, right.kind);
+    });
 }
 
 } // namespace wendlow

@@ -144,7 +144,7 @@ TEST_F(TextBrowse, CountsForEachPanelWhatElseCouldBePicked) {
         {R"("kind":"memory","type":"poem")",
          {"/0 newest", "fact 2, note 2", "", "", "memory 4, meeting 1, moment 1"}},
         {R"("kind":"memory","term":"backup")",
-         {"n1 f1 n2/3 narrowed relevance", "note 2, fact 1", "/a 2, /a/b 1",
+         {"f1 n1 n2/3 narrowed relevance", "note 2, fact 1", "/a 2, /a/b 1",
           "area 3: storage 2 search 1; week 2: 3 1 3 1", "memory 3, meeting 1, moment 1"}},
         {R"("term":"backup","order":"newest")",
          {"meeting:zoom:9 41 f1 n2 n1/5 narrowed newest", "note 2, fact 1, meeting 1, moment 1",
@@ -171,25 +171,25 @@ TEST_F(TextBrowse, TakesWhateverIsTypedForWords) {
         std::string_view term;
         std::string_view rows;
     } rows[] = {
-        {"bac", "n1 f1 n2/3 narrowed relevance"},
-        {"BACKUP  ", "n1 f1 n2/3 narrowed relevance"},
+        {"bac", "f1 n1 n2/3 narrowed relevance"},
+        {"BACKUP  ", "f1 n1 n2/3 narrowed relevance"},
         {"fusse", "/0 narrowed relevance"}, // an accent is no letter, a sharp s is one
         {"fuß", "f2/1 narrowed relevance"},
         {"cafe", "f2/1 narrowed relevance"},
         {"backup zebra", "/0 narrowed relevance"},
-        {"backup a", "n1 f1 n2/3 narrowed relevance"},
-        {"backup 🚀", "n1 f1 n2/3 narrowed relevance"},
+        {"backup a", "f1 n1 n2/3 narrowed relevance"},
+        {"backup 🚀", "f1 n1 n2/3 narrowed relevance"},
         // Nothing to look for: the answer is that of no term, and says so.
         {"", "f2 f1 n2 n1/4 newest"},
         {"b", "f2 f1 n2 n1/4 newest"},
         {"🚀 — …", "f2 f1 n2 n1/4 newest"},
         // The index's own syntax.
-        {R"(\"backup)", "n1 f1 n2/3 narrowed relevance"},
+        {R"(\"backup)", "f1 n1 n2/3 narrowed relevance"},
         {"title:backup", "/0 narrowed relevance"},
         {"NEAR(backup, 2)", "/0 narrowed relevance"},
         {"back* OR (", "/0 narrowed relevance"},
-        {"-index +backup ^", "n1 n2/2 narrowed relevance"},
-        {R"(backup\u0000index)", "n1 n2/2 narrowed relevance"},
+        {"-index +backup ^", "n2 n1/2 narrowed relevance"},
+        {R"(backup\u0000index)", "n2 n1/2 narrowed relevance"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(rowsOf(browse(rooms, fmt::format(R"("kind":"memory","term":"{}")", row.term))),
