@@ -18,7 +18,7 @@ test_packages=(
     clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     rapidjson-dev libsimdjson-dev libtomlplusplus-dev
-    qml6-module-qttest xvfb xdotool at-spi2-core openbox python3 nodejs
+    qml6-module-qttest xvfb xdotool at-spi2-core openbox python3 python3-dbus python3-gi systemd nodejs
 )
 
 missing=()

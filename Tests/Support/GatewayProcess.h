@@ -66,6 +66,18 @@ public:
     }
     /// It takes messages and does nothing about them, until it is killed.
     void wedge() const { ::kill(m_process, SIGSTOP); }
+    /// Asks the program to end; its exit status, or -1 when it did not exit.
+    int end() {
+        ::kill(m_process, SIGTERM);
+        return waitForEnd();
+    }
+    int waitForEnd() {
+        int status = 0;
+        ::waitpid(m_process, &status, 0);
+        m_process = -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    bool isRunning() const { return m_process > 0 && ::waitpid(m_process, nullptr, WNOHANG) == 0; }
     void say(const std::string& text) {
         if (::write(m_in, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
             throw std::runtime_error("the program does not listen");

@@ -1,7 +1,8 @@
 #include "Catalogue.h"
 
-#include <fstream>
-#include <sstream>
+#include "GatewayPage.h"
+
+#include <array>
 #include <stdexcept>
 
 #include <fmt/format.h>
@@ -10,16 +11,52 @@ namespace wendlow::testing {
 
 namespace {
 
-Catalogue::Item itemOf(const std::string& word) {
-    const std::size_t colon = word.find(':');
-    Catalogue::Item item{.name = word.substr(0, colon), .type = word.substr(colon + 1)};
-    if (item.type.ends_with('?'))
-        item.presence = Catalogue::Item::optional;
-    if (item.type.ends_with('~'))
-        item.presence = Catalogue::Item::filledIn;
-    if (item.presence != Catalogue::Item::required)
-        item.type.pop_back();
-    return item;
+/// A kind of entries, and the heading under which the page has them.
+struct Kind {
+    const char* name;
+    const char* heading;
+};
+
+constexpr std::array<Kind, 9> kinds{{
+    {"read", "ReadRequest"},
+    {"control", "ControlRequest"},
+    {"notes", "NotesRequest"},
+    {"diagnostic", "DiagnosticRequest"},
+    {"answer", "GatewayResponse"},
+    {"event", "GatewayEvent"},
+    {"ShortcutInjection", "ShortcutInjection"},
+    {"record", "Records"},
+    {"words", "Words"},
+}};
+
+/// Of "`query`: string, `limit`: int?".
+std::vector<Catalogue::Item> itemsOf(const std::string& cell) {
+    std::vector<Catalogue::Item> items;
+    for (std::size_t begin = 0, end = 0; begin < cell.size(); begin = end + 2) {
+        end = std::min(cell.find(", ", begin), cell.size());
+        const std::size_t colon = cell.find(": ", begin);
+        Catalogue::Item item{.name = cell.substr(begin + 1, colon - begin - 2),
+                             .type = cell.substr(colon + 2, end - colon - 2)};
+        if (item.type.ends_with('?'))
+            item.presence = Catalogue::Item::optional;
+        if (item.type.ends_with('~'))
+            item.presence = Catalogue::Item::filledIn;
+        if (item.presence != Catalogue::Item::required)
+            item.type.pop_back();
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+/// Of "`shipped`, `user`".
+std::vector<std::string> wordsOf(const std::string& cell) {
+    std::vector<std::string> words;
+    for (std::size_t begin = 0; (begin = cell.find('`', begin)) != std::string::npos;) {
+        const std::size_t end = cell.find('`', begin + 1);
+        words.push_back(cell.substr(begin + 1, end - begin - 1));
+        begin = end + 1;
+    }
+    return words;
 }
 
 const Catalogue::Entry* find(const std::vector<Catalogue::Entry>& entries, std::string_view name) {
@@ -32,18 +69,21 @@ const Catalogue::Entry* find(const std::vector<Catalogue::Entry>& entries, std::
 } // namespace
 
 Catalogue::Catalogue() {
-    std::ifstream file(WENDLOW_CATALOGUE);
-    for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line.starts_with('#'))
-            continue;
-        std::istringstream columns(line);
-        std::string kind;
-        Entry entry;
-        columns >> kind >> entry.name >> entry.verb;
-        for (std::string word; columns >> word && word != "-";)
-            kind == "words" ? entry.words.push_back(word) : entry.items.push_back(itemOf(word));
-        m_entries[kind].push_back(std::move(entry));
-    }
+    const GatewayPage page;
+    for (const Kind& kind : kinds)
+        for (const GatewayPage::Row& row : page.table(kind.heading)) {
+            // A request has its verb before its items, and what answers it behind them.
+            const bool isRequest = row.size() == 4;
+            Entry entry{.name = GatewayPage::unquoted(row[0]),
+                        .verb = isRequest ? GatewayPage::unquoted(row[1]) : std::string(),
+                        .items = {},
+                        .words = {}};
+            if (std::string_view(kind.name) == "words")
+                entry.words = wordsOf(row[1]);
+            else
+                entry.items = itemsOf(row[isRequest ? 2 : 1]);
+            m_entries[kind.name].push_back(std::move(entry));
+        }
 }
 
 std::string Sample::ofCase(const Catalogue::Entry& entry, std::string_view extra) {

@@ -7,7 +7,7 @@
 
 namespace wendlow::testing {
 
-/// The contract as Catalogue.tsv beside this file has it, which knows nothing of the types.
+/// The contract as docs/gateway.md has it, which knows nothing of the types.
 class Catalogue {
 public:
     struct Item {

@@ -1,0 +1,84 @@
+#include "PracticeGateway.h"
+
+#include <exception>
+#include <utility>
+
+#include <QCoroFuture>
+#include <QtConcurrentRun>
+
+#include "Dispatch.h"
+#include "PracticeRooms.h"
+
+namespace wendlow {
+
+namespace {
+
+bool isShutdown(const GatewayRequest& request) {
+    const auto* control = std::get_if<GatewayCase::Control>(&request);
+    return control != nullptr && std::holds_alternative<ControlCase::Shutdown>(control->_0);
+}
+
+} // namespace
+
+std::expected<std::shared_ptr<PracticeGateway>, std::string>
+PracticeGateway::open(const std::filesystem::path& database, Hooks hooks) {
+    auto rooms = PracticeRooms::open(database, hooks.now);
+    if (!rooms)
+        return std::unexpected(rooms.error());
+    return std::make_shared<PracticeGateway>(std::move(*rooms), std::move(hooks));
+}
+
+PracticeGateway::PracticeGateway(std::unique_ptr<PracticeRooms> rooms, Hooks hooks)
+    : m_hooks(std::move(hooks)), m_rooms(std::move(rooms)) {
+    m_lane.setMaxThreadCount(1);
+    m_lane.setExpiryTimeout(-1);
+    lookAtFront();
+}
+
+PracticeGateway::~PracticeGateway() {
+    m_lane.waitForDone();
+}
+
+std::expected<void, std::string> PracticeGateway::fill(FillSize size) {
+    m_lane.waitForDone();
+    return m_rooms->fill(size);
+}
+
+QCoro::Task<GatewayResponse> PracticeGateway::handle(GatewayRequest request) {
+    const auto shutDown = isShutdown(request) ? m_hooks.shutDown : nullptr;
+    const QFuture<GatewayResponse> future = QtConcurrent::run(
+        &m_lane, [this, request = std::move(request)] { return answer(request); });
+    GatewayResponse response = co_await future;
+    if (shutDown)
+        shutDown();
+    co_return response;
+}
+
+void PracticeGateway::lookAtFront() {
+    m_lane.start([this] { pushFront(); });
+}
+
+GatewayResponse PracticeGateway::answer(const GatewayRequest& request) try {
+    GatewayResponse response = Dispatch::answer(request, m_rooms->all());
+    if (std::holds_alternative<GatewayCase::Control>(request))
+        pushFront();
+    return response;
+} catch (const std::exception& error) {
+    // A room's own mistakes, and a database that went bad beneath it.
+    return AnswerCase::Failure{error.what()};
+}
+
+void PracticeGateway::pushFront() try {
+    const auto response = Dispatch::answer(ReadRequest(ReadCase::FrontState{}), m_rooms->all());
+    const auto* front = std::get_if<AnswerCase::FrontState>(&response);
+    if (front == nullptr)
+        return;
+    const bool changed = m_front && *m_front != front->_0;
+    m_front = front->_0;
+    if (changed)
+        m_hooks.push(EventCase::FrontState{front->_0});
+} catch (const std::exception&) {
+    // Nobody asked: whoever asks next is told.
+}
+
+} // namespace wendlow

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <expected>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <QThreadPool>
+
+#include "Client.h"
+#include "Clock.h"
+#include "Fill/FillSize.h"
+#include "GatewayEvent.h"
+
+namespace wendlow {
+
+class PracticeRooms;
+
+/// A gateway over a database of its own: what the daemon would answer, without the daemon. It
+/// serves a bus face and an `InProcessClient` alike. Requests are worked off in order on a thread
+/// of its own.
+class PracticeGateway final : public Gateway {
+public:
+    /// What it calls for.
+    struct Hooks {
+        /// On the gateway's own thread.
+        std::function<void(GatewayEvent)> push = [](const GatewayEvent&) {};
+        /// On the thread that asked for it, right before the answer.
+        std::function<void()> shutDown = [] {};
+        Clock now = &std::chrono::system_clock::now;
+    };
+
+    /// Opens the database, or makes it. The error is a sentence.
+    static std::expected<std::shared_ptr<PracticeGateway>, std::string>
+    open(const std::filesystem::path& database, Hooks hooks);
+
+    PracticeGateway(std::unique_ptr<PracticeRooms> rooms, Hooks hooks);
+    /// Waits for the requests that were taken.
+    ~PracticeGateway() override;
+
+    /// Fills an empty database; any other is left as it is. Before the first request. The error is
+    /// a sentence.
+    std::expected<void, std::string> fill(FillSize size);
+
+    /// The calling thread needs an event loop; it gets the answer.
+    QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;
+
+    /// Pushes an event when the front window has come to be recorded otherwise since the last
+    /// time. Done after every command; to be called now and then, since a pause ends by itself.
+    void lookAtFront();
+
+private:
+    GatewayResponse answer(const GatewayRequest& request);
+    void pushFront();
+
+    const Hooks m_hooks;
+    // Both of the lane's thread.
+    const std::unique_ptr<PracticeRooms> m_rooms;
+    std::optional<FrontRecording> m_front;
+    QThreadPool m_lane; ///< last, so that it ends first
+};
+
+} // namespace wendlow

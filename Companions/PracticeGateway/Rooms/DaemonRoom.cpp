@@ -1,0 +1,104 @@
+#include "DaemonRoom.h"
+
+#include <utility>
+#include <vector>
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "ClientVersion.h"
+#include "DiagnosticSource.h"
+#include "StoreKeyWire.h"
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::string_view tables = R"(
+CREATE TABLE IF NOT EXISTS settings (name TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID;
+CREATE TABLE IF NOT EXISTS connected_apps (name TEXT PRIMARY KEY) WITHOUT ROWID;
+CREATE TABLE IF NOT EXISTS log (
+    number INTEGER PRIMARY KEY, at REAL NOT NULL, category TEXT NOT NULL, line TEXT NOT NULL);
+)";
+
+constexpr std::string_view diagnosticLogging = "diagnosticLogging";
+constexpr std::int64_t keptLines = 10'000;
+
+} // namespace
+
+std::string_view DaemonRoom::schema() {
+    return tables;
+}
+
+DaemonRoom::DaemonRoom(PracticeDatabase& database, Clock clock)
+    : m_database(database), m_clock(std::move(clock)) {}
+
+GatewayResponse DaemonRoom::answer(const ReadCase::DaemonBuild& /*request*/) {
+    return AnswerCase::Text{fmt::format("practice gateway {}", ClientVersion::current())};
+}
+
+GatewayResponse DaemonRoom::answer(const ReadCase::DiagnosticLoggingState& /*request*/) {
+    return AnswerCase::Flag{setting(diagnosticLogging) == "on"};
+}
+
+GatewayResponse DaemonRoom::answer(const ControlCase::SetDiagnosticLogging& request) {
+    set(diagnosticLogging, request._0 ? "on" : "off");
+    return AnswerCase::Ok{};
+}
+
+GatewayResponse DaemonRoom::answer(const ReadCase::ConnectedApps& /*request*/) {
+    std::vector<std::string> names;
+    Statement all = m_database.prepare("SELECT name FROM connected_apps ORDER BY name");
+    while (all.step())
+        names.push_back(all.text(0));
+    return AnswerCase::Text{fmt::format("{}", fmt::join(names, "\n"))};
+}
+
+GatewayResponse DaemonRoom::answer(const ControlCase::ConnectApp& request) {
+    m_database.run("INSERT OR IGNORE INTO connected_apps VALUES (?)", request._0);
+    return AnswerCase::Ok{};
+}
+
+GatewayResponse DaemonRoom::answer(const ControlCase::DisconnectApp& request) {
+    m_database.run("DELETE FROM connected_apps WHERE name = ?", request._0);
+    return AnswerCase::Ok{};
+}
+
+GatewayResponse DaemonRoom::answer(const ControlCase::LogUpdate& request) {
+    log("update", request.line);
+    return AnswerCase::Ok{};
+}
+
+GatewayResponse DaemonRoom::answer(const ControlCase::StoreKeyForMigration& /*request*/) {
+    return AnswerCase::Failure{std::string(StoreKeyWire::noKeyOnThisProfile)};
+}
+
+GatewayResponse DaemonRoom::answer(const ControlCase::Export& /*request*/) {
+    return AnswerCase::Failure{"the practice gateway writes no file but its own"};
+}
+
+GatewayResponse DaemonRoom::answer(const ControlCase::Shutdown& /*request*/) {
+    return AnswerCase::Ok{};
+}
+
+GatewayResponse DaemonRoom::answer(const DiagnosticCase::Log& request) {
+    log(DiagnosticSources::category(request.source), request.line);
+    return AnswerCase::Ok{};
+}
+
+void DaemonRoom::log(std::string_view category, std::string_view line) {
+    m_database.run("INSERT INTO log (at, category, line) VALUES (?, ?, ?)", secondsOf(m_clock()),
+                   category, line);
+    m_database.run("DELETE FROM log WHERE number <= ?", m_database.lastRowID() - keptLines);
+}
+
+std::optional<std::string> DaemonRoom::setting(std::string_view name) {
+    Statement value = m_database.prepare("SELECT value FROM settings WHERE name = ?");
+    return value.bind(name).step() ? std::optional(value.text(0)) : std::nullopt;
+}
+
+void DaemonRoom::set(std::string_view name, std::string_view value) {
+    m_database.run("INSERT OR REPLACE INTO settings VALUES (?, ?)", name, value);
+}
+
+} // namespace wendlow

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Clock.h"
+#include "ControlRequest.h"
+#include "DiagnosticRequest.h"
+#include "GatewayResponse.h"
+#include "PracticeDatabase.h"
+#include "ReadRequest.h"
+
+namespace wendlow {
+
+/// What concerns the gateway itself: its build, its log, and the tools that said they are
+/// connected. Throws `DatabaseError`.
+class DaemonRoom {
+public:
+    static std::string_view schema();
+
+    DaemonRoom(PracticeDatabase& database, Clock clock);
+
+    GatewayResponse answer(const ReadCase::DaemonBuild& request);
+    GatewayResponse answer(const ReadCase::DiagnosticLoggingState& request);
+    GatewayResponse answer(const ReadCase::ConnectedApps& request);
+    GatewayResponse answer(const ControlCase::SetDiagnosticLogging& request);
+    GatewayResponse answer(const ControlCase::ConnectApp& request);
+    GatewayResponse answer(const ControlCase::DisconnectApp& request);
+    GatewayResponse answer(const ControlCase::LogUpdate& request);
+    /// There is nothing to hand out, and nowhere else to write to.
+    GatewayResponse answer(const ControlCase::StoreKeyForMigration& request);
+    GatewayResponse answer(const ControlCase::Export& request);
+    /// Whoever runs the gateway ends it once this is answered.
+    GatewayResponse answer(const ControlCase::Shutdown& request);
+    GatewayResponse answer(const DiagnosticCase::Log& request);
+
+private:
+    void log(std::string_view category, std::string_view line);
+    std::optional<std::string> setting(std::string_view name);
+    void set(std::string_view name, std::string_view value);
+
+    PracticeDatabase& m_database;
+    Clock m_clock;
+};
+
+} // namespace wendlow

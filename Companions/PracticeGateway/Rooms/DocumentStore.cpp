@@ -1,0 +1,170 @@
+#include "DocumentStore.h"
+
+#include <fmt/format.h>
+
+#include "FilterText.h"
+
+namespace wendlow {
+namespace {
+
+// `number` is the rowid under a name, so that other tables can refer to it; it is never given
+// twice, since ids are made from it.
+constexpr std::string_view tables = R"sql(
+CREATE TABLE IF NOT EXISTS documents(
+    number INTEGER PRIMARY KEY AUTOINCREMENT,
+    kind INTEGER NOT NULL, id TEXT NOT NULL UNIQUE, type TEXT NOT NULL, scope TEXT NOT NULL,
+    at REAL NOT NULL, filters TEXT NOT NULL, title TEXT NOT NULL, titled INTEGER NOT NULL,
+    why TEXT NOT NULL, body TEXT NOT NULL, app TEXT, abstract TEXT, files TEXT NOT NULL,
+    file_count INTEGER, framed INTEGER NOT NULL, session_tool TEXT, writer TEXT, session TEXT,
+    subagent TEXT);
+
+CREATE VIRTUAL TABLE IF NOT EXISTS document_words USING fts5(
+    title, why, body, abstract, content = 'documents', content_rowid = 'number', prefix = '2 3',
+    tokenize = 'unicode61 remove_diacritics 2');
+
+CREATE TRIGGER IF NOT EXISTS document_added AFTER INSERT ON documents BEGIN
+    INSERT INTO document_words(rowid, title, why, body, abstract)
+    VALUES (new.number, new.title, new.why, new.body, new.abstract);
+END;
+CREATE TRIGGER IF NOT EXISTS document_removed AFTER DELETE ON documents BEGIN
+    INSERT INTO document_words(document_words, rowid, title, why, body, abstract)
+    VALUES ('delete', old.number, old.title, old.why, old.body, old.abstract);
+END;
+CREATE TRIGGER IF NOT EXISTS document_reworded
+AFTER UPDATE OF title, why, body, abstract ON documents
+WHEN (old.title, old.why, old.body, old.abstract)
+    IS NOT (new.title, new.why, new.body, new.abstract) BEGIN
+    INSERT INTO document_words(document_words, rowid, title, why, body, abstract)
+    VALUES ('delete', old.number, old.title, old.why, old.body, old.abstract);
+    INSERT INTO document_words(rowid, title, why, body, abstract)
+    VALUES (new.number, new.title, new.why, new.body, new.abstract);
+END;
+)sql";
+
+constexpr std::string_view columns =
+    "kind, id, type, scope, at, filters, title, titled, why, body, app, abstract, files, "
+    "file_count, framed, session_tool, writer, session, subagent";
+
+constexpr std::string_view putting = R"sql(
+INSERT INTO documents({}) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)
+ON CONFLICT(id) DO UPDATE SET type = excluded.type, scope = excluded.scope, at = excluded.at,
+    filters = excluded.filters, title = excluded.title, titled = excluded.titled,
+    why = excluded.why, body = excluded.body, app = excluded.app, abstract = excluded.abstract,
+    files = excluded.files, file_count = excluded.file_count, framed = excluded.framed,
+    session_tool = excluded.session_tool, writer = excluded.writer, session = excluded.session,
+    subagent = excluded.subagent
+RETURNING number)sql";
+
+std::string selecting(std::string_view where) {
+    return fmt::format("SELECT {} FROM documents WHERE {} = ?", columns, where);
+}
+
+Document documentOf(const Statement& row) {
+    return {.kind = static_cast<DocumentKind>(row.integer(0)),
+            .id = row.text(1),
+            .type = row.text(2),
+            .scope = row.text(3),
+            .at = row.real(4),
+            .title = row.text(6),
+            .titled = row.boolean(7),
+            .why = row.text(8),
+            .body = row.text(9),
+            .filters = FilterText::read(row.view(5)),
+            .app = row.textIfAny(10),
+            .abstract = row.textIfAny(11),
+            .files = FilterText::readList(row.view(12)),
+            .fileCount = row.integerIfAny(13),
+            .framed = row.boolean(14),
+            .sessionTool = row.textIfAny(15),
+            .writer = row.textIfAny(16),
+            .session = row.textIfAny(17),
+            .subagent = row.textIfAny(18)};
+}
+
+std::optional<Document> only(Statement& statement) {
+    if (!statement.step())
+        return std::nullopt;
+    Document document = documentOf(statement);
+    statement.reset();
+    return document;
+}
+
+} // namespace
+
+std::string_view DocumentStore::schema() {
+    return tables;
+}
+
+DocumentStore::DocumentStore(PracticeDatabase& database)
+    : m_database(database), m_put(database.prepare(fmt::format(putting, columns))),
+      m_byID(database.prepare(selecting("id"))), m_byNumber(database.prepare(selecting("number"))) {
+    load();
+}
+
+void DocumentStore::load() {
+    m_facets = {};
+    m_rollbacksSeen = m_database.rollbacks();
+    Statement all = m_database.prepare("SELECT number, kind, type, scope, filters, at "
+                                       "FROM documents");
+    while (all.step())
+        m_facets.set(all.integer(0), {.kind = static_cast<DocumentKind>(all.integer(1)),
+                                      .type = all.view(2),
+                                      .scope = all.view(3),
+                                      .filters = all.view(4),
+                                      .at = all.real(5)});
+}
+
+const DocumentFacets& DocumentStore::facets() {
+    if (m_rollbacksSeen != m_database.rollbacks())
+        load();
+    return m_facets;
+}
+
+std::int64_t DocumentStore::put(const Document& document) {
+    facets();
+    const std::string filters = FilterText::write(document.filters);
+    const std::string files = FilterText::writeList(document.files);
+    m_put.bind(static_cast<int>(document.kind), document.id, document.type, document.scope,
+               document.at, filters, document.title, document.titled, document.why, document.body,
+               document.app, document.abstract, files, document.fileCount, document.framed,
+               document.sessionTool, document.writer, document.session, document.subagent);
+    m_put.step();
+    const std::int64_t number = m_put.integer(0);
+    m_put.run();
+    m_facets.set(number, {.kind = document.kind,
+                          .type = document.type,
+                          .scope = document.scope,
+                          .filters = filters,
+                          .at = document.at});
+    return number;
+}
+
+bool DocumentStore::remove(std::string_view id) {
+    facets();
+    Statement removal = m_database.prepare("DELETE FROM documents WHERE id = ? RETURNING number");
+    removal.bind(id);
+    if (!removal.step())
+        return false;
+    const std::int64_t number = removal.integer(0);
+    removal.run();
+    m_facets.remove(number);
+    return true;
+}
+
+std::optional<Document> DocumentStore::find(std::string_view id) {
+    m_byID.bind(id);
+    return only(m_byID);
+}
+
+std::optional<Document> DocumentStore::find(std::int64_t number) {
+    m_byNumber.bind(number);
+    return only(m_byNumber);
+}
+
+std::string DocumentStore::nextMemoryID() {
+    Statement last = m_database.prepare("SELECT seq FROM sqlite_sequence WHERE name = 'documents'");
+    const std::int64_t number = last.step() ? last.integer(0) : 0;
+    return fmt::format("m{}", number + 1);
+}
+
+} // namespace wendlow

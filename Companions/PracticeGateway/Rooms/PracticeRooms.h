@@ -1,0 +1,55 @@
+#pragma once
+
+#include <expected>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <tuple>
+
+#include "Clock.h"
+#include "DaemonRoom.h"
+#include "DocumentStore.h"
+#include "Fill/FillSize.h"
+#include "MemoryRoom.h"
+#include "ModRoom.h"
+#include "PracticeDatabase.h"
+#include "RecallRoom.h"
+#include "RuleRoom.h"
+#include "ScopeRoom.h"
+#include "SearchRoom.h"
+
+namespace wendlow {
+
+/// The database with the rooms that answer from it, opened together. One thread at a time; but for
+/// `open` and `fill`, a database that goes bad shows as `DatabaseError`.
+class PracticeRooms {
+public:
+    /// Opens the file, making what lacks of it. The error is a sentence.
+    static std::expected<std::unique_ptr<PracticeRooms>, std::string>
+    open(const std::filesystem::path& file, const Clock& clock);
+
+    /// Fills a database in which nothing is yet, wholly or not at all; leaves any other as it is.
+    std::expected<void, std::string> fill(FillSize size);
+
+    /// Every room, for the dispatch.
+    auto all() {
+        return std::tie(m_memories, m_search, m_recall, m_rules, m_scopes, m_mods, m_daemon);
+    }
+    DocumentStore& documents() { return m_documents; }
+
+private:
+    PracticeRooms(std::unique_ptr<PracticeDatabase> database, const Clock& clock);
+
+    std::unique_ptr<PracticeDatabase> m_database;
+    Clock m_clock;
+    DocumentStore m_documents;
+    MemoryRoom m_memories;
+    SearchRoom m_search;
+    RecallRoom m_recall;
+    ScopeRoom m_scopes;
+    RuleRoom m_rules;
+    ModRoom m_mods;
+    DaemonRoom m_daemon;
+};
+
+} // namespace wendlow

@@ -1,0 +1,106 @@
+#include "RuleChain.h"
+
+#include <algorithm>
+#include <array>
+
+#include <fmt/format.h>
+
+#include "ClientInstance.h"
+#include "PlainText.h"
+#include "ScopePath.h"
+
+namespace wendlow {
+namespace {
+
+constexpr std::array<std::string_view, 6> reserved = {
+    "rules", "mods", "user-rules", "wendlow-memory", "wendlow-rules", "wendlow-shortcut"};
+
+std::string heading(std::string_view scope) {
+    return scope == ScopePath::root ? "Global rules:" : fmt::format("{} rules:", scope);
+}
+
+std::string attribute(std::string_view text) {
+    std::string escaped;
+    for (const char letter : text) {
+        switch (letter) {
+        case '&':
+            escaped += "&amp;";
+            break;
+        case '"':
+            escaped += "&quot;";
+            break;
+        case '<':
+            escaped += "&lt;";
+            break;
+        case '>':
+            escaped += "&gt;";
+            break;
+        default:
+            escaped += letter;
+        }
+    }
+    return escaped;
+}
+
+/// Where the module lies below the root of all rules: its scope is its folder.
+std::string fileOf(const RuleChain::Module& module) {
+    const std::string_view folder = std::string_view(module.scope).substr(1);
+    return fmt::format("{}{}{}.md", folder, folder.empty() ? "" : "/", module.name);
+}
+
+} // namespace
+
+std::string RuleChain::card() const {
+    std::string card;
+    if (unreadable > 0)
+        card +=
+            fmt::format("⚠ Wendlow — {} here {} a rules-file tag that names no module and {} "
+                        "no session.\n",
+                        unreadable == 1 ? "1 rule" : fmt::format("{} rules", unreadable),
+                        unreadable == 1 ? "has" : "have", unreadable == 1 ? "reaches" : "reach");
+    std::string_view level;
+    for (const Line& line : lines) {
+        if (line.scope != level)
+            card += heading(line.scope) + "\n";
+        level = line.scope;
+        card += fmt::format("- {}  ·m:{}·\n", line.text, line.id);
+    }
+    if (modules.empty())
+        return card;
+    card += fmt::format("\n<rules root=\"{}/rules\">\n", ClientInstance::dotRoot);
+    for (const Module& module : modules)
+        card += fmt::format("<{} trigger=\"{}\" file=\"{}\" rev=\"{}\"/>\n", module.name,
+                            attribute(module.trigger), attribute(fileOf(module)), module.revision);
+    return card + "</rules>\n";
+}
+
+RulesWalk RuleChain::walk() const {
+    constexpr std::int64_t ceiling = 200;
+    RulesWalk walk{.path = scope, .levels = {}};
+    std::int64_t count = 0;
+    for (const Line& line : lines) {
+        if (++count > ceiling) {
+            ++walk.overflow;
+            continue;
+        }
+        if (walk.levels.empty() || walk.levels.back().path != line.scope)
+            walk.levels.push_back({line.scope, {}});
+        walk.levels.back().rules.push_back(line.text);
+    }
+    return walk;
+}
+
+std::optional<std::string> RuleChain::moduleName(std::string_view text) {
+    std::string name = PlainText::lowerCased(PlainText::trimmed(text));
+    const auto isWord = [](char letter) {
+        return (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9');
+    };
+    const bool legal =
+        std::ranges::any_of(name, isWord) && !name.starts_with('-') && !name.ends_with('-') &&
+        std::ranges::all_of(name, [&](char letter) { return isWord(letter) || letter == '-'; });
+    if (!legal || std::ranges::find(reserved, name) != reserved.end())
+        return std::nullopt;
+    return name;
+}
+
+} // namespace wendlow

@@ -1,0 +1,134 @@
+#include "Service/Options.h"
+
+#include <charconv>
+#include <string_view>
+
+#include <QCommandLineParser>
+#include <fmt/format.h>
+
+#include "ClientInstance.h"
+
+namespace wendlow {
+
+namespace {
+
+constexpr const char* description =
+    "Answers in place of the product's daemon, from a database of its own, so that the\n"
+    "application can be used, tested and shown. It keeps no real memory.\n\n"
+    "The last three options make it misbehave, for trying what a client does then. A reply is "
+    "told\n"
+    "by words with + between them, a list of replies has commas, and its last reply stays:\n"
+    "  answer, silent, refuse, die       what it does at all\n"
+    "  no-payload, empty, rubbish, unknown-case, nested, cut, huge, wrong-types, no-dictionary\n"
+    "                                    what the reply carries in place of the answer\n"
+    "  no-wire, wire-2                   the version in the reply\n"
+    "  late-300                          after so many milliseconds\n"
+    "So --replies answer,answer,die answers two requests and dies at the third.";
+
+QCommandLineOption option(const char* name, const char* meaning, const char* value = "") {
+    return QCommandLineOption(QString::fromUtf8(name), QString::fromUtf8(meaning),
+                              QString::fromUtf8(value));
+}
+
+/// Takes the options in turn, and keeps the first sentence about one that is wrong.
+class Reading {
+public:
+    explicit Reading(const QStringList& words) {
+        m_parser.setApplicationDescription(QString::fromUtf8(description));
+        m_parser.addOptions({
+            option("help", "Say this."),
+            option("database", "The file it keeps all in, in a private folder of its own.", "path"),
+            option("fill", "Fill an empty database: day, or power for one of years.", "size"),
+            option("name", "What it owns on the session bus.", "name"),
+            option("replies", "How the first request is replied to, the second and so on.", "list"),
+            option("knocks", "How a knock is replied to.", "words"),
+            option("flood", "Send each new subscriber so many events at once.", "number"),
+        });
+        if (!m_parser.parse(words))
+            fail(m_parser.errorText().toStdString());
+        else if (const QStringList rest = m_parser.positionalArguments(); !rest.isEmpty())
+            fail(fmt::format("there is no use for {}", rest.first().toStdString()));
+    }
+
+    std::optional<std::string> text(const char* name) const {
+        if (!isSet(name))
+            return std::nullopt;
+        return m_parser.value(QString::fromUtf8(name)).toStdString();
+    }
+
+    std::optional<std::uint64_t> number(const char* name) {
+        const auto word = text(name);
+        if (!word)
+            return std::nullopt;
+        std::uint64_t value = 0;
+        const char* const end = word->data() + word->size();
+        const auto [stopped, error] = std::from_chars(word->data(), end, value);
+        if (error != std::errc() || stopped != end)
+            fail(name, *word);
+        return value;
+    }
+
+    /// What `read` makes of an option's words.
+    template<class Read> void parsed(const char* name, Read read, auto& target) {
+        const auto words = text(name);
+        if (!words)
+            return;
+        if (auto value = read(*words))
+            target = std::move(*value);
+        else
+            fail(name, value.error());
+    }
+
+    bool isSet(const char* name) const { return m_parser.isSet(QString::fromUtf8(name)); }
+    std::string help() const { return m_parser.helpText().toStdString(); }
+
+    void fail(const char* name, std::string_view value) {
+        fail(fmt::format("--{} cannot be \"{}\"", name, value));
+    }
+    void fail(std::string sentence) {
+        if (m_fault.empty())
+            m_fault = std::move(sentence);
+    }
+    const std::string& fault() const { return m_fault; }
+
+private:
+    QCommandLineParser m_parser;
+    std::string m_fault;
+};
+
+Misbehaviour misbehaviourIn(Reading& reading) {
+    Misbehaviour result;
+    reading.parsed("replies", &ReplyManner::parseList, result.replies);
+    reading.parsed("knocks", &ReplyManner::parse, result.knockReply);
+    result.flood = reading.number("flood").value_or(0);
+    return result;
+}
+
+std::expected<FillSize, std::string> fillSize(std::string_view word) {
+    if (word == "day")
+        return FillSize::day;
+    if (word == "power")
+        return FillSize::power;
+    return std::unexpected(std::string(word));
+}
+
+} // namespace
+
+std::expected<Options, std::string> Options::parse(const QStringList& words) {
+    Reading reading(words);
+    Options options{.name = reading.text("name").value_or(std::string(ClientInstance::gatewayID)),
+                    .database = reading.text("database")
+                                    .value_or(ClientInstance::defaultSupport() +
+                                              "/Wendlow Practice/practice.db"),
+                    .fill = std::nullopt,
+                    .misbehaviour = misbehaviourIn(reading),
+                    .help = std::nullopt};
+    reading.parsed("fill", fillSize, options.fill);
+    if (reading.isSet("help"))
+        options.help = reading.help();
+    if (!reading.fault().empty())
+        return std::unexpected(reading.fault());
+    return options;
+}
+
+} // namespace wendlow

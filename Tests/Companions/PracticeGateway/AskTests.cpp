@@ -1,0 +1,179 @@
+// wendlow-ask against the practice gateway: what a script sees of every way in which that goes.
+
+#include "Files.h"
+#include "GatewayProcess.h"
+#include "PrivateBus.h"
+#include "RunProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace wendlow {
+namespace {
+
+using namespace testing;
+using namespace std::chrono_literals;
+
+const std::string health = R"({"read":{"_0":{"health":{}}}})";
+const std::string names = R"({"notes":{"_0":{"selfNames":{}}}})";
+const std::string written =
+    R"({"notes":{"_0":{"write":{"text":"Releases go out on Tuesdays.","why":"said so",)"
+    R"("writer":"claude-code","type":"decision","path":"/work/atlas"}}}})";
+const std::string decisions = R"({"read":{"_0":{"getByType":{"type":"decision"}}}})";
+
+class Ask : public ::testing::Test {
+protected:
+    std::unique_ptr<GatewayProcess> gateway(std::vector<std::string> options = {}) const {
+        options.insert(options.end(), {"--database", database.string()});
+        return std::make_unique<GatewayProcess>(WENDLOW_PRACTICE_GATEWAY, options);
+    }
+    static ProgramRun ask(const std::string& request) { return runProgram(WENDLOW_ASK, {request}); }
+    /// Without what the clock had to say.
+    static std::string said(const ProgramRun& run) {
+        const auto at = run.out.find(R"(,"served_ms":)");
+        if (at == std::string::npos)
+            return run.out;
+        return run.out.substr(0, at) + run.out.substr(run.out.find_first_of(",}", at + 1));
+    }
+
+    PrivateBus m_bus;
+    TemporaryHome home;
+    const std::filesystem::path database = home / "support/practice.db";
+};
+
+TEST_F(Ask, SaysTheAnswerOrWhyThereIsNone) {
+    const std::string skewed =
+        R"({"failure":{"message":"Wendlow updated; this session's bridge is older than the daemon, restart the session"}})";
+    const std::string bad = R"({"response":{"failure":{"message":"bad reply"}}})";
+    const std::string good = R"({"response":{"noteID":{"_0":"self-names","echo":[]}}})";
+    const struct {
+        const char* replies;
+        std::string document;
+        int status;
+    } rows[] = {
+        {"answer", good, 0},
+        {"no-wire", good, 0},
+        {"late-50", good, 0},
+        {"refuse,answer", good, 0},
+        {"wire-2", R"({"response":)" + skewed + R"(,"fault":"skew"})", 1},
+        {"wire-2+rubbish", R"({"response":)" + skewed + R"(,"fault":"skew"})", 1},
+        {"no-payload", bad, 1},
+        {"empty", bad, 1},
+        {"rubbish", bad, 1},
+        {"unknown-case", bad, 1},
+        {"cut", bad, 1},
+        {"nested", bad, 1},
+        {"no-dictionary", bad, 1},
+        {"refuse",
+         R"({"response":{"failure":{"message":"Wendlow is running but refused this connection — this binary isn't signed with the daemon's expected identity (sign it: Scripts/sign.sh)."}},"fault":"refused"})",
+         1},
+        {"refuse,silent",
+         R"({"response":{"failure":{"message":"Wendlow is running but did not answer in 3s — it may be busy starting up; try again in a moment."}},"fault":"silent"})",
+         1},
+        {"die",
+         R"({"response":{"failure":{"message":"Wendlow isn't running — start it to access your memory."}},"fault":"absent"})",
+         1},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.replies);
+        const auto running = gateway({"--replies", row.replies});
+        const ProgramRun run = ask(names);
+        EXPECT_EQ(said(run), row.document + "\n");
+        EXPECT_EQ(run.status, row.status);
+        EXPECT_EQ(run.err, "");
+    }
+    const auto running = gateway({"--replies", "huge"});
+    EXPECT_EQ(said(ask(names)),
+              R"({"response":{"text":{"_0":")" + std::string(20'000'000, 'm') + "\"}}}\n");
+}
+
+TEST_F(Ask, SaysHowLongTheGatewayTook) {
+    const auto running = gateway();
+    EXPECT_NE(ask(names).out.find(R"(,"served_ms":)"), std::string::npos);
+}
+
+TEST_F(Ask, SendsNothingThatDoesNotRead) {
+    const auto running = gateway({"--replies", "die"});
+    const std::string usage = "usage: wendlow-ask 'REQUEST JSON'\n";
+    const struct {
+        std::vector<std::string> words;
+        std::string error;
+    } rows[] = {
+        {{}, usage},
+        {{""}, usage},
+        {{"--health"}, usage},
+        {{health, health}, usage},
+        {{"health"}, "wendlow-ask: this is not JSON: syntax error at byte 0\n"},
+        {{R"({"read":{"_0":{"nonsense":{}}}})"},
+         "wendlow-ask: Unknown ReadRequest case: nonsense (in read._0)\n"},
+        {{R"({"control":{"_0":{"pause":{}},"x":1}})"},
+         "wendlow-ask: Invalid number of keys found, expected one. (in control)\n"},
+    };
+    for (const auto& row : rows) {
+        const ProgramRun run = runProgram(WENDLOW_ASK, row.words);
+        EXPECT_EQ(run.err, row.error);
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(run.status, 2);
+    }
+    EXPECT_EQ(ask("--help").status, 0);
+    EXPECT_TRUE(running->isRunning());
+}
+
+TEST_F(Ask, FindsWhatWasWrittenBeforeTheGatewayWasKilled) {
+    auto running = gateway();
+    ASSERT_EQ(said(ask(written)), "{\"response\":{\"noteID\":{\"_0\":\"m1\"}}}\n");
+    running->kill();
+    EXPECT_EQ(ask(decisions).status, 1);
+    running = gateway();
+    const ProgramRun found = ask(decisions);
+    EXPECT_EQ(found.status, 0);
+    EXPECT_NE(found.out.find(R"("snippet":"Releases go out on Tuesdays.")"), std::string::npos);
+    EXPECT_EQ(modeOf(database), 0600U);
+    EXPECT_EQ(modeOf(database.parent_path()), 0700U);
+}
+
+TEST_F(Ask, SeesTheGatewayEndInOrderWhenItIsToldTo) {
+    auto running = gateway();
+    EXPECT_EQ(said(ask(R"({"control":{"_0":{"shutdown":{}}}})")), "{\"response\":{\"ok\":{}}}\n");
+    EXPECT_EQ(running->waitForEnd(), 0);
+    running = gateway();
+    EXPECT_EQ(running->end(), 0); // by SIGTERM
+    EXPECT_EQ(namesIn(database.parent_path()), std::vector<std::string>{"practice.db"});
+}
+
+TEST_F(Ask, LearnsInWordsWhyTheGatewayDoesNotStart) {
+    const auto running = gateway();
+    const std::string program = "wendlow-practice-gateway: ";
+    const auto start = [&](std::vector<std::string> options, const std::string& path) {
+        options.insert(options.end(), {"--database", path});
+        return runProgram(WENDLOW_PRACTICE_GATEWAY, options);
+    };
+    const struct {
+        std::vector<std::string> options;
+        std::string error;
+        int status;
+    } rows[] = {
+        {{}, "the name works.fenmoor.wendlow.gateway is taken: another gateway is running\n", 1},
+        {{"--name", "no name"}, "the bus does not give the name no name: ", 1},
+        {{"--fill", "week"}, "--fill cannot be \"week\"\n", 2},
+        {{"--replies", "answer,+wire-2"}, "--replies cannot be \"\"\n", 2},
+        {{"--replies", "wire-"}, "--replies cannot be \"wire-\"\n", 2},
+        {{"--knocks", "late"}, "--knocks cannot be \"late\"\n", 2},
+        {{"--flood", "-1"}, "--flood cannot be \"-1\"\n", 2},
+        {{"soon"}, "there is no use for soon\n", 2},
+        {{"--soon"}, "Unknown option 'soon'.\n", 2},
+    };
+    for (const auto& row : rows) {
+        const ProgramRun run = start(row.options, (home / "other/practice.db").string());
+        EXPECT_EQ(run.err.substr(0, (program + row.error).size()), program + row.error);
+        EXPECT_EQ(run.status, row.status);
+    }
+    EXPECT_EQ(start({}, home.path().string()).err,
+              program + home.path().string() + " could not be opened — Is a directory\n");
+    m_bus.stop();
+    EXPECT_EQ(start({}, (home / "other/practice.db").string()).err,
+              program + "there is no session bus here\n");
+    EXPECT_EQ(running->waitForEnd(), 0); // a gateway does not outlive its bus
+}
+
+} // namespace
+} // namespace wendlow

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Dispatch.h"
+#include "PracticeRooms.h"
+#include "WireCodec.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+namespace wendlow::testing {
+
+/// 2026-11-21 12:00 UTC, and a second later with each look.
+inline Clock tickingClock() {
+    return [seconds = 1'795'262'400]() mutable {
+        return std::chrono::system_clock::time_point(std::chrono::seconds(seconds++));
+    };
+}
+
+/// The rooms over a database in a folder of the test's own. What is said to them and what they
+/// answer is the contract's JSON, without the envelope of the four kinds of request.
+class TemporaryRooms {
+public:
+    TemporaryRooms() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "rooms-XXXXXX").string();
+        m_folder = ::mkdtemp(pattern.data());
+        reopen();
+    }
+    TemporaryRooms(const TemporaryRooms&) = delete;
+    TemporaryRooms& operator=(const TemporaryRooms&) = delete;
+    ~TemporaryRooms() {
+        m_rooms.reset();
+        std::filesystem::remove_all(m_folder);
+    }
+
+    std::filesystem::path file() const { return m_folder / "store" / "data.db"; }
+
+    void close() { m_rooms.reset(); }
+    void reopen() {
+        m_rooms.reset();
+        m_rooms = PracticeRooms::open(file(), tickingClock()).value();
+    }
+    PracticeRooms& operator*() { return *m_rooms; }
+    PracticeRooms* operator->() { return m_rooms.get(); }
+
+    std::string read(std::string_view request) { return ask("read", request); }
+    std::string note(std::string_view request) { return ask("notes", request); }
+
+private:
+    std::string ask(std::string_view kind, std::string_view request) {
+        const auto decoded =
+            WireCodec::decodeRequest(fmt::format(R"({{"{}":{{"_0":{}}}}})", kind, request));
+        if (!decoded)
+            return decoded.error().sentence;
+        auto all = m_rooms->all();
+        return WireCodec::encode(Dispatch::answer(*decoded, all)).value();
+    }
+
+    std::filesystem::path m_folder;
+    std::unique_ptr<PracticeRooms> m_rooms;
+};
+
+} // namespace wendlow::testing
