@@ -28,7 +28,7 @@ find_package(GTest REQUIRED)
 
 if(NOT WENDLOW_PURE_ONLY)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick QuickTemplates2 DBus Concurrent Network Svg Test)
-    find_package(QCoro6 REQUIRED COMPONENTS Core DBus)
+    find_package(QCoro6 REQUIRED COMPONENTS Core DBus Network)
     # QCoro's package file forgets the compiler flag that GCC needs for coroutines in C++20 mode and
     # later has on by itself, so nothing is to be switched on here.
 endif()

@@ -352,7 +352,21 @@ Result<void> flushFolder(const Path& folder) {
     return flush(open.number());
 }
 
+/// What the kernel calls a file: one question, where `realpath` asks for every folder on the way.
+static Result<Path> kernelPath(const Path& path) {
+    const Descriptor file(::open(path.c_str(), O_PATH | O_CLOEXEC));
+    if (file.number() < 0)
+        return lastError();
+    auto name = readLink("/proc/self/fd/" + std::to_string(file.number()));
+    // A file that was just removed is called by a name that nobody can use.
+    if (name && (!name->is_absolute() || name->native().ends_with(" (deleted)")))
+        return std::unexpected(ESTALE);
+    return name;
+}
+
 Result<Path> realPath(const Path& path) {
+    if (auto name = kernelPath(path); name || name.error() == ENOENT)
+        return name;
     const auto release = [](char* text) { std::free(text); };
     const std::unique_ptr<char, decltype(release)> resolved(::realpath(path.c_str(), nullptr));
     if (resolved == nullptr)

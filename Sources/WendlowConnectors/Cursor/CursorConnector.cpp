@@ -8,6 +8,7 @@
 #include "ScanJoin.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 
@@ -16,18 +17,6 @@
 namespace wendlow {
 
 namespace {
-
-struct Sources {
-    CursorHook::Readable hooks;
-    CursorMCP::Readable servers;
-};
-
-/// Why a verb may not plan for these files, in their order.
-std::optional<ConnectorOutcome> readingRefusal(const ToolFile& hooks, const ToolFile& servers,
-                                               const Sources& sources) {
-    return ConnectorVerb::readingRefusal({hooks.refusal(JSONBlock::reason(sources.hooks)),
-                                          servers.refusal(JSONBlock::reason(sources.servers))});
-}
 
 /// "a, b and c"
 std::string listed(const std::vector<std::string>& items) {
@@ -50,11 +39,23 @@ Observations replacedObservations(const std::string& file,
 
 } // namespace
 
-/// Both files as they are, and what the blocks say about them.
+/// Both files as they are.
 struct CursorConnector::Look {
+    explicit Look(const CursorConnector& cursor)
+        : hooks(ToolFile::read(cursor.m_paths.hooksFile)),
+          servers(ToolFile::read(cursor.m_paths.mcpFile)),
+          hooksDocument(cursor.m_hook.read(hooksBytes())),
+          serversDocument(cursor.m_mcp.read(serversBytes())) {}
+    Look(const Look&) = delete; // the documents point into the files' bytes
+    Look& operator=(const Look&) = delete;
+
+    std::string_view hooksBytes() const { return hooks.bytesOr(CursorHook::seed); }
+    std::string_view serversBytes() const { return servers.bytesOr(JSONBlock::seed); }
+
     ToolFile hooks;
     ToolFile servers;
-    std::array<BlockFinding, 2> findings; ///< hook, MCP
+    CursorHook::Readable hooksDocument;
+    CursorMCP::Readable serversDocument;
 };
 
 CursorConnector::CursorConnector(CursorPaths paths, ConnectorVerb::Surroundings surroundings)
@@ -75,29 +76,23 @@ bool CursorConnector::toolIsHere() const {
 ScanReport CursorConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(identity(), m_paths.configDirectory);
-    const Look here = look();
-    Observations said = observations(here.findings[0], {.path = m_paths.hooksFile.string(),
-                                                        .what = "hook entry",
-                                                        .command = m_paths.hookCommand()});
-    std::ranges::move(observations(here.findings[1], {.path = m_paths.mcpFile.string(),
-                                                      .what = "MCP server entry",
-                                                      .command = m_paths.mcpCommand()}),
+    const ToolFile hooks = ToolFile::read(m_paths.hooksFile);
+    const ToolFile servers = ToolFile::read(m_paths.mcpFile);
+    const std::array<BlockFinding, 2> findings{m_hook.find(hooks.view()),
+                                               m_mcp.find(servers.view())};
+    Observations said = observations(findings[0], {.path = m_paths.hooksFile.string(),
+                                                   .what = "hook entry",
+                                                   .command = m_paths.hookCommand()});
+    std::ranges::move(observations(findings[1], {.path = m_paths.mcpFile.string(),
+                                                 .what = "MCP server entry",
+                                                 .command = m_paths.mcpCommand()}),
                       std::back_inserter(said));
-    if (!sitesIn(here.hooks).empty()) {
+    if (!sitesIn(hooks).empty()) {
         std::ranges::move(versionObservations(), std::back_inserter(said));
         std::ranges::move(doubleFireObservations(), std::back_inserter(said));
     }
-    return {.identity = identity(),
-            .state = ScanJoin::state(here.findings),
-            .observations = folded(said)};
-}
-
-CursorConnector::Look CursorConnector::look() const {
-    Look here{.hooks = ToolFile::read(m_paths.hooksFile),
-              .servers = ToolFile::read(m_paths.mcpFile),
-              .findings = {}};
-    here.findings = {m_hook.find(here.hooks.view()), m_mcp.find(here.servers.view())};
-    return here;
+    return {
+        .identity = identity(), .state = ScanJoin::state(findings), .observations = folded(said)};
 }
 
 /// Also of a file that no verb would plan for: what is in it runs nevertheless.
@@ -133,74 +128,68 @@ ConnectorOutcome CursorConnector::install() const {
         return ConnectorVerb::refused(
             {{m_paths.configDirectory.string(),
               "there is no Cursor configuration here, so nothing was written"}});
-    ToolFile hooksFile = ToolFile::read(m_paths.hooksFile);
-    ToolFile serversFile = ToolFile::read(m_paths.mcpFile);
-    const std::string_view hooksBytes = hooksFile.bytesOr(CursorHook::seed);
-    const std::string_view serversBytes = serversFile.bytesOr(JSONBlock::seed);
-    const Sources sources{m_hook.read(hooksBytes), m_mcp.read(serversBytes)};
-    if (auto refusal = readingRefusal(hooksFile, serversFile, sources))
+    Look here(*this);
+    if (auto refusal = readingRefusal(here))
         return *std::move(refusal);
-    const CursorHooksVersion version = m_hook.version(sources.hooks->root(), hooksBytes);
+    const CursorHooksVersion version =
+        m_hook.version(here.hooksDocument->root(), here.hooksBytes());
     if (const std::string* foreign = version.foreign())
         return ConnectorVerb::refused(
-            {{hooksFile.label, CursorHookError{*foreign}.description() + ", so nothing was "
-                                                                         "written"}});
+            {{here.hooks.label, CursorHookError{*foreign}.description() + ", so nothing was "
+                                                                          "written"}});
     if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
         return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
 
-    auto hooks = m_hook.installed(hooksBytes, *sources.hooks);
+    auto hooks = m_hook.installed(here.hooksBytes(), *here.hooksDocument);
     if (!hooks)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(hooksFile, description(hooks.error())));
-    auto server = m_mcp.installed(serversBytes, *sources.servers);
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
+    auto server = m_mcp.installed(here.serversBytes(), *here.serversDocument);
     if (!server)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(serversFile, description(server.error())));
+            ConnectorVerb::nothingWritten(here.servers, description(server.error())));
 
     ConnectorVerb::Installation installation;
     installation.order = ConnectorVerb::FileOrder::asPlanned;
     installation.appVersion = CursorVersion::read(m_paths.cursorApp);
-    installation.planNotes = replacedObservations(hooksFile.label, hooks->replaced);
+    installation.planNotes = replacedObservations(here.hooks.label, hooks->replaced);
     // Nothing looks at the documents from here on: the bytes they point into are moved.
-    installation.add(std::move(hooksFile), *std::move(hooks), Created::cursorHooksFile);
-    installation.add(std::move(serversFile), *std::move(server), Created::cursorMCPFile);
+    installation.add(std::move(here.hooks), *std::move(hooks), Created::cursorHooksFile);
+    installation.add(std::move(here.servers), *std::move(server), Created::cursorMCPFile);
     return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
                                   m_surroundings);
 }
 
 ConnectorOutcome CursorConnector::remove() const {
-    ToolFile hooksFile = ToolFile::read(m_paths.hooksFile);
-    ToolFile serversFile = ToolFile::read(m_paths.mcpFile);
-    const std::string_view hooksBytes = hooksFile.bytesOr(CursorHook::seed);
-    const std::string_view serversBytes = serversFile.bytesOr(JSONBlock::seed);
-    const Sources sources{m_hook.read(hooksBytes), m_mcp.read(serversBytes)};
-    if (auto refusal = readingRefusal(hooksFile, serversFile, sources))
+    Look here(*this);
+    if (auto refusal = readingRefusal(here))
         return *std::move(refusal);
     const ReceiptStore receipts{m_paths.receiptFile};
     const std::set<Created> created = receipts.read().created;
     Observations notes;
     // Adding to a version that nobody has read is a guess; taking out is not.
-    const CursorHooksVersion version = m_hook.version(sources.hooks->root(), hooksBytes);
+    const CursorHooksVersion version =
+        m_hook.version(here.hooksDocument->root(), here.hooksBytes());
     if (const std::string* foreign = version.foreign())
-        notes.push_back({hooksFile.label,
+        notes.push_back({here.hooks.label,
                          fmt::format("this file states hooks configuration version {}, and only "
                                      "the Wendlow entry was taken out of it",
                                      *foreign)});
-    auto hooks = m_hook.removed(hooksBytes, *sources.hooks, created);
+    auto hooks = m_hook.removed(here.hooksBytes(), *here.hooksDocument, created);
     if (!hooks)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(hooksFile, description(hooks.error())));
-    auto server = m_mcp.removed(serversBytes, *sources.servers, created);
+            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
+    auto server = m_mcp.removed(here.serversBytes(), *here.serversDocument, created);
     if (!server)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(serversFile, description(server.error())));
+            ConnectorVerb::nothingWritten(here.servers, description(server.error())));
 
     // Nothing looks at the documents from here on: the bytes they point into are moved.
     std::vector<PlannedFile> files;
     files.push_back(ConnectorVerb::planRemoval(
-        std::move(hooksFile), *std::move(hooks), created.contains(Created::cursorHooksFile),
+        std::move(here.hooks), *std::move(hooks), created.contains(Created::cursorHooksFile),
         CursorHook::isSeedResidue, notes, "now holds no hooks"));
-    files.push_back(ConnectorVerb::planRemoval(std::move(serversFile), *std::move(server),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers), *std::move(server),
                                                created.contains(Created::cursorMCPFile),
                                                JSONBlock::isEmptyObject, notes));
     return ConnectorVerb::remove(std::move(files), std::move(notes), receipts, m_surroundings);
@@ -209,6 +198,13 @@ ConnectorOutcome CursorConnector::remove() const {
 bool CursorConnector::staleOwnWiring() const {
     return HookLists::allRun(sitesIn(ToolFile::read(m_paths.hooksFile)), m_paths.hookBinary) &&
            Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
+}
+
+/// Why no verb may plan for these files, in their order.
+std::optional<ConnectorOutcome> CursorConnector::readingRefusal(const Look& here) {
+    return ConnectorVerb::readingRefusal(
+        {here.hooks.refusal(JSONBlock::reason(here.hooksDocument)),
+         here.servers.refusal(JSONBlock::reason(here.serversDocument))});
 }
 
 } // namespace wendlow

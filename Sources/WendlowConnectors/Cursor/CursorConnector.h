@@ -36,7 +36,7 @@ private:
     struct Look;
 
     bool toolIsHere() const;
-    Look look() const;
+    static std::optional<ConnectorOutcome> readingRefusal(const Look& here);
     std::vector<CursorHookSite> sitesIn(const ToolFile& hooks) const;
     Observations versionObservations() const;
     Observations doubleFireObservations() const;

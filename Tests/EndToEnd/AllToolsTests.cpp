@@ -1,0 +1,117 @@
+#include "Support/ClaudeCodeHome.h"
+#include "Support/Desktop.h"
+
+#include <gmock/gmock.h>
+
+#include <map>
+
+namespace wendlow::testing {
+namespace {
+
+using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
+
+constexpr auto bundle = WENDLOW_BUNDLE;
+
+/// Every file of a home that a verb may concern, with its bytes; copies that verbs made are left
+/// out.
+std::map<std::string, std::string> filesOf(const fs::path& home) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(home)) {
+        const std::string name = fs::relative(entry.path(), home).string();
+        const bool isCopy = name.contains(".wendlow-backup-");
+        const bool isOfATool = name.starts_with(".claude") || name.starts_with(".codex") ||
+                               name.starts_with(".cursor") ||
+                               name.starts_with(".config/opencode") ||
+                               name.starts_with("Library/Application Support/Wendlow/Connectors");
+        if (entry.is_regular_file() && isOfATool && !isCopy)
+            files.emplace(name, *get(entry.path()));
+    }
+    return files;
+}
+
+struct Tool {
+    QString name;
+    std::string receipt;
+    std::map<std::string, std::string> own; ///< what the person has there
+    std::vector<std::string> made;          ///< what connecting adds to that
+};
+
+const std::vector<Tool> tools{
+    {u"Claude Code"_s, "claude-code", {}, {}},
+    {u"Codex"_s,
+     "codex",
+     {{".codex/hooks.json", R"({"hooks": {"Stop": []}, "n": 3.50})"},
+      {".codex/config.toml", "# mine\r\nmodel = \"o5\" # no end"}},
+     {}},
+    {u"Cursor"_s,
+     "cursor",
+     {{".cursor/hooks.json", "{\n\t\"version\": 1,\n\t\"hooks\": {\n\t\t\"stop\": [{\"command\": "
+                             "\"a\\/b\"}]\n\t}\n}"},
+      {".cursor/mcp.json", "{\"mcpServers\": {\"mine\": {\"url\": \"http://x\"}}}\r\n"}},
+     {}},
+    {u"OpenCode"_s,
+     "opencode",
+     {{".config/opencode/opencode.jsonc", "{ // mine\n  \"theme\": \"system\" /* stays */\n}\n"},
+      {".config/opencode/themes/own.json", "{}"}},
+     {".config/opencode/plugins/wendlow.js"}},
+};
+
+/// All four tools on one machine, worked through the window one after the other.
+TEST(AllTools, areConnectedAndGiveEveryByteBack) {
+    const Desktop desktop;
+    ASSERT_TRUE(desktop.isReady()) << "no screen, bus or accessibility bus could be started";
+    const fs::path home = desktop.home().path();
+    ClaudeCodeHome::fill(home);
+    for (const Tool& tool : tools)
+        for (const auto& [name, bytes] : tool.own)
+            put(home / name, bytes);
+    const auto before = filesOf(home);
+    RunningApplication application(desktop, {u"--window=settings"_s});
+    ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
+
+    auto expected = before;
+    for (const Tool& tool : tools) {
+        SCOPED_TRACE(tool.name.toStdString());
+        const auto toggle = application.find(u"check box"_s, tool.name);
+        ASSERT_TRUE(toggle);
+        ASSERT_FALSE(toggle->isChecked());
+        ASSERT_TRUE(toggle->act(u"Toggle"_s) || toggle->act(u"Press"_s));
+        ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
+
+        // This tool's files have changed, and only these.
+        const auto now = filesOf(home);
+        for (const auto& [name, bytes] : now) {
+            const auto known = expected.find(name);
+            const bool isNew = known == expected.end();
+            const bool isOwn =
+                tool.own.contains(name) || (tool.own.empty() && name.starts_with(".claude"));
+            const bool isMade =
+                std::ranges::find(tool.made, name) != tool.made.end() ||
+                name == "Library/Application Support/Wendlow/Connectors/" + tool.receipt + ".json";
+            EXPECT_EQ(isNew, isMade) << name;
+            const bool stays = name == ".config/opencode/themes/own.json" || !isOwn;
+            EXPECT_TRUE(isNew || (bytes == known->second) == stays) << name;
+            const bool isReceipt = name.starts_with("Library");
+            EXPECT_TRUE(isReceipt || stays || bytes.contains("wendlow")) << name;
+        }
+        EXPECT_EQ(now.size(), expected.size() + tool.made.size() + 1);
+        expected = now;
+        // The words of the verb have opened the row, and would push the others off the screen.
+        const auto fold = application.find(u"push button"_s, u"Hide notes of "_s + tool.name);
+        ASSERT_TRUE(fold && fold->act(u"Press"_s));
+    }
+    const auto scan = desktop.run(QLatin1String(bundle) + u"/Contents/MacOS/wendlow-connect"_s,
+                                  {u"scan"_s, u"--json"_s});
+    EXPECT_EQ(scan.count(u"\"connected\""_s), 4) << scan.toStdString();
+
+    for (const Tool& tool : tools) {
+        const auto toggle = application.find(u"check box"_s, tool.name);
+        ASSERT_TRUE(toggle->act(u"Toggle"_s) || toggle->act(u"Press"_s));
+        ASSERT_TRUE(eventually([&] { return !toggle->isChecked() && toggle->isEnabled(); }));
+    }
+    EXPECT_EQ(filesOf(home), before);
+}
+
+} // namespace
+} // namespace wendlow::testing
