@@ -127,7 +127,7 @@ std::string ReplyManner::payloadFor(std::string answer) const {
         answer.pop_back();
         break;
     case Payload::huge:
-        return fmt::format(R"({{"text":{{"_0":"{}"}}}})", std::string(hugeSize, 'm'));
+        return fmt::format(R"({{"text":{{"_0":"{}"}}}})", std::string(hugeSize, 'x'));
     }
     return answer;
 }

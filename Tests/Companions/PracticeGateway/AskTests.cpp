@@ -83,7 +83,7 @@ TEST_F(Ask, SaysTheAnswerOrWhyThereIsNone) {
     }
     const auto running = gateway({"--replies", "huge"});
     EXPECT_EQ(said(ask(names)),
-              R"({"response":{"text":{"_0":")" + std::string(20'000'000, 'm') + "\"}}}\n");
+              R"({"response":{"text":{"_0":")" + std::string(20'000'000, 'x') + "\"}}}\n");
 }
 
 TEST_F(Ask, SaysHowLongTheGatewayTook) {
