@@ -70,14 +70,21 @@ TEST(AllTools, areConnectedAndGiveEveryByteBack) {
     RunningApplication application(desktop, {u"--window=settings"_s});
     ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
 
+    // Works a tool's switch and waits for the verb. Its words open the row; they are folded away
+    // again, or they would push the other tools off the screen.
+    const auto toggled = [&](const Tool& tool) {
+        const auto toggle = application.find(u"check box"_s, tool.name);
+        const bool wanted = toggle && !toggle->isChecked();
+        const bool done =
+            toggle && (toggle->act(u"Toggle"_s) || toggle->act(u"Press"_s)) &&
+            eventually([&] { return toggle->isChecked() == wanted && toggle->isEnabled(); });
+        const auto fold = application.find(u"push button"_s, u"Hide notes of "_s + tool.name);
+        return done && fold && fold->act(u"Press"_s);
+    };
     auto expected = before;
     for (const Tool& tool : tools) {
         SCOPED_TRACE(tool.name.toStdString());
-        const auto toggle = application.find(u"check box"_s, tool.name);
-        ASSERT_TRUE(toggle);
-        ASSERT_FALSE(toggle->isChecked());
-        ASSERT_TRUE(toggle->act(u"Toggle"_s) || toggle->act(u"Press"_s));
-        ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
+        ASSERT_TRUE(toggled(tool));
 
         // This tool's files have changed, and only these.
         const auto now = filesOf(home);
@@ -97,18 +104,14 @@ TEST(AllTools, areConnectedAndGiveEveryByteBack) {
         }
         EXPECT_EQ(now.size(), expected.size() + tool.made.size() + 1);
         expected = now;
-        // The words of the verb have opened the row, and would push the others off the screen.
-        const auto fold = application.find(u"push button"_s, u"Hide notes of "_s + tool.name);
-        ASSERT_TRUE(fold && fold->act(u"Press"_s));
     }
     const auto scan = desktop.run(QLatin1String(bundle) + u"/Contents/MacOS/wendlow-connect"_s,
                                   {u"scan"_s, u"--json"_s});
     EXPECT_EQ(scan.count(u"\"connected\""_s), 4) << scan.toStdString();
 
     for (const Tool& tool : tools) {
-        const auto toggle = application.find(u"check box"_s, tool.name);
-        ASSERT_TRUE(toggle->act(u"Toggle"_s) || toggle->act(u"Press"_s));
-        ASSERT_TRUE(eventually([&] { return !toggle->isChecked() && toggle->isEnabled(); }));
+        SCOPED_TRACE(tool.name.toStdString());
+        ASSERT_TRUE(toggled(tool));
     }
     EXPECT_EQ(filesOf(home), before);
 }
