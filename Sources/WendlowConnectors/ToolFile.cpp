@@ -8,6 +8,11 @@
 namespace wendlow {
 
 ToolFile ToolFile::read(const std::filesystem::path& configured) {
+    if (auto found = Disk::readWhereItLies(configured))
+        return {.path = std::move(found->path),
+                .label = configured.string(),
+                .bytes = std::move(found->bytes),
+                .failure = std::nullopt};
     ToolFile file{.path = ConfigPath::canonical(configured),
                   .label = configured.string(),
                   .bytes = std::nullopt,

@@ -46,7 +46,7 @@ struct CodexConnector::Look {
     explicit Look(const CodexConnector& codex)
         : hooks(ToolFile::read(codex.m_paths.hooksFile)),
           config(ToolFile::read(codex.m_paths.configFile)),
-          receipt(ReceiptStore{codex.m_paths.receiptFile}.read()),
+          receipt(ReceiptStore{codex.m_paths.receiptFile}.read()), trust(codex.m_paths),
           hooksDocument(codex.m_hook.read(hooksBytes())),
           configDocument(TOMLText::scan(configBytes())) {
         if (hooksDocument)
@@ -62,6 +62,7 @@ struct CodexConnector::Look {
     ToolFile hooks;
     ToolFile config;
     ConnectorReceipt receipt;
+    CodexTrust trust;
     CodexHook::Readable hooksDocument;
     std::expected<TOMLDocument, TOMLTextError> configDocument;
     std::vector<CodexHookSite> sites; ///< none where the hooks file does not read
@@ -69,7 +70,7 @@ struct CodexConnector::Look {
 
 CodexConnector::CodexConnector(CodexPaths paths, ConnectorVerb::Surroundings surroundings)
     : m_paths(std::move(paths)), m_surroundings(std::move(surroundings)), m_hook(m_paths),
-      m_mcp(m_paths), m_trust(m_paths) {}
+      m_mcp(m_paths) {}
 
 ConnectorIdentity CodexConnector::identity() const {
     return {.id = "codex",
@@ -95,13 +96,13 @@ ScanReport CodexConnector::scan() const {
     } else {
         const TOMLDocument* const config = here.config.bytes ? &*here.configDocument : nullptr;
         server = m_mcp.find(config, here.receipt.created);
-        trust = m_trust.find(config, here.site());
+        trust = here.trust.find(config, here.site());
     }
     if (here.hooksDocument && here.configDocument)
         judgement =
             configPlan(here, here.hooksDocument->root(), {})
                 .judge(*here.configDocument, here.site() != nullptr
-                                                 ? std::optional(m_trust.slot(*here.site()).key)
+                                                 ? std::optional(here.trust.slot(*here.site()).key)
                                                  : std::nullopt);
 
     Observations said = observations(hook, {.path = m_paths.hooksFile.string(),
@@ -135,7 +136,7 @@ ConnectorOutcome CodexConnector::install() const {
         return ConnectorVerb::refused(
             ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
     // Where the entry lands is known only now, and so is which table has to be fit for its trust.
-    const CodexTrustSlot landing = m_trust.slot(hooks->site);
+    const CodexTrustSlot landing = here.trust.slot(hooks->site);
     if (auto refusal = readingRefusal(here, landing))
         return *std::move(refusal);
     const PlannedHooks planned(*here.hooksDocument, hooks->bytes);
@@ -155,7 +156,7 @@ ConnectorOutcome CodexConnector::install() const {
                          config->commentsReplaced)});
     append(installation.notes, slotObservations(config->judgement.report, moved.size()));
     if (config->isSwitchedOff)
-        installation.notes.push_back({here.config.label, m_trust.switchedOffText()});
+        installation.notes.push_back({here.config.label, here.trust.switchedOffText()});
     // Nothing looks at the documents from here on: the bytes they point into are moved.
     installation.add(std::move(here.hooks), *std::move(hooks), Created::codexHooksFile);
     installation.add(std::move(here.config), *std::move(config), Created::codexConfigFile);
@@ -206,7 +207,7 @@ bool CodexConnector::staleOwnWiring() const {
 std::vector<TOMLName> CodexConnector::ownedTables(const Look& here, const Slot& landing) const {
     std::vector<TOMLName> owned{CodexMCP::tableName()};
     if (here.site() != nullptr)
-        owned.push_back(CodexTrust::tableName(m_trust.slot(*here.site()).key));
+        owned.push_back(CodexTrust::tableName(here.trust.slot(*here.site()).key));
     if (landing)
         owned.push_back(CodexTrust::tableName(landing->key));
     for (const std::string& key : here.receipt.trustSlots)
@@ -244,7 +245,7 @@ CodexConfigPlan CodexConnector::configPlan(const Look& here, const JSONNode& pla
     // What stood there before counts too: its hashes are the ones that are recorded.
     std::ranges::copy(here.sites, std::back_inserter(plannedSites));
     return {m_mcp,
-            m_trust,
+            here.trust,
             {.known = CodexTrust::knownHashes(m_hook.identity(), plannedSites),
              .isLive =
                  [plannedHooks](std::ptrdiff_t group, std::ptrdiff_t index) {

@@ -54,7 +54,6 @@ private:
     ConnectorVerb::Surroundings m_surroundings;
     CodexHook m_hook;
     CodexMCP m_mcp;
-    CodexTrust m_trust;
 };
 
 } // namespace wendlow

@@ -45,10 +45,11 @@ std::optional<std::filesystem::path> scriptsDirectory(std::string_view command) 
 
 } // namespace
 
-CodexTrust::CodexTrust(CodexPaths paths) : m_paths(std::move(paths)) {}
+CodexTrust::CodexTrust(CodexPaths paths)
+    : m_paths(std::move(paths)), m_hooksPath(m_paths.trustPath()) {}
 
 CodexTrustSlot CodexTrust::slot(const HookSite& site) const {
-    return CodexTrustSlot::at(m_paths.trustPath(), site.group, site.entry);
+    return CodexTrustSlot::at(m_hooksPath, site.group, site.entry);
 }
 
 TOMLName CodexTrust::tableName(std::string_view key) {
@@ -132,7 +133,6 @@ CodexTrust::Judgement CodexTrust::judge(const TOMLDocument& document,
                                         const std::optional<std::string>& occupied,
                                         const TrustSlots& receiptSlots, const Hashes& known,
                                         const IsLive& isLive) const {
-    const std::string ownHooks = m_paths.trustPath();
     Judgement judgement;
     for (CodexTrustSlot& slot : slots(document)) {
         if (slot.key == occupied)
@@ -140,7 +140,7 @@ CodexTrust::Judgement CodexTrust::judge(const TOMLDocument& document,
         const auto hash = recordedHash(slot.key, document);
         const bool isKnown = hash && known.contains(*hash);
         // Of another hooks file nothing is known here, so all its positions count as in use.
-        const bool inUse = slot.hooksPath != ownHooks || isLive(slot.group, slot.index);
+        const bool inUse = slot.hooksPath != m_hooksPath || isLive(slot.group, slot.index);
         if (receiptSlots.contains(slot.key)) {
             // Since we wrote it, a person may have come to trust what stands there now.
             if (isKnown || !hash || !inUse)

@@ -37,6 +37,7 @@ public:
         bool operator==(const Judgement&) const = default;
     };
 
+    /// Looks where the hooks file lies now; one for each verb.
     explicit CodexTrust(CodexPaths paths);
 
     /// Where the trust of an entry on a prompt is recorded.
@@ -74,6 +75,7 @@ public:
 
 private:
     CodexPaths m_paths;
+    std::string m_hooksPath; ///< where the hooks file really lies
 };
 
 } // namespace wendlow

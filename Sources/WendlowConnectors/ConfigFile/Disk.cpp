@@ -159,14 +159,9 @@ std::string words(int error) {
     return ::strerror_r(error, room.data(), room.size());
 }
 
-Result<std::optional<std::string>> read(const Path& path) {
-    Descriptor file(openToRead(path, 0));
-    if (file.number() < 0) {
-        if (errno == ENOENT || errno == ENOTDIR)
-            return std::nullopt;
-        return lastError();
-    }
-    const auto size = fileSize(file.number());
+/// Everything that an open file holds.
+static Result<std::string> readAll(int file) {
+    const auto size = fileSize(file);
     if (!size)
         return std::unexpected(size.error());
 
@@ -174,11 +169,44 @@ Result<std::optional<std::string>> read(const Path& path) {
     // the end without another round.
     std::string bytes;
     for (std::size_t room = *size + 1;; room = bytes.size() + pieceSize) {
-        if (const auto extended = extend(file.number(), bytes, room); !extended)
+        if (const auto extended = extend(file, bytes, room); !extended)
             return std::unexpected(extended.error());
         if (bytes.size() < room)
             return bytes;
     }
+}
+
+/// What the kernel calls an open file: one question, where `realpath` asks for every folder on the
+/// way.
+static Result<Path> kernelPath(int file) {
+    auto name = readLink("/proc/self/fd/" + std::to_string(file));
+    // A file that was just removed is called by a name that nobody can use.
+    if (name && (!name->is_absolute() || name->native().ends_with(" (deleted)")))
+        return std::unexpected(ESTALE);
+    return name;
+}
+
+Result<std::optional<std::string>> read(const Path& path) {
+    const Descriptor file(openToRead(path, 0));
+    if (file.number() < 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return std::nullopt;
+        return lastError();
+    }
+    return readAll(file.number());
+}
+
+Result<Found> readWhereItLies(const Path& path) {
+    const Descriptor file(openToRead(path, 0));
+    if (file.number() < 0)
+        return lastError();
+    auto place = kernelPath(file.number());
+    if (!place)
+        return std::unexpected(place.error());
+    auto bytes = readAll(file.number());
+    if (!bytes)
+        return std::unexpected(bytes.error());
+    return Found{.path = *std::move(place), .bytes = *std::move(bytes)};
 }
 
 Result<std::optional<std::string>> firstLine(const Path& path, std::size_t limit) {
@@ -352,21 +380,13 @@ Result<void> flushFolder(const Path& folder) {
     return flush(open.number());
 }
 
-/// What the kernel calls a file: one question, where `realpath` asks for every folder on the way.
-static Result<Path> kernelPath(const Path& path) {
-    const Descriptor file(::open(path.c_str(), O_PATH | O_CLOEXEC));
-    if (file.number() < 0)
-        return lastError();
-    auto name = readLink("/proc/self/fd/" + std::to_string(file.number()));
-    // A file that was just removed is called by a name that nobody can use.
-    if (name && (!name->is_absolute() || name->native().ends_with(" (deleted)")))
-        return std::unexpected(ESTALE);
-    return name;
-}
-
 Result<Path> realPath(const Path& path) {
-    if (auto name = kernelPath(path); name || name.error() == ENOENT)
-        return name;
+    const Descriptor file(::open(path.c_str(), O_PATH | O_CLOEXEC));
+    if (file.number() < 0 && errno == ENOENT)
+        return lastError();
+    if (file.number() >= 0)
+        if (auto name = kernelPath(file.number()))
+            return name;
     const auto release = [](char* text) { std::free(text); };
     const std::unique_ptr<char, decltype(release)> resolved(::realpath(path.c_str(), nullptr));
     if (resolved == nullptr)

@@ -27,6 +27,13 @@ std::string words(int error);
 /// Any other failure is an error, and so is anything that is not a file: a directory, a pipe, a
 /// device. Never waits for a writer.
 Result<std::optional<std::string>> read(const Path& path);
+/// The same of a file that is there, with where it really lies, every link resolved. Any failure is
+/// an error, which then says no more than that it was not to be had in one go.
+struct Found {
+    Path path;
+    std::string bytes;
+};
+Result<Found> readWhereItLies(const Path& path);
 /// What stands before the file's first line feed; nothing where there is none among its first
 /// `limit` bytes. Reads little more than that line, however large the file is.
 Result<std::optional<std::string>> firstLine(const Path& path, std::size_t limit);

@@ -166,6 +166,8 @@ std::optional<Writer> writer(const Path& database) {
 }
 
 bool isOpenCode1StillUsed(const Path& database, FileDate now) {
+    if (!Disk::exists(database))
+        return false;
     const auto cutoff = std::chrono::floor<std::chrono::milliseconds>(now - std::chrono::days(7));
     const auto rows = answers(
         database, fmt::format("SELECT id FROM session WHERE time_updated > (SELECT time_updated "
