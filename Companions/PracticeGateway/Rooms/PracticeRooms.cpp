@@ -54,6 +54,8 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
 void PracticeRooms::fillState() {
     m_grants.grantAll();
     m_phrase.makeKey("a fixed key");
+    m_daemon.answer(ControlCase::ConnectApp{"claude-code"});
+    m_daemon.answer(ControlCase::ConnectApp{"codex"});
     const auto shipped = RuleOrigin::shipped;
     m_recording.put(RuleKind::app, "Keychain Access", RuleTier::never, shipped);
     m_recording.put(RuleKind::site, "bank.example", RuleTier::never, shipped);
