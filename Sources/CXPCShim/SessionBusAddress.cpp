@@ -7,7 +7,7 @@
 namespace wendlow {
 
 QString sessionBusAddress() {
-    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!address.isEmpty())
         return address;
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");

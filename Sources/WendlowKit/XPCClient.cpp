@@ -42,8 +42,8 @@ public:
                 return wendlow_mach_service_registered(name.c_str());
             };
         if (!m_options.clientLineage)
-            m_options.clientLineage = [executable = ClientLineage::executablePath()] {
-                return ClientLineage::probe(executable);
+            m_options.clientLineage = [] {
+                return ClientLineage::probe(ClientLineage::executablePath());
             };
         if (!m_options.after)
             m_options.after = [queue = std::weak_ptr(m_queue)](std::chrono::milliseconds delay,

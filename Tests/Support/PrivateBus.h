@@ -19,14 +19,14 @@
 namespace wendlow::testing {
 
 /// A session bus of a test's own: a daemon that starts no service and knows nothing of the real
-/// one. `DBUS_SESSION_BUS_ADDRESS` names it as long as the object lives; the daemon ends with the
-/// object, and with the test where that is killed.
+/// one, unless a folder of service files is given. `DBUS_SESSION_BUS_ADDRESS` names it as long as
+/// the object lives; the daemon ends with the object, and with the test where that is killed.
 ///
 /// A connection that `QDBusConnection::sessionBus()` has once made stays with its bus, so a test in
 /// the same process connects by `QDBusConnection::connectToBus(address(), name)`.
 class PrivateBus {
 public:
-    PrivateBus() {
+    explicit PrivateBus(const std::string& serviceFolder = {}) {
         const std::filesystem::path config = m_folder / "bus.conf";
         std::ofstream(config)
             << "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration "
@@ -37,7 +37,9 @@ public:
             << "</listen><auth>EXTERNAL</auth><policy context=\"default\">"
                "<allow send_destination=\"*\"/><allow receive_sender=\"*\"/><allow own=\"*\"/>"
                // As every session bus has it; a bus left to itself takes 128.
-               "</policy><limit name=\"max_replies_per_connection\">50000</limit></busconfig>\n";
+               "</policy><limit name=\"max_replies_per_connection\">50000</limit>"
+            << (serviceFolder.empty() ? "" : "<servicedir>" + serviceFolder + "</servicedir>")
+            << "</busconfig>\n";
         start(config);
         if (const char* before = std::getenv(variable))
             m_before = before;

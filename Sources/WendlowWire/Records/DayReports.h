@@ -15,13 +15,25 @@ struct LongestChapterReport {
     WENDLOW_RECORD(LongestChapterReport, title, spanSeconds);
 };
 
+struct DayStretchSlice {
+    std::string app;
+    std::int64_t seconds = 0;
+    WENDLOW_RECORD(DayStretchSlice, app, seconds);
+};
+
+/// Stands outside of its report, since an optional of a class is wanted there that is whole.
+struct DayStretchSitting {
+    std::int64_t seconds = 0;
+    double startedAt = 0;
+    double endedAt = 0;
+    std::vector<DayStretchSlice> apps;
+    WENDLOW_RECORD(DayStretchSitting, seconds, startedAt, endedAt, apps);
+};
+
 /// A day's runs of focus and its longest sitting. Times are seconds since 1970.
 struct DayStretchReport {
-    struct AppSlice {
-        std::string app;
-        std::int64_t seconds = 0;
-        WENDLOW_RECORD(AppSlice, app, seconds);
-    };
+    using AppSlice = DayStretchSlice;
+    using Sitting = DayStretchSitting;
 
     struct FocusRun {
         double start = 0;
@@ -29,14 +41,6 @@ struct DayStretchReport {
         std::int64_t seconds = 0;
         std::vector<AppSlice> apps;
         WENDLOW_RECORD(FocusRun, start, end, seconds, apps);
-    };
-
-    struct Sitting {
-        std::int64_t seconds = 0;
-        double startedAt = 0;
-        double endedAt = 0;
-        std::vector<AppSlice> apps;
-        WENDLOW_RECORD(Sitting, seconds, startedAt, endedAt, apps);
     };
 
     std::string day;

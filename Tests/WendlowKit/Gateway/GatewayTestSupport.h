@@ -67,14 +67,16 @@ protected:
         return std::make_unique<GatewayProcess>(WENDLOW_TEST_GATEWAY, more);
     }
     /// What the gateway saw: r for a request, k for a knock, s for a subscription.
-    std::string seen() {
+    std::string seen() const { return seen(QString::fromStdString(m_bus.address())); }
+    static std::string seen(const QString& busAddress) {
         const auto name = QStringLiteral("test-observer");
-        auto observer =
-            QDBusConnection::connectToBus(QString::fromStdString(m_bus.address()), name);
-        const QDBusMessage answer = observer.call(QDBusMessage::createMethodCall(
-            QStringLiteral("works.fenmoor.wendlow.gateway"),
-            QStringLiteral("/works/fenmoor/wendlow/gateway"),
-            QStringLiteral("works.fenmoor.wendlow.Gateway"), QStringLiteral("Seen")));
+        auto observer = QDBusConnection::connectToBus(busAddress, name);
+        const QDBusMessage answer =
+            observer.call(QDBusMessage::createMethodCall(
+                              QStringLiteral("works.fenmoor.wendlow.gateway"),
+                              QStringLiteral("/works/fenmoor/wendlow/test"),
+                              QStringLiteral("works.fenmoor.wendlow.Test"), QStringLiteral("Seen")),
+                          QDBus::Block, 1000);
         QDBusConnection::disconnectFromBus(name);
         return answer.arguments().value(0).toString().toStdString();
     }

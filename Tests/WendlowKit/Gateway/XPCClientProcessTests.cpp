@@ -1,8 +1,8 @@
 // The client beside real processes that die, hang and flood, on a bus that does so too.
 
 #include "GatewayTestSupport.h"
+#include "XPC/DispatchQueue.h"
 
-#include <QElapsedTimer>
 #include <QThread>
 
 #include <thread>
@@ -102,18 +102,30 @@ TEST_F(XPCClientProcesses, ABusMayDieUnderManyExchangesAndAnotherTakeItsPlace) {
     EXPECT_EQ(answered(client).text(), "healthy");
 }
 
-TEST_F(XPCClientProcesses, AWedgedBusHoldsNobodyUp) {
+TEST_F(XPCClientProcesses, AWedgedBusHoldsUpNeitherItsCallersNorTheirTimers) {
     const auto running = gateway("answer");
     m_bus.wedge();
-    QElapsedTimer clock;
-    clock.start();
     XPCClient client(options());
     const auto caller = ask(client);
-    QTest::qWait(100);
-    EXPECT_LT(clock.elapsed(), 5000); // the bus's library would wait for 25 s
+
+    const auto queue = std::make_shared<DispatchQueue>();
+    auto asking = options();
+    asking.dial = [queue, first = true](const std::string& name) mutable {
+        auto connection = xpc_connection_create_mach_service(name, queue);
+        if (std::exchange(first, false))
+            xpc_connection_cancel(connection);
+        return connection;
+    };
+    asking.after = [queue](auto delay, auto work) { queue->after(delay, std::move(work)); };
+    XPCClient redialling(asking);
+    const auto limited = ask(redialling);
+    EXPECT_TRUE(comes([&] { return limited->resumed == 1; }));
+    EXPECT_EQ(redialling.lastDoorFault(), DoorFault::silent);
+
     EXPECT_EQ(caller->resumed, 0);
     m_bus.goOn();
     expectAll({caller}, "healthy");
+    EXPECT_EQ(limited->resumed, 1);
 }
 
 TEST_F(XPCClientProcesses, ExchangesOutliveTheirClient) {
@@ -135,7 +147,7 @@ TEST_F(XPCClientProcesses, ExchangesOutliveTheirClient) {
 }
 
 TEST_F(XPCClientProcesses, ALateReplyIsDroppedAndNoFirstAttemptIsLate) {
-    const auto running = gateway("error,after600,after600");
+    const auto running = gateway("refuse,late-600,late-600");
     XPCClient client(options());
     const auto caller = ask(client);
     EXPECT_TRUE(comes([&] { return caller->resumed == 1; }));
@@ -147,7 +159,7 @@ TEST_F(XPCClientProcesses, ALateReplyIsDroppedAndNoFirstAttemptIsLate) {
 }
 
 TEST_F(XPCClientProcesses, AFirstAttemptWaitsBeyondTheLimitOfTheBus) {
-    const auto running = gateway("after26000");
+    const auto running = gateway("late-26000");
     XPCClient client(options());
     const auto caller = ask(client);
     EXPECT_TRUE(QTest::qWaitFor([&] { return caller->resumed == 1; }, 40'000));
@@ -155,12 +167,12 @@ TEST_F(XPCClientProcesses, AFirstAttemptWaitsBeyondTheLimitOfTheBus) {
 }
 
 TEST_F(XPCClientProcesses, ALargeReplyArrivesWhole) {
-    const auto running = gateway("big");
+    const auto running = gateway("huge");
     XPCClient client(options());
     const Caller caller = answered(client);
     EXPECT_EQ(caller.text().size(), 20'000'000U);
     EXPECT_EQ(caller.text().find_first_not_of('x'), std::string::npos);
-    EXPECT_EQ(caller.timed.daemon, 7ms);
+    EXPECT_TRUE(caller.timed.daemon.has_value());
 }
 
 TEST_F(XPCClientProcesses, AnyThreadMayAskAndIsCalledBackOnItself) {
@@ -197,7 +209,7 @@ struct Events {
 };
 
 TEST_F(XPCClientProcesses, AFloodOfEventsArrivesWholeAndWhatIsNoneIsDropped) {
-    const auto running = gateway("answer", {"--events", "10000"});
+    const auto running = gateway("answer", {"--flood", "10000"});
     XPCClient client(options());
     Events former, events;
     client.subscribe(former.handler());
@@ -221,7 +233,7 @@ TEST_F(XPCClientProcesses, ASubscriptionIsReopenedByItsOwnerAfterTheGatewayWasGo
     std::unique_ptr<GatewayProcess> running;
     for (const int round : {1, 2, 3}) {
         running = nullptr;
-        running = gateway("answer", {"--events", "1"});
+        running = gateway("answer", {"--flood", "1"});
         EXPECT_EQ(answered(client).text(), "healthy");
         EXPECT_EQ(seen(), "r"); // the client does not do it by itself
         EXPECT_TRUE(comes([&] {
@@ -233,7 +245,7 @@ TEST_F(XPCClientProcesses, ASubscriptionIsReopenedByItsOwnerAfterTheGatewayWasGo
 }
 
 TEST_F(XPCClientProcesses, EventsOfAnybodyElseAreNotHeard) {
-    const auto running = gateway("answer", {"--events", "1"});
+    const auto running = gateway("answer", {"--flood", "1"});
     XPCClient client(options());
     Events events;
     client.subscribe(events.handler());

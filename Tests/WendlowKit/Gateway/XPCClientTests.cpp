@@ -55,15 +55,12 @@ struct OnFakes : public ::testing::Test {
             dialled.push_back(std::make_shared<FakeConnection>());
             return dialled.back();
         };
-        options.serviceRegistered = [this](const std::string&) { return registered; };
-        options.clientLineage = [] { return LineageCase::Foreign{}; };
         options.after = [this](auto delay, auto work) {
             timers.push_back({delay, std::move(work)});
         };
     }
     static void settle() { QCoreApplication::processEvents(); }
 
-    bool registered = false;
     std::vector<std::shared_ptr<FakeConnection>> dialled;
     std::deque<Timer> timers;
     XPCClient::Options options;
@@ -145,23 +142,6 @@ TEST_F(OnFakes, AClientThatWasConnectedKnocksFirstAndAnnouncesASkewOnce) {
     dialled[1]->answer(2, "three");
     settle();
     EXPECT_EQ(client->lastDoorFault(), std::nullopt);
-}
-
-TEST_F(OnFakes, ASecondFailureAsksWhetherTheServiceIsThere) {
-    for (const bool there : {false, true}) {
-        registered = there;
-        client = nullptr;
-        dialled.clear();
-        client = std::make_unique<XPCClient>(options);
-        const auto caller = ask(*client);
-        dialled[0]->fail(0);
-        settle();
-        dialled[1]->fail(0);
-        EXPECT_TRUE(comes([&] { return caller->resumed == 1; }));
-        EXPECT_EQ(client->lastDoorFault(), there ? DoorFault::refused : DoorFault::absent);
-        EXPECT_EQ(caller->text(), DoorFaults::message(*client->lastDoorFault()));
-        EXPECT_EQ(dialled.size(), 2U); // there is no third attempt
-    }
 }
 
 } // namespace
