@@ -71,8 +71,8 @@ private:
     QDBusConnection m_bus = QDBusConnection::sessionBus();
     QDBusMessage m_call = QDBusMessage::createMethodCall(
         QStringLiteral("works.fenmoor.wendlow.gateway"),
-        QStringLiteral("/works/fenmoor/wendlow/gateway"),
-        QStringLiteral("works.fenmoor.wendlow.Gateway"), QStringLiteral("Echo"));
+        QStringLiteral("/works/fenmoor/wendlow/test"), QStringLiteral("works.fenmoor.wendlow.Test"),
+        QStringLiteral("Echo"));
 };
 
 class Exchange {

@@ -71,11 +71,15 @@ public:
         ::kill(m_process, SIGTERM);
         return waitForEnd();
     }
+    /// The same for one that ends by itself, within ten seconds.
     int waitForEnd() {
         int status = 0;
-        ::waitpid(m_process, &status, 0);
-        m_process = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        for (int tries = 0; tries < 1000; ++tries, ::usleep(10'000))
+            if (::waitpid(m_process, &status, WNOHANG) == m_process) {
+                m_process = -1;
+                return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+            }
+        return -1;
     }
     bool isRunning() const { return m_process > 0 && ::waitpid(m_process, nullptr, WNOHANG) == 0; }
     void say(const std::string& text) {

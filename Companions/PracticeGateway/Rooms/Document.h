@@ -18,6 +18,8 @@ BOOST_DESCRIBE_ENUM(DocumentKind, memory, moment, meeting)
 
 /// A thing with words, filed at a scope.
 struct Document {
+    // GCC 12 calls a field that a designated initializer leaves out missing unless it has a
+    // default. NOLINTBEGIN(readability-redundant-member-init)
     DocumentKind kind = DocumentKind::memory;
     std::string id; ///< one among all kinds
     std::string type = {};
@@ -37,6 +39,7 @@ struct Document {
     std::optional<std::string> writer = std::nullopt;
     std::optional<std::string> session = std::nullopt;
     std::optional<std::string> subagent = std::nullopt;
+    // NOLINTEND(readability-redundant-member-init)
 };
 
 } // namespace wendlow

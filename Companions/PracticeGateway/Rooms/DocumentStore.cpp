@@ -45,15 +45,14 @@ constexpr std::string_view columns =
     "kind, id, type, scope, at, filters, title, titled, why, body, app, abstract, files, "
     "file_count, framed, session_tool, writer, session, subagent";
 
-constexpr std::string_view putting = R"sql(
-INSERT INTO documents({}) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)
-ON CONFLICT(id) DO UPDATE SET type = excluded.type, scope = excluded.scope, at = excluded.at,
-    filters = excluded.filters, title = excluded.title, titled = excluded.titled,
-    why = excluded.why, body = excluded.body, app = excluded.app, abstract = excluded.abstract,
-    files = excluded.files, file_count = excluded.file_count, framed = excluded.framed,
-    session_tool = excluded.session_tool, writer = excluded.writer, session = excluded.session,
-    subagent = excluded.subagent
-RETURNING number)sql";
+// Not one statement for both: what conflicts would use up a number, and ids are made from those.
+constexpr std::string_view updating = R"sql(
+UPDATE documents SET kind = ?1, type = ?3, scope = ?4, at = ?5, filters = ?6, title = ?7,
+    titled = ?8, why = ?9, body = ?10, app = ?11, abstract = ?12, files = ?13, file_count = ?14,
+    framed = ?15, session_tool = ?16, writer = ?17, session = ?18, subagent = ?19
+WHERE id = ?2 RETURNING number)sql";
+constexpr std::string_view inserting = "INSERT INTO documents({}) VALUES "
+                                       "(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?) RETURNING number";
 
 std::string selecting(std::string_view where) {
     return fmt::format("SELECT {} FROM documents WHERE {} = ?", columns, where);
@@ -96,7 +95,8 @@ std::string_view DocumentStore::schema() {
 }
 
 DocumentStore::DocumentStore(PracticeDatabase& database)
-    : m_database(database), m_put(database.prepare(fmt::format(putting, columns))),
+    : m_database(database), m_update(database.prepare(updating)),
+      m_insert(database.prepare(fmt::format(inserting, columns))),
       m_byID(database.prepare(selecting("id"))), m_byNumber(database.prepare(selecting("number"))) {
     load();
 }
@@ -124,19 +124,27 @@ std::int64_t DocumentStore::put(const Document& document) {
     facets();
     const std::string filters = FilterText::write(document.filters);
     const std::string files = FilterText::writeList(document.files);
-    m_put.bind(static_cast<int>(document.kind), document.id, document.type, document.scope,
-               document.at, filters, document.title, document.titled, document.why, document.body,
-               document.app, document.abstract, files, document.fileCount, document.framed,
-               document.sessionTool, document.writer, document.session, document.subagent);
-    m_put.step();
-    const std::int64_t number = m_put.integer(0);
-    m_put.run();
-    m_facets.set(number, {.kind = document.kind,
+    const auto number = [&](Statement& statement) -> std::optional<std::int64_t> {
+        statement.bind(static_cast<int>(document.kind), document.id, document.type, document.scope,
+                       document.at, filters, document.title, document.titled, document.why,
+                       document.body, document.app, document.abstract, files, document.fileCount,
+                       document.framed, document.sessionTool, document.writer, document.session,
+                       document.subagent);
+        if (!statement.step())
+            return std::nullopt;
+        const std::int64_t given = statement.integer(0);
+        statement.run();
+        return given;
+    };
+    auto place = number(m_update);
+    if (!place)
+        place = number(m_insert);
+    m_facets.set(*place, {.kind = document.kind,
                           .type = document.type,
                           .scope = document.scope,
                           .filters = filters,
                           .at = document.at});
-    return number;
+    return *place;
 }
 
 bool DocumentStore::remove(std::string_view id) {

@@ -38,7 +38,8 @@ private:
     PracticeDatabase& m_database;
     DocumentFacets m_facets;
     std::int64_t m_rollbacksSeen = 0;
-    Statement m_put;
+    Statement m_update;
+    Statement m_insert;
     Statement m_byID;
     Statement m_byNumber;
 };

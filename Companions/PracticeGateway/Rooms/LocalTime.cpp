@@ -55,12 +55,13 @@ int weekday(double seconds) {
 }
 
 std::string ago(double then, double now) {
+    constexpr std::int64_t dayLong = 86400;
     const auto seconds = static_cast<std::int64_t>(now - then);
     const struct {
         std::int64_t seconds;
         std::string_view unit;
-    } units[] = {{365 * 86400, "year"}, {30 * 86400, "month"}, {7 * 86400, "week"},
-                 {86400, "day"},        {3600, "hour"},        {60, "minute"}};
+    } units[] = {{365 * dayLong, "year"}, {30 * dayLong, "month"}, {7 * dayLong, "week"},
+                 {dayLong, "day"},        {3600, "hour"},          {60, "minute"}};
     for (const auto& unit : units) {
         const std::int64_t count = seconds / unit.seconds;
         if (count == 1 && unit.unit == "day")

@@ -52,7 +52,7 @@ void PracticeDatabase::adopt() {
     sqlite3_busy_timeout(m_handle.get(), 2000);
     execute(
         "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;"
-        "PRAGMA cache_size = -65536; PRAGMA mmap_size = 1073741824; PRAGMA temp_store = MEMORY");
+        "PRAGMA cache_size = -16384; PRAGMA mmap_size = 1073741824; PRAGMA temp_store = MEMORY");
     Statement version = prepare("PRAGMA user_version");
     version.step();
     const std::int64_t found = version.integer(0);

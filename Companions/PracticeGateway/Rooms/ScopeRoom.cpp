@@ -56,6 +56,7 @@ std::vector<ScopeBoardEntry> ScopeRoom::board() {
     while (mapped.step())
         entry(mapped.view(0)).folders.push_back(mapped.text(1));
     std::vector<ScopeBoardEntry> board;
+    board.reserve(entries.size());
     for (auto& [path, row] : entries)
         board.push_back(std::move(row));
     return board;

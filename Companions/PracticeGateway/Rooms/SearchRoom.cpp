@@ -55,33 +55,33 @@ GatewayResponse SearchRoom::answer(const ReadCase::TextBrowse& request) {
         order = BrowseOrder::newest;
 
     BrowseCensus census(m_documents.facets(), request, kind);
-    std::vector<Hit> found = hits(match, order, census);
-    const std::int64_t count = std::ssize(found);
+    findHits(match, order, census);
+    const std::int64_t count = std::ssize(m_hits);
     const std::int64_t from = std::clamp<std::int64_t>(request.offset, 0, count);
     const std::int64_t limit = std::max<std::int64_t>(request.limit.value_or(usualLimit), 1);
     const std::int64_t to = from + std::min(limit, count - from);
-    sortBeginning(found, to, order);
+    sortBeginning(to, order);
 
     TextBrowseAnswer answer;
     answer.ready = true;
     census.report(answer);
     const auto words = WordQuery::words(request.term.value_or(""));
-    for (const Hit& hit : std::span(found).subspan(index(from), index(to - from)))
+    for (const Hit& hit : std::span(m_hits).subspan(index(from), index(to - from)))
         answer.rows.push_back(row(hit, words));
     answer.order = rawString(order);
     answer.narrowed = narrows(request, match.has_value());
     return AnswerCase::TextBrowse{std::move(answer)};
 }
 
-std::vector<SearchRoom::Hit> SearchRoom::hits(const std::optional<std::string>& match,
-                                              BrowseOrder order, BrowseCensus& census) {
+void SearchRoom::findHits(const std::optional<std::string>& match, BrowseOrder order,
+                          BrowseCensus& census) {
     const auto rows = m_documents.facets().rows();
-    std::vector<Hit> found;
+    m_hits.clear();
     if (!match) {
         for (std::size_t number = 0; number < rows.size(); ++number)
             if (rows[number].present && census.count(rows[number]))
-                found.push_back({static_cast<std::int64_t>(number), rows[number].at});
-        return found;
+                m_hits.push_back({static_cast<std::int64_t>(number), rows[number].at});
+        return;
     }
     const bool ranked = order == BrowseOrder::relevance;
     Statement& searching = ranked ? m_ranking : m_matching;
@@ -94,16 +94,15 @@ std::vector<SearchRoom::Hit> SearchRoom::hits(const std::optional<std::string>& 
         const auto& facets = rows[index(number)];
         if (!census.count(facets))
             continue;
-        found.push_back({number, facets.at, score});
+        m_hits.push_back({number, facets.at, score});
         best = std::max(best, score);
     }
     if (best > 0)
-        for (Hit& hit : found)
+        for (Hit& hit : m_hits)
             hit.score /= best;
-    return found;
 }
 
-void SearchRoom::sortBeginning(std::vector<Hit>& hits, std::int64_t count, BrowseOrder order) {
+void SearchRoom::sortBeginning(std::int64_t count, BrowseOrder order) {
     const auto before = [order](const Hit& left, const Hit& right) {
         if (order == BrowseOrder::oldest)
             return std::tie(left.at, left.number) < std::tie(right.at, right.number);
@@ -111,7 +110,7 @@ void SearchRoom::sortBeginning(std::vector<Hit>& hits, std::int64_t count, Brows
         return std::tie(left.score, left.at, left.number) >
                std::tie(right.score, right.at, right.number);
     };
-    std::ranges::partial_sort(hits, hits.begin() + count, before);
+    std::ranges::partial_sort(m_hits, m_hits.begin() + count, before);
 }
 
 TextBrowseRow SearchRoom::row(const Hit& hit, const std::vector<std::string>& words) {

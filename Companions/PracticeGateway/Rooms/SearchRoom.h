@@ -37,16 +37,17 @@ private:
         double score = 0;
     };
 
-    std::vector<Hit> hits(const std::optional<std::string>& match, BrowseOrder order,
-                          BrowseCensus& census);
+    /// Puts what is in the answer into `m_hits`, in no order, and counts all that was found.
+    void findHits(const std::optional<std::string>& match, BrowseOrder order, BrowseCensus& census);
     /// Puts the first `count` hits in their places.
-    static void sortBeginning(std::vector<Hit>& hits, std::int64_t count, BrowseOrder order);
+    void sortBeginning(std::int64_t count, BrowseOrder order);
     TextBrowseRow row(const Hit& hit, const std::vector<std::string>& words);
 
     DocumentStore& m_documents;
     Statement m_matching;
     Statement m_ranking;
     Statement m_reading;
+    std::vector<Hit> m_hits; ///< kept for its room: a hundred thousand at a time
 };
 
 } // namespace wendlow

@@ -130,10 +130,13 @@ std::expected<void, std::string> GatewayService::start(const std::string& name) 
 
 QVariantMap GatewayService::Exchange(const QVariantMap& message, const QDBusMessage& call) {
     call.setDelayedReply(true);
-    if (message.value(subscribeKey).toBool())
+    if (message.value(subscribeKey).toBool()) {
+        m_watcher(call.isReplyRequired() ? '?' : 's');
         subscribe(call);
-    else
+    } else {
+        m_watcher(message.contains(payloadKey) ? 'r' : 'k');
         exchange(call, message, nextManner(message)); // ends by itself, whoever waits for it
+    }
     return {};
 }
 
@@ -169,7 +172,9 @@ QCoro::Task<> GatewayService::exchange(QDBusMessage call, QVariantMap message, R
     if (!self || manner.way == ReplyManner::Way::silent || !call.isReplyRequired())
         co_return;
     if (manner.way == ReplyManner::Way::refuse)
-        m_bus.send(call.createErrorReply(QDBusError::AccessDenied,
+        // By the name that the bus's own library gives to a wait that was too long: whatever its
+        // name, an error that a peer sends is an error.
+        m_bus.send(call.createErrorReply(QDBusError::NoReply,
                                          QStringLiteral("this gateway was told to refuse")));
     else if (manner.payload == ReplyManner::Payload::noDictionary)
         m_bus.send(call.createReply(QStringLiteral("no dictionary")));

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <expected>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -32,6 +34,10 @@ public:
     /// Takes the name, or tells in a sentence why it cannot.
     std::expected<void, std::string> start(const std::string& name);
 
+    /// Has each message counted from now on, by a letter: `r` for a request, `k` for a knock, `s`
+    /// for a subscription, `?` for one that wants a reply.
+    void watch(std::function<void(char)> watcher) { m_watcher = std::move(watcher); }
+
     /// To every subscriber that is still there.
     void push(const GatewayEvent& event);
 
@@ -58,6 +64,7 @@ private:
     const std::shared_ptr<Gateway> m_gateway;
     QDBusConnection m_bus;
     Misbehaviour m_misbehaviour;
+    std::function<void(char)> m_watcher = [](char) {};
     QSet<QString> m_subscribers;
     QDBusServiceWatcher m_departures;
 };

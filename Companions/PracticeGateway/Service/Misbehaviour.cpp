@@ -63,7 +63,7 @@ bool take(std::string_view word, ReplyManner& manner) {
     } else if (const auto payload = named(payloads, word)) {
         manner.payload = *payload;
     } else if (const auto wire = numberAfter("wire-", word)) {
-        manner.wire = *wire;
+        manner.wire = wire;
     } else if (const auto delay = numberAfter("late-", word); delay && *delay <= INT32_MAX) {
         manner.delay = std::chrono::milliseconds(*delay);
     } else if (word == "no-wire") {
@@ -127,7 +127,7 @@ std::string ReplyManner::payloadFor(std::string answer) const {
         answer.pop_back();
         break;
     case Payload::huge:
-        return fmt::format(R"({{"text":{{"_0":"{}"}}}})", std::string(hugeSize, 'm'));
+        return fmt::format(R"({{"text":{{"_0":"{}"}}}})", std::string(hugeSize, 'x'));
     }
     return answer;
 }

@@ -5,6 +5,7 @@
 #include "PrivateBus.h"
 #include "RunProgram.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 namespace wendlow {
@@ -83,7 +84,7 @@ TEST_F(Ask, SaysTheAnswerOrWhyThereIsNone) {
     }
     const auto running = gateway({"--replies", "huge"});
     EXPECT_EQ(said(ask(names)),
-              R"({"response":{"text":{"_0":")" + std::string(20'000'000, 'm') + "\"}}}\n");
+              R"({"response":{"text":{"_0":")" + std::string(20'000'000, 'x') + "\"}}}\n");
 }
 
 TEST_F(Ask, SaysHowLongTheGatewayTook) {
@@ -121,9 +122,17 @@ TEST_F(Ask, SendsNothingThatDoesNotRead) {
 TEST_F(Ask, FindsWhatWasWrittenBeforeTheGatewayWasKilled) {
     auto running = gateway();
     ASSERT_EQ(said(ask(written)), "{\"response\":{\"noteID\":{\"_0\":\"m1\"}}}\n");
+    for (const char* command :
+         {R"({"setDiagnosticLogging":{"_0":true}})", R"({"connectApp":{"_0":"codex"}})",
+          R"({"connectApp":{"_0":"b"}})", R"({"disconnectApp":{"_0":"b"}})"})
+        EXPECT_EQ(ask(fmt::format(R"({{"control":{{"_0":{}}}}})", command)).status, 0);
     running->kill();
     EXPECT_EQ(ask(decisions).status, 1);
     running = gateway();
+    EXPECT_EQ(said(ask(R"({"read":{"_0":{"diagnosticLoggingState":{}}}})")),
+              "{\"response\":{\"flag\":{\"_0\":true}}}\n");
+    EXPECT_EQ(said(ask(R"({"read":{"_0":{"connectedApps":{}}}})")),
+              "{\"response\":{\"text\":{\"_0\":\"codex\"}}}\n");
     const ProgramRun found = ask(decisions);
     EXPECT_EQ(found.status, 0);
     EXPECT_NE(found.out.find(R"("snippet":"Releases go out on Tuesdays.")"), std::string::npos);

@@ -71,12 +71,12 @@ protected:
     static std::string seen(const QString& busAddress) {
         const auto name = QStringLiteral("test-observer");
         auto observer = QDBusConnection::connectToBus(busAddress, name);
-        const QDBusMessage answer = observer.call(
-            QDBusMessage::createMethodCall(QStringLiteral("works.fenmoor.wendlow.gateway"),
-                                           QStringLiteral("/works/fenmoor/wendlow/gateway"),
-                                           QStringLiteral("works.fenmoor.wendlow.Gateway"),
-                                           QStringLiteral("Seen")),
-            QDBus::Block, 1000);
+        const QDBusMessage answer =
+            observer.call(QDBusMessage::createMethodCall(
+                              QStringLiteral("works.fenmoor.wendlow.gateway"),
+                              QStringLiteral("/works/fenmoor/wendlow/test"),
+                              QStringLiteral("works.fenmoor.wendlow.Test"), QStringLiteral("Seen")),
+                          QDBus::Block, 1000);
         QDBusConnection::disconnectFromBus(name);
         return answer.arguments().value(0).toString().toStdString();
     }

@@ -34,29 +34,29 @@ struct Row {
 TEST_F(XPCClientFailures, EachSayTheirSentence) {
     const std::optional<DoorFault> none;
     const Row rows[] = {
-        {"answer", "nopayload", {"healthy"}, none, "r"},
-        {"wireless", "nopayload", {"healthy"}, none, "r"},
-        {"error,answer", "nopayload", {"healthy"}, none, "rr"}, // no knock: never connected
-        {"answer,error,answer", "nopayload", {"healthy", "healthy"}, none, "rrkr"},
-        {"answer,error,answer", "error", {"healthy", "healthy"}, none, "rrkr"},
-        {"answer,error,answer", "silent", {"healthy", "healthy"}, none, "rrkr"},
-        {"answer,error,answer", "wire2", {"healthy", "healthy"}, none, "rrkr", 1},
+        {"answer", "no-payload", {"healthy"}, none, "r"},
+        {"no-wire", "no-payload", {"healthy"}, none, "r"},
+        {"refuse,answer", "no-payload", {"healthy"}, none, "rr"}, // no knock: never connected
+        {"answer,refuse,answer", "no-payload", {"healthy", "healthy"}, none, "rrkr"},
+        {"answer,refuse,answer", "refuse", {"healthy", "healthy"}, none, "rrkr"},
+        {"answer,refuse,answer", "silent", {"healthy", "healthy"}, none, "rrkr"},
+        {"answer,refuse,answer", "wire-2", {"healthy", "healthy"}, none, "rrkr", 1},
         // Whatever cannot be read is an answer all the same: the next failure knocks.
-        {"nopayload,error,answer", "nopayload", {"bad reply", "healthy"}, none, "rrkr"},
-        {"empty,error,empty", "nopayload", {"bad reply", "bad reply"}, none, "rrkr"},
-        {"rubbish,deep,cut,unknown,string,answer",
-         "nopayload",
+        {"no-payload,refuse,answer", "no-payload", {"bad reply", "healthy"}, none, "rrkr"},
+        {"empty,refuse,empty", "no-payload", {"bad reply", "bad reply"}, none, "rrkr"},
+        {"rubbish,nested,cut,unknown-case,no-dictionary,answer",
+         "no-payload",
          {"bad reply", "bad reply", "bad reply", "bad reply", "bad reply", "healthy"},
          none,
          "rrrrrr"},
-        {"error", "nopayload", {refused}, DoorFault::refused, "rr"},
-        {"error,error,answer", "nopayload", {refused, "healthy"}, none, "rrr"},
-        {"error,silent", "nopayload", {silent}, DoorFault::silent, "rr"},
-        {"answer,error,silent", "silent", {"healthy", silent}, DoorFault::silent, "rrkr"},
-        {"wire2", "nopayload", {skewed, skewed}, DoorFault::skew, "rr", 1},
-        {"answer,error,wire2", "wire2", {"healthy", skewed}, DoorFault::skew, "rrkr", 1},
-        {"wire2rubbish,wire0", "nopayload", {skewed, skewed}, DoorFault::skew, "rr", 1},
-        {"wrongtypes,wire2,answer", "nopayload", {skewed, skewed, "healthy"}, none, "rrr", 1},
+        {"refuse", "no-payload", {refused}, DoorFault::refused, "rr"},
+        {"refuse,refuse,answer", "no-payload", {refused, "healthy"}, none, "rrr"},
+        {"refuse,silent", "no-payload", {silent}, DoorFault::silent, "rr"},
+        {"answer,refuse,silent", "silent", {"healthy", silent}, DoorFault::silent, "rrkr"},
+        {"wire-2", "no-payload", {skewed, skewed}, DoorFault::skew, "rr", 1},
+        {"answer,refuse,wire-2", "wire-2", {"healthy", skewed}, DoorFault::skew, "rrkr", 1},
+        {"wire-2+rubbish,wire-0", "no-payload", {skewed, skewed}, DoorFault::skew, "rr", 1},
+        {"wrong-types,wire-2,answer", "no-payload", {skewed, skewed, "healthy"}, none, "rrr", 1},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(std::string(row.replies) + ", knock: " + row.knock);
@@ -132,7 +132,7 @@ TEST_F(XPCClientFailures, StartNoServiceThatTheBusCouldStart) {
 
 /// A real process, refused after a newer build was put where it was started from.
 TEST_F(XPCClientFailures, AreCalmWhenAnUpdateExplainsTheRefusal) {
-    const auto running = gateway("error");
+    const auto running = gateway("refuse");
     const TemporaryHome home;
     const auto folder = home / "Wendlow.app/Contents/MacOS";
     std::filesystem::create_directories(folder);
@@ -166,7 +166,7 @@ TEST_F(XPCClientFailures, AreCalmWhenAnUpdateExplainsTheRefusal) {
 }
 
 TEST_F(XPCClientFailures, KeepTheFaultOfARefusalThatAnUpdateExplains) {
-    const auto running = gateway("error");
+    const auto running = gateway("refuse");
     auto asking = options();
     asking.clientLineage = [] { return LineageCase::Stale{}; };
     XPCClient client(asking);

@@ -147,7 +147,7 @@ TEST_F(XPCClientProcesses, ExchangesOutliveTheirClient) {
 }
 
 TEST_F(XPCClientProcesses, ALateReplyIsDroppedAndNoFirstAttemptIsLate) {
-    const auto running = gateway("error,after600,after600");
+    const auto running = gateway("refuse,late-600,late-600");
     XPCClient client(options());
     const auto caller = ask(client);
     EXPECT_TRUE(comes([&] { return caller->resumed == 1; }));
@@ -159,7 +159,7 @@ TEST_F(XPCClientProcesses, ALateReplyIsDroppedAndNoFirstAttemptIsLate) {
 }
 
 TEST_F(XPCClientProcesses, AFirstAttemptWaitsBeyondTheLimitOfTheBus) {
-    const auto running = gateway("after26000");
+    const auto running = gateway("late-26000");
     XPCClient client(options());
     const auto caller = ask(client);
     EXPECT_TRUE(QTest::qWaitFor([&] { return caller->resumed == 1; }, 40'000));
@@ -167,12 +167,12 @@ TEST_F(XPCClientProcesses, AFirstAttemptWaitsBeyondTheLimitOfTheBus) {
 }
 
 TEST_F(XPCClientProcesses, ALargeReplyArrivesWhole) {
-    const auto running = gateway("big");
+    const auto running = gateway("huge");
     XPCClient client(options());
     const Caller caller = answered(client);
     EXPECT_EQ(caller.text().size(), 20'000'000U);
     EXPECT_EQ(caller.text().find_first_not_of('x'), std::string::npos);
-    EXPECT_EQ(caller.timed.daemon, 7ms);
+    EXPECT_TRUE(caller.timed.daemon.has_value());
 }
 
 TEST_F(XPCClientProcesses, AnyThreadMayAskAndIsCalledBackOnItself) {
@@ -209,7 +209,7 @@ struct Events {
 };
 
 TEST_F(XPCClientProcesses, AFloodOfEventsArrivesWholeAndWhatIsNoneIsDropped) {
-    const auto running = gateway("answer", {"--events", "10000"});
+    const auto running = gateway("answer", {"--flood", "10000"});
     XPCClient client(options());
     Events former, events;
     client.subscribe(former.handler());
@@ -233,7 +233,7 @@ TEST_F(XPCClientProcesses, ASubscriptionIsReopenedByItsOwnerAfterTheGatewayWasGo
     std::unique_ptr<GatewayProcess> running;
     for (const int round : {1, 2, 3}) {
         running = nullptr;
-        running = gateway("answer", {"--events", "1"});
+        running = gateway("answer", {"--flood", "1"});
         EXPECT_EQ(answered(client).text(), "healthy");
         EXPECT_EQ(seen(), "r"); // the client does not do it by itself
         EXPECT_TRUE(comes([&] {
@@ -245,7 +245,7 @@ TEST_F(XPCClientProcesses, ASubscriptionIsReopenedByItsOwnerAfterTheGatewayWasGo
 }
 
 TEST_F(XPCClientProcesses, EventsOfAnybodyElseAreNotHeard) {
-    const auto running = gateway("answer", {"--events", "1"});
+    const auto running = gateway("answer", {"--flood", "1"});
     XPCClient client(options());
     Events events;
     client.subscribe(events.handler());

@@ -73,13 +73,16 @@ std::string Content::prose(std::string_view projectName, std::uint64_t sentences
 
 double Content::before(double now, std::uint64_t days) {
     constexpr double day = 86400;
-    constexpr double million = 1'000'000;
-    const double share = static_cast<double>(below(1'000'000)) / million;
+    constexpr double hour = 3600;
+    constexpr std::uint64_t workingDay = 36'000; // seconds
+    constexpr std::uint64_t afternoon = 21'600;
+    constexpr std::uint64_t million = 1'000'000;
+    const double share = static_cast<double>(below(million)) / static_cast<double>(million);
     const auto ago = std::floor(share * share * static_cast<double>(days));
     const double midnight = std::floor(now / day) * day - ago * day;
-    const double at = midnight + 8 * 3600 + static_cast<double>(below(10 * 3600));
+    const double at = midnight + 8 * hour + static_cast<double>(below(workingDay));
     // Of today only what has been.
-    return at < now ? at : now - static_cast<double>(1 + below(6 * 3600));
+    return at < now ? at : now - static_cast<double>(1 + below(afternoon));
 }
 
 std::span<const Project> Content::projects() {

@@ -177,8 +177,7 @@ constexpr Words awkward[] = {
     "Füße, Straße, Ærø, Łódź, Ångström, İstanbul, Đà Nẵng — names that search must find",
     "東京の地図は縮尺を揃える",
     "First line of a note\nsecond line, with\ta tab\n\n    indented code();\n\nand a last one",
-    "https://example.org/archive/2026/very/long/path/without/any/blank/in/it/at/"
-    "all?with=a&query=too#and-a-fragment",
+    "https://example.org/archive/2026/a/path/without/any/blank?with=a&query=too#and-more",
     "<b>not bold</b> & \"quoted\" 'twice' — {braces} [brackets] \\backslash\\ %d $HOME",
     "mixed: the word שלום stands in an English sentence, and العربية too",
     "   blanks at both ends   ",

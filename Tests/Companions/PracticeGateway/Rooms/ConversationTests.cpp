@@ -289,7 +289,7 @@ TEST(Conversation, FindsByWordsLinesAndDays) {
         EXPECT_EQ(ids(row.request), row.ids) << row.request;
     EXPECT_EQ(
         rooms.read(R"({"primed":{"prompt":"why do kestrel and falcon not nest?"}})"),
-        R"({"primed":{"_0":[{"when":"2026-09-21 13:33","whenRelative":"2 months ago","chapter":"/","gist":"Kestrel nests","evidence":"first   the Nightly Backup stopped last","grabId":"old"}],"distilled":false}})");
+        R"({"primed":{"_0":[{"when":"2026-09-21 14:13","whenRelative":"2 months ago","chapter":"/","gist":"Kestrel nests","evidence":"first   the Nightly Backup stopped last","grabId":"old"}],"distilled":false}})");
 }
 
 } // namespace

@@ -140,7 +140,7 @@ TEST_F(TextBrowse, CountsForEachPanelWhatElseCouldBePicked) {
          {"f1 n1/2 narrowed newest", "fact 1, note 1", "/a 2", "area 2: storage 2; week 2: 3 1 3 1",
           "memory 2, meeting 0, moment 0"}},
         {R"("kind":"memory","filters":[{"key":"nobody","value":"x"},{"key":"area","value":"no"}])",
-         {"/0 narrowed newest", "", "", "", "memory 0, meeting 0, moment 0"}},
+         {"/0 narrowed newest", "", "", "", "meeting 0, memory 0, moment 0"}},
         {R"("kind":"memory","type":"poem")",
          {"/0 newest", "fact 2, note 2", "", "", "memory 4, meeting 1, moment 1"}},
         {R"("kind":"memory","term":"backup")",
