@@ -15,7 +15,6 @@ namespace wendlow {
 namespace {
 
 constexpr std::string_view tables = R"(
-CREATE TABLE IF NOT EXISTS settings (name TEXT PRIMARY KEY, value TEXT NOT NULL) WITHOUT ROWID;
 CREATE TABLE IF NOT EXISTS connected_apps (name TEXT PRIMARY KEY) WITHOUT ROWID;
 CREATE TABLE IF NOT EXISTS log (
     number INTEGER PRIMARY KEY, at REAL NOT NULL, category TEXT NOT NULL, line TEXT NOT NULL);
@@ -31,18 +30,18 @@ std::string_view DaemonRoom::schema() {
 }
 
 DaemonRoom::DaemonRoom(PracticeDatabase& database, Clock clock)
-    : m_database(database), m_clock(std::move(clock)) {}
+    : m_database(database), m_settings(database), m_clock(std::move(clock)) {}
 
 GatewayResponse DaemonRoom::answer(const ReadCase::DaemonBuild& /*request*/) {
     return AnswerCase::Text{fmt::format("practice gateway {}", ClientVersion::current())};
 }
 
 GatewayResponse DaemonRoom::answer(const ReadCase::DiagnosticLoggingState& /*request*/) {
-    return AnswerCase::Flag{setting(diagnosticLogging) == "on"};
+    return AnswerCase::Flag{m_settings.flag(diagnosticLogging, false)};
 }
 
 GatewayResponse DaemonRoom::answer(const ControlCase::SetDiagnosticLogging& request) {
-    set(diagnosticLogging, request._0 ? "on" : "off");
+    m_settings.setFlag(diagnosticLogging, request._0);
     return AnswerCase::Ok{};
 }
 
@@ -90,15 +89,6 @@ void DaemonRoom::log(std::string_view category, std::string_view line) {
     m_database.run("INSERT INTO log (at, category, line) VALUES (?, ?, ?)", secondsOf(m_clock()),
                    category, line);
     m_database.run("DELETE FROM log WHERE number <= ?", m_database.lastRowID() - keptLines);
-}
-
-std::optional<std::string> DaemonRoom::setting(std::string_view name) {
-    Statement value = m_database.prepare("SELECT value FROM settings WHERE name = ?");
-    return value.bind(name).step() ? std::optional(value.text(0)) : std::nullopt;
-}
-
-void DaemonRoom::set(std::string_view name, std::string_view value) {
-    m_database.run("INSERT OR REPLACE INTO settings VALUES (?, ?)", name, value);
 }
 
 } // namespace wendlow

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <string>
 #include <string_view>
 
 #include "Clock.h"
@@ -10,6 +8,7 @@
 #include "GatewayResponse.h"
 #include "PracticeDatabase.h"
 #include "ReadRequest.h"
+#include "Settings.h"
 
 namespace wendlow {
 
@@ -37,10 +36,9 @@ public:
 
 private:
     void log(std::string_view category, std::string_view line);
-    std::optional<std::string> setting(std::string_view name);
-    void set(std::string_view name, std::string_view value);
 
     PracticeDatabase& m_database;
+    Settings m_settings;
     Clock m_clock;
 };
 

@@ -159,6 +159,14 @@ bool DocumentStore::remove(std::string_view id) {
     return true;
 }
 
+void DocumentStore::clear() {
+    // Row by row, the trigger would tell the index the words of each once more.
+    m_database.execute("DROP TRIGGER document_removed; DELETE FROM documents;"
+                       "INSERT INTO document_words(document_words) VALUES('delete-all')");
+    m_database.execute(tables);
+    m_facets = {};
+}
+
 std::optional<Document> DocumentStore::find(std::string_view id) {
     m_byID.bind(id);
     return only(m_byID);

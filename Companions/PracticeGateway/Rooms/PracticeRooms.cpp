@@ -4,6 +4,7 @@
 
 #include "DatabaseError.h"
 #include "Fill/MemoryFill.h"
+#include "Fill/WorkFill.h"
 
 namespace wendlow {
 
@@ -11,6 +12,10 @@ PracticeRooms::PracticeRooms(std::unique_ptr<PracticeDatabase> database, const C
     : m_database(std::move(database)), m_clock(clock), m_documents(*m_database),
       m_memories(m_documents, clock), m_search(m_documents), m_recall(m_documents, clock),
       m_scopes(m_documents), m_rules(m_documents, m_scopes), m_mods(m_documents, clock),
+      m_ledger(*m_database), m_keep(m_documents, clock),
+      m_moments(m_documents, m_ledger, m_keep, clock), m_meetings(m_documents),
+      m_days(m_documents, m_ledger, m_keep, clock), m_hours(m_ledger, m_keep, m_documents, clock),
+      m_recording(m_documents, clock), m_phrase(m_documents), m_grants(*m_database, m_recording),
       m_daemon(*m_database, clock) {}
 
 std::expected<std::unique_ptr<PracticeRooms>, std::string>
@@ -19,8 +24,9 @@ PracticeRooms::open(const std::filesystem::path& file, const Clock& clock) try {
     if (!database)
         return std::unexpected(database.error());
     (*database)
-        ->install<DocumentStore, MemoryRoom, SearchRoom, RecallRoom, ScopeRoom, RuleRoom, ModRoom,
-                  DaemonRoom>();
+        ->install<DocumentStore, Settings, MemoryRoom, SearchRoom, RecallRoom, ScopeRoom, RuleRoom,
+                  ModRoom, ActivityLedger, KeepRoom, MomentRoom, MeetingRoom, DayRoom, LedgerRoom,
+                  RecordingRoom, PhraseRoom, GrantRoom, DaemonRoom>();
     return std::unique_ptr<PracticeRooms>(new PracticeRooms(std::move(*database), clock));
 } catch (const std::exception& error) {
     return std::unexpected(file.string() + " could not be opened — " + error.what());
@@ -33,6 +39,8 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     {
         Transaction transaction(*m_database);
         MemoryFill(m_documents, m_mods, m_clock).fill(size);
+        WorkFill(m_documents, m_ledger, m_moments, m_meetings, m_keep, m_clock).fill(size);
+        fillState();
         transaction.commit();
     }
     // The index in one piece is the fastest to search, and a fill is not waited for again.
@@ -41,6 +49,22 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     return {};
 } catch (const std::exception& error) {
     return std::unexpected(std::string("the database could not be filled — ") + error.what());
+}
+
+void PracticeRooms::fillState() {
+    m_grants.grantAll();
+    m_phrase.makeKey("a fixed key");
+    m_daemon.answer(ControlCase::ConnectApp{"claude-code"});
+    m_daemon.answer(ControlCase::ConnectApp{"codex"});
+    const auto shipped = RuleOrigin::shipped;
+    m_recording.put(RuleKind::app, "Keychain Access", RuleTier::never, shipped);
+    m_recording.put(RuleKind::site, "bank.example", RuleTier::never, shipped);
+    const auto user = RuleOrigin::user;
+    m_recording.put(RuleKind::app, "Music", RuleTier::usageOnly, user);
+    m_recording.put(RuleKind::site, "youtube.com", RuleTier::usageOnly, user);
+    m_recording.put(RuleKind::word, "salary", RuleTier::never, user);
+    m_recording.put(RuleKind::phrase, "medical record", RuleTier::never, user);
+    m_recording.put(RuleKind::topic, "my health", RuleTier::never, user);
 }
 
 } // namespace wendlow

@@ -6,14 +6,23 @@
 #include <string>
 #include <tuple>
 
+#include "ActivityLedger.h"
 #include "Clock.h"
 #include "DaemonRoom.h"
+#include "DayRoom.h"
 #include "DocumentStore.h"
 #include "Fill/FillSize.h"
+#include "GrantRoom.h"
+#include "KeepRoom.h"
+#include "LedgerRoom.h"
+#include "MeetingRoom.h"
 #include "MemoryRoom.h"
 #include "ModRoom.h"
+#include "MomentRoom.h"
+#include "PhraseRoom.h"
 #include "PracticeDatabase.h"
 #include "RecallRoom.h"
+#include "RecordingRoom.h"
 #include "RuleRoom.h"
 #include "ScopeRoom.h"
 #include "SearchRoom.h"
@@ -33,11 +42,14 @@ public:
 
     /// Every room, for the dispatch.
     auto all() {
-        return std::tie(m_memories, m_search, m_recall, m_rules, m_scopes, m_mods, m_daemon);
+        return std::tie(m_memories, m_search, m_recall, m_rules, m_scopes, m_mods, m_keep,
+                        m_moments, m_meetings, m_days, m_hours, m_recording, m_phrase, m_grants,
+                        m_daemon);
     }
     DocumentStore& documents() { return m_documents; }
 
 private:
+    void fillState();
     PracticeRooms(std::unique_ptr<PracticeDatabase> database, const Clock& clock);
 
     std::unique_ptr<PracticeDatabase> m_database;
@@ -49,6 +61,15 @@ private:
     ScopeRoom m_scopes;
     RuleRoom m_rules;
     ModRoom m_mods;
+    ActivityLedger m_ledger;
+    KeepRoom m_keep;
+    MomentRoom m_moments;
+    MeetingRoom m_meetings;
+    DayRoom m_days;
+    LedgerRoom m_hours;
+    RecordingRoom m_recording;
+    PhraseRoom m_phrase;
+    GrantRoom m_grants;
     DaemonRoom m_daemon;
 };
 

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,7 +27,8 @@ inline Clock tickingClock() {
 /// answer is the contract's JSON, without the envelope of the four kinds of request.
 class TemporaryRooms {
 public:
-    TemporaryRooms() {
+    explicit TemporaryRooms(std::function<Clock()> clock = tickingClock)
+        : m_clock(std::move(clock)) {
         std::string pattern = (std::filesystem::temp_directory_path() / "rooms-XXXXXX").string();
         m_folder = ::mkdtemp(pattern.data());
         reopen();
@@ -43,13 +45,14 @@ public:
     void close() { m_rooms.reset(); }
     void reopen() {
         m_rooms.reset();
-        m_rooms = PracticeRooms::open(file(), tickingClock()).value();
+        m_rooms = PracticeRooms::open(file(), m_clock()).value();
     }
     PracticeRooms& operator*() { return *m_rooms; }
     PracticeRooms* operator->() { return m_rooms.get(); }
 
     std::string read(std::string_view request) { return ask("read", request); }
     std::string note(std::string_view request) { return ask("notes", request); }
+    std::string control(std::string_view request) { return ask("control", request); }
 
 private:
     std::string ask(std::string_view kind, std::string_view request) {
@@ -61,6 +64,7 @@ private:
         return WireCodec::encode(Dispatch::answer(*decoded, all)).value();
     }
 
+    std::function<Clock()> m_clock;
     std::filesystem::path m_folder;
     std::unique_ptr<PracticeRooms> m_rooms;
 };

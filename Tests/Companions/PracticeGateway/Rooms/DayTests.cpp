@@ -1,0 +1,142 @@
+#include "TemporaryRooms.h"
+
+#include "DayReports.h"
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using ::testing::HasSubstr;
+using testing::TemporaryRooms;
+
+constexpr double morning = 1'795'248'000; // 2026-11-21 08:00 UTC
+
+struct Piece {
+    double from; ///< in minutes after 8:00
+    double to;
+    std::string app;
+    bool attended = true;
+    Attention attention = Attention::work;
+    std::optional<std::string> site = std::nullopt;
+};
+
+std::vector<Activity> pieces(std::initializer_list<Piece> list) {
+    std::vector<Activity> activities;
+    for (const Piece& piece : list)
+        activities.push_back({.day = "2026-11-21",
+                              .start = morning + piece.from * 60,
+                              .end = morning + piece.to * 60,
+                              .app = piece.app,
+                              .isBrowser = piece.site.has_value(),
+                              .attended = piece.attended,
+                              .attention = piece.attention,
+                              .site = piece.site,
+                              .chapter = 1});
+    return activities;
+}
+
+TEST(DayReports, CountOverlapsOnceAndBreakRunsAtGaps) {
+    const struct {
+        std::vector<Activity> activities;
+        std::int64_t covered;
+        std::vector<std::int64_t> focus; ///< minutes
+        std::int64_t runs;
+        std::int64_t sitting;
+    } rows[] = {
+        {{}, 0, {}, 0, 0},
+        {pieces({{0, 10, "A"}}), 10, {10}, 1, 10},
+        {pieces({{0, 9, "A"}}), 9, {}, 0, 9},
+        {pieces({{0, 10, "A"}, {12, 20, "B"}}), 18, {20}, 1, 20},
+        {pieces({{0, 10, "A"}, {13, 30, "B"}}), 27, {17, 10}, 2, 30},
+        {pieces({{0, 10, "A"}, {25.1, 40, "B"}}), 24, {14, 10}, 2, 14},
+        {pieces({{0, 30, "A"}, {5, 10, "B"}, {20, 40, "C"}}), 40, {40}, 1, 40},
+        // What an AI did alone is no focus of anybody.
+        {pieces({{0, 60, "A", false}, {10, 25, "B"}}), 60, {15}, 1, 15},
+        {pieces({{0, 12, "A"},
+                 {20, 32, "A"},
+                 {40, 52, "A"},
+                 {60, 72, "A"},
+                 {80, 92, "A"},
+                 {100, 112, "A"}}),
+         72,
+         {12, 12, 12, 12, 12},
+         6,
+         112},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        EXPECT_EQ(DayReports::covered(row.activities) / 60, row.covered);
+        const DayStretchReport report = DayReports::stretches("2026-11-21", row.activities);
+        std::vector<std::int64_t> focus;
+        for (const auto& run : report.focus)
+            focus.push_back(run.seconds / 60);
+        EXPECT_EQ(focus, row.focus);
+        EXPECT_EQ(report.runCount, row.runs);
+        EXPECT_EQ(report.sitting.value_or(DayStretchSitting{}).seconds / 60, row.sitting);
+    }
+}
+
+TEST(DayRoom, AnswersOfOneDay) {
+    ::setenv("TZ", "UTC", 1);
+    TemporaryRooms rooms;
+    {
+        ActivityLedger ledger(rooms->documents().database());
+        ledger.put(Chapter{1, "2026-11-21", "The index", morning, morning + 3600});
+        for (const Activity& activity :
+             pieces({{0, 20, "Cursor", true, Attention::ai},
+                     {20, 30, "Safari", true, Attention::work, "sqlite.org"},
+                     {20, 50, "Cursor", false, Attention::ai},
+                     {30, 31, "Safari", true, Attention::scrolling, "reddit.com"},
+                     {31, 60, "Mail", true, Attention::humans}}))
+            ledger.put(activity);
+        Activity before = pieces({{-1440, -1430, "Mail"}}).front();
+        before.day = "2026-11-20";
+        ledger.put(before);
+    }
+    const auto ofDay = [](std::string_view question) {
+        return fmt::format(R"({{"{}":{{"day":"2026-11-21"}}}})", question);
+    };
+    const struct {
+        std::string request;
+        std::string_view answer;
+    } rows[] = {
+        {ofDay("dayAttention"),
+         R"({"attention":{"_0":{"day":"2026-11-21","aiSeconds":1200,"humansSeconds":1740,"scrollingSeconds":60,"scrollingGlances":1}}})"},
+        {ofDay("dayWeb"),
+         R"({"web":{"_0":{"day":"2026-11-21","browserSeconds":660,"sites":[{"domain":"sqlite.org","seconds":600},{"domain":"reddit.com","seconds":60}]}}})"},
+        {ofDay("dayTopSessions"),
+         R"({"topSessions":{"_0":{"day":"2026-11-21","sessions":[{"title":"The index","seconds":5400,"chapterId":"c1"}]}}})"},
+        {ofDay("dayLongestChapter"),
+         R"({"longestChapter":{"_0":{"title":"The index","spanSeconds":3600}}})"},
+        {ofDay("getDay"), R"({"text":{"_0":"- 08:00–09:00 · The index · c1\n"}})"},
+        {R"({"dayPresence":{"day":"2026-11-21","app":"Cursor"}})",
+         R"({"presence":{"_0":{"day":"2026-11-21","apps":[{"app":"Cursor","attended":1200,"unattended":1800,"active":3000,"isBrowser":false,"intervals":[{"start":1795248000,"end":1795249200,"kind":"attended"},{"start":1795249200,"end":1795251000,"kind":"unattended"}]}],"active":3000},"app":"Cursor"}})"},
+        {R"({"spanHours":{"from":"2026-11-15","to":"2026-11-21"}})",
+         R"({"spanHours":{"_0":{"from":"2026-11-15","to":"2026-11-21","attended":4200,"unattended":1800,"active":4200,"apps":[{"app":"Cursor","attended":1200,"unattended":1800,"active":3000},{"app":"Mail","attended":2340,"unattended":0,"active":2340},{"app":"Safari","attended":660,"unattended":0,"active":660}],"days":[{"day":"2026-11-20","attended":600,"unattended":0},{"day":"2026-11-21","attended":3600,"unattended":1800}]}}})"},
+        {R"({"dayLongestChapter":{"day":"2026-11-01"}})", R"({"longestChapter":{}})"},
+        {R"({"dayCard":{"day":"2026-11-01"}})", R"({"thing":{}})"},
+        {R"({"dayWeb":{"day":"2026-02-30"}})",
+         R"({"failure":{"message":"“2026-02-30” is not a day; a day is written as 2026-11-21"}})"},
+        {R"({"spanHours":{"from":"2026-11-21","to":"today"}})",
+         R"({"failure":{"message":"“today” is not a day; a day is written as 2026-11-21"}})"},
+        {R"({"tally":{"span":"week","mode":"sites"}})",
+         R"({"text":{"_0":"2026-11-15 to 2026-11-21\n- sqlite.org: 10m\n- reddit.com: 1m\n"}})"},
+        {R"({"tally":{"span":"2026-11-20..2026-11-21","mode":"days","entity":"Mail"}})",
+         R"({"text":{"_0":"2026-11-20 to 2026-11-21\n- 2026-11-20: 10m\n- 2026-11-21: 29m\n"}})"},
+        {R"({"tally":{"span":"yesterday"}})",
+         R"({"text":{"_0":"2026-11-20 to 2026-11-20\n- Mail: 10m\n"}})"},
+        {R"({"tally":{"span":"week","mode":"moods"}})",
+         R"({"failure":{"message":"“moods” is no way to count hours; those are apps, sites and days"}})"},
+        {R"({"coverage":{}})",
+         R"({"text":{"_0":"2026-11-20 to 2026-11-21: something is known of 2 of 2 days, 1h 10m in all"}})"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(rooms.read(row.request), row.answer) << row.request;
+    EXPECT_THAT(rooms.read(R"({"allTime":{}})"),
+                HasSubstr(R"("moments":0,"meetings":0,"days":2,"yourWorkSeconds":4200,)"
+                          R"("aiWorkSeconds":1800,)"));
+}
+
+} // namespace
+} // namespace wendlow

@@ -1,0 +1,286 @@
+// Pictures, how they are kept and how they go; and what may be recorded.
+
+#include "TemporaryRooms.h"
+
+#include <gmock/gmock.h>
+#include <sodium.h>
+
+namespace wendlow {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+using testing::TemporaryRooms;
+
+/// A clock that stands still until it is set.
+struct StillClock {
+    double seconds = 1'795'262'400; // 2026-11-21 12:00 UTC
+
+    std::function<Clock()> clock() {
+        return [this] {
+            return [this] {
+                return std::chrono::system_clock::time_point(
+                    std::chrono::milliseconds(static_cast<std::int64_t>(seconds * 1000)));
+            };
+        };
+    }
+};
+
+template<class Case> Case as(const std::string& json) {
+    const auto decoded = WireCodec::decodeResponse(json);
+    const Case* const found = decoded ? std::get_if<Case>(&*decoded) : nullptr;
+    EXPECT_NE(found, nullptr) << json;
+    return found == nullptr ? Case{} : *found;
+}
+
+FrameStats frames(TemporaryRooms& rooms) {
+    return as<AnswerCase::FrameStats>(rooms.read(R"({"frameStats":{}})"))._0;
+}
+
+std::int64_t figure(TemporaryRooms& rooms, std::string_view sql) {
+    Statement statement = rooms->documents().database().prepare(sql);
+    statement.step();
+    return statement.integer(0);
+}
+
+class Keep : public ::testing::Test {
+protected:
+    Keep() {
+        ::setenv("TZ", "UTC", 1);
+        EXPECT_TRUE(rooms->fill(FillSize::day).has_value());
+    }
+
+    /// The id of the first or the last moment with a picture.
+    std::int64_t framed(std::string_view which) {
+        return figure(rooms, fmt::format("SELECT {}(moment) FROM moments JOIN documents "
+                                         "USING(number) WHERE framed",
+                                         which));
+    }
+    std::string picture(std::string_view question, std::int64_t moment, std::string_view more) {
+        const auto image = as<AnswerCase::Image>(
+            rooms.read(fmt::format(R"({{"{}":{{"momentID":{}{}}}}})", question, moment, more)));
+        EXPECT_EQ(image.mimeType, "image/png");
+        std::vector<unsigned char> bytes(image.base64.size());
+        std::size_t size = 0;
+        EXPECT_EQ(sodium_base642bin(bytes.data(), bytes.size(), image.base64.data(),
+                                    image.base64.size(), nullptr, &size, nullptr,
+                                    sodium_base64_VARIANT_ORIGINAL),
+                  0);
+        return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size)};
+    }
+
+    StillClock clock;
+    TemporaryRooms rooms{clock.clock()};
+};
+
+TEST_F(Keep, DeletesPicturesDayByDayAndGoesOnAfterARestart) {
+    const FrameStats before = frames(rooms);
+    const std::int64_t days =
+        figure(rooms, "SELECT count(DISTINCT day) FROM moments JOIN documents USING(number) "
+                      "WHERE framed");
+    ASSERT_GE(days, 5);
+    EXPECT_FALSE(before.purge);
+    EXPECT_EQ(rooms.control(R"({"setFrameKeep":{"_0":false}})"), R"({"ok":{}})");
+    EXPECT_EQ(rooms.read(R"({"frameKeepState":{}})"), R"({"flag":{"_0":false}})");
+    EXPECT_EQ(frames(rooms).screenshots, before.screenshots);
+    EXPECT_EQ(frames(rooms).purge.value().daysRemaining, days);
+    EXPECT_EQ(frames(rooms).purge.value().bytesRemaining, before.bytes);
+    // A day that withstands: the last one.
+    rooms->documents().database().execute("INSERT INTO locked_days SELECT max(day) FROM moments");
+    std::int64_t kept = before.screenshots;
+    for (std::int64_t left = days - 1; left >= 1; --left) {
+        clock.seconds += 2;
+        if (left == days / 2)
+            rooms.reopen();
+        const FrameStats stats = frames(rooms);
+        EXPECT_EQ(stats.purge.value().daysRemaining, left);
+        EXPECT_EQ(stats.purge.value().skipped.size(), 0U);
+        EXPECT_LT(stats.screenshots, kept);
+        kept = stats.screenshots;
+    }
+    clock.seconds += 2;
+    const FrameStats after = frames(rooms);
+    EXPECT_EQ(after.purge.value().skipped, std::vector<std::string>{"2026-11-21"});
+    EXPECT_EQ(after.screenshots, kept);
+    EXPECT_GT(kept, 0);
+    EXPECT_EQ(figure(rooms, "SELECT count(*) FROM documents WHERE kind = 1"), 150);
+    EXPECT_EQ(as<AnswerCase::DiskUsed>(rooms.read(R"({"diskUsed":{}})"))._0.frames, after.bytes);
+    // On again: what is left is left.
+    rooms.control(R"({"setFrameKeep":{"_0":true}})");
+    clock.seconds += 100;
+    EXPECT_EQ(frames(rooms), (FrameStats{.screenshots = kept, .bytes = after.bytes}));
+}
+
+TEST_F(Keep, DropsMeetingPicturesAtOnceAndEverythingWhenAsked) {
+    EXPECT_THAT(rooms.read(R"({"reelStats":{}})"), HasSubstr(R"("meetings":6,)"));
+    rooms.control(R"({"setReelKeep":{"_0":false}})");
+    rooms.reopen();
+    EXPECT_THAT(rooms.read(R"({"reelStats":{}})"), HasSubstr(R"("meetings":0,"bytes":0)"));
+    EXPECT_EQ(rooms.read(R"({"reelKeepState":{}})"), R"({"flag":{"_0":false}})");
+    EXPECT_EQ(rooms.control(R"({"deleteAll":{}})"), R"({"ok":{}})");
+    for (int opened = 0; opened < 2; ++opened) {
+        EXPECT_THAT(rooms.read(R"({"textIndexAudit":{"reindex":false}})"),
+                    HasSubstr(R"("rows":0,"memories":0,"moments":0,"meetings":0,"pending":0)"));
+        EXPECT_THAT(rooms.read(R"({"textBrowse":{"limit":1}})"), HasSubstr(R"("total":0,)"));
+        for (const std::string_view table : {"utterances", "moments", "activities", "mods"})
+            EXPECT_EQ(figure(rooms, fmt::format("SELECT count(*) FROM {}", table)), 0) << table;
+        rooms.reopen();
+    }
+    EXPECT_THAT(rooms.read(R"({"getRules":{}})"), HasSubstr("salary"));
+    // What is written from now on is found again, and can be forgotten.
+    rooms.note(R"({"write":{"text":"anew","why":"","writer":"w","type":"note","path":"/"}})");
+    EXPECT_THAT(rooms.read(R"({"textBrowse":{"term":"anew"}})"), HasSubstr(R"("total":1,)"));
+    rooms->documents().database().execute(
+        "INSERT INTO document_words(document_words, rank) VALUES('integrity-check', 1)");
+}
+
+TEST_F(Keep, DrawsTheSamePictureEachTime) {
+    const std::int64_t moment = framed("min");
+    // The signature and the name of the header, in which width and height follow.
+    const std::string beginning("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+    const std::string first = picture("getThumbnail", moment, "");
+    EXPECT_EQ(first.substr(0, 24), beginning + std::string("\0\0\x01\x40\0\0\0\xC8", 8));
+    const std::string whole = picture("getScreen", moment, R"(,"window":"")");
+    EXPECT_EQ(whole.substr(0, 24), beginning + std::string("\0\0\x05\0\0\0\x03\x20", 8));
+    EXPECT_NE(first, picture("getThumbnail", framed("max"), ""));
+    rooms.reopen();
+    EXPECT_EQ(first, picture("getThumbnail", moment, ""));
+    rooms.control(R"({"setFrameKeep":{"_0":false}})");
+    clock.seconds += 60;
+    EXPECT_EQ(
+        rooms.read(fmt::format(R"({{"getThumbnail":{{"momentID":{}}}}})", moment)),
+        fmt::format(R"({{"failure":{{"message":"no picture is kept of moment {}"}}}})", moment));
+}
+
+TEST_F(Keep, TellsWhichPicturesThereAreNot) {
+    const std::int64_t moment = framed("min");
+    const auto screens = as<AnswerCase::Images>(rooms.read(fmt::format(
+        R"({{"openScreens":{{"_0":[{{"moment":9999}},{{"moment":{0}}},{{"moment":{0},"window":"?"}}]}}}})",
+        moment)));
+    std::string notes;
+    for (const ScreenImage& image : screens._0) {
+        if (image.note)
+            notes.append(*image.note);
+        notes.append(image.heic ? "drawn\n" : "\n");
+    }
+    EXPECT_EQ(notes, fmt::format("no moment has the id “9999”\ndrawn\n"
+                                 "moment {} has no window “?”\n",
+                                 moment));
+    const auto icons = as<AnswerCase::Icons>(
+        rooms.read(R"({"favicons":{"hosts":["github.com","sqlite.org","localhost",""]}})"));
+    ASSERT_EQ(icons._0.size(), 2U);
+    EXPECT_TRUE(icons._0.begin()->second.bytes != icons._0.rbegin()->second.bytes);
+}
+
+TEST(Recording, FollowsTheRulesAndThePauses) {
+    ::setenv("TZ", "UTC", 1);
+    StillClock clock;
+    TemporaryRooms rooms{clock.clock()};
+    const auto front = [&] { return std::string(rooms.read(R"({"frontState":{}})")).substr(20); };
+    EXPECT_EQ(front(), R"("unknown"}})");
+    EXPECT_EQ(rooms.read(R"({"health":{}})"), R"({"text":{"_0":"a grant is missing"}})");
+    for (const std::string_view kind : {"screen_recording", "accessibility", "microphone"})
+        rooms.control(fmt::format(R"({{"requestGrant":{{"kind":"{}"}}}})", kind));
+    const std::int64_t number = rooms->documents().put({.kind = DocumentKind::moment,
+                                                        .id = "7",
+                                                        .title = "Salaries",
+                                                        .body = "What the LIBRARY keeps",
+                                                        .framed = true});
+    rooms->documents().database().run(
+        "INSERT INTO moments VALUES(7, ?, '2026-11-21', 0, 'Safari', 'w', 'window', "
+        "'docs.sqlite.org', 5, NULL, NULL)",
+        number);
+    const auto add = [](std::string_view value, std::string_view kind, std::string_view tier) {
+        return fmt::format(R"({{"addRule":{{"value":"{}","kind":"{}","tier":"{}"}}}})", value, kind,
+                           tier);
+    };
+    const struct {
+        std::string command;
+        std::string_view front;
+    } rows[] = {
+        {R"({"resume":{}})", "full"},
+        {add(" safari ", "app", "usageOnly"), "titleOnly"},
+        {add("qlite.org", "site", "never"), "titleOnly"},
+        {add("sqlite.org", "site", "never"), "blocked"},
+        {R"({"toggleRule":{"id":"r3","enabled":false}})", "titleOnly"},
+        {R"({"removeRule":{"id":"r1"}})", "full"},
+        {add("the library", "phrase", "never"), "blocked"},
+        {add("the library", "phrase", "usageOnly"), "titleOnly"},
+        {R"({"pause":{}})", "none"},
+        {R"({"resume":{}})", "titleOnly"},
+        {R"({"removeRule":{"id":"r4"}})", "full"},
+        {R"({"addConcept":{"_0":"the library"}})", "full"},
+        {R"({"pauseFor":{"minutes":10}})", "none"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(rooms.control(row.command), R"({"ok":{}})") << row.command;
+        EXPECT_EQ(front(), fmt::format(R"("{}"}}}})", row.front)) << row.command;
+    }
+    rooms.reopen();
+    EXPECT_EQ(rooms.read(R"({"health":{}})"),
+              R"json({"text":{"_0":"paused (resumes 12:10)"}})json");
+    clock.seconds += 600;
+    EXPECT_EQ(rooms.read(R"({"health":{}})"), R"({"text":{"_0":"healthy"}})");
+    EXPECT_EQ(front(), R"("full"}})");
+    const std::string rules = rooms.read(R"({"getRules":{}})");
+    EXPECT_EQ(
+        rules,
+        R"({"rules":{"_0":[{"id":"r2","kind":"site","value":"qlite.org","tier":"never","origin":"user","enabled":true},{"id":"r3","kind":"site","value":"sqlite.org","tier":"never","origin":"user","enabled":false},{"id":"r6","kind":"topic","value":"the library","tier":"never","origin":"user","enabled":true}]}})");
+    for (const std::string& command :
+         {add("x", "colour", "never"), add("x", "app", "sometimes"), add("  ", "app", "never"),
+          std::string(R"({"pauseFor":{"minutes":0}})"),
+          std::string(R"({"removeRule":{"id":"r4"}})"), std::string(R"({"removeRule":{"id":"2"}})"),
+          std::string(R"({"toggleRule":{"id":"r9","enabled":true}})"),
+          std::string(R"({"removeConcept":{"_0":"x"}})"),
+          std::string(R"({"requestGrant":{"kind":"camera"}})")})
+        EXPECT_THAT(rooms.control(command), StartsWith(R"({"failure":)")) << command;
+    EXPECT_EQ(rooms.read(R"({"getRules":{}})"), rules);
+}
+
+TEST(RecoveryPhrase, OpensWithItsOwnWordsOnly) {
+    TemporaryRooms rooms;
+    const auto state = [&] {
+        return as<AnswerCase::Text>(rooms.read(R"({"recoveryState":{}})"))._0;
+    };
+    const auto adopted = [&](const std::vector<std::string>& words) {
+        auto all = rooms->all();
+        return WireCodec::encode(
+                   Dispatch::answer(GatewayRequest(ControlRequest(ControlCase::EnterPhrase{words})),
+                                    all))
+            .value();
+    };
+    EXPECT_EQ(state(), "new");
+    EXPECT_THAT(rooms.control(R"({"revealPhrase":{}})"), HasSubstr("holds no Wendlow store key"));
+    const std::string made = rooms.control(R"({"generatePhrase":{}})");
+    const auto words = as<AnswerCase::Phrase>(made)._0;
+    ASSERT_EQ(words.size(), 12U);
+    rooms.reopen();
+    EXPECT_EQ(rooms.control(R"({"generatePhrase":{}})"), made);
+    EXPECT_EQ(rooms.control(R"({"revealPhrase":{}})"), made);
+    EXPECT_EQ(state(), "armed");
+    EXPECT_THAT(adopted(words), HasSubstr("already holds a Wendlow store key"));
+
+    rooms->documents().database().execute("DELETE FROM settings WHERE name = 'key.held'");
+    EXPECT_EQ(state(), "locked");
+    auto eleven = words;
+    eleven.pop_back();
+    EXPECT_THAT(adopted(eleven), HasSubstr("a recovery phrase is 12 words — this one has 11"));
+    auto misspelt = words;
+    misspelt[3] = "wendlow";
+    EXPECT_THAT(adopted(misspelt), HasSubstr("is not one of the recovery words"));
+    auto wrong = words;
+    wrong.back() = words.back() == "acre" ? "alder" : "acre";
+    EXPECT_THAT(adopted(wrong), HasSubstr("failed its checksum"));
+    EXPECT_THAT(adopted(RecoveryWords::phraseOf("another key")),
+                HasSubstr("they did not open any of the 1 store file(s)"));
+    EXPECT_EQ(state(), "locked");
+    auto shouted = words;
+    for (char& letter : shouted[0])
+        letter = static_cast<char>(std::toupper(letter));
+    EXPECT_THAT(adopted(shouted), HasSubstr("Phrase accepted: it opened 1 of the 1 store file(s)"));
+    EXPECT_EQ(state(), "armed");
+    EXPECT_EQ(rooms.control(R"({"revealPhrase":{}})"), made);
+}
+
+} // namespace
+} // namespace wendlow

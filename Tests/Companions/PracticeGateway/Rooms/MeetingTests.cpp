@@ -1,0 +1,170 @@
+#include "MeetingRoom.h"
+#include "TemporaryRooms.h"
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using testing::TemporaryRooms;
+
+constexpr double start = 1'795'250'700; // 2026-11-21 08:45 UTC
+
+class Meetings : public ::testing::Test {
+protected:
+    Meetings() {
+        ::setenv("TZ", "UTC", 1);
+        put({.id = "meeting:zoom:1",
+             .app = "zoom",
+             .start = start,
+             .end = start + 3900,
+             .title = "Budget · \"round two\"\nfor spring",
+             .reelBytes = 500,
+             .lines = {{"Mara", start + 5, "Two copies of the backup."},
+                       {"Jonas, junior", start + 50, "And both tried?"},
+                       {"", start + 70, "Yes."},
+                       {"Mara", start + 90, "Yes."}}});
+        put({.id = "meeting:meet:2",
+             .app = "meet",
+             .start = start - 86'400,
+             .end = start - 86'400 + 120,
+             .lines = {{"", start - 86'000, "Backup, anybody?"}}});
+        put({.id = "meeting:zoom:3",
+             .app = "zoom",
+             .start = start + 86'400,
+             .end = start + 86'400 + 59,
+             .title = "Nobody spoke"});
+    }
+
+    void put(const MeetingRecord& meeting) {
+        PracticeDatabase& database = rooms->documents().database();
+        Transaction transaction(database);
+        MeetingRoom(rooms->documents()).put(meeting, "/studio");
+        transaction.commit();
+    }
+    std::string list(std::string_view arguments = "") {
+        const auto answer = rooms.read(fmt::format(R"({{"meetingList":{{{}}}}})", arguments));
+        return std::get<AnswerCase::Text>(WireCodec::decodeResponse(answer).value())._0;
+    }
+    MeetingTranscriptAnswer transcript() {
+        const auto answer = rooms.read(R"({"meetingTranscript":{"id":"meeting:zoom:1"}})");
+        return std::get<AnswerCase::Transcript>(WireCodec::decodeResponse(answer).value())._0;
+    }
+    std::string erase(std::string_view meeting, std::int64_t line, std::string_view witness) {
+        return rooms.control(
+            fmt::format(R"({{"deleteUtterance":{{"meeting":"{}","rowid":{},"witness":"{}"}}}})",
+                        meeting, line, witness));
+    }
+
+    TemporaryRooms rooms;
+};
+
+const std::string budget =
+    "- meeting:zoom:1 · 2026-11-21 08:45–09:50 · 1h 5m · "
+    "\"Budget - \"round two\" for spring\" · Mara, Jonas  junior · 4 lines\n";
+const std::string unnamed = "- meeting:meet:2 · 2026-11-20 08:45–08:47 · 2m · 1 unnamed guest · "
+                            "1 lines\n";
+const std::string silent = "- meeting:zoom:3 · 2026-11-22 08:45–08:45 · 0m · \"Nobody spoke\" · "
+                           "no named speakers · 0 lines\n";
+
+TEST_F(Meetings, AreListedInALineThatCanBeTakenApart) {
+    const struct {
+        std::string arguments;
+        std::string list;
+    } rows[] = {
+        {"", "3 meetings\n" + silent + budget + unnamed},
+        {R"("day":"2026-11-21")", "1 meeting\n" + budget},
+        {R"("app":"zoom")", "2 meetings\n" + silent + budget},
+        {R"("person":"MARA")", "1 meeting\n" + budget},
+        {R"("person":"Guest")", "No meetings."},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(list(row.arguments), row.list) << row.arguments;
+}
+
+TEST_F(Meetings, AreReadInWords) {
+    const struct {
+        std::string_view request;
+        std::string_view answer;
+    } rows[] = {
+        {R"({"meetingTranscript":{"id":"meeting:zoom:3"}})",
+         R"({"failure":{"message":"no transcript is kept for “meeting:zoom:3”"}})"},
+        {R"({"meetingTranscript":{"id":"meeting:zoom:9"}})",
+         R"({"failure":{"message":"no transcript is kept for “meeting:zoom:9”"}})"},
+        {R"({"meetingAt":{"id":"meeting:zoom:1","at":"08:45"}})",
+         R"({"text":{"_0":"[08:45] Mara: Two copies of the backup.\n[08:45] Jonas, junior: And both tried?\n[08:46] Guest: Yes.\n[08:46] Mara: Yes.\n"}})"},
+        {R"({"meetingAt":{"id":"meeting:zoom:1","at":"09:00"}})",
+         R"({"text":{"_0":"Nothing was said at 09:00."}})"},
+        {R"({"meetingStats":{"id":"meeting:zoom:1"}})",
+         R"({"text":{"_0":"1h 5m, 4 lines\n- Mara: 2 lines\n- Jonas, junior: 1 lines\n- Guest: 1 lines\n"}})"},
+        {R"({"meetingGet":{"id":"meeting:zoom:9"}})",
+         R"({"failure":{"message":"no meeting has the id “meeting:zoom:9”"}})"},
+        {R"({"meetingSearch":{"query":"BACKUP","speaker":"mar"}})",
+         R"({"cards":{"_0":[{"kind":"meeting","id":"meeting:zoom:1","snippet":"Two copies of the backup.","why":"Mara","when":"2026-11-21 08:45","title":"Budget · \"round two\"\nfor spring"}]}})"},
+        {R"({"meetingSearch":{"query":"backup","to":"2026-11-20"}})",
+         R"({"cards":{"_0":[{"kind":"meeting","id":"meeting:meet:2","snippet":"Backup, anybody?","why":"Guest","when":"2026-11-20 08:51"}]}})"},
+        {R"({"meetingSearch":{"query":"backup","limit":0}})", R"({"cards":{"_0":[]}})"},
+        {R"({"meetingSearch":{"query":"  "}})", R"({"cards":{"_0":[]}})"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(rooms.read(row.request), row.answer) << row.request;
+}
+
+TEST_F(Meetings, LoseALineOnlyToItsOwnWitness) {
+    const MeetingTranscriptAnswer before = transcript();
+    ASSERT_EQ(before.lines.size(), 4U);
+    EXPECT_EQ(before.who, (std::vector<std::string>{"Mara", "Jonas, junior"}));
+    EXPECT_EQ(before.titleSource, "model");
+    const TranscriptLineRow& line = before.lines[0];
+    // The same words of another speaker, or at another time, are another line.
+    EXPECT_NE(before.lines[2].witness, before.lines[3].witness);
+    const struct {
+        std::string answer;
+        std::string_view outcome;
+    } refused[] = {
+        {erase("meeting:zoom:1", line.rowid, before.lines[1].witness), "staleWitness"},
+        {erase("meeting:zoom:1", line.rowid, ""), "staleWitness"},
+        {erase("meeting:zoom:1", 9999, line.witness), "notFound"},
+        {erase("meeting:meet:2", line.rowid, line.witness), "notFound"},
+        {erase("meeting:zoom:9", line.rowid, line.witness), "notFound"},
+    };
+    for (const auto& row : refused)
+        EXPECT_EQ(row.answer, fmt::format(R"({{"lineDelete":{{"_0":"{}"}}}})", row.outcome));
+    EXPECT_EQ(transcript(), before);
+
+    // Somebody else corrected the line since it was read.
+    rooms->documents().database().run("UPDATE utterances SET text = 'Two.' WHERE line = ?",
+                                      line.rowid);
+    EXPECT_THAT(erase("meeting:zoom:1", line.rowid, line.witness), HasSubstr("staleWitness"));
+    EXPECT_THAT(erase("meeting:zoom:1", line.rowid, transcript().lines[0].witness),
+                HasSubstr("deleted"));
+    EXPECT_THAT(erase("meeting:zoom:1", before.lines[1].rowid, before.lines[1].witness),
+                HasSubstr("deleted"));
+    rooms.reopen();
+    EXPECT_EQ(transcript().lines,
+              (std::vector<TranscriptLineRow>{before.lines[2], before.lines[3]}));
+    EXPECT_THAT(list(), HasSubstr("Mara · 2 lines"));
+    // What was deleted is not found any more.
+    for (const std::string_view word : {"tried", "copies"})
+        EXPECT_THAT(
+            rooms.read(fmt::format(R"({{"textBrowse":{{"term":"{}","kind":"meeting"}}}})", word)),
+            HasSubstr(R"("total":0,)"))
+            << word;
+}
+
+TEST_F(Meetings, GoWithAllTheirLines) {
+    EXPECT_EQ(rooms.control(R"({"forget":{"thingID":"meeting:zoom:1"}})"), R"({"ok":{}})");
+    EXPECT_EQ(
+        rooms.control(R"({"forget":{"thingID":"meeting:zoom:1"}})"),
+        R"({"failure":{"message":"nothing has the id “meeting:zoom:1”; nothing was forgotten"}})");
+    EXPECT_EQ(list(), "2 meetings\n" + silent + unnamed);
+    EXPECT_THAT(rooms.read(R"({"reelStats":{}})"), HasSubstr(R"("meetings":0,"bytes":0)"));
+    Statement left = rooms->documents().database().prepare("SELECT count(*) FROM utterances");
+    left.step();
+    EXPECT_EQ(left.integer(0), 1);
+}
+
+} // namespace
+} // namespace wendlow
