@@ -33,7 +33,7 @@ Column {
     Item {
         visible: details.notes.length > 0
         width: 1
-        height: 10
+        height: 14
     }
     Item {
         visible: !details.inventory.known

@@ -85,7 +85,7 @@ T.AbstractButton {
         PathLine {
             x: entry.stacked ? 0 : entry.factsStart
             y: entry.stacked ? 22 : 4
-            width: entry.stacked ? when.x - Theme.space8 : entry.factsWidth
+            width: entry.stacked ? when.x - Theme.space8 : when.x - x - Theme.space8
             role: Label.Role.Small
             text: entry.facts
             whole: entry.factsHint

@@ -60,7 +60,8 @@ Column {
         id: list
 
         width: table.width
-        height: Math.min(list.count, table.linesInSight) * table.lineHeight
+        // A line that is cut in half says that there are more.
+        height: (list.count > table.linesInSight ? table.linesInSight + 0.5 : list.count) * table.lineHeight
         model: table.lines
         interactive: list.count > table.linesInSight
         boundsBehavior: Flickable.StopAtBounds

@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace wendlow {
@@ -14,9 +15,14 @@ QString InventoryWords::path(const InventoryEntry& entry) const {
 }
 
 QString InventoryWords::size(std::int64_t bytes) const {
-    constexpr std::int64_t million = 1024 * 1024;
-    return locale.formattedDataSize(bytes, bytes < million ? 0 : 1,
-                                    QLocale::DataSizeTraditionalFormat);
+    if (bytes <= 0)
+        return QStringLiteral("empty");
+    constexpr std::int64_t thousand = 1024;
+    QString words =
+        locale.formattedDataSize(std::max(bytes, thousand), bytes < thousand * thousand ? 0 : 1,
+                                 QLocale::DataSizeTraditionalFormat);
+    // Qt has the sign of a thousand for what it counts by 1024.
+    return words.replace(QStringLiteral("kB"), QStringLiteral("KB"));
 }
 
 QString InventoryWords::facts(const InventoryEntry& entry) const {

@@ -31,6 +31,7 @@ struct InventoryWords {
     QString showAll(std::size_t lines) const;
 
 private:
+    /// At least "1 KB" for what is not empty: single bytes say nothing in a column of files.
     QString size(std::int64_t bytes) const;
 };
 
