@@ -30,7 +30,7 @@ T.AbstractButton {
     text: entry.path
     hoverEnabled: true
     // The list is one stop for the tab key: its current line.
-    focusPolicy: entry.current ? Qt.StrongFocus : Qt.ClickFocus
+    focusPolicy: entry.current || entry.activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     onPressed: entry.picked()
     onClicked: {
         entry.copied();

@@ -79,7 +79,8 @@ Column {
         function go(to: int): void {
             list.currentIndex = Math.max(0, Math.min(to, list.count - 1));
             list.positionViewAtIndex(list.currentIndex, ListView.Contain);
-            list.currentItem.forceActiveFocus(Qt.TabFocusReason);
+            // The view has given it the focus by now, but not for this reason, which draws the ring.
+            (list.currentItem as InventoryLine).focusReason = Qt.TabFocusReason;
         }
 
         Keys.onPressed: event => {
