@@ -6,6 +6,8 @@
 
 namespace wendlow {
 
+class AppInventory;
+
 /// What stands at the start of a row.
 struct ConnectableAppIcon {
     struct Asset {
@@ -50,8 +52,9 @@ struct ConnectableAppNote {
 struct ConnectedAppRow {
     ConnectableApp app;
     bool drifted = false;
-    bool open = false; ///< the notes are in sight
+    bool open = false; ///< notes and inventory are in sight
     std::vector<ConnectableAppNote> notes;
+    AppInventory* inventory = nullptr; ///< belongs to the model of the pane
 
     bool operator==(const ConnectedAppRow&) const = default;
 };

@@ -4,7 +4,7 @@ import QtQuick
 import WendlowControls
 import WendlowSettings
 
-// One AI app: its tile, name and detail, its switch, and below them its notes when it is open.
+// One AI app: its tile, name and detail, its switch, and below them what is to be told when it is open.
 Column {
     id: row
 
@@ -21,9 +21,9 @@ Column {
     required property bool drifted
     required property bool open
     required property var notes
+    required property AppInventory inventory
 
-    readonly property bool tells: row.notes.length > 0
-    property real unfolded: row.open && row.tells ? 1 : 0
+    property real unfolded: row.open ? 1 : 0
 
     Behavior on unfolded {
         enabled: Theme.disclosure > 0
@@ -71,7 +71,6 @@ Column {
         }
         HoverHandler { id: pointer }
         TapHandler {
-            enabled: row.tells
             onTapped: row.model.setOpen(row.appId, !row.open)
         }
         Item {
@@ -96,9 +95,8 @@ Column {
             anchors.right: power.left
             anchors.rightMargin: Theme.space8
             anchors.verticalCenter: parent.verticalCenter
-            visible: row.tells
             open: row.open
-            text: row.open ? qsTr("Hide notes of %1").arg(row.name) : qsTr("Show notes of %1").arg(row.name)
+            text: row.open ? qsTr("Hide details of %1").arg(row.name) : qsTr("Show details of %1").arg(row.name)
             onClicked: row.model.setOpen(row.appId, !row.open)
         }
         Switch {
@@ -115,29 +113,25 @@ Column {
     }
     Item {
         width: row.width
-        height: Math.round(noteLines.height * row.unfolded)
+        height: Math.round(details.height * row.unfolded)
         visible: row.unfolded > 0
         opacity: row.unfolded
         clip: row.unfolded < 1
 
         Column {
-            id: noteLines
+            id: details
             x: 64
             width: parent.width - x - Theme.cardPadding
-            topPadding: 4
-            bottomPadding: Theme.space16
 
-            Repeater {
-                model: row.unfolded > 0 || row.open ? row.notes : []
+            Only {
+                wanted: row.unfolded > 0 || row.open
 
-                delegate: NoteLine {
-                    required property var modelData
-
-                    width: noteLines.width
-                    sentence: modelData.text
-                    subject: modelData.subject
-                    shownSubject: modelData.shownSubject
-                    onCopied: row.model.copySubject(modelData.subject)
+                AppDetails {
+                    width: details.width
+                    name: row.name
+                    notes: row.notes
+                    inventory: row.inventory
+                    onCopied: path => row.model.copySubject(path)
                 }
             }
         }

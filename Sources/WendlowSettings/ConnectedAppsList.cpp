@@ -1,5 +1,7 @@
 #include "ConnectedAppsList.h"
 
+#include "ShownPath.h"
+
 #include <algorithm>
 
 namespace wendlow {
@@ -116,35 +118,30 @@ QVariant ConnectedAppsList::data(const QModelIndex& index, int role) const {
         return row.open;
     case NotesRole:
         return notes(row);
+    case InventoryRole:
+        return QVariant::fromValue(row.inventory);
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> ConnectedAppsList::roleNames() const {
-    return {{AppIdRole, "appId"},         {NameRole, "name"},
-            {DetailRole, "detail"},       {IconAssetRole, "iconAsset"},
-            {IconGlyphRole, "iconGlyph"}, {ConnectedRole, "connected"},
-            {BusyRole, "busy"},           {DriftedRole, "drifted"},
-            {OpenRole, "open"},           {NotesRole, "notes"}};
+    return {
+        {AppIdRole, "appId"},         {NameRole, "name"},           {DetailRole, "detail"},
+        {IconAssetRole, "iconAsset"}, {IconGlyphRole, "iconGlyph"}, {ConnectedRole, "connected"},
+        {BusyRole, "busy"},           {DriftedRole, "drifted"},     {OpenRole, "open"},
+        {NotesRole, "notes"},         {InventoryRole, "inventory"}};
 }
 
 QVariantList ConnectedAppsList::notes(const ConnectedAppRow& row) const {
     QVariantList list;
     for (const ConnectableAppNote& note : row.notes) {
-        list.append(QVariantMap{{QStringLiteral("text"), text(note.text)},
-                                {QStringLiteral("subject"), text(note.subject)},
-                                {QStringLiteral("shownSubject"), text(shown(note.subject))}});
+        list.append(
+            QVariantMap{{QStringLiteral("text"), text(note.text)},
+                        {QStringLiteral("subject"), text(note.subject)},
+                        {QStringLiteral("shownSubject"), text(shownPath(note.subject, m_home))}});
     }
     return list;
-}
-
-std::string ConnectedAppsList::shown(const std::string& subject) const {
-    if (m_home.empty() || !subject.starts_with(m_home))
-        return subject;
-    const std::string rest = subject.substr(m_home.size());
-    // "/home/ada" is no beginning of "/home/adam/notes".
-    return rest.empty() || rest.front() == '/' ? "~" + rest : subject;
 }
 
 } // namespace wendlow

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AppInventory.h"
 #include "ConnectableApp.h"
 
 #include <QAbstractListModel>
@@ -33,7 +34,8 @@ public:
         BusyRole,
         DriftedRole,
         OpenRole,
-        NotesRole, ///< a list of maps with `text`, `subject` and `shownSubject`
+        NotesRole,     ///< a list of maps with `text`, `subject` and `shownSubject`
+        InventoryRole, ///< an `AppInventory`, the same for as long as the row is there
     };
 
     /// `home` is what a shown subject abbreviates to "~"; empty for none.
@@ -53,7 +55,6 @@ private:
     void place(int row, const ConnectedAppRow& wanted);
     void update(int row, const ConnectedAppRow& wanted);
     QVariantList notes(const ConnectedAppRow& row) const;
-    std::string shown(const std::string& subject) const;
 
     const std::string m_home;
     std::vector<ConnectedAppRow> m_rows;

@@ -46,10 +46,15 @@ ConnectedAppsModel::ConnectedAppsModel(Connectors::List connectors,
       m_surroundings(std::move(surroundings)), m_apps(m_surroundings.home) {
     m_lane.setObjectName(QStringLiteral("wendlow.settings.connected-apps"));
     m_lane.setMaxThreadCount(1);
+    for (const auto& connector : m_connectors)
+        m_inventories.emplace(connector->identity().id,
+                              new AppInventory(connector, m_lane, words(), this));
 }
 
 ConnectedAppsModel::~ConnectedAppsModel() {
     ++*m_generation;
+    for (const auto& [id, inventory] : m_inventories)
+        inventory->drop();
     m_lane.waitForDone();
 }
 
@@ -144,7 +149,7 @@ void ConnectedAppsModel::land(std::vector<ScanReport> reports) {
     settleEndedVerbs();
     for (const ScanReport& report : m_reports)
         m_openness.observe(report.identity.id, factsOf(report));
-    publish();
+    publish(Reread::yes);
     if (!std::exchange(m_scanned, true))
         Q_EMIT scannedChanged();
     Q_EMIT landed();
@@ -176,13 +181,33 @@ void ConnectedAppsModel::settleEndedVerbs() {
     }
 }
 
-void ConnectedAppsModel::publish() {
+InventoryWords ConnectedAppsModel::words() const {
+    const auto systemClock = [] { return FileDate::clock::now(); };
+    return {m_surroundings.home.string(), m_surroundings.locale,
+            m_surroundings.now ? m_surroundings.now : systemClock};
+}
+
+bool ConnectedAppsModel::idle() const {
+    return m_pending == 0 && std::ranges::none_of(m_inventories, [](const auto& entry) {
+               return entry.second->loading();
+           });
+}
+
+void ConnectedAppsModel::publish(Reread reread) {
     std::vector<ConnectedAppRow> rows;
     for (const ScanReport& report : m_reports) {
         if (report.state != ConnectorState::notFound)
             rows.push_back(row(report));
     }
+    showInventories(rows, reread);
     m_apps.show(rows);
+}
+
+void ConnectedAppsModel::showInventories(const std::vector<ConnectedAppRow>& rows, Reread reread) {
+    for (const auto& [id, inventory] : m_inventories) {
+        const auto row = std::ranges::find(rows, inventory, &ConnectedAppRow::inventory);
+        inventory->setOpen(row != rows.end() && row->open, reread);
+    }
 }
 
 ConnectedAppRow ConnectedAppsModel::row(const ScanReport& report) const {
@@ -203,7 +228,8 @@ ConnectedAppRow ConnectedAppsModel::row(const ScanReport& report) const {
                     .busy = m_busy.contains(who.id)},
             .drifted = report.state == ConnectorState::drifted,
             .open = isOpen(report),
-            .notes = notes(who.id)};
+            .notes = notes(who.id),
+            .inventory = m_inventories.at(who.id)};
 }
 
 bool ConnectedAppsModel::isOpen(const ScanReport& report) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AppInventory.h"
 #include "ConnectedAppsList.h"
 #include "Connectors.h"
 #include "RowOpenness.h"
@@ -51,7 +52,9 @@ public:
     struct Surroundings {
         std::function<void(const QString&)> copy;           ///< left out: `copyToPasteboard`
         std::function<bool(const std::string&)> imageLoads; ///< left out: no brand image does
-        std::filesystem::path home; ///< shown as "~" in paths; left out: nothing is
+        std::filesystem::path home;              ///< shown as "~" in paths; left out: nothing is
+        QLocale locale = QLocale();              ///< of dates and sizes; left out: the person's
+        std::function<FileDate()> now = nullptr; ///< left out: the system's clock
     };
 
     /// What a verb reported, kept beside its row until the app's state has moved on.
@@ -65,7 +68,7 @@ public:
     ConnectedAppsModel(Connectors::List connectors, std::optional<std::string> endpoint,
                        Surroundings surroundings);
     /// Waits for a verb that is on the lane, or queued there: a change to a person's files is
-    /// finished and never cut. Scans that have not begun are skipped.
+    /// finished and never cut. Scans and readings that have not begun are skipped.
     ~ConnectedAppsModel() override;
 
     /// The model of the running application. No bundle: no connectors, no endpoint, and `error`
@@ -84,7 +87,7 @@ public:
     /// same row queues behind the first.
     Q_INVOKABLE void connect(const QString& id);
     Q_INVOKABLE void disconnect(const QString& id);
-    /// The person opens or closes the notes of a row.
+    /// The person opens or closes a row. Opened, it reads the tool's store.
     Q_INVOKABLE void setOpen(const QString& id, bool open);
     /// Does nothing without an endpoint.
     Q_INVOKABLE void copyEndpoint();
@@ -96,8 +99,8 @@ public:
 
     ConnectedAppsList* appsList() { return &m_apps; }
     bool scanned() const { return m_scanned; }
-    /// No verb and no scan is waiting for an answer.
-    bool idle() const { return m_pending == 0; }
+    /// No verb, no scan and no reading of a store is waiting for an answer.
+    bool idle() const;
     QString error() const { return m_error; }
     QString endpoint() const { return QString::fromStdString(m_endpoint.value_or(std::string())); }
     static QString mastheadTitle();
@@ -121,7 +124,9 @@ private:
     void land(std::vector<ScanReport> reports);
     void expireNotes();
     void settleEndedVerbs();
-    void publish();
+    void publish(Reread reread = Reread::no);
+    void showInventories(const std::vector<ConnectedAppRow>& rows, Reread reread);
+    InventoryWords words() const;
     ConnectedAppRow row(const ScanReport& report) const;
     bool isOpen(const ScanReport& report) const;
     const ScanReport* report(const std::string& id) const;
@@ -138,6 +143,7 @@ private:
     std::vector<std::string> m_ended;  ///< verbs that have ended and whose scan has not landed
     std::map<std::string, VerbNote> m_verbNotes;
     RowOpenness m_openness;
+    std::map<std::string, AppInventory*> m_inventories; ///< one for each connector; children
     bool m_scanned = false;
     int m_pending = 0;
 

@@ -122,6 +122,11 @@ void Snapshots::takeConnectedApps(QQuickWindow& window) {
         const QString id = QString::fromStdString(row.app.id);
         model.setOpen(id, true);
         save(window, QStringLiteral("settings-connected-") + id);
+        if (InventoryList& projects = *row.inventory->projects();
+            !projects.toggleWords().isEmpty()) {
+            projects.toggle();
+            save(window, QStringLiteral("settings-connected-") + id + QStringLiteral("-all"));
+        }
         model.setOpen(id, row.open);
     }
 }

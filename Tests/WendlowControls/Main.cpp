@@ -44,7 +44,11 @@ public:
             tool("cursor", "Cursor",
                  {.state = ConnectorState::drifted,
                   .observations = {{"/home/ada/.cursor/mcp.json", "this entry was changed"}}});
-        const auto codex = tool("codex", "Codex", {.state = ConnectorState::connected});
+        ProjectReport projects{"/home/ada/.codex/sessions", {}, std::nullopt};
+        for (int at = 1; at <= 2310; ++at)
+            projects.projects.push_back({"/home/ada/p" + std::to_string(at), distantPast, {}});
+        const auto codex =
+            tool("codex", "Codex", {.state = ConnectorState::connected, .projectReport = projects});
         m_root = std::make_unique<SettingsRoot>(std::make_unique<ConnectedAppsModel>(
             Connectors::List{cursor, codex}, "/opt/wendlow-mcp", std::move(around)));
     }

@@ -76,12 +76,41 @@ Item {
             mouseClick(here(path, ""));
             compare(bench.copied[bench.copied.length - 1], "/home/ada/.cursor/mcp.json");
             const tall = row.height;
-            mouseClick(here("Hide notes of Cursor", "Disclosure_"));
+            mouseClick(here("Hide details of Cursor", "Disclosure_"));
             tryVerify(() => named(path, "") === null);
             tryVerify(() => row.height < tall);
             keyClick(Qt.Key_Return);
             here(path, "");
-            compare(named("Show notes of Codex", "Disclosure_"), null, "nothing to show, nothing to press");
+        }
+
+        function test_aLongTableIsUnfoldedAndWalkedByKeyboard(): void {
+            here("Show details of Codex", "Disclosure_").forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Return);
+            const line = number => "Copy /home/ada/p" + number;
+            here(line(8), "InventoryLine_");
+            compare(named(line(9), "InventoryLine_"), null);
+            const list = here("Projects of Codex", "QQuickListView");
+            keyClick(Qt.Key_Tab); // over the switch into the table
+            keyClick(Qt.Key_Tab);
+            verify(here(line(1), "InventoryLine_").visualFocus);
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Space);
+            compare(list.count, 2310);
+            verify(list.contentItem.children.length < 60, "made for lines that nobody sees");
+            keyClick(Qt.Key_Tab, Qt.ShiftModifier);
+            keyClick(Qt.Key_End);
+            const last = here(line(2310), "InventoryLine_");
+            verify(last.visualFocus);
+            fuzzyCompare(last.mapToItem(list, 0, 0).y + last.height, list.height, 1);
+            compare(bench.spoken(last).description, "date unknown");
+            keyClick(Qt.Key_Return);
+            compare(bench.copied[bench.copied.length - 1], "/home/ada/p2310");
+            keyClick(Qt.Key_PageUp);
+            verify(here(line(2298), "InventoryLine_").activeFocus);
+            mouseClick(here("Show fewer", "Button_"));
+            compare(list.count, 8);
+            mouseClick(here("Hide details of Codex", "Disclosure_"));
+            tryVerify(() => named("Projects of Codex", "QQuickListView") === null);
         }
 
         function test_nothingIsCutOffAtAnyWidth(): void {

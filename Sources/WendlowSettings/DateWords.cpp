@@ -1,0 +1,93 @@
+#include "DateWords.h"
+
+#include <QDateTime>
+
+#include <vector>
+
+namespace wendlow::DateWords {
+
+namespace {
+
+/// A field of a date format, such as "MMMM", and the literal text up to the next one.
+struct Field {
+    QString letters;
+    QString literal;
+};
+
+bool isFieldLetter(QChar letter) {
+    return letter == u'y' || letter == u'M' || letter == u'd';
+}
+
+std::vector<Field> fieldsOf(const QString& format) {
+    std::vector<Field> fields;
+    bool quoted = false;
+    QChar before;
+    for (const QChar letter : format) {
+        if (letter == u'\'')
+            quoted = !quoted;
+        if (quoted || !isFieldLetter(letter)) {
+            if (!fields.empty())
+                fields.back().literal += letter;
+        } else if (letter == before) {
+            fields.back().letters += letter;
+        } else {
+            fields.push_back({letter, {}});
+        }
+        before = letter;
+    }
+    return fields;
+}
+
+/// What was between two fields goes with the later one; what belongs to the earlier one, such as
+/// the sign for "day" or the point of an ordinal, stays.
+QString closing(QString literal) {
+    if (literal.startsWith(u' ') || literal.startsWith(u','))
+        return {};
+    while (literal.endsWith(u' ') || literal.endsWith(u','))
+        literal.chop(1);
+    return literal;
+}
+
+/// The locale's long format without its weekday and without the fields of `dropped`, and with the
+/// month's name short. No locale has a short format of its own that leaves out the year.
+QString shortened(const QLocale& locale, QChar dropped) {
+    std::vector<Field> fields = fieldsOf(locale.dateFormat(QLocale::LongFormat));
+    std::erase_if(fields, [&](const Field& field) {
+        const bool weekday = field.letters.startsWith(u"ddd");
+        return weekday || field.letters.startsWith(dropped);
+    });
+    if (fields.empty())
+        return locale.dateFormat(QLocale::ShortFormat);
+    fields.back().literal = closing(fields.back().literal);
+    QString format;
+    for (const Field& field : fields)
+        format +=
+            (field.letters == u"MMMM" ? QStringLiteral("MMM") : field.letters) + field.literal;
+    return format;
+}
+
+QDateTime local(Date date) {
+    using std::chrono::milliseconds;
+    return QDateTime::fromMSecsSinceEpoch(
+        std::chrono::floor<milliseconds>(date.time_since_epoch()).count());
+}
+
+} // namespace
+
+QString day(Date date, Date now, const QLocale& locale) {
+    const QDate wanted = local(date).date();
+    const QDate today = local(now).date();
+    if (wanted == today)
+        return QStringLiteral("Today");
+    if (wanted.addDays(1) == today)
+        return QStringLiteral("Yesterday");
+    return locale.toString(wanted, shortened(locale, wanted.year() == today.year() ? u'y' : u'd'));
+}
+
+QString exact(Date date, const QLocale& locale) {
+    const QDateTime wanted = local(date);
+    return locale.toString(wanted.date(), QLocale::LongFormat) + QStringLiteral(", ") +
+           locale.toString(wanted.time(), QLocale::ShortFormat);
+}
+
+} // namespace wendlow::DateWords

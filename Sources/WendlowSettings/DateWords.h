@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QLocale>
+#include <QString>
+
+#include <chrono>
+
+/// Dates as a person reads them, in the order and with the names of their locale, in local time.
+namespace wendlow::DateWords {
+
+using Date = std::chrono::system_clock::time_point;
+
+/// As short as a column of a table asks for: "Today", "Yesterday", else "Nov 19" in the year of
+/// `now` and "Nov 2024" in any other.
+QString day(Date date, Date now, const QLocale& locale);
+
+/// Nothing left out: "Thursday, November 19, 2026, 2:02 PM".
+QString exact(Date date, const QLocale& locale);
+
+} // namespace wendlow::DateWords
