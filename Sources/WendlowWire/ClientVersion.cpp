@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "InfoPlist.h"
+#include "PlainText.h"
 #include "TextFile.h"
 
 namespace wendlow::ClientVersion {
@@ -40,11 +41,7 @@ const std::string& current() {
 }
 
 std::optional<std::string> shaped(const std::optional<std::string>& text) {
-    constexpr std::string_view blanks = " \t\n\v\f\r";
-    const std::size_t first = text ? text->find_first_not_of(blanks) : std::string::npos;
-    if (first == std::string::npos)
-        return std::nullopt;
-    std::string trimmed = text->substr(first, text->find_last_not_of(blanks) + 1 - first);
+    std::string trimmed(text ? PlainText::trimmed(*text) : std::string_view{});
     char previous = '.';
     for (const char character : trimmed) {
         const bool isDigit = character >= '0' && character <= '9';

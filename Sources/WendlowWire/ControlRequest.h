@@ -1,66 +1,31 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
-#include "Described.h"
+#include "Requests/DaemonControls.h"
+#include "Requests/RuleControls.h"
+#include "Requests/StoreControls.h"
 
 namespace wendlow {
 
-/// What the daemon is told to do to itself or to the store's surroundings. The catalogue holds the
-/// commands that the application gives so far.
-namespace ControlCase {
-
-struct AddConcept {
-    std::string _0;
-    WENDLOW_REQUEST(AddConcept, "addConcept", "add_concept", _0);
-};
-
-/// `witness` goes back as the daemon gave it, so that a stale view cannot delete another line.
-struct DeleteUtterance {
-    std::string meeting;
-    std::int64_t rowid = 0;
-    std::string witness;
-    WENDLOW_REQUEST(DeleteUtterance, "deleteUtterance", "delete_utterance", meeting, rowid,
-                    witness);
-};
-
-struct EnterPhrase {
-    std::vector<std::string> words;
-    WENDLOW_REQUEST(EnterPhrase, "enterPhrase", "enter_phrase", words);
-};
-
-struct PauseFor {
-    std::int64_t minutes = 0;
-    WENDLOW_REQUEST(PauseFor, "pauseFor", "pause_for", minutes);
-};
-
-struct SetFrameKeep {
-    bool _0 = false;
-    WENDLOW_REQUEST(SetFrameKeep, "setFrameKeep", "set_frame_keep", _0);
-};
-
-struct Pause {
-    WENDLOW_REQUEST(Pause, "pause", "pause");
-};
-
-struct Resume {
-    WENDLOW_REQUEST(Resume, "resume", "resume");
-};
-
-} // namespace ControlCase
-
+/// What the daemon is told to do to itself or to the store's surroundings. Not idempotent in
+/// general.
 struct ControlRequest
-    : std::variant<ControlCase::AddConcept, ControlCase::DeleteUtterance, ControlCase::EnterPhrase,
-                   ControlCase::PauseFor, ControlCase::SetFrameKeep, ControlCase::Pause,
-                   ControlCase::Resume> {
+    : std::variant<ControlCase::AddRule, ControlCase::RemoveRule, ControlCase::ToggleRule,
+                   ControlCase::AddConcept, ControlCase::RemoveConcept, ControlCase::Forget,
+                   ControlCase::DeleteUtterance, ControlCase::ConnectApp,
+                   ControlCase::DisconnectApp, ControlCase::EnterPhrase, ControlCase::PauseFor,
+                   ControlCase::Export, ControlCase::SetDiagnosticLogging,
+                   ControlCase::SetFrameKeep, ControlCase::SetReelKeep, ControlCase::LogUpdate,
+                   ControlCase::RequestGrant, ControlCase::StoreKeyForMigration,
+                   ControlCase::DeleteAll, ControlCase::RevealPhrase, ControlCase::Pause,
+                   ControlCase::Resume, ControlCase::GeneratePhrase, ControlCase::Shutdown> {
     using variant::variant;
 
     static constexpr std::string_view typeName = "ControlRequest";
 
+    /// The snake-case word that names the request in logs and refusals.
     std::string_view verb() const;
 };
 

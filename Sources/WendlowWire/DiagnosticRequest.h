@@ -11,7 +11,7 @@ namespace wendlow {
 namespace DiagnosticCase {
 
 struct Log {
-    std::string source; ///< the raw string of a diagnostic source
+    std::string source; ///< the raw string of a `DiagnosticSource`
     std::string line;
     WENDLOW_REQUEST(Log, "log", "log", source, line);
 };

@@ -28,6 +28,17 @@ std::string_view DiagnosticRequest::verb() const {
     return verbOfCase(*this);
 }
 
+namespace {
+
+template<class... Cases> constexpr auto verbsOf(const std::variant<Cases...>* /*request*/) {
+    return std::array<std::string_view, sizeof...(Cases)>{Cases::verb...};
+}
+
+} // namespace
+
+const std::array<std::string_view, 11> NotesRequest::allVerbs =
+    verbsOf(static_cast<const NotesRequest::variant*>(nullptr));
+
 // In place and out of line: where it sees a moved-from variant of a known case die, GCC 12 warns of
 // the other cases' members.
 GatewayRequest::GatewayRequest(ReadRequest request)

@@ -36,14 +36,9 @@ public:
         std::string raw;
         if (!read(json, raw))
             return false;
-        bool known = false;
-        boost::mp11::mp_for_each<Enumerators<T>>([&](auto enumerator) {
-            if (raw == enumerator.name) {
-                value = enumerator.value;
-                known = true;
-            }
-        });
-        return known || fail(fmt::format("\"{}\" is none of the known words", raw));
+        const std::optional<T> known = fromRawString<T>(raw);
+        value = known.value_or(value);
+        return known.has_value() || fail(fmt::format("\"{}\" is none of the known words", raw));
     }
 
     template<class T> bool read(const Value& json, std::vector<T>& list) {

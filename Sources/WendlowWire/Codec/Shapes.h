@@ -9,11 +9,11 @@
 #include <variant>
 #include <vector>
 
-#include <boost/describe/enumerators.hpp>
 #include <boost/describe/members.hpp>
 #include <boost/mp11/algorithm.hpp>
 
 #include "GatewayRequest.h"
+#include "RawString.h"
 
 /// The shapes of the contract's types, by which the writer and the reader choose what to do.
 namespace wendlow::Codec {
@@ -34,11 +34,7 @@ concept TaggedVariant = requires {
 template<class T>
 concept Record = boost::describe::has_describe_members<T>::value;
 
-template<class T>
-concept StringVariant = std::is_enum_v<T> && boost::describe::has_describe_enumerators<T>::value;
-
 template<class T> using Fields = boost::describe::describe_members<T, boost::describe::mod_public>;
-template<class T> using Enumerators = boost::describe::describe_enumerators<T>;
 
 /// Requests for reading have a decoder of their own: it fills in absent booleans and lists, and
 /// does not look at the value of a case without a payload.

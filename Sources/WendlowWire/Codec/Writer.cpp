@@ -8,7 +8,7 @@
 #include <sodium/utils.h>
 
 #include "Codec/Path.h"
-#include "Codec/UTF8.h"
+#include "WireUTF8.h"
 
 namespace wendlow::Codec {
 
@@ -59,7 +59,7 @@ bool Writer::key(std::string_view name) {
 }
 
 bool Writer::text(std::string_view value) {
-    if (!isUTF8(value))
+    if (!WireUTF8::isWellFormed(value))
         return fail("a text that is not UTF-8 has no JSON");
     m_text += boost::json::serialize(value);
     return true;

@@ -32,10 +32,7 @@ private:
     bool write(const FilterValue& value);
 
     template<StringVariant T> bool write(T value) {
-        boost::mp11::mp_for_each<Enumerators<T>>([&](auto enumerator) {
-            if (enumerator.value == value)
-                m_text.append("\"").append(enumerator.name).append("\"");
-        });
+        m_text.append("\"").append(rawString(value)).append("\"");
         return true;
     }
 

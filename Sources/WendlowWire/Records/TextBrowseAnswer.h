@@ -8,40 +8,9 @@
 
 #include "Described.h"
 #include "FilterValue.h"
+#include "Records/Counts.h"
 
 namespace wendlow {
-
-struct NameCount {
-    std::string name;
-    std::int64_t count = 0;
-    WENDLOW_RECORD(NameCount, name, count);
-};
-
-struct FilterKeyCount {
-    std::string key;
-    std::int64_t count = 0;
-    WENDLOW_RECORD(FilterKeyCount, key, count);
-};
-
-struct KindCount {
-    std::string kind;
-    std::int64_t count = 0;
-    std::optional<std::vector<FilterKeyCount>> filters = std::nullopt;
-    WENDLOW_RECORD(KindCount, kind, count, filters);
-};
-
-struct FilterValueCount {
-    FilterValue value;
-    std::int64_t count = 0;
-    WENDLOW_RECORD(FilterValueCount, value, count);
-};
-
-struct FilterKeyCensus {
-    std::string key;
-    std::int64_t count = 0;
-    std::vector<FilterValueCount> values;
-    WENDLOW_RECORD(FilterKeyCensus, key, count, values);
-};
 
 struct TextBrowseRow {
     std::string id;
@@ -63,6 +32,8 @@ struct TextBrowseRow {
                    passage, files, fileCount, framed, sessionTool);
 };
 
+/// One page of what was found, and the counts of the whole. `ready` is false while the index is
+/// being made.
 struct TextBrowseAnswer {
     bool ready = false;
     std::int64_t total = 0;
@@ -76,6 +47,21 @@ struct TextBrowseAnswer {
     static constexpr std::string_view defaulted[] = {"byKind", "byFilter", "narrowed"};
     WENDLOW_RECORD(TextBrowseAnswer, ready, total, rows, byType, byScope, byKind, byFilter, order,
                    narrowed);
+};
+
+/// What the index of the texts holds, beside what it should hold.
+struct TextIndexAuditAnswer {
+    bool ready = false;
+    std::int64_t rows = 0;
+    std::int64_t memories = 0;
+    std::int64_t moments = 0;
+    std::int64_t meetings = 0;
+    std::int64_t pending = 0;
+    std::int64_t added = 0;
+    std::int64_t removed = 0;
+    std::int64_t megabytes = 0;
+    WENDLOW_RECORD(TextIndexAuditAnswer, ready, rows, memories, moments, meetings, pending, added,
+                   removed, megabytes);
 };
 
 } // namespace wendlow
