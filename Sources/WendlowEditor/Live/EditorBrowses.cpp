@@ -7,15 +7,15 @@ namespace wendlow {
 EditorBrowses::EditorBrowses(Answer answer) : m_answer(std::move(answer)) {}
 
 EditorBrowses::~EditorBrowses() {
-    m_lives.reset();
+    m_life.end();
     m_waiting.takeAll().resumeAll(EditorAnswer::pending());
 }
 
 QCoro::Task<EditorAnswer> EditorBrowses::query(EditorAsk ask) {
-    const std::weak_ptr<bool> lives = m_lives;
+    const Lifetime::Watch life = m_life.watch();
     if (m_inFlight) {
         m_waiting.resumeAll(EditorAnswer::pending());
-        if (lives.expired())
+        if (life.expired())
             co_return EditorAnswer::pending();
         m_queued = std::move(ask);
         co_return co_await m_waiting;
@@ -23,7 +23,7 @@ QCoro::Task<EditorAnswer> EditorBrowses::query(EditorAsk ask) {
     m_inFlight = true;
     EditorAsk current = std::move(ask);
     EditorAnswer latest = co_await m_answer(current);
-    while (!lives.expired() && m_queued) {
+    while (!life.expired() && m_queued) {
         const EditorAsk next = *std::exchange(m_queued, std::nullopt);
         auto served = m_waiting.takeAll();
         if (next != current) {
@@ -32,7 +32,7 @@ QCoro::Task<EditorAnswer> EditorBrowses::query(EditorAsk ask) {
         }
         served.resumeAll(latest);
     }
-    if (!lives.expired())
+    if (!life.expired())
         m_inFlight = false;
     co_return latest;
 }

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Live/Lifetime.h"
 #include "Live/Waiting.h"
 #include "Model/EditorAnswer.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 #include <QCoroTask>
@@ -32,7 +32,7 @@ private:
     bool m_inFlight = false;
     std::optional<EditorAsk> m_queued;
     Waiting<EditorAnswer> m_waiting;
-    std::shared_ptr<bool> m_lives = std::make_shared<bool>(true);
+    Lifetime m_life;
 };
 
 } // namespace wendlow

@@ -18,13 +18,13 @@ EditorLink::EditorLink(std::shared_ptr<WendlowClient> client, Clock clock)
 EditorLink::~EditorLink() {
     Waiting<Turn> now = m_now.takeAll();
     Waiting<Turn> later = m_later.takeAll();
-    m_lives.reset();
+    m_life.end();
     now.resumeAll(Turn::neverComes);
     later.resumeAll(Turn::neverComes);
 }
 
 QCoro::Task<EditorLink::Reply> EditorLink::serializedLeg(GatewayRequest request, Lane lane) {
-    const std::weak_ptr<bool> lives = m_lives;
+    const Lifetime::Watch life = m_life.watch();
     LinkLeg leg{.arrived = m_clock(), .sent = {}, .replied = {}};
     if (m_busy) {
         const Turn turn = co_await (lane == Lane::now ? m_now : m_later);
@@ -39,7 +39,7 @@ QCoro::Task<EditorLink::Reply> EditorLink::serializedLeg(GatewayRequest request,
     WendlowClient::Timed answer = co_await client->sendTimed(std::move(request));
     leg.replied = clock();
     leg.daemon = answer.daemon;
-    if (!lives.expired())
+    if (!life.expired())
         passOn();
     co_return Reply{std::move(answer.response), leg};
 }

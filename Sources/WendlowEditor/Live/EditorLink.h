@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Client.h"
+#include "Live/Lifetime.h"
 #include "Live/Waiting.h"
 
 #include <chrono>
@@ -42,7 +43,9 @@ public:
     /// Whoever still waits for the link gets a failure.
     ~EditorLink();
 
-    /// The link may go while a caller waits; the caller then must not touch what went with it.
+    /// Build the request on a line of its own: GCC 12 destroys an aggregate twice that is built
+    /// inside of the awaited call. The link may go while a caller waits; the caller then must not
+    /// touch what went with it.
     QCoro::Task<Reply> serializedLeg(GatewayRequest request, Lane lane);
     LinkLeg::Instant now() const { return m_clock(); }
 
@@ -56,8 +59,7 @@ private:
     bool m_busy = false;
     Waiting<Turn> m_now;
     Waiting<Turn> m_later;
-    /// Gone with the link, for those who come back from an await.
-    std::shared_ptr<bool> m_lives = std::make_shared<bool>(true);
+    Lifetime m_life;
 };
 
 } // namespace wendlow

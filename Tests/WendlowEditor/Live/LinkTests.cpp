@@ -12,7 +12,7 @@ using testing::ScriptedClient;
 using Lane = EditorLink::Lane;
 
 GatewayRequest request() {
-    return ReadRequest(ReadCase::GetThumbnail{});
+    return ReadRequest(ReadCase::Grab{});
 }
 
 /// What came back to each caller, in the order in which they came back.
