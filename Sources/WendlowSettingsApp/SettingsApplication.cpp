@@ -51,7 +51,7 @@ MenuLine windowLine(const char* id, const char* title, Qt::Key key, void (*act)(
 SettingsApplication::SettingsApplication(Surroundings surroundings)
     : m_surroundings(std::move(surroundings)),
       // No daemon is spoken to yet; the windows of this stage need none.
-      m_client(std::make_unique<InProcessClient>(std::make_shared<UnimplementedGateway>())),
+      m_client(std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())),
       m_worldActions([this]() -> EditorWorlds& { return worlds(); },
                      [this](WindowKind kind) { present(kind); }),
       m_factory(
@@ -138,8 +138,8 @@ WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
         return {QStringLiteral("WendlowSettings/SettingsFace.qml"),
                 {{QStringLiteral("root"), QVariant::fromValue(&settings())}}};
     case WindowKind::editor:
-        return {QStringLiteral("WendlowSettingsApp/EditorStage.qml"),
-                {{QStringLiteral("worlds"), QVariant::fromValue(&worlds())}}};
+        return {QStringLiteral("WendlowEditor/EditorHostFace.qml"),
+                {{QStringLiteral("host"), QVariant::fromValue(&editor())}}};
     case WindowKind::controlsBench:
         return {QStringLiteral("WendlowControls/ControlsBench.qml"), {}};
     default:
@@ -149,8 +149,14 @@ WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
 
 EditorWorlds& SettingsApplication::worlds() {
     if (!m_worlds)
-        m_worlds = std::make_unique<EditorWorlds>(EditorWorlds::World::realData);
+        m_worlds = std::make_unique<EditorWorlds>(m_client, EditorWorld::realData);
     return *m_worlds;
+}
+
+EditorHost& SettingsApplication::editor() {
+    if (!m_editor)
+        m_editor = std::make_unique<EditorHost>(worlds());
+    return *m_editor;
 }
 
 void SettingsApplication::syncMainWindow() {

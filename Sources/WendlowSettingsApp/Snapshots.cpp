@@ -1,5 +1,7 @@
 #include "Snapshots.h"
 
+#include "EditorSnapshots.h"
+
 #include <QCursor>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
@@ -88,8 +90,9 @@ int Snapshots::take() {
 
 void Snapshots::takeInLooks() {
     takeSettings();
+    takeEditor();
     for (const WindowDescription& description : WindowDescriptions::all()) {
-        if (description.kind == WindowKind::settings ||
+        if (description.kind == WindowKind::settings || description.kind == WindowKind::editor ||
             (description.alwaysDark && m_looks == QStringLiteral("light")))
             continue;
         save(shown(description.kind), fileName(description));
@@ -113,6 +116,14 @@ void Snapshots::takeSettings() {
             takeConnectedApps(window);
     }
     root.select(first);
+}
+
+void Snapshots::takeEditor() {
+    QQuickWindow& window = shown(WindowKind::editor);
+    auto* const content = window.property("content").value<QQuickItem*>();
+    EditorSnapshots(*content, m_application.editor(), m_application.worlds(),
+                    [&](const QString& name) { save(window, name); })
+        .take();
 }
 
 void Snapshots::takeConnectedApps(QQuickWindow& window) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -59,5 +60,8 @@ struct EditorAnswer {
     /// The same page, marked as being asked for again.
     EditorAnswer awaitingRefresh() const;
 };
+
+/// A page may be long; it is handed on without a copy.
+using SharedAnswer = std::shared_ptr<const EditorAnswer>;
 
 } // namespace wendlow

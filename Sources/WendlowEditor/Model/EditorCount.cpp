@@ -5,6 +5,14 @@
 
 namespace wendlow {
 
+std::vector<std::string> names(const std::vector<EditorCount>& census) {
+    std::vector<std::string> all;
+    all.reserve(census.size());
+    for (const EditorCount& row : census)
+        all.push_back(row.name);
+    return all;
+}
+
 void sortCensus(std::vector<EditorCount>& census) {
     std::ranges::sort(census, [](const EditorCount& one, const EditorCount& other) {
         return one.count != other.count ? one.count > other.count : one.name < other.name;

@@ -20,6 +20,8 @@ struct EditorCount {
     bool operator==(const EditorCount&) const = default;
 };
 
+std::vector<std::string> names(const std::vector<EditorCount>& census);
+
 /// The order of every census: the larger count first, then by code point.
 void sortCensus(std::vector<EditorCount>& census);
 

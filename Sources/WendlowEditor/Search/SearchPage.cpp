@@ -16,6 +16,7 @@ namespace {
 
 constexpr int passageRadius = 44; ///< characters to either side of what was found
 constexpr std::string_view between = " · ";
+constexpr std::string_view memoryPrefix = "memory:";
 
 std::string joined(const std::vector<std::string>& parts, std::string_view separator) {
     std::string line;
@@ -34,7 +35,7 @@ bool standsIn(std::string_view term, std::string_view text) {
 }
 
 SearchHit memoryHit(const EditorMemoryHit& hit, const SearchPage::Found& found) {
-    return {.id = "memory:" + hit.memory.id,
+    return {.id = std::string(memoryPrefix) + hit.memory.id,
             .destination = SearchDestination::Memory{hit.memory.type},
             .title = hit.memory.title,
             .subtitle = SearchPage::memorySubtitle(hit, found.term, found.details),
@@ -165,6 +166,10 @@ std::string SearchPage::memorySubtitle(const EditorMemoryHit& hit, std::string_v
         if (auto passage = TextMatch::passage(term, *text, passageRadius))
             return *std::move(passage);
     return fallback;
+}
+
+std::string SearchPage::memoryOf(const SearchHit& hit) {
+    return hit.id.starts_with(memoryPrefix) ? hit.id.substr(memoryPrefix.size()) : std::string();
 }
 
 std::vector<const SearchHit*> SearchPage::flat(const SearchSections& sections) {

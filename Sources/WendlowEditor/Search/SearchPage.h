@@ -89,6 +89,9 @@ SearchSections build(const Found& found);
 std::string memorySubtitle(const EditorMemoryHit& hit, std::string_view term,
                            const Details& details);
 
+/// The id of the memory that a hit shows; empty where it shows something else.
+std::string memoryOf(const SearchHit& hit);
+
 /// All hits in their order. Valid as long as `sections` is.
 std::vector<const SearchHit*> flat(const SearchSections& sections);
 
