@@ -34,7 +34,7 @@ T.Button {
     Keys.onEnterPressed: chip.clicked()
 
     contentItem: Item {
-        readonly property real fixed: (first.visible ? first.width + 6 : 0) + (number.visible ? number.width + 7 : 0) + 20
+        readonly property real fixed: (first.visible ? first.width + 6 : 0) + (number.visible ? number.width + 7 : 0) + 18
 
         implicitWidth: fixed + words.implicitWidth
 

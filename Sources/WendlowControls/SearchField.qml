@@ -19,7 +19,9 @@ T.TextField {
     implicitHeight: 32
     leftPadding: 35
     rightPadding: field.text.length > 0 ? 32 : 10
-    topPadding: 6
+    topPadding: 0
+    bottomPadding: 0
+    verticalAlignment: TextInput.AlignVCenter
     color: field.enabled ? Theme.text : Theme.textSecondOnTint
     font: Theme.fonts[Label.Role.Body]
     selectByMouse: true

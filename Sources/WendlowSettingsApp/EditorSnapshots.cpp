@@ -4,6 +4,7 @@
 #include "UnimplementedGateway.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 
 #include <utility>
 
@@ -48,6 +49,9 @@ EditorSnapshots::EditorSnapshots(QQuickItem& content, EditorHost& host, EditorWo
 
 void EditorSnapshots::take() {
     const EditorWorld before = m_worlds.world();
+    takeDaemon(QStringLiteral("editor-pending"), std::make_shared<SilentGateway>());
+    takeDaemon(QStringLiteral("editor-warming"), std::make_shared<WarmingGateway>());
+    takeDaemon(QStringLiteral("editor-failed"), std::make_shared<UnimplementedGateway>());
     m_worlds.switchWorld(EditorWorld::dayZero);
     m_save(QStringLiteral("editor-empty"));
     m_worlds.switchWorld(EditorWorld::powerUser);
@@ -55,9 +59,6 @@ void EditorSnapshots::take() {
     takeSearch();
     root().setFace(EditorFace::mods);
     m_save(QStringLiteral("editor-blank"));
-    takeDaemon(QStringLiteral("editor-pending"), std::make_shared<SilentGateway>());
-    takeDaemon(QStringLiteral("editor-warming"), std::make_shared<WarmingGateway>());
-    takeDaemon(QStringLiteral("editor-failed"), std::make_shared<UnimplementedGateway>());
     m_worlds.switchWorld(before);
 }
 
@@ -101,15 +102,17 @@ void EditorSnapshots::takeSearch() {
 }
 
 void EditorSnapshots::takeDaemon(const QString& name, std::shared_ptr<Gateway> gateway) {
-    EditorWorlds worlds(std::make_shared<InProcessClient>(std::move(gateway)),
-                        EditorWorld::realData);
-    EditorHost host(worlds);
-    host.root()->setOpenType("decision");
-    m_content.setProperty("host", QVariant::fromValue(&host));
+    auto& worlds = m_daemons.emplace_back(std::make_unique<EditorWorlds>(
+        std::make_shared<InProcessClient>(std::move(gateway)), EditorWorld::realData));
+    auto& host = m_hosts.emplace_back(std::make_unique<EditorHost>(*worlds));
+    host->root()->setOpenType("decision");
+    m_content.setProperty("host", QVariant::fromValue(host.get()));
+    // That something takes long is shown only once it does.
+    constexpr int noticeable = 400;
+    for (const QDeadlineTimer limit(noticeable); !limit.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
     m_save(name);
     m_content.setProperty("host", QVariant::fromValue(&m_host));
-    // The faces over what goes here go first.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 } // namespace wendlow

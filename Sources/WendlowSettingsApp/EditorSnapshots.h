@@ -6,6 +6,8 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace wendlow {
 
@@ -32,6 +34,9 @@ private:
     EditorHost& m_host;
     EditorWorlds& m_worlds;
     const Save m_save;
+    // Faces look at these for a while after others have taken their place.
+    std::vector<std::unique_ptr<EditorWorlds>> m_daemons;
+    std::vector<std::unique_ptr<EditorHost>> m_hosts;
 };
 
 } // namespace wendlow

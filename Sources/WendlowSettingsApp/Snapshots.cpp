@@ -24,8 +24,11 @@ using namespace std::chrono_literals;
 
 void runEventLoopUntil(const std::function<bool()>& done, std::chrono::milliseconds limit) {
     const QDeadlineTimer deadline(limit);
-    while (!done() && !deadline.hasExpired())
+    while (!done() && !deadline.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        // Outside of the application's own loop nothing else lets go of what is to go.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 QString fileName(Pane pane) {

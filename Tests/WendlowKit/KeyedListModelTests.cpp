@@ -76,8 +76,9 @@ TEST(KeyedListModel, AnyChangeOfAnyListComesOutRight) {
         const std::string id = first.isValid() ? list.row(0).id : "";
         list.take(wanted);
         ASSERT_EQ(list.rows(), wanted);
-        if (first.isValid())
+        if (first.isValid()) {
             ASSERT_EQ(list.row(first.row()).id, id);
+        }
     }
 }
 

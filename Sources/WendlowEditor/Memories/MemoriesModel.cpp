@@ -140,7 +140,8 @@ bool MemoriesModel::reveal(const std::string& memoryID) {
 
 /// Narrowed by a term, or cut by what is picked: then the whole slice stands beside what is left.
 QString MemoriesModel::countLine() const {
-    if (!m_answer->ask)
+    // An answer that failed has counted nothing.
+    if (!m_answer->ask || !EditorWords::strip(m_answer->state).words.isEmpty())
         return {};
     if (m_answer->narrowed || m_answer->ask->hasChips())
         return QStringLiteral("%1 of %2").arg(m_answer->total).arg(m_answer->sliceTotal);

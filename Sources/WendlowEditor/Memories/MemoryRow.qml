@@ -58,7 +58,8 @@ T.ItemDelegate {
 
     background: Item {
         Rectangle {
-            y: row.head ? 8 : 0
+            // Over the line of the row above.
+            y: row.head ? 8 : -1
             width: parent.width
             height: parent.height - y
             radius: Theme.radiusButton
@@ -116,6 +117,7 @@ T.ItemDelegate {
             Accessible.ignored: true
         }
         Label {
+            id: second
             visible: row.twoLines && !row.head
             x: row.textX
             y: 30
@@ -155,7 +157,8 @@ T.ItemDelegate {
                 horizontalAlignment: Text.AlignLeft
             }
             Label {
-                visible: row.why.length > 0
+                // Not twice, where the row shows all of it.
+                visible: row.why.length > 0 && (row.why !== row.sublineMarkup || second.truncated || !second.visible)
                 width: parent.width
                 role: Label.Role.Small
                 line: Theme.hintLine

@@ -111,7 +111,7 @@ FocusScope {
                 Label {
                     id: words
                     x: 17
-                    y: 14
+                    y: 15
                     width: parent.width - 34
                     role: Label.Role.Strong
                     text: card.title
@@ -123,8 +123,7 @@ FocusScope {
                 Label {
                     x: 17
                     y: 44
-                    role: Label.Role.Title
-                    font.weight: Font.Normal
+                    role: Label.Role.Figure
                     text: card.count
                     color: card.ink
                     Accessible.ignored: true

@@ -15,12 +15,17 @@ EditorHost::EditorHost(EditorWorlds& worlds, EditorClocks clocks)
 EditorHost::~EditorHost() = default;
 
 void EditorHost::renew() {
-    auto before = std::exchange(m_root, std::make_unique<EditorRoot>(m_worlds.store(), m_clocks));
+    // The faces over the old root go only by and by, and look at it until they are gone.
+    constexpr std::size_t kept = 4;
+    if (m_root) {
+        m_root->retire();
+        m_before.push_back(std::move(m_root));
+    }
+    if (m_before.size() > kept)
+        m_before.pop_front();
+    m_root = std::make_unique<EditorRoot>(m_worlds.store(), m_clocks);
     QQmlEngine::setObjectOwnership(m_root.get(), QQmlEngine::CppOwnership);
     Q_EMIT rootChanged();
-    // The faces over the old root go when control is back in the event loop, and so must it.
-    if (before)
-        before.release()->deleteLater();
 }
 
 } // namespace wendlow

@@ -3,6 +3,7 @@
 #include "Shell/EditorRoot.h"
 #include "Shell/EditorWorlds.h"
 
+#include <deque>
 #include <memory>
 
 namespace wendlow {
@@ -29,6 +30,7 @@ private:
 
     EditorWorlds& m_worlds;
     const EditorClocks m_clocks;
+    std::deque<std::unique_ptr<EditorRoot>> m_before;
     std::unique_ptr<EditorRoot> m_root;
 };
 

@@ -58,6 +58,13 @@ EditorRoot::~EditorRoot() {
     m_life.end();
 }
 
+void EditorRoot::retire() {
+    disconnect(&m_store, nullptr, this, nullptr);
+    m_search.clear();
+    m_details.clear();
+    ++m_task;
+}
+
 EditorQueryKey EditorRoot::queryKey() const {
     return {.world = m_store.world(), .generation = m_store.generation(), .ask = m_ask};
 }
@@ -73,10 +80,12 @@ void EditorRoot::storeChanged() {
 }
 
 void EditorRoot::settle() {
-    if (m_asked != queryKey())
+    if (m_asked != queryKey()) {
+        m_retries = 0;
         requery();
-    else
+    } else {
         publish();
+    }
 }
 
 void EditorRoot::requery() {
@@ -94,10 +103,17 @@ QCoro::Task<> EditorRoot::run(EditorQueryKey key) {
     if (life.expired() || number != m_task || queryKey() != key)
         co_return;
     if (answer.ask != key.ask) {
-        // The store went on to a question of the search's; once that is answered it is our turn.
+        // The store went on to a question of the search's. Where that is under way still, or waits
+        // in our place, it goes first; a store that never answers ours is not asked for ever.
+        constexpr int mostRetries = 3;
         m_displaced = true;
+        if (answer.ask && !m_search.busy() && m_retries < mostRetries) {
+            ++m_retries;
+            requery();
+        }
         co_return;
     }
+    m_retries = 0;
     take(std::move(answer));
 }
 
@@ -138,6 +154,7 @@ RailState EditorRoot::railState() const {
                     .mods = std::nullopt,
                     .scopes = std::ssize(FlatScopes::paths(m_store.rootScope()))};
     // The rail needs the counts alone, and not a page of rows.
+    state.answer.state = m_answer.state;
     state.answer.narrowed = m_answer.narrowed;
     state.answer.typeCounts = m_answer.typeCounts;
     if (const auto& board = m_store.modsBoard())

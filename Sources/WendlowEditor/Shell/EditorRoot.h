@@ -40,6 +40,9 @@ public:
     explicit EditorRoot(EditorStore& store, EditorClocks clocks = {});
     ~EditorRoot() override;
 
+    /// Asks and follows its store no more; what is under way comes to nothing.
+    void retire();
+
     /// The one path that the Rules face shows.
     static std::string rulesScope(const std::set<std::string>& picked,
                                   const std::vector<EditorScopeRow>& board);
@@ -100,6 +103,7 @@ private:
     std::optional<std::string> m_shownError; ///< of the store, when `m_shown` was made
     std::optional<EditorQueryKey> m_asked;   ///< the key of the question under way or answered
     bool m_displaced = false;                ///< another question took its place in the store
+    int m_retries = 0;                       ///< of the question whose place was taken
     std::uint64_t m_task = 0;                ///< a task of another number is cancelled
     std::int64_t m_generation;
     EditorDetails m_details;

@@ -53,15 +53,17 @@ std::size_t RailModel::typesShown() const {
 }
 
 std::optional<std::int64_t> RailModel::number(EditorFace face) const {
+    // Before anything has been read, none is not a number of things.
+    const bool counted = !m_state.standing.empty() || m_state.answer.ready();
     switch (face) {
     case EditorFace::memory:
-        return RailCounts::memories(m_state.standing);
+        return counted ? std::optional(RailCounts::memories(m_state.standing)) : std::nullopt;
     case EditorFace::meetings:
         return m_state.meetings;
     case EditorFace::moments:
         return m_state.moments;
     case EditorFace::rules:
-        return RailCounts::rules(m_state.standing);
+        return counted ? std::optional(RailCounts::rules(m_state.standing)) : std::nullopt;
     case EditorFace::mods:
         return m_state.mods;
     case EditorFace::scopes:

@@ -25,7 +25,7 @@ Item {
         padding: 5
         modal: false
         focus: true
-        visible: true
+        visible: anchor.model.pickerOpen
         closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
         onClosed: {
             anchor.model.pickerOpen = false;

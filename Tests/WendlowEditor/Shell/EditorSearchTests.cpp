@@ -77,7 +77,8 @@ TEST(EditorSearch, AsksForMemoriesThenMomentsAndShowsBothAtOnce) {
     // The first sixteen, one after the other.
     for (int at = 0; store.detailWaits(); ++at)
         store.answerDetail(EditorMemoryDetail{.id = rows[static_cast<std::size_t>(at)].memory.id,
-                                              .why = "The backup did it."});
+                                              .why = "The backup did it.",
+                                              .body = {}});
     EXPECT_EQ(store.detailsAsked.size(), 16U);
     EXPECT_EQ(search.hits()->row(0).hit.subtitle, "The backup did it.");
 }

@@ -12,11 +12,12 @@ namespace wendlow::testing {
 
 inline EditorMemoryHit memory(std::string id, std::string type = "decision",
                               std::string title = "A title", std::string scope = "/") {
-    EditorMemoryHit hit{.memory = {.id = std::move(id)}, .scopeID = std::move(scope)};
-    hit.memory.type = std::move(type);
-    hit.memory.title = std::move(title);
-    hit.memory.day = EditorDate(std::chrono::hours(24 * 20000));
-    return hit;
+    const EditorDate day(std::chrono::hours(24 * 20000));
+    return {.memory = {.id = std::move(id),
+                       .type = std::move(type),
+                       .title = std::move(title),
+                       .day = day},
+            .scopeID = std::move(scope)};
 }
 
 inline EditorMemoryHits memories(int count, const std::string& type = "decision") {
