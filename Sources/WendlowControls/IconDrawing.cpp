@@ -21,6 +21,7 @@ constexpr std::array aliases{
     std::pair{"chevron.left.forwardslash.chevron.right", "terminal"},
     std::pair{"cpu.fill", "cpu"},
     std::pair{"cursorarrow.rays", "app"},
+    std::pair{"doc.text", "doc"},
     std::pair{"doc.text.fill", "doc"},
     std::pair{"exclamationmark.triangle", "warn"},
     std::pair{"gearshape.fill", "sliders"},
@@ -28,12 +29,15 @@ constexpr std::array aliases{
     std::pair{"key.fill", "key"},
     std::pair{"lock.fill", "lock"},
     std::pair{"lock.shield.fill", "shield"},
+    std::pair{"person.2", "people"},
     std::pair{"person.2.fill", "people"},
     std::pair{"powerplug", "plug"},
     std::pair{"powerplug.fill", "plug"},
     std::pair{"record.circle", "record"},
     std::pair{"scroll.fill", "scroll"},
     std::pair{"slider.horizontal.3", "sliders"},
+    std::pair{"square.grid.2x2.fill", "grid"},
+    std::pair{"square.stack.3d.down.right", "stack"},
 };
 
 // Ink is black and a hole is white in the drawings: with premultiplied pixels, what is opaque but

@@ -4,7 +4,7 @@ import QtQuick
 Text {
     id: label
 
-    enum Role { Display, Title, Heading, Section, Body, Strong, Small, SmallStrong, SmallBold, Fine, Caption, GroupTitle, Eyebrow }
+    enum Role { Display, Title, Heading, Section, Body, Strong, Small, SmallStrong, SmallBold, Fine, Caption, GroupTitle, Eyebrow, Figure }
 
     property int role: Label.Role.Body
     property int line: Theme.lines[label.role]

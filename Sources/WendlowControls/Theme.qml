@@ -75,12 +75,13 @@ QtObject {
         face(11, Font.Normal, 0),
         face(11, Font.Medium, 0),
         face(11, Font.DemiBold, 0),
-        face(11, Font.DemiBold, 0.6)
+        face(11, Font.DemiBold, 0.6),
+        face(22, Font.Normal, -0.35)
     ]
-    readonly property var lines: [48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16, 16]
+    readonly property var lines: [48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16, 16, 28]
     // Qt puts what a fixed line has over below its words. Pushed down by this, the middle between small
     // letters and capitals stands in the middle of the line.
-    readonly property var leads: [-1, 0, 0, 1, 1, 1, 0, 0, 0, 1, 1, 1, 1]
+    readonly property var leads: [-1, 0, 0, 1, 1, 1, 0, 0, 0, 1, 1, 1, 1, 0]
     // In strips and hints small words stand a little wider apart.
     readonly property int hintLine: 18
 

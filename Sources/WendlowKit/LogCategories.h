@@ -8,5 +8,6 @@ namespace wendlow::LogCategory {
 
 Q_DECLARE_LOGGING_CATEGORY(notifications)
 Q_DECLARE_LOGGING_CATEGORY(appearance)
+Q_DECLARE_LOGGING_CATEGORY(editorOpen)
 
 } // namespace wendlow::LogCategory

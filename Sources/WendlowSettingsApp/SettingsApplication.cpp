@@ -135,8 +135,8 @@ WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
         return {QStringLiteral("WendlowSettings/SettingsFace.qml"),
                 {{QStringLiteral("root"), QVariant::fromValue(&settings())}}};
     case WindowKind::editor:
-        return {QStringLiteral("WendlowSettingsApp/EditorStage.qml"),
-                {{QStringLiteral("worlds"), QVariant::fromValue(&worlds())}}};
+        return {QStringLiteral("WendlowEditor/EditorHostFace.qml"),
+                {{QStringLiteral("host"), QVariant::fromValue(&editor())}}};
     case WindowKind::controlsBench:
         return {QStringLiteral("WendlowControls/ControlsBench.qml"), {}};
     default:
@@ -146,8 +146,14 @@ WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
 
 EditorWorlds& SettingsApplication::worlds() {
     if (!m_worlds)
-        m_worlds = std::make_unique<EditorWorlds>(EditorWorlds::World::realData);
+        m_worlds = std::make_unique<EditorWorlds>(m_client, EditorWorld::realData);
     return *m_worlds;
+}
+
+EditorHost& SettingsApplication::editor() {
+    if (!m_editor)
+        m_editor = std::make_unique<EditorHost>(worlds());
+    return *m_editor;
 }
 
 void SettingsApplication::syncMainWindow() {

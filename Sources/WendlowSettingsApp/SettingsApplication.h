@@ -3,12 +3,12 @@
 #include "Client.h"
 #include "DistributedNotification.h"
 #include "EditActions.h"
-#include "EditorWorlds.h"
 #include "JourneyPresenter.h"
 #include "LaunchOptions.h"
 #include "MainMenu.h"
 #include "SettingsDelegate.h"
 #include "SettingsRoot.h"
+#include "Shell/EditorHost.h"
 #include "WindowFactory.h"
 #include "WindowPresenter.h"
 #include "WorldMenu.h"
@@ -48,17 +48,21 @@ public:
     WindowFactory& factory() { return m_factory; }
     /// Made with the Settings window.
     SettingsRoot& settings();
+    /// Made on first need and never replaced.
+    EditorWorlds& worlds();
+    /// Made with the Editor's window.
+    EditorHost& editor();
     void showAbout();
 
 private:
     void buildMainMenu();
     WindowFactory::Content contentOf(WindowKind kind);
-    EditorWorlds& worlds();
     void syncMainWindow();
 
     const Surroundings m_surroundings;
     // The order is that of the start; the windows go before what they show.
     std::unique_ptr<EditorWorlds> m_worlds;
+    std::unique_ptr<EditorHost> m_editor;
     std::unique_ptr<SettingsRoot> m_settings;
     EditActions m_editActions;
     const WorldMenuActions m_worldActions;

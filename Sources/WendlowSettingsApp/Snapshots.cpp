@@ -1,5 +1,7 @@
 #include "Snapshots.h"
 
+#include "EditorSnapshots.h"
+
 #include <QCursor>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
@@ -22,8 +24,11 @@ using namespace std::chrono_literals;
 
 void runEventLoopUntil(const std::function<bool()>& done, std::chrono::milliseconds limit) {
     const QDeadlineTimer deadline(limit);
-    while (!done() && !deadline.hasExpired())
+    while (!done() && !deadline.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        // Outside of the application's own loop nothing else lets go of what is to go.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 QString fileName(Pane pane) {
@@ -88,8 +93,9 @@ int Snapshots::take() {
 
 void Snapshots::takeInLooks() {
     takeSettings();
+    takeEditor();
     for (const WindowDescription& description : WindowDescriptions::all()) {
-        if (description.kind == WindowKind::settings ||
+        if (description.kind == WindowKind::settings || description.kind == WindowKind::editor ||
             (description.alwaysDark && m_looks == QStringLiteral("light")))
             continue;
         save(shown(description.kind), fileName(description));
@@ -113,6 +119,14 @@ void Snapshots::takeSettings() {
             takeConnectedApps(window);
     }
     root.select(first);
+}
+
+void Snapshots::takeEditor() {
+    QQuickWindow& window = shown(WindowKind::editor);
+    auto* const content = window.property("content").value<QQuickItem*>();
+    EditorSnapshots(*content, m_application.editor(), m_application.worlds(),
+                    [&](const QString& name) { save(window, name); })
+        .take();
 }
 
 void Snapshots::takeConnectedApps(QQuickWindow& window) {

@@ -28,6 +28,7 @@ public:
 private:
     void takeInLooks();
     void takeSettings();
+    void takeEditor();
     void takeConnectedApps(QQuickWindow& window);
     QQuickWindow& shown(WindowKind kind);
     void save(QWindow& window, const QString& name);

@@ -16,7 +16,7 @@ WorldMenuActions::WorldMenuActions(Worlds worlds, OpenBench openBench)
     : m_worlds(std::move(worlds)), m_openBench(std::move(openBench)) {}
 
 MenuDescription WorldMenuActions::menu() const {
-    using World = EditorWorlds::World;
+    using World = EditorWorld;
     return {.id = worldMenuId(),
             .title = QStringLiteral("World"),
             .lines = {world("dayZero", World::dayZero, Qt::Key_1),
@@ -36,9 +36,9 @@ MenuDescription WorldMenuActions::menu() const {
                       bench("openRowsBench", WindowKind::rowsBench)}};
 }
 
-MenuLine WorldMenuActions::world(const char* id, EditorWorlds::World world, int key) const {
+MenuLine WorldMenuActions::world(const char* id, EditorWorld world, int key) const {
     return {.id = QString::fromLatin1(id),
-            .title = EditorWorlds::title(world),
+            .title = QString::fromUtf8(label(world)),
             .keys = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key)),
             .act = [this, world] { m_worlds().switchWorld(world); },
             .checked = [this, world] { return m_worlds().world() == world; }};

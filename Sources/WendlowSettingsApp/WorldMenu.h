@@ -1,7 +1,7 @@
 #pragma once
 
-#include "EditorWorlds.h"
 #include "MainMenu.h"
+#include "Shell/EditorWorlds.h"
 #include "WindowDescription.h"
 
 #include <functional>
@@ -21,7 +21,7 @@ public:
     MenuDescription menu() const;
 
 private:
-    MenuLine world(const char* id, EditorWorlds::World world, int key) const;
+    MenuLine world(const char* id, EditorWorld world, int key) const;
     MenuLine bench(const char* id, WindowKind kind) const;
 
     const Worlds m_worlds;

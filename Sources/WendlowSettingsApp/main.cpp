@@ -19,6 +19,7 @@
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowEditorPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsAppPlugin)
 

@@ -1,0 +1,86 @@
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+
+// A row with a check box, its words and a number. It shows what its owner says; a press asks for the
+// other state and changes nothing by itself.
+T.CheckBox {
+    id: row
+
+    required property bool on
+    property string count
+    property string tip
+
+    property bool lit: row.hovered
+    property bool sunk: row.down
+    property bool ringed: row.visualFocus
+
+    implicitHeight: 32
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    checkState: row.on ? Qt.Checked : Qt.Unchecked
+    nextCheckState: () => row.checkState
+
+    Accessible.name: row.count.length > 0 ? row.text + ", " + row.count : row.text
+    Accessible.onPressAction: row.clicked()
+    Accessible.onToggleAction: row.clicked()
+    Keys.onReturnPressed: row.clicked()
+    Keys.onEnterPressed: row.clicked()
+
+    indicator: null
+    contentItem: Item {
+        Rectangle {
+            x: 12
+            anchors.verticalCenter: parent.verticalCenter
+            width: 16
+            height: 16
+            radius: Theme.radiusTag
+            color: row.on ? Theme.accent : "transparent"
+            border.width: row.on ? 0 : Theme.strokeControl
+            border.color: row.lit ? Theme.textSecondOnTint : Theme.control
+
+            Icon {
+                visible: row.on
+                anchors.centerIn: parent
+                size: 12
+                name: "check"
+                color: Theme.inkOnAccent
+            }
+        }
+        Label {
+            id: words
+            x: 38
+            width: number.x - x - 8
+            anchors.verticalCenter: parent.verticalCenter
+            text: row.text
+            elide: Text.ElideRight
+            horizontalAlignment: Text.AlignLeft
+            Accessible.ignored: true
+        }
+        Label {
+            id: number
+            x: parent.width - width - 12
+            anchors.verticalCenter: parent.verticalCenter
+            role: Label.Role.Small
+            text: row.count
+            color: row.lit || row.sunk ? Theme.textSecondOnTint : Theme.textSecond
+            Accessible.ignored: true
+        }
+    }
+
+    background: HoverFill {
+        radius: Theme.radiusButton
+        lit: row.lit || row.sunk
+        shade: row.sunk ? Theme.pressed : Theme.hover
+
+        FocusRing {
+            shown: row.ringed
+            inside: true
+        }
+    }
+
+    Hint {
+        text: row.tip
+        wanted: (row.hovered || row.visualFocus) && words.truncated
+    }
+}

@@ -1,0 +1,101 @@
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+
+// A choice that opens: its words, how many are picked, and a chevron.
+T.Button {
+    id: chip
+
+    // Stands before the words in the quieter colour.
+    property string lead
+    property int picks: 0
+    property bool open: false
+    property bool picked: chip.picks > 0
+    property int widest: 260
+
+    property bool lit: chip.hovered
+    property bool sunk: chip.down
+    property bool ringed: chip.visualFocus
+
+    implicitWidth: Math.min(implicitContentWidth + leftPadding + rightPadding, chip.widest)
+    implicitHeight: 28
+    leftPadding: 13
+    rightPadding: 11
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+
+    Accessible.name: [chip.lead, chip.text].filter(part => part.length > 0).join(" ")
+    Accessible.description: chip.picks > 0 ? qsTr("%1 picked").arg(chip.picks) : ""
+    Accessible.checkable: true
+    Accessible.checked: chip.open
+    Accessible.onPressAction: if (chip.enabled)
+        chip.clicked()
+    Keys.onReturnPressed: chip.clicked()
+    Keys.onEnterPressed: chip.clicked()
+
+    contentItem: Item {
+        readonly property real fixed: (first.visible ? first.width + 6 : 0) + (number.visible ? number.width + 7 : 0) + 18
+
+        implicitWidth: fixed + words.implicitWidth
+
+        Label {
+            id: first
+            visible: chip.lead.length > 0
+            anchors.verticalCenter: parent.verticalCenter
+            role: Label.Role.Small
+            text: chip.lead
+            color: chip.picked ? Theme.textSecondOnTint : Theme.textSecond
+            Accessible.ignored: true
+        }
+        Label {
+            id: words
+            x: first.visible ? first.width + 6 : 0
+            width: Math.min(implicitWidth, parent.width - parent.fixed)
+            anchors.verticalCenter: parent.verticalCenter
+            role: chip.lead.length > 0 ? Label.Role.SmallStrong : Label.Role.Small
+            text: chip.text
+            elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+        Label {
+            id: number
+            visible: chip.picks > 0
+            x: words.x + words.width + 7
+            anchors.verticalCenter: parent.verticalCenter
+            role: Label.Role.SmallBold
+            text: chip.picks
+            color: Theme.accent
+            Accessible.ignored: true
+        }
+        Icon {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            size: 12
+            name: chip.open ? "up" : "down"
+            color: Theme.textSecondOnTint
+        }
+    }
+
+    background: Rectangle {
+        radius: 14
+        color: chip.picked ? Theme.accentSoft : "transparent"
+        border.width: chip.open || !chip.picked ? Theme.strokeHairline : 0
+        border.color: chip.open ? Theme.accent : Theme.edge
+
+        HoverFill {
+            anchors.fill: parent
+            radius: 14
+            lit: chip.lit || chip.sunk
+            shade: chip.sunk ? Theme.pressed : Theme.hover
+        }
+        FocusRing {
+            shown: chip.ringed
+            around: 14
+        }
+    }
+
+    Hint {
+        text: chip.text
+        wanted: (chip.hovered || chip.visualFocus) && words.truncated
+    }
+}

@@ -1,0 +1,90 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+import WendlowEditor
+
+// The filters of a list: a chip for the scope and for each key, and below them the panel of the one that
+// is open.
+Column {
+    id: bar
+
+    required property FilterBarModel model
+    // What the panel may take at most.
+    required property int tallest
+
+    spacing: 8
+
+    Item {
+        width: bar.width
+        height: chips.height
+
+        Flickable {
+            id: chips
+
+            readonly property int linesShown: 4
+
+            width: parent.width - (clear.visible ? clear.width + 4 : 0)
+            height: Math.min(flow.implicitHeight, chips.linesShown * 36 - 8)
+            contentHeight: flow.implicitHeight
+            clip: chips.contentHeight > chips.height
+            boundsBehavior: Flickable.StopAtBounds
+
+            T.ScrollBar.vertical: ScrollBar {}
+
+            Flow {
+                id: flow
+                width: chips.width
+                spacing: 8
+
+                Repeater {
+                    model: bar.model.chips
+
+                    Chip {
+                        id: chip
+
+                        required property string key
+                        required property string label
+
+                        required picks
+                        required open
+
+                        text: chip.label
+                        onClicked: bar.model.togglePanel(chip.key)
+                        // A chip that has the focus is in sight.
+                        onActiveFocusChanged: if (chip.activeFocus)
+                            chips.contentY = Math.max(Math.min(chips.contentY, chip.y), chip.y + chip.height - chips.height)
+                    }
+                }
+                Button {
+                    visible: bar.model.moreChips > 0
+                    kind: Button.Kind.Quiet
+                    small: true
+                    text: qsTr("%1 more").arg(bar.model.moreChips)
+                    hint: qsTr("Shows all filters")
+                    onClicked: bar.model.showAllChips()
+                }
+            }
+        }
+        Button {
+            id: clear
+            x: parent.width - width + 8
+            visible: bar.model.picked
+            kind: Button.Kind.Quiet
+            small: true
+            text: qsTr("clear")
+            hint: qsTr("Clears all filters")
+            onClicked: bar.model.clearAll()
+        }
+    }
+    Only {
+        wanted: bar.model.panelOpen
+
+        FilterPanel {
+            width: bar.width
+            model: bar.model
+            tallest: bar.tallest
+        }
+    }
+}

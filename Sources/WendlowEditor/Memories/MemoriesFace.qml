@@ -1,0 +1,79 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import WendlowControls
+import WendlowEditor
+
+// The memories of one type: filters, the count and the order, and the rows.
+FocusScope {
+    id: face
+
+    required property MemoriesModel model
+    required property int column
+
+    readonly property Item list: rows
+
+    Connections {
+        target: face.model
+        function onRevealed(index: int): void {
+            rows.show(index);
+        }
+        function onTurned(): void {
+            rows.currentIndex = 0;
+            rows.positionViewAtBeginning();
+        }
+    }
+
+    FilterBar {
+        id: bar
+        x: Theme.space32
+        y: Theme.space16
+        width: face.column
+        model: face.model.filters
+        tallest: face.height - 260
+    }
+    Label {
+        id: count
+        x: Theme.space32
+        anchors.top: bar.bottom
+        anchors.topMargin: Theme.space24
+        role: Label.Role.Small
+        text: face.model.countLine
+        color: Theme.textSecond
+    }
+    ChoiceWords {
+        x: Theme.space32 + face.column - width
+        anchors.verticalCenter: count.verticalCenter
+        visible: face.model.countLine.length > 0
+        choices: face.model.sorts
+        onChosen: word => face.model.sortBy(word)
+    }
+    Hairline {
+        id: line
+        x: Theme.space32
+        anchors.top: count.bottom
+        anchors.topMargin: 7
+        width: face.column
+        visible: rows.count > 0
+    }
+    StageWords {
+        x: Theme.space32
+        width: face.column
+        anchors.verticalCenter: rows.verticalCenter
+        busy: face.model.reading
+        text: face.model.emptyWords
+    }
+    MemoryRows {
+        id: rows
+        anchors.top: line.bottom
+        anchors.bottom: parent.bottom
+        x: Theme.space32 - 12
+        width: face.column + 24
+        focus: true
+        rowHeight: 56
+        model: face.model.lines
+        Accessible.name: face.model.countLine
+        onToggled: index => face.model.toggle(index)
+        onAppeared: index => face.model.rowAppeared(index)
+    }
+}

@@ -1,0 +1,173 @@
+#include "Memories/MemoriesModel.h"
+
+#include "Shell/EditorWords.h"
+#include "Shell/RowText.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::array sortWords{EditorMemorySort::newest, EditorMemorySort::oldest,
+                               EditorMemorySort::relevance};
+
+} // namespace
+
+MemoriesModel::MemoriesModel(ChangeAsk changeAsk, RequestDetails requestDetails,
+                             MemoryLines::Today today)
+    : m_changeAsk(changeAsk), m_requestDetails(std::move(requestDetails)),
+      m_lines(std::move(today)), m_filters(std::move(changeAsk)) {}
+
+std::int64_t MemoriesModel::limitFor(std::int64_t visibleCount) {
+    return std::max(visibleCount + pageStep, EditorAsk::page);
+}
+
+void MemoriesModel::show(const EditorAsk& ask, const SharedAnswer& answer,
+                         const SearchPage::Details& details, const std::string& term) {
+    const bool other = answer->ask && !(m_answer->ask && m_answer->ask->sameQuery(*answer->ask));
+    m_ask = ask;
+    m_answer = answer;
+    m_details = &details;
+    m_term = term;
+    m_filters.show(m_ask, *m_answer);
+    rebuild();
+    if (!m_openID.empty() && !details.contains(m_openID))
+        m_requestDetails({m_openID});
+    if (other)
+        Q_EMIT turned();
+}
+
+void MemoriesModel::startAfresh() {
+    m_visibleCount = pageStep;
+    m_openID.clear();
+    m_appeared.clear();
+    m_filters.startAfresh();
+}
+
+void MemoriesModel::rebuild() {
+    const auto shown = std::min(static_cast<std::size_t>(m_visibleCount), m_answer->rows.size());
+    std::vector<MemoryLine> lines;
+    lines.reserve(shown);
+    for (std::size_t at = 0; at < shown; ++at) {
+        const EditorMemoryHit& hit = m_answer->rows[at];
+        lines.push_back(MemoryLine::of(hit));
+        if (hit.memory.id == m_openID)
+            lines.back().unfold(hit, names(m_answer->filterKeyCounts));
+    }
+    m_lines.show(std::move(lines), *m_details, m_term);
+    Q_EMIT changed();
+}
+
+void MemoriesModel::setVisibleCount(std::int64_t count) {
+    if (std::exchange(m_visibleCount, count) == count)
+        return;
+    rebuild();
+    EditorAsk next = m_ask;
+    next.limit = limitFor(count);
+    if (next != m_ask)
+        m_changeAsk(std::move(next));
+}
+
+void MemoriesModel::rowAppeared(int index) {
+    if (m_appeared.empty())
+        QMetaObject::invokeMethod(this, &MemoriesModel::serveAppeared, Qt::QueuedConnection);
+    m_appeared.insert(index);
+}
+
+void MemoriesModel::serveAppeared() {
+    const auto appeared = std::exchange(m_appeared, {});
+    std::vector<std::string> ids;
+    bool last = false;
+    for (const int index : appeared) {
+        if (!m_lines.holds(index))
+            continue;
+        ids.push_back(m_lines.row(index).memoryID());
+        last = last || index + 1 == m_lines.rowCount();
+    }
+    if (m_showSubline)
+        m_requestDetails(ids);
+    if (last && std::ssize(m_answer->rows) > m_visibleCount)
+        setVisibleCount(m_visibleCount + pageStep);
+}
+
+void MemoriesModel::sortBy(const QString& word) {
+    const auto sort = editorMemorySort(word.toStdString());
+    if (!sort || m_ask.sort == sort)
+        return;
+    EditorAsk next = m_ask;
+    next.sort = sort;
+    m_changeAsk(std::move(next));
+}
+
+void MemoriesModel::toggle(int index) {
+    if (!m_lines.holds(index))
+        return;
+    const MemoryLine line = m_lines.row(index);
+    m_openID = line.open ? std::string() : line.memoryID();
+    rebuild();
+    if (!m_openID.empty())
+        m_requestDetails({m_openID});
+}
+
+bool MemoriesModel::closeOpen() {
+    if (std::exchange(m_openID, {}).empty())
+        return false;
+    rebuild();
+    return true;
+}
+
+bool MemoriesModel::reveal(const std::string& memoryID) {
+    const auto& rows = m_answer->rows;
+    const auto found = std::ranges::find(
+        rows, memoryID, [](const EditorMemoryHit& hit) -> const auto& { return hit.memory.id; });
+    if (found == rows.end())
+        return false;
+    const auto index = found - rows.begin();
+    m_openID = memoryID;
+    // Whole pages, as scrolling there would have shown.
+    const std::int64_t pages = index / pageStep + 1;
+    if (pages * pageStep > m_visibleCount)
+        setVisibleCount(pages * pageStep);
+    else
+        rebuild();
+    m_requestDetails({memoryID});
+    Q_EMIT revealed(static_cast<int>(index));
+    return true;
+}
+
+/// Narrowed by a term, or cut by what is picked: then the whole slice stands beside what is left.
+QString MemoriesModel::countLine() const {
+    // An answer that failed has counted nothing.
+    if (!m_answer->ask || !EditorWords::strip(m_answer->state).words.isEmpty())
+        return {};
+    if (m_answer->narrowed || m_answer->ask->hasChips())
+        return QStringLiteral("%1 of %2").arg(m_answer->total).arg(m_answer->sliceTotal);
+    return QStringLiteral("%1 %2")
+        .arg(m_answer->total)
+        .arg(m_answer->total == 1 ? QStringLiteral("memory") : QStringLiteral("memories"));
+}
+
+QVariantList MemoriesModel::sorts() const {
+    QVariantList words;
+    for (const EditorMemorySort sort : sortWords)
+        words.append(
+            QVariantMap{{QStringLiteral("word"), RowText::plain(text(sort))},
+                        {QStringLiteral("picked"), m_ask.sort.value_or(m_answer->order) == sort}});
+    return words;
+}
+
+QString MemoriesModel::emptyWords() const {
+    if (m_answer->ready() && m_answer->rows.empty() && m_answer->ask &&
+        !m_answer->ask->term.empty())
+        return QStringLiteral("Nothing matches “%1”").arg(RowText::line(m_answer->ask->term));
+    return EditorWords::empty(*m_answer, !m_answer->rows.empty());
+}
+
+bool MemoriesModel::reading() const {
+    return std::holds_alternative<EditorAnswerStateCase::Pending>(m_answer->state);
+}
+
+} // namespace wendlow

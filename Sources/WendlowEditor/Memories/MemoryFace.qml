@@ -1,0 +1,78 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import WendlowControls
+import WendlowEditor
+
+// The memories: a card for each type, or what a type holds.
+FocusScope {
+    id: memory
+
+    required property MemoryFaceModel face
+
+    readonly property int column: Math.min(900, memory.width - 2 * Theme.space32)
+    readonly property bool grid: memory.face.shape === "grid"
+    // Where the focus goes when the stage is entered by key.
+    readonly property Item first: memory.grid ? cards : lists.count > 0 ? lists.itemAt(0)?.list ?? null : groups.itemAt(0)?.list ?? null
+
+    PageHead {
+        id: head
+        x: Theme.space32
+        y: 24
+        width: memory.column
+        title: memory.face.title
+        hasBack: !memory.grid
+        backTo: qsTr("Memories")
+        onBack: memory.face.close()
+        trailing: QuietProgress { running: memory.face.reading }
+    }
+    Strip {
+        id: strip
+        x: Theme.space32
+        anchors.top: head.bottom
+        anchors.topMargin: Theme.space16
+        width: memory.column
+        visible: memory.face.strip.length > 0
+        height: visible ? implicitHeight : 0
+        tone: memory.face.stripWarns ? Strip.Tone.Warning : Strip.Tone.Information
+        text: memory.face.strip
+    }
+    Item {
+        id: below
+        anchors.top: strip.visible ? strip.bottom : head.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        TypeGrid {
+            id: cards
+            visible: memory.grid
+            x: Theme.space32
+            width: memory.column
+            height: parent.height
+            face: memory.face
+            focus: memory.grid
+        }
+        Repeater {
+            id: lists
+            model: memory.face.shape === "list" ? 1 : 0
+
+            MemoriesFace {
+                anchors.fill: below
+                column: memory.column
+                model: memory.face.list
+                focus: true
+            }
+        }
+        Repeater {
+            id: groups
+            model: memory.face.shape === "groups" ? 1 : 0
+
+            StatusGroupedList {
+                anchors.fill: below
+                column: memory.column
+                model: memory.face.groups
+                focus: true
+            }
+        }
+    }
+}

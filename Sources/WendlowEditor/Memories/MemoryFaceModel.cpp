@@ -1,0 +1,105 @@
+#include "Memories/MemoryFaceModel.h"
+
+#include "Shell/EditorWords.h"
+#include "Shell/RowText.h"
+
+#include <utility>
+
+namespace wendlow {
+
+MemoryFaceModel::MemoryFaceModel(Actions actions)
+    : m_actions(std::move(actions)),
+      m_list(m_actions.ask, m_actions.requestDetails, m_actions.today),
+      m_groups(m_actions.requestDetails, m_actions.today) {}
+
+bool MemoryFaceModel::isWorkItem(std::string_view type) {
+    return type == "ticket" || type == "focus";
+}
+
+void MemoryFaceModel::show(State state) {
+    m_openType = state.openType;
+    m_answer = std::move(state.answer);
+    // While another type is being read, what is still here is that of the one before.
+    if (m_answer->ask && m_answer->ask->type != m_openType) {
+        EditorAnswer nothingYet;
+        nothingYet.state = m_answer->state;
+        m_answer = std::make_shared<const EditorAnswer>(std::move(nothingYet));
+    }
+    m_cards.show(state.standing, *m_answer);
+    // Only the shape that is shown is kept up to date.
+    const std::string& term = m_markedTerm.empty() ? state.ask.term : m_markedTerm;
+    if (m_openType && isWorkItem(*m_openType))
+        m_groups.show(m_answer, state.details, term);
+    else if (m_openType)
+        m_list.show(state.ask, m_answer, state.details, term);
+    Q_EMIT changed();
+    serveReveal();
+}
+
+void MemoryFaceModel::startAfresh() {
+    m_list.startAfresh();
+    m_groups.startAfresh();
+    m_revealID.clear();
+    m_markedTerm.clear();
+}
+
+void MemoryFaceModel::reveal(std::string memoryID, std::string term) {
+    m_revealID = std::move(memoryID);
+    m_markedTerm = std::move(term);
+}
+
+void MemoryFaceModel::serveReveal() {
+    if (m_revealID.empty() || !m_openType || !m_answer->ready())
+        return;
+    // Before it is opened, for opening it may bring us here again.
+    const std::string wanted = std::exchange(m_revealID, {});
+    if (isWorkItem(*m_openType))
+        m_groups.reveal(wanted);
+    else
+        m_list.reveal(wanted);
+}
+
+void MemoryFaceModel::openCard(int index) {
+    if (m_cards.holds(index))
+        m_actions.open(m_cards.row(index).id);
+}
+
+bool MemoryFaceModel::back() {
+    if (!m_openType)
+        return false;
+    const bool closed = isWorkItem(*m_openType)
+                            ? m_groups.closeOpen()
+                            : m_list.closeOpen() || m_list.filters()->closePanel();
+    if (!closed)
+        close();
+    return true;
+}
+
+QString MemoryFaceModel::shape() const {
+    if (!m_openType)
+        return QStringLiteral("grid");
+    return isWorkItem(*m_openType) ? QStringLiteral("groups") : QStringLiteral("list");
+}
+
+QString MemoryFaceModel::title() const {
+    return m_openType ? RowText::line(TypeWords::pluralized(*m_openType))
+                      : QStringLiteral("Memories");
+}
+
+QString MemoryFaceModel::emptyWords() const {
+    return EditorWords::empty(*m_answer, !m_cards.rows().empty());
+}
+
+bool MemoryFaceModel::reading() const {
+    return std::holds_alternative<EditorAnswerStateCase::Pending>(m_answer->state);
+}
+
+QString MemoryFaceModel::strip() const {
+    return EditorWords::strip(m_answer->state).words;
+}
+
+bool MemoryFaceModel::stripWarns() const {
+    return EditorWords::strip(m_answer->state).warns;
+}
+
+} // namespace wendlow

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "Memories/MemoriesModel.h"
+#include "Memories/StatusGroupedModel.h"
+#include "Memories/TypeCards.h"
+
+namespace wendlow {
+
+/// The first face of the window: a card for each type, or the memories of the type that is open,
+/// work items by their status. UI thread.
+class MemoryFaceModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The root of the window makes it.")
+    /// "grid", "list" or "groups".
+    Q_PROPERTY(QString shape READ shape NOTIFY changed)
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(wendlow::TypeCards* cards READ cards CONSTANT)
+    Q_PROPERTY(wendlow::MemoriesModel* list READ list CONSTANT)
+    Q_PROPERTY(wendlow::StatusGroupedModel* groups READ groups CONSTANT)
+    /// In place of cards; empty where there are some.
+    Q_PROPERTY(QString emptyWords READ emptyWords NOTIFY changed)
+    Q_PROPERTY(bool reading READ reading NOTIFY changed)
+    /// What the state of the answer has to tell; empty for nothing.
+    Q_PROPERTY(QString strip READ strip NOTIFY changed)
+    Q_PROPERTY(bool stripWarns READ stripWarns NOTIFY changed)
+
+public:
+    struct Actions {
+        FilterBarModel::ChangeAsk ask;
+        std::function<void(std::optional<std::string>)> open;
+        MemoriesModel::RequestDetails requestDetails;
+        MemoryLines::Today today;
+    };
+    struct State {
+        const EditorAsk& ask;
+        SharedAnswer answer;
+        const std::vector<EditorCount>& standing;
+        const std::optional<std::string>& openType;
+        const SearchPage::Details& details;
+    };
+
+    explicit MemoryFaceModel(Actions actions);
+
+    static bool isWorkItem(std::string_view type);
+
+    void show(State state);
+    /// Another type is open now.
+    void startAfresh();
+    /// Opens this memory as soon as its type's list holds it, with the words of `term` marked.
+    void reveal(std::string memoryID, std::string term);
+
+    Q_INVOKABLE void openCard(int index);
+    Q_INVOKABLE void close() { m_actions.open(std::nullopt); }
+    /// One step back from what is open. Gives whether there was one.
+    bool back();
+
+    QString shape() const;
+    QString title() const;
+    TypeCards* cards() { return &m_cards; }
+    MemoriesModel* list() { return &m_list; }
+    StatusGroupedModel* groups() { return &m_groups; }
+    QString emptyWords() const;
+    bool reading() const;
+    QString strip() const;
+    bool stripWarns() const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void serveReveal();
+
+    const Actions m_actions;
+    TypeCards m_cards;
+    MemoriesModel m_list;
+    StatusGroupedModel m_groups;
+    SharedAnswer m_answer = std::make_shared<const EditorAnswer>();
+    std::optional<std::string> m_openType;
+    std::string m_revealID;   ///< still to be opened; empty for none
+    std::string m_markedTerm; ///< of the search that led here; empty for none
+};
+
+} // namespace wendlow

@@ -1,0 +1,139 @@
+#include "Memories/MemoryLines.h"
+
+#include "Search/EditorDates.h"
+#include "Search/TextMatch.h"
+#include "Shell/RowText.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+namespace {
+
+constexpr std::string_view memoryPrefix = "m:";
+constexpr int passageRadius = 44;
+
+} // namespace
+
+MemoryLine MemoryLine::of(const EditorMemoryHit& hit) {
+    return {.id = std::string(memoryPrefix) + hit.memory.id,
+            .title = hit.memory.title,
+            .scopeID = hit.scopeID,
+            .day = hit.memory.day};
+}
+
+std::vector<std::pair<std::string, std::string>>
+MemoryLine::orderedFilters(const EditorMemory& memory, const std::vector<std::string>& keyOrder) {
+    std::vector<std::pair<std::string, std::string>> ordered;
+    auto rest = memory.filters;
+    for (const std::string& key : keyOrder)
+        if (auto found = rest.extract(key))
+            ordered.emplace_back(found.key(), std::move(found.mapped()));
+    ordered.insert(ordered.end(), rest.begin(), rest.end());
+    return ordered;
+}
+
+void MemoryLine::unfold(const EditorMemoryHit& hit, const std::vector<std::string>& keyOrder) {
+    open = true;
+    facts = hit.scopeID;
+    for (const auto& [key, value] : orderedFilters(hit.memory, keyOrder))
+        facts += fmt::format(" · {} {}", key, value);
+}
+
+std::string MemoryLine::memoryID() const {
+    return id.substr(memoryPrefix.size());
+}
+
+void MemoryLines::show(std::vector<MemoryLine> lines, const SearchPage::Details& details,
+                       const std::string& term) {
+    std::unordered_map<std::string_view, const MemoryLine*> before;
+    for (const MemoryLine& line : rows())
+        if (line.detail)
+            before.emplace(line.id, &line);
+    for (MemoryLine& line : lines) {
+        if (line.head)
+            continue;
+        const auto known = details.find(line.memoryID());
+        const auto kept = before.find(line.id);
+        if (known != details.end())
+            line.detail = known->second;
+        else if (kept != before.end())
+            line.detail = kept->second->detail;
+        line.stale = line.detail && known == details.end();
+    }
+    const bool remark = std::exchange(m_term, term) != term;
+    take(std::move(lines));
+    if (remark && !rows().empty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1),
+                           {TitleMarkupRole, SublineRole, SublineMarkupRole, WhyRole, BodyRole});
+}
+
+/// What the memory is for, or the place where a search's words stand when the title has none.
+std::string MemoryLines::subline(const MemoryLine& line) const {
+    if (!line.detail)
+        return {};
+    const auto& [id, why, body] = *line.detail;
+    if (!TextMatch::passage(m_term, line.title, passageRadius))
+        for (const std::string* const text : {&why, &body})
+            if (auto passage = TextMatch::passage(m_term, *text, passageRadius))
+                return *std::move(passage);
+    if (!why.empty())
+        return why;
+    return body.empty() ? line.scopeID : body;
+}
+
+QVariant MemoryLines::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const MemoryLine& here = row(index.row());
+    switch (role) {
+    case HeadRole:
+        return here.head;
+    case Qt::DisplayRole:
+    case TitleRole:
+        return RowText::line(here.title);
+    case TitleMarkupRole:
+        return RowText::markedLine(here.title, m_term);
+    case SublineRole:
+        return RowText::line(subline(here));
+    case SublineMarkupRole:
+        return RowText::markedLine(subline(here), m_term);
+    case DayRole:
+        return here.head ? QString() : EditorDayFormat::shortDay(here.day, m_today());
+    case CountRole:
+        return here.head ? QString::number(here.count) : QString();
+    case OpenRole:
+        return here.open;
+    case LastRole:
+        return here.lastOfGroup;
+    case TipRole:
+        return RowText::tip(here.title);
+    case FactsRole:
+        return RowText::line(here.facts);
+    case WhyRole:
+        return here.open && here.detail ? RowText::markedText(here.detail->why, m_term) : QString();
+    case BodyRole:
+        return here.open && here.detail ? RowText::markedText(here.detail->body, m_term)
+                                        : QString();
+    case KnownRole:
+        return here.detail.has_value();
+    case StaleRole:
+        return here.stale;
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> MemoryLines::roleNames() const {
+    return {{HeadRole, "head"},       {TitleRole, "title"}, {TitleMarkupRole, "titleMarkup"},
+            {SublineRole, "subline"}, {DayRole, "day"},     {SublineMarkupRole, "sublineMarkup"},
+            {CountRole, "count"},     {OpenRole, "open"},   {LastRole, "last"},
+            {TipRole, "tip"},         {WhyRole, "why"},     {BodyRole, "body"},
+            {FactsRole, "facts"},     {KnownRole, "known"}, {StaleRole, "stale"}};
+}
+
+} // namespace wendlow

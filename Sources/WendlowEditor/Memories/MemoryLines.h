@@ -1,0 +1,82 @@
+#pragma once
+
+#include "KeyedListModel.h"
+#include "Model/EditorMemory.h"
+#include "Search/SearchPage.h"
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace wendlow {
+
+/// A line of a list of memories: a memory, or the head of a group of them.
+struct MemoryLine {
+    std::string id; ///< begins with "m:" for a memory, and otherwise for a head
+    bool head = false;
+    std::string title; ///< for a head its status
+    std::string scopeID = {};
+    EditorDate day = {};
+    std::size_t count = 0; ///< of a head's group
+    bool open = false;     ///< shows its why and body, or its group
+    bool lastOfGroup = false;
+    std::string facts = {}; ///< of a memory that is open: where it is filed, and its filters
+    std::optional<EditorMemoryDetail> detail = {}; ///< nothing until it is known
+    bool stale = false; ///< the detail is from before a change of the store
+
+    bool operator==(const MemoryLine&) const = default;
+
+    static MemoryLine of(const EditorMemoryHit& hit);
+    /// Shows its why and body, and its filters: those of `keyOrder` in its order, then the rest.
+    void unfold(const EditorMemoryHit& hit, const std::vector<std::string>& keyOrder);
+    /// The keys of `keyOrder` that the memory has, then its others, with their values.
+    static std::vector<std::pair<std::string, std::string>>
+    orderedFilters(const EditorMemory& memory, const std::vector<std::string>& keyOrder);
+    std::string memoryID() const;
+};
+
+/// The lines of a list of memories. What a line showed of its memory's why and body it keeps until
+/// newer words are known, so that a refresh does not empty it. UI thread.
+class MemoryLines final : public KeyedListModel<MemoryLine> {
+    Q_OBJECT
+    QML_ANONYMOUS
+
+public:
+    enum Role {
+        HeadRole = Qt::UserRole + 1,
+        TitleRole, ///< plain, one line
+        TitleMarkupRole,
+        SublineRole, ///< plain, one line; empty until it is known
+        SublineMarkupRole,
+        DayRole,
+        CountRole,
+        OpenRole,
+        LastRole, ///< of its group
+        TipRole,
+        FactsRole,
+        WhyRole,   ///< markup, all lines
+        BodyRole,  ///< markup, all lines
+        KnownRole, ///< whether why and body are known
+        StaleRole, ///< what is known is from before a change of the store
+    };
+    using Today = std::function<EditorDate()>;
+
+    explicit MemoryLines(Today today) : m_today(std::move(today)) {}
+
+    /// `term`: what the words are marked for.
+    void show(std::vector<MemoryLine> lines, const SearchPage::Details& details,
+              const std::string& term);
+
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+private:
+    std::string subline(const MemoryLine& line) const;
+
+    const Today m_today;
+    std::string m_term;
+};
+
+} // namespace wendlow

@@ -1,0 +1,88 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+
+// A list of memories, with the heads of their groups where there are some. The arrows go from line to line,
+// Return opens and closes.
+ListView {
+    id: list
+
+    required property int rowHeight
+    property int indent: 0
+
+    property bool byKey: false
+    property int hoverIndex: -1
+    property bool pressed: false
+
+    signal toggled(int index)
+    signal appeared(int index)
+
+    // Brings a line into sight with the focus at it.
+    function show(index: int): void {
+        list.currentIndex = index;
+        list.positionViewAtIndex(index, ListView.Contain);
+    }
+
+    function tinted(index: int): bool {
+        return index === list.hoverIndex || (index === list.currentIndex && list.activeFocus);
+    }
+
+    clip: true
+    activeFocusOnTab: list.count > 0
+    boundsBehavior: Flickable.StopAtBounds
+    bottomMargin: Theme.space24
+    highlightMoveDuration: 0
+    cacheBuffer: 200
+    onActiveFocusChanged: if (list.activeFocus && !list.pressed)
+        list.byKey = true
+
+    T.ScrollBar.vertical: ScrollBar {}
+
+    Accessible.role: Accessible.List
+
+    Keys.onPressed: event => {
+        list.byKey = true;
+        const last = list.count - 1;
+        const page = Math.max(1, Math.floor(list.height / list.rowHeight) - 1);
+        const steps = {
+            [Qt.Key_Home]: 0,
+            [Qt.Key_End]: last,
+            [Qt.Key_PageUp]: Math.max(0, list.currentIndex - page),
+            [Qt.Key_PageDown]: Math.min(last, list.currentIndex + page)
+        };
+        event.accepted = event.key in steps;
+        if (event.accepted)
+            list.show(steps[event.key]);
+    }
+    Keys.onReturnPressed: list.toggled(list.currentIndex)
+    Keys.onEnterPressed: list.toggled(list.currentIndex)
+    Keys.onSpacePressed: list.toggled(list.currentIndex)
+
+    delegate: MemoryRow {
+        id: row
+
+        width: list.width
+        rowHeight: list.rowHeight
+        indent: list.indent
+        chosen: row.ListView.isCurrentItem && list.activeFocus
+        ringed: row.chosen && list.byKey
+        underlined: !row.last && row.index + 1 < list.count && !list.tinted(row.index) && !list.tinted(row.index + 1) && !row.open
+        onHoveredChanged: {
+            if (row.hovered)
+                list.hoverIndex = row.index;
+            else if (list.hoverIndex === row.index)
+                list.hoverIndex = -1;
+        }
+        onPressed: {
+            list.pressed = true;
+            list.byKey = false;
+            list.currentIndex = row.index;
+            list.forceActiveFocus(Qt.MouseFocusReason);
+            list.pressed = false;
+        }
+        onClicked: list.toggled(row.index)
+        onWanted: list.appeared(row.index)
+    }
+}

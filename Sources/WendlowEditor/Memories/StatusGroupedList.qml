@@ -1,0 +1,54 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import WendlowControls
+import WendlowEditor
+
+// Work by its status, each group a section that opens and closes.
+FocusScope {
+    id: face
+
+    required property StatusGroupedModel model
+    required property int column
+
+    readonly property Item list: rows
+
+    Connections {
+        target: face.model
+        function onRevealed(index: int): void {
+            rows.show(index);
+        }
+    }
+
+    StageWords {
+        anchors.centerIn: parent
+        width: face.column
+        busy: face.model.reading
+        text: face.model.emptyWords
+    }
+    MemoryRows {
+        id: rows
+        anchors.fill: parent
+        anchors.leftMargin: Theme.space32 - 12
+        anchors.rightMargin: parent.width - face.column - Theme.space32 - 12
+        topMargin: 12
+        focus: true
+        rowHeight: 40
+        indent: 20
+        model: face.model.lines
+        Accessible.name: qsTr("By status")
+        onToggled: index => face.model.toggle(index)
+
+        footer: Label {
+            x: 12
+            width: face.column
+            visible: face.model.footer.length > 0
+            height: visible ? implicitHeight + 12 : 0
+            topPadding: 12
+            role: Label.Role.Small
+            text: face.model.footer
+            color: Theme.textSecond
+            elide: Text.ElideRight
+        }
+    }
+}

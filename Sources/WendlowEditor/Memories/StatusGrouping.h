@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Model/EditorMemory.h"
+
+#include <string>
+#include <vector>
+
+namespace wendlow {
+
+/// Work by its status. What is archived stands apart.
+struct StatusGrouping {
+    struct Group {
+        std::string status;
+        EditorMemoryHits rows;
+        bool operator==(const Group&) const = default;
+    };
+
+    std::vector<Group> live; ///< by status; those without one are last
+    EditorMemoryHits archived;
+
+    bool operator==(const StatusGrouping&) const = default;
+
+    static StatusGrouping group(const EditorMemoryHits& hits);
+};
+
+} // namespace wendlow

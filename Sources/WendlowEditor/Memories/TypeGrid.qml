@@ -1,0 +1,138 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+import WendlowEditor
+
+// A card for each type of memory, three in a line where there is room.
+FocusScope {
+    id: grid
+
+    required property MemoryFaceModel face
+
+    readonly property int columns: grid.width >= 560 ? 3 : grid.width >= 340 ? 2 : 1
+
+    StageWords {
+        anchors.centerIn: parent
+        width: parent.width
+        busy: grid.face.reading
+        text: grid.face.emptyWords
+    }
+
+    GridView {
+        id: cards
+
+        // A gap behind the last column too, which hangs out at the right.
+        readonly property int gap: 12
+        property bool byKey: false
+
+        y: 0
+        width: parent.width + cards.gap
+        height: parent.height
+        topMargin: 20
+        bottomMargin: Theme.space24
+        clip: true
+        focus: true
+        activeFocusOnTab: cards.count > 0
+        boundsBehavior: Flickable.StopAtBounds
+        cellWidth: Math.floor((grid.width + cards.gap) / grid.columns)
+        cellHeight: 100
+        highlightMoveDuration: 0
+        model: grid.face.cards
+        onActiveFocusChanged: if (cards.activeFocus && !cards.byPress)
+            cards.byKey = true
+
+        property bool byPress: false
+
+        T.ScrollBar.vertical: ScrollBar {}
+
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Types of memory")
+
+        Keys.onPressed: event => {
+            cards.byKey = true;
+            event.accepted = false;
+        }
+        Keys.onReturnPressed: grid.face.openCard(cards.currentIndex)
+        Keys.onEnterPressed: grid.face.openCard(cards.currentIndex)
+        Keys.onSpacePressed: grid.face.openCard(cards.currentIndex)
+        // At the left edge the key goes on to the rail.
+        Keys.onLeftPressed: event => {
+            event.accepted = cards.currentIndex % grid.columns !== 0;
+            if (event.accepted)
+                cards.moveCurrentIndexLeft();
+        }
+
+        delegate: T.ItemDelegate {
+            id: card
+
+            required property int index
+            required property string title
+            required property string count
+            required property bool dimmed
+
+            readonly property bool ringed: cards.activeFocus && cards.byKey && card.GridView.isCurrentItem
+            readonly property color ink: !card.dimmed ? Theme.text : card.hovered ? Theme.textSecondOnTint : Theme.textSecond
+
+            width: cards.cellWidth - cards.gap
+            height: 88
+            hoverEnabled: true
+            focusPolicy: Qt.NoFocus
+            text: card.title
+
+            Accessible.name: card.title + ", " + card.count
+            Accessible.description: card.dimmed ? qsTr("Nothing matches") : ""
+            Accessible.onPressAction: card.clicked()
+            onClicked: {
+                cards.currentIndex = card.index;
+                grid.face.openCard(card.index);
+            }
+
+            background: Rectangle {
+                radius: Theme.radiusCard
+                color: card.dimmed ? "transparent" : Theme.surface
+                border.width: Theme.strokeHairline
+                border.color: card.hovered ? Theme.edge : Theme.hairline
+
+                HoverFill {
+                    anchors.fill: parent
+                    radius: Theme.radiusCard
+                    lit: card.hovered || card.down
+                    shade: card.down ? Theme.pressed : Theme.hover
+                }
+                FocusRing {
+                    shown: card.ringed
+                    around: Theme.radiusCard
+                    inside: true
+                }
+            }
+            contentItem: Item {
+                Label {
+                    id: words
+                    x: 17
+                    y: 15
+                    width: parent.width - 34
+                    role: Label.Role.Strong
+                    text: card.title
+                    color: card.ink
+                    elide: Text.ElideRight
+                    horizontalAlignment: Text.AlignLeft
+                    Accessible.ignored: true
+                }
+                Label {
+                    x: 17
+                    y: 44
+                    role: Label.Role.Figure
+                    text: card.count
+                    color: card.ink
+                    Accessible.ignored: true
+                }
+            }
+            Hint {
+                text: card.title
+                wanted: card.hovered && words.truncated
+            }
+        }
+    }
+}

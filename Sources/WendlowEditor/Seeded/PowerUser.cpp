@@ -1,0 +1,141 @@
+#include "Seeded/SeedBuilders.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include <fmt/format.h>
+
+namespace wendlow::SeedWorlds {
+
+namespace {
+
+constexpr std::array folders{"ferry",   "harbour", "lighthouse", "tides",  "archive", "tickets",
+                             "charts",  "weather", "radio",      "fleet",  "website", "budget",
+                             "library", "garden",  "travel",     "reading"};
+constexpr std::array types{"decision",   "finding", "ticket", "note",
+                           "preference", "focus",   "person"};
+constexpr std::array subjects{"timetable",   "departure board", "tide service", "mooring list",
+                              "search page", "night build",     "chart viewer", "mail import",
+                              "backup",      "login screen",    "export",       "weather feed",
+                              "map layer",   "price table",     "status page"};
+constexpr std::array verbs{"keeps",   "loses",  "rounds", "caches", "sorts", "rereads",
+                           "watches", "delays", "splits", "merges", "hides", "repeats"};
+constexpr std::array objects{"the first row",       "every second answer", "old entries",
+                             "what was typed last", "times near midnight", "names with accents",
+                             "empty files",         "the largest picture", "its own settings"};
+constexpr std::array reasons{"It came up in the Monday call.", "A customer wrote about it.",
+                             "The log was full of it.",        "It took a morning to find.",
+                             "Two people fixed it twice.",     "Nobody remembered why it was so."};
+constexpr std::array statuses{"next", "doing", "waiting", "done"};
+constexpr std::array owners{"Ines", "Tomas", "Yuki", "Mara"};
+
+constexpr int memoriesPerScope = 120;
+constexpr int rulesPerScope = 6;
+constexpr int momentsInAll = 400;
+
+/// One of `list`, another one for each `index`, in no order that a person would notice.
+template<std::size_t Size>
+std::string_view pick(const std::array<const char*, Size>& list, int index, int stride) {
+    return list[static_cast<std::size_t>(index * stride + index / 7) % Size];
+}
+
+std::map<std::string, std::string> seedFilters(std::string_view type, int index) {
+    std::map<std::string, std::string> filters{{"owner", std::string(pick(owners, index, 3))}};
+    if (type == "ticket" || type == "focus") {
+        filters["status"] = pick(statuses, index, 5);
+        filters["estimate"] = std::to_string(1 + index % 8);
+        if (index % 11 == 0)
+            filters["archived"] = "true";
+    }
+    if (index % 3 == 0)
+        filters["source"] = index % 2 == 0 ? "session" : "meeting";
+    return filters;
+}
+
+std::vector<EditorMemory> memories(const std::string& scope, int count, int seed) {
+    std::vector<EditorMemory> made;
+    for (int number = 1; number <= count; ++number) {
+        const int index = seed * 37 + number;
+        const std::string_view type = pick(types, index, 3);
+        const std::string_view subject = pick(subjects, index, 4);
+        made.push_back(
+            {.id = fmt::format("{}#m{}", scope, number),
+             .type = std::string(type),
+             .title = fmt::format("The {} {} {}", subject, pick(verbs, index, 5),
+                                  pick(objects, index, 2)),
+             .why = std::string(pick(reasons, index, 5)),
+             .body = fmt::format("Seen in {} on day {}. The {} was looked at with {}; what is said "
+                                 "here holds until somebody changes the {}.",
+                                 scope, index % 365, subject, pick(owners, index, 3),
+                                 pick(subjects, index, 7)),
+             .filters = seedFilters(type, index),
+             .day = daysAgo(index % 365)});
+    }
+    return made;
+}
+
+/// Rules are memories too; some files of them have a name, and some rules ride every prompt.
+void addRules(EditorScope& scope, int count, int seed) {
+    constexpr std::array files{"style", "safety", "releases"};
+    for (int number = 1; number <= count; ++number) {
+        const int index = seed + number;
+        const std::string id = fmt::format("{}#r{}", scope.id, number);
+        const std::string text = fmt::format("Never let the {} touch {}", pick(subjects, index, 2),
+                                             pick(objects, index, 4));
+        scope.rules.push_back({.id = id, .text = text});
+        EditorMemory rule{.id = id, .type = "rule", .title = text};
+        rule.why = pick(reasons, index, 1);
+        rule.body = text + ", and say so in the commit message.";
+        rule.day = daysAgo(index % 90);
+        if (number % 3 != 0)
+            rule.filters["rules-file"] = pick(files, number, 1);
+        scope.memories.push_back(std::move(rule));
+    }
+}
+
+std::vector<EditorApp> apps(const std::string& scope, int count) {
+    std::vector<EditorApp> made;
+    for (int number = 1; number <= count; ++number)
+        made.push_back(
+            {.id = fmt::format("{}#a{}", scope, number), .name = fmt::format("Tool {}", number)});
+    return made;
+}
+
+std::vector<EditorMoment> seedMoments() {
+    std::vector<EditorMoment> made;
+    for (int index = 0; index < momentsInAll; ++index) {
+        EditorMoment moment{.id = fmt::format("seed{}", index),
+                            .at = daysAgo(0) - std::chrono::minutes(37) * index};
+        moment.title = fmt::format("The {} on screen", pick(subjects, index, 4));
+        moment.abstract = fmt::format("{} {}", pick(reasons, index, 5), pick(objects, index, 2));
+        moment.shade = 0.3 + 0.05 * (index % 9);
+        moment.bundle =
+            index % 6 == 0 ? "one.tarnbeck.wendlow.transcript.codex" : "one.tarnbeck.editor";
+        made.push_back(std::move(moment));
+    }
+    return made;
+}
+
+} // namespace
+
+SeededContents powerUser() {
+    SeededContents made;
+    EditorScope work{.id = "/work", .title = "work"};
+    addRules(made.root, rulesPerScope, 0);
+    int seed = 0;
+    for (const char* const folder : folders) {
+        EditorScope scope{.id = fmt::format("/work/{}", folder), .title = folder};
+        ++seed;
+        scope.apps = apps(scope.id, 1 + seed % 3);
+        scope.memories = memories(scope.id, memoriesPerScope, seed);
+        addRules(scope, rulesPerScope, seed);
+        scope.folderPaths = {fmt::format("/home/me/work/{}", folder)};
+        work.children.push_back(std::move(scope));
+    }
+    made.root.children.push_back(std::move(work));
+    made.moments = seedMoments();
+    return made;
+}
+
+} // namespace wendlow::SeedWorlds

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Model/EditorMoment.h"
+#include "Model/EditorScope.h"
+#include "Model/EditorWorld.h"
+
+#include <vector>
+
+namespace wendlow {
+
+/// What a made-up world holds: always the same, at every start.
+struct SeededContents {
+    EditorScope root = EditorScope::root();
+    std::vector<EditorMoment> moments = {}; ///< the newest first
+};
+
+namespace SeedWorlds {
+SeededContents contents(SeedWorld world);
+} // namespace SeedWorlds
+
+} // namespace wendlow

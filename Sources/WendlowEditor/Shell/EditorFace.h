@@ -1,0 +1,28 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace wendlow {
+
+/// The faces of the Editor's window.
+enum class EditorFace { memory, meetings, moments, rules, mods, scopes };
+
+namespace EditorFaces {
+
+/// In the order of the rail.
+inline constexpr std::array all{EditorFace::memory, EditorFace::meetings, EditorFace::moments,
+                                EditorFace::rules,  EditorFace::mods,     EditorFace::scopes};
+
+/// The raw text, which is also the face's identity.
+std::string_view text(EditorFace face);
+std::string_view title(EditorFace face);
+/// The name of its icon.
+std::string_view symbol(EditorFace face);
+/// Nothing for any other text.
+std::optional<EditorFace> fromText(std::string_view raw);
+
+} // namespace EditorFaces
+
+} // namespace wendlow

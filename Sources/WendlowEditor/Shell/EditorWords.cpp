@@ -1,0 +1,42 @@
+#include "Shell/EditorWords.h"
+
+#include "Shell/RowText.h"
+
+#include <fmt/format.h>
+
+namespace wendlow::EditorWords {
+
+Strip strip(const EditorAnswerState& state) {
+    if (const auto* const failed = std::get_if<EditorAnswerStateCase::Failed>(&state))
+        return {.words = RowText::plain(failed->words), .warns = true};
+    if (std::holds_alternative<EditorAnswerStateCase::Warming>(state))
+        return {.words = QStringLiteral("Searching your memories will be ready in a moment — the "
+                                        "index is still building.")};
+    return {};
+}
+
+QString reading() {
+    return QStringLiteral("Reading your memories…");
+}
+
+QString nothingHere() {
+    return QStringLiteral("Nothing here yet.");
+}
+
+QString empty(const EditorAnswer& answer, bool hasRows) {
+    if (hasRows || !strip(answer.state).words.isEmpty())
+        return {};
+    return answer.ready() ? nothingHere() : reading();
+}
+
+std::string blankStage(const std::optional<std::string>& storeError,
+                       std::optional<std::int64_t> meetingCount) {
+    if (storeError)
+        return *storeError;
+    if (meetingCount)
+        return fmt::format("{} meetings are recorded. A meetings surface lands in a later phase.",
+                           *meetingCount);
+    return "This surface isn’t wired to your real data yet.";
+}
+
+} // namespace wendlow::EditorWords

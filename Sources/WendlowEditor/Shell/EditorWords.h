@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Model/EditorAnswer.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace wendlow::EditorWords {
+
+/// What stands above a list by the state of its answer.
+struct Strip {
+    QString words; ///< empty: no strip
+    bool warns = false;
+};
+/// Without what is said of a list that has no rows yet.
+Strip strip(const EditorAnswerState& state);
+
+QString reading();
+QString nothingHere();
+/// In place of rows: that they are being read, that there are none, or nothing where a strip tells
+/// why. Empty where there are rows.
+QString empty(const EditorAnswer& answer, bool hasRows);
+
+/// A face that has nothing of its own to show.
+std::string blankStage(const std::optional<std::string>& storeError,
+                       std::optional<std::int64_t> meetingCount);
+
+} // namespace wendlow::EditorWords

@@ -1,0 +1,37 @@
+#include "Shell/EditorWorlds.h"
+
+#include <utility>
+
+namespace wendlow {
+
+EditorWorlds::EditorWorlds(std::shared_ptr<WendlowClient> client, EditorWorld world,
+                           EditorLiveStore::Note note)
+    : m_world(world), m_seeded(seedWorld(world).value_or(SeedWorld::someData)),
+      m_live(std::move(client), std::move(note)) {
+    if (world == EditorWorld::realData)
+        m_live.resetWorld();
+}
+
+EditorStore& EditorWorlds::store() {
+    if (m_world == EditorWorld::realData)
+        return m_live;
+    return m_seeded;
+}
+
+void EditorWorlds::switchWorld(EditorWorld world) {
+    if (world != EditorWorld::realData) {
+        if (world == m_world)
+            return;
+        m_seeded.switchWorld(world);
+    } else if (!m_live.loaded() || m_world != EditorWorld::realData) {
+        m_live.resetWorld();
+    }
+    if (std::exchange(m_world, world) != world)
+        Q_EMIT worldChanged();
+}
+
+void EditorWorlds::resetWorld() {
+    store().resetWorld();
+}
+
+} // namespace wendlow

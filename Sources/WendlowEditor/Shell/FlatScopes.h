@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Model/EditorScope.h"
+
+#include <string>
+#include <vector>
+
+namespace wendlow::FlatScopes {
+
+/// The paths of the scope tree in the order of a walk, the root first.
+std::vector<std::string> paths(const EditorScope& root);
+
+} // namespace wendlow::FlatScopes

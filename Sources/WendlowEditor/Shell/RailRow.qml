@@ -1,0 +1,91 @@
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+
+// One place of the rail: its icon if it has one, its title, its count.
+// A tab by its template: Qt 6.4 tells a screen reader the template's role and no other.
+T.TabButton {
+    id: control
+
+    required property int index
+    required property string kind
+    required property string title
+    required property string count
+    required property string symbol
+    required property string spoken
+    required property bool here
+    required property bool dimmed
+
+    readonly property bool heading: control.kind === "heading"
+    readonly property bool quiet: control.kind === "more"
+    // The faces stand apart from the memories.
+    readonly property int gap: control.title === "Meetings" && control.kind === "face" ? 12 : 0
+
+    property bool lit: control.hovered
+    property bool sunk: control.down
+    property bool ringed: control.visualFocus
+
+    implicitHeight: 33 + control.gap
+    topPadding: control.gap
+    bottomPadding: 1
+    topInset: control.gap
+    bottomInset: 1
+    hoverEnabled: true
+    checkable: false
+    autoExclusive: false
+    text: control.title
+
+    Accessible.name: control.spoken
+    Accessible.selectable: true
+    Accessible.selected: control.here
+    Accessible.onPressAction: control.clicked()
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
+
+    contentItem: Item {
+        Icon {
+            x: 8
+            anchors.verticalCenter: parent.verticalCenter
+            visible: control.symbol.length > 0
+            name: control.symbol
+            color: control.here ? Theme.text : Theme.textSecondOnTint
+        }
+        Label {
+            id: words
+            x: control.symbol.length > 0 ? 34 : 8
+            width: number.x - x - 8
+            anchors.verticalCenter: parent.verticalCenter
+            role: control.heading ? Label.Role.Eyebrow : control.here ? Label.Role.Strong : Label.Role.Body
+            text: control.title
+            color: control.quiet || control.dimmed || (control.heading && !control.here) ? Theme.textSecondOnTint : Theme.text
+            elide: Text.ElideRight
+            horizontalAlignment: Text.AlignLeft
+            Accessible.ignored: true
+        }
+        Label {
+            id: number
+            x: parent.width - width - 8
+            anchors.verticalCenter: parent.verticalCenter
+            role: Label.Role.Small
+            text: control.count
+            color: control.here && control.heading ? Theme.text : Theme.textSecondOnTint
+            Accessible.ignored: true
+        }
+    }
+
+    background: HoverFill {
+        radius: Theme.radiusButton
+        lit: control.here || control.lit || control.sunk
+        shade: control.here ? Theme.here : control.sunk ? Theme.pressed : Theme.hover
+
+        FocusRing {
+            shown: control.ringed
+            inside: true
+        }
+    }
+
+    Hint {
+        text: control.title
+        wanted: (control.hovered || control.visualFocus) && words.truncated
+    }
+}

@@ -1,0 +1,111 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+import WendlowEditor
+
+// The search field and the places of the window with their counts. The arrows go from place to place, or
+// through what the search found.
+FocusScope {
+    id: rail
+
+    required property EditorRoot root
+
+    // While a key is at work: what it opens shows its ring.
+    property bool byKey: false
+
+    // The focus is to go to the stage.
+    signal exited
+
+    implicitWidth: Theme.sidebarWidth
+
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Places")
+
+    function enterSearch(): void {
+        field.forceActiveFocus(Qt.ShortcutFocusReason);
+        field.selectAll();
+    }
+
+    function type(text: string): void {
+        field.forceActiveFocus(Qt.ShortcutFocusReason);
+        field.insert(field.length, text);
+        field.typed(field.text);
+    }
+
+    function enterHere(): void {
+        const item = places.itemAtIndex(rail.root.rail.hereIndex) ?? field;
+        item.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function arrow(event: var, by: int): void {
+        rail.byKey = true;
+        event.accepted = rail.root.rail.arrowPress(by, (event.modifiers & Qt.ShiftModifier) !== 0);
+        rail.byKey = false;
+    }
+
+    Keys.onUpPressed: event => rail.arrow(event, -1)
+    Keys.onDownPressed: event => rail.arrow(event, 1)
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.sidebar
+    }
+    Hairline {
+        anchors.right: parent.right
+        height: parent.height
+    }
+
+    SearchField {
+        id: field
+        x: 12
+        y: 16
+        width: parent.width - 25
+        focus: true
+        value: rail.root.search.text
+        onTyped: text => rail.root.search.text = text
+        onAccepted: {
+            if (!rail.root.search.searching)
+                return;
+            rail.root.commitSearchSelection();
+            rail.exited();
+        }
+        Keys.onEscapePressed: event => {
+            event.accepted = rail.root.back();
+        }
+    }
+
+    ListView {
+        id: places
+        x: 12
+        width: parent.width - 25
+        anchors.top: field.bottom
+        anchors.topMargin: 12
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 12
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        // Places that are scrolled away keep the focus.
+        cacheBuffer: 20000
+        keyNavigationEnabled: false
+        activeFocusOnTab: false
+        model: rail.root.rail
+
+        T.ScrollBar.vertical: ScrollBar {}
+
+        delegate: RailRow {
+            id: place
+
+            width: places.width
+            focusPolicy: place.here || place.kind === "heading" || place.kind === "more" ? Qt.StrongFocus : Qt.ClickFocus
+            onClicked: rail.root.rail.activate(place.index)
+            Keys.onRightPressed: rail.exited()
+            // The focus goes along with what is open.
+            onHereChanged: if (place.here && places.activeFocus) {
+                place.forceActiveFocus(rail.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
+                places.positionViewAtIndex(place.index, ListView.Contain);
+            }
+        }
+    }
+}

@@ -1,0 +1,90 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+import WendlowEditor
+
+// The page of a search: what was found, by what it is. Its selection moves by the arrows, also while the
+// search field has the focus.
+FocusScope {
+    id: page
+
+    required property EditorRoot root
+
+    readonly property EditorSearch search: page.root.search
+    readonly property int column: Math.min(900, page.width - 2 * Theme.space32)
+
+    PageHead {
+        id: head
+        x: Theme.space32
+        y: 20
+        width: page.column
+        title: page.search.heading
+        hasBack: true
+        backTo: page.root.title
+        onBack: page.root.clearSearch()
+        trailing: [
+            QuietProgress { running: page.search.busy },
+            Label {
+                role: Label.Role.Fine
+                text: page.search.timing
+                color: Theme.textSecond
+            }
+        ]
+    }
+    Strip {
+        id: strip
+        x: Theme.space32
+        anchors.top: head.bottom
+        anchors.topMargin: Theme.space16
+        width: page.column
+        visible: page.search.trouble.length > 0
+        tone: Strip.Tone.Warning
+        text: page.search.trouble
+    }
+    StageWords {
+        anchors.centerIn: parent
+        width: page.column
+        busy: false
+        iconName: "search"
+        text: page.search.noMatches
+    }
+
+    ListView {
+        id: list
+        x: Theme.space32 - 12
+        width: page.column + 24
+        anchors.top: strip.visible ? strip.bottom : head.bottom
+        anchors.bottom: parent.bottom
+        clip: true
+        focus: true
+        activeFocusOnTab: list.count > 0
+        boundsBehavior: Flickable.StopAtBounds
+        bottomMargin: Theme.space24
+        keyNavigationEnabled: false
+        highlightFollowsCurrentItem: true
+        highlightMoveDuration: 0
+        currentIndex: page.search.selection
+        model: page.search.hits
+
+        T.ScrollBar.vertical: ScrollBar {}
+
+        Accessible.role: Accessible.List
+        Accessible.name: page.search.heading
+
+        Keys.onUpPressed: page.root.rail.arrowPress(-1, false)
+        Keys.onDownPressed: page.root.rail.arrowPress(1, false)
+        Keys.onReturnPressed: page.root.commitSearchSelection()
+        Keys.onEnterPressed: page.root.commitSearchSelection()
+
+        delegate: SearchRow {
+            id: hit
+
+            width: list.width
+            chosen: hit.index === page.search.selection
+            ringed: hit.chosen && list.activeFocus
+            onOpened: page.root.openHit(hit.index)
+        }
+    }
+}

@@ -1,0 +1,174 @@
+import QtQuick
+import QtTest
+import WendlowControls
+import WendlowEditor
+
+Item {
+    id: scene
+
+    width: 980
+    height: 832
+
+    EditorHostFace {
+        id: face
+
+        anchors.fill: parent
+        host: bench.host
+        focus: true
+    }
+
+    TestCase {
+        name: "Editor"
+        when: windowShown
+
+        readonly property EditorRoot root: bench.host.root
+
+        function init(): void {
+            ThemeSource.reduceMotion = true;
+            scene.width = 980;
+            bench.world("powerUser");
+            wait(0);
+            face.forceActiveFocus();
+            keyClick(Qt.Key_F, Qt.ControlModifier);
+        }
+
+        // The lines of what a screen reader finds that begin so.
+        function said(role) {
+            return bench.spoken(face).filter(line => line.startsWith(role + " ")).map(line => line.slice(role.length + 1));
+        }
+        function says(role, name) {
+            tryVerify(() => said(role).includes(name), 2000, role + " " + name + " in " + bench.spoken(face).join("\n"));
+        }
+        function write(text) {
+            for (const letter of text)
+                keyClick(letter);
+        }
+
+        function test_aScreenReaderFindsEverythingNamed(): void {
+            compare(said("PageTab"), ["Memories, 1920*", "findings, 276*", "persons, 275*", "preferences, 275*", "4 more*", "Meetings*", "Moments, 400*", "Rules, 102*", "Mods*", "Scopes, 18*"]);
+            says("ListItem", "findings, 276*");
+            says("Heading", "Memories");
+            compare(said("ListItem").length, 7);
+            verify(bench.press(face, "decisions, 274"));
+            compare(bench.openType(), "decision");
+            for (const name of ["scope: /*", "scope*", "owner*", "source*", "Back to Memories*"])
+                says("Button", name);
+            says("StaticText", "274 memories");
+            compare(said("RadioButton"), ["newest*", "oldest*", "relevance*"]);
+            verify(said("ListItem").length >= 9);
+            verify(bench.press(face, "owner"));
+            tryVerify(() => said("CheckBox").length === 4);
+            verify(bench.press(face, said("CheckBox")[0].slice(0, -1)));
+            says("Button", "clear*");
+            verify(said("StaticText").some(line => / of 274$/.test(line)));
+            bench.open("ticket");
+            tryVerify(() => said("ListItem").some(line => /^doing, \d+\*$/.test(line)));
+            verify(bench.press(face, "Mods, 0") || bench.press(face, "Mods"));
+            says("StaticText", "This surface isn’t wired to your real data yet.");
+            for (const line of bench.spoken(face))
+                verify(!/^(PageTab|ListItem|Button|CheckBox|RadioButton|EditableText|MenuItem) \*?$/.test(line), "without a name: " + line);
+        }
+
+        function test_typingAnywhereSearchesAndEscapeGoesBack(): void {
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Down);
+            compare(bench.openType(), "finding");
+            write("backup");
+            compare(root.search.text, "backup");
+            compare(root.stage, "search");
+            says("Heading", "Results for “backup”");
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Up);
+            compare(root.search.selection, 1);
+            compare(bench.openType(), "finding", "the arrows are the search's");
+            keyClick(Qt.Key_Escape);
+            compare(root.stage, "memory");
+            keyClick(Qt.Key_Escape);
+            compare(bench.openType(), "");
+            compare(bench.face(), "memory");
+        }
+
+        function test_returnOpensAHitWithTheFocusAtIt(): void {
+            write("backup");
+            const hit = root.search.hits.data(root.search.hits.index(0, 0), Qt.DisplayRole);
+            keyClick(Qt.Key_Return);
+            compare(bench.openType(), "finding");
+            tryVerify(() => said("StaticText").some(line => line.startsWith("Why: ")), 2000, "it is unfolded");
+            const list = scene.Window.activeFocusItem.ListView.view;
+            compare(list.currentItem.title, hit);
+            verify(list.currentItem.open);
+            verify(list.currentItem.ringed, "the focus is to be seen");
+            keyClick(Qt.Key_Return);
+            verify(!list.currentItem.open);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Return);
+            verify(list.currentItem.open);
+            keyClick(Qt.Key_Escape);
+            verify(!list.currentItem.open);
+        }
+
+        function test_theGridAndTheRailAreWalkedByKey(): void {
+            keyClick(Qt.Key_Down);
+            compare(bench.openType(), "finding");
+            for (let at = 0; at < 20; ++at)
+                keyClick(Qt.Key_Down);
+            compare(bench.face(), "scopes");
+            keyClick(Qt.Key_Up, Qt.ShiftModifier);
+            compare(bench.face(), "scopes");
+            bench.world("powerUser");
+            wait(0);
+            face.forceActiveFocus();
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Right);
+            verify(scene.Window.activeFocusItem.ringed, "a card has the focus");
+            keyClick(Qt.Key_Right);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Return);
+            compare(bench.openType(), "note");
+        }
+
+        function test_theScopeMenuPicksOneAndGivesTheFocusBack(): void {
+            verify(bench.press(face, "scope: /"));
+            compare(root.bar.pickerOpen, true);
+            tryVerify(() => scene.Window.activeFocusItem !== null);
+            wait(0);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Return);
+            compare(root.bar.pickerOpen, false);
+            compare(root.bar.label, "/work/ferry");
+            says("Button", "scope: /work/ferry*");
+        }
+
+        function test_scrollingShowsPageAfterPage(): void {
+            bench.open("decision");
+            wait(0);
+            keyClick(Qt.Key_Tab);
+            const lines = root.memories.list.lines;
+            verify(lines.rowCount() < 60);
+            bench.press(face, "Back to Memories");
+            bench.open("decision");
+            wait(0);
+            keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Right);
+            for (let at = 0; at < 30 && lines.rowCount() < 100; ++at) {
+                keyClick(Qt.Key_End);
+                wait(0);
+            }
+            verify(lines.rowCount() >= 100, lines.rowCount());
+        }
+
+        function test_nothingIsCutOffAtAnyWidth(): void {
+            bench.open("decision");
+            for (const width of [700, 1600, 980]) {
+                scene.width = width;
+                wait(0);
+                const picked = said("RadioButton");
+                compare(picked.length, 3);
+                keyClick(Qt.Key_F, Qt.ControlModifier);
+            }
+        }
+    }
+}

@@ -1,0 +1,155 @@
+#include "Live/EditorBrowses.h"
+#include "Live/EditorLink.h"
+#include "Support/ScriptedClient.h"
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::ScriptedClient;
+using Lane = EditorLink::Lane;
+
+GatewayRequest request() {
+    return ReadRequest(ReadCase::Grab{});
+}
+
+/// What came back to each caller, in the order in which they came back.
+using Log = std::vector<std::string>;
+
+QCoro::Task<> ask(EditorLink& link, const char* id, Lane lane, Log& log) {
+    const auto reply = co_await link.serializedLeg(request(), lane);
+    const auto* const failure = std::get_if<AnswerCase::Failure>(&reply.response);
+    log.push_back(std::string(id) + ":" + (failure != nullptr ? failure->message : "other"));
+}
+
+GatewayResponse words(const char* text) {
+    return AnswerCase::Failure{text};
+}
+
+TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
+    const auto client = std::make_shared<ScriptedClient>();
+    EditorLink link(client);
+    Log log;
+    const QCoro::Task<> tasks[] = {
+        ask(link, "bulk1", Lane::later, log), ask(link, "bulk2", Lane::later, log),
+        ask(link, "bulk3", Lane::later, log), ask(link, "person1", Lane::now, log),
+        ask(link, "person2", Lane::now, log)};
+    for (const char* const answer : {"a", "b", "c", "d", "e"}) {
+        EXPECT_EQ(client->sent().size(), log.size() + 1) << "one at a time";
+        client->answer(words(answer));
+    }
+    EXPECT_THAT(log, ElementsAre("bulk1:a", "person1:b", "person2:c", "bulk2:d", "bulk3:e"));
+    EXPECT_FALSE(client->isWaiting());
+}
+
+TEST(EditorLink, tellsWhenARequestWasWhere) {
+    const auto client = std::make_shared<ScriptedClient>();
+    LinkLeg::Instant time;
+    EditorLink link(client, [&time] { return time; });
+    const auto at = [](int milliseconds) {
+        return LinkLeg::Instant(std::chrono::milliseconds(milliseconds));
+    };
+    LinkLeg second;
+    const auto take = [](EditorLink& from, LinkLeg& leg) -> QCoro::Task<> {
+        const auto reply = co_await from.serializedLeg(request(), Lane::now);
+        leg = reply.leg;
+    };
+    LinkLeg first;
+    const auto one = take(link, first);
+    time = at(10);
+    const auto two = take(link, second);
+    time = at(30);
+    client->answer(words("a"));
+    time = at(70);
+    client->answer(words("b"), std::chrono::milliseconds(5));
+    EXPECT_EQ(first, (LinkLeg{at(0), at(0), at(30), std::nullopt}));
+    EXPECT_EQ(second, (LinkLeg{at(10), at(30), at(70), std::chrono::milliseconds(5)}));
+}
+
+TEST(EditorLink, mayGoWhileCallersWait) {
+    const auto client = std::make_shared<ScriptedClient>();
+    auto link = std::make_unique<EditorLink>(client);
+    Log log;
+    const QCoro::Task<> tasks[] = {ask(*link, "sent", Lane::now, log),
+                                   ask(*link, "waits", Lane::now, log)};
+    link.reset();
+    EXPECT_THAT(log, ElementsAre("waits:The window was closed before this was sent."));
+    client->answer(words("late"));
+    EXPECT_EQ(log.back(), "sent:late");
+}
+
+/// Browses whose answers the test gives, and what each caller got.
+struct Browsing {
+    Browsing() : browses([this](EditorAsk ask) { return answered(std::move(ask)); }) {}
+
+    QCoro::Task<EditorAnswer> answered(EditorAsk ask) {
+        asked.push_back(ask.term);
+        EditorAnswer answer = co_await waiting;
+        answer.ask = std::move(ask);
+        co_return answer;
+    }
+    void answer() { waiting.resumeFirst({.state = EditorAnswerStateCase::Settled{}}); }
+    QCoro::Task<> query(std::string term) {
+        // On a line of its own: GCC 12 destroys an aggregate twice that is built around co_await.
+        EditorAsk ask{.term = term};
+        const EditorAnswer answer = co_await browses.query(std::move(ask));
+        got.push_back(term + ":" + (answer.ask ? answer.ask->term : "pending"));
+    }
+
+    std::vector<std::string> asked;
+    Log got;
+    Waiting<EditorAnswer> waiting;
+    EditorBrowses browses;
+};
+
+TEST(EditorBrowses, keepABurstToTheOneUnderWayAndTheLatest) {
+    Browsing browsing;
+    std::vector<QCoro::Task<>> tasks;
+    for (int key = 0; key < 60; ++key)
+        tasks.push_back(browsing.query("k" + std::to_string(key)));
+    EXPECT_EQ(browsing.got.size(), 58U);
+    EXPECT_EQ(browsing.got.back(), "k58:pending");
+    browsing.answer();
+    browsing.answer();
+    EXPECT_THAT(browsing.asked, ElementsAre("k0", "k59"));
+    // The first caller started the run and gets the newest answer too.
+    EXPECT_EQ(browsing.got[58], "k59:k59");
+    EXPECT_EQ(browsing.got[59], "k0:k59");
+    const auto again = browsing.query("later");
+    browsing.answer();
+    EXPECT_EQ(browsing.got.back(), "later:later");
+}
+
+TEST(EditorBrowses, askTheSameOnlyOnce) {
+    Browsing browsing;
+    const QCoro::Task<> tasks[] = {browsing.query("same"), browsing.query("same")};
+    browsing.answer();
+    EXPECT_THAT(browsing.asked, ElementsAre("same"));
+    EXPECT_THAT(browsing.got, ElementsAre("same:same", "same:same"));
+    EXPECT_TRUE(browsing.waiting.empty());
+}
+
+TEST(EditorBrowses, mayGoWhileCallersWait) {
+    auto answers = std::make_shared<Waiting<EditorAnswer>>();
+    auto browses = std::make_unique<EditorBrowses>([answers](EditorAsk) {
+        return [](std::shared_ptr<Waiting<EditorAnswer>> from) -> QCoro::Task<EditorAnswer> {
+            co_return co_await *from;
+        }(answers);
+    });
+    int back = 0;
+    const auto count = [](QCoro::Task<EditorAnswer> answer, int& times) -> QCoro::Task<> {
+        co_await answer;
+        ++times;
+    };
+    const auto one = count(browses->query({.term = "a"}), back);
+    const auto two = count(browses->query({.term = "b"}), back);
+    browses.reset();
+    EXPECT_EQ(back, 1);
+    answers->resumeFirst(EditorAnswer::pending());
+    EXPECT_EQ(back, 2);
+}
+
+} // namespace
+} // namespace wendlow

@@ -1,0 +1,356 @@
+#include "Memories/MemoryFaceModel.h"
+#include "Search/EditorDates.h"
+#include "Shell/RowText.h"
+#include "Support/ScriptedStore.h"
+
+#include <QAbstractItemModelTester>
+#include <QCoreApplication>
+
+#include <gmock/gmock.h>
+
+namespace wendlow::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+/// The face with an ask that it changes itself; the test answers.
+struct Face {
+    EditorAsk ask{.term = {}};
+    EditorAnswer answer;
+    std::vector<EditorCount> standing;
+    std::optional<std::string> type;
+    SearchPage::Details details;
+    std::vector<std::string> requested;
+    int changes = 0;
+    MemoryFaceModel model{
+        {.ask =
+             [this](EditorAsk next) {
+                 ++changes;
+                 ask = std::move(next);
+                 show();
+             },
+         .open = [this](std::optional<std::string> next) { type = std::move(next); },
+         .requestDetails =
+             [this](const std::vector<std::string>& ids) {
+                 requested.insert(requested.end(), ids.begin(), ids.end());
+             },
+         .today = [] { return EditorDate(std::chrono::hours(24 * 20010)); }}};
+    QAbstractItemModelTester listTester{model.list()->lines()};
+    QAbstractItemModelTester groupsTester{model.groups()->lines()};
+    QAbstractItemModelTester chipsTester{model.list()->filters()->chips()};
+    QAbstractItemModelTester valuesTester{model.list()->filters()->values()};
+
+    explicit Face(std::optional<std::string> open = "decision") : type(std::move(open)) {
+        ask.type = type;
+    }
+    void show() {
+        model.show({.ask = ask,
+                    .answer = std::make_shared<const EditorAnswer>(answer),
+                    .standing = standing,
+                    .openType = type,
+                    .details = details});
+    }
+    void settle(EditorMemoryHits rows) {
+        answer = settled(ask, std::move(rows));
+        show();
+    }
+    static QVariant data(const QAbstractItemModel& of, int row, int role) {
+        return of.data(of.index(row, 0), role);
+    }
+    QStringList column(const QAbstractItemModel& of, int role) const {
+        QStringList all;
+        for (int row = 0; row < of.rowCount(); ++row)
+            all.append(data(of, row, role).toString());
+        return all;
+    }
+    MemoriesModel& list() { return *model.list(); }
+    FilterBarModel& filters() { return *model.list()->filters(); }
+};
+
+TEST(MemoriesModel, IsAlwaysAPageAhead) {
+    for (const auto& [visible, limit] : {std::pair{12, 50}, {38, 50}, {39, 51}, {48, 60}})
+        EXPECT_EQ(MemoriesModel::limitFor(visible), limit);
+    Face face;
+    face.settle(memories(50));
+    auto& lines = *face.list().lines();
+    EXPECT_EQ(lines.rowCount(), 12);
+    face.list().rowAppeared(10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lines.rowCount(), 12);
+    EXPECT_THAT(face.requested, ElementsAre("decision10"));
+    for (const int shown : {24, 36, 48}) {
+        face.list().rowAppeared(lines.rowCount() - 1);
+        face.list().rowAppeared(lines.rowCount() - 1);
+        EXPECT_EQ(lines.rowCount(), shown - 12) << "not while the list lays itself out";
+        QCoreApplication::processEvents();
+        EXPECT_EQ(lines.rowCount(), shown);
+    }
+    EXPECT_EQ(face.changes, 1) << "the limit stays up to 38 rows";
+    EXPECT_EQ(face.ask.limit, 60);
+    face.list().rowAppeared(47);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lines.rowCount(), 50);
+    face.list().rowAppeared(49);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(face.list().visibleCount(), 60) << "no more rows are held";
+}
+
+TEST(MemoriesModel, SaysHowManyByWhatCutsThem) {
+    const auto line = [](bool narrowed, bool chips, int total) {
+        Face face;
+        if (chips)
+            face.ask.scopes = {"/a"};
+        face.answer = settled(face.ask);
+        face.answer.narrowed = narrowed;
+        face.answer.total = total;
+        face.answer.sliceTotal = 182;
+        face.show();
+        return face.list().countLine();
+    };
+    EXPECT_EQ(line(true, false, 37), "37 of 182");
+    EXPECT_EQ(line(false, true, 37), "37 of 182");
+    EXPECT_EQ(line(false, false, 1), "1 memory");
+    EXPECT_EQ(line(false, false, 0), "0 memories");
+    EXPECT_EQ(line(false, false, 2), "2 memories");
+    EXPECT_EQ(Face().list().countLine(), "");
+}
+
+TEST(MemoriesModel, EachStateSaysItsOwn) {
+    using namespace EditorAnswerStateCase;
+    struct Case {
+        EditorAnswerState state;
+        int rows;
+        const char* term;
+        const char* strip;
+        const char* empty;
+    };
+    const char* const warming =
+        "Searching your memories will be ready in a moment — the index is still building.";
+    for (const auto& [state, rows, term, strip, empty] :
+         {Case{Pending{}, 0, "", "", "Reading your memories…"}, Case{Pending{}, 2, "", "", ""},
+          Case{Warming{}, 0, "", warming, ""}, Case{Failed{"No."}, 0, "", "No.", ""},
+          Case{Settled{}, 0, "", "", "Nothing here yet."},
+          Case{Settled{}, 0, "back", "", "Nothing matches “back”"},
+          Case{Settled{}, 2, "back", "", ""}}) {
+        Face face;
+        face.ask.term = term;
+        face.answer = settled(face.ask, memories(rows));
+        face.answer.state = state;
+        face.show();
+        EXPECT_EQ(face.model.strip(), strip);
+        EXPECT_EQ(face.list().emptyWords(), empty);
+        EXPECT_EQ(face.model.stripWarns(), std::holds_alternative<Failed>(state));
+    }
+    Face grid(std::nullopt);
+    grid.show();
+    EXPECT_EQ(grid.model.emptyWords(), "Reading your memories…");
+    grid.settle({});
+    EXPECT_EQ(grid.model.emptyWords(), "Nothing here yet.");
+    grid.standing = {{.name = "entry", .count = 3}, {.name = "rule", .count = 9}};
+    grid.show();
+    EXPECT_THAT(grid.column(*grid.model.cards(), TypeCards::TitleRole), ElementsAre("entries"));
+    grid.model.openCard(0);
+    EXPECT_EQ(grid.type, "entry");
+}
+
+TEST(MemoriesModel, ARefreshMovesOnlyWhatHasMoved) {
+    Face face;
+    face.settle(memories(12));
+    face.details["decision3"] = {.id = "decision3", .why = "Because.", .body = ""};
+    face.show();
+    auto& lines = *face.list().lines();
+    const QPersistentModelIndex focused(lines.index(3));
+    QStringList removed;
+    QObject::connect(&lines, &QAbstractItemModel::rowsRemoved,
+                     [&](const QModelIndex&, int first, int last) {
+                         removed.append(QStringLiteral("%1-%2").arg(first).arg(last));
+                     });
+    EditorMemoryHits rows = memories(12);
+    rows.erase(rows.begin() + 7);
+    rows.insert(rows.begin(), memory("new"));
+    std::rotate(rows.begin(), rows.begin() + 11, rows.end());
+    face.details.clear();
+    face.settle(rows);
+    EXPECT_THAT(removed, ElementsAre("7-7"));
+    EXPECT_EQ(focused.row(), 5);
+    EXPECT_EQ(Face::data(lines, 5, MemoryLines::SublineRole), "Because.") << "until newer is known";
+    EXPECT_EQ(Face::data(lines, 5, MemoryLines::StaleRole), true);
+    std::ranges::reverse(rows);
+    face.settle(rows);
+    EXPECT_EQ(lines.row(11).id, "m:" + rows[11].memory.id);
+    // What an answer holds twice is shown twice, and one type's rows are never another's.
+    face.settle({memory("a"), memory("a"), memory("b")});
+    EXPECT_EQ(lines.rowCount(), 3);
+    face.type = face.ask.type = "finding";
+    face.show();
+    EXPECT_EQ(lines.rowCount(), 0);
+}
+
+TEST(MemoriesModel, ARowOpensToItsWhyAndBody) {
+    Face face;
+    EditorMemoryHit hit = memory("x", "decision", "Keep <two> copies", "/work");
+    hit.memory.filters = {{"area", "press"}, {"owner", "Ines"}, {"with", "Jonas"}};
+    face.ask.term = "backup";
+    face.answer = settled(face.ask, {hit});
+    face.answer.filterKeyCounts = {{.name = "with", .count = 3}, {.name = "status", .count = 1}};
+    face.show();
+    face.list().toggle(0);
+    EXPECT_THAT(face.requested, ElementsAre("x"));
+    auto& lines = *face.list().lines();
+    EXPECT_EQ(Face::data(lines, 0, MemoryLines::KnownRole), false);
+    face.details["x"] = {.id = "x", .why = "One\ntwo.", .body = "The backup & more"};
+    face.show();
+    EXPECT_EQ(Face::data(lines, 0, MemoryLines::SublineRole), "The backup & more");
+    EXPECT_EQ(Face::data(lines, 0, MemoryLines::TitleMarkupRole), "Keep &lt;two&gt; copies");
+    EXPECT_EQ(Face::data(lines, 0, MemoryLines::WhyRole), "One<br>two.");
+    EXPECT_EQ(Face::data(lines, 0, MemoryLines::BodyRole), "The <b>backup</b> &amp; more");
+    EXPECT_EQ(Face::data(lines, 0, MemoryLines::FactsRole),
+              "/work · with Jonas · area press · owner Ines");
+    face.list().toggle(0);
+    EXPECT_EQ(Face::data(lines, 0, MemoryLines::BodyRole), "");
+}
+
+TEST(MemoriesModel, SortsByTheWordsOfItsBar) {
+    Face face;
+    face.settle({});
+    const auto picked = [&] {
+        QStringList words;
+        for (const QVariant& each : face.list().sorts())
+            if (each.toMap()[QStringLiteral("picked")].toBool())
+                words.append(each.toMap()[QStringLiteral("word")].toString());
+        return words.join(u' ');
+    };
+    EXPECT_EQ(picked(), "newest") << "what the answer is really in";
+    face.list().sortBy(QStringLiteral("relevance"));
+    EXPECT_EQ(face.ask.sort, EditorMemorySort::relevance);
+    EXPECT_EQ(picked(), "relevance");
+    face.list().sortBy(QStringLiteral("relevance"));
+    face.list().sortBy(QStringLiteral("nonsense"));
+    EXPECT_EQ(face.changes, 1);
+}
+
+TEST(FilterBar, PicksMakeFiltersAndLeaveNoTrace) {
+    Face face;
+    face.answer = settled(face.ask);
+    face.answer.filterKeyCounts = {{.name = "project", .count = 9}, {.name = "scope", .count = 1}};
+    face.answer.filterValueCounts = {
+        {"project", {{.name = "atlas", .count = 5}, {.name = "3", .count = 4}}}};
+    face.answer.scopeCounts = {{.name = "/a", .count = 2}};
+    face.show();
+    auto& bar = face.filters();
+    const auto labels = [&] {
+        return face.column(*bar.chips(), FilterChips::LabelRole).join(u' ');
+    };
+    EXPECT_EQ(labels(), "scope project scope");
+    const EditorAsk before = face.ask;
+    bar.togglePanel(QStringLiteral("scope"));
+    bar.togglePanel(QStringLiteral("project"));
+    EXPECT_THAT(face.column(*bar.chips(), FilterChips::OpenRole),
+                ElementsAre("false", "true", "false"))
+        << "opening a second closes the first";
+    face.ask.offset = 7;
+    face.show();
+    bar.toggleValue(0);
+    bar.toggleValue(1);
+    EXPECT_EQ(face.ask.offset, 0);
+    EXPECT_THAT(names(face.ask.filters.at("project")), ElementsAre("3", "atlas"));
+    EXPECT_EQ(Face::data(*bar.chips(), 1, FilterChips::PicksRole), 2);
+    // An answer that counts them no more leaves them to be unpicked.
+    face.answer = settled(face.ask);
+    face.show();
+    EXPECT_EQ(labels(), "scope project");
+    EXPECT_THAT(face.column(*bar.values(), FilterValues::PickedRole), ElementsAre("true", "true"));
+    bar.toggleValue(0);
+    bar.toggleValue(0);
+    EXPECT_EQ(face.ask, before) << "a key without picks is gone";
+    EXPECT_FALSE(bar.picked());
+
+    bar.togglePanel(QString::fromUtf8(FilterBarModel::scopeKey));
+    face.answer.scopeCounts = {{.name = "/a", .count = 2}};
+    face.show();
+    bar.toggleValue(0);
+    EXPECT_THAT(face.ask.scopes, ElementsAre("/a"));
+    bar.clearAll();
+    EXPECT_THAT(face.ask.scopes, ElementsAre("/a")) << "the scope is no filter";
+    bar.clearPanel();
+    EXPECT_EQ(face.ask, before);
+}
+
+TEST(FilterBar, HundredsOfKeysStandBehindADoor) {
+    Face face;
+    face.answer = settled(face.ask);
+    for (int at = 0; at < 300; ++at)
+        face.answer.filterKeyCounts.push_back({.name = "key" + std::to_string(at), .count = 1});
+    face.ask.filters = {{"key299", {EditorPick("x")}}};
+    face.show();
+    EXPECT_EQ(face.filters().chips()->rowCount(), 17) << "what is picked is always in sight";
+    EXPECT_EQ(face.filters().moreChips(), 284);
+    face.filters().showAllChips();
+    EXPECT_EQ(face.filters().chips()->rowCount(), 301);
+}
+
+EditorMemoryHit work(const char* id, std::map<std::string, std::string> filters) {
+    EditorMemoryHit hit = memory(id, "ticket", id);
+    hit.memory.filters = std::move(filters);
+    return hit;
+}
+
+TEST(StatusGrouped, StandsByStatusWithTheArchiveLast) {
+    Face face("ticket");
+    face.settle({work("a", {{"status", "next"}}), work("b", {}), work("c", {{"archived", "true"}}),
+                 work("d", {{"status", "doing"}, {"archived", "yes"}}),
+                 work("e", {{"status", "next"}})});
+    auto& groups = *face.model.groups();
+    auto& lines = *groups.lines();
+    const auto shown = [&] { return face.column(lines, MemoryLines::TitleRole).join(u' '); };
+    EXPECT_EQ(face.model.shape(), "groups");
+    EXPECT_EQ(shown(), "doing d next a e no status b archived");
+    EXPECT_EQ(Face::data(lines, 2, MemoryLines::CountRole), "2");
+    groups.toggle(2);
+    groups.toggle(6);
+    EXPECT_EQ(shown(), "doing d next no status b archived") << "a memory opens in its place";
+    EXPECT_THAT(face.requested, IsEmpty());
+    groups.toggle(5);
+    EXPECT_EQ(shown(), "doing d next no status b archived c");
+    groups.toggle(1);
+    EXPECT_THAT(face.requested, ElementsAre("d"));
+    EXPECT_EQ(groups.footer(), "");
+    face.answer.total = 52;
+    face.show();
+    EXPECT_EQ(groups.footer(), "Showing 5 of 52 — scroll the flat list for the rest.");
+    EXPECT_TRUE(face.model.back());
+    EXPECT_TRUE(face.model.back());
+    EXPECT_EQ(face.type, std::nullopt);
+    face.type = face.ask.type = "focus";
+    face.settle({});
+    EXPECT_EQ(groups.emptyWords(), "Nothing here yet.");
+}
+
+TEST(RowText, ShowsWhatAnybodyMayHaveWritten) {
+    struct Case {
+        std::string text;
+        std::string line;
+    };
+    for (const auto& [text, line] :
+         {Case{"two\nlines\ttab\r\n", "two lines tab  "}, Case{"\xff", "\xef\xbf\xbd"},
+          Case{"ערב טוב", "ערב טוב"}, Case{"👩‍👩‍👧 <b>", "👩‍👩‍👧 <b>"},
+          Case{"a\xe2\x80\xa9z", "a z"}, Case{std::string("nul\0z", 5), "nul z"}})
+        EXPECT_EQ(RowText::line(text).toStdString(), line);
+    EXPECT_EQ(RowText::markedLine("Ärger & <i>", "arger"), "<b>Ärger</b> &amp; &lt;i&gt;");
+    EXPECT_EQ(RowText::markedText("  a\n\tb", ""), "&nbsp;&nbsp;a<br>&nbsp;&nbsp;&nbsp;&nbsp;b");
+    std::string emoji;
+    for (int at = 0; at < 10000; ++at)
+        emoji += "👍";
+    const QString cut = RowText::line(emoji);
+    EXPECT_EQ(cut.size(), 601);
+    EXPECT_FALSE(cut.at(599).isHighSurrogate());
+    EXPECT_EQ(RowText::line("a" + emoji).toUtf8().count("\xef\xbf\xbd"), 0) << "none is halved";
+    const std::string tail(30000, 'x');
+    EXPECT_TRUE(RowText::markedText(tail + " end", "end").endsWith(QStringLiteral("x end")))
+        << "the whole text, of which the beginning is searched";
+}
+
+} // namespace
+} // namespace wendlow::testing

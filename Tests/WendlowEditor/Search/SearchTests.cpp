@@ -1,0 +1,162 @@
+#include "Search/EditorDates.h"
+#include "Search/SearchPage.h"
+#include "Search/TextMatch.h"
+
+#include <QLocale>
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+using ::testing::ElementsAre;
+using Segments = std::vector<MatchSegment>;
+
+TEST(TextMatch, marksWordsWhateverTheirCaseAndAccents) {
+    struct Case {
+        const char* text;
+        const char* term;
+        Segments segments;
+    };
+    const Case cases[] = {
+        {"", "cafe", {}},
+        {"no match", "cafe", {{"no match"}}},
+        {"a b", "a", {{"a b"}}},
+        {"Un CAFÉ noir", "cafe", {{"Un "}, {"CAFÉ", true}, {" noir"}}},
+        {"cafe\u0301!", "cafe", {{"cafe\u0301", true}, {"!"}}},
+        {"abc", "ab bc", {{"abc", true}}},
+        {"abcd", "ab cd", {{"abcd", true}}},
+        {"ab-abc", "ab abc", {{"ab", true}, {"-"}, {"abc", true}}},
+        {"👩‍👩‍👧 build", "build", {{"👩‍👩‍👧 "}, {"build", true}}},
+        {"שלום build", "build", {{"שלום "}, {"build", true}}},
+    };
+    for (const auto& [text, term, segments] : cases)
+        EXPECT_EQ(TextMatch::segments(text, term), segments) << text << "|" << term;
+}
+
+TEST(TextMatch, givesALineAroundTheFirstWordThatStandsThere) {
+    const std::string text = "one two\nthree four five";
+    const std::tuple<const char*, int, std::optional<std::string>> cases[] = {
+        {"THREE", 4, "…two three fou…"},
+        {"five one", 2, "…r five"},
+        {"zz two", 99, "one two three four five"},
+        {"one", 0, "one…"},
+        {"x", 9, {}},
+        {"é", 9, {}},
+        {"nowhere", 9, {}},
+    };
+    for (const auto& [term, radius, line] : cases)
+        EXPECT_EQ(TextMatch::passage(term, text, radius), line) << term;
+    EXPECT_EQ(TextMatch::passage("one", "", 9), std::nullopt);
+    EXPECT_EQ(TextMatch::passage("mid", "👩‍👩‍👧👩‍👩‍👧mid", 1),
+              "…👩‍👩‍👧mid");
+}
+
+EditorMemoryHit memory(const char* id, const char* type, const char* title) {
+    return {.memory = {.id = id, .type = type, .title = title}, .scopeID = "/work"};
+}
+
+TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
+    const EditorMemoryHits memories{
+        memory("1", "ticket", "Boat shed"), memory("2", "rule", "On boats"),
+        memory("3", "entry", "x"),          memory("4", "mod", "boat"),
+        memory("5", "ticket", "y"),         memory("6", "entry", "z")};
+    const SearchPage::Details details{{"1", {"1", "boat why", ""}},
+                                      {"3", {"3", "", "the body has a boat in it"}},
+                                      {"5", {"5", "why a BOAT", "boat body"}}};
+    EditorMoment titled{.id = "m1", .at = editorDate(0), .title = "Boat talk"};
+    titled.abstract = "about a boat";
+    EditorMoment bare{.id = "m2", .at = editorDate(0)};
+    bare.abstract = "about a boat";
+    EditorMoment told{.id = "m3", .at = editorDate(0), .title = "Boat"};
+    told.passage = "as the daemon says";
+    std::vector<EditorMeeting> meetings{
+        {.id = "meeting:boatcall:1",
+         .day = "2026-01-02",
+         .from = "10:00",
+         .to = "11:00",
+         .duration = "1 h",
+         .speakers = {"Ada", "Lin"}},
+        {.id = "b", .title = "Plain", .day = "2026-01-03", .speakers = {"BOATSWAIN"}},
+        {.id = "c", .title = "Nothing"}};
+    const std::vector<EditorInstalledMod> mods{{.slug = "tidy", .scope = "/boat", .hint = "tidies"},
+                                               {.slug = "other"}};
+    const std::vector<std::string> paths{"/", "/boat", "/work"};
+    const auto sections = SearchPage::build({.term = "boat",
+                                             .memories = memories,
+                                             .moments = {titled, bare, told},
+                                             .meetings = meetings,
+                                             .mods = &mods,
+                                             .scopePaths = paths,
+                                             .details = details});
+    const std::string date = dateAndTime(editorDate(0)).toStdString();
+    std::string page;
+    for (const auto& [title, hits] : sections) {
+        page += "# " + title + "\n";
+        for (const auto& hit : hits)
+            page += hit.id + " | " + hit.title + " | " + hit.subtitle + " | " + hit.symbol + "\n";
+    }
+    EXPECT_EQ(page,
+              "# tickets\n"
+              "memory:1 | Boat shed | ticket · /work | doc.text.fill\n"
+              "memory:5 | y | why a BOAT | doc.text.fill\n"
+              "# entries\n"
+              "memory:3 | x | the body has a boat in it | doc.text.fill\n"
+              "memory:6 | z | entry · /work | doc.text.fill\n"
+              "# Meetings\n"
+              "meeting:meeting:boatcall:1 | 2026-01-02 · 10:00–11:00 | 2026-01-02 · 1 h · Ada, Lin "
+              "| person.2.fill\n"
+              "meeting:b | Plain | 2026-01-03 · BOATSWAIN | person.2.fill\n"
+              "# Moments\n"
+              "moment:m1 | Boat talk | " +
+                  date +
+                  " | square.stack.3d.down.right\n"
+                  "moment:m2 | " +
+                  date +
+                  " | about a boat | square.stack.3d.down.right\n"
+                  "moment:m3 | Boat | as the daemon says | square.stack.3d.down.right\n"
+                  "# Rules\n"
+                  "rule:2 | On boats | rule · /work | scroll.fill\n"
+                  "# Mods\n"
+                  "app:/boat:tidy | tidy | /boat · tidies | square.grid.2x2.fill\n"
+                  "# Scopes\n"
+                  "scope:/boat | /boat |  | network\n");
+    EXPECT_EQ(std::get<SearchDestination::Rule>(sections[4].hits[0].destination).scope, "/work");
+}
+
+TEST(SearchPage, showsFiveRowsAndMovesWithoutWrapping) {
+    const std::vector<EditorMeeting> meetings(7, {.id = "meeting:call:1"});
+    const std::vector<std::string> paths{"/call"};
+    const auto sections = SearchPage::build({.term = "call",
+                                             .memories = {},
+                                             .moments = {},
+                                             .meetings = meetings,
+                                             .mods = nullptr,
+                                             .scopePaths = paths,
+                                             .details = {}});
+    ASSERT_EQ(SearchPage::flat(sections).size(), 6U);
+    using enum SearchPage::Move;
+    using Selection = std::optional<std::size_t>;
+    const std::tuple<Selection, SearchPage::Move, Selection> moves[] = {
+        {{}, down, 0}, {{}, up, 0},  {6, down, 0}, {0, up, 0},
+        {0, down, 1},  {5, down, 5}, {5, up, 4}};
+    for (const auto& [from, move, to] : moves)
+        EXPECT_EQ(SearchPage::moved(from, move, sections), to);
+    EXPECT_EQ(SearchPage::moved(0, down, {}), std::nullopt);
+}
+
+TEST(EditorDayFormat, leavesOutTheYearThatItIs) {
+    const auto now = editorDate(1'795'000'000); // in November 2026
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    EXPECT_EQ(EditorDayFormat::shortDay(now, now).toStdString(), "Nov 18");
+    EXPECT_EQ(EditorDayFormat::shortDay(editorDate(1'700'000'000), now).toStdString(),
+              "Nov 14, 2023");
+    EXPECT_THAT(dateAndTime(now).toStdString(),
+                ::testing::MatchesRegex("Nov 18, 2026, .*[0-9]:[0-9][0-9].*"));
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_THAT(dateAndTime(now).toStdString(), ::testing::StartsWith("18. Nov"));
+    QLocale::setDefault(QLocale::c());
+}
+
+} // namespace
+} // namespace wendlow

@@ -1,0 +1,153 @@
+#include "Shell/EditorHost.h"
+#include "Shell/FlatScopes.h"
+#include "Support/ScriptedClient.h"
+#include "Support/ScriptedStore.h"
+
+#include <QAbstractItemModelTester>
+
+#include <gmock/gmock.h>
+
+namespace wendlow::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+QStringList spoken(const QAbstractItemModel& model) {
+    QStringList all;
+    for (int row = 0; row < model.rowCount(); ++row)
+        all.append(model.data(model.index(row, 0), RailModel::SpokenRole).toString());
+    return all;
+}
+
+std::vector<EditorCount> types(int ordinary) {
+    std::vector<EditorCount> all{{.name = "rule", .count = 57}, {.name = "mod", .count = 2}};
+    for (int at = 0; at < ordinary; ++at)
+        all.push_back({.name = "type" + std::to_string(at), .count = 100 - at});
+    return all;
+}
+
+struct Rail {
+    ScriptedStore store;
+    EditorRoot root{store};
+    RailModel& rail = *root.rail();
+    QAbstractItemModelTester tester{&rail};
+
+    explicit Rail(int ordinary) {
+        store.types = types(ordinary);
+        store.settle();
+    }
+};
+
+TEST(Rail, CountsWhatIsKnownAndOpensItsPlaces) {
+    Rail window(5);
+    auto& [store, root, rail, tester] = window;
+    EXPECT_EQ(spoken(rail).join(u'|'), "Memories, 490|type0s, 100|type1s, 99|type2s, 98|2 more|"
+                                       "Meetings|Moments|Rules, 57|Mods|Scopes, 1");
+    store.moments = 38214;
+    store.meetingsCount = 143;
+    store.mods = EditorModsBoard{.mods = {{.slug = "a"}, {.slug = "b"}}};
+    store.tell();
+    EXPECT_EQ(spoken(rail).mid(5).join(u'|'),
+              "Meetings, 143|Moments, 38214|Rules, 57|Mods, 2|Scopes, 1");
+    EXPECT_EQ(rail.hereIndex(), 0);
+    rail.activate(2);
+    EXPECT_EQ(root.openType(), "type1");
+    EXPECT_EQ(rail.hereIndex(), 2);
+    root.setOpenType("type4");
+    EXPECT_EQ(rail.hereIndex(), 0) << "not in sight";
+    rail.activate(4);
+    EXPECT_EQ(rail.hereIndex(), 5) << "all types are shown now";
+    rail.activate(7);
+    EXPECT_EQ(root.face(), EditorFace::moments);
+    rail.activate(99);
+    EXPECT_EQ(root.face(), EditorFace::moments);
+}
+
+TEST(Rail, UnderASearchTypesKeepTheirPlaces) {
+    Rail window(2);
+    auto& [store, root, rail, tester] = window;
+    EditorAsk next = root.ask();
+    next.term = "backup";
+    root.setAsk(next);
+    EditorAnswer answer = settled(next);
+    answer.typeCounts = {{.name = "type1", .count = 7}};
+    store.answer(answer);
+    EXPECT_EQ(spoken(rail).mid(0, 3).join(u'|'), "Memories, 199|type0s, 0|type1s, 7");
+    EXPECT_EQ(rail.data(rail.index(1), RailModel::DimmedRole), true);
+}
+
+TEST(Rail, ArrowsStopAtTheEnds) {
+    Rail window(2);
+    auto& [store, root, rail, tester] = window;
+    EXPECT_FALSE(rail.arrowPress(1, true)) << "with Shift";
+    const auto press = [&](int by) {
+        EXPECT_TRUE(rail.arrowPress(by, false));
+        return root.openType().value_or(std::string(EditorFaces::text(root.face())));
+    };
+    EXPECT_EQ(press(1), "type0") << "the memories as a whole are no pick";
+    EXPECT_EQ(press(-1), "type0");
+    EXPECT_EQ(press(1), "type1");
+    EXPECT_EQ(press(1), "meetings");
+    for (int at = 0; at < 9; ++at)
+        press(1);
+    EXPECT_EQ(press(1), "scopes");
+    root.search()->setText("backup");
+    press(-1);
+    EXPECT_EQ(root.face(), EditorFace::scopes) << "the search has the arrows";
+}
+
+TEST(FaceBar, SaysWhichScopesAndPicksOne) {
+    Rail window(1);
+    auto& [store, root, rail, tester] = window;
+    auto& bar = *root.bar();
+    const QAbstractItemModelTester barTester(&bar);
+    for (int at = 0; at < 5000; ++at)
+        store.root.children.push_back({.id = "/s" + std::to_string(at), .title = "s"});
+    store.root.children[0].children = {{.id = "/s0/deep", .title = "deep"}};
+    store.tell();
+    EXPECT_EQ(bar.rowCount(), 5003);
+    EXPECT_EQ(spoken(rail).last(), "Scopes, 5002");
+    EXPECT_EQ(bar.label(), "/");
+    EXPECT_EQ(bar.data(bar.index(0), EditorFaceBarModel::TitleRole), "(all scopes)");
+    EXPECT_EQ(bar.data(bar.index(3), EditorFaceBarModel::DepthRole), 2);
+    bar.setPickerOpen(true);
+    bar.choose(3);
+    EXPECT_FALSE(bar.pickerOpen());
+    EXPECT_THAT(root.ask().scopes, ElementsAre("/s0/deep"));
+    EXPECT_EQ(bar.label(), "/s0/deep");
+    EXPECT_EQ(bar.pickedIndex(), 3);
+    EditorAsk two = root.ask();
+    two.scopes.insert("/s1");
+    root.setAsk(two);
+    EXPECT_EQ(bar.label(), "2 scopes");
+    bar.choose(0);
+    EXPECT_TRUE(root.ask().scopes.empty());
+    bar.manageScopes();
+    EXPECT_EQ(root.face(), EditorFace::scopes);
+}
+
+TEST(EditorWorlds, EachWorldHasItsOwnRoot) {
+    const auto client = std::make_shared<ScriptedClient>();
+    EditorWorlds worlds(client, EditorWorld::realData);
+    EXPECT_EQ(client->sent().size(), 1U) << "the real data is read from the start";
+    EditorHost host(worlds);
+    EXPECT_EQ(&worlds.store(), &worlds.live());
+    const auto generation = worlds.seeded().generation();
+    worlds.switchWorld(EditorWorld::dayZero);
+    EXPECT_EQ(&worlds.store(), &worlds.seeded());
+    EXPECT_EQ(worlds.seeded().generation(), generation + 1);
+    host.root()->setFace(EditorFace::mods);
+    worlds.switchWorld(EditorWorld::dayZero);
+    EXPECT_EQ(host.root()->face(), EditorFace::mods) << "the world in force stays as it is";
+    EXPECT_EQ(host.root()->memories()->emptyWords(), "Nothing here yet.");
+    worlds.switchWorld(EditorWorld::powerUser);
+    EXPECT_EQ(host.root()->face(), EditorFace::memory);
+    EXPECT_GT(host.root()->memories()->cards()->rowCount(), 5);
+    worlds.resetWorld();
+    EXPECT_EQ(worlds.seeded().generation(), generation + 3);
+    worlds.switchWorld(EditorWorld::realData);
+    EXPECT_EQ(worlds.world(), EditorWorld::realData);
+}
+
+} // namespace
+} // namespace wendlow::testing

@@ -1,0 +1,86 @@
+#include "KeyedListModel.h"
+
+#include <QAbstractItemModelTester>
+
+#include <random>
+
+#include <gmock/gmock.h>
+
+namespace wendlow {
+namespace {
+
+struct Row {
+    std::string id;
+    int value = 0;
+    bool operator==(const Row&) const = default;
+};
+
+class List final : public KeyedListModel<Row> {
+public:
+    using KeyedListModel::take;
+    QVariant data(const QModelIndex& index, int /*role*/) const override {
+        return row(index.row()).value;
+    }
+};
+
+std::vector<Row> rowsOf(std::string_view ids) {
+    std::vector<Row> rows;
+    for (const char id : ids)
+        rows.push_back({.id = std::string(1, id)});
+    return rows;
+}
+
+TEST(KeyedListModel, TakesOverBySmallestChange) {
+    struct Case {
+        const char* before;
+        const char* after;
+        int removed, inserted, moved;
+    };
+    for (const auto& [before, after, removed, inserted, moved] :
+         {Case{"abc", "abc", 0, 0, 0}, Case{"abcdef", "af", 1, 0, 0}, Case{"af", "abcdef", 0, 1, 0},
+          Case{"abcdef", "fabcde", 0, 0, 1}, Case{"abcdef", "bcdefa", 0, 0, 2},
+          Case{"abc", "xyz", 1, 1, 0}, Case{"abcd", "xbdyc", 1, 2, 1}, Case{"", "ab", 0, 1, 0},
+          Case{"ab", "", 1, 0, 0},
+          Case{"abcdefghijklmnopqrstuvwxyz", "zyxwvutsrqponmlkjihgfedcba", 1, 1, 0}}) {
+        List list;
+        const QAbstractItemModelTester tester(&list);
+        list.take(rowsOf(before));
+        int seen[3] = {};
+        QObject::connect(&list, &QAbstractItemModel::rowsRemoved, [&] { ++seen[0]; });
+        QObject::connect(&list, &QAbstractItemModel::rowsInserted, [&] { ++seen[1]; });
+        QObject::connect(&list, &QAbstractItemModel::rowsMoved, [&] { ++seen[2]; });
+        QObject::connect(&list, &QAbstractItemModel::modelReset, [] { FAIL() << "a reset"; });
+        list.take(rowsOf(after));
+        EXPECT_EQ(list.rows(), rowsOf(after));
+        EXPECT_THAT(seen,
+                    ::testing::ElementsAre(removed, ::testing::Ge(inserted), ::testing::Le(moved)))
+            << before << " to " << after;
+    }
+}
+
+TEST(KeyedListModel, AnyChangeOfAnyListComesOutRight) {
+    std::mt19937 random(7);
+    List list;
+    const QAbstractItemModelTester tester(&list);
+    for (int turn = 0; turn < 300; ++turn) {
+        std::vector<Row> wanted;
+        for (int id = 0; id < 60; ++id)
+            if (random() % 3 != 0)
+                wanted.push_back(
+                    {.id = std::to_string(id), .value = static_cast<int>(random() % 2)});
+        const int swaps = static_cast<int>(random() % 40);
+        for (int at = 0; at < swaps && !wanted.empty(); ++at)
+            std::swap(wanted[random() % wanted.size()], wanted[random() % wanted.size()]);
+        // Who looks at a row keeps looking at it, unless it is gone or the whole list is shuffled.
+        const QPersistentModelIndex first(list.index(0));
+        const std::string id = first.isValid() ? list.row(0).id : "";
+        list.take(wanted);
+        ASSERT_EQ(list.rows(), wanted);
+        if (first.isValid()) {
+            ASSERT_EQ(list.row(first.row()).id, id);
+        }
+    }
+}
+
+} // namespace
+} // namespace wendlow
