@@ -35,7 +35,8 @@ MeetingRecord recordOf(const Statement& row) {
             .start = row.real(3),
             .end = row.real(4),
             .title = row.textIfAny(5),
-            .reelBytes = row.integer(6)};
+            .reelBytes = row.integer(6),
+            .lines = {}};
 }
 
 AnswerCase::Failure noMeeting(std::string_view id) {

@@ -27,7 +27,7 @@ struct MeetingRecord {
     double end = 0;
     std::optional<std::string> title = std::nullopt;
     std::int64_t reelBytes = 0; ///< of its pictures
-    std::vector<Line> lines = {};
+    std::vector<Line> lines;
 };
 
 /// The meetings and what was said in them. A line goes with a witness of its speaker, time and

@@ -124,7 +124,8 @@ void WorkFill::meeting(Content& content, const WorkPlan& plan, const Activity& a
                           .start = activity.start,
                           .end = activity.end,
                           .reelBytes = activity.seconds() *
-                                       static_cast<std::int64_t>(30'000 + content.below(8'000))};
+                                       static_cast<std::int64_t>(30'000 + content.below(8'000)),
+                          .lines = {}};
     if (!content.oneIn(6))
         meeting.title = content.filled(content.pick(meetingTitles));
     std::vector<std::string> speakers = {"You"};

@@ -35,7 +35,8 @@ protected:
              .app = "zoom",
              .start = start + 86'400,
              .end = start + 86'400 + 59,
-             .title = "Nobody spoke"});
+             .title = "Nobody spoke",
+             .lines = {}});
     }
 
     void put(const MeetingRecord& meeting) {
