@@ -63,7 +63,9 @@ T.AbstractButton {
             shown: entry.visualFocus
         }
     }
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+
         Label {
             id: name
             y: 4
