@@ -22,12 +22,13 @@ T.AbstractButton {
     readonly property bool lit: entry.hovered || entry.visualFocus
     readonly property int dayWidth: 56
     readonly property int factsWidth: 130
-    readonly property int factsStart: entry.width - entry.dayWidth - Theme.space16 - entry.factsWidth
+    readonly property int factsStart: entry.availableWidth - entry.dayWidth - Theme.space16 - entry.factsWidth
 
     signal picked
     signal copied
 
     text: entry.path
+    horizontalPadding: 8
     hoverEnabled: true
     // The list is one stop for the tab key: its current line.
     focusPolicy: entry.current || entry.activeFocus ? Qt.StrongFocus : Qt.ClickFocus
@@ -50,24 +51,25 @@ T.AbstractButton {
     background: Item {
         Hairline {
             visible: entry.endsWithHairline
+            x: entry.leftPadding
             anchors.bottom: parent.bottom
-            width: parent.width
+            width: entry.availableWidth
         }
         FocusRing {
-            anchors.leftMargin: -6
-            anchors.rightMargin: -6
-            anchors.topMargin: 0
             anchors.bottomMargin: 1
             inside: true
             around: 4
             shown: entry.visualFocus
         }
     }
-    contentItem: Item {
+    Item {
+        x: entry.leftPadding
+        width: entry.availableWidth
+
         Label {
             id: name
             y: 4
-            width: (entry.stacked ? entry.width : entry.factsStart - Theme.space16) - (sign.visible ? 20 : 0)
+            width: (entry.stacked ? entry.availableWidth : entry.factsStart - Theme.space16) - (sign.visible ? 20 : 0)
             role: Label.Role.Small
             text: entry.shownPath
             elide: Text.ElideMiddle

@@ -59,7 +59,9 @@ Column {
     ListView {
         id: list
 
-        width: table.width
+        // Room on both sides for the ring of a line, and for the scroll bar.
+        x: -8
+        width: table.width + 16
         // A line that is cut in half says that there are more.
         height: (list.count > table.linesInSight ? table.linesInSight + 0.5 : list.count) * table.lineHeight
         model: table.lines

@@ -172,6 +172,40 @@ TEST_F(ConnectedApps, CodexIsConnectedDisconnectedAndConnectedAgain) {
     }
 }
 
+TEST_F(ConnectedApps, ARowOpensToWhatTheToolKeeps) {
+    const std::string work = (desktop.home() / "Work").string();
+    put(desktop.home() / "Work/notes.txt", "");
+    const auto store = desktop.home() / ".claude/projects";
+    const auto folder = store / replaced(work, {{"/", "-"}});
+    put(folder / "memory/MEMORY.md", std::string(6000, 'm'));
+    put(store / "-nowhere-at-all/session.jsonl", "{}");
+    const auto memory = put(desktop.home() / ".claude/CLAUDE.md", "be brief\n");
+
+    RunningApplication application(desktop, {u"--window=settings"_s});
+    const auto name = [](const std::string& path) {
+        return u"Copy "_s + QString::fromStdString(path);
+    };
+    const auto chevron = application.findNamed(u"Show details of Claude Code"_s);
+    ASSERT_TRUE(chevron) << application.errors().toStdString();
+    desktop.click(chevron->extents().center());
+    const auto project = application.findNamed(name(work));
+    ASSERT_TRUE(project);
+    EXPECT_TRUE(project->description().startsWith(u"MEMORY.md · 6 KB, "_s))
+        << project->description().toStdString();
+    EXPECT_TRUE(application.findNamed(name("/nowhere/at/all (decoded path not verified on disk)")));
+    EXPECT_TRUE(application.find(u"list"_s, u"Memory files of Claude Code"_s));
+    ASSERT_TRUE(application.findNamed(name(memory.string())));
+
+    // Closed and opened by key, it is read again.
+    std::filesystem::remove(memory);
+    std::filesystem::remove_all(folder);
+    desktop.press({u"Return"_s});
+    ASSERT_TRUE(eventually([&] { return !project->isShowing(); }));
+    desktop.press({u"Return"_s});
+    EXPECT_TRUE(application.findNamed(u"no memory files found"_s));
+    EXPECT_FALSE(project->isShowing());
+}
+
 TEST_F(ConnectedApps, TheSameWithoutAWindow) {
     const auto program = QLatin1String(bundle) + u"/Contents/MacOS/wendlow-connect"_s;
     const auto report = desktop.run(program, {u"install"_s, u"claude-code"_s, u"--json"_s});

@@ -233,8 +233,8 @@ TEST(AppInventory, AVerbGoesBeforeWaitingReadingsAndHasThemReadAgain) {
     int begunBefore = -1;
     pane.tool->onInstall = [&] { begunBefore = pane.other->begun.available(); };
     pane.model->connect(u"cursor"_s);
-    pane.tool->go.release(9);
     pane.other->go.release(9);
+    pane.tool->go.release(9);
     ASSERT_TRUE(pane.settled());
     EXPECT_EQ(begunBefore, 0) << "the verb waited for another row's reading";
     EXPECT_EQ(pane.tool->reads, 2) << "read before the verb and after it";
