@@ -2,6 +2,7 @@
 
 #include "ClientInstance.h"
 #include "ClientVersion.h"
+#include "DiagnosticRelay.h"
 #include "HomeFolder.h"
 #include "InstalledBundle.h"
 #include "ToolTiles.h"
@@ -146,7 +147,10 @@ WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
 
 EditorWorlds& SettingsApplication::worlds() {
     if (!m_worlds)
-        m_worlds = std::make_unique<EditorWorlds>(m_client, EditorWorld::realData);
+        m_worlds = std::make_unique<EditorWorlds>(
+            m_surroundings.client, EditorWorld::realData,
+            [relay = DiagnosticRelay(DiagnosticSource::editor, *m_surroundings.client)](
+                std::string line) { relay.note(std::move(line)); });
     return *m_worlds;
 }
 

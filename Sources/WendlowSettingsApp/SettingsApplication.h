@@ -31,7 +31,7 @@ public:
         DistributedNotificationCenter& notifications;
         std::function<void(const std::string&)> setupLog;
         /// The process's only way to the daemon, there before any window.
-        std::unique_ptr<WendlowClient> client;
+        std::shared_ptr<WendlowClient> client;
     };
 
     explicit SettingsApplication(Surroundings surroundings);

@@ -46,7 +46,7 @@ int takeSnapshots(const LaunchOptions& options) {
              },
          .notifications = silent,
          .setupLog = [](const std::string&) {},
-         .client = std::make_unique<InProcessClient>(std::make_shared<UnimplementedGateway>())});
+         .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())});
     return Snapshots(application, *options.snapshots, options.size).take();
 }
 
@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
              },
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
-         .client = std::make_unique<XPCClient>()});
+         .client = std::make_shared<XPCClient>()});
     application.show(options->pane, WindowDoor::Front::leave);
     if (options->firstFrame)
         FirstFrame::reportAndQuit(*application.window(WindowDescriptions::kindOf(options->pane)));

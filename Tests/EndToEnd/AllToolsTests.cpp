@@ -78,7 +78,7 @@ TEST(AllTools, areConnectedAndGiveEveryByteBack) {
         const bool done =
             toggle && (toggle->act(u"Toggle"_s) || toggle->act(u"Press"_s)) &&
             eventually([&] { return toggle->isChecked() == wanted && toggle->isEnabled(); });
-        const auto fold = application.find(u"push button"_s, u"Hide notes of "_s + tool.name);
+        const auto fold = application.find(u"push button"_s, u"Hide details of "_s + tool.name);
         return done && fold && fold->act(u"Press"_s);
     };
     auto expected = before;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include <fmt/format.h>
@@ -34,10 +35,15 @@ constexpr int memoriesPerScope = 120;
 constexpr int rulesPerScope = 6;
 constexpr int momentsInAll = 400;
 
-/// One of `list`, another one for each `index`, in no order that a person would notice.
+/// One of `list`: the same for the same index at every start, and in no order that a person would
+/// notice. `salt` keeps two lists from going in step.
 template<std::size_t Size>
-std::string_view pick(const std::array<const char*, Size>& list, int index, int stride) {
-    return list[static_cast<std::size_t>(index * stride + index / 7) % Size];
+std::string_view pick(const std::array<const char*, Size>& list, int index, int salt) {
+    auto bits = static_cast<std::uint32_t>(index) * 0x9E3779B1U + static_cast<std::uint32_t>(salt);
+    bits ^= bits >> 15U;
+    bits *= 0x85EBCA77U;
+    bits ^= bits >> 13U;
+    return list[bits % Size];
 }
 
 std::map<std::string, std::string> seedFilters(std::string_view type, int index) {
@@ -56,7 +62,7 @@ std::map<std::string, std::string> seedFilters(std::string_view type, int index)
 std::vector<EditorMemory> memories(const std::string& scope, int count, int seed) {
     std::vector<EditorMemory> made;
     for (int number = 1; number <= count; ++number) {
-        const int index = seed * 37 + number;
+        const int index = seed * 1000 + number;
         const std::string_view type = pick(types, index, 3);
         const std::string_view subject = pick(subjects, index, 4);
         made.push_back(
@@ -79,7 +85,7 @@ std::vector<EditorMemory> memories(const std::string& scope, int count, int seed
 void addRules(EditorScope& scope, int count, int seed) {
     constexpr std::array files{"style", "safety", "releases"};
     for (int number = 1; number <= count; ++number) {
-        const int index = seed + number;
+        const int index = seed * 100 + number;
         const std::string id = fmt::format("{}#r{}", scope.id, number);
         const std::string text = fmt::format("Never let the {} touch {}", pick(subjects, index, 2),
                                              pick(objects, index, 4));
