@@ -24,7 +24,7 @@ FocusScope {
         hasBack: !memory.grid
         backTo: qsTr("Memories")
         onBack: memory.face.close()
-        trailing: QuietProgress { running: memory.face.reading }
+        trailing: QuietProgress { running: memory.face.refreshing }
     }
     Strip {
         id: strip

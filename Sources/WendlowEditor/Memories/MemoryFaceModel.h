@@ -21,6 +21,8 @@ class MemoryFaceModel final : public QObject {
     /// In place of cards; empty where there are some.
     Q_PROPERTY(QString emptyWords READ emptyWords NOTIFY changed)
     Q_PROPERTY(bool reading READ reading NOTIFY changed)
+    /// What is on screen is being asked for again.
+    Q_PROPERTY(bool refreshing READ refreshing NOTIFY changed)
     /// What the state of the answer has to tell; empty for nothing.
     Q_PROPERTY(QString strip READ strip NOTIFY changed)
     Q_PROPERTY(bool stripWarns READ stripWarns NOTIFY changed)
@@ -62,6 +64,7 @@ public:
     StatusGroupedModel* groups() { return &m_groups; }
     QString emptyWords() const;
     bool reading() const;
+    bool refreshing() const { return reading() && m_answer->ask.has_value(); }
     QString strip() const;
     bool stripWarns() const;
 

@@ -116,6 +116,10 @@ QVariant MemoryLines::data(const QModelIndex& index, int role) const {
         return RowText::line(here.facts);
     case WhyRole:
         return here.open && here.detail ? RowText::markedText(here.detail->why, m_term) : QString();
+    case WhyTextRole:
+        return here.open && here.detail ? RowText::plain(here.detail->why) : QString();
+    case BodyTextRole:
+        return here.open && here.detail ? RowText::plain(here.detail->body) : QString();
     case BodyRole:
         return here.open && here.detail ? RowText::markedText(here.detail->body, m_term)
                                         : QString();
@@ -129,11 +133,13 @@ QVariant MemoryLines::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> MemoryLines::roleNames() const {
-    return {{HeadRole, "head"},       {TitleRole, "title"}, {TitleMarkupRole, "titleMarkup"},
-            {SublineRole, "subline"}, {DayRole, "day"},     {SublineMarkupRole, "sublineMarkup"},
-            {CountRole, "count"},     {OpenRole, "open"},   {LastRole, "last"},
-            {TipRole, "tip"},         {WhyRole, "why"},     {BodyRole, "body"},
-            {FactsRole, "facts"},     {KnownRole, "known"}, {StaleRole, "stale"}};
+    return {
+        {HeadRole, "head"},       {TitleRole, "title"},       {TitleMarkupRole, "titleMarkup"},
+        {SublineRole, "subline"}, {DayRole, "day"},           {SublineMarkupRole, "sublineMarkup"},
+        {CountRole, "count"},     {OpenRole, "open"},         {LastRole, "last"},
+        {TipRole, "tip"},         {WhyRole, "why"},           {BodyRole, "body"},
+        {WhyTextRole, "whyText"}, {BodyTextRole, "bodyText"}, {FactsRole, "facts"},
+        {KnownRole, "known"},     {StaleRole, "stale"}};
 }
 
 } // namespace wendlow

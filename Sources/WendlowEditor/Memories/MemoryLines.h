@@ -56,10 +56,12 @@ public:
         LastRole, ///< of its group
         TipRole,
         FactsRole,
-        WhyRole,   ///< markup, all lines
-        BodyRole,  ///< markup, all lines
-        KnownRole, ///< whether why and body are known
-        StaleRole, ///< what is known is from before a change of the store
+        WhyRole,      ///< markup, all lines
+        WhyTextRole,  ///< plain, for a screen reader
+        BodyRole,     ///< markup, all lines
+        BodyTextRole, ///< plain, for a screen reader
+        KnownRole,    ///< whether why and body are known
+        StaleRole,    ///< what is known is from before a change of the store
     };
     using Today = std::function<EditorDate()>;
 

@@ -22,6 +22,8 @@ T.ItemDelegate {
     required property string facts
     required property string why
     required property string body
+    required property string whyText
+    required property string bodyText
     required property bool known
     required property bool stale
 
@@ -167,7 +169,7 @@ T.ItemDelegate {
                 color: Theme.textSecondOnTint
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignLeft
-                Accessible.name: qsTr("Why: %1").arg(row.subline)
+                Accessible.name: qsTr("Why: %1").arg(row.whyText)
             }
             Label {
                 visible: row.body.length > 0
@@ -176,6 +178,7 @@ T.ItemDelegate {
                 textFormat: Text.StyledText
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignLeft
+                Accessible.name: row.bodyText
             }
             Label {
                 visible: row.facts.length > 0

@@ -209,6 +209,10 @@ void EditorRoot::applyFace(EditorFace face) {
     m_memories.startAfresh();
 }
 
+bool EditorRoot::beginsSearch(const QString& typed) {
+    return !typed.isEmpty() && typed.at(0).isPrint() && !typed.at(0).isSpace();
+}
+
 void EditorRoot::clearSearch() {
     m_search.clear();
 }

@@ -62,6 +62,8 @@ public:
     void open(const SearchHit& hit);
     void requestDetails(const std::vector<std::string>& ids) { m_details.request(ids); }
 
+    /// Whether what a key types, somewhere in the window, is meant for the search.
+    Q_INVOKABLE static bool beginsSearch(const QString& typed);
     Q_INVOKABLE void openHit(int index);
     Q_INVOKABLE void commitSearchSelection();
     Q_INVOKABLE void clearSearch();

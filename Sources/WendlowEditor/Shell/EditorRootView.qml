@@ -20,7 +20,7 @@ FocusScope {
     }
     Keys.onPressed: event => {
         const plain = (event.modifiers & ~Qt.ShiftModifier & ~Qt.KeypadModifier) === 0;
-        event.accepted = plain && /^[\p{L}\p{N}\p{P}\p{S}]$/u.test(event.text);
+        event.accepted = plain && view.root.beginsSearch(event.text);
         if (event.accepted)
             rail.type(event.text);
     }

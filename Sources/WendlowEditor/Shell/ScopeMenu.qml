@@ -40,6 +40,8 @@ Item {
         }
 
         contentItem: FocusScope {
+            focus: true
+
             ListView {
                 id: lines
 

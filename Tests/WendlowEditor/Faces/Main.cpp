@@ -7,6 +7,7 @@
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)

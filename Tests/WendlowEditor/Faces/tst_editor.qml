@@ -90,11 +90,14 @@ Item {
         }
 
         function test_returnOpensAHitWithTheFocusAtIt(): void {
-            write("backup");
+            bench.world("someData");
+            wait(0);
+            face.forceActiveFocus();
+            write("tide");
             const hit = root.search.hits.data(root.search.hits.index(0, 0), Qt.DisplayRole);
             keyClick(Qt.Key_Return);
             compare(bench.openType(), "finding");
-            tryVerify(() => said("StaticText").some(line => line.startsWith("Why: ")), 2000, "it is unfolded");
+            tryVerify(() => said("StaticText").some(line => line.startsWith("Their backup runs")), 2000, "it is unfolded");
             const list = scene.Window.activeFocusItem.ListView.view;
             compare(list.currentItem.title, hit);
             verify(list.currentItem.open);
