@@ -28,7 +28,9 @@ T.CheckBox {
     Keys.onEnterPressed: row.clicked()
 
     indicator: null
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+
         Rectangle {
             x: 12
             anchors.verticalCenter: parent.verticalCenter

@@ -17,14 +17,12 @@ T.Button {
     property bool sunk: chip.down
     property bool ringed: chip.visualFocus
 
-    implicitWidth: Math.min(implicitContentWidth + leftPadding + rightPadding, chip.widest)
+    implicitWidth: Math.min(face.implicitWidth + 24, chip.widest)
     implicitHeight: 28
-    leftPadding: 13
-    rightPadding: 11
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
 
-    Accessible.name: [chip.lead, chip.text].filter(part => part.length > 0).join(" ")
+    Accessible.name: chip.lead.length > 0 ? chip.lead + " " + chip.text : chip.text
     Accessible.description: chip.picks > 0 ? qsTr("%1 picked").arg(chip.picks) : ""
     Accessible.checkable: true
     Accessible.checked: chip.open
@@ -33,10 +31,15 @@ T.Button {
     Keys.onReturnPressed: chip.clicked()
     Keys.onEnterPressed: chip.clicked()
 
-    contentItem: Item {
+    Item {
+        id: face
+
         readonly property real fixed: (first.visible ? first.width + 6 : 0) + (number.visible ? number.width + 7 : 0) + 18
 
-        implicitWidth: fixed + words.implicitWidth
+        anchors.fill: parent
+        anchors.leftMargin: 13
+        anchors.rightMargin: 11
+        implicitWidth: face.fixed + words.implicitWidth
 
         Label {
             id: first
@@ -50,7 +53,7 @@ T.Button {
         Label {
             id: words
             x: first.visible ? first.width + 6 : 0
-            width: Math.min(implicitWidth, parent.width - parent.fixed)
+            width: Math.min(implicitWidth, face.width - face.fixed)
             anchors.verticalCenter: parent.verticalCenter
             role: chip.lead.length > 0 ? Label.Role.SmallStrong : Label.Role.Small
             text: chip.text

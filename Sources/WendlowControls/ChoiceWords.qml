@@ -48,8 +48,9 @@ Row {
             onClicked: words.chosen(word.text)
 
             indicator: null
-            contentItem: Label {
+            Label {
                 id: label
+                anchors.fill: parent
                 role: word.picked ? Label.Role.SmallStrong : Label.Role.Small
                 text: word.text
                 color: word.picked || word.hovered ? Theme.text : Theme.textSecond

@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
+import WendlowEditor
 
 // One memory: its title and what it is for, its day; opened, its why and body. Or the head of a group.
 T.ItemDelegate {
@@ -47,7 +48,7 @@ T.ItemDelegate {
     text: row.title
 
     Accessible.name: row.head ? qsTr("%1, %2").arg(row.title).arg(row.count) : row.title
-    Accessible.description: row.head ? "" : [row.subline, row.day].filter(part => part.length > 0).join(", ")
+    Accessible.description: row.head ? "" : row.subline.length > 0 ? row.subline + ", " + row.day : row.day
     Accessible.checkable: true
     Accessible.checked: row.open
     Accessible.selectable: true
@@ -87,7 +88,9 @@ T.ItemDelegate {
         }
     }
 
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+
         Icon {
             visible: row.head
             x: 10
@@ -190,7 +193,7 @@ T.ItemDelegate {
                 horizontalAlignment: Text.AlignLeft
             }
             QuietProgress {
-                visible: running
+                visible: !row.known
                 running: opened.visible && !row.known
             }
         }

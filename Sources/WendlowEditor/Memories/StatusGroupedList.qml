@@ -38,13 +38,16 @@ FocusScope {
         model: face.model.lines
         Accessible.name: qsTr("By status")
         onToggled: index => face.model.toggle(index)
+        bottomMargin: Theme.space24 + (missing.visible ? 28 : 0)
 
-        footer: Label {
+        // Behind the last line, and scrolled with it. A footer would do, but Qt 6.4 cannot make a bound one.
+        Label {
+            id: missing
+            parent: rows.contentItem
             x: 12
+            y: rows.originY + rows.contentHeight + 12
             width: face.column
             visible: face.model.footer.length > 0
-            height: visible ? implicitHeight + 12 : 0
-            topPadding: 12
             role: Label.Role.Small
             text: face.model.footer
             color: Theme.textSecond

@@ -107,7 +107,9 @@ FocusScope {
                     inside: true
                 }
             }
-            contentItem: Item {
+            Item {
+                anchors.fill: parent
+
                 Label {
                     id: words
                     x: 17

@@ -26,7 +26,7 @@ FocusScope {
     }
 
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequence: "Ctrl+F"
         onActivated: rail.enterSearch()
     }
 

@@ -26,8 +26,6 @@ T.TabButton {
     property bool ringed: control.visualFocus
 
     implicitHeight: 33 + control.gap
-    topPadding: control.gap
-    bottomPadding: 1
     topInset: control.gap
     bottomInset: 1
     hoverEnabled: true
@@ -42,7 +40,11 @@ T.TabButton {
     Keys.onReturnPressed: control.clicked()
     Keys.onEnterPressed: control.clicked()
 
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+        anchors.topMargin: control.gap
+        anchors.bottomMargin: 1
+
         Icon {
             x: 8
             anchors.verticalCenter: parent.verticalCenter

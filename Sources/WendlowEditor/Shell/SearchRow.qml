@@ -67,7 +67,9 @@ Item {
                 inside: true
             }
         }
-        contentItem: Item {
+        Item {
+            anchors.fill: parent
+
             Icon {
                 x: 12
                 anchors.verticalCenter: parent.verticalCenter

@@ -63,6 +63,7 @@ Item {
             verify(said("StaticText").some(line => / of 274$/.test(line)));
             bench.open("ticket");
             tryVerify(() => said("ListItem").some(line => /^doing, \d+\*$/.test(line)));
+            says("StaticText", "Showing 50 of 273 — scroll the flat list for the rest.");
             verify(bench.press(face, "Mods, 0") || bench.press(face, "Mods"));
             says("StaticText", "This surface isn’t wired to your real data yet.");
             for (const line of bench.spoken(face))

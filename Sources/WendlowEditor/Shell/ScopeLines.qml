@@ -1,0 +1,122 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import WendlowControls
+import WendlowEditor
+
+// What stands in the menu of scopes.
+FocusScope {
+    id: content
+
+    required property EditorFaceBarModel model
+
+    readonly property real widest: lines.widest
+    readonly property real tall: lines.contentHeight + manage.height + 9
+
+    ListView {
+        id: lines
+
+        property real widest: 0
+
+        width: parent.width
+        height: parent.height - manage.height - 9
+        clip: true
+        focus: true
+        activeFocusOnTab: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: content.model
+        currentIndex: 0
+        Component.onCompleted: {
+            lines.currentIndex = content.model.pickedIndex();
+            lines.positionViewAtIndex(lines.currentIndex, ListView.Center);
+        }
+
+        T.ScrollBar.vertical: ScrollBar {}
+
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: qsTr("Scopes")
+
+        Keys.onReturnPressed: content.model.choose(lines.currentIndex)
+        Keys.onEnterPressed: content.model.choose(lines.currentIndex)
+        Keys.onSpacePressed: content.model.choose(lines.currentIndex)
+        Keys.onPressed: event => {
+            const last = lines.count - 1;
+            const steps = {
+                [Qt.Key_Home]: 0,
+                [Qt.Key_End]: last,
+                [Qt.Key_PageUp]: Math.max(0, lines.currentIndex - 10),
+                [Qt.Key_PageDown]: Math.min(last, lines.currentIndex + 10)
+            };
+            event.accepted = event.key in steps;
+            if (event.accepted)
+                lines.currentIndex = steps[event.key];
+        }
+
+        delegate: T.MenuItem {
+            id: line
+
+            required property int index
+            required property string title
+            required property int depth
+            required property bool picked
+
+            readonly property bool lit: line.hovered || (line.ListView.isCurrentItem && lines.activeFocus)
+
+            width: lines.width
+            implicitHeight: 28
+            hoverEnabled: true
+            text: line.title
+            Accessible.name: line.title
+            Accessible.checkable: true
+            Accessible.checked: line.picked
+            Accessible.onPressAction: content.model.choose(line.index)
+            onClicked: content.model.choose(line.index)
+            Component.onCompleted: lines.widest = Math.max(lines.widest, words.x + words.implicitWidth + 24)
+
+            Item {
+                anchors.fill: parent
+
+                Icon {
+                    x: 7
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: line.picked
+                    name: "check"
+                    color: Theme.textSecondOnTint
+                }
+                Label {
+                    id: words
+                    x: 28 + 12 * Math.max(0, line.depth - 1)
+                    width: Math.min(implicitWidth, parent.width - x - 8)
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: line.title
+                    elide: Text.ElideMiddle
+                    Accessible.ignored: true
+                }
+            }
+            background: Rectangle {
+                radius: Theme.radiusTile
+                color: line.lit ? Theme.accentSoft : "transparent"
+            }
+            Hint {
+                text: line.title
+                wanted: line.hovered && words.truncated
+            }
+        }
+    }
+    Hairline {
+        x: 8
+        y: manage.y - 5
+        width: parent.width - 16
+    }
+    MenuItem {
+        id: manage
+        y: parent.height - height
+        width: parent.width
+        text: qsTr("Manage Scopes…")
+        lit: manage.hovered || manage.activeFocus
+        onClicked: content.model.manageScopes()
+        Keys.onReturnPressed: content.model.manageScopes()
+        Keys.onEnterPressed: content.model.manageScopes()
+    }
+}
