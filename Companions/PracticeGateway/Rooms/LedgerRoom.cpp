@@ -59,7 +59,7 @@ std::expected<LedgerRoom::Span, std::string> LedgerRoom::spanOf(const std::strin
     if (text == "all")
         return m_ledger.days().value_or(Span(today, today));
     const auto dots = text.find("..");
-    const Span days(text.substr(0, dots), dots == std::string::npos ? text : text.substr(dots + 2));
+    Span days(text.substr(0, dots), dots == std::string::npos ? text : text.substr(dots + 2));
     if (!LocalTime::startOf(days.first) || !LocalTime::startOf(days.second))
         return std::unexpected(fmt::format("“{}” is no span; those are today, yesterday, week, "
                                            "month, all, a day, or two days with “..” between them",
@@ -84,6 +84,7 @@ GatewayResponse LedgerRoom::answer(const ReadCase::Tally& request) {
             seconds[*name] += activity.seconds();
     }
     std::vector<std::pair<std::int64_t, std::string>> rows;
+    rows.reserve(seconds.size());
     for (const auto& [name, count] : seconds)
         rows.emplace_back(-count, name);
     if (*mode != TallyMode::days)

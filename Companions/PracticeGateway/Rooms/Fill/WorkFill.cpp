@@ -72,9 +72,9 @@ std::string uuid(Content& content) {
 
 /// `count` of them, evenly spread.
 std::vector<std::size_t> spread(std::size_t all, std::size_t count) {
-    std::vector<std::size_t> places;
-    for (std::size_t number = 0; number < std::min(count, all); ++number)
-        places.push_back((number * 2 + 1) * all / (std::min(count, all) * 2));
+    std::vector<std::size_t> places(std::min(count, all));
+    for (std::size_t number = 0; number < places.size(); ++number)
+        places[number] = (number * 2 + 1) * all / (places.size() * 2);
     return places;
 }
 
