@@ -218,9 +218,9 @@ TEST(AppInventory, ClosedInFlightItIsDroppedAndOpenedAgainItIsReadAgain) {
     ASSERT_TRUE(pane.settled());
     EXPECT_EQ(pane.project(), u"/p/2"_s);
     pane.open(false);
-    pane.tool->go.release();
     pane.open(true);
     EXPECT_EQ(pane.project(), u"/p/2"_s) << "what was known is shown meanwhile";
+    pane.tool->go.release(); // only now: what is read at once lands at once
     ASSERT_TRUE(pane.settled());
     EXPECT_EQ(pane.project(), u"/p/3"_s);
 }
