@@ -63,7 +63,10 @@ std::vector<EditorMemory> memories(const std::string& scope, int count, int seed
     std::vector<EditorMemory> made;
     for (int number = 1; number <= count; ++number) {
         const int index = seed * 1000 + number;
-        const std::string_view type = pick(types, index, 3);
+        // In turn, so that no type is rare.
+        const int turn = seed * 37 + number;
+        const std::string_view type =
+            types[static_cast<std::size_t>(turn * 3 + turn / 7) % types.size()];
         const std::string_view subject = pick(subjects, index, 4);
         made.push_back(
             {.id = fmt::format("{}#m{}", scope, number),
