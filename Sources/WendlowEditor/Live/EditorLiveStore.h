@@ -67,9 +67,9 @@ public:
 
 private:
     struct ScopeReading {
-        std::optional<EditorScope> tree = {};
+        std::optional<EditorScope> tree = std::nullopt;
         std::vector<EditorScopeRow> board = {};
-        std::optional<std::string> error = {};
+        std::optional<std::string> error = std::nullopt;
     };
     class OpenSteps;
     /// Which boards a write leaves out of date.

@@ -12,6 +12,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 /// A line of a list of memories: a memory, or the head of a group of them.
 struct MemoryLine {
     std::string id; ///< begins with "m:" for a memory, and otherwise for a head
@@ -23,7 +26,7 @@ struct MemoryLine {
     bool open = false;     ///< shows its why and body, or its group
     bool lastOfGroup = false;
     std::string facts = {}; ///< of a memory that is open: where it is filed, and its filters
-    std::optional<EditorMemoryDetail> detail = {}; ///< nothing until it is known
+    std::optional<EditorMemoryDetail> detail = std::nullopt; ///< nothing until it is known
     bool stale = false; ///< the detail is from before a change of the store
 
     bool operator==(const MemoryLine&) const = default;
@@ -80,5 +83,7 @@ private:
     const Today m_today;
     std::string m_term;
 };
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

@@ -14,6 +14,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 namespace EditorAnswerStateCase {
 struct Failed {
     std::string words; ///< to be shown
@@ -36,7 +39,7 @@ using EditorAnswerState =
 
 /// What came back for an ask. Begins as pending, and as the answer to nothing.
 struct EditorAnswer {
-    std::optional<EditorAsk> ask = {};
+    std::optional<EditorAsk> ask = std::nullopt;
     EditorAnswerState state = EditorAnswerStateCase::Pending{};
     bool narrowed = false;       ///< the term narrowed the set, as the daemon says
     std::int64_t total = 0;      ///< rows that match
@@ -63,5 +66,7 @@ struct EditorAnswer {
 
 /// A page may be long; it is handed on without a copy.
 using SharedAnswer = std::shared_ptr<const EditorAnswer>;
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

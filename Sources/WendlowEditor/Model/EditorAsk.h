@@ -13,6 +13,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 /// The kinds of thing that a text browse covers.
 enum class EditorKind { memory, moment, meeting };
 inline constexpr std::array editorKinds{EditorKind::memory, EditorKind::moment,
@@ -30,12 +33,12 @@ std::optional<EditorMemorySort> editorMemorySort(std::string_view raw);
 struct EditorAsk {
     static constexpr std::int64_t page = 50; ///< the usual `limit`
 
-    std::string term;                     ///< empty: no search
-    std::optional<std::string> type = {}; ///< nothing: all types
+    std::string term;                               ///< empty: no search
+    std::optional<std::string> type = std::nullopt; ///< nothing: all types
     EditorKind kind = EditorKind::memory;
     std::set<std::string> scopes = {}; ///< paths; empty: all
     std::map<std::string, EditorPicks> filters = {};
-    std::optional<EditorMemorySort> sort = {}; ///< nothing: the daemon chooses
+    std::optional<EditorMemorySort> sort = std::nullopt; ///< nothing: the daemon chooses
     std::int64_t limit = page;
     std::int64_t offset = 0;
 
@@ -47,5 +50,7 @@ struct EditorAsk {
 };
 
 std::size_t hash_value(const EditorAsk& ask);
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

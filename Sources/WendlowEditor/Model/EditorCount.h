@@ -10,6 +10,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 /// One row of a census.
 struct EditorCount {
     std::string name; ///< the label shown, also the key
@@ -38,5 +41,7 @@ struct EditorPick {
 using EditorPicks = std::set<EditorPick>;
 
 std::set<std::string> names(const EditorPicks& picks);
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

@@ -9,10 +9,13 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 struct EditorMeeting {
     std::string id;
-    std::optional<std::string> title = {};
-    std::optional<std::string> titleSource = {};
+    std::optional<std::string> title = std::nullopt;
+    std::optional<std::string> titleSource = std::nullopt;
     std::string day = {}; ///< these four as the daemon printed them
     std::string from = {};
     std::string to = {};
@@ -38,8 +41,8 @@ struct EditorTranscript {
     };
 
     std::string id;
-    std::optional<std::string> title = {};
-    std::optional<std::string> titleSource = {};
+    std::optional<std::string> title = std::nullopt;
+    std::optional<std::string> titleSource = std::nullopt;
     std::vector<std::string> who = {};
     std::vector<Line> lines = {};
 
@@ -70,5 +73,7 @@ struct Refused {
 } // namespace EditorLineDeleteCase
 using EditorLineDelete = std::variant<EditorLineDeleteCase::Deleted, EditorLineDeleteCase::Failed,
                                       EditorLineDeleteCase::Refused>;
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

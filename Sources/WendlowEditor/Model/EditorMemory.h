@@ -10,6 +10,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 struct EditorMemory {
     std::string id;
     std::string type;
@@ -51,5 +54,7 @@ std::vector<EditorCount> scopeCensus(const EditorMemoryHits& hits);
 std::vector<EditorCount> filterKeyCensus(const EditorMemoryHits& hits);
 /// Of the printed values of one key.
 std::vector<EditorCount> filterValueCensus(const EditorMemoryHits& hits, std::string_view key);
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

@@ -9,13 +9,16 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 struct EditorModBehavior {
     std::string name;
     std::string trigger = {};
     bool wake = false;
-    std::optional<std::vector<std::string>> tools = {};
-    std::optional<std::int64_t> maxMutations = {};
-    std::optional<std::string> laneState = {};
+    std::optional<std::vector<std::string>> tools = std::nullopt;
+    std::optional<std::int64_t> maxMutations = std::nullopt;
+    std::optional<std::string> laneState = std::nullopt;
 
     bool operator==(const EditorModBehavior&) const = default;
 };
@@ -35,7 +38,7 @@ struct EditorInstalledMod {
 struct EditorModRejection {
     std::string slug;
     std::string scope = {};
-    std::optional<std::string> behavior = {};
+    std::optional<std::string> behavior = std::nullopt;
     std::string reason = {};
 
     bool operator==(const EditorModRejection&) const = default;
@@ -48,12 +51,12 @@ struct EditorModRun {
     std::string trigger = {};
     EditorDate startedAt = {};
     EditorDate endedAt = {};
-    std::optional<std::int64_t> exit = {};
-    std::optional<std::int64_t> turns = {};
+    std::optional<std::int64_t> exit = std::nullopt;
+    std::optional<std::int64_t> turns = std::nullopt;
     std::string outcome = {}; ///< the daemon's own word
-    std::optional<std::string> outputPath = {};
-    std::optional<std::string> report = {};
-    std::optional<std::int64_t> mutations = {};
+    std::optional<std::string> outputPath = std::nullopt;
+    std::optional<std::string> report = std::nullopt;
+    std::optional<std::int64_t> mutations = std::nullopt;
 
     bool operator==(const EditorModRun&) const = default;
 };
@@ -68,5 +71,7 @@ struct EditorModsBoard {
 
     bool isEmpty() const { return mods.empty() && rejected.empty() && runs.empty(); }
 };
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

@@ -9,6 +9,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 /// Something that happened on the screen or in a session of an AI tool.
 struct EditorMoment {
     std::string id;
@@ -16,14 +19,14 @@ struct EditorMoment {
     double shade = 0; ///< the grey of a seeded tile; 0 for live rows
     std::string title = {};
     /// The application's bundle identifier, or the mark of a transcript.
-    std::optional<std::string> bundle = {};
-    std::optional<std::string> abstract = {};
-    std::optional<std::string> passage = {};
+    std::optional<std::string> bundle = std::nullopt;
+    std::optional<std::string> abstract = std::nullopt;
+    std::optional<std::string> passage = std::nullopt;
     double score = 0;
     std::vector<std::string> files = {};
     std::int64_t fileCount = 0;
     bool framed = false; ///< a frame of the screen exists
-    std::optional<std::string> sessionTool = {};
+    std::optional<std::string> sessionTool = std::nullopt;
 
     bool operator==(const EditorMoment&) const = default;
 
@@ -45,5 +48,7 @@ struct EditorTile {
 
     bool operator==(const EditorTile&) const = default;
 };
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

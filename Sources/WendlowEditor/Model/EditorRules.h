@@ -12,7 +12,7 @@ namespace wendlow {
 /// Where a new rule goes: into a rules file of this name, or nowhere, and then it rides every
 /// prompt.
 struct EditorRulePlacement {
-    std::optional<std::string> file = {};
+    std::optional<std::string> file = std::nullopt;
 
     bool operator==(const EditorRulePlacement&) const = default;
 

@@ -8,6 +8,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 /// What a made-up world holds: always the same, at every start.
 struct SeededContents {
     EditorScope root = EditorScope::root();
@@ -17,5 +20,7 @@ struct SeededContents {
 namespace SeedWorlds {
 SeededContents contents(SeedWorld world);
 } // namespace SeedWorlds
+
+// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow

@@ -20,7 +20,7 @@ struct RailRow {
     std::string id;
     Kind kind = Kind::heading;
     std::string title;
-    std::optional<std::int64_t> count = {};
+    std::optional<std::int64_t> count = std::nullopt;
     bool dimmed = false; ///< nothing matched
     bool here = false;
 
