@@ -20,10 +20,21 @@ constexpr int passageRadius = 44;
 } // namespace
 
 MemoryLine MemoryLine::of(const EditorMemoryHit& hit) {
-    return {.id = std::string(memoryPrefix) + hit.memory.id,
-            .title = hit.memory.title,
-            .scopeID = hit.scopeID,
-            .day = hit.memory.day};
+    MemoryLine line;
+    line.id = std::string(memoryPrefix) + hit.memory.id;
+    line.title = hit.memory.title;
+    line.scopeID = hit.scopeID;
+    line.day = hit.memory.day;
+    return line;
+}
+
+MemoryLine MemoryLine::headOf(std::string id, std::string title, std::size_t count) {
+    MemoryLine line;
+    line.id = std::move(id);
+    line.head = true;
+    line.title = std::move(title);
+    line.count = count;
+    return line;
 }
 
 std::vector<std::pair<std::string, std::string>>

@@ -20,18 +20,19 @@ struct MemoryLine {
     std::string id; ///< begins with "m:" for a memory, and otherwise for a head
     bool head = false;
     std::string title; ///< for a head its status
-    std::string scopeID = {};
-    EditorDate day = {};
+    std::string scopeID;
+    EditorDate day;
     std::size_t count = 0; ///< of a head's group
     bool open = false;     ///< shows its why and body, or its group
     bool lastOfGroup = false;
-    std::string facts = {}; ///< of a memory that is open: where it is filed, and its filters
-    std::optional<EditorMemoryDetail> detail = std::nullopt; ///< nothing until it is known
-    bool stale = false; ///< the detail is from before a change of the store
+    std::string facts; ///< of a memory that is open: where it is filed, and its filters
+    std::optional<EditorMemoryDetail> detail; ///< nothing until it is known
+    bool stale = false;                       ///< the detail is from before a change of the store
 
     bool operator==(const MemoryLine&) const = default;
 
     static MemoryLine of(const EditorMemoryHit& hit);
+    static MemoryLine headOf(std::string id, std::string title, std::size_t count);
     /// Shows its why and body, and its filters: those of `keyOrder` in its order, then the rest.
     void unfold(const EditorMemoryHit& hit, const std::vector<std::string>& keyOrder);
     /// The keys of `keyOrder` that the memory has, then its others, with their values.

@@ -35,7 +35,8 @@ void StatusGroupedModel::startAfresh() {
 void StatusGroupedModel::add(std::vector<MemoryLine>& lines, const std::string& id,
                              const std::string& title, const EditorMemoryHits& rows,
                              bool open) const {
-    lines.push_back({.id = id, .head = true, .title = title, .count = rows.size(), .open = open});
+    lines.push_back(MemoryLine::headOf(id, title, rows.size()));
+    lines.back().open = open;
     if (!open)
         return;
     for (const EditorMemoryHit& hit : rows) {

@@ -77,8 +77,11 @@ void RailModel::rebuild() {
     const auto types = shelf();
     const std::size_t shown = typesShown();
     std::vector<RailRow> rows;
-    rows.push_back({.id = "h", .kind = RailRow::Kind::heading, .title = "MEMORIES"});
-    rows.back().count = number(EditorFace::memory);
+    rows.reserve(shown + EditorFaces::all.size() + 1);
+    rows.push_back({.id = "h",
+                    .kind = RailRow::Kind::heading,
+                    .title = "MEMORIES",
+                    .count = number(EditorFace::memory)});
     bool inSight = false;
     for (std::size_t at = 0; at < shown; ++at) {
         const TypeShelfRow& type = types[at];
@@ -96,7 +99,8 @@ void RailModel::rebuild() {
     if (types.size() > shown)
         rows.push_back({.id = "m",
                         .kind = RailRow::Kind::more,
-                        .title = fmt::format("{} more", types.size() - shown)});
+                        .title = fmt::format("{} more", types.size() - shown),
+                        .count = std::nullopt});
     for (const EditorFace face : EditorFaces::all)
         if (face != EditorFace::memory)
             rows.push_back({.id = fmt::format("f{}", EditorFaces::text(face)),
@@ -111,7 +115,9 @@ void RailModel::rebuild() {
 std::vector<RailModel::Pick> RailModel::pickOrder() const {
     std::vector<Pick> order;
     const auto types = shelf();
-    for (std::size_t at = 0; at < typesShown(); ++at)
+    const std::size_t shown = typesShown();
+    order.reserve(shown + EditorFaces::all.size());
+    for (std::size_t at = 0; at < shown; ++at)
         order.emplace_back(types[at].name);
     for (const EditorFace face : EditorFaces::all)
         if (face != EditorFace::memory)

@@ -20,8 +20,8 @@ struct RailRow {
     std::string id;
     Kind kind = Kind::heading;
     std::string title;
-    std::optional<std::int64_t> count = std::nullopt;
-    bool dimmed = false; ///< nothing matched
+    std::optional<std::int64_t> count; ///< nothing: not known
+    bool dimmed = false;               ///< nothing matched
     bool here = false;
 
     bool operator==(const RailRow&) const = default;
