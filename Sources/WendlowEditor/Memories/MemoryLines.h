@@ -12,9 +12,6 @@
 
 namespace wendlow {
 
-// GCC wants an initializer for each field that a designated list may leave out.
-// NOLINTBEGIN(readability-redundant-member-init)
-
 /// A line of a list of memories: a memory, or the head of a group of them.
 struct MemoryLine {
     std::string id; ///< begins with "m:" for a memory, and otherwise for a head
@@ -84,7 +81,5 @@ private:
     const Today m_today;
     std::string m_term;
 };
-
-// NOLINTEND(readability-redundant-member-init)
 
 } // namespace wendlow
