@@ -1,5 +1,4 @@
 #include "ConnectedAppsModel.h"
-#include "DateWords.h"
 #include "MockConnector.h"
 
 #include <QAbstractItemModelTester>
@@ -27,27 +26,6 @@ FileDate at(int year, int month, int day, int hour = 12) {
 const FileDate now = at(2026, 11, 21);
 const QLocale english(QLocale::English, QLocale::UnitedStates);
 const InventoryWords words{"/home/ada", english, [] { return now; }};
-
-TEST(DateWords, AreShortAndInTheOrderOfTheLocale) {
-    const std::tuple<QLocale::Language, const char16_t*, const char16_t*> rows[] = {
-        {QLocale::English, u"Nov 9", u"Sep 2024"},
-        {QLocale::German, u"9. Nov.", u"Sept. 2024"},
-        {QLocale::French, u"9 nov.", u"sept. 2024"},
-        {QLocale::Spanish, u"9 de nov", u"sept de 2024"},
-        {QLocale::Hungarian, u"nov. 9.", u"2024. szept."},
-        {QLocale::Japanese, u"11月9日", u"2024年9月"},
-        {QLocale::C, u"9 Nov", u"Sep 2024"}};
-    for (const auto& [language, thisYear, before] : rows) {
-        const QLocale locale(language);
-        EXPECT_EQ(DateWords::day(at(2026, 11, 9), now, locale), thisYear);
-        EXPECT_EQ(DateWords::day(at(2024, 9, 30), now, locale), before);
-    }
-    EXPECT_EQ(DateWords::day(at(2026, 11, 21, 0), now, english), u"Today");
-    EXPECT_EQ(DateWords::day(at(2026, 11, 20, 23), now, english), u"Yesterday");
-    EXPECT_EQ(DateWords::day(at(2026, 11, 22), now, english), u"Nov 22");
-    EXPECT_EQ(DateWords::day(at(2025, 11, 21), now, english), u"Nov 2025");
-    EXPECT_EQ(DateWords::exact(at(2026, 11, 9, 14), english), u"Monday, November 9, 2026, 2:05 PM");
-}
 
 TEST(InventoryList, WordsItsLines) {
     const ConnectorMemoryFile memory{"/home/ada/m/MEMORY.md", 6 * 1024 + 9, at(2026, 11, 2)};

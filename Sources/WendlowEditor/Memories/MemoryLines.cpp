@@ -1,6 +1,6 @@
 #include "Memories/MemoryLines.h"
 
-#include "Search/EditorDates.h"
+#include "DateWords.h"
 #include "Search/TextMatch.h"
 #include "Shell/RowText.h"
 
@@ -114,7 +114,7 @@ QVariant MemoryLines::data(const QModelIndex& index, int role) const {
     case SublineMarkupRole:
         return RowText::markedLine(subline(here), m_term);
     case DayRole:
-        return here.head ? QString() : EditorDayFormat::shortDay(here.day, m_today());
+        return here.head ? QString() : DateWords::shortDay(here.day, m_today());
     case CountRole:
         return here.head ? QString::number(here.count) : QString();
     case OpenRole:

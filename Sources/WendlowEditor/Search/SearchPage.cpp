@@ -1,7 +1,7 @@
 #include "Search/SearchPage.h"
 
 #include "Model/EditorRail.h"
-#include "Search/EditorDates.h"
+#include "DateWords.h"
 #include "Search/TextMatch.h"
 
 #include <algorithm>
@@ -67,7 +67,7 @@ SearchHit meetingHit(const EditorMeeting& meeting) {
 }
 
 SearchHit momentHit(const EditorMoment& moment, std::string_view term) {
-    const std::string date = dateAndTime(moment.at).toStdString();
+    const std::string date = DateWords::dateAndTime(moment.at).toStdString();
     std::string subtitle = date;
     if (moment.passage)
         subtitle = *moment.passage;

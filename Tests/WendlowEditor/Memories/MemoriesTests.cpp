@@ -1,5 +1,4 @@
 #include "Memories/MemoryFaceModel.h"
-#include "Search/EditorDates.h"
 #include "Shell/RowText.h"
 #include "Support/ScriptedStore.h"
 

@@ -1,8 +1,7 @@
-#include "Search/EditorDates.h"
+#include "DateWords.h"
 #include "Search/SearchPage.h"
 #include "Search/TextMatch.h"
 
-#include <QLocale>
 
 #include <gmock/gmock.h>
 
@@ -89,7 +88,7 @@ TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
                                              .mods = &mods,
                                              .scopePaths = paths,
                                              .details = details});
-    const std::string date = dateAndTime(editorDate(0)).toStdString();
+    const std::string date = DateWords::dateAndTime(editorDate(0)).toStdString();
     std::string page;
     for (const auto& [title, hits] : sections) {
         page += "# " + title + "\n";
@@ -143,19 +142,6 @@ TEST(SearchPage, showsFiveRowsAndMovesWithoutWrapping) {
     for (const auto& [from, move, to] : moves)
         EXPECT_EQ(SearchPage::moved(from, move, sections), to);
     EXPECT_EQ(SearchPage::moved(0, down, {}), std::nullopt);
-}
-
-TEST(EditorDayFormat, leavesOutTheYearThatItIs) {
-    const auto now = editorDate(1'795'000'000); // in November 2026
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    EXPECT_EQ(EditorDayFormat::shortDay(now, now).toStdString(), "Nov 18");
-    EXPECT_EQ(EditorDayFormat::shortDay(editorDate(1'700'000'000), now).toStdString(),
-              "Nov 14, 2023");
-    EXPECT_THAT(dateAndTime(now).toStdString(),
-                ::testing::MatchesRegex("Nov 18, 2026, .*[0-9]:[0-9][0-9].*"));
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    EXPECT_THAT(dateAndTime(now).toStdString(), ::testing::StartsWith("18. Nov"));
-    QLocale::setDefault(QLocale::c());
 }
 
 } // namespace

@@ -14,6 +14,13 @@ using Date = std::chrono::system_clock::time_point;
 /// `now` and "Nov 2024" in any other.
 QString day(Date date, Date now, const QLocale& locale);
 
+/// As short as a line that names one day: "Nov 19", and in any other year than that of `now`
+/// "Nov 19, 2024".
+QString shortDay(Date date, Date now, const QLocale& locale = {});
+
+/// Day and time, the month abbreviated: "Nov 19, 2026, 2:02 PM".
+QString dateAndTime(Date date, const QLocale& locale = {});
+
 /// Nothing left out: "Thursday, November 19, 2026, 2:02 PM".
 QString exact(Date date, const QLocale& locale);
 

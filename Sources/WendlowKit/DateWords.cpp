@@ -48,13 +48,14 @@ QString closing(QString literal) {
     return literal;
 }
 
-/// The locale's long format without its weekday and without the fields of `dropped`, and with the
-/// month's name short. No locale has a short format of its own that leaves out the year.
-QString shortened(const QLocale& locale, QChar dropped) {
+/// The locale's long format without its weekday and without the field of `dropped`, if there is
+/// one, and with the month's name short. No locale has a short format of its own that leaves out
+/// the year.
+QString shortened(const QLocale& locale, QChar dropped = {}) {
     std::vector<Field> fields = fieldsOf(locale.dateFormat(QLocale::LongFormat));
     std::erase_if(fields, [&](const Field& field) {
         const bool weekday = field.letters.startsWith(u"ddd");
-        return weekday || field.letters.startsWith(dropped);
+        return weekday || (!dropped.isNull() && field.letters.startsWith(dropped));
     });
     if (fields.empty())
         return locale.dateFormat(QLocale::ShortFormat);
@@ -82,6 +83,18 @@ QString day(Date date, Date now, const QLocale& locale) {
     if (wanted.addDays(1) == today)
         return QStringLiteral("Yesterday");
     return locale.toString(wanted, shortened(locale, wanted.year() == today.year() ? u'y' : u'd'));
+}
+
+QString shortDay(Date date, Date now, const QLocale& locale) {
+    const QDate wanted = local(date).date();
+    const bool thisYear = wanted.year() == local(now).date().year();
+    return locale.toString(wanted, shortened(locale, thisYear ? u'y' : QChar()));
+}
+
+QString dateAndTime(Date date, const QLocale& locale) {
+    const QDateTime wanted = local(date);
+    return locale.toString(wanted.date(), shortened(locale)) + QStringLiteral(", ") +
+           locale.toString(wanted.time(), QLocale::ShortFormat);
 }
 
 QString exact(Date date, const QLocale& locale) {
