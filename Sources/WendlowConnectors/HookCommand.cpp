@@ -33,7 +33,7 @@ std::vector<std::string> spellings(std::string_view command) {
 
 std::optional<HookOwnership> tier(std::string_view command, std::span<const std::string> currents) {
     for (const std::string& current : currents)
-        if (std::ranges::count(spellings(current), command) > 0)
+        if (command == current || std::ranges::count(spellings(current), command) > 0)
             return HookOwnership::current;
     if (isLegacyScript(command))
         return HookOwnership::stale;
