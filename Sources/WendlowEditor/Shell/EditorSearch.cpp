@@ -115,14 +115,16 @@ QCoro::Task<std::optional<EditorAnswer>> EditorSearch::answerTo(EditorAsk ask,
         if (answer.ask == ask)
             co_return answer;
     }
-    // Rows to another question must not pass for hits.
-    co_return EditorAnswer::pending();
+    // Rows to another question must not pass for hits, nor for there being none.
+    co_return EditorAnswer::failed("Wendlow answered with something this mod does not understand.",
+                                   std::move(ask));
 }
 
 void EditorSearch::show(EditorAnswer memories, EditorAnswer moments) {
     m_busy = false;
     m_answeredTerm = m_term;
-    m_state = memories.state;
+    // Half a page must not pass for the whole.
+    m_state = memories.ready() ? moments.state : memories.state;
     m_memories = memories.narrowed ? std::move(memories.rows) : EditorMemoryHits();
     m_moments = moments.narrowed ? std::move(moments.moments) : std::vector<EditorMoment>();
     m_selection.reset();

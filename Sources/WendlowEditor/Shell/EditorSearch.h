@@ -31,7 +31,7 @@ class EditorSearch final : public QObject {
     Q_PROPERTY(QString timing READ timing NOTIFY changed)
     /// That nothing was found, once that is known.
     Q_PROPERTY(QString noMatches READ noMatches NOTIFY changed)
-    /// Why the memories could not be searched; empty when they were.
+    /// Why not everything could be searched; empty when it was.
     Q_PROPERTY(QString trouble READ trouble NOTIFY changed)
     /// The place of the selected hit, -1 for none.
     Q_PROPERTY(int selection READ selectionIndex NOTIFY changed)
