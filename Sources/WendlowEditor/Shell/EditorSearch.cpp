@@ -50,6 +50,13 @@ void EditorSearch::setText(const QString& text) {
     Q_EMIT changed();
 }
 
+std::optional<EditorMemoryHit> EditorSearch::memory(std::string_view id) const {
+    for (const EditorMemoryHit& hit : m_memories)
+        if (hit.memory.id == id)
+            return hit;
+    return std::nullopt;
+}
+
 void EditorSearch::clear() {
     m_text.clear();
     setTerm({});

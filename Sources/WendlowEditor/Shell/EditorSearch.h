@@ -67,7 +67,8 @@ public:
     SearchHitList* hits() { return &m_hits; }
     const SearchSections& sections() const { return m_sections; }
     std::optional<Millis> millis() const { return m_millis; }
-    const EditorMemoryHits& memories() const { return m_memories; }
+    /// The memory of this id among those that were found.
+    std::optional<EditorMemoryHit> memory(std::string_view id) const;
 
     bool move(SearchPage::Move move);
     /// Null: nothing is selected.
