@@ -26,14 +26,19 @@ public:
     using Range = std::pair<qsizetype, qsizetype>; ///< of characters; the end is not in it
 
     explicit FoldedText(std::string_view text) : m_text(qString(text)) {
-        QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, m_text);
+        m_starts.reserve(static_cast<std::size_t>(m_text.size()) + 1);
+        m_character.reserve(m_starts.capacity());
+        m_folded.reserve(m_text.size());
+        std::optional<QTextBoundaryFinder> boundaries;
         for (qsizetype start = 0, end = 0; start < m_text.size(); start = end) {
             if (standsAlone(start)) {
                 end = start + 1;
                 add(m_text.at(start).toLower());
             } else {
-                boundaries.setPosition(start);
-                end = boundaries.toNextBoundary();
+                if (!boundaries)
+                    boundaries.emplace(QTextBoundaryFinder::Grapheme, m_text);
+                boundaries->setPosition(start);
+                end = boundaries->toNextBoundary();
                 const QString character = m_text.mid(start, end - start);
                 for (const QChar unit :
                      character.toCaseFolded().normalized(QString::NormalizationForm_D))
