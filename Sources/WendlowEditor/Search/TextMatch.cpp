@@ -26,25 +26,15 @@ public:
     using Range = std::pair<qsizetype, qsizetype>; ///< of characters; the end is not in it
 
     explicit FoldedText(std::string_view text) : m_text(qString(text)) {
-        m_starts.reserve(static_cast<std::size_t>(m_text.size()) + 1);
-        m_character.reserve(m_starts.capacity());
-        m_folded.reserve(m_text.size());
-        std::optional<QTextBoundaryFinder> boundaries;
-        for (qsizetype start = 0, end = 0; start < m_text.size(); start = end) {
-            if (standsAlone(start)) {
-                end = start + 1;
-                add(m_text.at(start).toLower());
-            } else {
-                if (!boundaries)
-                    boundaries.emplace(QTextBoundaryFinder::Grapheme, m_text);
-                boundaries->setPosition(start);
-                end = boundaries->toNextBoundary();
-                const QString character = m_text.mid(start, end - start);
-                for (const QChar unit :
-                     character.toCaseFolded().normalized(QString::NormalizationForm_D))
-                    if (!isMark(unit))
-                        add(unit);
-            }
+        QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, m_text);
+        for (qsizetype start = 0, end = 0; (end = boundaries.toNextBoundary()) >= 0; start = end) {
+            const QString character = m_text.mid(start, end - start);
+            for (const QChar unit :
+                 character.toCaseFolded().normalized(QString::NormalizationForm_D))
+                if (!isMark(unit)) {
+                    m_folded.append(unit);
+                    m_character.push_back(size());
+                }
             m_starts.push_back(start);
         }
         m_starts.push_back(m_text.size());
@@ -67,16 +57,6 @@ public:
     }
 
 private:
-    /// Whether a unit is a character by itself for sure. Most are, in long texts too.
-    bool standsAlone(qsizetype at) const {
-        constexpr char16_t endOfASCII = 0x80;
-        return m_text.at(at) < endOfASCII && m_text.at(at) != u'\r' &&
-               (at + 1 == m_text.size() || m_text.at(at + 1) < endOfASCII);
-    }
-    void add(QChar unit) {
-        m_folded.append(unit);
-        m_character.push_back(size());
-    }
     qsizetype character(qsizetype unit) const {
         return m_character[static_cast<std::size_t>(unit)];
     }
