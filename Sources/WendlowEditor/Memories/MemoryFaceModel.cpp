@@ -54,22 +54,27 @@ void MemoryFaceModel::reveal(EditorMemoryHit hit, std::string term) {
 void MemoryFaceModel::placeFound() {
     if (!m_answer->ask)
         return;
-    const auto isIt = [](const EditorMemoryHit& hit) {
-        return [&hit](const EditorMemoryHit& row) { return row.memory.id == hit.memory.id; };
+    const auto among = [](const auto& rows, const EditorMemoryHit& hit) {
+        return std::ranges::any_of(
+            rows, [&hit](const EditorMemoryHit& row) { return row.memory.id == hit.memory.id; });
     };
-    if (m_wanted && m_answer->ready() && std::ranges::none_of(m_answer->rows, isIt(*m_wanted))) {
-        m_found = m_wanted;
-        m_foundIn = *m_answer->ask;
-    }
-    if (m_found && !m_foundIn.sameQuery(*m_answer->ask))
+    if (m_wanted && m_answer->ready() && !among(m_answer->rows, *m_wanted))
+        m_found = Found{.hit = *m_wanted, .page = m_answer};
+    if (m_found && !m_found->page->ask->sameQuery(*m_answer->ask))
         m_found.reset();
     if (!m_found)
         return;
-    EditorAnswer page = *m_answer;
-    // It keeps its place also when so much has been read that it is there.
-    std::erase_if(page.rows, isIt(*m_found));
-    page.rows.insert(page.rows.begin(), *m_found);
-    m_answer = std::make_shared<const EditorAnswer>(std::move(page));
+    if (std::exchange(m_found->under, m_answer) != m_answer) {
+        // It keeps its place also when so much has been read that it is there.
+        EditorMemoryHits rows{m_found->hit};
+        for (const EditorMemoryHit& row : m_answer->rows)
+            if (row.memory.id != m_found->hit.memory.id)
+                rows.push_back(row);
+        EditorAnswer page = *m_answer;
+        page.rows = std::move(rows);
+        m_found->page = std::make_shared<const EditorAnswer>(std::move(page));
+    }
+    m_answer = m_found->page;
 }
 
 void MemoryFaceModel::serveReveal() {

@@ -76,6 +76,13 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// A memory in front of the rows that were read.
+    struct Found {
+        EditorMemoryHit hit;
+        SharedAnswer page;            ///< with it
+        SharedAnswer under = nullptr; ///< the same without it
+    };
+
     void placeFound();
     void serveReveal();
 
@@ -86,9 +93,8 @@ private:
     SharedAnswer m_answer = std::make_shared<const EditorAnswer>();
     std::optional<std::string> m_openType;
     std::optional<EditorMemoryHit> m_wanted; ///< still to be opened
-    std::optional<EditorMemoryHit> m_found;  ///< stands in front of the rows
-    EditorAsk m_foundIn{.term = {}};         ///< the question to which it does
-    std::string m_markedTerm;                ///< of the search that led here; empty for none
+    std::optional<Found> m_found;
+    std::string m_markedTerm; ///< of the search that led here; empty for none
 };
 
 } // namespace wendlow

@@ -130,11 +130,13 @@ QCoro::Task<std::optional<EditorAnswer>> EditorSearch::answerTo(EditorAsk ask,
 void EditorSearch::show(EditorAnswer memories, EditorAnswer moments) {
     m_busy = false;
     m_answeredTerm = m_term;
-    // Half a page must not pass for the whole.
-    m_state = memories.ready() ? moments.state : memories.state;
+    m_state = memories.state;
     m_memories = memories.narrowed ? std::move(memories.rows) : EditorMemoryHits();
     m_moments = moments.narrowed ? std::move(moments.moments) : std::vector<EditorMoment>();
     m_selection.reset();
+    // Half a page must not pass for the whole.
+    if (memories.ready())
+        m_state = moments.state;
     rebuild();
     if (!m_hits.rows().empty())
         m_selection = 0;
