@@ -16,13 +16,6 @@ namespace {
 
 using Lane = EditorLink::Lane;
 
-/// What describes the whole store: its counts, and next to no rows.
-EditorAsk baselineAsk() {
-    EditorAsk ask{.term = {}};
-    ask.limit = 1;
-    return ask;
-}
-
 /// "read.textBrowse" and the like.
 std::string verb(const GatewayRequest& request) {
     return std::visit(
@@ -129,11 +122,11 @@ QCoro::Task<> EditorLiveStore::loadOnce() {
     if (life.expired())
         co_return;
     steps.done("scopeBoard", m_link.now());
-    const EditorAnswer baseline = co_await query(baselineAsk());
+    const EditorAnswer whole = co_await baseline();
     if (life.expired())
         co_return;
     steps.done("baselineBrowse", m_link.now());
-    settleLoad(baseline, std::move(scopes));
+    settleLoad(whole, std::move(scopes));
     if (m_loaded) {
         co_await readMeetings();
         if (life.expired())
@@ -189,6 +182,18 @@ QCoro::Task<> EditorLiveStore::reloadScopeBoard() {
 
 QCoro::Task<EditorAnswer> EditorLiveStore::query(EditorAsk ask) {
     return m_browses.query(std::move(ask));
+}
+
+/// What describes the whole store: its counts, and next to no rows. Where a person's question took
+/// its place it goes out beside the browses, so that it takes no place in return.
+QCoro::Task<EditorAnswer> EditorLiveStore::baseline() {
+    const Lifetime::Watch life = m_life.watch();
+    EditorAsk ask{.term = {}};
+    ask.limit = 1;
+    EditorAnswer whole = co_await query(ask);
+    if (!life.expired() && whole.ask != ask)
+        whole = co_await answer(std::move(ask));
+    co_return whole;
 }
 
 QCoro::Task<EditorAnswer> EditorLiveStore::answer(EditorAsk ask) {

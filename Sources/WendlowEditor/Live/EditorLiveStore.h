@@ -82,6 +82,7 @@ private:
     QCoro::Task<> readMeetings();
     QCoro::Task<EditorMeetingsResult> fetchMeetings();
     QCoro::Task<> readMods();
+    QCoro::Task<EditorAnswer> baseline();
     QCoro::Task<EditorAnswer> answer(EditorAsk ask);
     EditorAnswer settled(const TextBrowseAnswer& wire, const EditorAsk& ask);
     QCoro::Task<> drainTiles();

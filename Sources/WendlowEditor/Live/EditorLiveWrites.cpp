@@ -46,13 +46,10 @@ QCoro::Task<> EditorLiveStore::refreshBoards(Boards after) {
     switch (after) {
     case Boards::none:
         break;
-    case Boards::memories: {
+    case Boards::memories:
         // The answer moves the rail's counts on its way.
-        EditorAsk everything{.term = {}};
-        everything.limit = 1;
-        co_await query(std::move(everything));
+        co_await baseline();
         break;
-    }
     case Boards::scopes:
         co_await reloadScopeBoard();
         break;

@@ -3,6 +3,7 @@
 #include "Shell/EditorWords.h"
 #include "Shell/RowText.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace wendlow {
@@ -25,6 +26,7 @@ void MemoryFaceModel::show(State state) {
         nothingYet.state = m_answer->state;
         m_answer = std::make_shared<const EditorAnswer>(std::move(nothingYet));
     }
+    placeFound();
     m_cards.show(state.standing, *m_answer);
     // Only the shape that is shown is kept up to date.
     const std::string& term = m_markedTerm.empty() ? state.ask.term : m_markedTerm;
@@ -39,24 +41,51 @@ void MemoryFaceModel::show(State state) {
 void MemoryFaceModel::startAfresh() {
     m_list.startAfresh();
     m_groups.startAfresh();
-    m_revealID.clear();
+    m_wanted.reset();
+    m_found.reset();
     m_markedTerm.clear();
 }
 
-void MemoryFaceModel::reveal(std::string memoryID, std::string term) {
-    m_revealID = std::move(memoryID);
+void MemoryFaceModel::reveal(EditorMemoryHit hit, std::string term) {
+    m_wanted = std::move(hit);
     m_markedTerm = std::move(term);
 }
 
+void MemoryFaceModel::placeFound() {
+    if (!m_answer->ask)
+        return;
+    const auto among = [](const auto& rows, const EditorMemoryHit& hit) {
+        return std::ranges::any_of(
+            rows, [&hit](const EditorMemoryHit& row) { return row.memory.id == hit.memory.id; });
+    };
+    if (m_wanted && m_answer->ready() && !among(m_answer->rows, *m_wanted))
+        m_found = Found{.hit = *m_wanted, .page = m_answer};
+    if (m_found && !m_found->page->ask->sameQuery(*m_answer->ask))
+        m_found.reset();
+    if (!m_found)
+        return;
+    if (std::exchange(m_found->under, m_answer) != m_answer) {
+        // It keeps its place also when so much has been read that it is there.
+        EditorMemoryHits rows{m_found->hit};
+        for (const EditorMemoryHit& row : m_answer->rows)
+            if (row.memory.id != m_found->hit.memory.id)
+                rows.push_back(row);
+        EditorAnswer page = *m_answer;
+        page.rows = std::move(rows);
+        m_found->page = std::make_shared<const EditorAnswer>(std::move(page));
+    }
+    m_answer = m_found->page;
+}
+
 void MemoryFaceModel::serveReveal() {
-    if (m_revealID.empty() || !m_openType || !m_answer->ready())
+    if (!m_wanted || !m_openType || !m_answer->ready())
         return;
     // Before it is opened, for opening it may bring us here again.
-    const std::string wanted = std::exchange(m_revealID, {});
+    const EditorMemoryHit wanted = *std::exchange(m_wanted, std::nullopt);
     if (isWorkItem(*m_openType))
-        m_groups.reveal(wanted);
+        m_groups.reveal(wanted.memory.id);
     else
-        m_list.reveal(wanted);
+        m_list.reveal(wanted.memory.id);
 }
 
 void MemoryFaceModel::openCard(int index) {

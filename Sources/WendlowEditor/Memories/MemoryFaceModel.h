@@ -49,8 +49,12 @@ public:
     void show(State state);
     /// Another type is open now.
     void startAfresh();
-    /// Opens this memory as soon as its type's list holds it, with the words of `term` marked.
-    void reveal(std::string memoryID, std::string term);
+    /// Opens a memory that a search found as soon as its type has been read, with the words of
+    /// `term` marked. Where it is not among the rows that were read, it stands in front of them
+    /// until another question is asked.
+    void reveal(EditorMemoryHit hit, std::string term);
+    /// What was found may be another now, or gone.
+    void forgetFound() { m_found.reset(); }
 
     Q_INVOKABLE void openCard(int index);
     Q_INVOKABLE void close() { m_actions.open(std::nullopt); }
@@ -72,6 +76,14 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// A memory in front of the rows that were read.
+    struct Found {
+        EditorMemoryHit hit;
+        SharedAnswer page;            ///< with it
+        SharedAnswer under = nullptr; ///< the same without it
+    };
+
+    void placeFound();
     void serveReveal();
 
     const Actions m_actions;
@@ -80,7 +92,8 @@ private:
     StatusGroupedModel m_groups;
     SharedAnswer m_answer = std::make_shared<const EditorAnswer>();
     std::optional<std::string> m_openType;
-    std::string m_revealID;   ///< still to be opened; empty for none
+    std::optional<EditorMemoryHit> m_wanted; ///< still to be opened
+    std::optional<Found> m_found;
     std::string m_markedTerm; ///< of the search that led here; empty for none
 };
 

@@ -49,8 +49,9 @@ T.ItemDelegate {
 
     Accessible.name: row.head ? qsTr("%1, %2").arg(row.title).arg(row.count) : row.title
     Accessible.description: row.head ? "" : row.subline.length > 0 ? row.subline + ", " + row.day : row.day
-    Accessible.checkable: true
-    Accessible.checked: row.open
+    // Its own, for a button tells a screen reader these, whatever is attached to it.
+    checkable: true
+    checked: row.open
     Accessible.selectable: true
     Accessible.selected: row.chosen
     Accessible.onPressAction: row.clicked()

@@ -11,6 +11,10 @@ namespace {
 
 constexpr const char* archiveID = "a";
 
+std::string headID(const std::string& status) {
+    return "g:" + status;
+}
+
 } // namespace
 
 StatusGroupedModel::StatusGroupedModel(RequestDetails requestDetails, MemoryLines::Today today)
@@ -51,7 +55,7 @@ void StatusGroupedModel::rebuild() {
     const StatusGrouping grouping = StatusGrouping::group(m_answer->rows);
     std::vector<MemoryLine> lines;
     for (const StatusGrouping::Group& group : grouping.live) {
-        const std::string id = "g:" + group.status;
+        const std::string id = headID(group.status);
         add(lines, id, group.status, group.rows, !m_closed.contains(id));
     }
     if (!grouping.archived.empty())
@@ -90,6 +94,9 @@ bool StatusGroupedModel::reveal(const std::string& memoryID) {
         return false;
     if (std::ranges::any_of(grouping.archived, isIt))
         m_showArchived = true;
+    for (const StatusGrouping::Group& group : grouping.live)
+        if (std::ranges::any_of(group.rows, isIt))
+            m_closed.erase(headID(group.status));
     m_openID = memoryID;
     rebuild();
     m_requestDetails({memoryID});

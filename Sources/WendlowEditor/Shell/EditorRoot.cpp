@@ -70,8 +70,10 @@ EditorQueryKey EditorRoot::queryKey() const {
 }
 
 void EditorRoot::storeChanged() {
-    if (std::exchange(m_generation, m_store.generation()) != m_store.generation())
+    if (std::exchange(m_generation, m_store.generation()) != m_store.generation()) {
+        m_memories.forgetFound();
         m_details.clear();
+    }
     if (m_displaced && !m_search.busy())
         requery();
     else
@@ -228,11 +230,13 @@ void EditorRoot::openHit(int index) {
 
 void EditorRoot::open(const SearchHit& hit) {
     const std::string term = m_search.term();
+    const auto found = m_search.memory(SearchPage::memoryOf(hit));
     clearSearch();
     if (const auto* const memory = std::get_if<SearchDestination::Memory>(&hit.destination)) {
         applyFace(EditorFace::memory);
         applyType(memory->type);
-        m_memories.reveal(SearchPage::memoryOf(hit), term);
+        if (found)
+            m_memories.reveal(*found, term);
     } else if (const auto* const rule = std::get_if<SearchDestination::Rule>(&hit.destination)) {
         // The change of face clears the scopes, so that the scope comes behind it.
         applyFace(EditorFace::rules);

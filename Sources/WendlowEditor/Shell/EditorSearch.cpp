@@ -50,6 +50,13 @@ void EditorSearch::setText(const QString& text) {
     Q_EMIT changed();
 }
 
+std::optional<EditorMemoryHit> EditorSearch::memory(std::string_view id) const {
+    for (const EditorMemoryHit& hit : m_memories)
+        if (hit.memory.id == id)
+            return hit;
+    return std::nullopt;
+}
+
 void EditorSearch::clear() {
     m_text.clear();
     setTerm({});
@@ -115,8 +122,9 @@ QCoro::Task<std::optional<EditorAnswer>> EditorSearch::answerTo(EditorAsk ask,
         if (answer.ask == ask)
             co_return answer;
     }
-    // Rows to another question must not pass for hits.
-    co_return EditorAnswer::pending();
+    // Rows to another question must not pass for hits, nor for there being none.
+    co_return EditorAnswer::failed("Wendlow answered with something this mod does not understand.",
+                                   std::move(ask));
 }
 
 void EditorSearch::show(EditorAnswer memories, EditorAnswer moments) {
@@ -126,6 +134,9 @@ void EditorSearch::show(EditorAnswer memories, EditorAnswer moments) {
     m_memories = memories.narrowed ? std::move(memories.rows) : EditorMemoryHits();
     m_moments = moments.narrowed ? std::move(moments.moments) : std::vector<EditorMoment>();
     m_selection.reset();
+    // Half a page must not pass for the whole.
+    if (memories.ready())
+        m_state = moments.state;
     rebuild();
     if (!m_hits.rows().empty())
         m_selection = 0;

@@ -31,7 +31,7 @@ class EditorSearch final : public QObject {
     Q_PROPERTY(QString timing READ timing NOTIFY changed)
     /// That nothing was found, once that is known.
     Q_PROPERTY(QString noMatches READ noMatches NOTIFY changed)
-    /// Why the memories could not be searched; empty when they were.
+    /// Why not everything could be searched; empty when it was.
     Q_PROPERTY(QString trouble READ trouble NOTIFY changed)
     /// The place of the selected hit, -1 for none.
     Q_PROPERTY(int selection READ selectionIndex NOTIFY changed)
@@ -67,7 +67,8 @@ public:
     SearchHitList* hits() { return &m_hits; }
     const SearchSections& sections() const { return m_sections; }
     std::optional<Millis> millis() const { return m_millis; }
-    const EditorMemoryHits& memories() const { return m_memories; }
+    /// The memory of this id among those that were found.
+    std::optional<EditorMemoryHit> memory(std::string_view id) const;
 
     bool move(SearchPage::Move move);
     /// Null: nothing is selected.

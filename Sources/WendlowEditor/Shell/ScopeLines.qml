@@ -68,8 +68,9 @@ FocusScope {
             hoverEnabled: true
             text: line.title
             Accessible.name: line.title
-            Accessible.checkable: true
-            Accessible.checked: line.picked
+            // Its own, for a button tells a screen reader these, whatever is attached to it.
+            checkable: true
+            checked: line.picked
             Accessible.onPressAction: content.model.choose(line.index)
             onClicked: content.model.choose(line.index)
             Component.onCompleted: lines.widest = Math.max(lines.widest, words.x + words.implicitWidth + 24)

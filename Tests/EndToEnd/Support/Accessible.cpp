@@ -15,7 +15,14 @@ namespace {
 constexpr auto accessibleInterface = "org.a11y.atspi.Accessible";
 
 /// Bits of the state set, as the accessibility bus numbers them.
-enum StateBit : unsigned { checked = 4, enabled = 8, focused = 12, showing = 25 };
+enum StateBit : unsigned {
+    active = 1,
+    checked = 4,
+    enabled = 8,
+    focusable = 11,
+    focused = 12,
+    showing = 25
+};
 
 QDBusMessage call(const QDBusConnection& bus, const QString& service, const QString& path,
                   const char* interface, const char* method, const QVariantList& arguments = {}) {
@@ -102,11 +109,17 @@ bool Accessible::state(unsigned bit) const {
     return word < words.size() && ((words.at(word) >> (bit % 32)) & 1U) != 0;
 }
 
+bool Accessible::isActive() const {
+    return state(StateBit::active);
+}
 bool Accessible::isChecked() const {
     return state(StateBit::checked);
 }
 bool Accessible::isEnabled() const {
     return state(StateBit::enabled);
+}
+bool Accessible::isFocusable() const {
+    return state(StateBit::focusable);
 }
 bool Accessible::isFocused() const {
     return state(StateBit::focused);

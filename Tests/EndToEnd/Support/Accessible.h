@@ -21,8 +21,10 @@ public:
     QString description() const;
     QString role() const;  ///< the role's name, such as "push button"
     QRect extents() const; ///< in screen coordinates
+    bool isActive() const; ///< the window that keys go to
     bool isChecked() const;
     bool isEnabled() const;
+    bool isFocusable() const;
     bool isFocused() const;
     bool isShowing() const;
     /// Does what the thing offers under this name ("Press", "Toggle").

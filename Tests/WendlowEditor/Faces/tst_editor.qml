@@ -152,27 +152,12 @@ Item {
             keyClick(Qt.Key_Tab);
             const lines = root.memories.list.lines;
             verify(lines.rowCount() < 60);
-            bench.press(face, "Back to Memories");
-            bench.open("decision");
-            wait(0);
-            keyClick(Qt.Key_Tab);
             keyClick(Qt.Key_Right);
             for (let at = 0; at < 30 && lines.rowCount() < 100; ++at) {
                 keyClick(Qt.Key_End);
                 wait(0);
             }
             verify(lines.rowCount() >= 100, lines.rowCount());
-        }
-
-        function test_nothingIsCutOffAtAnyWidth(): void {
-            bench.open("decision");
-            for (const width of [700, 1600, 980]) {
-                scene.width = width;
-                wait(0);
-                const picked = said("RadioButton");
-                compare(picked.length, 3);
-                keyClick(Qt.Key_F, Qt.ControlModifier);
-            }
         }
     }
 }

@@ -68,18 +68,6 @@ TEST(EditorLink, tellsWhenARequestWasWhere) {
     EXPECT_EQ(second, (LinkLeg{at(10), at(30), at(70), std::chrono::milliseconds(5)}));
 }
 
-TEST(EditorLink, mayGoWhileCallersWait) {
-    const auto client = std::make_shared<ScriptedClient>();
-    auto link = std::make_unique<EditorLink>(client);
-    Log log;
-    const QCoro::Task<> tasks[] = {ask(*link, "sent", Lane::now, log),
-                                   ask(*link, "waits", Lane::now, log)};
-    link.reset();
-    EXPECT_THAT(log, ElementsAre("waits:The window was closed before this was sent."));
-    client->answer(words("late"));
-    EXPECT_EQ(log.back(), "sent:late");
-}
-
 /// Browses whose answers the test gives, and what each caller got.
 struct Browsing {
     Browsing() : browses([this](EditorAsk ask) { return answered(std::move(ask)); }) {}
@@ -129,26 +117,6 @@ TEST(EditorBrowses, askTheSameOnlyOnce) {
     EXPECT_THAT(browsing.asked, ElementsAre("same"));
     EXPECT_THAT(browsing.got, ElementsAre("same:same", "same:same"));
     EXPECT_TRUE(browsing.waiting.empty());
-}
-
-TEST(EditorBrowses, mayGoWhileCallersWait) {
-    auto answers = std::make_shared<Waiting<EditorAnswer>>();
-    auto browses = std::make_unique<EditorBrowses>([answers](EditorAsk) {
-        return [](std::shared_ptr<Waiting<EditorAnswer>> from) -> QCoro::Task<EditorAnswer> {
-            co_return co_await *from;
-        }(answers);
-    });
-    int back = 0;
-    const auto count = [](QCoro::Task<EditorAnswer> answer, int& times) -> QCoro::Task<> {
-        co_await answer;
-        ++times;
-    };
-    const auto one = count(browses->query({.term = "a"}), back);
-    const auto two = count(browses->query({.term = "b"}), back);
-    browses.reset();
-    EXPECT_EQ(back, 1);
-    answers->resumeFirst(EditorAnswer::pending());
-    EXPECT_EQ(back, 2);
 }
 
 } // namespace

@@ -115,6 +115,36 @@ TEST(EditorLiveStore, saysWhyItHasNothingToShow) {
     }
 }
 
+TEST(EditorLiveStore, countsTheWholeStoreThoughAPersonTypesMeanwhile) {
+    Live live;
+    std::optional<EditorAnswer> listed, typed;
+    live.store->resetWorld();
+    EditorAsk ask{.term = {}};
+    const auto list = live.keep(live.store->query(ask), listed);
+    live.answer("scopeBoard", AnswerCase::ScopeBoard());
+    ask.term = "x";
+    const auto search = live.keep(live.store->query(ask), typed); // in the place of the counts
+    live.answer(R"("limit":50)", page(9, {{"note", 9}}));
+    auto whole = page(4, {{"note", 3}});
+    whole._0.byKind = {{"moment", 7}};
+    live.answer(R"("limit":1,)", whole);
+    live.answer(R"("term":"x")", failure("too many words"));
+    live.answer("meetingList", AnswerCase::Text{""});
+    EXPECT_TRUE(live.store->loaded()) << live.store->storeError().value_or("");
+    EXPECT_EQ(live.store->momentCount(), 7);
+    EXPECT_EQ(typed->ask, ask);
+    // A write's counts are read too.
+    std::optional<EditorWriteOutcome> outcome;
+    const auto rule = live.keep(live.store->addRule("t", "w", {}, "/s"), outcome);
+    live.answer("write", AnswerCase::NoteID{"n1"});
+    const auto again = live.keep(live.store->query(ask), typed);
+    live.answer(R"("limit":1,)", failure("not now"));
+    live.answer(R"("term":"x")", failure("not now"));
+    live.answer(R"("limit":1,)", page(5, {{"rule", 5}}));
+    EXPECT_EQ(live.store->memoryTypeCounts()[0].count, 5);
+    EXPECT_TRUE(outcome && outcome->ok());
+}
+
 TEST(EditorLiveStore, readsOnceMoreHoweverOftenItIsAskedWhileReading) {
     Live live;
     for (int call = 0; call < 5; ++call)
@@ -449,7 +479,8 @@ TEST(EditorLiveStore, mayGoWhileEverythingIsUnderWay) {
     const auto three = live.keep(live.store->mapFolder("/f", "/p"), write);
     live.store.reset();
     EXPECT_TRUE(first && second && write) << "nobody waits for ever";
-    EXPECT_FALSE(write->ok());
+    EXPECT_EQ(write, EditorWriteOutcome::refused("The window was closed before this was sent."));
+    EXPECT_FALSE(first->ask || second->ask);
     live.client->answer(AnswerCase::ScopeBoard());
     EXPECT_FALSE(live.client->isWaiting());
     EXPECT_THAT(live.notes, IsEmpty());

@@ -205,12 +205,18 @@ TEST(EditorRoot, AHitOpensItsPlace) {
     }
 }
 
+/// Opens this from a search that has found it.
+void openFound(Window& window, const EditorMemoryHit& hit) {
+    window.root.search()->setText("number 30");
+    window.store.settle({hit});
+    window.store.settle();
+    window.root.openHit(0);
+}
+
 TEST(EditorRoot, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
     Window window;
-    window.root.search()->setText("number 30");
-    window.root.open(hitTo("memory:decision30", SearchDestination::Memory{"decision"}));
-    while (window.store.asked.back() != window.root.ask() || window.store.isWaiting())
-        window.store.settle(memories(60));
+    openFound(window, memories(31).back());
+    window.store.settle(memories(60));
     const auto& lines = window.root.memories()->list()->lines()->rows();
     ASSERT_EQ(lines.size(), 36U) << "whole pages up to it";
     EXPECT_TRUE(lines[30].open);
@@ -218,6 +224,50 @@ TEST(EditorRoot, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
     EXPECT_EQ(model->data(model->index(30), MemoryLines::TitleMarkupRole),
               "<b>Number</b> <b>30</b>");
     EXPECT_THAT(window.store.detailsAsked, ::testing::Contains("decision30"));
+}
+
+TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
+    for (const std::string type : {"decision", "ticket"}) {
+        Window window;
+        window.root.setOpenType(type);
+        window.store.settle(memories(50, type));
+        auto& groups = *window.root.memories()->groups();
+        groups.toggle(0); // closed
+        openFound(window, memories(99, type).back());
+        const bool grouped = type == "ticket";
+        const auto& lines =
+            grouped ? groups.lines()->rows() : window.root.memories()->list()->lines()->rows();
+        const std::size_t first = grouped ? 1 : 0; // below the head of its group
+        ASSERT_GE(lines.size(), 12U);
+        EXPECT_EQ(lines[first].id, "m:" + type + "98");
+        EXPECT_TRUE(lines[first].open);
+        window.root.setAsk(window.ask([](EditorAsk& ask) { ask.limit = 110; }));
+        window.store.settle(memories(99, type));
+        EXPECT_EQ(lines[first].id, "m:" + type + "98") << "it stays when it has been read";
+        EXPECT_EQ(std::ranges::count(lines, true, &MemoryLine::open), grouped ? 2 : 1);
+        window.root.setAsk(window.ask([](EditorAsk& ask) { ask.scopes = {"/a"}; }));
+        window.store.settle(memories(40, type));
+        EXPECT_EQ(lines[first].id, "m:" + type + "0");
+    }
+}
+
+/// What no daemon should say breaks nothing.
+TEST(EditorRoot, RowsThatAreWrongForTheAskAreShownAsTheyAre) {
+    Window window;
+    window.root.setOpenType("decision");
+    const QAbstractItemModelTester tester(window.root.memories()->list()->lines());
+    EditorMemoryHits rows = memories(5000, "finding");
+    rows[1] = rows[0] = memory("", "finding", std::string(10000, 'x') + "\n", "no path");
+    EditorAnswer answer = settled(window.root.ask(), rows);
+    answer.total = 2;
+    answer.typeCounts = answer.filterKeyCounts = {{.name = "", .count = -1}};
+    window.store.answer(answer);
+    EXPECT_EQ(window.root.memories()->list()->countLine(), "2 memories");
+    EXPECT_EQ(window.root.memories()->list()->lines()->rowCount(), 12);
+    window.root.memories()->list()->toggle(0);
+    window.root.setOpenType("ticket");
+    window.store.answer(settled(window.root.ask(), rows));
+    EXPECT_EQ(window.root.memories()->groups()->footer(), "");
 }
 
 TEST(EditorRoot, StepsBackOneAtATime) {

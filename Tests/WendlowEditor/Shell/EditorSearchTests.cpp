@@ -100,6 +100,12 @@ TEST(EditorSearch, WhatDidNotSearchIsNoHit) {
     store.answer(EditorAnswer::failed("The door is shut.", store.asked.back()));
     EXPECT_EQ(search.trouble(), "The door is shut.");
     EXPECT_EQ(search.noMatches(), "") << "nobody looked";
+
+    search.setText("backup plans");
+    store.answer(window.found(memories(1)));
+    store.answer(EditorAnswer::failed("Gone.", store.asked.back()));
+    EXPECT_EQ(window.titles().size(), 1U);
+    EXPECT_EQ(search.trouble(), "Gone.") << "half a page is not the whole";
 }
 
 TEST(EditorSearch, IsAskedAgainWhereThePageTookItsPlace) {
@@ -119,6 +125,8 @@ TEST(EditorSearch, IsAskedAgainWhereThePageTookItsPlace) {
         store.answer(EditorAnswer::pending());
     EXPECT_LT(store.asked.size(), asked + 20);
     EXPECT_THAT(window.titles(), IsEmpty());
+    EXPECT_EQ(search.noMatches(), "");
+    EXPECT_EQ(search.trouble(), "Wendlow answered with something this mod does not understand.");
 }
 
 TEST(EditorSearch, EmptyingTheFieldEmptiesThePageAtOnce) {

@@ -1,0 +1,34 @@
+#include "Support/RunningGateway.h"
+
+#include <QJsonDocument>
+
+#include <fmt/format.h>
+
+namespace wendlow::testing {
+
+void RunningGateway::start(const std::string& replies) {
+    kill();
+    const auto database = m_desktop.home() / "Practice" / "practice.db";
+    m_process.emplace(WENDLOW_PRACTICE_GATEWAY,
+                      std::vector<std::string>{"--database", database.string(), "--fill", "day",
+                                               "--replies", replies});
+}
+
+QJsonObject RunningGateway::ask(const std::string& request) const {
+    const QString answer =
+        m_desktop.run(QStringLiteral(WENDLOW_ASK), {QString::fromStdString(request)});
+    const QJsonObject response = QJsonDocument::fromJson(answer.toUtf8())
+                                     .object()
+                                     .value(QStringLiteral("response"))
+                                     .toObject();
+    return response.isEmpty() ? response : response.begin()->toObject();
+}
+
+QJsonObject RunningGateway::browse(const std::string& fields) const {
+    return ask(fmt::format(R"({{"read":{{"_0":{{"textBrowse":{{"kind":"memory",{}}}}}}}}})",
+                           fields))
+        .value(QStringLiteral("_0"))
+        .toObject();
+}
+
+} // namespace wendlow::testing
