@@ -9,6 +9,7 @@ Rectangle {
 
     required property string text
     property int tone: Strip.Tone.Information
+    property string sign: strip.warns ? "warn" : strip.refuses ? "refuse" : "ok"
 
     readonly property bool warns: strip.tone === Strip.Tone.Warning
     readonly property bool refuses: strip.tone === Strip.Tone.Refusal
@@ -25,7 +26,7 @@ Rectangle {
     Icon {
         x: 13
         y: 12
-        name: strip.warns ? "warn" : strip.refuses ? "refuse" : "ok"
+        name: strip.sign
         color: strip.warns ? Theme.warning : strip.refuses ? Theme.refusal : Theme.accent
     }
     Label {

@@ -15,7 +15,7 @@ Rectangle {
     readonly property int columns: panel.width >= 560 ? 3 : panel.width >= 340 ? 2 : 1
     readonly property int lines: Math.ceil((values.count + (panel.model.panelPicked ? 1 : 0)) / panel.columns)
 
-    implicitHeight: Math.max(48, Math.min(panel.lines * 32 + 16, panel.tallest))
+    implicitHeight: Math.max(48, Math.min(panel.lines * 32 + 18, panel.tallest))
     radius: Theme.radiusCard
     color: Theme.surface
     border.width: Theme.strokeHairline
@@ -28,10 +28,10 @@ Rectangle {
 
     GridView {
         id: values
-        x: 8
-        y: 8
-        width: parent.width - 16
-        height: parent.height - 16
+        x: 9
+        y: 9
+        width: parent.width - 18
+        height: parent.height - 18
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: Math.floor(values.width / panel.columns)
@@ -65,7 +65,7 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: 12
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 10
+        anchors.bottomMargin: 11
         visible: panel.model.panelPicked
         kind: Button.Kind.Quiet
         small: true

@@ -9,15 +9,16 @@ FocusScope {
     id: memory
 
     required property MemoryFaceModel face
+    required property int margin
+    required property int column
 
-    readonly property int column: Math.min(900, memory.width - 2 * Theme.space32)
     readonly property bool grid: memory.face.shape === "grid"
     // Where the focus goes when the stage is entered by key.
     readonly property Item first: memory.grid ? cards : lists.count > 0 ? lists.itemAt(0)?.list ?? null : groups.itemAt(0)?.list ?? null
 
     PageHead {
         id: head
-        x: Theme.space32
+        x: memory.margin
         y: 24
         width: memory.column
         title: memory.face.title
@@ -28,13 +29,14 @@ FocusScope {
     }
     Strip {
         id: strip
-        x: Theme.space32
+        x: memory.margin
         anchors.top: head.bottom
         anchors.topMargin: Theme.space16
         width: memory.column
         visible: memory.face.strip.length > 0
         height: visible ? implicitHeight : 0
         tone: memory.face.stripWarns ? Strip.Tone.Warning : Strip.Tone.Information
+        sign: memory.face.stripWarns ? "warn" : "clock"
         text: memory.face.strip
     }
     Item {
@@ -46,7 +48,7 @@ FocusScope {
         TypeGrid {
             id: cards
             visible: memory.grid
-            x: Theme.space32
+            x: memory.margin
             width: memory.column
             height: parent.height
             face: memory.face
@@ -58,6 +60,7 @@ FocusScope {
 
             MemoriesFace {
                 anchors.fill: below
+                margin: memory.margin
                 column: memory.column
                 model: memory.face.list
                 focus: true
@@ -69,6 +72,7 @@ FocusScope {
 
             StatusGroupedList {
                 anchors.fill: below
+                margin: memory.margin
                 column: memory.column
                 model: memory.face.groups
                 focus: true

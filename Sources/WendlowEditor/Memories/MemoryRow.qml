@@ -93,9 +93,8 @@ T.ItemDelegate {
 
         Icon {
             visible: row.head
-            x: 10
-            y: 8 + 14
-            size: 12
+            x: 8
+            y: 8 + 12
             name: row.open ? "down" : "right"
             color: Theme.textSecondOnTint
         }

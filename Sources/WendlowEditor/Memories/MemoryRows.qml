@@ -10,6 +10,9 @@ ListView {
     id: list
 
     required property int rowHeight
+    // The lines stand in it; the list itself takes the whole stage, for the wheel and its bar.
+    required property int margin
+    required property int column
     property int indent: 0
 
     property bool byKey: false
@@ -63,7 +66,8 @@ ListView {
     delegate: MemoryRow {
         id: row
 
-        width: list.width
+        x: list.margin - 12
+        width: list.column + 24
         rowHeight: list.rowHeight
         indent: list.indent
         chosen: row.ListView.isCurrentItem && list.activeFocus

@@ -9,6 +9,7 @@ FocusScope {
     id: face
 
     required property StatusGroupedModel model
+    required property int margin
     required property int column
 
     readonly property Item list: rows
@@ -29,8 +30,8 @@ FocusScope {
     MemoryRows {
         id: rows
         anchors.fill: parent
-        anchors.leftMargin: Theme.space32 - 12
-        anchors.rightMargin: parent.width - face.column - Theme.space32 - 12
+        margin: face.margin
+        column: face.column
         topMargin: 12
         focus: true
         rowHeight: 40
@@ -44,7 +45,7 @@ FocusScope {
         Label {
             id: missing
             parent: rows.contentItem
-            x: 12
+            x: face.margin
             y: rows.originY + rows.contentHeight + 12
             width: face.column
             visible: face.model.footer.length > 0

@@ -9,16 +9,18 @@ Item {
     id: bar
 
     required property EditorFaceBarModel model
+    required property int margin
+    required property int column
     required property bool showsChip
 
     implicitHeight: 48
 
     Chip {
         id: chip
-        x: Theme.space32
+        x: bar.margin
         anchors.verticalCenter: parent.verticalCenter
         visible: bar.showsChip
-        widest: Math.min(420, bar.width - 2 * Theme.space32)
+        widest: Math.min(420, bar.column)
         lead: qsTr("scope:")
         text: bar.model.label
         picked: bar.model.narrowed

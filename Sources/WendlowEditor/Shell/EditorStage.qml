@@ -12,6 +12,10 @@ FocusScope {
     required property EditorRoot root
 
     readonly property bool searching: stage.root.stage === "search"
+    // Where the words stand: in one column, with the same margins for every face, in the middle of a wide
+    // stage.
+    readonly property int column: Math.max(0, Math.min(900, stage.width - 2 * Theme.space32))
+    readonly property int margin: Math.max(Theme.space32, Math.floor((stage.width - stage.column) / 2))
 
     // The focus is to go back to the rail.
     signal exited
@@ -33,6 +37,8 @@ FocusScope {
         EditorFaceBar {
             id: bar
             width: parent.width
+            margin: stage.margin
+            column: stage.column
             model: stage.root.bar
             showsChip: stage.root.showsScopeChip
         }
@@ -41,6 +47,8 @@ FocusScope {
             anchors.fill: parent
             anchors.topMargin: bar.height
             visible: stage.root.stage !== "blank"
+            margin: stage.margin
+            column: stage.column
             face: stage.root.memories
         }
         BlankStage {
@@ -57,6 +65,8 @@ FocusScope {
 
         SearchFace {
             anchors.fill: stage
+            margin: stage.margin
+            column: stage.column
             root: stage.root
             focus: true
         }

@@ -16,10 +16,10 @@ Item {
     implicitHeight: 28
 
     IconButton {
-        x: -29
+        x: -28
         visible: head.hasBack
         iconName: "left"
-        iconSize: 14
+        iconSize: 16
         text: qsTr("Back to %1").arg(head.backTo)
         tip: ""
         onClicked: head.back()

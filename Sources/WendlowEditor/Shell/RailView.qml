@@ -18,7 +18,8 @@ FocusScope {
     // The focus is to go to the stage.
     signal exited
 
-    implicitWidth: Theme.sidebarWidth
+    // A narrow window is not given away to the places.
+    implicitWidth: Math.min(Theme.sidebarWidth, Math.max(168, Math.floor((parent?.width ?? 0) * 0.32)))
 
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Places")
@@ -98,6 +99,7 @@ FocusScope {
             id: place
 
             width: places.width
+            elsewhere: rail.root.search.searching
             focusPolicy: place.here || place.kind === "heading" || place.kind === "more" ? Qt.StrongFocus : Qt.ClickFocus
             onClicked: rail.root.rail.activate(place.index)
             Keys.onRightPressed: rail.exited()
