@@ -13,8 +13,12 @@ FocusScope {
     required property int column
 
     readonly property bool grid: memory.face.shape === "grid"
-    // Where the focus goes when the stage is entered by key.
-    readonly property Item first: memory.grid ? cards : lists.count > 0 ? lists.itemAt(0)?.list ?? null : groups.itemAt(0)?.list ?? null
+    readonly property ListView list: lists.count > 0 ? (lists.itemAt(0) as MemoriesFace)?.list ?? null : groups.count > 0 ? (groups.itemAt(0) as StatusGroupedList)?.list ?? null : null
+    // Where the focus goes when the stage is entered by key: to the rows, if there are some or some to come.
+    readonly property Item first: !memory.face.reading && (memory.grid ? cards.count : memory.list?.count ?? 0) === 0 ? null : memory.grid ? cards : memory.list
+
+    // What failed is to be tried once more.
+    signal triedAgain
 
     PageHead {
         id: head
@@ -38,6 +42,8 @@ FocusScope {
         tone: memory.face.stripWarns ? Strip.Tone.Warning : Strip.Tone.Information
         sign: memory.face.stripWarns ? "warn" : "clock"
         text: memory.face.strip
+        action: memory.face.stripWarns ? qsTr("Try again") : ""
+        onActed: memory.triedAgain()
     }
     Item {
         id: below

@@ -33,7 +33,7 @@ ListView {
     }
 
     clip: true
-    activeFocusOnTab: list.count > 0
+    activeFocusOnTab: list.count > 0 || list.activeFocus
     boundsBehavior: Flickable.StopAtBounds
     bottomMargin: Theme.space24
     highlightMoveDuration: 0

@@ -12,7 +12,7 @@ FocusScope {
     required property int margin
     required property int column
 
-    readonly property Item list: rows
+    readonly property ListView list: rows
 
     Connections {
         target: face.model

@@ -11,6 +11,7 @@ FocusScope {
 
     required property MemoryFaceModel face
 
+    readonly property int count: cards.count
     readonly property int columns: Math.max(1, Math.floor((grid.width + cards.gap) / (200 + cards.gap)))
 
     StageWords {
@@ -35,7 +36,7 @@ FocusScope {
         bottomMargin: Theme.space24
         clip: true
         focus: true
-        activeFocusOnTab: cards.count > 0
+        activeFocusOnTab: cards.count > 0 || cards.activeFocus
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: (grid.width + cards.gap) / grid.columns
         cellHeight: 100

@@ -13,6 +13,24 @@ Item {
     required property int column
     required property bool showsChip
 
+    // The focus is to go to the rail.
+    signal exited
+
+    // Takes the focus to the chip, where it is shown.
+    function enter(byKey: bool): void {
+        if (bar.showsChip)
+            chip.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.MouseFocusReason);
+        else
+            bar.exited();
+    }
+
+    // A menu leaves the focus nowhere, unless what was pressed instead has taken it.
+    function settle(byKey: bool): void {
+        const focused = bar.Window.activeFocusItem;
+        if (!focused || focused === bar.Window.contentItem)
+            bar.enter(byKey);
+    }
+
     implicitHeight: 48
 
     Chip {
@@ -27,12 +45,21 @@ Item {
         open: bar.model.pickerOpen
         onClicked: bar.model.pickerOpen = !bar.model.pickerOpen
 
+        // There until it has closed: a menu that is taken away before takes the focus along.
         Only {
-            wanted: bar.model.pickerOpen
+            id: menu
+
+            readonly property bool asked: bar.model.pickerOpen
+
+            wanted: false
+            onAskedChanged: menu.wanted = menu.wanted || menu.asked
 
             ScopeMenu {
                 model: bar.model
-                onExited: chip.forceActiveFocus(Qt.TabFocusReason)
+                onClosed: byKey => {
+                    menu.wanted = false;
+                    Qt.callLater(bar.settle, byKey);
+                }
             }
         }
     }

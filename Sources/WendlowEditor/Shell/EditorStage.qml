@@ -22,8 +22,18 @@ FocusScope {
 
     // Takes the focus to what the stage is about.
     function enter(): void {
-        const first = stage.searching ? null : body.children.length > 0 ? memory.first : null;
-        (first ?? stage).forceActiveFocus(Qt.TabFocusReason);
+        if (stage.searching)
+            stage.forceActiveFocus(Qt.TabFocusReason);
+        else if (memory.visible && memory.first)
+            memory.first.forceActiveFocus(Qt.TabFocusReason);
+        else
+            bar.enter(true);
+    }
+
+    // What is pressed for it goes from sight, so that the focus does not stay there.
+    function tryAgain(): void {
+        stage.root.tryAgain();
+        stage.enter();
     }
 
     Keys.onLeftPressed: stage.exited()
@@ -41,6 +51,7 @@ FocusScope {
             column: stage.column
             model: stage.root.bar
             showsChip: stage.root.showsScopeChip
+            onExited: stage.exited()
         }
         MemoryFace {
             id: memory
@@ -50,6 +61,7 @@ FocusScope {
             margin: stage.margin
             column: stage.column
             face: stage.root.memories
+            onTriedAgain: stage.tryAgain()
         }
         BlankStage {
             anchors.fill: parent
@@ -58,6 +70,7 @@ FocusScope {
             title: stage.root.title
             text: stage.root.blankStage
             failed: stage.root.gaveUp
+            onTriedAgain: stage.tryAgain()
         }
     }
     Only {

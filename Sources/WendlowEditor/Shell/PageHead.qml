@@ -16,7 +16,9 @@ Item {
     implicitHeight: 28
 
     IconButton {
-        x: -28
+        x: -26
+        y: 2
+        size: 24
         visible: head.hasBack
         iconName: "left"
         iconSize: 16

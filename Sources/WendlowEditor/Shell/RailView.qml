@@ -100,7 +100,8 @@ FocusScope {
 
             width: places.width
             elsewhere: rail.root.search.searching
-            focusPolicy: place.here || place.kind === "heading" || place.kind === "more" ? Qt.StrongFocus : Qt.ClickFocus
+            // What has the focus stays where the tabulator key finds it.
+            focusPolicy: place.activeFocus || place.here || place.kind === "heading" || place.kind === "more" ? Qt.StrongFocus : Qt.ClickFocus
             onClicked: rail.root.rail.activate(place.index)
             Keys.onRightPressed: rail.exited()
             // The focus goes along with what is open.

@@ -11,8 +11,26 @@ FocusScope {
 
     required property EditorFaceBarModel model
 
+    // Whether it was a key that closed the menu.
+    property bool leftByKey: false
+
+    function choose(index: int, byKey: bool): void {
+        content.leftByKey = byKey;
+        content.model.choose(index);
+    }
+
+    function manage(byKey: bool): void {
+        content.leftByKey = byKey;
+        content.model.manageScopes();
+    }
+
     readonly property real widest: lines.widest
     readonly property real tall: lines.contentHeight + manage.height + 9
+
+    Keys.onEscapePressed: {
+        content.leftByKey = true;
+        content.model.pickerOpen = false;
+    }
 
     ListView {
         id: lines
@@ -37,9 +55,9 @@ FocusScope {
         Accessible.role: Accessible.PopupMenu
         Accessible.name: qsTr("Scopes")
 
-        Keys.onReturnPressed: content.model.choose(lines.currentIndex)
-        Keys.onEnterPressed: content.model.choose(lines.currentIndex)
-        Keys.onSpacePressed: content.model.choose(lines.currentIndex)
+        Keys.onReturnPressed: content.choose(lines.currentIndex, true)
+        Keys.onEnterPressed: content.choose(lines.currentIndex, true)
+        Keys.onSpacePressed: content.choose(lines.currentIndex, true)
         Keys.onPressed: event => {
             const last = lines.count - 1;
             const steps = {
@@ -70,8 +88,9 @@ FocusScope {
             Accessible.name: line.title
             Accessible.checkable: true
             Accessible.checked: line.picked
-            Accessible.onPressAction: content.model.choose(line.index)
-            onClicked: content.model.choose(line.index)
+            Accessible.onPressAction: content.choose(line.index, true)
+            // The line that has the focus takes Return for a click.
+            onClicked: content.choose(line.index, !line.hovered)
             Component.onCompleted: lines.widest = Math.max(lines.widest, words.x + words.implicitWidth + 24)
 
             Item {
@@ -115,8 +134,8 @@ FocusScope {
         width: parent.width
         text: qsTr("Manage Scopes…")
         lit: manage.hovered || manage.activeFocus
-        onClicked: content.model.manageScopes()
-        Keys.onReturnPressed: content.model.manageScopes()
-        Keys.onEnterPressed: content.model.manageScopes()
+        onClicked: content.manage(manage.visualFocus)
+        Keys.onReturnPressed: content.manage(true)
+        Keys.onEnterPressed: content.manage(true)
     }
 }

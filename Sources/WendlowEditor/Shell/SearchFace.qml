@@ -62,7 +62,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         clip: true
         focus: true
-        activeFocusOnTab: list.count > 0
+        activeFocusOnTab: list.count > 0 || list.activeFocus
         boundsBehavior: Flickable.StopAtBounds
         bottomMargin: Theme.space24
         keyNavigationEnabled: false
