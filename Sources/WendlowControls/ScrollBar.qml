@@ -10,6 +10,7 @@ T.ScrollBar {
     padding: 3
     minimumSize: 0.06
     visible: bar.size < 1
+    hoverEnabled: true
 
     contentItem: Rectangle {
         implicitWidth: 5
@@ -19,10 +20,12 @@ T.ScrollBar {
         opacity: bar.active ? 1 : 0
 
         Behavior on opacity {
-            enabled: !bar.active && !Theme.reduceMotion
+            id: change
+
+            // Which way it goes is known from the target alone: a binding on `active` may be still to be told.
             SequentialAnimation {
-                PauseAnimation { duration: 600 }
-                NumberAnimation { duration: Theme.fadeOut }
+                PauseAnimation { duration: change.targetValue > 0 ? 0 : 600 }
+                NumberAnimation { duration: change.targetValue > 0 ? 0 : Theme.fadeOut }
             }
         }
     }

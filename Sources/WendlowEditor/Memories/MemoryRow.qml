@@ -32,6 +32,8 @@ T.ItemDelegate {
     required property int indent
     required property bool chosen
     required property bool ringed
+    // The pointer is at another row, which speaks for itself.
+    required property bool outdone
     required property bool underlined
 
     readonly property bool tinted: row.chosen || row.open || row.hovered
@@ -195,7 +197,9 @@ T.ItemDelegate {
     }
 
     Hint {
+        anchors.leftMargin: row.textX
+        leading: true
         text: row.tip
-        wanted: (row.hovered || row.ringed) && words.truncated && !row.open
+        wanted: (row.hovered || row.ringed && !row.outdone) && words.truncated && !row.open
     }
 }

@@ -72,6 +72,7 @@ ListView {
         indent: list.indent
         chosen: row.ListView.isCurrentItem && list.activeFocus
         ringed: row.chosen && list.byKey
+        outdone: list.hoverIndex >= 0
         underlined: !row.last && row.index + 1 < list.count && !list.tinted(row.index) && !list.tinted(row.index + 1) && !row.open
         onHoveredChanged: {
             if (row.hovered)
@@ -87,6 +88,9 @@ ListView {
             list.pressed = false;
         }
         onClicked: list.toggled(row.index)
+        // What a row unfolds is in sight.
+        onImplicitHeightChanged: if (row.open && row.ListView.isCurrentItem)
+            Qt.callLater(list.positionViewAtIndex, row.index, ListView.Contain)
         onWanted: list.appeared(row.index)
     }
 }
