@@ -20,12 +20,13 @@ T.ScrollBar {
         opacity: bar.active ? 1 : 0
 
         Behavior on opacity {
-            id: change
+            // Only what is all there goes slowly. By `active` it could not be told: a binding on it may be still
+            // to hear that it has changed.
+            enabled: bar.contentItem.opacity === 1
 
-            // Which way it goes is known from the target alone: a binding on `active` may be still to be told.
             SequentialAnimation {
-                PauseAnimation { duration: change.targetValue > 0 ? 0 : 600 }
-                NumberAnimation { duration: change.targetValue > 0 ? 0 : Theme.fadeOut }
+                PauseAnimation { duration: 600 }
+                NumberAnimation { duration: Theme.fadeOut }
             }
         }
     }

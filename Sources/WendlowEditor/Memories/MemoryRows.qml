@@ -43,6 +43,13 @@ ListView {
 
     T.ScrollBar.vertical: ScrollBar {}
 
+    // Behind the layout that the taller row asks for.
+    Timer {
+        id: unfolding
+        interval: 0
+        onTriggered: list.positionViewAtIndex(list.currentIndex, ListView.Contain)
+    }
+
     Accessible.role: Accessible.List
 
     Keys.onPressed: event => {
@@ -90,7 +97,7 @@ ListView {
         onClicked: list.toggled(row.index)
         // What a row unfolds is in sight.
         onImplicitHeightChanged: if (row.open && row.ListView.isCurrentItem)
-            Qt.callLater(list.positionViewAtIndex, row.index, ListView.Contain)
+            unfolding.restart()
         onWanted: list.appeared(row.index)
     }
 }

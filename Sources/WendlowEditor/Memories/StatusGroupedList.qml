@@ -30,9 +30,10 @@ FocusScope {
     MemoryRows {
         id: rows
         anchors.fill: parent
+        anchors.topMargin: 8
         margin: face.margin
         column: face.column
-        topMargin: 12
+        topMargin: 4
         focus: true
         rowHeight: 40
         indent: 20
@@ -54,5 +55,11 @@ FocusScope {
             color: Theme.textSecond
             elide: Text.ElideRight
         }
+    }
+    Hairline {
+        x: face.margin
+        y: rows.y
+        width: face.column
+        visible: !rows.atYBeginning
     }
 }

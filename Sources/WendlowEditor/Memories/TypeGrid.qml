@@ -28,11 +28,11 @@ FocusScope {
         readonly property int gap: 12
         property bool byKey: false
 
-        y: 0
+        y: 8
         // And a pixel, for cells that are no whole number of them.
         width: parent.width + cards.gap + 1
-        height: parent.height
-        topMargin: 20
+        height: parent.height - 8
+        topMargin: 12
         bottomMargin: Theme.space24
         clip: true
         focus: true
@@ -50,6 +50,7 @@ FocusScope {
         T.ScrollBar.vertical: ScrollBar {
             parent: grid.parent
             anchors.right: parent?.right
+            y: cards.y
             height: cards.height
         }
 
@@ -150,5 +151,10 @@ FocusScope {
                 wanted: card.hovered && words.truncated
             }
         }
+    }
+    Hairline {
+        y: cards.y
+        width: grid.width
+        visible: !cards.atYBeginning
     }
 }

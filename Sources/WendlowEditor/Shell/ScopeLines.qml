@@ -43,6 +43,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
+        highlightMoveDuration: 0
         model: content.model
         currentIndex: 0
         Component.onCompleted: {
@@ -79,11 +80,14 @@ FocusScope {
             required property int depth
             required property bool picked
 
-            readonly property bool lit: line.hovered || (line.ListView.isCurrentItem && lines.activeFocus)
+            readonly property bool lit: line.ListView.isCurrentItem && (line.hovered || lines.activeFocus)
 
             width: lines.width
             implicitHeight: 28
             hoverEnabled: true
+            // One line is lit, whether the pointer or a key came to it last.
+            onHoveredChanged: if (line.hovered)
+                lines.currentIndex = line.index
             text: line.title
             Accessible.name: line.title
             Accessible.checkable: true

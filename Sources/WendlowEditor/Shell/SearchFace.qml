@@ -91,4 +91,10 @@ FocusScope {
             onOpened: page.root.openHit(hit.index)
         }
     }
+    Hairline {
+        x: page.margin
+        y: list.y
+        width: page.column
+        visible: !list.atYBeginning
+    }
 }
