@@ -86,7 +86,7 @@ void EditorSnapshots::takeMemories() {
     root().bar()->setPickerOpen(false);
     EditorAsk ask = root().ask();
     ask.scopes = {"/work/harbour"};
-    ask.term = "tide";
+    ask.term = "mooring";
     root().setAsk(ask);
     save("narrowed");
     root().setAsk({.term = {}});
@@ -131,9 +131,9 @@ void EditorSnapshots::takeSearch() {
     root().clearSearch();
 }
 
-/// As a person does, wherever the focus is.
+/// As a person does, into the search field: the first stop of the focus in the window's content.
 void EditorSnapshots::type(const QString& text) {
-    m_content.forceActiveFocus();
+    m_content.nextItemInFocusChain()->forceActiveFocus();
     for (const QChar letter : text) {
         QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, letter);
         QCoreApplication::sendEvent(m_content.window(), &press);
