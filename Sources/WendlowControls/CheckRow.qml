@@ -44,8 +44,7 @@ T.CheckBox {
             Icon {
                 visible: row.on
                 anchors.centerIn: parent
-                size: 12
-                name: "check"
+                name: "tick"
                 color: Theme.inkOnAccent
             }
         }

@@ -38,7 +38,7 @@ T.Button {
 
         anchors.fill: parent
         anchors.leftMargin: 13
-        anchors.rightMargin: 11
+        anchors.rightMargin: 10
         implicitWidth: face.fixed + words.implicitWidth
 
         Label {
@@ -75,13 +75,13 @@ T.Button {
             anchors.verticalCenter: parent.verticalCenter
             size: 12
             name: chip.open ? "up" : "down"
-            color: Theme.textSecondOnTint
+            color: chip.open ? Theme.accent : Theme.textSecondOnTint
         }
     }
 
     background: Rectangle {
         radius: 14
-        color: chip.picked ? Theme.accentSoft : "transparent"
+        color: chip.picked ? Theme.accentSoft : Theme.surface
         border.width: chip.open || !chip.picked ? Theme.strokeHairline : 0
         border.color: chip.open ? Theme.accent : Theme.edge
 

@@ -67,6 +67,8 @@ Row {
                     color: Theme.accent
                 }
                 FocusRing {
+                    anchors.leftMargin: -6
+                    anchors.rightMargin: -6
                     shown: word.ringed
                     around: Theme.radiusTag
                 }

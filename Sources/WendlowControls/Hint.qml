@@ -8,6 +8,7 @@ Item {
 
     required property string text
     required property bool wanted
+    property bool leading: false
 
     anchors.fill: parent
 
@@ -20,6 +21,9 @@ Item {
 
             ToolTip {
                 text: hint.text
+                leading: hint.leading
+                // Below a row, and not over what stands beside it.
+                widest: hint.leading ? Math.min(480, hint.width - 28) : 480
                 visible: true
             }
         }

@@ -10,6 +10,7 @@ T.ScrollBar {
     padding: 3
     minimumSize: 0.06
     visible: bar.size < 1
+    hoverEnabled: true
 
     contentItem: Rectangle {
         implicitWidth: 5
@@ -19,7 +20,10 @@ T.ScrollBar {
         opacity: bar.active ? 1 : 0
 
         Behavior on opacity {
-            enabled: !bar.active && !Theme.reduceMotion
+            // Only what is all there goes slowly. By `active` it could not be told: a binding on it may be still
+            // to hear that it has changed.
+            enabled: bar.contentItem.opacity === 1
+
             SequentialAnimation {
                 PauseAnimation { duration: 600 }
                 NumberAnimation { duration: Theme.fadeOut }

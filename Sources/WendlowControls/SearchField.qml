@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
@@ -18,7 +20,7 @@ T.TextField {
     implicitWidth: 200
     implicitHeight: 32
     leftPadding: 35
-    rightPadding: field.text.length > 0 ? 32 : 10
+    rightPadding: field.text.length > 0 ? 34 : 10
     topPadding: 0
     bottomPadding: 0
     verticalAlignment: TextInput.AlignVCenter
@@ -41,6 +43,34 @@ T.TextField {
         field.typed("");
         field.text = "";
         field.forceActiveFocus(Qt.MouseFocusReason);
+    }
+
+    // Stands still while it is typed at, and blinks when it rests.
+    cursorDelegate: Rectangle {
+        id: caret
+
+        property bool lit: true
+
+        width: 1
+        color: Theme.accent
+        visible: field.cursorVisible && caret.lit
+
+        Timer {
+            id: blink
+            interval: 500
+            repeat: true
+            running: field.cursorVisible && !Theme.reduceMotion
+            onTriggered: caret.lit = !caret.lit
+            onRunningChanged: caret.lit = true
+        }
+        Connections {
+            target: field
+            function onCursorPositionChanged(): void {
+                caret.lit = true;
+                if (blink.running)
+                    blink.restart();
+            }
+        }
     }
 
     background: Rectangle {
@@ -66,7 +96,7 @@ T.TextField {
     }
     IconButton {
         anchors.right: parent.right
-        anchors.rightMargin: 4
+        anchors.rightMargin: 6
         anchors.verticalCenter: parent.verticalCenter
         visible: field.text.length > 0
         size: 24

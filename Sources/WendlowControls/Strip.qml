@@ -8,7 +8,12 @@ Rectangle {
     enum Tone { Information, Warning, Refusal }
 
     required property string text
+    // What can be done about it, if anything: a word at the right.
+    property string action
     property int tone: Strip.Tone.Information
+    property string sign: strip.warns ? "warn" : strip.refuses ? "refuse" : "ok"
+
+    signal acted
 
     readonly property bool warns: strip.tone === Strip.Tone.Warning
     readonly property bool refuses: strip.tone === Strip.Tone.Refusal
@@ -25,18 +30,29 @@ Rectangle {
     Icon {
         x: 13
         y: 12
-        name: strip.warns ? "warn" : strip.refuses ? "refuse" : "ok"
+        name: strip.sign
         color: strip.warns ? Theme.warning : strip.refuses ? Theme.refusal : Theme.accent
     }
     Label {
         id: words
         x: 39
         y: 11
-        width: strip.width - x - 13
+        width: strip.width - x - (deed.visible ? deed.width + 8 : 13)
         role: Label.Role.Small
         line: Theme.hintLine
         text: strip.text
         wrapMode: Text.Wrap
         Accessible.ignored: true
+    }
+    Button {
+        id: deed
+        anchors.right: parent.right
+        anchors.rightMargin: 5
+        y: 6
+        visible: strip.action.length > 0
+        kind: Button.Kind.Quiet
+        small: true
+        text: strip.action
+        onClicked: strip.acted()
     }
 }

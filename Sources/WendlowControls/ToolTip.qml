@@ -6,8 +6,10 @@ T.ToolTip {
     id: tip
 
     property int widest: 480
+    // Begins where its parent does, and not in its middle.
+    property bool leading: false
 
-    x: parent ? Math.round((parent.width - width) / 2) : 0
+    x: parent && !tip.leading ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height + 6 : 0
     implicitWidth: Math.min(implicitContentWidth, tip.widest) + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -21,7 +23,9 @@ T.ToolTip {
         role: Label.Role.Caption
         text: tip.text
         color: Theme.ground
-        wrapMode: Text.WrapAnywhere
+        wrapMode: Text.Wrap
+        elide: Text.ElideRight
+        maximumLineCount: 12
     }
 
     background: Rectangle {

@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QKeyEvent>
+#include <QQuickWindow>
 
 #include <utility>
 
@@ -49,29 +51,57 @@ EditorSnapshots::EditorSnapshots(QQuickItem& content, EditorHost& host, EditorWo
 
 void EditorSnapshots::take() {
     const EditorWorld before = m_worlds.world();
-    takeDaemon(QStringLiteral("editor-pending"), std::make_shared<SilentGateway>());
-    takeDaemon(QStringLiteral("editor-warming"), std::make_shared<WarmingGateway>());
-    takeDaemon(QStringLiteral("editor-failed"), std::make_shared<UnimplementedGateway>());
+    takeDaemon("pending", std::make_shared<SilentGateway>());
+    takeDaemon("warming", std::make_shared<WarmingGateway>());
+    takeDaemon("failed", std::make_shared<UnimplementedGateway>());
     m_worlds.switchWorld(EditorWorld::dayZero);
-    m_save(QStringLiteral("editor-empty"));
+    save("empty");
     m_worlds.switchWorld(EditorWorld::powerUser);
     takeMemories();
     takeSearch();
     root().setFace(EditorFace::mods);
-    m_save(QStringLiteral("editor-blank"));
+    save("blank");
     m_worlds.switchWorld(before);
 }
 
-void EditorSnapshots::takeMemories() {
-    m_save(QStringLiteral("editor-grid"));
-    root().bar()->setPickerOpen(true);
-    m_save(QStringLiteral("editor-scopes"));
-    root().bar()->setPickerOpen(false);
+void EditorSnapshots::takeAtWidth(const QString& suffix) {
+    const EditorWorld before = m_worlds.world();
+    m_suffix = suffix;
+    m_worlds.switchWorld(EditorWorld::powerUser);
+    save("grid");
+    takeTypes();
+    takeSearch();
+    m_worlds.switchWorld(before);
+    m_suffix.clear();
+}
 
+void EditorSnapshots::save(const char* state, Focus focus) {
+    m_save(QStringLiteral("editor-") + QLatin1String(state) + m_suffix, focus);
+}
+
+void EditorSnapshots::takeMemories() {
+    save("grid");
+    root().bar()->setPickerOpen(true);
+    save("scopes");
+    root().bar()->setPickerOpen(false);
+    EditorAsk ask = root().ask();
+    ask.scopes = {"/work/harbour"};
+    ask.term = "mooring";
+    root().setAsk(ask);
+    save("narrowed");
+    root().setAsk({.term = {}});
+    takeTypes();
+}
+
+void EditorSnapshots::takeTypes() {
+    RailModel& rail = *root().rail();
+    for (int row = 0; row < rail.rowCount(); ++row)
+        if (rail.row(row).kind == RailRow::Kind::more)
+            rail.activate(row);
     root().setOpenType("decision");
     MemoriesModel& list = *root().memories()->list();
     list.toggle(1);
-    m_save(QStringLiteral("editor-list"));
+    save("list");
     list.toggle(1);
     EditorAsk ask = root().ask();
     ask.term = "backup";
@@ -83,25 +113,34 @@ void EditorSnapshots::takeMemories() {
         bar.toggleValue(0);
         bar.toggleValue(1);
     }
-    m_save(QStringLiteral("editor-filtered"));
+    save("filtered");
     ask.term = "zeppelin";
     root().setAsk(ask);
     bar.closePanel();
-    m_save(QStringLiteral("editor-nothing-matches"));
+    save("nothing-matches");
     root().setAsk({.term = {}});
 
     root().setOpenType("ticket");
-    m_save(QStringLiteral("editor-grouped"));
+    save("grouped");
     root().setOpenType(std::nullopt);
 }
 
 void EditorSnapshots::takeSearch() {
-    root().search()->setText(QStringLiteral("backup"));
-    m_save(QStringLiteral("editor-search"));
+    type(QStringLiteral("backup"));
+    save("search", Focus::kept);
     root().clearSearch();
 }
 
-void EditorSnapshots::takeDaemon(const QString& name, std::shared_ptr<Gateway> gateway) {
+/// As a person does, into the search field: the first stop of the focus in the window's content.
+void EditorSnapshots::type(const QString& text) {
+    m_content.nextItemInFocusChain()->forceActiveFocus();
+    for (const QChar letter : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, letter);
+        QCoreApplication::sendEvent(m_content.window(), &press);
+    }
+}
+
+void EditorSnapshots::takeDaemon(const char* state, std::shared_ptr<Gateway> gateway) {
     auto& worlds = m_daemons.emplace_back(std::make_unique<EditorWorlds>(
         std::make_shared<InProcessClient>(std::move(gateway)), EditorWorld::realData));
     auto& host = m_hosts.emplace_back(std::make_unique<EditorHost>(*worlds));
@@ -111,7 +150,7 @@ void EditorSnapshots::takeDaemon(const QString& name, std::shared_ptr<Gateway> g
     constexpr int noticeable = 400;
     for (const QDeadlineTimer limit(noticeable); !limit.hasExpired();)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    m_save(name);
+    save(state);
     m_content.setProperty("host", QVariant::fromValue(&m_host));
 }
 

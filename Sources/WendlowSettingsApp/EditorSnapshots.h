@@ -15,8 +15,11 @@ namespace wendlow {
 /// daemon that is slow, still building its index, or refuses. UI thread.
 class EditorSnapshots final {
 public:
-    /// Called when the window stands in a state; is to save the picture.
-    using Save = std::function<void(const QString& name)>;
+    enum class Focus { away, kept };
+
+    /// Called when the window stands in a state; is to save the picture, with the focus where it is
+    /// or without a sign of it.
+    using Save = std::function<void(const QString& name, Focus focus)>;
 
     /// `content` is what the Editor's window shows, and `host` what that is over.
     EditorSnapshots(QQuickItem& content, EditorHost& host, EditorWorlds& worlds, Save save);
@@ -24,16 +27,24 @@ public:
     /// Takes them all, and leaves the window in the world that it was in.
     void take();
 
+    /// Takes the states that look different in a narrow or a wide window; `suffix` ends their
+    /// names.
+    void takeAtWidth(const QString& suffix);
+
 private:
     EditorRoot& root() { return *m_host.root(); }
+    void save(const char* state, Focus focus = Focus::away);
     void takeMemories();
+    void takeTypes();
     void takeSearch();
-    void takeDaemon(const QString& name, std::shared_ptr<Gateway> gateway);
+    void type(const QString& text);
+    void takeDaemon(const char* state, std::shared_ptr<Gateway> gateway);
 
     QQuickItem& m_content;
     EditorHost& m_host;
     EditorWorlds& m_worlds;
     const Save m_save;
+    QString m_suffix;
     // Faces look at these for a while after others have taken their place.
     std::vector<std::unique_ptr<EditorWorlds>> m_daemons;
     std::vector<std::unique_ptr<EditorHost>> m_hosts;

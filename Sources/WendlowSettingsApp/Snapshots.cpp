@@ -1,7 +1,5 @@
 #include "Snapshots.h"
 
-#include "EditorSnapshots.h"
-
 #include <QCursor>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
@@ -124,9 +122,18 @@ void Snapshots::takeSettings() {
 void Snapshots::takeEditor() {
     QQuickWindow& window = shown(WindowKind::editor);
     auto* const content = window.property("content").value<QQuickItem*>();
-    EditorSnapshots(*content, m_application.editor(), m_application.worlds(),
-                    [&](const QString& name) { save(window, name); })
-        .take();
+    EditorSnapshots snapshots(
+        *content, m_application.editor(), m_application.worlds(),
+        [&](const QString& name, EditorSnapshots::Focus focus) { save(window, name, focus); });
+    snapshots.take();
+    if (m_size)
+        return;
+    const QSize own = window.size();
+    for (const QSize size : {QSize(700, 560), QSize(1600, 1000)}) {
+        window.resize(size);
+        snapshots.takeAtWidth(QStringLiteral("-%1").arg(size.width()));
+    }
+    window.resize(own);
 }
 
 void Snapshots::takeConnectedApps(QQuickWindow& window) {
@@ -152,10 +159,11 @@ QQuickWindow& Snapshots::shown(WindowKind kind) {
     return static_cast<QQuickWindow&>(window);
 }
 
-void Snapshots::save(QWindow& window, const QString& name) {
+void Snapshots::save(QWindow& window, const QString& name, EditorSnapshots::Focus focus) {
     const ConnectedAppsModel& model = *m_application.settings().connected();
     runEventLoopUntil([&] { return model.scanned() && model.idle(); }, 30s);
-    takeFocusAway(static_cast<QQuickWindow&>(window));
+    if (focus == EditorSnapshots::Focus::away)
+        takeFocusAway(static_cast<QQuickWindow&>(window));
     runEventLoopUntil([] { return false; }, 60ms); // what a change sets in motion is drawn
     const QImage picture = static_cast<QQuickWindow&>(window).grabWindow();
     const std::filesystem::path file =

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EditorSnapshots.h"
 #include "LaunchOptions.h"
 #include "SettingsApplication.h"
 #include "ThemeSource.h"
@@ -31,7 +32,8 @@ private:
     void takeEditor();
     void takeConnectedApps(QQuickWindow& window);
     QQuickWindow& shown(WindowKind kind);
-    void save(QWindow& window, const QString& name);
+    void save(QWindow& window, const QString& name,
+              EditorSnapshots::Focus focus = EditorSnapshots::Focus::away);
 
     SettingsApplication& m_application;
     const std::filesystem::path m_folder;

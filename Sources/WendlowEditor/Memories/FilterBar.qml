@@ -16,6 +16,28 @@ Column {
 
     spacing: 8
 
+    // Takes the focus from chip to chip; gives whether there is one there.
+    function step(from: int, by: int): bool {
+        const next = keys.itemAt(from + by);
+        next?.forceActiveFocus(by < 0 ? Qt.BacktabFocusReason : Qt.TabFocusReason);
+        return next !== null;
+    }
+
+    // Out of the panel, to the chip that it belongs to.
+    function leavePanel(): void {
+        for (let at = 0; at < keys.count; ++at)
+            if ((keys.itemAt(at) as Chip)?.open)
+                keys.itemAt(at).forceActiveFocus(Qt.BacktabFocusReason);
+    }
+
+    Keys.onEscapePressed: event => {
+        event.accepted = bar.model.panelOpen;
+        if (event.accepted) {
+            bar.leavePanel();
+            bar.model.closePanel();
+        }
+    }
+
     Item {
         width: bar.width
         height: chips.height
@@ -39,11 +61,13 @@ Column {
                 spacing: 8
 
                 Repeater {
+                    id: keys
                     model: bar.model.chips
 
                     Chip {
                         id: chip
 
+                        required property int index
                         required property string key
                         required property string label
 
@@ -52,6 +76,13 @@ Column {
 
                         text: chip.label
                         onClicked: bar.model.togglePanel(chip.key)
+                        Keys.onLeftPressed: event => event.accepted = bar.step(chip.index, -1)
+                        Keys.onRightPressed: event => event.accepted = bar.step(chip.index, 1)
+                        Keys.onDownPressed: {
+                            if (!chip.open)
+                                bar.model.togglePanel(chip.key);
+                            (panel.itemAt(0) as FilterPanel)?.enter();
+                        }
                         // A chip that has the focus is in sight.
                         onActiveFocusChanged: if (chip.activeFocus)
                             chips.contentY = Math.max(Math.min(chips.contentY, chip.y), chip.y + chip.height - chips.height)
@@ -79,12 +110,14 @@ Column {
         }
     }
     Only {
+        id: panel
         wanted: bar.model.panelOpen
 
         FilterPanel {
             width: bar.width
             model: bar.model
             tallest: bar.tallest
+            onExited: bar.leavePanel()
         }
     }
 }

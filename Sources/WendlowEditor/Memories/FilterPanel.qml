@@ -15,7 +15,20 @@ Rectangle {
     readonly property int columns: panel.width >= 560 ? 3 : panel.width >= 340 ? 2 : 1
     readonly property int lines: Math.ceil((values.count + (panel.model.panelPicked ? 1 : 0)) / panel.columns)
 
-    implicitHeight: Math.max(48, Math.min(panel.lines * 32 + 16, panel.tallest))
+    // The focus is to go back to the chip.
+    signal exited
+
+    // The focus goes in, to the first value.
+    function enter(): void {
+        panel.go(0);
+    }
+
+    function go(index: int): void {
+        values.positionViewAtIndex(index, GridView.Contain);
+        values.itemAtIndex(index)?.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    implicitHeight: Math.max(48, Math.min(panel.lines * 32 + 18, panel.tallest))
     radius: Theme.radiusCard
     color: Theme.surface
     border.width: Theme.strokeHairline
@@ -24,14 +37,32 @@ Rectangle {
     Accessible.role: Accessible.Grouping
     Accessible.name: panel.model.panelLabel
 
-    Keys.onEscapePressed: panel.model.closePanel()
+    Keys.onPressed: event => {
+        const at = values.focusedIndex;
+        const steps = {
+            [Qt.Key_Left]: at % panel.columns === 0 ? at : at - 1,
+            [Qt.Key_Right]: at + 1,
+            [Qt.Key_Up]: at - panel.columns,
+            [Qt.Key_Down]: at + panel.columns
+        };
+        event.accepted = at >= 0 && event.key in steps;
+        if (!event.accepted)
+            return;
+        if (steps[event.key] < 0)
+            panel.exited();
+        else if (steps[event.key] < values.count)
+            panel.go(steps[event.key]);
+    }
 
     GridView {
         id: values
-        x: 8
-        y: 8
-        width: parent.width - 16
-        height: parent.height - 16
+
+        property int focusedIndex: -1
+
+        x: 9
+        y: 9
+        width: parent.width - 18
+        height: parent.height - 18
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: Math.floor(values.width / panel.columns)
@@ -57,15 +88,21 @@ Rectangle {
             text: value.title
             on: value.picked
             onClicked: panel.model.toggleValue(value.index)
-            onActiveFocusChanged: if (value.activeFocus)
-                values.positionViewAtIndex(value.index, GridView.Contain)
+            onActiveFocusChanged: {
+                if (value.activeFocus) {
+                    values.focusedIndex = value.index;
+                    values.positionViewAtIndex(value.index, GridView.Contain);
+                } else if (values.focusedIndex === value.index) {
+                    values.focusedIndex = -1;
+                }
+            }
         }
     }
     Button {
         anchors.right: parent.right
         anchors.rightMargin: 12
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 10
+        anchors.bottomMargin: 11
         visible: panel.model.panelPicked
         kind: Button.Kind.Quiet
         small: true

@@ -9,9 +9,10 @@ FocusScope {
     id: face
 
     required property MemoriesModel model
+    required property int margin
     required property int column
 
-    readonly property Item list: rows
+    readonly property ListView list: rows
 
     Connections {
         target: face.model
@@ -26,7 +27,7 @@ FocusScope {
 
     FilterBar {
         id: bar
-        x: Theme.space32
+        x: face.margin
         y: Theme.space16
         width: face.column
         model: face.model.filters
@@ -34,7 +35,7 @@ FocusScope {
     }
     Label {
         id: count
-        x: Theme.space32
+        x: face.margin
         anchors.top: bar.bottom
         anchors.topMargin: Theme.space24
         role: Label.Role.Small
@@ -42,7 +43,7 @@ FocusScope {
         color: Theme.textSecond
     }
     ChoiceWords {
-        x: Theme.space32 + face.column - width
+        x: face.margin + face.column - width
         anchors.verticalCenter: count.verticalCenter
         visible: face.model.countLine.length > 0
         choices: face.model.sorts
@@ -50,14 +51,14 @@ FocusScope {
     }
     Hairline {
         id: line
-        x: Theme.space32
+        x: face.margin
         anchors.top: count.bottom
         anchors.topMargin: 7
         width: face.column
         visible: rows.count > 0
     }
     StageWords {
-        x: Theme.space32
+        x: face.margin
         width: face.column
         anchors.verticalCenter: rows.verticalCenter
         busy: face.model.reading
@@ -67,8 +68,9 @@ FocusScope {
         id: rows
         anchors.top: line.bottom
         anchors.bottom: parent.bottom
-        x: Theme.space32 - 12
-        width: face.column + 24
+        width: parent.width
+        margin: face.margin
+        column: face.column
         focus: true
         rowHeight: 56
         model: face.model.lines

@@ -9,15 +9,20 @@ FocusScope {
     id: memory
 
     required property MemoryFaceModel face
+    required property int margin
+    required property int column
 
-    readonly property int column: Math.min(900, memory.width - 2 * Theme.space32)
     readonly property bool grid: memory.face.shape === "grid"
-    // Where the focus goes when the stage is entered by key.
-    readonly property Item first: memory.grid ? cards : lists.count > 0 ? lists.itemAt(0)?.list ?? null : groups.itemAt(0)?.list ?? null
+    readonly property ListView list: lists.count > 0 ? (lists.itemAt(0) as MemoriesFace)?.list ?? null : groups.count > 0 ? (groups.itemAt(0) as StatusGroupedList)?.list ?? null : null
+    // Where the focus goes when the stage is entered by key: to the rows, if there are some or some to come.
+    readonly property Item first: !memory.face.reading && (memory.grid ? cards.count : memory.list?.count ?? 0) === 0 ? null : memory.grid ? cards : memory.list
+
+    // What failed is to be tried once more.
+    signal triedAgain
 
     PageHead {
         id: head
-        x: Theme.space32
+        x: memory.margin
         y: 24
         width: memory.column
         title: memory.face.title
@@ -28,14 +33,17 @@ FocusScope {
     }
     Strip {
         id: strip
-        x: Theme.space32
+        x: memory.margin
         anchors.top: head.bottom
         anchors.topMargin: Theme.space16
         width: memory.column
         visible: memory.face.strip.length > 0
         height: visible ? implicitHeight : 0
         tone: memory.face.stripWarns ? Strip.Tone.Warning : Strip.Tone.Information
+        sign: memory.face.stripWarns ? "warn" : "clock"
         text: memory.face.strip
+        action: memory.face.stripWarns ? qsTr("Try again") : ""
+        onActed: memory.triedAgain()
     }
     Item {
         id: below
@@ -46,7 +54,7 @@ FocusScope {
         TypeGrid {
             id: cards
             visible: memory.grid
-            x: Theme.space32
+            x: memory.margin
             width: memory.column
             height: parent.height
             face: memory.face
@@ -58,6 +66,7 @@ FocusScope {
 
             MemoriesFace {
                 anchors.fill: below
+                margin: memory.margin
                 column: memory.column
                 model: memory.face.list
                 focus: true
@@ -69,6 +78,7 @@ FocusScope {
 
             StatusGroupedList {
                 anchors.fill: below
+                margin: memory.margin
                 column: memory.column
                 model: memory.face.groups
                 focus: true

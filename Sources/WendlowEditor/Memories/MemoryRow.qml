@@ -32,17 +32,21 @@ T.ItemDelegate {
     required property int indent
     required property bool chosen
     required property bool ringed
+    // The pointer is at another row, which speaks for itself.
+    required property bool outdone
     required property bool underlined
 
     readonly property bool tinted: row.chosen || row.open || row.hovered
     readonly property bool twoLines: row.rowHeight >= 56
     readonly property int textX: 12 + row.indent
     readonly property int lineHeight: row.head ? 48 : row.rowHeight
+    // Opened, and what it has to say is there: then the row is the whole memory, from its title on.
+    readonly property bool unfolded: row.open && !row.head && row.known
 
     // Why and body are needed, or needed anew.
     signal wanted
 
-    implicitHeight: row.lineHeight + (opened.visible ? opened.height : 0)
+    implicitHeight: opened.visible ? Math.max(row.lineHeight, opened.y + opened.height) : row.lineHeight
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     text: row.title
@@ -63,7 +67,7 @@ T.ItemDelegate {
     background: Item {
         Rectangle {
             // Over the line of the row above.
-            y: row.head ? 8 : -1
+            y: row.head ? 8 : row.index === 0 ? 0 : -1
             width: parent.width
             height: parent.height - y
             radius: Theme.radiusButton
@@ -94,9 +98,8 @@ T.ItemDelegate {
 
         Icon {
             visible: row.head
-            x: 10
-            y: 8 + 14
-            size: 12
+            x: 8
+            y: 8 + 12
             name: row.open ? "down" : "right"
             color: Theme.textSecondOnTint
         }
@@ -106,10 +109,11 @@ T.ItemDelegate {
             y: row.head ? 18 : row.twoLines ? 9 : 10
             width: row.head ? Math.min(implicitWidth, parent.width - x - 60) : date.x - x - 16
             role: row.head ? Label.Role.Strong : Label.Role.Body
-            text: row.head ? row.title : row.titleMarkup
-            textFormat: row.head ? Text.PlainText : Text.StyledText
+            text: row.head ? row.title : row.unfolded && row.tip !== row.title ? row.tip : row.titleMarkup
+            textFormat: text === row.titleMarkup ? Text.StyledText : Text.PlainText
             elide: Text.ElideRight
-            maximumLineCount: 1
+            wrapMode: row.unfolded ? Text.Wrap : Text.NoWrap
+            maximumLineCount: row.unfolded ? 40 : 1
             horizontalAlignment: Text.AlignLeft
             Accessible.ignored: true
         }
@@ -124,7 +128,7 @@ T.ItemDelegate {
         }
         Label {
             id: second
-            visible: row.twoLines && !row.head
+            visible: row.twoLines && !row.head && !row.unfolded
             x: row.textX
             y: 30
             width: date.x - x - 16
@@ -149,22 +153,15 @@ T.ItemDelegate {
         Column {
             id: opened
             x: row.textX
-            y: row.lineHeight
-            width: parent.width - x - 12
+            // In place of the second line, so that opening moves no word of the two.
+            y: row.unfolded ? words.y + words.height + (row.twoLines ? 0 : 4) : row.lineHeight
+            width: date.x - x - 16
             visible: row.open && !row.head
             bottomPadding: 16
             spacing: 8
 
             Label {
-                visible: row.tip !== row.title || words.truncated
-                width: parent.width
-                text: row.tip
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignLeft
-            }
-            Label {
-                // Not twice, where the row shows all of it.
-                visible: row.why.length > 0 && (row.why !== row.sublineMarkup || second.truncated || !second.visible)
+                visible: row.why.length > 0
                 width: parent.width
                 role: Label.Role.Small
                 line: Theme.hintLine
@@ -201,7 +198,9 @@ T.ItemDelegate {
     }
 
     Hint {
+        anchors.leftMargin: row.textX
+        leading: true
         text: row.tip
-        wanted: (row.hovered || row.ringed) && words.truncated && !row.open
+        wanted: (row.hovered || row.ringed && !row.outdone) && words.truncated && !row.open
     }
 }

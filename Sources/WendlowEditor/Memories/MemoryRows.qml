@@ -10,6 +10,9 @@ ListView {
     id: list
 
     required property int rowHeight
+    // The lines stand in it; the list itself takes the whole stage, for the wheel and its bar.
+    required property int margin
+    required property int column
     property int indent: 0
 
     property bool byKey: false
@@ -30,7 +33,7 @@ ListView {
     }
 
     clip: true
-    activeFocusOnTab: list.count > 0
+    activeFocusOnTab: list.count > 0 || list.activeFocus
     boundsBehavior: Flickable.StopAtBounds
     bottomMargin: Theme.space24
     highlightMoveDuration: 0
@@ -39,6 +42,13 @@ ListView {
         list.byKey = true
 
     T.ScrollBar.vertical: ScrollBar {}
+
+    // Behind the layout that the taller row asks for.
+    Timer {
+        id: unfolding
+        interval: 0
+        onTriggered: list.positionViewAtIndex(list.currentIndex, ListView.Contain)
+    }
 
     Accessible.role: Accessible.List
 
@@ -63,11 +73,13 @@ ListView {
     delegate: MemoryRow {
         id: row
 
-        width: list.width
+        x: list.margin - 12
+        width: list.column + 24
         rowHeight: list.rowHeight
         indent: list.indent
         chosen: row.ListView.isCurrentItem && list.activeFocus
         ringed: row.chosen && list.byKey
+        outdone: list.hoverIndex >= 0
         underlined: !row.last && row.index + 1 < list.count && !list.tinted(row.index) && !list.tinted(row.index + 1) && !row.open
         onHoveredChanged: {
             if (row.hovered)
@@ -83,6 +95,9 @@ ListView {
             list.pressed = false;
         }
         onClicked: list.toggled(row.index)
+        // What a row unfolds is in sight.
+        onImplicitHeightChanged: if (row.open && row.ListView.isCurrentItem)
+            unfolding.restart()
         onWanted: list.appeared(row.index)
     }
 }

@@ -9,9 +9,10 @@ FocusScope {
     id: face
 
     required property StatusGroupedModel model
+    required property int margin
     required property int column
 
-    readonly property Item list: rows
+    readonly property ListView list: rows
 
     Connections {
         target: face.model
@@ -29,9 +30,10 @@ FocusScope {
     MemoryRows {
         id: rows
         anchors.fill: parent
-        anchors.leftMargin: Theme.space32 - 12
-        anchors.rightMargin: parent.width - face.column - Theme.space32 - 12
-        topMargin: 12
+        anchors.topMargin: 8
+        margin: face.margin
+        column: face.column
+        topMargin: 4
         focus: true
         rowHeight: 40
         indent: 20
@@ -44,7 +46,7 @@ FocusScope {
         Label {
             id: missing
             parent: rows.contentItem
-            x: 12
+            x: face.margin
             y: rows.originY + rows.contentHeight + 12
             width: face.column
             visible: face.model.footer.length > 0
@@ -53,5 +55,11 @@ FocusScope {
             color: Theme.textSecond
             elide: Text.ElideRight
         }
+    }
+    Hairline {
+        x: face.margin
+        y: rows.y
+        width: face.column
+        visible: !rows.atYBeginning
     }
 }

@@ -5,13 +5,14 @@ import QtQuick.Templates as T
 import WendlowControls
 import WendlowEditor
 
-// A card for each type of memory, three in a line where there is room.
+// A card for each type of memory, as many in a line as there is room for.
 FocusScope {
     id: grid
 
     required property MemoryFaceModel face
 
-    readonly property int columns: grid.width >= 560 ? 3 : grid.width >= 340 ? 2 : 1
+    readonly property int count: cards.count
+    readonly property int columns: Math.max(1, Math.floor((grid.width + cards.gap) / (200 + cards.gap)))
 
     StageWords {
         anchors.centerIn: parent
@@ -27,16 +28,17 @@ FocusScope {
         readonly property int gap: 12
         property bool byKey: false
 
-        y: 0
-        width: parent.width + cards.gap
-        height: parent.height
-        topMargin: 20
+        y: 8
+        // And a pixel, for cells that are no whole number of them.
+        width: parent.width + cards.gap + 1
+        height: parent.height - 8
+        topMargin: 12
         bottomMargin: Theme.space24
         clip: true
         focus: true
-        activeFocusOnTab: cards.count > 0
+        activeFocusOnTab: cards.count > 0 || cards.activeFocus
         boundsBehavior: Flickable.StopAtBounds
-        cellWidth: Math.floor((grid.width + cards.gap) / grid.columns)
+        cellWidth: (grid.width + cards.gap) / grid.columns
         cellHeight: 100
         highlightMoveDuration: 0
         model: grid.face.cards
@@ -45,7 +47,12 @@ FocusScope {
 
         property bool byPress: false
 
-        T.ScrollBar.vertical: ScrollBar {}
+        T.ScrollBar.vertical: ScrollBar {
+            parent: grid.parent
+            anchors.right: parent?.right
+            y: cards.y
+            height: cards.height
+        }
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Types of memory")
@@ -75,8 +82,14 @@ FocusScope {
             readonly property bool ringed: cards.activeFocus && cards.byKey && card.GridView.isCurrentItem
             readonly property color ink: !card.dimmed ? Theme.text : card.hovered ? Theme.textSecondOnTint : Theme.textSecond
 
+            // The edges stand on whole pixels, as the column's do.
+            readonly property real nudge: Math.round(card.x) - card.x
+            readonly property real trim: card.x + card.width - Math.round(card.x + card.width)
+
             width: cards.cellWidth - cards.gap
             height: 88
+            leftInset: card.nudge
+            rightInset: card.trim
             hoverEnabled: true
             focusPolicy: Qt.NoFocus
             text: card.title
@@ -109,6 +122,8 @@ FocusScope {
             }
             Item {
                 anchors.fill: parent
+                anchors.leftMargin: card.nudge
+                anchors.rightMargin: card.trim
 
                 Label {
                     id: words
@@ -136,5 +151,10 @@ FocusScope {
                 wanted: card.hovered && words.truncated
             }
         }
+    }
+    Hairline {
+        y: cards.y
+        width: grid.width
+        visible: !cards.atYBeginning
     }
 }

@@ -24,12 +24,30 @@ constexpr std::array verbs{"keeps",   "loses",  "rounds", "caches", "sorts", "re
                            "watches", "delays", "splits", "merges", "hides", "repeats"};
 constexpr std::array objects{"the first row",       "every second answer", "old entries",
                              "what was typed last", "times near midnight", "names with accents",
-                             "empty files",         "the largest picture", "its own settings"};
+                             "empty files",         "the largest picture", "saved settings"};
 constexpr std::array reasons{"It came up in the Monday call.", "A customer wrote about it.",
                              "The log was full of it.",        "It took a morning to find.",
                              "Two people fixed it twice.",     "Nobody remembered why it was so."};
 constexpr std::array statuses{"next", "doing", "waiting", "done"};
 constexpr std::array owners{"Ines", "Tomas", "Yuki", "Mara"};
+
+/// How the titles of each type read, in the order of `types`.
+constexpr std::array<std::array<const char*, 3>, types.size()> titles{{
+    {"Leave {object} out of the {subject}", "The {subject} no longer shows {object}",
+     "Keep {object} in the {subject} for a year"},
+    {"The {subject} {verb} {object}", "The {subject} {verb} {object} since the spring",
+     "Only the {subject} {verb} {object}"},
+    {"Try the {subject} with {object}", "Teach the {subject} about {object}",
+     "Find out why the {subject} {verb} {object}"},
+    {"What the {subject} does with {object}", "How the {subject} came to have {object}",
+     "Where the {subject} finds {object}"},
+    {"No change to the {subject} on a Friday", "In the {subject}, {object} stand at the end",
+     "One test of the {subject} for {object}"},
+    {"A {subject} that nobody has to explain", "The {subject}, before the season begins",
+     "The {subject} and {object}"},
+    {"{owner} looks after the {subject}", "Ask {owner} about {object} in the {subject}",
+     "{owner} knows why the {subject} {verb} {object}"},
+}};
 
 constexpr int memoriesPerScope = 120;
 constexpr int rulesPerScope = 6;
@@ -65,19 +83,21 @@ std::vector<EditorMemory> memories(const std::string& scope, int count, int seed
         const int index = seed * 1000 + number;
         // In turn, so that no type is rare.
         const int turn = seed * 37 + number;
-        const std::string_view type =
-            types[static_cast<std::size_t>(turn * 3 + turn / 7) % types.size()];
+        const std::size_t kind = static_cast<std::size_t>(turn * 3 + turn / 7) % types.size();
+        const std::string_view type = types[kind];
         const std::string_view subject = pick(subjects, index, 4);
         made.push_back(
             {.id = fmt::format("{}#m{}", scope, number),
              .type = std::string(type),
-             .title = fmt::format("The {} {} {}", subject, pick(verbs, index, 5),
-                                  pick(objects, index, 2)),
+             .title =
+                 fmt::format(fmt::runtime(pick(titles[kind], index, 6)),
+                             fmt::arg("subject", subject), fmt::arg("verb", pick(verbs, index, 5)),
+                             fmt::arg("object", pick(objects, index, 2)),
+                             fmt::arg("owner", pick(owners, index, 3))),
              .why = std::string(pick(reasons, index, 5)),
-             .body = fmt::format("Seen in {} on day {}. The {} was looked at with {}; what is said "
-                                 "here holds until somebody changes the {}.",
-                                 scope, index % 365, subject, pick(owners, index, 3),
-                                 pick(subjects, index, 7)),
+             .body = fmt::format("{} went through the {} of {} line by line and found no other "
+                                 "case. This holds until somebody changes the {}.",
+                                 pick(owners, index, 3), subject, scope, pick(subjects, index, 7)),
              .filters = seedFilters(type, index),
              .day = daysAgo(index % 365)});
     }

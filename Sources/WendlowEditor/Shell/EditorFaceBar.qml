@@ -9,28 +9,57 @@ Item {
     id: bar
 
     required property EditorFaceBarModel model
+    required property int margin
+    required property int column
     required property bool showsChip
+
+    // The focus is to go to the rail.
+    signal exited
+
+    // Takes the focus to the chip, where it is shown.
+    function enter(byKey: bool): void {
+        if (bar.showsChip)
+            chip.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.MouseFocusReason);
+        else
+            bar.exited();
+    }
+
+    // A menu leaves the focus nowhere, unless what was pressed instead has taken it.
+    function settle(byKey: bool): void {
+        const focused = bar.Window.activeFocusItem;
+        if (!focused || focused === bar.Window.contentItem)
+            bar.enter(byKey);
+    }
 
     implicitHeight: 48
 
     Chip {
         id: chip
-        x: Theme.space32
+        x: bar.margin
         anchors.verticalCenter: parent.verticalCenter
         visible: bar.showsChip
-        widest: Math.min(420, bar.width - 2 * Theme.space32)
+        widest: Math.min(420, bar.column)
         lead: qsTr("scope:")
         text: bar.model.label
         picked: bar.model.narrowed
         open: bar.model.pickerOpen
         onClicked: bar.model.pickerOpen = !bar.model.pickerOpen
 
+        // There until it has closed: a menu that is taken away before takes the focus along.
         Only {
-            wanted: bar.model.pickerOpen
+            id: menu
+
+            readonly property bool asked: bar.model.pickerOpen
+
+            wanted: false
+            onAskedChanged: menu.wanted = menu.wanted || menu.asked
 
             ScopeMenu {
                 model: bar.model
-                onExited: chip.forceActiveFocus(Qt.TabFocusReason)
+                onClosed: byKey => {
+                    menu.wanted = false;
+                    Qt.callLater(bar.settle, byKey);
+                }
             }
         }
     }

@@ -67,6 +67,8 @@ public:
     Q_INVOKABLE void openHit(int index);
     Q_INVOKABLE void commitSearchSelection();
     Q_INVOKABLE void clearSearch();
+    /// Reads everything afresh, for a store that has failed tries nothing again by itself.
+    Q_INVOKABLE void tryAgain() { m_store.resetWorld(); }
     /// One step back: out of the search, else of what is open. Gives whether there was one.
     Q_INVOKABLE bool back();
 

@@ -16,10 +16,12 @@ Item {
     implicitHeight: 28
 
     IconButton {
-        x: -29
+        x: -26
+        y: 2
+        size: 24
         visible: head.hasBack
         iconName: "left"
-        iconSize: 14
+        iconSize: 16
         text: qsTr("Back to %1").arg(head.backTo)
         tip: ""
         onClicked: head.back()

@@ -15,7 +15,10 @@ T.TabButton {
     required property string spoken
     required property bool here
     required property bool dimmed
+    // The stage shows something else for now.
+    property bool elsewhere: false
 
+    readonly property bool marked: control.here && !control.elsewhere
     readonly property bool heading: control.kind === "heading"
     readonly property bool quiet: control.kind === "more"
     // The faces stand apart from the memories.
@@ -50,16 +53,16 @@ T.TabButton {
             anchors.verticalCenter: parent.verticalCenter
             visible: control.symbol.length > 0
             name: control.symbol
-            color: control.here ? Theme.text : Theme.textSecondOnTint
+            color: control.marked ? Theme.text : Theme.textSecondOnTint
         }
         Label {
             id: words
             x: control.symbol.length > 0 ? 34 : 8
             width: number.x - x - 8
             anchors.verticalCenter: parent.verticalCenter
-            role: control.heading ? Label.Role.Eyebrow : control.here ? Label.Role.Strong : Label.Role.Body
+            role: control.heading ? Label.Role.Eyebrow : control.marked ? Label.Role.Strong : Label.Role.Body
             text: control.title
-            color: control.quiet || control.dimmed || (control.heading && !control.here) ? Theme.textSecondOnTint : Theme.text
+            color: control.quiet || control.dimmed || (control.heading && !control.marked) ? Theme.textSecondOnTint : Theme.text
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignLeft
             Accessible.ignored: true
@@ -70,15 +73,15 @@ T.TabButton {
             anchors.verticalCenter: parent.verticalCenter
             role: Label.Role.Small
             text: control.count
-            color: control.here && control.heading ? Theme.text : Theme.textSecondOnTint
+            color: control.marked && control.heading ? Theme.text : Theme.textSecondOnTint
             Accessible.ignored: true
         }
     }
 
     background: HoverFill {
         radius: Theme.radiusButton
-        lit: control.here || control.lit || control.sunk
-        shade: control.here ? Theme.here : control.sunk ? Theme.pressed : Theme.hover
+        lit: control.marked || control.lit || control.sunk
+        shade: control.marked ? Theme.here : control.sunk ? Theme.pressed : Theme.hover
 
         FocusRing {
             shown: control.ringed

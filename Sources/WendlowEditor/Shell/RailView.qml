@@ -18,7 +18,8 @@ FocusScope {
     // The focus is to go to the stage.
     signal exited
 
-    implicitWidth: Theme.sidebarWidth
+    // A narrow window is not given away to the places.
+    implicitWidth: Math.min(Theme.sidebarWidth, Math.max(168, Math.floor((parent?.width ?? 0) * 0.32)))
 
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Places")
@@ -98,7 +99,9 @@ FocusScope {
             id: place
 
             width: places.width
-            focusPolicy: place.here || place.kind === "heading" || place.kind === "more" ? Qt.StrongFocus : Qt.ClickFocus
+            elsewhere: rail.root.search.searching
+            // What has the focus stays where the tabulator key finds it.
+            focusPolicy: place.activeFocus || place.here || place.kind === "heading" || place.kind === "more" ? Qt.StrongFocus : Qt.ClickFocus
             onClicked: rail.root.rail.activate(place.index)
             Keys.onRightPressed: rail.exited()
             // The focus goes along with what is open.

@@ -11,8 +11,26 @@ FocusScope {
 
     required property EditorFaceBarModel model
 
+    // Whether it was a key that closed the menu.
+    property bool leftByKey: false
+
+    function choose(index: int, byKey: bool): void {
+        content.leftByKey = byKey;
+        content.model.choose(index);
+    }
+
+    function manage(byKey: bool): void {
+        content.leftByKey = byKey;
+        content.model.manageScopes();
+    }
+
     readonly property real widest: lines.widest
     readonly property real tall: lines.contentHeight + manage.height + 9
+
+    Keys.onEscapePressed: {
+        content.leftByKey = true;
+        content.model.pickerOpen = false;
+    }
 
     ListView {
         id: lines
@@ -25,6 +43,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
+        highlightMoveDuration: 0
         model: content.model
         currentIndex: 0
         Component.onCompleted: {
@@ -37,9 +56,9 @@ FocusScope {
         Accessible.role: Accessible.PopupMenu
         Accessible.name: qsTr("Scopes")
 
-        Keys.onReturnPressed: content.model.choose(lines.currentIndex)
-        Keys.onEnterPressed: content.model.choose(lines.currentIndex)
-        Keys.onSpacePressed: content.model.choose(lines.currentIndex)
+        Keys.onReturnPressed: content.choose(lines.currentIndex, true)
+        Keys.onEnterPressed: content.choose(lines.currentIndex, true)
+        Keys.onSpacePressed: content.choose(lines.currentIndex, true)
         Keys.onPressed: event => {
             const last = lines.count - 1;
             const steps = {
@@ -61,18 +80,22 @@ FocusScope {
             required property int depth
             required property bool picked
 
-            readonly property bool lit: line.hovered || (line.ListView.isCurrentItem && lines.activeFocus)
+            readonly property bool lit: line.ListView.isCurrentItem && (line.hovered || lines.activeFocus)
 
             width: lines.width
             implicitHeight: 28
             hoverEnabled: true
+            // One line is lit, whether the pointer or a key came to it last.
+            onHoveredChanged: if (line.hovered)
+                lines.currentIndex = line.index
             text: line.title
             Accessible.name: line.title
-            // Its own, for a button tells a screen reader these, whatever is attached to it.
+// Its own, for a button tells a screen reader these, whatever is attached to it.
             checkable: true
             checked: line.picked
-            Accessible.onPressAction: content.model.choose(line.index)
-            onClicked: content.model.choose(line.index)
+            Accessible.onPressAction: content.choose(line.index, true)
+            // The line that has the focus takes Return for a click.
+            onClicked: content.choose(line.index, !line.hovered)
             Component.onCompleted: lines.widest = Math.max(lines.widest, words.x + words.implicitWidth + 24)
 
             Item {
@@ -116,8 +139,8 @@ FocusScope {
         width: parent.width
         text: qsTr("Manage Scopes…")
         lit: manage.hovered || manage.activeFocus
-        onClicked: content.model.manageScopes()
-        Keys.onReturnPressed: content.model.manageScopes()
-        Keys.onEnterPressed: content.model.manageScopes()
+        onClicked: content.manage(manage.visualFocus)
+        Keys.onReturnPressed: content.manage(true)
+        Keys.onEnterPressed: content.manage(true)
     }
 }

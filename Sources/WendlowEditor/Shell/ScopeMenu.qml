@@ -11,8 +11,8 @@ Item {
 
     required property EditorFaceBarModel model
 
-    // The menu closes, and what it belongs to is to have the focus.
-    signal exited
+    // The menu is gone, and whatever had the focus in it.
+    signal closed(bool byKey)
 
     anchors.top: parent?.bottom
     anchors.topMargin: 6
@@ -28,10 +28,10 @@ Item {
         modal: false
         focus: true
         visible: anchor.model.pickerOpen
-        closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
+        closePolicy: T.Popup.CloseOnPressOutsideParent
         onClosed: {
             anchor.model.pickerOpen = false;
-            anchor.exited();
+            anchor.closed(popup.lines.leftByKey);
         }
 
         background: Rectangle {

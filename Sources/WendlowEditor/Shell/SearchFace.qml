@@ -11,32 +11,36 @@ FocusScope {
     id: page
 
     required property EditorRoot root
+    required property int margin
+    required property int column
 
     readonly property EditorSearch search: page.root.search
-    readonly property int column: Math.min(900, page.width - 2 * Theme.space32)
+    // Beside the heading there is no room for more.
+    readonly property bool narrow: page.column < 560
 
     PageHead {
         id: head
-        x: Theme.space32
+        x: page.margin
         y: 20
-        width: page.column
+        width: page.column - (page.narrow || timing.width === 0 ? 0 : timing.width + 16)
         title: page.search.heading
         hasBack: true
         backTo: page.root.title
         onBack: page.root.clearSearch()
-        trailing: [
-            QuietProgress { running: page.search.busy },
-            Label {
-                role: Label.Role.Fine
-                text: page.search.timing
-                color: Theme.textSecond
-            }
-        ]
+        trailing: QuietProgress { running: page.search.busy }
+    }
+    Label {
+        id: timing
+        x: page.narrow ? page.margin : page.margin + page.column - width
+        y: page.narrow ? head.y + head.height + 4 : head.y + 6
+        role: Label.Role.Fine
+        text: page.search.timing
+        color: Theme.textSecond
     }
     Strip {
         id: strip
-        x: Theme.space32
-        anchors.top: head.bottom
+        x: page.margin
+        anchors.top: page.narrow ? timing.bottom : head.bottom
         anchors.topMargin: Theme.space16
         width: page.column
         visible: page.search.trouble.length > 0
@@ -53,13 +57,12 @@ FocusScope {
 
     ListView {
         id: list
-        x: Theme.space32 - 12
-        width: page.column + 24
-        anchors.top: strip.visible ? strip.bottom : head.bottom
+        width: parent.width
+        anchors.top: strip.visible ? strip.bottom : page.narrow ? timing.bottom : head.bottom
         anchors.bottom: parent.bottom
         clip: true
         focus: true
-        activeFocusOnTab: list.count > 0
+        activeFocusOnTab: list.count > 0 || list.activeFocus
         boundsBehavior: Flickable.StopAtBounds
         bottomMargin: Theme.space24
         keyNavigationEnabled: false
@@ -81,10 +84,17 @@ FocusScope {
         delegate: SearchRow {
             id: hit
 
-            width: list.width
+            x: page.margin - 12
+            width: page.column + 24
             chosen: hit.index === page.search.selection
             ringed: hit.chosen && list.activeFocus
             onOpened: page.root.openHit(hit.index)
         }
+    }
+    Hairline {
+        x: page.margin
+        y: list.y
+        width: page.column
+        visible: !list.atYBeginning
     }
 }

@@ -104,6 +104,8 @@ Item {
             }
         }
         Hint {
+            anchors.leftMargin: words.x
+            leading: true
             text: row.tip
             wanted: hit.hovered && words.truncated
         }

@@ -144,6 +144,42 @@ Item {
             compare(root.bar.pickerOpen, false);
             compare(root.bar.label, "/work/ferry");
             says("Button", "scope: /work/ferry*");
+            tryVerify(() => scene.Window.activeFocusItem.ringed === true, 2000, "the chip has the focus again");
+            compare(scene.Window.activeFocusItem.text, "/work/ferry");
+            keyClick(Qt.Key_Space);
+            compare(root.bar.pickerOpen, true);
+            wait(0);
+            mouseClick(scene, 700, 700);
+            compare(root.bar.pickerOpen, false);
+            wait(0);
+            write("backup");
+            compare(root.search.text, "backup", "a menu that was left by a press does not keep the keys");
+        }
+
+        function test_theFiltersAreWalkedByKey(): void {
+            bench.open("decision");
+            wait(0);
+            verify(bench.press(face, "owner"));
+            const focused = () => scene.Window.activeFocusItem;
+            verify(bench.press(face, "owner"));
+            for (let at = 0; at < 30 && focused().text !== "owner"; ++at)
+                keyClick(Qt.Key_Tab);
+            keyClick(Qt.Key_Right);
+            compare(focused().text, "source");
+            keyClick(Qt.Key_Left);
+            keyClick(Qt.Key_Down);
+            tryCompare(root.memories.list.filters, "panelOpen", true);
+            compare(focused().on, false, "the first value has it");
+            keyClick(Qt.Key_Right);
+            const second = focused().text;
+            keyClick(Qt.Key_Space);
+            tryVerify(() => focused().on === true && focused().text === second, 2000, "what is picked keeps the focus");
+            keyClick(Qt.Key_Escape);
+            compare(root.memories.list.filters.panelOpen, false);
+            compare(focused().text, "owner");
+            verify(focused().ringed);
+            compare(focused().picks, 1);
+            compare(bench.openType(), "decision", "Escape closed the panel alone");
         }
 
         function test_scrollingShowsPageAfterPage(): void {
