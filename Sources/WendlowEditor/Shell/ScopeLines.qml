@@ -90,7 +90,7 @@ FocusScope {
                 lines.currentIndex = line.index
             text: line.title
             Accessible.name: line.title
-// Its own, for a button tells a screen reader these, whatever is attached to it.
+            // Its own, for a button tells a screen reader these, whatever is attached to it.
             checkable: true
             checked: line.picked
             Accessible.onPressAction: content.choose(line.index, true)
