@@ -10,10 +10,12 @@ Item {
     required property bool ticked
     required property bool separator
     required property bool lit
+    property int indent: 0
 
+    readonly property bool truncated: words.truncated
     readonly property color ink: face.enabled ? Theme.text : Theme.textSecondOnTint
 
-    implicitWidth: 28 + words.implicitWidth + 24 + (shortcut.text.length > 0 ? 24 + shortcut.implicitWidth : 0)
+    implicitWidth: words.x + words.implicitWidth + 24 + (shortcut.text.length > 0 ? 24 + shortcut.implicitWidth : 0)
 
     Hairline {
         visible: face.separator
@@ -30,10 +32,12 @@ Item {
     }
     Label {
         id: words
-        x: 28
+        x: 28 + face.indent
+        width: Math.min(implicitWidth, face.width - x - 8)
         anchors.verticalCenter: parent.verticalCenter
         text: face.text
         color: face.ink
+        elide: Text.ElideMiddle
         Accessible.ignored: true
     }
     Label {

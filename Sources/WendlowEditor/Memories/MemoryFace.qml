@@ -17,7 +17,7 @@ FocusScope {
     // Where the focus goes when the stage is entered by key: to the rows, if there are some or some to come.
     readonly property Item first: !memory.face.reading && (memory.grid ? cards.count : memory.list?.count ?? 0) === 0 ? null : memory.grid ? cards : memory.list
 
-    // What failed is to be tried once more.
+    // What failed, or was not ready, is to be tried once more.
     signal triedAgain
 
     PageHead {
@@ -42,7 +42,7 @@ FocusScope {
         tone: memory.face.stripWarns ? Strip.Tone.Warning : Strip.Tone.Information
         sign: memory.face.stripWarns ? "warn" : "clock"
         text: memory.face.strip
-        action: memory.face.stripWarns ? qsTr("Try again") : ""
+        action: qsTr("Try again")
         onActed: memory.triedAgain()
     }
     Item {

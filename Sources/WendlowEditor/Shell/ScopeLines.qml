@@ -96,27 +96,17 @@ FocusScope {
             Accessible.onPressAction: content.choose(line.index, true)
             // The line that has the focus takes Return for a click.
             onClicked: content.choose(line.index, !line.hovered)
-            Component.onCompleted: lines.widest = Math.max(lines.widest, words.x + words.implicitWidth + 24)
+            Component.onCompleted: lines.widest = Math.max(lines.widest, words.implicitWidth)
 
-            Item {
+            MenuItemFace {
+                id: words
                 anchors.fill: parent
-
-                Icon {
-                    x: 7
-                    anchors.verticalCenter: parent.verticalCenter
-                    visible: line.picked
-                    name: "check"
-                    color: Theme.textSecondOnTint
-                }
-                Label {
-                    id: words
-                    x: 28 + 12 * Math.max(0, line.depth - 1)
-                    width: Math.min(implicitWidth, parent.width - x - 8)
-                    anchors.verticalCenter: parent.verticalCenter
-                    text: line.title
-                    elide: Text.ElideMiddle
-                    Accessible.ignored: true
-                }
+                text: line.title
+                keys: ""
+                ticked: line.picked
+                separator: false
+                lit: line.lit
+                indent: 12 * Math.max(0, line.depth - 1)
             }
             background: Rectangle {
                 radius: Theme.radiusTile

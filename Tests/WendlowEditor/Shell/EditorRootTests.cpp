@@ -107,8 +107,10 @@ TEST(EditorRoot, ShowsAStoreThatHasGivenUpAsFailed) {
     EXPECT_TRUE(window.root.answer().ready());
     EXPECT_EQ(window.root.memories()->strip(), "The door is shut.");
     window.store.error.reset();
-    window.store.tell();
+    window.root.tryAgain();
     EXPECT_EQ(window.root.memories()->strip(), "");
+    EXPECT_TRUE(window.root.memories()->reading()) << "everything is read afresh";
+    EXPECT_EQ(window.root.shown().rows.size(), 3U) << "and what there was stays meanwhile";
 }
 
 TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
