@@ -52,7 +52,8 @@ public:
     struct Surroundings {
         std::function<void(const QString&)> copy;           ///< left out: `copyToPasteboard`
         std::function<bool(const std::string&)> imageLoads; ///< left out: no brand image does
-        std::filesystem::path home;              ///< shown as "~" in paths; left out: nothing is
+        std::filesystem::path home; ///< shown as "~" in paths; left out: nothing is
+        // NOLINTNEXTLINE(readability-redundant-member-init): it may be left out of a list
         QLocale locale = QLocale();              ///< of dates and sizes; left out: the person's
         std::function<FileDate()> now = nullptr; ///< left out: the system's clock
     };
