@@ -68,7 +68,7 @@ public:
 private:
     struct ScopeReading {
         std::optional<EditorScope> tree = std::nullopt;
-        std::vector<EditorScopeRow> board = {};
+        std::vector<EditorScopeRow> board;
         std::optional<std::string> error = std::nullopt;
     };
     class OpenSteps;
