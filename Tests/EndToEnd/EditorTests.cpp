@@ -155,6 +155,7 @@ TEST_F(Editor, CountsWhatTheGatewayHolds) {
                                       u"Moments, %1"_s.arg(moments), u"Rules, %1"_s.arg(rules),
                                       u"Mods"_s, u"Scopes, %1"_s.arg(scopes.size())}))
         << names(u"page tab"_s).join(u'|').toStdString();
+    EXPECT_EQ(names(u"page tab"_s).size(), 10) << "none is scrolled away";
     EXPECT_TRUE(shows(u"list item"_s, types));
     // Among the newest is one whose title somebody has pasted.
     press(types[0]);

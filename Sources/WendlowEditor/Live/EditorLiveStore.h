@@ -68,8 +68,7 @@ public:
 private:
     struct ScopeReading {
         std::optional<EditorScope> tree = std::nullopt;
-        // NOLINTNEXTLINE(readability-redundant-member-init): it may be left out of a list
-        std::vector<EditorScopeRow> board = {};
+        std::vector<EditorScopeRow> board;
         std::optional<std::string> error = std::nullopt;
     };
     class OpenSteps;
