@@ -22,9 +22,8 @@ namespace {
 
 SettingsApplication::Surroundings surroundings(DistributedNotificationCenter& notifications,
                                                std::shared_ptr<WendlowClient> client) {
-    return {.followLooks = [](ThemeSource& looks, WindowFactory::Darkness) {
-                looks.setReduceMotion(true);
-            },
+    return {.followLooks = [](ThemeSource& looks,
+                              WindowFactory::Darkness) { looks.setReduceMotion(true); },
             .notifications = notifications,
             .setupLog = [](const std::string&) {},
             .client = std::move(client)};
@@ -53,8 +52,6 @@ double milliseconds(Clock::duration duration) {
 void drawOffScreen() {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
-    // The platform would wait for five milliseconds in place of a screen.
-    qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
 }
 
 void runUntil(const std::function<bool()>& done, Clock::duration limit) {
@@ -71,9 +68,8 @@ void runUntil(const std::function<bool()>& done, Clock::duration limit) {
 }
 
 Gateways::Gateways()
-    : m_practice(WENDLOW_PRACTICE_GATEWAY,
-                 {"--name", practiceName, "--fill", "power", "--database",
-                  (m_data / "practice/practice.db").string()}),
+    : m_practice(WENDLOW_PRACTICE_GATEWAY, {"--name", practiceName, "--fill", "power", "--database",
+                                            (m_data / "practice/practice.db").string()}),
       m_recording(WENDLOW_RECORDING_GATEWAY, {recordingName, practiceName}) {}
 
 Gateways& Gateways::running() {

@@ -21,7 +21,7 @@ using Clock = std::chrono::steady_clock;
 double milliseconds(Clock::duration duration);
 
 /// To be called before the toolkit's application object is made: without a display, drawn by the
-/// processor, and a frame as soon as one is wanted.
+/// processor. In place of a screen, a frame begins five milliseconds after one is wanted.
 void drawOffScreen();
 
 /// Works the event loop until this holds; throws when it takes longer than the limit.

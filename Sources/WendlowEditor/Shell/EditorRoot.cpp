@@ -53,8 +53,9 @@ EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks)
         if (m_displaced)
             requery();
     });
-    m_store.loadMeetings();
+    // In this order: the link serves one at a time, and the page is what is waited for.
     settle();
+    m_store.loadMeetings();
 }
 
 EditorRoot::~EditorRoot() {

@@ -221,12 +221,14 @@ TEST(EditorLiveStore, asksAndReadsPagesAsTheWireHasThem) {
 
 TEST(BrowseWire, takesHeldRowsOnlyWhereThePageStillSaysTheSame) {
     TextBrowseAnswer page;
-    for (const char* const id : {"a", "b", "c", "d"})
-        page.rows.push_back({.id = id, .type = "note", .scope = "/", .title = "T", .filters = {}});
+    const TextBrowseRow note{.id = "a", .type = "note", .scope = "/", .title = "T", .filters = {}};
+    page.rows.assign(3, note);
     page.rows[1].filters = {{"k", FilterValue(2.0)}, {"l", FilterValue("x")}};
     const EditorAsk ask{.term = {}};
-    const EditorRows held = BrowseWire::settled(page, ask).rows.first(3);
-    EXPECT_EQ(&BrowseWire::settled(page, ask, held).rows[2], &held[2]) << "shared, and gone on from";
+    const EditorRows held = BrowseWire::settled(page, ask).rows;
+    page.rows.push_back(note);
+    EXPECT_EQ(&BrowseWire::settled(page, ask, held).rows[2], &held[2])
+        << "shared, and gone on from";
     EXPECT_EQ(held.size(), 3U);
     using Change = std::function<void(TextBrowseRow&)>;
     for (const Change& change : std::initializer_list<Change>{
