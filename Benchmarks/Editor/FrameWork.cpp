@@ -17,7 +17,10 @@ Spread Spread::of(std::vector<double> times) {
     if (times.empty())
         return {};
     std::ranges::sort(times);
-    return {.median = times[times.size() / 2], .longest = times.back()};
+    const auto above = std::ranges::count_if(times, [](double time) { return time > 16; });
+    return {.median = times[times.size() / 2],
+            .longest = times.back(),
+            .above16 = static_cast<double>(above)};
 }
 
 FrameWork::FrameWork(QQuickWindow& window) {

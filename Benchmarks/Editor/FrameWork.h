@@ -15,6 +15,7 @@ double threadMilliseconds();
 struct Spread {
     double median = 0;
     double longest = 0;
+    double above16 = 0; ///< how many took longer than a frame of a screen of 60 a second has
     static Spread of(std::vector<double> times);
 };
 

@@ -45,6 +45,7 @@ void report(benchmark::State& state, const FrameWork& frames) {
     state.counters["frames"] = static_cast<double>(frames.frames());
     state.counters["median_ms"] = frames.work().median;
     state.counters["longest_ms"] = frames.work().longest;
+    state.counters["above_16_ms"] = frames.work().above16;
     state.counters["drawing_median_ms"] = frames.drawing().median;
     state.counters["drawing_longest_ms"] = frames.drawing().longest;
 }

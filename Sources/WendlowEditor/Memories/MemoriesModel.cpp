@@ -42,12 +42,17 @@ void MemoriesModel::show(const EditorAsk& ask, const SharedAnswer& answer,
         m_requestDetails({m_openID});
     if (other)
         Q_EMIT turned();
+    // Whoever scrolls faster than the store answers has the last row in sight by now, and it does
+    // not appear a second time.
+    if (m_waitsForMore && std::ssize(m_answer->rows) > m_visibleCount)
+        rowAppeared(m_lines.rowCount() - 1);
 }
 
 void MemoriesModel::startAfresh() {
     m_visibleCount = pageStep;
     m_openID.clear();
     m_appeared.clear();
+    m_waitsForMore = false;
     m_built = {};
     m_filters.startAfresh();
 }
@@ -127,7 +132,9 @@ void MemoriesModel::serveAppeared() {
     }
     if (m_showSubline)
         m_requestDetails(ids);
-    if (last && std::ssize(m_answer->rows) > m_visibleCount)
+    const bool more = std::ssize(m_answer->rows) > m_visibleCount;
+    m_waitsForMore = last && !more;
+    if (last && more)
         setVisibleCount(m_visibleCount + pageStep);
 }
 

@@ -90,6 +90,7 @@ private:
     std::string m_unfoldedID; ///< of the memory whose line is open; empty for none
     EditorRows m_built;       ///< what the lines show; none where they are to be made anew
     std::set<int> m_appeared;
+    bool m_waitsForMore = false; ///< the last row is in sight, and no more are held
 };
 
 } // namespace wendlow

@@ -35,6 +35,8 @@ ListView {
     bottomMargin: Theme.space24
     highlightMoveDuration: 0
     cacheBuffer: 200
+    // A row that scrolls in takes the place of one that scrolled out, much faster than it is made.
+    reuseItems: true
     onActiveFocusChanged: if (list.activeFocus && !list.pressed)
         list.byKey = true
 
@@ -84,5 +86,7 @@ ListView {
         }
         onClicked: list.toggled(row.index)
         onWanted: list.appeared(row.index)
+        ListView.onReused: if (!row.head)
+            row.wanted()
     }
 }

@@ -188,6 +188,20 @@ TEST(MemoriesModel, ARefreshMovesOnlyWhatHasMoved) {
     EXPECT_EQ(lines.rowCount(), 0);
 }
 
+TEST(MemoriesModel, GoesOnForWhoScrollsFasterThanTheStoreAnswers) {
+    Face face;
+    const auto settle = [&](int rows) {
+        face.settle(memories(rows));
+        QCoreApplication::processEvents();
+        return face.list().visibleCount();
+    };
+    EXPECT_EQ(settle(12), 12);
+    face.list().rowAppeared(11);
+    EXPECT_EQ(settle(12), 12) << "no more rows are held";
+    EXPECT_EQ(settle(50), 24);
+    EXPECT_EQ(settle(51), 24) << "once for each time that the last row comes in sight";
+}
+
 TEST(MemoriesModel, ReadingOnTouchesNoRowThatIsThere) {
     Face face;
     auto& lines = *face.list().lines();
