@@ -27,8 +27,7 @@ EditorRows EditorRows::first(std::size_t count) const {
 bool EditorRows::beginWith(const EditorRows& other) const {
     if (other.m_count > m_count)
         return false;
-    return m_rows == other.m_rows ||
-           std::equal(other.begin(), other.end(), begin());
+    return m_rows == other.m_rows || std::equal(other.begin(), other.end(), begin());
 }
 
 } // namespace wendlow
