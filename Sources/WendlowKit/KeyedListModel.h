@@ -34,7 +34,10 @@ protected:
         // A move costs a view a walk over all its rows. Where a whole list changes its order nobody
         // follows a single row, so that those that are astray are taken out and put in again.
         constexpr std::size_t mostMoves = 24;
-        makeUnique(wanted);
+        m_ids.clear();
+        Ids seen;
+        seen.reserve(wanted.size());
+        makeUnique(wanted, seen);
         removeUnless([stay = ids(wanted)](const Row& row) { return stay.contains(row.id); });
         Ids astray = idsAstray(wanted);
         if (astray.size() > mostMoves) {
@@ -46,6 +49,28 @@ protected:
             at = here.contains(wanted[static_cast<std::size_t>(at)].id)
                      ? place(at, wanted, astray)
                      : insertRun(at, wanted, here);
+    }
+    /// Shows these behind the rows that are there, which are not looked at.
+    void append(std::vector<Row> rows) {
+        if (rows.empty())
+            return;
+        if (m_ids.empty())
+            m_ids = ids(m_rows);
+        makeUnique(rows, m_ids);
+        beginInsertRows({}, size(m_rows), size(m_rows) + size(rows) - 1);
+        m_rows.insert(m_rows.end(), std::make_move_iterator(rows.begin()),
+                      std::make_move_iterator(rows.end()));
+        endInsertRows();
+    }
+    /// Shows this in place of the row of this index, whose id it keeps.
+    void change(int at, Row row) {
+        Row& current = m_rows[static_cast<std::size_t>(at)];
+        row.id = current.id;
+        if (current == row)
+            return;
+        const QList<int> roles = changedRoles(current, row);
+        current = std::move(row);
+        Q_EMIT dataChanged(index(at), index(at), roles);
     }
     /// Which roles of a row read differently now; none: all of them.
     virtual QList<int> changedRoles(const Row& /*before*/, const Row& /*after*/) const {
@@ -65,9 +90,7 @@ private:
         return all;
     }
 
-    static void makeUnique(std::vector<Row>& rows) {
-        Ids seen;
-        seen.reserve(rows.size());
+    static void makeUnique(std::vector<Row>& rows, Ids& seen) {
         for (Row& row : rows)
             while (!seen.insert(row.id).second)
                 row.id += '\'';
@@ -135,12 +158,7 @@ private:
             else
                 move(at, size(m_rows) - 1);
         }
-        Row& current = m_rows[static_cast<std::size_t>(at)];
-        if (!(current == next)) {
-            const QList<int> roles = changedRoles(current, next);
-            current = std::move(next);
-            Q_EMIT dataChanged(index(at), index(at), roles);
-        }
+        change(at, std::move(next));
         return at + 1;
     }
 
@@ -156,6 +174,7 @@ private:
     }
 
     std::vector<Row> m_rows;
+    Ids m_ids; ///< of all rows where they have been appended to; else none
 };
 
 } // namespace wendlow

@@ -8,8 +8,10 @@
 #include <cstdio>
 #include <ctime>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include <unistd.h>
 
@@ -44,17 +46,23 @@ long long residentKilobytes() {
 
 } // namespace
 
-void reportAndQuit(QWindow& window) {
+void reportAndQuit(QWindow& window, std::function<bool()> isComplete) {
+    auto* const quick = qobject_cast<QQuickWindow*>(&window);
+    const auto complete = std::make_shared<bool>(false);
+    QObject::connect(quick, &QQuickWindow::afterAnimating, qApp,
+                     [complete, isComplete = std::move(isComplete)] { *complete = isComplete(); });
     // The signal may come from the render thread; what is done about it belongs to this one.
     QObject::connect(
-        qobject_cast<QQuickWindow*>(&window), &QQuickWindow::frameSwapped, qApp,
-        [] {
+        quick, &QQuickWindow::frameSwapped, qApp,
+        [complete] {
+            if (!std::exchange(*complete, false))
+                return;
             fmt::print("first-frame {} ms, resident {} KB\n", sinceProcessStart(),
                        residentKilobytes());
             std::fflush(stdout);
             QCoreApplication::quit();
         },
-        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+        Qt::QueuedConnection);
 }
 
 } // namespace wendlow::FirstFrame

@@ -1,13 +1,15 @@
 #pragma once
 
+#include <functional>
+
 class QWindow;
 
 namespace wendlow::FirstFrame {
 
-/// After the window's first frame is on its way to the screen: prints the milliseconds since the
-/// process was started (in steps of 10, as the system counts them) and its resident memory in KB,
-/// as "first-frame 120 ms, resident 81920 KB", and ends the application. The window must be one of
-/// Qt Quick.
-void reportAndQuit(QWindow& window);
+/// After the window's first frame is on its way to the screen that was made when `isComplete` held:
+/// prints the milliseconds since the process was started (in steps of 10, as the system counts
+/// them) and its resident memory in KB, as "first-frame 120 ms, resident 81920 KB", and ends the
+/// application. The window must be one of Qt Quick.
+void reportAndQuit(QWindow& window, std::function<bool()> isComplete = [] { return true; });
 
 } // namespace wendlow::FirstFrame

@@ -36,6 +36,14 @@ void drawOffScreen() {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
+/// The Editor is there when it shows the counts of what is remembered, or that it cannot.
+bool isComplete(SettingsApplication& application, WindowDoor::Pane pane) {
+    if (pane != WindowDoor::Pane::editor)
+        return true;
+    EditorRoot& root = *application.editor().root();
+    return !root.memories()->cards()->rows().empty() || root.gaveUp();
+}
+
 int takeSnapshots(const LaunchOptions& options) {
     DistributedNotificationCenter silent{QDBusConnection(QStringLiteral("none"))};
     SettingsApplication application(
@@ -78,6 +86,7 @@ int main(int argc, char** argv) {
          .client = std::make_shared<XPCClient>()});
     application.show(options->pane, WindowDoor::Front::leave);
     if (options->firstFrame)
-        FirstFrame::reportAndQuit(*application.window(WindowDescriptions::kindOf(options->pane)));
+        FirstFrame::reportAndQuit(*application.window(WindowDescriptions::kindOf(options->pane)),
+                                  [&] { return isComplete(application, options->pane); });
     return QGuiApplication::exec();
 }

@@ -17,6 +17,8 @@ struct Row {
 
 class List final : public KeyedListModel<Row> {
 public:
+    using KeyedListModel::append;
+    using KeyedListModel::change;
     using KeyedListModel::take;
     QVariant data(const QModelIndex& index, int /*role*/) const override {
         return row(index.row()).value;
@@ -80,6 +82,32 @@ TEST(KeyedListModel, AnyChangeOfAnyListComesOutRight) {
             ASSERT_EQ(list.row(first.row()).id, id);
         }
     }
+}
+
+TEST(KeyedListModel, GoesOnBehindTheRowsThatAreThere) {
+    List list;
+    const QAbstractItemModelTester tester(&list);
+    list.take(rowsOf("abc"));
+    QStringList seen;
+    QObject::connect(&list, &QAbstractItemModel::rowsInserted,
+                     [&](const QModelIndex&, int first, int last) {
+                         seen.append(QStringLiteral("+%1-%2").arg(first).arg(last));
+                     });
+    QObject::connect(&list, &QAbstractItemModel::dataChanged, [&](const QModelIndex& first) {
+        seen.append(QStringLiteral("~%1").arg(first.row()));
+    });
+    list.append(rowsOf("db"));
+    list.append({});
+    list.append(rowsOf("e"));
+    list.change(1, {.id = "other", .value = 7});
+    list.change(1, {.id = "b", .value = 7});
+    EXPECT_THAT(seen, ::testing::ElementsAre("+3-4", "+5-5", "~1"));
+    // A second row of one id is another row, also where a list is taken over afterwards.
+    EXPECT_EQ(list.row(4).id, "b'");
+    EXPECT_EQ(list.row(1).id, "b");
+    list.take(rowsOf("edcba"));
+    list.append(rowsOf("b"));
+    EXPECT_EQ(list.row(4).id + list.row(5).id, "ab'");
 }
 
 } // namespace

@@ -41,6 +41,41 @@ EditorMemoryHit hit(const TextBrowseRow& row) {
     return made;
 }
 
+/// Whether `filters` are what these pairs print as. Pairs whose keys do not ascend are not looked
+/// through: they may repeat a key.
+bool printAs(const std::vector<FilterPair>& pairs,
+             const std::map<std::string, std::string>& filters) {
+    if (pairs.size() != filters.size())
+        return false;
+    auto filter = filters.begin();
+    for (const auto& [key, value] : pairs) {
+        const auto* const text =
+            std::get_if<std::string>(&static_cast<const FilterValue::variant&>(value));
+        if (filter->first != key ||
+            filter->second != (text != nullptr ? *text : BrowseWire::printed(value)))
+            return false;
+        ++filter;
+    }
+    return true;
+}
+
+bool isSame(const TextBrowseRow& row, const EditorMemoryHit& hit) {
+    const EditorMemory& memory = hit.memory;
+    return row.id == memory.id && row.title == memory.title && row.scope == hit.scopeID &&
+           row.type == memory.type && editorDate(row.at) == memory.day && row.score == hit.score &&
+           printAs(row.filters, memory.filters);
+}
+
+EditorRows rowsOf(const std::vector<TextBrowseRow>& wire, const EditorRows& held) {
+    std::size_t same = 0;
+    while (same < std::min(wire.size(), held.size()) && isSame(wire[same], held[same]))
+        ++same;
+    EditorRows rows = held.first(same);
+    for (std::size_t at = same; at < wire.size(); ++at)
+        rows.push_back(hit(wire[at]));
+    return rows;
+}
+
 EditorMoment moment(const TextBrowseRow& row) {
     EditorMoment made{.id = row.id, .at = editorDate(row.at)};
     made.title = row.title;
@@ -113,16 +148,15 @@ std::vector<EditorCount> BrowseWire::counts(const std::vector<NameCount>& rows) 
     return counts;
 }
 
-EditorAnswer BrowseWire::settled(const TextBrowseAnswer& answer, const EditorAsk& ask) {
+EditorAnswer BrowseWire::settled(const TextBrowseAnswer& answer, const EditorAsk& ask,
+                                 const EditorRows& held) {
     EditorAnswer made{.ask = ask, .state = EditorAnswerStateCase::Settled{}};
     made.narrowed = answer.narrowed;
     made.total = answer.total;
-    made.rows.reserve(answer.rows.size());
-    for (const TextBrowseRow& row : answer.rows) {
-        made.rows.push_back(hit(row));
-        if (ask.kind == EditorKind::moment)
+    made.rows = rowsOf(answer.rows, held);
+    if (ask.kind == EditorKind::moment)
+        for (const TextBrowseRow& row : answer.rows)
             made.moments.push_back(moment(row));
-    }
     made.order = editorMemorySort(answer.order.value_or("")).value_or(EditorMemorySort::newest);
     made.typeCounts = counts(answer.byType);
     made.scopeCounts = counts(answer.byScope);

@@ -21,8 +21,11 @@ ReadCase::TextBrowse request(const EditorAsk& ask);
 /// A filter's value as a person reads it.
 std::string printed(const FilterValue& value);
 
-/// The answer's page and censuses, settled; `sliceTotal` is the store's to say.
-EditorAnswer settled(const TextBrowseAnswer& answer, const EditorAsk& ask);
+/// The answer's page and censuses, settled; `sliceTotal` is the store's to say. Where the page
+/// begins as `held` does, those rows are taken from there: a list that is read on page by page is
+/// answered from its beginning each time.
+EditorAnswer settled(const TextBrowseAnswer& answer, const EditorAsk& ask,
+                     const EditorRows& held = {});
 
 std::vector<EditorCount> counts(const std::vector<NameCount>& rows);
 

@@ -214,7 +214,13 @@ QCoro::Task<EditorAnswer> EditorLiveStore::answer(EditorAsk ask) {
 
 /// The rail counts the whole store, so only an answer that describes all of it moves the rail.
 EditorAnswer EditorLiveStore::settled(const TextBrowseAnswer& wire, const EditorAsk& ask) {
-    EditorAnswer made = BrowseWire::settled(wire, ask);
+    const bool goesOn = m_pageAsk && m_pageAsk->offset == ask.offset && m_pageAsk->sameQuery(ask);
+    EditorAnswer made = BrowseWire::settled(wire, ask, goesOn ? m_page : EditorRows());
+    // The baseline's one row is nothing to go on from.
+    if (made.rows.size() > 1) {
+        m_pageAsk = ask;
+        m_page = made.rows;
+    }
     const bool searched = !ask.term.empty() && wire.narrowed;
     if (!searched && !ask.hasChips()) {
         if (ask.kind == EditorKind::memory) {

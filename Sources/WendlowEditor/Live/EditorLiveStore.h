@@ -111,6 +111,8 @@ private:
     TileWindow m_tiles;
     std::vector<EditorScopeRow> m_scopeBoard;
 
+    std::optional<EditorAsk> m_pageAsk; ///< what the last page with several rows answers
+    EditorRows m_page;
     std::int64_t m_baselineTotal = 0; ///< memories in the whole store, when last seen
     bool m_reloading = false;
     bool m_reloadAgain = false;

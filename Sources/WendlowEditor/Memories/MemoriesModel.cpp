@@ -28,37 +28,80 @@ std::int64_t MemoriesModel::limitFor(std::int64_t visibleCount) {
 void MemoriesModel::show(const EditorAsk& ask, const SharedAnswer& answer,
                          const SearchPage::Details& details, const std::string& term) {
     const bool other = answer->ask && !(m_answer->ask && m_answer->ask->sameQuery(*answer->ask));
+    const bool askIsNew = m_ask != ask;
+    const bool answerIsNew = m_answer != answer;
     m_ask = ask;
     m_answer = answer;
     m_details = &details;
-    m_term = term;
-    m_filters.show(m_ask, *m_answer);
+    if (std::exchange(m_term, term) != term)
+        m_built = {};
+    if (answerIsNew || askIsNew)
+        m_filters.show(m_ask, *m_answer);
     rebuild();
     if (!m_openID.empty() && !details.contains(m_openID))
         m_requestDetails({m_openID});
     if (other)
         Q_EMIT turned();
+    // Whoever scrolls faster than the store answers has the last row in sight by now, and it does
+    // not appear a second time.
+    if (m_waitsForMore && std::ssize(m_answer->rows) > m_visibleCount)
+        rowAppeared(m_lines.rowCount() - 1);
 }
 
 void MemoriesModel::startAfresh() {
     m_visibleCount = pageStep;
     m_openID.clear();
     m_appeared.clear();
+    m_waitsForMore = false;
+    m_built = {};
     m_filters.startAfresh();
 }
 
+MemoryLine MemoriesModel::line(std::size_t at) const {
+    const EditorMemoryHit& hit = m_answer->rows[at];
+    MemoryLine line = MemoryLine::of(hit);
+    if (hit.memory.id == m_openID)
+        line.unfold(hit, names(m_answer->filterKeyCounts));
+    return line;
+}
+
 void MemoriesModel::rebuild() {
-    const auto shown = std::min(static_cast<std::size_t>(m_visibleCount), m_answer->rows.size());
-    std::vector<MemoryLine> lines;
-    lines.reserve(shown);
-    for (std::size_t at = 0; at < shown; ++at) {
-        const EditorMemoryHit& hit = m_answer->rows[at];
-        lines.push_back(MemoryLine::of(hit));
-        if (hit.memory.id == m_openID)
-            lines.back().unfold(hit, names(m_answer->filterKeyCounts));
+    if (!goOn()) {
+        const EditorRows rows = m_answer->rows.first(static_cast<std::size_t>(m_visibleCount));
+        std::vector<MemoryLine> lines;
+        lines.reserve(rows.size());
+        for (std::size_t at = 0; at < rows.size(); ++at)
+            lines.push_back(line(at));
+        m_lines.show(std::move(lines), *m_details, m_term);
+        m_built = rows;
     }
-    m_lines.show(std::move(lines), *m_details, m_term);
+    m_unfoldedID = m_openID;
     Q_EMIT changed();
+}
+
+/// Where the rows go on from those that the lines show, as they do page by page, there may be
+/// thousands, of which only the new ones and the open ones are looked at.
+bool MemoriesModel::goOn() {
+    const EditorRows rows = m_answer->rows.first(static_cast<std::size_t>(m_visibleCount));
+    if (m_built.empty() || !rows.beginWith(m_built))
+        return false;
+    m_lines.learn(*m_details);
+    for (const std::string& id : {m_unfoldedID, m_openID})
+        refold(id);
+    std::vector<MemoryLine> lines;
+    for (std::size_t at = m_built.size(); at < rows.size(); ++at)
+        lines.push_back(line(at));
+    m_lines.append(std::move(lines), *m_details);
+    m_built = rows;
+    return true;
+}
+
+void MemoriesModel::refold(const std::string& memoryID) {
+    if (memoryID.empty())
+        return;
+    for (std::size_t at = 0; at < m_built.size(); ++at)
+        if (m_built[at].memory.id == memoryID)
+            m_lines.change(static_cast<int>(at), line(at), *m_details);
 }
 
 void MemoriesModel::setVisibleCount(std::int64_t count) {
@@ -89,7 +132,9 @@ void MemoriesModel::serveAppeared() {
     }
     if (m_showSubline)
         m_requestDetails(ids);
-    if (last && std::ssize(m_answer->rows) > m_visibleCount)
+    const bool more = std::ssize(m_answer->rows) > m_visibleCount;
+    m_waitsForMore = last && !more;
+    if (last && more)
         setVisibleCount(m_visibleCount + pageStep);
 }
 

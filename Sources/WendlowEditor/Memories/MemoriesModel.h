@@ -70,6 +70,9 @@ Q_SIGNALS:
 
 private:
     void rebuild();
+    bool goOn();
+    MemoryLine line(std::size_t at) const;
+    void refold(const std::string& memoryID);
     void serveAppeared();
     void setVisibleCount(std::int64_t count);
 
@@ -83,8 +86,11 @@ private:
     std::string m_term;
     std::int64_t m_visibleCount = pageStep;
     bool m_showSubline = true;
-    std::string m_openID; ///< of a memory; empty for none
+    std::string m_openID;     ///< of a memory; empty for none
+    std::string m_unfoldedID; ///< of the memory whose line is open; empty for none
+    EditorRows m_built;       ///< what the lines show; none where they are to be made anew
     std::set<int> m_appeared;
+    bool m_waitsForMore = false; ///< the last row is in sight, and no more are held
 };
 
 } // namespace wendlow

@@ -59,6 +59,18 @@ std::string MemoryLine::memoryID() const {
     return id.substr(memoryPrefix.size());
 }
 
+void MemoryLines::fill(MemoryLine& line, const MemoryLine* before,
+                       const SearchPage::Details& details) {
+    if (line.head)
+        return;
+    const auto known = details.find(line.memoryID());
+    if (known != details.end())
+        line.detail = known->second;
+    else if (before != nullptr)
+        line.detail = before->detail;
+    line.stale = line.detail && known == details.end();
+}
+
 void MemoryLines::show(std::vector<MemoryLine> lines, const SearchPage::Details& details,
                        const std::string& term) {
     std::unordered_map<std::string_view, const MemoryLine*> before;
@@ -66,21 +78,53 @@ void MemoryLines::show(std::vector<MemoryLine> lines, const SearchPage::Details&
         if (line.detail)
             before.emplace(line.id, &line);
     for (MemoryLine& line : lines) {
-        if (line.head)
-            continue;
-        const auto known = details.find(line.memoryID());
         const auto kept = before.find(line.id);
-        if (known != details.end())
-            line.detail = known->second;
-        else if (kept != before.end())
-            line.detail = kept->second->detail;
-        line.stale = line.detail && known == details.end();
+        fill(line, kept == before.end() ? nullptr : kept->second, details);
     }
     const bool remark = std::exchange(m_term, term) != term;
     take(std::move(lines));
+    m_known = details.size();
+    m_unknown.clear();
+    noteUnknown(0);
     if (remark && !rows().empty())
         Q_EMIT dataChanged(index(0), index(rowCount() - 1),
                            {TitleMarkupRole, SublineRole, SublineMarkupRole, WhyRole, BodyRole});
+}
+
+void MemoryLines::noteUnknown(int from) {
+    for (int at = from; at < rowCount(); ++at)
+        if (const MemoryLine& line = row(at); !line.head && (!line.detail || line.stale))
+            m_unknown.push_back(at);
+}
+
+void MemoryLines::append(std::vector<MemoryLine> lines, const SearchPage::Details& details) {
+    for (MemoryLine& line : lines)
+        fill(line, nullptr, details);
+    const int from = rowCount();
+    KeyedListModel::append(std::move(lines));
+    noteUnknown(from);
+}
+
+void MemoryLines::change(int index, MemoryLine line, const SearchPage::Details& details) {
+    fill(line, &row(index), details);
+    KeyedListModel::change(index, std::move(line));
+}
+
+void MemoryLines::learn(const SearchPage::Details& details) {
+    // Details go only all at once. Otherwise a long list would be looked through for each few.
+    if (details.size() < m_known) {
+        m_unknown.clear();
+        for (int at = 0; at < rowCount(); ++at)
+            m_unknown.push_back(at);
+    }
+    m_known = details.size();
+    std::erase_if(m_unknown, [&](int at) {
+        MemoryLine line = row(at);
+        fill(line, &row(at), details);
+        const bool isKnown = line.head || (line.detail && !line.stale);
+        KeyedListModel::change(at, std::move(line));
+        return isKnown;
+    });
 }
 
 /// What the memory is for, or the place where a search's words stand when the title has none.

@@ -71,15 +71,28 @@ public:
     /// `term`: what the words are marked for.
     void show(std::vector<MemoryLine> lines, const SearchPage::Details& details,
               const std::string& term);
+    /// Shows these memories behind the lines that are there, which are not looked at. The term
+    /// stays.
+    void append(std::vector<MemoryLine> lines, const SearchPage::Details& details);
+    /// Shows this in place of the line of this index, of the same memory.
+    void change(int index, MemoryLine line, const SearchPage::Details& details);
+    /// Takes over what has come to be known, or is known no more.
+    void learn(const SearchPage::Details& details);
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
 private:
+    /// Gives a line its why and body: those that are known, else those of the line before it.
+    static void fill(MemoryLine& line, const MemoryLine* before,
+                     const SearchPage::Details& details);
+    void noteUnknown(int from);
     std::string subline(const MemoryLine& line) const;
 
     const Today m_today;
     std::string m_term;
+    std::vector<int> m_unknown; ///< the lines whose why and body are to come, or to come anew
+    std::size_t m_known = 0;    ///< how many details there were
 };
 
 } // namespace wendlow

@@ -38,6 +38,8 @@ ListView {
     bottomMargin: Theme.space24
     highlightMoveDuration: 0
     cacheBuffer: 200
+    // A row that scrolls in takes the place of one that scrolled out, much faster than it is made.
+    reuseItems: true
     onActiveFocusChanged: if (list.activeFocus && !list.pressed)
         list.byKey = true
 
@@ -99,5 +101,7 @@ ListView {
         onImplicitHeightChanged: if (row.open && row.ListView.isCurrentItem)
             unfolding.restart()
         onWanted: list.appeared(row.index)
+        ListView.onReused: if (!row.head)
+            row.wanted()
     }
 }

@@ -5,7 +5,7 @@
 
 namespace wendlow {
 
-StatusGrouping StatusGrouping::group(const EditorMemoryHits& hits) {
+StatusGrouping StatusGrouping::group(const EditorRows& hits) {
     constexpr const char* none = "no status";
     StatusGrouping grouping;
     for (const EditorMemoryHit& hit : hits) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Model/EditorMemory.h"
+#include "Model/EditorRows.h"
 
 #include <string>
 #include <vector>
@@ -20,7 +20,7 @@ struct StatusGrouping {
 
     bool operator==(const StatusGrouping&) const = default;
 
-    static StatusGrouping group(const EditorMemoryHits& hits);
+    static StatusGrouping group(const EditorRows& hits);
 };
 
 } // namespace wendlow

@@ -3,6 +3,7 @@
 #include "Model/EditorAsk.h"
 #include "Model/EditorMemory.h"
 #include "Model/EditorMoment.h"
+#include "Model/EditorRows.h"
 
 #include <cstdint>
 #include <map>
@@ -44,7 +45,7 @@ struct EditorAnswer {
     bool narrowed = false;       ///< the term narrowed the set, as the daemon says
     std::int64_t total = 0;      ///< rows that match
     std::int64_t sliceTotal = 0; ///< of what the ask looks into before the term; at least `total`
-    EditorMemoryHits rows = {};
+    EditorRows rows = {};
     EditorMemorySort order = EditorMemorySort::newest; ///< that the rows are really in
     std::vector<EditorCount> typeCounts = {};
     std::vector<EditorCount> scopeCounts = {};

@@ -3,6 +3,7 @@
 #include "Ranking/EditorText.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include <QString>
@@ -16,6 +17,16 @@ QString qString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// Whether each byte is a character of its own, as nearly all are: "\r\n" is one of two.
+bool isPlain(std::string_view text) {
+    return std::ranges::all_of(
+        text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80 && byte != '\r'; });
+}
+
+constexpr char lower(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
 bool isMark(QChar unit) {
     return unit.category() == QChar::Mark_NonSpacing;
 }
@@ -26,6 +37,13 @@ public:
     using Range = std::pair<qsizetype, qsizetype>; ///< of characters; the end is not in it
 
     explicit FoldedText(std::string_view text) : m_text(qString(text)) {
+        if (isPlain(text)) {
+            m_folded = m_text.toLower();
+            m_starts.resize(text.size() + 1);
+            std::iota(m_starts.begin(), m_starts.end(), 0);
+            m_character.assign(m_starts.begin(), m_starts.end() - 1);
+            return;
+        }
         QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, m_text);
         for (qsizetype start = 0, end = 0; (end = boundaries.toNextBoundary()) >= 0; start = end) {
             const QString character = m_text.mid(start, end - start);
@@ -133,6 +151,8 @@ std::vector<MatchSegment> TextMatch::segments(std::string_view text, std::string
 }
 
 bool TextMatch::contains(std::string_view text, std::string_view term) {
+    if (isPlain(text) && isPlain(term))
+        return !std::ranges::search(text, term, {}, lower, lower).empty() || term.empty();
     constexpr auto form = QString::NormalizationForm_C;
     return qString(text).normalized(form).contains(qString(term).normalized(form),
                                                    Qt::CaseInsensitive);

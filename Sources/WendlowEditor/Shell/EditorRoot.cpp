@@ -44,14 +44,18 @@ EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks)
            .requestDetails = [this](const std::vector<std::string>& ids) { requestDetails(ids); },
            .today = std::move(clocks.today)}) {
     connect(&m_store, &EditorStore::changed, this, &EditorRoot::storeChanged);
-    connect(&m_details, &EditorDetails::changed, this, &EditorRoot::publish);
+    connect(&m_details, &EditorDetails::changed, this, [this] {
+        showMemories();
+        Q_EMIT changed();
+    });
     connect(&m_search, &EditorSearch::changed, this, &EditorRoot::changed);
     connect(&m_search, &EditorSearch::settled, this, [this] {
         if (m_displaced)
             requery();
     });
-    m_store.loadMeetings();
+    // In this order: the link serves one at a time, and the page is what is waited for.
     settle();
+    m_store.loadMeetings();
 }
 
 EditorRoot::~EditorRoot() {
@@ -136,17 +140,22 @@ void EditorRoot::refreshShown() {
 void EditorRoot::publish() {
     if (m_shownError != m_store.storeError())
         refreshShown();
-    m_rail.show(railState());
-    m_bar.show(FlatScopes::paths(m_store.rootScope()), m_ask.scopes);
+    const auto scopes = FlatScopes::paths(m_store.rootScope());
+    m_rail.show(railState(std::ssize(scopes)));
+    m_bar.show(scopes, m_ask.scopes);
+    showMemories();
+    Q_EMIT changed();
+}
+
+void EditorRoot::showMemories() {
     m_memories.show({.ask = m_ask,
                      .answer = m_shown,
                      .standing = m_store.memoryTypeCounts(),
                      .openType = m_openType,
                      .details = m_details.known()});
-    Q_EMIT changed();
 }
 
-RailState EditorRoot::railState() const {
+RailState EditorRoot::railState(std::int64_t scopes) const {
     RailState state{.standing = m_store.memoryTypeCounts(),
                     .answer = {},
                     .face = m_face,
@@ -154,7 +163,7 @@ RailState EditorRoot::railState() const {
                     .meetings = m_store.meetingCount(),
                     .moments = m_store.momentCount(),
                     .mods = std::nullopt,
-                    .scopes = std::ssize(FlatScopes::paths(m_store.rootScope()))};
+                    .scopes = scopes};
     // The rail needs the counts alone, and not a page of rows.
     state.answer.state = m_answer.state;
     state.answer.narrowed = m_answer.narrowed;

@@ -96,7 +96,8 @@ private:
     void publish();
     void applyFace(EditorFace face);
     void applyType(std::optional<std::string> type);
-    RailState railState() const;
+    void showMemories();
+    RailState railState(std::int64_t scopes) const;
 
     EditorStore& m_store;
     EditorFace m_face = EditorFace::memory;

@@ -131,7 +131,9 @@ void EditorSearch::show(EditorAnswer memories, EditorAnswer moments) {
     m_busy = false;
     m_answeredTerm = m_term;
     m_state = memories.state;
-    m_memories = memories.narrowed ? std::move(memories.rows) : EditorMemoryHits();
+    m_memories.clear();
+    if (memories.narrowed)
+        m_memories.assign(memories.rows.begin(), memories.rows.end());
     m_moments = moments.narrowed ? std::move(moments.moments) : std::vector<EditorMoment>();
     m_selection.reset();
     // Half a page must not pass for the whole.

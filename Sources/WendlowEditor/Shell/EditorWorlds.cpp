@@ -9,7 +9,13 @@ EditorWorlds::EditorWorlds(std::shared_ptr<WendlowClient> client, EditorWorld wo
     : m_world(world), m_seeded(seedWorld(world).value_or(SeedWorld::someData)),
       m_live(std::move(client), std::move(note)) {
     if (world == EditorWorld::realData)
-        m_live.resetWorld();
+        startLoading();
+}
+
+/// When control is back in the event loop: so the window's own question, asked as it is made, goes
+/// out first, and its page is there before the long reads of the opening.
+void EditorWorlds::startLoading() {
+    QMetaObject::invokeMethod(&m_live, &EditorLiveStore::resetWorld, Qt::QueuedConnection);
 }
 
 EditorStore& EditorWorlds::store() {
@@ -24,7 +30,7 @@ void EditorWorlds::switchWorld(EditorWorld world) {
             return;
         m_seeded.switchWorld(world);
     } else if (!m_live.loaded() || m_world != EditorWorld::realData) {
-        m_live.resetWorld();
+        startLoading();
     }
     if (std::exchange(m_world, world) != world)
         Q_EMIT worldChanged();

@@ -33,6 +33,8 @@ Q_SIGNALS:
     void worldChanged();
 
 private:
+    void startLoading();
+
     EditorWorld m_world;
     SeededStore m_seeded;
     EditorLiveStore m_live;

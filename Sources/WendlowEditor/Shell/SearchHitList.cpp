@@ -1,15 +1,19 @@
 #include "Shell/SearchHitList.h"
 
+#include <string>
+
 namespace wendlow {
 
 void SearchHitList::show(const SearchSections& sections, const std::string& term) {
     std::vector<SearchHitRow> rows;
     for (const SearchSection& section : sections)
         for (const SearchHit& hit : section.hits)
-            rows.push_back({.id = hit.id,
+            rows.push_back({.id = std::to_string(rows.size()),
                             .hit = hit,
-                            .section = &hit == &section.hits.front() ? section.title : "",
-                            .term = term});
+                            .section = &hit == &section.hits.front() ? RowText::line(section.title)
+                                                                     : QString(),
+                            .titleMarkup = RowText::markedLine(hit.title, term),
+                            .subtitleMarkup = RowText::markedLine(hit.subtitle, term)});
     take(std::move(rows));
 }
 
@@ -19,16 +23,16 @@ QVariant SearchHitList::data(const QModelIndex& index, int role) const {
     const SearchHitRow& here = row(index.row());
     switch (role) {
     case SectionRole:
-        return RowText::line(here.section);
+        return here.section;
     case Qt::DisplayRole:
     case TitleRole:
         return RowText::line(here.hit.title);
     case TitleMarkupRole:
-        return RowText::markedLine(here.hit.title, here.term);
+        return here.titleMarkup;
     case SubtitleRole:
         return RowText::line(here.hit.subtitle);
     case SubtitleMarkupRole:
-        return RowText::markedLine(here.hit.subtitle, here.term);
+        return here.subtitleMarkup;
     case TipRole:
         return RowText::tip(here.hit.title);
     case SymbolRole:
@@ -36,6 +40,25 @@ QVariant SearchHitList::data(const QModelIndex& index, int role) const {
     default:
         return {};
     }
+}
+
+QList<int> SearchHitList::changedRoles(const SearchHitRow& before,
+                                       const SearchHitRow& after) const {
+    QList<int> roles;
+    if (before.hit.title != after.hit.title)
+        roles << Qt::DisplayRole << TitleRole << TipRole;
+    if (before.titleMarkup != after.titleMarkup)
+        roles << TitleMarkupRole;
+    if (before.hit.subtitle != after.hit.subtitle)
+        roles << SubtitleRole;
+    if (before.subtitleMarkup != after.subtitleMarkup)
+        roles << SubtitleMarkupRole;
+    if (before.hit.symbol != after.hit.symbol)
+        roles << SymbolRole;
+    if (before.section != after.section)
+        roles << SectionRole;
+    // To none all would be counted, and a hit may change in what nothing shows.
+    return roles.empty() ? QList<int>{TitleRole} : roles;
 }
 
 QHash<int, QByteArray> SearchHitList::roleNames() const {

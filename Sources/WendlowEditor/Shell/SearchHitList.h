@@ -8,11 +8,14 @@
 
 namespace wendlow {
 
+/// A row of the page, known by its place: from one letter typed to the next nearly all hits are
+/// others, and a row that is there takes other words much faster than a new one is made.
 struct SearchHitRow {
     std::string id;
     SearchHit hit;
-    std::string section; ///< the title above it; empty but for the first of a section
-    std::string term;    ///< what its words are marked for
+    QString section; ///< the title above it; empty but for the first of a section
+    QString titleMarkup;
+    QString subtitleMarkup;
 
     bool operator==(const SearchHitRow&) const = default;
 };
@@ -40,6 +43,9 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
+
+protected:
+    QList<int> changedRoles(const SearchHitRow& before, const SearchHitRow& after) const override;
 };
 
 } // namespace wendlow

@@ -187,6 +187,55 @@ TEST(MemoriesModel, ARefreshMovesOnlyWhatHasMoved) {
     EXPECT_EQ(lines.rowCount(), 0);
 }
 
+TEST(MemoriesModel, GoesOnForWhoScrollsFasterThanTheStoreAnswers) {
+    Face face;
+    const auto settle = [&](int rows) {
+        face.settle(memories(rows));
+        QCoreApplication::processEvents();
+        return face.list().visibleCount();
+    };
+    EXPECT_EQ(settle(12), 12);
+    face.list().rowAppeared(11);
+    EXPECT_EQ(settle(12), 12) << "no more rows are held";
+    EXPECT_EQ(settle(50), 24);
+    EXPECT_EQ(settle(51), 24) << "once for each time that the last row comes in sight";
+}
+
+TEST(MemoriesModel, ReadingOnTouchesNoRowThatIsThere) {
+    Face face;
+    auto& lines = *face.list().lines();
+    QStringList seen;
+    QObject::connect(&lines, &QAbstractItemModel::rowsInserted,
+                     [&](const QModelIndex&, int first, int last) {
+                         seen.append(QStringLiteral("+%1-%2").arg(first).arg(last));
+                     });
+    QObject::connect(&lines, &QAbstractItemModel::rowsRemoved, [&] { seen.append("removed"); });
+    QObject::connect(&lines, &QAbstractItemModel::dataChanged, [&](const QModelIndex& first) {
+        seen.append(QStringLiteral("~%1").arg(first.row()));
+    });
+    const auto seenBy = [&](const std::function<void()>& act) {
+        seen.clear();
+        act();
+        return seen.join(u' ');
+    };
+    EditorMemoryHits rows = memories(60);
+    EXPECT_EQ(seenBy([&] { face.settle(memories(50)); }), "+0-11");
+    face.list().rowAppeared(11);
+    EXPECT_EQ(seenBy([] { QCoreApplication::processEvents(); }), "+12-23");
+    EXPECT_EQ(seenBy([&] { face.settle(rows); }), "");
+    EXPECT_EQ(seenBy([&] { face.list().toggle(3); }), "~3");
+    face.details["decision5"] = {.id = "decision5", .why = "Because.", .body = ""};
+    EXPECT_EQ(seenBy([&] { face.show(); }), "~5");
+    EXPECT_EQ(Face::data(lines, 5, MemoryLines::SublineRole), "Because.");
+    EXPECT_EQ(seenBy([&] { face.list().toggle(4); }), "~3 ~4");
+    face.details.clear();
+    EXPECT_EQ(seenBy([&] { face.show(); }), "~5") << "is out of date";
+    rows[0].memory.title = "Another";
+    EXPECT_EQ(seenBy([&] { face.settle(rows); }), "~0");
+    rows.erase(rows.begin() + 20, rows.end());
+    EXPECT_EQ(seenBy([&] { face.settle(rows); }), "removed");
+}
+
 TEST(MemoriesModel, ARowOpensToItsWhyAndBody) {
     Face face;
     EditorMemoryHit hit = memory("x", "decision", "Keep <two> copies", "/work");

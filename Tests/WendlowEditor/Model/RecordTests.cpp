@@ -50,7 +50,7 @@ TEST(EditorAsk, isTheSameQuestionOnAnotherPage) {
 TEST(EditorAnswer, keepsItsPageWhileItIsAskedForAgain) {
     EditorAnswer answer = EditorAnswer::failed("no", {.term = "x"});
     answer.total = 3;
-    answer.rows.resize(3);
+    answer.rows = EditorMemoryHits(3);
     const EditorAnswer again = answer.awaitingRefresh();
     EXPECT_EQ(again.state, EditorAnswerState(EditorAnswerStateCase::Pending{}));
     EXPECT_EQ(again.rows.size(), 3U);

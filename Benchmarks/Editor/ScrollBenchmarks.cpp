@@ -1,0 +1,141 @@
+// Ten thousand rows go by, beside as many of a bare list of texts.
+
+#include "EditorWindow.h"
+#include "FrameWork.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QTimer>
+
+#include <algorithm>
+#include <functional>
+
+namespace wendlow::benchmarks {
+
+namespace {
+
+constexpr int rowsWanted = 10'000;
+constexpr int rowHeight = 56;
+/// A fast wheel: so much of the list goes by from one frame to the next.
+constexpr int rowsPerFrame = 5;
+
+/// Moves a list by some rows for each frame of a screen of 60 a second, until it is done or, at the
+/// end of the list, for so long as `isOver` says no.
+void scroll(QQuickWindow& window, QQuickItem& list, const std::function<bool()>& isOver) {
+    QTimer frames;
+    frames.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&frames, &QTimer::timeout, &list, [&] {
+        const double end = list.property("originY").toDouble() +
+                           list.property("contentHeight").toDouble() - list.height();
+        const double next = list.property("contentY").toDouble() + rowsPerFrame * rowHeight;
+        list.setProperty("contentY", std::max(0.0, std::min(next, end)));
+        window.update();
+    });
+    frames.start(16);
+    runUntil(isOver, std::chrono::minutes(5));
+}
+
+bool isAtEnd(const QQuickItem& list) {
+    return list.property("atYEnd").toBool();
+}
+
+void report(benchmark::State& state, const FrameWork& frames) {
+    state.counters["frames"] = static_cast<double>(frames.frames());
+    state.counters["median_ms"] = frames.work().median;
+    state.counters["longest_ms"] = frames.work().longest;
+    state.counters["above_16_ms"] = frames.work().above16;
+    state.counters["drawing_median_ms"] = frames.drawing().median;
+    state.counters["drawing_longest_ms"] = frames.drawing().longest;
+}
+
+/// The window with a type open that has so many memories and more, all of those held: as a person
+/// comes to the last one of them from a search.
+class OpenList {
+public:
+    OpenList() {
+        root.setOpenType(largestType());
+        editor.rest();
+        EditorAsk ask = root.ask();
+        ask.limit = MemoriesModel::limitFor(rowsWanted);
+        root.setAsk(ask);
+        runUntil([&] { return root.answer().ready() && root.answer().rows.size() >= rowsWanted; });
+        root.memories()->list()->reveal(root.answer().rows[rowsWanted - 1].memory.id);
+        root.memories()->list()->closeOpen();
+        editor.rest();
+        list = editor.item(QStringLiteral("MemoryRows"));
+    }
+
+    int count() const { return root.memories()->list()->lines()->rowCount(); }
+
+    EditorWindow editor{Gateways::practiceName};
+    EditorRoot& root = editor.root();
+    QQuickItem* list = nullptr;
+
+private:
+    std::string largestType() {
+        return std::ranges::max(editor.store().memoryTypeCounts(), {}, &EditorCount::count).name;
+    }
+};
+
+/// From the top to the last; as each row comes by, its why is asked for.
+void scrollHeldRows(benchmark::State& state) {
+    OpenList open;
+    open.list->setProperty("contentY", 0);
+    open.editor.rest();
+    for (auto _ : state) {
+        const FrameWork frames(open.editor.window());
+        scroll(open.editor.window(), *open.list, [&] {
+            return open.list->property("contentY").toInt() > (rowsWanted - 40) * rowHeight;
+        });
+        report(state, frames);
+    }
+    state.counters["rows"] = open.count();
+}
+
+/// Reading on behind ten thousand rows: each page is asked for with all that come before it.
+void scrollWhileRowsCome(benchmark::State& state) {
+    constexpr int more = 600;
+    OpenList open;
+    open.list->setProperty("contentY", (rowsWanted - 20) * rowHeight);
+    open.editor.rest();
+    open.editor.client().startAfresh();
+    for (auto _ : state) {
+        const FrameWork frames(open.editor.window());
+        const int before = open.count();
+        scroll(open.editor.window(), *open.list, [&] { return open.count() >= before + more; });
+        report(state, frames);
+    }
+    state.counters["rows"] = open.count();
+    state.counters["browses"] = open.editor.client().count(ReadCase::TextBrowse::verb);
+    state.counters["served_ms"] =
+        static_cast<double>(open.editor.client().served(ReadCase::TextBrowse::verb).count());
+}
+
+void scrollBareList(benchmark::State& state) {
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick\n"
+                      "Window { id: window; visible: true; width: 980; height: 860\n"
+                      "  ListView { objectName: 'list'; anchors.fill: parent; model: 10000\n"
+                      "    delegate: Text { required property int index; height: 56\n"
+                      "      text: 'This is the row ' + index } } }",
+                      {});
+    const std::unique_ptr<QObject> made(component.create());
+    auto& window = *qobject_cast<QQuickWindow*>(made.get());
+    QQuickItem& list = *window.findChild<QQuickItem*>(QStringLiteral("list"));
+    for (auto _ : state) {
+        const FrameWork frames(window);
+        scroll(window, list, [&] { return isAtEnd(list); });
+        report(state, frames);
+    }
+}
+
+BENCHMARK(scrollHeldRows)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(scrollWhileRowsCome)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(scrollBareList)->Iterations(1)->Unit(benchmark::kSecond);
+
+} // namespace
+
+} // namespace wendlow::benchmarks
