@@ -1,7 +1,7 @@
 #include "Search/SearchPage.h"
 
-#include "Model/EditorRail.h"
 #include "DateWords.h"
+#include "Model/EditorRail.h"
 #include "Search/TextMatch.h"
 
 #include <algorithm>

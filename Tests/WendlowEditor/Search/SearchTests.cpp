@@ -2,7 +2,6 @@
 #include "Search/SearchPage.h"
 #include "Search/TextMatch.h"
 
-
 #include <gmock/gmock.h>
 
 namespace wendlow {
