@@ -101,7 +101,12 @@ ListView {
         onImplicitHeightChanged: if (row.open && row.ListView.isCurrentItem)
             unfolding.restart()
         onWanted: list.appeared(row.index)
-        ListView.onReused: if (!row.head)
-            row.wanted()
+        // A row that waits for its next use is no row to a screen reader either.
+        ListView.onPooled: row.visible = false
+        ListView.onReused: {
+            row.visible = true;
+            if (!row.head)
+                row.wanted();
+        }
     }
 }
