@@ -57,10 +57,13 @@ public:
     OpenList() {
         root.setOpenType(largestType());
         editor.rest();
-        EditorAsk ask = root.ask();
-        ask.limit = MemoriesModel::limitFor(rowsWanted);
-        root.setAsk(ask);
-        runUntil([&] { return root.answer().ready() && root.answer().rows.size() >= rowsWanted; });
+        runUntil([&] {
+            // Rows that appear only now ask for their few.
+            EditorAsk ask = root.ask();
+            ask.limit = MemoriesModel::limitFor(rowsWanted);
+            root.setAsk(ask);
+            return root.answer().ready() && root.answer().rows.size() >= rowsWanted;
+        });
         root.memories()->list()->reveal(root.answer().rows[rowsWanted - 1].memory.id);
         root.memories()->list()->closeOpen();
         editor.rest();

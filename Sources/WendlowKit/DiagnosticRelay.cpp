@@ -17,9 +17,9 @@ QCoro::Task<> tell(std::shared_ptr<const DiagnosticRelay::Ask> ask, DiagnosticRe
 
 } // namespace
 
-DiagnosticRelay::DiagnosticRelay(DiagnosticSource source, WendlowClient& client)
-    : DiagnosticRelay(source, [&client](DiagnosticRequest request) {
-          return client.send(std::move(request));
+DiagnosticRelay::DiagnosticRelay(DiagnosticSource source, std::shared_ptr<WendlowClient> client)
+    : DiagnosticRelay(source, [client = std::move(client)](DiagnosticRequest request) {
+          return client->send(std::move(request));
       }) {}
 
 DiagnosticRelay::DiagnosticRelay(DiagnosticSource source, Ask ask)

@@ -17,9 +17,9 @@ class DiagnosticRelay {
 public:
     using Ask = std::function<QCoro::Task<GatewayResponse>(DiagnosticRequest)>;
 
-    /// The client must outlive the event loop's next turn after the last note, as it does where
-    /// it lives as long as the process.
-    DiagnosticRelay(DiagnosticSource source, WendlowClient& client);
+    /// The client lives until the last note is answered, for notes are sent when the relay and
+    /// its owner may be gone.
+    DiagnosticRelay(DiagnosticSource source, std::shared_ptr<WendlowClient> client);
     /// Without a client, for a model that is run without one.
     DiagnosticRelay(DiagnosticSource source, Ask ask);
 

@@ -149,7 +149,7 @@ EditorWorlds& SettingsApplication::worlds() {
     if (!m_worlds)
         m_worlds = std::make_unique<EditorWorlds>(
             m_surroundings.client, EditorWorld::realData,
-            [relay = DiagnosticRelay(DiagnosticSource::editor, *m_surroundings.client)](
+            [relay = DiagnosticRelay(DiagnosticSource::editor, m_surroundings.client)](
                 std::string line) { relay.note(std::move(line)); });
     return *m_worlds;
 }

@@ -192,22 +192,23 @@ TEST(XPCWireDeathTest, EndsTheProcessForANumberThatOnlyABrokenPeerSends) {
 class RecordingClient final : public WendlowClient {
 public:
     QCoro::Task<GatewayResponse> send(GatewayRequest request) override {
-        sent.push_back(WireCodec::encode(request).value());
+        sent->push_back(WireCodec::encode(request).value());
         co_return AnswerCase::Failure{"no log here"};
     }
-    std::vector<std::string> sent;
+    std::shared_ptr<std::vector<std::string>> sent = std::make_shared<std::vector<std::string>>();
 };
 
 TEST(DiagnosticRelay, SendsEachLineLaterAndDropsTheAnswer) {
-    RecordingClient client;
+    auto client = std::make_shared<RecordingClient>();
+    const auto sent = client->sent;
     {
-        const DiagnosticRelay relay(DiagnosticSource::settings, client);
+        const DiagnosticRelay relay(DiagnosticSource::settings, std::move(client));
         relay.note("x");
         relay.note("a second line");
-        EXPECT_TRUE(client.sent.empty());
-    } // a note outlives its relay
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.sent.size() == 2; }));
-    EXPECT_EQ(client.sent[0], R"({"diagnostic":{"_0":{"log":{"source":"settings","line":"x"}}}})");
+        EXPECT_TRUE(sent->empty());
+    } // a note outlives its relay and all who held the client
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sent->size() == 2; }));
+    EXPECT_EQ(sent->at(0), R"({"diagnostic":{"_0":{"log":{"source":"settings","line":"x"}}}})");
 }
 
 } // namespace

@@ -50,12 +50,13 @@ void paragraph(Canvas& canvas, Content& content, const Area& area, Colour colour
 void code(Canvas& canvas, Content& content, const Area& area, Colour accent) {
     canvas.box(area.left, area.top, area.width, area.height, black);
     canvas.box(area.left, area.top, 40, area.height, black.towards(white, 0.06));
-    for (double top = area.top + 6; top < area.bottom() - 4; top += 7)
-        canvas.box(area.left + 5, top, between(content, 12, 30), 1.6, ink);
+    for (int row = 0; 6 + 7 * row < area.height - 4; ++row)
+        canvas.box(area.left + 5, area.top + 6 + 7 * row, between(content, 12, 30), 1.6, ink);
     const std::array colours = {accent, accent.towards(white, 0.5), Colour{130, 170, 120},
                                 Colour{150, 150, 165}};
     double indent = 0;
-    for (double top = area.top + 6; top < area.bottom() - 4; top += 4) {
+    for (int row = 0; 6 + 4 * row < area.height - 4; ++row) {
+        const double top = area.top + 6 + 4 * row;
         indent = std::clamp(indent + (static_cast<double>(content.below(3)) - 1) * 6, 0.0, 36.0);
         if (content.oneIn(6))
             continue;
