@@ -9,7 +9,7 @@ namespace {
 
 /// Gathers what `name` puts into a map of counts for each row.
 template<class Gather>
-std::vector<EditorCount> census(const EditorMemoryHits& hits, Gather gather) {
+std::vector<EditorCount> census(const EditorMemoryHits& hits, const Gather& gather) {
     std::map<std::string, std::int64_t, std::less<>> counts;
     for (const EditorMemoryHit& hit : hits)
         gather(hit, counts);

@@ -48,7 +48,7 @@ std::optional<std::int64_t> TypeShelf::recordCount(EditorKind kind, const Editor
 }
 
 std::string TypeWords::pluralized(std::string_view word) {
-    const std::string text(word);
+    std::string text(word);
     if (text.ends_with('s') || text.ends_with("ed"))
         return text;
     if (text.size() >= 2 && text.ends_with('y')) {

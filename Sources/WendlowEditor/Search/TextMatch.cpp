@@ -142,7 +142,7 @@ std::vector<MatchSegment> TextMatch::segments(std::string_view text, std::string
         add(match->first, false);
         qsizetype end = match->second;
         // Those that touch or overlap are one.
-        while (++match != matches.end() && match->first <= end)
+        for (++match; match != matches.end() && match->first <= end; ++match)
             end = std::max(end, match->second);
         add(end, true);
     }

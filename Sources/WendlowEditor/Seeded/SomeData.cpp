@@ -12,6 +12,7 @@ struct Seed {
     const char* why;
     const char* body;
     int daysAgo;
+    // NOLINTNEXTLINE(readability-redundant-member-init): it may be left out of a list
     std::map<std::string, std::string> filters = {};
 };
 

@@ -127,7 +127,7 @@ QCoro::Task<std::optional<EditorAnswer>> EditorSearch::answerTo(EditorAsk ask,
                                    std::move(ask));
 }
 
-void EditorSearch::show(EditorAnswer memories, EditorAnswer moments) {
+void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments) {
     m_busy = false;
     m_answeredTerm = m_term;
     m_state = memories.state;

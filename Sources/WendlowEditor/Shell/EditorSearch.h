@@ -87,7 +87,7 @@ private:
     void setTerm(std::string term);
     QCoro::Task<> run(std::string term);
     QCoro::Task<std::optional<EditorAnswer>> answerTo(EditorAsk ask, std::uint64_t task);
-    void show(EditorAnswer memories, EditorAnswer moments);
+    void show(const EditorAnswer& memories, EditorAnswer moments);
     void forget();
 
     EditorStore& m_store;
