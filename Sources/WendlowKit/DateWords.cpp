@@ -1,7 +1,5 @@
 #include "DateWords.h"
 
-#include <QDateTime>
-
 #include <vector>
 
 namespace wendlow::DateWords {
@@ -67,13 +65,13 @@ QString shortened(const QLocale& locale, QChar dropped = {}) {
     return format;
 }
 
+} // namespace
+
 QDateTime local(Date date) {
     using std::chrono::milliseconds;
     return QDateTime::fromMSecsSinceEpoch(
         std::chrono::floor<milliseconds>(date.time_since_epoch()).count());
 }
-
-} // namespace
 
 QString day(Date date, Date now, const QLocale& locale) {
     const QDate wanted = local(date).date();
@@ -83,12 +81,6 @@ QString day(Date date, Date now, const QLocale& locale) {
     if (wanted.addDays(1) == today)
         return QStringLiteral("Yesterday");
     return locale.toString(wanted, shortened(locale, wanted.year() == today.year() ? u'y' : u'd'));
-}
-
-QString shortDay(Date date, Date now, const QLocale& locale) {
-    const QDate wanted = local(date).date();
-    const bool thisYear = wanted.year() == local(now).date().year();
-    return locale.toString(wanted, shortened(locale, thisYear ? u'y' : QChar()));
 }
 
 QString dateAndTime(Date date, const QLocale& locale) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QLocale>
 #include <QString>
 
@@ -10,13 +11,11 @@ namespace wendlow::DateWords {
 
 using Date = std::chrono::system_clock::time_point;
 
+QDateTime local(Date date);
+
 /// As short as a column of a table asks for: "Today", "Yesterday", else "Nov 19" in the year of
 /// `now` and "Nov 2024" in any other.
 QString day(Date date, Date now, const QLocale& locale);
-
-/// As short as a line that names one day: "Nov 19", and in any other year than that of `now`
-/// "Nov 19, 2024".
-QString shortDay(Date date, Date now, const QLocale& locale = {});
 
 /// Day and time, the month abbreviated: "Nov 19, 2026, 2:02 PM".
 QString dateAndTime(Date date, const QLocale& locale = {});

@@ -1,6 +1,6 @@
 #include "Memories/MemoryLines.h"
 
-#include "DateWords.h"
+#include "Memories/EditorDayFormat.h"
 #include "Search/TextMatch.h"
 #include "Shell/RowText.h"
 
@@ -158,7 +158,7 @@ QVariant MemoryLines::data(const QModelIndex& index, int role) const {
     case SublineMarkupRole:
         return RowText::markedLine(subline(here), m_term);
     case DayRole:
-        return here.head ? QString() : DateWords::shortDay(here.day, m_today());
+        return here.head ? QString() : EditorDayFormat::shortDay(here.day, m_today());
     case CountRole:
         return here.head ? QString::number(here.count) : QString();
     case OpenRole:

@@ -1,9 +1,11 @@
+#include "Memories/EditorDayFormat.h"
 #include "Memories/MemoryFaceModel.h"
 #include "Shell/RowText.h"
 #include "Support/ScriptedStore.h"
 
 #include <QAbstractItemModelTester>
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <gmock/gmock.h>
 
@@ -398,6 +400,18 @@ TEST(RowText, ShowsWhatAnybodyMayHaveWritten) {
     const std::string tail(30000, 'x');
     EXPECT_TRUE(RowText::markedText(tail + " end", "end").endsWith(QStringLiteral("x end")))
         << "the whole text, of which the beginning is searched";
+}
+
+TEST(EditorDayFormat, LeavesOutTheYearThatItIsAndKeepsItsOrder) {
+    const auto now = editorDate(1'795'000'000); // in November 2026
+    const auto before = editorDate(1'700'000'000);
+    for (const QLocale& locale : {QLocale::c(), QLocale(QLocale::German, QLocale::Germany)}) {
+        QLocale::setDefault(locale);
+        const QString month = locale.monthName(11, QLocale::ShortFormat);
+        EXPECT_EQ(EditorDayFormat::shortDay(now, now), month + QStringLiteral(" 18"));
+        EXPECT_EQ(EditorDayFormat::shortDay(before, now), month + QStringLiteral(" 14, 2023"));
+    }
+    QLocale::setDefault(QLocale::c());
 }
 
 } // namespace
