@@ -64,6 +64,8 @@ public:
                 {u"description"_s, face->text(QAccessible::Description)},
                 {u"checked"_s, face->state().checked != 0}};
     }
+    /// A screen reader comes or goes.
+    Q_INVOKABLE static void read(bool active) { QAccessible::setActive(active); }
     /// Does what a screen reader does to press an item.
     Q_INVOKABLE static bool press(QQuickItem* item) {
         QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(item);

@@ -19,6 +19,8 @@ TestCase {
 
     Component { id: switches; Switch { property int asked: 0; on: false; text: "Recording"; onClicked: asked += 1 } }
     Component { id: buttons; Button { property int asked: 0; text: "Save"; onClicked: asked += 1 } }
+    Component { id: chips; Chip { text: "owner" } }
+    Component { id: disclosures; Disclosure { text: "Claude Code" } }
     Component { id: fills; HoverFill { lit: false; shade: "#ff0000" } }
     Component { id: spinners; Spinner {} }
     Component {
@@ -60,6 +62,27 @@ TestCase {
             toggle.enabled = true;
             verify(toggle.activeFocus);
             compare(toggle.ringed, ring);
+        }
+    }
+
+    function test_aScreenReaderHearsWhatIsOpen_data(): var {
+        return [{ tag: "chip", component: chips }, { tag: "disclosure", component: disclosures }];
+    }
+    function test_aScreenReaderHearsWhatIsOpen(data: var): void {
+        for (const atFirst of [true, false]) {
+            bench.read(false);
+            const opener = createTemporaryObject(data.component, scene, { open: atFirst });
+            bench.read(true);
+            compare(bench.spoken(opener).checked, atFirst, "a reader that comes later");
+            opener.clicked.connect(() => opener.open = !opener.open);
+            for (const open of [!atFirst, atFirst]) {
+                mouseClick(opener);
+                compare(opener.open, open);
+                compare(bench.spoken(opener).checked, open);
+            }
+            mouseClick(opener);
+            opener.open = atFirst;
+            compare(bench.spoken(opener).checked, atFirst, "closed by something else");
         }
     }
 

@@ -64,11 +64,13 @@ void MemoryLines::fill(MemoryLine& line, const MemoryLine* before,
     if (line.head)
         return;
     const auto known = details.find(line.memoryID());
-    if (known != details.end())
+    const bool asked = known != details.end();
+    if (asked && known->second)
         line.detail = known->second;
     else if (before != nullptr)
         line.detail = before->detail;
-    line.stale = line.detail && known == details.end();
+    line.stale = line.detail && !(asked && known->second);
+    line.missing = asked && !line.detail;
 }
 
 void MemoryLines::show(std::vector<MemoryLine> lines, const SearchPage::Details& details,
@@ -182,6 +184,8 @@ QVariant MemoryLines::data(const QModelIndex& index, int role) const {
         return here.detail.has_value();
     case StaleRole:
         return here.stale;
+    case MissingRole:
+        return here.missing;
     default:
         return {};
     }
@@ -194,7 +198,7 @@ QHash<int, QByteArray> MemoryLines::roleNames() const {
         {CountRole, "count"},     {OpenRole, "open"},         {LastRole, "last"},
         {TipRole, "tip"},         {WhyRole, "why"},           {BodyRole, "body"},
         {WhyTextRole, "whyText"}, {BodyTextRole, "bodyText"}, {FactsRole, "facts"},
-        {KnownRole, "known"},     {StaleRole, "stale"}};
+        {KnownRole, "known"},     {StaleRole, "stale"},       {MissingRole, "missing"}};
 }
 
 } // namespace wendlow

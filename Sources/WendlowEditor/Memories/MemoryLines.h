@@ -25,6 +25,7 @@ struct MemoryLine {
     std::string facts; ///< of a memory that is open: where it is filed, and its filters
     std::optional<EditorMemoryDetail> detail; ///< nothing until it is known
     bool stale = false;                       ///< the detail is from before a change of the store
+    bool missing = false;                     ///< the detail was asked for, and nothing came
 
     bool operator==(const MemoryLine&) const = default;
 
@@ -63,6 +64,7 @@ public:
         BodyTextRole, ///< plain, for a screen reader
         KnownRole,    ///< whether why and body are known
         StaleRole,    ///< what is known is from before a change of the store
+        MissingRole,  ///< why and body could not be had
     };
     using Today = std::function<EditorDate()>;
 

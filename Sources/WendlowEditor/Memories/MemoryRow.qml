@@ -27,6 +27,7 @@ T.ItemDelegate {
     required property string bodyText
     required property bool known
     required property bool stale
+    required property bool missing
 
     required property int rowHeight
     required property int indent
@@ -190,9 +191,18 @@ T.ItemDelegate {
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignLeft
             }
+            Label {
+                visible: row.missing
+                width: parent.width
+                role: Label.Role.Small
+                text: qsTr("The rest of this memory could not be read. Open it again to ask once more.")
+                color: Theme.textSecondOnTint
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignLeft
+            }
             QuietProgress {
-                visible: !row.known
-                running: opened.visible && !row.known
+                visible: running
+                running: opened.visible && !row.known && !row.missing
             }
         }
     }

@@ -28,6 +28,39 @@ ListView {
         list.positionViewAtIndex(index, ListView.Contain);
     }
 
+    // How far a key moves through an opened memory; 0: not at all.
+    function readingStep(key: int): real {
+        const page = Math.max(list.rowHeight, list.height - list.rowHeight);
+        switch (key) {
+        case Qt.Key_Up:
+            return -list.rowHeight;
+        case Qt.Key_Down:
+            return list.rowHeight;
+        case Qt.Key_PageUp:
+            return -page;
+        case Qt.Key_PageDown:
+            return page;
+        default:
+            return 0;
+        }
+    }
+
+    // Moves through an opened memory that is taller than the list. Gives whether there was more of it that way.
+    function readOn(by: real): bool {
+        if (by === 0 || list.currentItem === null)
+            return false;
+        const line = list.currentItem;
+        if (line.height <= list.height)
+            return false;
+        const above = list.contentY - line.y;
+        const below = line.y + line.height - list.contentY - list.height;
+        const left = by > 0 ? below : above;
+        if (left < 1)
+            return false;
+        list.contentY += by > 0 ? Math.min(by, left) : -Math.min(-by, left);
+        return true;
+    }
+
     function tinted(index: int): bool {
         return index === list.hoverIndex || (index === list.currentIndex && list.activeFocus);
     }
@@ -56,6 +89,10 @@ ListView {
 
     Keys.onPressed: event => {
         list.byKey = true;
+        if (list.readOn(list.readingStep(event.key))) {
+            event.accepted = true;
+            return;
+        }
         const last = list.count - 1;
         const page = Math.max(1, Math.floor(list.height / list.rowHeight) - 1);
         const steps = {

@@ -160,9 +160,9 @@ std::string SearchPage::memorySubtitle(const EditorMemoryHit& hit, std::string_v
                                        const Details& details) {
     std::string fallback = joined({hit.memory.type, hit.scopeID}, between);
     const auto detail = details.find(hit.memory.id);
-    if (detail == details.end() || standsIn(term, hit.memory.title))
+    if (detail == details.end() || !detail->second || standsIn(term, hit.memory.title))
         return fallback;
-    for (const std::string* const text : {&detail->second.why, &detail->second.body})
+    for (const std::string* const text : {&detail->second->why, &detail->second->body})
         if (auto passage = TextMatch::passage(term, *text, passageRadius))
             return *std::move(passage);
     return fallback;

@@ -69,7 +69,8 @@ namespace SearchPage {
 /// The most rows of a section.
 inline constexpr std::size_t rowsShown = 5;
 
-using Details = std::map<std::string, EditorMemoryDetail, std::less<>>; ///< by the memory's id
+/// By the memory's id. Without a value: it was asked for, and nothing came.
+using Details = std::map<std::string, std::optional<EditorMemoryDetail>, std::less<>>;
 
 /// What a search found, and where it looks for itself.
 struct Found {

@@ -6,11 +6,21 @@ namespace wendlow {
 
 void EditorDetails::request(const std::vector<std::string>& ids) {
     std::vector<std::string> wanted;
-    for (const std::string& id : ids)
-        if (!m_known.contains(id) && m_underWay.insert(id).second)
-            wanted.push_back(id);
+    bool anew = false;
+    for (const std::string& id : ids) {
+        const auto known = m_known.find(id);
+        const bool cameToNothing = known != m_known.end() && !known->second;
+        if ((known != m_known.end() && !cameToNothing) || !m_underWay.insert(id).second)
+            continue;
+        if (cameToNothing)
+            m_known.erase(known);
+        anew = anew || cameToNothing;
+        wanted.push_back(id);
+    }
     if (wanted.empty())
         return;
+    if (anew)
+        Q_EMIT changed();
     // Runs on by itself, and ends by itself where this goes.
     [[maybe_unused]] const auto task = fetch(std::move(wanted));
 }
@@ -23,13 +33,10 @@ QCoro::Task<> EditorDetails::fetch(std::vector<std::string> ids) {
         auto detail = co_await m_store.detail(id);
         if (life.expired() || epoch != m_epoch)
             co_return;
-        if (detail)
-            found.insert_or_assign(id, *std::move(detail));
+        found.insert_or_assign(id, std::move(detail));
     }
     for (const std::string& id : ids)
         m_underWay.erase(id);
-    if (found.empty())
-        co_return;
     m_known.merge(found);
     Q_EMIT changed();
 }

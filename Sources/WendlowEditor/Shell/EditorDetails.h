@@ -24,8 +24,8 @@ public:
     ~EditorDetails() override { m_life.end(); }
 
     const SearchPage::Details& known() const { return m_known; }
-    /// Fetches those that are not known and not under way, in this order. They become known
-    /// together.
+    /// Fetches those that are not known and not under way, in this order, also those that came to
+    /// nothing before. They become known together.
     void request(const std::vector<std::string>& ids);
     /// Nothing is known any more, and what is under way comes to nothing.
     void clear();

@@ -26,6 +26,7 @@ Item {
         function init(): void {
             ThemeSource.reduceMotion = true;
             scene.width = 980;
+            scene.height = 832;
             bench.world("powerUser");
             wait(0);
             face.forceActiveFocus();
@@ -110,6 +111,31 @@ Item {
             verify(list.currentItem.open);
             keyClick(Qt.Key_Escape);
             verify(!list.currentItem.open);
+        }
+
+        function test_theArrowsReadATallMemoryBeforeTheyLeaveIt(): void {
+            bench.world("someData");
+            wait(0);
+            face.forceActiveFocus();
+            write("tide");
+            keyClick(Qt.Key_Return);
+            const list = scene.Window.activeFocusItem.ListView.view;
+            scene.height = 270;
+            keyClick(Qt.Key_Return);
+            keyClick(Qt.Key_Return);
+            tryVerify(() => list.currentItem.height > list.height, 2000, "it is taller than the list: " + list.currentItem.height + " " + list.height);
+            tryVerify(() => list.contentY === list.currentItem.y, 2000, "from its beginning on");
+            const id = list.currentIndex;
+            const bottom = () => list.currentItem.y + list.currentItem.height - list.contentY - list.height;
+            for (let at = 0; at < 50 && bottom() > 0; ++at)
+                keyClick(Qt.Key_Down);
+            fuzzyCompare(bottom(), 0, 1);
+            compare(list.currentIndex, id);
+            keyClick(Qt.Key_PageUp);
+            fuzzyCompare(list.contentY, list.currentItem.y, 1);
+            compare(list.currentIndex, id);
+            keyClick(Qt.Key_Up);
+            compare(list.currentIndex, id - 1, "and on to the next");
         }
 
         function test_theGridAndTheRailAreWalkedByKey(): void {

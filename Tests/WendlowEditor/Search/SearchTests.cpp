@@ -59,9 +59,11 @@ TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
         memory("1", "ticket", "Boat shed"), memory("2", "rule", "On boats"),
         memory("3", "entry", "x"),          memory("4", "mod", "boat"),
         memory("5", "ticket", "y"),         memory("6", "entry", "z")};
-    const SearchPage::Details details{{"1", {"1", "boat why", ""}},
-                                      {"3", {"3", "", "the body has a boat in it"}},
-                                      {"5", {"5", "why a BOAT", "boat body"}}};
+    const SearchPage::Details details{
+        {"1", EditorMemoryDetail{"1", "boat why", ""}},
+        {"3", EditorMemoryDetail{"3", "", "the body has a boat in it"}},
+        {"4", std::nullopt},
+        {"5", EditorMemoryDetail{"5", "why a BOAT", "boat body"}}};
     EditorMoment titled{.id = "m1", .at = editorDate(0), .title = "Boat talk"};
     titled.abstract = "about a boat";
     EditorMoment bare{.id = "m2", .at = editorDate(0)};

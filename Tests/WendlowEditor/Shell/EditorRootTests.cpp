@@ -127,6 +127,32 @@ TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
     EXPECT_THAT(store.detailsAsked, ElementsAre("a"));
 }
 
+TEST(EditorRoot, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
+    Window window;
+    window.root.setOpenType("decision");
+    window.store.settle(memories(2));
+    MemoriesModel& list = *window.root.memories()->list();
+    const auto says = [&](int role) {
+        return list.lines()->data(list.lines()->index(1), role).toBool();
+    };
+    list.toggle(1);
+    EXPECT_FALSE(says(MemoryLines::MissingRole));
+    window.store.answerDetail(std::nullopt);
+    EXPECT_TRUE(says(MemoryLines::MissingRole));
+    EXPECT_FALSE(window.store.detailWaits()) << "it is not asked for in a circle";
+    list.toggle(1);
+    list.toggle(1);
+    EXPECT_FALSE(says(MemoryLines::MissingRole)) << "it is under way";
+    window.store.answerDetail(EditorMemoryDetail{.id = "decision1", .why = "w", .body = "b"});
+    EXPECT_TRUE(says(MemoryLines::KnownRole));
+    EXPECT_THAT(window.store.detailsAsked, ElementsAre("decision1", "decision1"));
+    // What is shown outlives that nothing newer comes.
+    window.store.grow();
+    window.store.settle(memories(2));
+    window.store.answerDetail(std::nullopt);
+    EXPECT_TRUE(says(MemoryLines::KnownRole) && !says(MemoryLines::MissingRole));
+}
+
 TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
     struct Case {
         EditorFace from, to;
