@@ -70,6 +70,10 @@ FocusScope {
         highlightMoveDuration: 0
         currentIndex: page.search.selection
         model: page.search.hits
+        // From key to key hits come and go: one that comes takes the row of one that went, much faster than a row
+        // is made.
+        reuseItems: true
+        cacheBuffer: 0
 
         T.ScrollBar.vertical: ScrollBar {}
 
@@ -89,6 +93,9 @@ FocusScope {
             chosen: hit.index === page.search.selection
             ringed: hit.chosen && list.activeFocus
             onOpened: page.root.openHit(hit.index)
+            // A row that waits for its next use is no row to a screen reader either.
+            ListView.onPooled: hit.visible = false
+            ListView.onReused: hit.visible = true
         }
     }
     Hairline {
