@@ -127,7 +127,7 @@ void MemoriesModel::serveAppeared() {
     for (const int index : appeared) {
         if (!m_lines.holds(index))
             continue;
-        ids.push_back(m_lines.row(index).memoryID());
+        ids.emplace_back(m_lines.row(index).memoryID());
         last = last || index + 1 == m_lines.rowCount();
     }
     if (m_showSubline)
@@ -151,7 +151,7 @@ void MemoriesModel::toggle(int index) {
     if (!m_lines.holds(index))
         return;
     const MemoryLine line = m_lines.row(index);
-    m_openID = line.open ? std::string() : line.memoryID();
+    m_openID = std::string(line.open ? std::string_view() : line.memoryID());
     rebuild();
     if (!m_openID.empty())
         m_requestDetails({m_openID});

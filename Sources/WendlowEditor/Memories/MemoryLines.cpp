@@ -55,8 +55,8 @@ void MemoryLine::unfold(const EditorMemoryHit& hit, const std::vector<std::strin
         facts += fmt::format(" · {} {}", key, value);
 }
 
-std::string MemoryLine::memoryID() const {
-    return id.substr(memoryPrefix.size());
+std::string_view MemoryLine::memoryID() const {
+    return std::string_view(id).substr(memoryPrefix.size());
 }
 
 void MemoryLines::fill(MemoryLine& line, const MemoryLine* before,
@@ -112,6 +112,12 @@ void MemoryLines::change(int index, MemoryLine line, const SearchPage::Details& 
     KeyedListModel::change(index, std::move(line));
 }
 
+/// Nothing is to be said of it that it does not show.
+bool MemoryLines::isUpToDate(const MemoryLine& line, const SearchPage::Details& details) {
+    return line.head || (!details.contains(line.memoryID()) && !line.missing &&
+                         line.stale == line.detail.has_value());
+}
+
 void MemoryLines::learn(const SearchPage::Details& details) {
     // Details go only all at once. Otherwise a long list would be looked through for each few.
     if (details.size() < m_known) {
@@ -121,6 +127,8 @@ void MemoryLines::learn(const SearchPage::Details& details) {
     }
     m_known = details.size();
     std::erase_if(m_unknown, [&](int at) {
+        if (isUpToDate(row(at), details))
+            return row(at).head;
         MemoryLine line = row(at);
         fill(line, &row(at), details);
         const bool isKnown = line.head || (line.detail && !line.stale);

@@ -36,7 +36,8 @@ struct MemoryLine {
     /// The keys of `keyOrder` that the memory has, then its others, with their values.
     static std::vector<std::pair<std::string, std::string>>
     orderedFilters(const EditorMemory& memory, const std::vector<std::string>& keyOrder);
-    std::string memoryID() const;
+    /// Valid as long as `id` is.
+    std::string_view memoryID() const;
 };
 
 /// The lines of a list of memories. What a line showed of its memory's why and body it keeps until
@@ -88,6 +89,7 @@ private:
     /// Gives a line its why and body: those that are known, else those of the line before it.
     static void fill(MemoryLine& line, const MemoryLine* before,
                      const SearchPage::Details& details);
+    static bool isUpToDate(const MemoryLine& line, const SearchPage::Details& details);
     void noteUnknown(int from);
     std::string subline(const MemoryLine& line) const;
 

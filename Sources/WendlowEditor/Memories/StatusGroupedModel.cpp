@@ -69,7 +69,7 @@ void StatusGroupedModel::toggle(int index) {
         return;
     const MemoryLine line = m_lines.row(index);
     if (!line.head) {
-        m_openID = line.open ? std::string() : line.memoryID();
+        m_openID = std::string(line.open ? std::string_view() : line.memoryID());
         if (!m_openID.empty())
             m_requestDetails({m_openID});
     } else if (line.id == archiveID) {
