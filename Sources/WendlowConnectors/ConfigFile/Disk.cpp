@@ -78,8 +78,11 @@ Result<std::size_t> fileSize(int descriptor) {
     return static_cast<std::size_t>(status.st_size);
 }
 
-/// Reads until `room` is full or the file ends; the number of bytes read.
-Result<std::size_t> fill(int descriptor, char* room, std::size_t size) {
+/// Reads until `room` is full or the file ends; the number of bytes read. Where the file is known
+/// to have ended at `end` a moment ago, a read of more that stops right there has met its end, and
+/// no other is made to be told so.
+Result<std::size_t> fill(int descriptor, char* room, std::size_t size,
+                         std::size_t end = std::string::npos) {
     std::size_t filled = 0;
     while (filled < size) {
         const auto count =
@@ -89,16 +92,20 @@ Result<std::size_t> fill(int descriptor, char* room, std::size_t size) {
         if (count == 0)
             break;
         filled += static_cast<std::size_t>(count);
+        if (filled == end)
+            break;
     }
     return filled;
 }
 
-/// Reads on behind what `bytes` hold, until they are `room` long or the file ends.
-Result<void> extend(int descriptor, std::string& bytes, std::size_t room) {
+/// Reads on behind what `bytes` hold, until they are `room` long or the file ends, which it did a
+/// moment ago at `end`.
+Result<void> extend(int descriptor, std::string& bytes, std::size_t room,
+                    std::size_t end = std::string::npos) {
     const std::size_t held = bytes.size();
     Result<std::size_t> count = 0;
     bytes.resize_and_overwrite(room, [&](char* data, std::size_t) {
-        count = fill(descriptor, data + held, room - held);
+        count = fill(descriptor, data + held, room - held, end - held);
         return held + count.value_or(0);
     });
     if (!count)
@@ -169,7 +176,7 @@ static Result<std::string> readAll(int file) {
     // the end without another round.
     std::string bytes;
     for (std::size_t room = *size + 1;; room = bytes.size() + pieceSize) {
-        if (const auto extended = extend(file, bytes, room); !extended)
+        if (const auto extended = extend(file, bytes, room, *size); !extended)
             return std::unexpected(extended.error());
         if (bytes.size() < room)
             return bytes;

@@ -163,19 +163,23 @@ TEST_F(TransactionFaults, KeepsWhatAnotherProgramWritesUntilTheCopyOrAfterTheRen
     const auto calls = sweep.run({}).calls;
     const auto path = (root / "written").string();
     const auto planned = std::ranges::find(calls, "open " + path);
-    const auto copied = std::find(planned + 1, calls.end(), "open " + path);
+    const auto opened = std::find(planned + 1, calls.end(), "open " + path);
+    const auto copied = std::find(opened, calls.end(), "read (open file)");
     const auto renamed = std::find(copied, calls.end(), "rename " + path);
     ASSERT_NE(renamed, calls.end());
-    sweep.forEachCall(
-        {.command = "printf theirs >" + path},
-        [&](const FaultyRun& run, const std::string&) {
-            EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::committed);
-            EXPECT_TRUE(get(path) == "theirs" || hasCopy({path, "theirs", {}}));
-        },
-        [&, index = std::ptrdiff_t{0}](const std::string&) mutable {
-            const auto at = calls.begin() + index++;
-            return at <= copied || at > renamed;
-        });
+    for (const auto& [command, theirs] : {std::pair("printf theirs >", "theirs"),
+                                          std::pair("printf theirs >>", "old writtentheirs")})
+        sweep.forEachCall(
+            {.command = command + path},
+            [&](const FaultyRun& run, const std::string& call) {
+                EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::committed);
+                const auto now = get(path).value();
+                EXPECT_TRUE(now.ends_with("theirs") || hasCopy({path, theirs, {}})) << call << now;
+            },
+            [&, index = std::ptrdiff_t{0}](const std::string&) mutable {
+                const auto at = calls.begin() + index++;
+                return at <= copied || at > renamed;
+            });
 }
 
 } // namespace
