@@ -7,17 +7,18 @@
 
 namespace wendlow {
 
-ToolFile ToolFile::read(const std::filesystem::path& configured) {
-    if (auto found = Disk::readWhereItLies(configured))
-        return {.path = std::move(found->path),
-                .label = configured.string(),
-                .bytes = std::move(found->bytes),
-                .failure = std::nullopt};
-    ToolFile file{.path = ConfigPath::canonical(configured),
-                  .label = configured.string(),
-                  .bytes = std::nullopt,
-                  .failure = std::nullopt};
-    if (auto bytes = Disk::read(file.path))
+ToolFile ToolFile::read(const std::filesystem::path& configured, Purpose purpose) {
+    ToolFile file{
+        .path = {}, .label = configured.string(), .bytes = std::nullopt, .failure = std::nullopt};
+    if (purpose == Purpose::plan) {
+        if (auto found = Disk::readWhereItLies(configured)) {
+            file.path = std::move(found->path);
+            file.bytes = std::move(found->bytes);
+            return file;
+        }
+        file.path = ConfigPath::canonical(configured);
+    }
+    if (auto bytes = Disk::read(purpose == Purpose::plan ? file.path : configured))
         file.bytes = *std::move(bytes);
     else
         file.failure = Disk::words(bytes.error());

@@ -21,7 +21,7 @@ ConnectorOutcome said(Result result, std::string subject, std::string text) {
 } // namespace
 
 ConnectorOutcome ClaudeChatRetirement::retire() const {
-    ToolFile file = ToolFile::read(paths.configFile);
+    ToolFile file = ToolFile::read(paths.configFile, ToolFile::Purpose::plan);
     if (!file.bytes)
         return said(Result::unchanged, file.label, "there is no file here");
     const auto document = ClaudeChatConfig::read(*file.bytes, profile);

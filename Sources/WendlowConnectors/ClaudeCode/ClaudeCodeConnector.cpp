@@ -14,8 +14,8 @@ namespace wendlow {
 /// Both files as they are.
 struct ClaudeCodeConnector::Look {
     explicit Look(const ClaudeCodeConnector& claude)
-        : settings(ToolFile::read(claude.m_paths.settingsFile)),
-          servers(ToolFile::read(claude.m_paths.mcpFile)),
+        : settings(ToolFile::read(claude.m_paths.settingsFile, ToolFile::Purpose::plan)),
+          servers(ToolFile::read(claude.m_paths.mcpFile, ToolFile::Purpose::plan)),
           settingsDocument(claude.m_hook.read(settingsBytes())),
           serversDocument(claude.m_mcp.read(serversBytes())) {}
     Look(const Look&) = delete; // the documents point into the files' bytes
@@ -49,8 +49,8 @@ bool ClaudeCodeConnector::toolIsHere() const {
 ScanReport ClaudeCodeConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.mcpFile);
-    const ToolFile settings = ToolFile::read(m_paths.settingsFile);
-    const ToolFile servers = ToolFile::read(m_paths.mcpFile);
+    const ToolFile settings = ToolFile::read(m_paths.settingsFile, ToolFile::Purpose::scan);
+    const ToolFile servers = ToolFile::read(m_paths.mcpFile, ToolFile::Purpose::scan);
     const std::array<BlockFinding, 2> findings{m_hook.find(settings.view()),
                                                m_mcp.find(servers.view())};
     Observations said = observations(findings[0], {.path = m_paths.settingsFile.string(),
@@ -118,7 +118,7 @@ ConnectorOutcome ClaudeCodeConnector::remove() const {
 }
 
 bool ClaudeCodeConnector::staleOwnWiring() const {
-    const ToolFile settings = ToolFile::read(m_paths.settingsFile);
+    const ToolFile settings = ToolFile::read(m_paths.settingsFile, ToolFile::Purpose::scan);
     if (!settings.bytes)
         return false;
     const auto document = JSONText::scanWithTrivia(*settings.bytes, JSONDialect::json);

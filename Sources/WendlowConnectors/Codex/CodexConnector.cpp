@@ -43,10 +43,11 @@ private:
 
 /// Both files as they are, and what of them is ours.
 struct CodexConnector::Look {
-    explicit Look(const CodexConnector& codex)
-        : hooks(ToolFile::read(codex.m_paths.hooksFile)),
-          config(ToolFile::read(codex.m_paths.configFile)),
-          receipt(ReceiptStore{codex.m_paths.receiptFile}.read()), trust(codex.m_paths),
+    Look(const CodexConnector& codex, ToolFile::Purpose purpose)
+        // Trust is recorded for where the hooks file really lies, so that a scan has to know, too.
+        : hooks(ToolFile::read(codex.m_paths.hooksFile, ToolFile::Purpose::plan)),
+          config(ToolFile::read(codex.m_paths.configFile, purpose)),
+          receipt(ReceiptStore{codex.m_paths.receiptFile}.read()), trust(codex.m_paths, hooks.path),
           hooksDocument(codex.m_hook.read(hooksBytes())),
           configDocument(TOMLText::scan(configBytes())) {
         if (hooksDocument)
@@ -87,7 +88,7 @@ bool CodexConnector::toolIsHere() const {
 ScanReport CodexConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.configFile);
-    const Look here(*this);
+    const Look here(*this, ToolFile::Purpose::scan);
     std::array<BlockFinding, 3> findings{m_hook.find(here.hooks.view())};
     auto& [hook, server, trust] = findings;
     CodexTrust::Judgement judgement;
@@ -123,7 +124,7 @@ ConnectorOutcome CodexConnector::install() const {
         return ConnectorVerb::refused(
             {{m_paths.configDirectory.string(),
               "there is no Codex configuration here, so nothing was written"}});
-    Look here(*this);
+    Look here(*this, ToolFile::Purpose::plan);
     if (auto refusal = readingRefusal(here))
         return *std::move(refusal);
     if (auto refusal = mcpRefusal(here, CodexMCP::Verb::install))
@@ -165,7 +166,7 @@ ConnectorOutcome CodexConnector::install() const {
 }
 
 ConnectorOutcome CodexConnector::remove() const {
-    Look here(*this);
+    Look here(*this, ToolFile::Purpose::plan);
     if (auto refusal = readingRefusal(here))
         return *std::move(refusal);
     if (auto refusal = mcpRefusal(here, CodexMCP::Verb::remove))
@@ -198,7 +199,7 @@ ConnectorOutcome CodexConnector::remove() const {
 }
 
 bool CodexConnector::staleOwnWiring() const {
-    const Look here(*this);
+    const Look here(*this, ToolFile::Purpose::scan);
     return HookLists::allRun(here.sites, m_paths.hookBinary) && Disk::exists(m_paths.hookBinary) &&
            scan().state == ConnectorState::drifted;
 }

@@ -1,7 +1,5 @@
 #include "Codex/CodexPaths.h"
 
-#include "ConfigFile/ConfigPath.h"
-
 namespace wendlow {
 
 CodexPaths CodexPaths::under(const Path& home, const Path& bundle) {
@@ -22,10 +20,6 @@ std::string CodexPaths::hookCommand() const {
 
 std::string CodexPaths::mcpCommand() const {
     return mcpBinary.string();
-}
-
-std::string CodexPaths::trustPath() const {
-    return ConfigPath::canonical(hooksFile).string();
 }
 
 CodexPaths::Path CodexPaths::sessionsDirectory() const {

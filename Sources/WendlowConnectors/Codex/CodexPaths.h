@@ -25,8 +25,6 @@ struct CodexPaths {
 
     std::string hookCommand() const;
     std::string mcpCommand() const;
-    /// The hooks file as trust records name it: where it really lies. Asks the disk.
-    std::string trustPath() const;
 
     Path sessionsDirectory() const; ///< dated folders of session files
     Path globalMemoryFile() const;

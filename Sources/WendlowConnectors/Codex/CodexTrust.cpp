@@ -45,8 +45,8 @@ std::optional<std::filesystem::path> scriptsDirectory(std::string_view command) 
 
 } // namespace
 
-CodexTrust::CodexTrust(CodexPaths paths)
-    : m_paths(std::move(paths)), m_hooksPath(m_paths.trustPath()) {}
+CodexTrust::CodexTrust(CodexPaths paths, const std::filesystem::path& hooksPath)
+    : m_paths(std::move(paths)), m_hooksPath(hooksPath.string()) {}
 
 CodexTrustSlot CodexTrust::slot(const HookSite& site) const {
     return CodexTrustSlot::at(m_hooksPath, site.group, site.entry);

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <expected>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <set>
@@ -21,8 +22,7 @@ namespace wendlow {
 
 /// The tables in Codex's configuration that hold the trusted hash for each position of a hook. A
 /// hook runs only where the hash of what stands at its position is recorded, so that every entry
-/// that moves leaves a hash behind for whatever stands there next. Pure, but that it asks the disk
-/// where the hooks file really lies.
+/// that moves leaves a hash behind for whatever stands there next.
 class CodexTrust {
 public:
     using Hashes = std::set<std::string, std::less<>>;
@@ -37,8 +37,8 @@ public:
         bool operator==(const Judgement&) const = default;
     };
 
-    /// Looks where the hooks file lies now; one for each verb.
-    explicit CodexTrust(CodexPaths paths);
+    /// `hooksPath` is where the hooks file really lies: trust records name it so.
+    CodexTrust(CodexPaths paths, const std::filesystem::path& hooksPath);
 
     /// Where the trust of an entry on a prompt is recorded.
     CodexTrustSlot slot(const HookSite& site) const;
@@ -75,7 +75,7 @@ public:
 
 private:
     CodexPaths m_paths;
-    std::string m_hooksPath; ///< where the hooks file really lies
+    std::string m_hooksPath;
 };
 
 } // namespace wendlow

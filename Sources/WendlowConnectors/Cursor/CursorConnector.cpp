@@ -42,8 +42,8 @@ Observations replacedObservations(const std::string& file,
 /// Both files as they are.
 struct CursorConnector::Look {
     explicit Look(const CursorConnector& cursor)
-        : hooks(ToolFile::read(cursor.m_paths.hooksFile)),
-          servers(ToolFile::read(cursor.m_paths.mcpFile)),
+        : hooks(ToolFile::read(cursor.m_paths.hooksFile, ToolFile::Purpose::plan)),
+          servers(ToolFile::read(cursor.m_paths.mcpFile, ToolFile::Purpose::plan)),
           hooksDocument(cursor.m_hook.read(hooksBytes())),
           serversDocument(cursor.m_mcp.read(serversBytes())) {}
     Look(const Look&) = delete; // the documents point into the files' bytes
@@ -76,8 +76,8 @@ bool CursorConnector::toolIsHere() const {
 ScanReport CursorConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(identity(), m_paths.configDirectory);
-    const ToolFile hooks = ToolFile::read(m_paths.hooksFile);
-    const ToolFile servers = ToolFile::read(m_paths.mcpFile);
+    const ToolFile hooks = ToolFile::read(m_paths.hooksFile, ToolFile::Purpose::scan);
+    const ToolFile servers = ToolFile::read(m_paths.mcpFile, ToolFile::Purpose::scan);
     const std::array<BlockFinding, 2> findings{m_hook.find(hooks.view()),
                                                m_mcp.find(servers.view())};
     Observations said = observations(findings[0], {.path = m_paths.hooksFile.string(),
@@ -115,7 +115,7 @@ Observations CursorConnector::versionObservations() const {
 }
 
 Observations CursorConnector::doubleFireObservations() const {
-    const ToolFile settings = ToolFile::read(m_paths.claudeSettingsFile);
+    const ToolFile settings = ToolFile::read(m_paths.claudeSettingsFile, ToolFile::Purpose::scan);
     const auto mapped = CursorThirdParty::mappedWendlowEntry(settings.view(), m_paths.hookCommand(),
                                                              m_paths.claudeHookCommand());
     if (!mapped)
@@ -196,7 +196,8 @@ ConnectorOutcome CursorConnector::remove() const {
 }
 
 bool CursorConnector::staleOwnWiring() const {
-    return HookLists::allRun(sitesIn(ToolFile::read(m_paths.hooksFile)), m_paths.hookBinary) &&
+    return HookLists::allRun(sitesIn(ToolFile::read(m_paths.hooksFile, ToolFile::Purpose::scan)),
+                             m_paths.hookBinary) &&
            Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
 }
 

@@ -86,8 +86,9 @@ Observations removeFolder(const std::filesystem::path& folder,
 
 /// Both files as they are, and what of them is ours.
 struct OpenCodeConnector::Look {
-    explicit Look(const OpenCodePaths& paths)
-        : config(ToolFile::read(paths.configFile)), plugin(ToolFile::read(paths.pluginFile)),
+    Look(const OpenCodePaths& paths, ToolFile::Purpose purpose)
+        : config(ToolFile::read(paths.configFile, purpose)),
+          plugin(ToolFile::read(paths.pluginFile, purpose)),
           receipt(ReceiptStore{paths.receiptFile}.read()),
           document(OpenCodeMCP::read(configBytes())) {
         if (plugin.bytes)
@@ -137,7 +138,7 @@ bool OpenCodeConnector::toolIsHere() const {
 ScanReport OpenCodeConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(shownIdentity(), m_paths.configDirectory);
-    const Look here(m_paths);
+    const Look here(m_paths, ToolFile::Purpose::scan);
     const std::array findings{m_mcp.find(here.config.view(), here.receipt.created),
                               pluginFinding(here)};
     Observations said = observations(findings[0], {.path = m_paths.configFile.string(),
@@ -162,7 +163,7 @@ ConnectorOutcome OpenCodeConnector::install() const {
         return ConnectorVerb::refused(
             {{m_paths.configDirectory.string(),
               "there is no OpenCode configuration here, so nothing was written"}});
-    Look here(m_paths);
+    Look here(m_paths, ToolFile::Purpose::plan);
     if (auto refusal = configRefusal(here))
         return *std::move(refusal);
     if (auto refusal = here.plugin.refusal(std::nullopt))
@@ -207,7 +208,7 @@ ConnectorOutcome OpenCodeConnector::install() const {
 }
 
 ConnectorOutcome OpenCodeConnector::remove() const {
-    Look here(m_paths);
+    Look here(m_paths, ToolFile::Purpose::plan);
     if (auto refusal = configRefusal(here)) {
         if (here.hasOurPlugin())
             refusal->observations.push_back(
@@ -255,7 +256,7 @@ ConnectorOutcome OpenCodeConnector::remove() const {
 bool OpenCodeConnector::staleOwnWiring() const {
     if (isOldStore(m_paths.sessionDatabase()))
         return false;
-    const Look here(m_paths);
+    const Look here(m_paths, ToolFile::Purpose::scan);
     const bool pluginIsStale = here.hasOurPlugin() &&
                                pluginFinding(here).is<BlockFinding::Drifted>() &&
                                OpenCodePlugin::runs(*here.plugin.bytes, m_paths.hookBinary);

@@ -99,7 +99,7 @@ enabled = false
 
 TEST(CodexTrust, saysThatAnotherHashIsRecorded) {
     const CodexHome home;
-    const CodexTrust trust(home.paths());
+    const CodexTrust trust(home.paths(), home.hooksFile());
     CodexHookSite site;
     site.command = "/x";
     site.timeout = 9;
@@ -117,7 +117,7 @@ TEST(CodexTrust, saysThatAnotherHashIsRecorded) {
 
 TEST(CodexTrust, judgesSlotsSoThatNobodyElsesTrustIsLost) {
     const CodexHome home;
-    const CodexTrust trust(home.paths());
+    const CodexTrust trust(home.paths(), home.hooksFile());
     // Group 0 is empty, group 1 is live; k is one of our hashes, u is anybody's.
     const std::string config = home.filled(R"(
 [hooks.state."@slot:0:0"]
