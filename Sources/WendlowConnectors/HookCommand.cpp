@@ -31,9 +31,15 @@ std::vector<std::string> spellings(std::string_view command) {
     return known;
 }
 
+bool isSpelling(std::string_view command, std::string_view current) {
+    // They are all of one length, which tells most commands apart from the current one.
+    return command == current || (command.size() == current.size() &&
+                                  std::ranges::count(spellings(current), command) > 0);
+}
+
 std::optional<HookOwnership> tier(std::string_view command, std::span<const std::string> currents) {
     for (const std::string& current : currents)
-        if (command == current || std::ranges::count(spellings(current), command) > 0)
+        if (isSpelling(command, current))
             return HookOwnership::current;
     if (isLegacyScript(command))
         return HookOwnership::stale;

@@ -23,6 +23,8 @@ namespace HookCommand {
 
 /// `command` in every accepted spelling: each flag with a space or with `=`, the given one first.
 std::vector<std::string> spellings(std::string_view command);
+/// Whether `command` is one of the spellings of `current`.
+bool isSpelling(std::string_view command, std::string_view current);
 /// Whose `command` is. `currents` are the exact commands this build writes for the file; a stale
 /// command has the harness of the first of them that has one.
 std::optional<HookOwnership> tier(std::string_view command, std::span<const std::string> currents);

@@ -3,9 +3,7 @@
 #include "ConfigFile/JSONLiteral.h"
 
 #include <array>
-#include <map>
 
-#include <fmt/ranges.h>
 #include <sodium.h>
 
 namespace wendlow {
@@ -28,23 +26,17 @@ CodexHookIdentity::legacyIdentities(const std::filesystem::path& scriptsDirector
 
 std::string CodexHookIdentity::canonicalJSON() const {
     const auto quote = JSONLiteral::quote;
-    std::map<std::string_view, std::string> fields{
-        {"async", isAsync ? "true" : "false"},
-        {"command", quote(command)},
-        {"timeout", std::to_string(timeout)},
-        {"type", quote("command")},
-    };
+    std::string text = R"({"event_name":"user_prompt_submit","hooks":[{)";
     if (additionalContextLimit)
-        fields["additionalContextLimit"] = std::to_string(*additionalContextLimit);
+        text += R"("additionalContextLimit":)" + std::to_string(*additionalContextLimit) + ',';
+    text += isAsync ? R"("async":true)" : R"("async":false)";
+    text += R"(,"command":)" + quote(command);
     if (statusMessage)
-        fields["statusMessage"] = quote(*statusMessage);
-
-    std::vector<std::string> pairs;
-    pairs.reserve(fields.size());
-    for (const auto& [key, value] : fields)
-        pairs.push_back(quote(key) + ":" + value);
-    return fmt::format(R"({{"event_name":{},"hooks":[{{{}}}]{}}})", quote("user_prompt_submit"),
-                       fmt::join(pairs, ","), matcher ? R"(,"matcher":)" + quote(*matcher) : "");
+        text += R"(,"statusMessage":)" + quote(*statusMessage);
+    text += R"(,"timeout":)" + std::to_string(timeout) + R"(,"type":"command"}])";
+    if (matcher)
+        text += R"(,"matcher":)" + quote(*matcher);
+    return text + '}';
 }
 
 std::string CodexHookIdentity::trustedHash() const {
@@ -52,7 +44,9 @@ std::string CodexHookIdentity::trustedHash() const {
     std::array<unsigned char, crypto_hash_sha256_BYTES> hash{};
     crypto_hash_sha256(hash.data(), reinterpret_cast<const unsigned char*>(text.data()),
                        text.size());
-    return fmt::format("sha256:{:02x}", fmt::join(hash, ""));
+    std::array<char, 2 * crypto_hash_sha256_BYTES + 1> digits{};
+    return std::string("sha256:") +
+           sodium_bin2hex(digits.data(), digits.size(), hash.data(), hash.size());
 }
 
 } // namespace wendlow

@@ -119,7 +119,7 @@ CodexTrust::Hashes CodexTrust::knownHashes(const CodexHookIdentity& currentIdent
                                            const std::vector<CodexHookSite>& sites) {
     Hashes known{currentIdentity.trustedHash()};
     for (const CodexHookSite& site : sites) {
-        if (const auto identity = site.identity())
+        if (const auto identity = site.identity(); identity && *identity != currentIdentity)
             known.insert(identity->trustedHash());
         if (const auto directory = scriptsDirectory(site.command))
             for (const CodexHookIdentity& legacy :

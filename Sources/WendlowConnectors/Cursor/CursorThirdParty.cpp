@@ -3,8 +3,6 @@
 #include "HookCommand.h"
 #include "JSONBlock.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
 
 namespace wendlow::CursorThirdParty {
@@ -12,7 +10,7 @@ namespace wendlow::CursorThirdParty {
 namespace {
 
 bool isOrWas(std::string_view command, std::string_view current) {
-    return std::ranges::count(HookCommand::spellings(current), command) > 0 ||
+    return HookCommand::isSpelling(command, current) ||
            HookCommand::isLegacyBundle(command, current);
 }
 
