@@ -17,6 +17,19 @@ ConnectorState state(std::span<const BlockFinding> findings) {
     return std::ranges::any_of(findings, ours) ? ConnectorState::drifted : ConnectorState::found;
 }
 
+ScanReport report(ConnectorIdentity identity, const std::vector<BlockReport>& blocks,
+                  Observations more) {
+    std::vector<BlockFinding> findings;
+    Observations said;
+    for (const auto& [finding, subject] : blocks) {
+        findings.push_back(finding);
+        append(said, observations(finding, subject));
+    }
+    append(said, std::move(more));
+    return {
+        .identity = std::move(identity), .state = state(findings), .observations = folded(said)};
+}
+
 ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory) {
     return {.identity = std::move(identity),
             .state = ConnectorState::notFound,

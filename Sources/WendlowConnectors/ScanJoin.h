@@ -3,7 +3,9 @@
 #include "BlockFinding.h"
 #include "ConnectorTypes.h"
 
+#include <filesystem>
 #include <span>
+#include <vector>
 
 namespace wendlow::ScanJoin {
 
@@ -11,6 +13,15 @@ namespace wendlow::ScanJoin {
 /// any entry of ours is there, otherwise `found`. Never `notFound`, which is about the tool and not
 /// about its blocks.
 ConnectorState state(std::span<const BlockFinding> findings);
+
+/// What one block found, and of what.
+struct BlockReport {
+    BlockFinding finding;
+    BlockSubject subject;
+};
+/// The report on a tool that is here: the words of its blocks in this order, then `more`.
+ScanReport report(ConnectorIdentity identity, const std::vector<BlockReport>& blocks,
+                  Observations more = {});
 
 /// The report on a tool that is not on this machine: it has no folder, or neither that nor its main
 /// file.

@@ -2,32 +2,27 @@
 
 #include "ConfigFile/Disk.h"
 #include "HookCommand.h"
+#include "JSONFile.h"
 #include "ScanJoin.h"
 
-#include <algorithm>
-#include <array>
 #include <tuple>
 #include <utility>
 
 namespace wendlow {
 
-/// Both files as they are.
+/// Both files as they are, for a plan.
 struct ClaudeCodeConnector::Look {
     explicit Look(const ClaudeCodeConnector& claude)
-        : settings(ToolFile::read(claude.m_paths.settingsFile, ToolFile::Purpose::plan)),
-          servers(ToolFile::read(claude.m_paths.mcpFile, ToolFile::Purpose::plan)),
-          settingsDocument(claude.m_hook.read(settingsBytes())),
-          serversDocument(claude.m_mcp.read(serversBytes())) {}
-    Look(const Look&) = delete; // the documents point into the files' bytes
-    Look& operator=(const Look&) = delete;
+        : settings(claude.m_paths.settingsFile, ToolFile::Purpose::plan, claude.m_hook),
+          servers(claude.m_paths.mcpFile, ToolFile::Purpose::plan, claude.m_mcp) {}
 
-    std::string_view settingsBytes() const { return settings.bytesOr(JSONBlock::seed); }
-    std::string_view serversBytes() const { return servers.bytesOr(JSONBlock::seed); }
+    /// Why no verb may plan for them, in their order.
+    std::optional<ConnectorOutcome> refusal() const {
+        return ConnectorVerb::readingRefusal({settings.refusal(), servers.refusal()});
+    }
 
-    ToolFile settings;
-    ToolFile servers;
-    ClaudeCodeHook::Readable settingsDocument;
-    ClaudeCodeMCP::Readable serversDocument;
+    JSONFile settings;
+    JSONFile servers;
 };
 
 ClaudeCodeConnector::ClaudeCodeConnector(ClaudeCodePaths paths,
@@ -51,17 +46,14 @@ ScanReport ClaudeCodeConnector::scan() const {
         return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.mcpFile);
     const ToolFile settings = ToolFile::read(m_paths.settingsFile, ToolFile::Purpose::scan);
     const ToolFile servers = ToolFile::read(m_paths.mcpFile, ToolFile::Purpose::scan);
-    const std::array<BlockFinding, 2> findings{m_hook.find(settings.view()),
-                                               m_mcp.find(servers.view())};
-    Observations said = observations(findings[0], {.path = m_paths.settingsFile.string(),
-                                                   .what = "hook entry",
-                                                   .command = m_paths.hookCommand()});
-    std::ranges::move(observations(findings[1], {.path = m_paths.mcpFile.string(),
-                                                 .what = "MCP server entry",
-                                                 .command = m_paths.mcpCommand()}),
-                      std::back_inserter(said));
-    return {
-        .identity = identity(), .state = ScanJoin::state(findings), .observations = folded(said)};
+    return ScanJoin::report(identity(), {{.finding = m_hook.find(settings.view()),
+                                          .subject = {.path = settings.label,
+                                                      .what = "hook entry",
+                                                      .command = m_paths.hookCommand()}},
+                                         {.finding = m_mcp.find(servers.view()),
+                                          .subject = {.path = servers.label,
+                                                      .what = "MCP server entry",
+                                                      .command = m_paths.mcpCommand()}}});
 }
 
 ConnectorOutcome ClaudeCodeConnector::install() const {
@@ -70,48 +62,52 @@ ConnectorOutcome ClaudeCodeConnector::install() const {
             {{m_paths.configDirectory.string(),
               "there is no Claude Code configuration here, so nothing was written"}});
     Look here(*this);
-    if (auto refusal = readingRefusal(here))
+    if (auto refusal = here.refusal())
         return *std::move(refusal);
     if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
         return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
     // That it cannot be made is found again by the commit, which says so in words.
     std::ignore = Disk::createDirectories(m_paths.configDirectory, 0700);
 
-    auto hooks = m_hook.installed(here.settingsBytes(), *here.settingsDocument);
+    auto hooks = m_hook.installed(here.settings.bytes(), *here.settings.document);
     if (!hooks)
-        return ConnectorVerb::refused(PlanFailure{here.settings.label, description(hooks.error())});
-    auto server = m_mcp.installed(here.serversBytes(), *here.serversDocument);
+        return ConnectorVerb::refused(
+            PlanFailure{here.settings.file.label, description(hooks.error())});
+    auto server = m_mcp.installed(here.servers.bytes(), *here.servers.document);
     if (!server)
-        return ConnectorVerb::refused(PlanFailure{here.servers.label, description(server.error())});
+        return ConnectorVerb::refused(
+            PlanFailure{here.servers.file.label, description(server.error())});
 
     // Nothing looks at the documents from here on: the bytes they point into are moved.
     ConnectorVerb::Installation installation;
-    installation.add(std::move(here.settings), *std::move(hooks), Created::settingsFile);
-    installation.add(std::move(here.servers), *std::move(server), Created::mcpFile);
+    installation.add(std::move(here.settings.file), *std::move(hooks), Created::settingsFile);
+    installation.add(std::move(here.servers.file), *std::move(server), Created::mcpFile);
     return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
                                   m_surroundings);
 }
 
 ConnectorOutcome ClaudeCodeConnector::remove() const {
     Look here(*this);
-    if (auto refusal = readingRefusal(here))
+    if (auto refusal = here.refusal())
         return *std::move(refusal);
     const ReceiptStore receipts{m_paths.receiptFile};
     const std::set<Created> created = receipts.read().created;
-    auto hooks = m_hook.removed(here.settingsBytes(), *here.settingsDocument, created);
+    auto hooks = m_hook.removed(here.settings.bytes(), *here.settings.document, created);
     if (!hooks)
-        return ConnectorVerb::refused(PlanFailure{here.settings.label, description(hooks.error())});
-    auto server = m_mcp.removed(here.serversBytes(), *here.serversDocument, created);
+        return ConnectorVerb::refused(
+            PlanFailure{here.settings.file.label, description(hooks.error())});
+    auto server = m_mcp.removed(here.servers.bytes(), *here.servers.document, created);
     if (!server)
-        return ConnectorVerb::refused(PlanFailure{here.servers.label, description(server.error())});
+        return ConnectorVerb::refused(
+            PlanFailure{here.servers.file.label, description(server.error())});
 
     // Nothing looks at the documents from here on: the bytes they point into are moved.
     std::vector<PlannedFile> files;
     Observations notes;
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.settings), *std::move(hooks),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.settings.file), *std::move(hooks),
                                                created.contains(Created::settingsFile),
                                                JSONBlock::isEmptyObject, notes));
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers), *std::move(server),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers.file), *std::move(server),
                                                created.contains(Created::mcpFile),
                                                JSONBlock::isEmptyObject, notes));
     return ConnectorVerb::remove(std::move(files), std::move(notes), receipts, m_surroundings);
@@ -126,13 +122,6 @@ bool ClaudeCodeConnector::staleOwnWiring() const {
         return false;
     return HookLists::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
            Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
-}
-
-/// Why no verb may plan for these files, in their order.
-std::optional<ConnectorOutcome> ClaudeCodeConnector::readingRefusal(const Look& here) {
-    return ConnectorVerb::readingRefusal(
-        {here.settings.refusal(JSONBlock::reason(here.settingsDocument)),
-         here.servers.refusal(JSONBlock::reason(here.serversDocument))});
 }
 
 } // namespace wendlow

@@ -35,7 +35,6 @@ private:
     struct Look;
 
     bool toolIsHere() const;
-    static std::optional<ConnectorOutcome> readingRefusal(const Look& here);
 
     ClaudeCodePaths m_paths;
     ConnectorVerb::Surroundings m_surroundings;

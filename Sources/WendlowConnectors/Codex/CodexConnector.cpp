@@ -2,6 +2,7 @@
 
 #include "ConfigFile/Disk.h"
 #include "HookCommand.h"
+#include "JSONFile.h"
 #include "ScanJoin.h"
 
 #include <algorithm>
@@ -45,26 +46,21 @@ private:
 struct CodexConnector::Look {
     Look(const CodexConnector& codex, ToolFile::Purpose purpose)
         // Trust is recorded for where the hooks file really lies, so that a scan has to know, too.
-        : hooks(ToolFile::read(codex.m_paths.hooksFile, ToolFile::Purpose::plan)),
+        : hooks(codex.m_paths.hooksFile, ToolFile::Purpose::plan, codex.m_hook),
           config(ToolFile::read(codex.m_paths.configFile, purpose)),
-          receipt(ReceiptStore{codex.m_paths.receiptFile}.read()), trust(codex.m_paths, hooks.path),
-          hooksDocument(codex.m_hook.read(hooksBytes())),
-          configDocument(TOMLText::scan(configBytes())) {
-        if (hooksDocument)
-            sites = codex.m_hook.sites(hooksDocument->root(), hooksBytes());
+          receipt(ReceiptStore{codex.m_paths.receiptFile}.read()),
+          trust(codex.m_paths, hooks.file.path), configDocument(TOMLText::scan(configBytes())) {
+        if (hooks.document)
+            sites = codex.m_hook.sites(hooks.document->root(), hooks.bytes());
     }
-    Look(const Look&) = delete; // the documents point into the files' bytes
-    Look& operator=(const Look&) = delete;
 
-    std::string_view hooksBytes() const { return hooks.bytesOr(JSONBlock::seed); }
     std::string_view configBytes() const { return config.bytesOr(""); }
     const CodexHookSite* site() const { return CodexHook::onPrompt(sites); }
 
-    ToolFile hooks;
+    JSONFile hooks;
     ToolFile config;
     ConnectorReceipt receipt;
     CodexTrust trust;
-    CodexHook::Readable hooksDocument;
     std::expected<TOMLDocument, TOMLTextError> configDocument;
     std::vector<CodexHookSite> sites; ///< none where the hooks file does not read
 };
@@ -89,7 +85,7 @@ ScanReport CodexConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.configFile);
     const Look here(*this, ToolFile::Purpose::scan);
-    std::array<BlockFinding, 3> findings{m_hook.find(here.hooks.view())};
+    std::array<BlockFinding, 3> findings{m_hook.find(here.hooks.file.view())};
     auto& [hook, server, trust] = findings;
     CodexTrust::Judgement judgement;
     if (auto reason = configUnreadableReason(here, {})) {
@@ -99,9 +95,9 @@ ScanReport CodexConnector::scan() const {
         server = m_mcp.find(config, here.receipt.created);
         trust = here.trust.find(config, here.site());
     }
-    if (here.hooksDocument && here.configDocument)
+    if (here.hooks.document && here.configDocument)
         judgement =
-            configPlan(here, here.hooksDocument->root(), {})
+            configPlan(here, here.hooks.document->root(), {})
                 .judge(*here.configDocument, here.site() != nullptr
                                                  ? std::optional(here.trust.slot(*here.site()).key)
                                                  : std::nullopt);
@@ -132,16 +128,16 @@ ConnectorOutcome CodexConnector::install() const {
     if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
         return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
 
-    auto hooks = m_hook.installed(here.hooksBytes(), *here.hooksDocument);
+    auto hooks = m_hook.installed(here.hooks.bytes(), *here.hooks.document);
     if (!hooks)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
+            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
     // Where the entry lands is known only now, and so is which table has to be fit for its trust.
     const CodexTrustSlot landing = here.trust.slot(hooks->site);
     if (auto refusal = readingRefusal(here, landing))
         return *std::move(refusal);
-    const PlannedHooks planned(*here.hooksDocument, hooks->bytes);
-    const auto moved = m_hook.movedForeignEntries(here.hooksDocument->root(), planned.root());
+    const PlannedHooks planned(*here.hooks.document, hooks->bytes);
+    const auto moved = m_hook.movedForeignEntries(here.hooks.document->root(), planned.root());
     auto config = configPlan(here, planned.root(), {hooks->site})
                       .installed(here.configBytes(), *here.configDocument, landing.key,
                                  hooks->site.identity()->trustedHash());
@@ -159,7 +155,7 @@ ConnectorOutcome CodexConnector::install() const {
     if (config->isSwitchedOff)
         installation.notes.push_back({here.config.label, here.trust.switchedOffText()});
     // Nothing looks at the documents from here on: the bytes they point into are moved.
-    installation.add(std::move(here.hooks), *std::move(hooks), Created::codexHooksFile);
+    installation.add(std::move(here.hooks.file), *std::move(hooks), Created::codexHooksFile);
     installation.add(std::move(here.config), *std::move(config), Created::codexConfigFile);
     return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
                                   m_surroundings);
@@ -172,12 +168,12 @@ ConnectorOutcome CodexConnector::remove() const {
     if (auto refusal = mcpRefusal(here, CodexMCP::Verb::remove))
         return *std::move(refusal);
     const std::set<Created>& created = here.receipt.created;
-    auto hooks = m_hook.removed(here.hooksBytes(), *here.hooksDocument, created);
+    auto hooks = m_hook.removed(here.hooks.bytes(), *here.hooks.document, created);
     if (!hooks)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
-    const PlannedHooks planned(*here.hooksDocument, hooks->bytes);
-    const auto moved = m_hook.movedForeignEntries(here.hooksDocument->root(), planned.root());
+            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
+    const PlannedHooks planned(*here.hooks.document, hooks->bytes);
+    const auto moved = m_hook.movedForeignEntries(here.hooks.document->root(), planned.root());
     auto config = configPlan(here, planned.root(), {})
                       .removed(here.configBytes(), *here.configDocument, created);
     if (!config)
@@ -187,7 +183,7 @@ ConnectorOutcome CodexConnector::remove() const {
     std::vector<PlannedFile> files;
     Observations notes;
     const Observations slots = slotObservations(config->judgement.report, moved.size());
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.hooks), *std::move(hooks),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.hooks.file), *std::move(hooks),
                                                created.contains(Created::codexHooksFile),
                                                JSONBlock::isEmptyObject, notes));
     files.push_back(ConnectorVerb::planRemoval(std::move(here.config), *std::move(config),
@@ -227,7 +223,7 @@ std::optional<std::string> CodexConnector::configUnreadableReason(const Look& he
 /// Why no verb may plan for these files.
 CodexConnector::Refusal CodexConnector::readingRefusal(const Look& here,
                                                        const Slot& landing) const {
-    auto refusal = here.hooks.refusal(JSONBlock::reason(here.hooksDocument));
+    auto refusal = here.hooks.refusal();
     if (!refusal)
         refusal = here.config.refusal(configUnreadableReason(here, landing), "TOML");
     return refusal ? Refusal(ConnectorVerb::refused({*std::move(refusal)})) : std::nullopt;

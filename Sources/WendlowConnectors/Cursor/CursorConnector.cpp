@@ -5,11 +5,9 @@
 #include "Cursor/CursorVersion.h"
 #include "HookCommand.h"
 #include "HookLists.h"
+#include "JSONFile.h"
 #include "ScanJoin.h"
 
-#include <algorithm>
-#include <array>
-#include <iterator>
 #include <utility>
 
 #include <fmt/format.h>
@@ -39,23 +37,19 @@ Observations replacedObservations(const std::string& file,
 
 } // namespace
 
-/// Both files as they are.
+/// Both files as they are, for a plan.
 struct CursorConnector::Look {
     explicit Look(const CursorConnector& cursor)
-        : hooks(ToolFile::read(cursor.m_paths.hooksFile, ToolFile::Purpose::plan)),
-          servers(ToolFile::read(cursor.m_paths.mcpFile, ToolFile::Purpose::plan)),
-          hooksDocument(cursor.m_hook.read(hooksBytes())),
-          serversDocument(cursor.m_mcp.read(serversBytes())) {}
-    Look(const Look&) = delete; // the documents point into the files' bytes
-    Look& operator=(const Look&) = delete;
+        : hooks(cursor.m_paths.hooksFile, ToolFile::Purpose::plan, cursor.m_hook, CursorHook::seed),
+          servers(cursor.m_paths.mcpFile, ToolFile::Purpose::plan, cursor.m_mcp) {}
 
-    std::string_view hooksBytes() const { return hooks.bytesOr(CursorHook::seed); }
-    std::string_view serversBytes() const { return servers.bytesOr(JSONBlock::seed); }
+    /// Why no verb may plan for them, in their order.
+    std::optional<ConnectorOutcome> refusal() const {
+        return ConnectorVerb::readingRefusal({hooks.refusal(), servers.refusal()});
+    }
 
-    ToolFile hooks;
-    ToolFile servers;
-    CursorHook::Readable hooksDocument;
-    CursorMCP::Readable serversDocument;
+    JSONFile hooks;
+    JSONFile servers;
 };
 
 CursorConnector::CursorConnector(CursorPaths paths, ConnectorVerb::Surroundings surroundings)
@@ -78,21 +72,20 @@ ScanReport CursorConnector::scan() const {
         return ScanJoin::notFound(identity(), m_paths.configDirectory);
     const ToolFile hooks = ToolFile::read(m_paths.hooksFile, ToolFile::Purpose::scan);
     const ToolFile servers = ToolFile::read(m_paths.mcpFile, ToolFile::Purpose::scan);
-    const std::array<BlockFinding, 2> findings{m_hook.find(hooks.view()),
-                                               m_mcp.find(servers.view())};
-    Observations said = observations(findings[0], {.path = m_paths.hooksFile.string(),
-                                                   .what = "hook entry",
-                                                   .command = m_paths.hookCommand()});
-    std::ranges::move(observations(findings[1], {.path = m_paths.mcpFile.string(),
-                                                 .what = "MCP server entry",
-                                                 .command = m_paths.mcpCommand()}),
-                      std::back_inserter(said));
+    Observations more;
     if (!sitesIn(hooks).empty()) {
-        std::ranges::move(versionObservations(), std::back_inserter(said));
-        std::ranges::move(doubleFireObservations(), std::back_inserter(said));
+        append(more, versionObservations());
+        append(more, doubleFireObservations());
     }
-    return {
-        .identity = identity(), .state = ScanJoin::state(findings), .observations = folded(said)};
+    return ScanJoin::report(
+        identity(),
+        {{.finding = m_hook.find(hooks.view()),
+          .subject = {.path = hooks.label, .what = "hook entry", .command = m_paths.hookCommand()}},
+         {.finding = m_mcp.find(servers.view()),
+          .subject = {.path = servers.label,
+                      .what = "MCP server entry",
+                      .command = m_paths.mcpCommand()}}},
+        std::move(more));
 }
 
 /// Also of a file that no verb would plan for: what is in it runs nevertheless.
@@ -129,67 +122,67 @@ ConnectorOutcome CursorConnector::install() const {
             {{m_paths.configDirectory.string(),
               "there is no Cursor configuration here, so nothing was written"}});
     Look here(*this);
-    if (auto refusal = readingRefusal(here))
+    if (auto refusal = here.refusal())
         return *std::move(refusal);
     const CursorHooksVersion version =
-        m_hook.version(here.hooksDocument->root(), here.hooksBytes());
+        m_hook.version(here.hooks.document->root(), here.hooks.bytes());
     if (const std::string* foreign = version.foreign())
         return ConnectorVerb::refused(
-            {{here.hooks.label, CursorHookError{*foreign}.description() + ", so nothing was "
-                                                                          "written"}});
+            {{here.hooks.file.label, CursorHookError{*foreign}.description() + ", so nothing was "
+                                                                               "written"}});
     if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
         return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
 
-    auto hooks = m_hook.installed(here.hooksBytes(), *here.hooksDocument);
+    auto hooks = m_hook.installed(here.hooks.bytes(), *here.hooks.document);
     if (!hooks)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
-    auto server = m_mcp.installed(here.serversBytes(), *here.serversDocument);
+            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
+    auto server = m_mcp.installed(here.servers.bytes(), *here.servers.document);
     if (!server)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.servers, description(server.error())));
+            ConnectorVerb::nothingWritten(here.servers.file, description(server.error())));
 
     ConnectorVerb::Installation installation;
     installation.order = ConnectorVerb::FileOrder::asPlanned;
     installation.appVersion = CursorVersion::read(m_paths.cursorApp);
-    installation.planNotes = replacedObservations(here.hooks.label, hooks->replaced);
+    installation.planNotes = replacedObservations(here.hooks.file.label, hooks->replaced);
     // Nothing looks at the documents from here on: the bytes they point into are moved.
-    installation.add(std::move(here.hooks), *std::move(hooks), Created::cursorHooksFile);
-    installation.add(std::move(here.servers), *std::move(server), Created::cursorMCPFile);
+    installation.add(std::move(here.hooks.file), *std::move(hooks), Created::cursorHooksFile);
+    installation.add(std::move(here.servers.file), *std::move(server), Created::cursorMCPFile);
     return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
                                   m_surroundings);
 }
 
 ConnectorOutcome CursorConnector::remove() const {
     Look here(*this);
-    if (auto refusal = readingRefusal(here))
+    if (auto refusal = here.refusal())
         return *std::move(refusal);
     const ReceiptStore receipts{m_paths.receiptFile};
     const std::set<Created> created = receipts.read().created;
     Observations notes;
     // Adding to a version that nobody has read is a guess; taking out is not.
     const CursorHooksVersion version =
-        m_hook.version(here.hooksDocument->root(), here.hooksBytes());
+        m_hook.version(here.hooks.document->root(), here.hooks.bytes());
     if (const std::string* foreign = version.foreign())
-        notes.push_back({here.hooks.label,
+        notes.push_back({here.hooks.file.label,
                          fmt::format("this file states hooks configuration version {}, and only "
                                      "the Wendlow entry was taken out of it",
                                      *foreign)});
-    auto hooks = m_hook.removed(here.hooksBytes(), *here.hooksDocument, created);
+    auto hooks = m_hook.removed(here.hooks.bytes(), *here.hooks.document, created);
     if (!hooks)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks, description(hooks.error())));
-    auto server = m_mcp.removed(here.serversBytes(), *here.serversDocument, created);
+            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
+    auto server = m_mcp.removed(here.servers.bytes(), *here.servers.document, created);
     if (!server)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.servers, description(server.error())));
+            ConnectorVerb::nothingWritten(here.servers.file, description(server.error())));
 
     // Nothing looks at the documents from here on: the bytes they point into are moved.
     std::vector<PlannedFile> files;
     files.push_back(ConnectorVerb::planRemoval(
-        std::move(here.hooks), *std::move(hooks), created.contains(Created::cursorHooksFile),
+        std::move(here.hooks.file), *std::move(hooks), created.contains(Created::cursorHooksFile),
         CursorHook::isSeedResidue, notes, "now holds no hooks"));
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers), *std::move(server),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers.file), *std::move(server),
                                                created.contains(Created::cursorMCPFile),
                                                JSONBlock::isEmptyObject, notes));
     return ConnectorVerb::remove(std::move(files), std::move(notes), receipts, m_surroundings);
@@ -199,13 +192,6 @@ bool CursorConnector::staleOwnWiring() const {
     return HookLists::allRun(sitesIn(ToolFile::read(m_paths.hooksFile, ToolFile::Purpose::scan)),
                              m_paths.hookBinary) &&
            Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
-}
-
-/// Why no verb may plan for these files, in their order.
-std::optional<ConnectorOutcome> CursorConnector::readingRefusal(const Look& here) {
-    return ConnectorVerb::readingRefusal(
-        {here.hooks.refusal(JSONBlock::reason(here.hooksDocument)),
-         here.servers.refusal(JSONBlock::reason(here.serversDocument))});
 }
 
 } // namespace wendlow

@@ -36,7 +36,6 @@ private:
     struct Look;
 
     bool toolIsHere() const;
-    static std::optional<ConnectorOutcome> readingRefusal(const Look& here);
     std::vector<CursorHookSite> sitesIn(const ToolFile& hooks) const;
     Observations versionObservations() const;
     Observations doubleFireObservations() const;

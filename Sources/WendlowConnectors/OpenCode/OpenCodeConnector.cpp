@@ -3,6 +3,7 @@
 #include "ConfigFile/Backup.h"
 #include "ConfigFile/Disk.h"
 #include "Drift.h"
+#include "JSONFile.h"
 #include "OpenCode/OpenCodePlugin.h"
 #include "OpenCode/OpenCodeSessionStore.h"
 #include "ScanJoin.h"
@@ -86,26 +87,21 @@ Observations removeFolder(const std::filesystem::path& folder,
 
 /// Both files as they are, and what of them is ours.
 struct OpenCodeConnector::Look {
-    Look(const OpenCodePaths& paths, ToolFile::Purpose purpose)
-        : config(ToolFile::read(paths.configFile, purpose)),
-          plugin(ToolFile::read(paths.pluginFile, purpose)),
-          receipt(ReceiptStore{paths.receiptFile}.read()),
-          document(OpenCodeMCP::read(configBytes())) {
+    Look(const OpenCodeConnector& openCode, ToolFile::Purpose purpose)
+        : config(openCode.m_paths.configFile, purpose, openCode.m_mcp),
+          plugin(ToolFile::read(openCode.m_paths.pluginFile, purpose)),
+          receipt(ReceiptStore{openCode.m_paths.receiptFile}.read()) {
         if (plugin.bytes)
-            pluginOwnership = OpenCodePlugin::ownership(*plugin.bytes, paths.hookBinary);
+            pluginOwnership = OpenCodePlugin::ownership(*plugin.bytes, openCode.m_paths.hookBinary);
     }
-    Look(const Look&) = delete; // the document points into the file's bytes
-    Look& operator=(const Look&) = delete;
 
-    std::string_view configBytes() const { return config.bytesOr(JSONBlock::seed); }
     bool hasOurPlugin() const {
         return pluginOwnership && *pluginOwnership != PluginOwnership::foreign;
     }
 
-    ToolFile config;
+    JSONFile config;
     ToolFile plugin;
     ConnectorReceipt receipt;
-    OpenCodeMCP::Readable document;
     std::optional<PluginOwnership> pluginOwnership; ///< nothing where there is no such file
 };
 
@@ -138,19 +134,17 @@ bool OpenCodeConnector::toolIsHere() const {
 ScanReport OpenCodeConnector::scan() const {
     if (!toolIsHere())
         return ScanJoin::notFound(shownIdentity(), m_paths.configDirectory);
-    const Look here(m_paths, ToolFile::Purpose::scan);
-    const std::array findings{m_mcp.find(here.config.view(), here.receipt.created),
-                              pluginFinding(here)};
-    Observations said = observations(findings[0], {.path = m_paths.configFile.string(),
-                                                   .what = serverWhat,
-                                                   .command = m_paths.mcpCommand(),
-                                                   .language = language});
-    append(said, observations(findings[1], {.path = m_paths.pluginFile.string(),
-                                            .what = pluginWhat,
-                                            .command = m_paths.hookCommand()}));
-    return {.identity = shownIdentity(),
-            .state = ScanJoin::state(findings),
-            .observations = folded(said)};
+    const Look here(*this, ToolFile::Purpose::scan);
+    return ScanJoin::report(
+        shownIdentity(),
+        {{.finding = m_mcp.find(here.config.file.view(), here.receipt.created),
+          .subject = {.path = here.config.file.label,
+                      .what = serverWhat,
+                      .command = m_paths.mcpCommand(),
+                      .language = language}},
+         {.finding = pluginFinding(here),
+          .subject = {
+              .path = here.plugin.label, .what = pluginWhat, .command = m_paths.hookCommand()}}});
 }
 
 ConnectorOutcome OpenCodeConnector::install() const {
@@ -163,7 +157,7 @@ ConnectorOutcome OpenCodeConnector::install() const {
         return ConnectorVerb::refused(
             {{m_paths.configDirectory.string(),
               "there is no OpenCode configuration here, so nothing was written"}});
-    Look here(m_paths, ToolFile::Purpose::plan);
+    Look here(*this, ToolFile::Purpose::plan);
     if (auto refusal = configRefusal(here))
         return *std::move(refusal);
     if (auto refusal = here.plugin.refusal(std::nullopt))
@@ -173,10 +167,10 @@ ConnectorOutcome OpenCodeConnector::install() const {
             {{here.plugin.label, "a file of this name is here and this build did not write it, so "
                                  "nothing was written"}});
 
-    auto server = m_mcp.installed(here.configBytes(), *here.document);
+    auto server = m_mcp.installed(here.config.bytes(), *here.config.document);
     if (!server)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.config, description(server.error())));
+            ConnectorVerb::nothingWritten(here.config.file, description(server.error())));
     InstalledBlock plugin;
     if (here.pluginOwnership != PluginOwnership::current)
         plugin.bytes = OpenCodePlugin::source(m_paths.hookBinary);
@@ -189,14 +183,14 @@ ConnectorOutcome OpenCodeConnector::install() const {
 
     ConnectorVerb::Installation installation;
     installation.planNotes = planNotes(here, server->commentsReplaced);
-    if (!OpenCodeMCP::node(*here.document))
+    if (!OpenCodeMCP::node(*here.config.document))
         installation.created.insert(Created::openCodeMCPEntry);
-    if (OpenCodeMCP::isAdoptableShell(*here.document))
+    if (OpenCodeMCP::isAdoptableShell(*here.config.document))
         installation.adopted.insert(Adopted::openCodeMCPEntryShell);
     if (folder.isNew())
         installation.created.insert(Created::openCodePluginsDirectory);
     // Nothing looks at the document from here on: the bytes it points into are moved.
-    installation.add(std::move(here.config), *std::move(server), Created::openCodeConfigFile,
+    installation.add(std::move(here.config.file), *std::move(server), Created::openCodeConfigFile,
                      serverWhat);
     installation.add(std::move(here.plugin), std::move(plugin), Created::openCodePluginFile,
                      pluginWhat);
@@ -208,7 +202,7 @@ ConnectorOutcome OpenCodeConnector::install() const {
 }
 
 ConnectorOutcome OpenCodeConnector::remove() const {
-    Look here(m_paths, ToolFile::Purpose::plan);
+    Look here(*this, ToolFile::Purpose::plan);
     if (auto refusal = configRefusal(here)) {
         if (here.hasOurPlugin())
             refusal->observations.push_back(
@@ -220,15 +214,15 @@ ConnectorOutcome OpenCodeConnector::remove() const {
     if (auto refusal = here.plugin.refusal(std::nullopt))
         return ConnectorVerb::refused({*std::move(refusal)});
     const std::set<Created>& created = here.receipt.created;
-    auto server = OpenCodeMCP::removed(here.configBytes(), *here.document, here.receipt);
+    auto server = OpenCodeMCP::removed(here.config.bytes(), *here.config.document, here.receipt);
     if (!server)
         return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.config, description(server.error())));
+            ConnectorVerb::nothingWritten(here.config.file, description(server.error())));
 
     // Nothing looks at the document from here on: the bytes it points into are moved.
     std::vector<PlannedFile> files;
     Observations notes;
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.config), *std::move(server),
+    files.push_back(ConnectorVerb::planRemoval(std::move(here.config.file), *std::move(server),
                                                created.contains(Created::openCodeConfigFile),
                                                isEmptyObject, notes));
     files.back().what = serverWhat;
@@ -256,14 +250,14 @@ ConnectorOutcome OpenCodeConnector::remove() const {
 bool OpenCodeConnector::staleOwnWiring() const {
     if (isOldStore(m_paths.sessionDatabase()))
         return false;
-    const Look here(m_paths, ToolFile::Purpose::scan);
+    const Look here(*this, ToolFile::Purpose::scan);
     const bool pluginIsStale = here.hasOurPlugin() &&
                                pluginFinding(here).is<BlockFinding::Drifted>() &&
                                OpenCodePlugin::runs(*here.plugin.bytes, m_paths.hookBinary);
-    if (!pluginIsStale || !here.config.bytes)
+    if (!pluginIsStale || !here.config.file.bytes)
         return false;
     const auto document =
-        JSONText::scanWithTrivia(*here.config.bytes, JSONDialect::jsonWithComments);
+        JSONText::scanWithTrivia(*here.config.file.bytes, JSONDialect::jsonWithComments);
     const auto entry = document ? OpenCodeMCP::node(*document) : std::nullopt;
     return entry && OpenCodeMCP::statedCommand(*entry) == m_paths.mcpCommand() &&
            Disk::exists(m_paths.mcpBinary);
@@ -287,22 +281,21 @@ BlockFinding OpenCodeConnector::pluginFinding(const Look& here) const {
 
 /// Why no verb may plan for the configuration.
 std::optional<ConnectorOutcome> OpenCodeConnector::configRefusal(const Look& here) const {
-    if (auto refusal = here.config.refusal(
-            here.document ? std::nullopt : std::optional(here.document.error()), language))
+    if (auto refusal = here.config.refusal(language))
         return ConnectorVerb::refused({*std::move(refusal)});
-    if (const auto reason = m_mcp.refusalReason(*here.document, here.receipt.created))
-        return ConnectorVerb::refused(ConnectorVerb::nothingWritten(here.config, *reason));
+    if (const auto reason = m_mcp.refusalReason(*here.config.document, here.receipt.created))
+        return ConnectorVerb::refused(ConnectorVerb::nothingWritten(here.config.file, *reason));
     return std::nullopt;
 }
 
 /// What an installation leaves as it found it, and what it writes over.
 Observations OpenCodeConnector::planNotes(const Look& here, std::size_t commentsReplaced) {
     Observations notes;
-    const auto entry = OpenCodeMCP::node(*here.document);
+    const auto entry = OpenCodeMCP::node(*here.config.document);
     if (entry && OpenCodeMCP::isSwitchedOff(*entry))
-        notes.push_back({here.config.label, std::string(OpenCodeMCP::switchedOffText)});
+        notes.push_back({here.config.file.label, std::string(OpenCodeMCP::switchedOffText)});
     if (commentsReplaced > 0)
-        notes.push_back({here.config.label,
+        notes.push_back({here.config.file.label,
                          fmt::format("{} comment {} inside the Wendlow entry here {} written over",
                                      commentsReplaced, commentsReplaced == 1 ? "line" : "lines",
                                      commentsReplaced == 1 ? "was" : "were")});
