@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Model/TextHash.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -41,10 +43,7 @@ private:
         std::vector<Posting> postings;
         double idf = 0;
     };
-    struct Hash : std::hash<std::string_view> {
-        using is_transparent = void;
-    };
-    using Terms = std::unordered_map<std::string, Term, Hash, std::equal_to<>>;
+    using Terms = std::unordered_map<std::string, Term, TextHash, std::equal_to<>>;
 
     EditorBM25() = default;
     void weigh();

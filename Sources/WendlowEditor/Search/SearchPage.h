@@ -4,12 +4,14 @@
 #include "Model/EditorMemory.h"
 #include "Model/EditorMods.h"
 #include "Model/EditorMoment.h"
+#include "Model/TextHash.h"
 
 #include <cstddef>
-#include <map>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -70,7 +72,8 @@ namespace SearchPage {
 inline constexpr std::size_t rowsShown = 5;
 
 /// By the memory's id. Without a value: it was asked for, and nothing came.
-using Details = std::map<std::string, std::optional<EditorMemoryDetail>, std::less<>>;
+using Details =
+    std::unordered_map<std::string, std::optional<EditorMemoryDetail>, TextHash, std::equal_to<>>;
 
 /// What a search found, and where it looks for itself.
 struct Found {
