@@ -91,6 +91,19 @@ Item {
             compare(bench.face(), "memory");
         }
 
+        function test_theSelectedHitIsInSight(): void {
+            scene.height = 500;
+            write("backup");
+            const hits = root.search.hits;
+            verify(hits.rowCount() > 12);
+            for (const key of [Qt.Key_Down, Qt.Key_Up]) {
+                for (let at = 1; at < hits.rowCount(); ++at)
+                    keyClick(key);
+                compare(root.search.selection, key === Qt.Key_Down ? hits.rowCount() - 1 : 0);
+                says("ListItem", hits.data(hits.index(root.search.selection, 0), Qt.DisplayRole) + "*");
+            }
+        }
+
         function test_returnOpensAHitWithTheFocusAtIt(): void {
             bench.world("someData");
             wait(0);
