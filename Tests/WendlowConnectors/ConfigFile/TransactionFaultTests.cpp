@@ -167,19 +167,23 @@ TEST_F(TransactionFaults, KeepsWhatAnotherProgramWritesUntilTheCopyOrAfterTheRen
     const auto copied = std::find(opened, calls.end(), "read (open file)");
     const auto renamed = std::find(copied, calls.end(), "rename " + path);
     ASSERT_NE(renamed, calls.end());
-    for (const std::string redirection : {">", ">>"}) {
-        const std::string theirs = redirection == ">" ? "theirs" : "old writtentheirs";
+    struct Write {
+        const char* redirection;
+        std::string before; ///< the commit: what a copy holds
+        std::string after;
+    };
+    for (const auto& [redirection, before, after] :
+         {Write{">", "theirs", "theirs"}, Write{">>", "old writtentheirs", "new writtentheirs"}})
         sweep.forEachCall(
             {.command = fmt::format("printf theirs {}{}", redirection, path)},
             [&](const FaultyRun& run, const std::string&) {
                 EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::committed);
-                EXPECT_TRUE(get(path)->ends_with("theirs") || hasCopy({path, theirs, {}}));
+                EXPECT_TRUE(get(path) == after || hasCopy({path, before, {}}));
             },
             [&, index = std::ptrdiff_t{0}](const std::string&) mutable {
                 const auto at = calls.begin() + index++;
                 return at <= copied || at > renamed;
             });
-    }
 }
 
 } // namespace
