@@ -11,6 +11,7 @@ namespace wendlow::DateWords {
 
 using Date = std::chrono::system_clock::time_point;
 
+/// In the time zone of this machine, to the millisecond below.
 QDateTime local(Date date);
 
 /// As short as a column of a table asks for: "Today", "Yesterday", else "Nov 19" in the year of
