@@ -3,6 +3,7 @@
 #include <string_view>
 #include <variant>
 
+#include "Described.h"
 #include "Requests/DaemonControls.h"
 #include "Requests/RuleControls.h"
 #include "Requests/StoreControls.h"
@@ -21,7 +22,7 @@ struct ControlRequest
                    ControlCase::RequestGrant, ControlCase::StoreKeyForMigration,
                    ControlCase::DeleteAll, ControlCase::RevealPhrase, ControlCase::Pause,
                    ControlCase::Resume, ControlCase::GeneratePhrase, ControlCase::Shutdown> {
-    using variant::variant;
+    WENDLOW_CASES(ControlRequest);
 
     static constexpr std::string_view typeName = "ControlRequest";
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <type_traits>
 
 #include <boost/describe/class.hpp>
 
@@ -29,3 +30,30 @@
 #define WENDLOW_REQUEST(Type, caseName, verbText, ...)                                             \
     static constexpr std::string_view verb = verbText;                                             \
     WENDLOW_CASE(Type, caseName, __VA_ARGS__)
+
+/// In a struct of many cases, derived from their `std::variant`: what copies, moves, compares and
+/// destroys visits every case, so it is compiled once, by `WENDLOW_CASES_DEFINED` in one source,
+/// and not in each file through whose hands such a value goes.
+#define WENDLOW_CASES(Type)                                                                        \
+    using variant::variant;                                                                        \
+    Type();                                                                                        \
+    Type(const Type& other);                                                                       \
+    Type(Type&& other) noexcept;                                                                   \
+    Type& operator=(const Type& other);                                                            \
+    Type& operator=(Type&& other) noexcept;                                                        \
+    ~Type();                                                                                       \
+    bool operator==(const Type& other) const
+
+/// The moves promise not to throw, as containers want it; the variant has to keep that promise.
+#define WENDLOW_CASES_DEFINED(Type)                                                                \
+    static_assert(std::is_nothrow_move_constructible_v<Type::variant>);                            \
+    static_assert(std::is_nothrow_move_assignable_v<Type::variant>);                               \
+    Type::Type() = default;                                                                        \
+    Type::Type(const Type& other) = default;                                                       \
+    Type::Type(Type&& other) noexcept = default;                                                   \
+    Type& Type::operator=(const Type& other) = default;                                            \
+    Type& Type::operator=(Type&& other) noexcept = default;                                        \
+    Type::~Type() = default;                                                                       \
+    bool Type::operator==(const Type& other) const {                                               \
+        return static_cast<const variant&>(*this) == static_cast<const variant&>(other);           \
+    }

@@ -2,7 +2,14 @@
 
 #include <utility>
 
+#include <fmt/format.h>
+
 namespace wendlow {
+
+WENDLOW_CASES_DEFINED(ReadRequest)
+WENDLOW_CASES_DEFINED(ControlRequest)
+WENDLOW_CASES_DEFINED(NotesRequest)
+WENDLOW_CASES_DEFINED(GatewayRequest)
 
 namespace {
 
@@ -55,6 +62,15 @@ GatewayRequest::GatewayRequest(DiagnosticRequest request)
 
 std::string_view GatewayRequest::verb() const {
     return std::visit([](const auto& envelope) { return envelope._0.verb(); }, *this);
+}
+
+std::string GatewayRequest::caseName() const {
+    const auto both = [](const auto& envelope) {
+        const std::string_view name =
+            std::visit([](const auto& which) { return which.wireName; }, envelope._0);
+        return fmt::format("{}.{}", envelope.wireName, name);
+    };
+    return std::visit(both, *this);
 }
 
 } // namespace wendlow

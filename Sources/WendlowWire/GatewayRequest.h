@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -38,7 +39,7 @@ struct Diagnostic {
 /// The envelope of everything that is asked of the daemon. Plain data, free to cross threads.
 struct GatewayRequest : std::variant<GatewayCase::Read, GatewayCase::Control, GatewayCase::Notes,
                                      GatewayCase::Diagnostic> {
-    using variant::variant;
+    WENDLOW_CASES(GatewayRequest);
     GatewayRequest(ReadRequest request);
     GatewayRequest(ControlRequest request);
     GatewayRequest(NotesRequest request);
@@ -48,6 +49,9 @@ struct GatewayRequest : std::variant<GatewayCase::Read, GatewayCase::Control, Ga
 
     /// The payload's verb, a snake-case word that names the request in logs and refusals.
     std::string_view verb() const;
+
+    /// The names of both cases on the wire, as "read.textBrowse".
+    std::string caseName() const;
 };
 
 } // namespace wendlow

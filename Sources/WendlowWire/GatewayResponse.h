@@ -10,6 +10,7 @@
 #include "Answers/PlainAnswers.h"
 #include "Answers/PromptAnswers.h"
 #include "Answers/StateAnswers.h"
+#include "Described.h"
 
 namespace wendlow {
 
@@ -27,9 +28,12 @@ struct GatewayResponse
                    AnswerCase::LineDelete, AnswerCase::Grants, AnswerCase::FrameStats,
                    AnswerCase::ReelStats, AnswerCase::DiskUsed, AnswerCase::NoteID,
                    AnswerCase::Unimplemented, AnswerCase::Failure, AnswerCase::Ok> {
-    using variant::variant;
+    WENDLOW_CASES(GatewayResponse);
 
     static constexpr std::string_view typeName = "GatewayResponse";
+
+    /// The case's name on the wire, as "textBrowse".
+    std::string_view caseName() const;
 };
 
 } // namespace wendlow

@@ -106,7 +106,7 @@ struct NotesRequest : std::variant<NotesCase::Write, NotesCase::Delete, NotesCas
                                    NotesCase::Patch, NotesCase::EditFilters, NotesCase::MapPath,
                                    NotesCase::SetPath, NotesCase::ModInstall, NotesCase::SelfNames,
                                    NotesCase::ListPaths, NotesCase::ScopeBoard> {
-    using variant::variant;
+    WENDLOW_CASES(NotesRequest);
 
     static constexpr std::string_view typeName = "NotesRequest";
 

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <variant>
 
+#include "Described.h"
 #include "Requests/DayReads.h"
 #include "Requests/MeetingReads.h"
 #include "Requests/MemoryReads.h"
@@ -31,7 +32,7 @@ struct ReadRequest
           ReadCase::DaemonBuild, ReadCase::ModsList, ReadCase::DiagnosticLoggingState,
           ReadCase::FrameKeepState, ReadCase::FrameStats, ReadCase::ReelKeepState,
           ReadCase::ReelStats, ReadCase::DiskUsed, ReadCase::Grants, ReadCase::ConfigScan> {
-    using variant::variant;
+    WENDLOW_CASES(ReadRequest);
 
     static constexpr std::string_view typeName = "ReadRequest";
 

@@ -26,14 +26,11 @@ public:
     WendlowClient() = default;
     WendlowClient(const WendlowClient&) = delete;
     WendlowClient& operator=(const WendlowClient&) = delete;
-    virtual ~WendlowClient() = default;
+    virtual ~WendlowClient();
 
     virtual QCoro::Task<GatewayResponse> send(GatewayRequest request) = 0;
-    virtual QCoro::Task<Timed> sendTimed(GatewayRequest request) {
-        // On a line of its own: GCC 12 destroys an aggregate twice that is built around co_await.
-        GatewayResponse response = co_await send(std::move(request));
-        co_return Timed{.response = std::move(response)};
-    }
+    /// Where a client knows no times: the answer of `send` alone.
+    virtual QCoro::Task<Timed> sendTimed(GatewayRequest request);
 };
 
 /// The answering side.
@@ -42,7 +39,7 @@ public:
     Gateway() = default;
     Gateway(const Gateway&) = delete;
     Gateway& operator=(const Gateway&) = delete;
-    virtual ~Gateway() = default;
+    virtual ~Gateway();
 
     /// Never throws: what cannot be done is a `failure` in words or `unimplemented`.
     virtual QCoro::Task<GatewayResponse> handle(GatewayRequest request) = 0;
@@ -53,11 +50,7 @@ class InProcessClient final : public WendlowClient {
 public:
     explicit InProcessClient(std::shared_ptr<Gateway> gateway) : m_gateway(std::move(gateway)) {}
 
-    QCoro::Task<GatewayResponse> send(GatewayRequest request) override {
-        // Held here too: the client may go while its gateway still works on the answer.
-        const std::shared_ptr<Gateway> gateway = m_gateway;
-        co_return co_await gateway->handle(std::move(request));
-    }
+    QCoro::Task<GatewayResponse> send(GatewayRequest request) override;
 
 private:
     std::shared_ptr<Gateway> m_gateway;
