@@ -89,6 +89,11 @@ void ConnectedAppsModel::scan() {
     scanOnce();
 }
 
+void ConnectedAppsModel::refresh() {
+    if (idle())
+        scan();
+}
+
 void ConnectedAppsModel::connect(const QString& id) {
     run(id.toStdString(), Verb::connect);
 }

@@ -3,11 +3,11 @@
 #include "AppInventory.h"
 #include "ConnectedAppsList.h"
 #include "Connectors.h"
+#include "PaneModel.h"
 #include "RowOpenness.h"
 
 #include <QCoroTask>
 #include <QFuture>
-#include <QObject>
 #include <QString>
 #include <QThreadPool>
 #include <QtQmlIntegration/qqmlintegration.h>
@@ -30,7 +30,7 @@ namespace wendlow {
 /// The connectors are worked on a serial lane of its own, so that no two file edits interleave and
 /// no disk is waited for on the UI thread. Nothing is kept on disk: whether an app is connected is
 /// read back from the tool's own files each time.
-class ConnectedAppsModel final : public QObject {
+class ConnectedAppsModel final : public PaneModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application makes the model and hands it to the pane.")
@@ -102,6 +102,9 @@ public:
     bool scanned() const { return m_scanned; }
     /// No verb, no scan and no reading of a store is waiting for an answer.
     bool idle() const;
+    /// Scans, unless a verb or a scan is under way, which ends in what is true anyway.
+    void refresh() override;
+    bool settled() const override { return m_scanned && idle(); }
     QString error() const { return m_error; }
     QString endpoint() const { return QString::fromStdString(m_endpoint.value_or(std::string())); }
     static QString mastheadTitle();

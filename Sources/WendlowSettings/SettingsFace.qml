@@ -11,35 +11,29 @@ FocusScope {
 
     required property SettingsRoot root
 
-    readonly property bool showsApps: face.root.selection === "Connected Apps"
-
     SettingsSidebar {
         id: sidebar
         root: face.root
         height: parent.height
         focus: true
     }
-    Item {
+    Loader {
         id: stage
         anchors.left: sidebar.right
         width: parent.width - sidebar.width
         height: parent.height
 
-        Only {
-            wanted: face.showsApps
-
-            ConnectedAppsPane {
-                anchors.fill: stage
-                model: face.root.connected
-            }
+        function show(): void {
+            stage.setSource(face.root.face, face.root.properties);
         }
-        Only {
-            wanted: !face.showsApps
 
-            PlainPane {
-                anchors.fill: stage
-                title: face.root.selection
-            }
+        Component.onCompleted: stage.show()
+    }
+    Connections {
+        target: face.root
+
+        function onSelectionChanged(): void {
+            stage.show();
         }
     }
 }

@@ -1,5 +1,8 @@
 #include "SettingsRoot.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace wendlow {
 
 namespace {
@@ -10,33 +13,64 @@ QString text(std::string_view utf8) {
 
 } // namespace
 
-SettingsRoot::SettingsRoot(std::unique_ptr<ConnectedAppsModel> connected)
-    : m_connected(std::move(connected)) {}
+SettingsRoot::SettingsRoot(Panes::Models models) : m_models(std::move(models)) {}
 
-void SettingsRoot::select(const QString& title) {
-    const std::optional<Pane> pane = Panes::fromTitle(title.toStdString());
-    if (!pane || *pane == m_selection)
-        return;
-    m_selection = *pane;
-    Q_EMIT selectionChanged();
+void SettingsRoot::select(Pane pane) {
+    if (std::exchange(m_selection, pane) != pane)
+        Q_EMIT selectionChanged();
 }
 
-QString SettingsRoot::selectionTitle() const {
-    return text(Panes::title(m_selection));
+void SettingsRoot::open(int place) {
+    const int nearest = std::clamp(place, 0, places() - 1);
+    select(Panes::all()[static_cast<std::size_t>(nearest)].pane);
+}
+
+void SettingsRoot::refresh() {
+    if (PaneModel* const shown = model(m_selection))
+        shown->refresh();
+}
+
+bool SettingsRoot::settled() const {
+    return std::ranges::all_of(m_models, [](const auto& entry) { return entry.second->settled(); });
+}
+
+PaneModel* SettingsRoot::model(Pane pane) const {
+    const auto found = m_models.find(pane);
+    return found == m_models.end() ? nullptr : found->second.get();
 }
 
 QVariantList SettingsRoot::groups() {
     QVariantList list;
-    for (const std::vector<Pane>& group : Panes::groups()) {
-        QVariantList panes;
-        for (const Pane pane : group) {
-            panes.append(QVariantMap{{QStringLiteral("title"), text(Panes::title(pane))},
-                                     {QStringLiteral("icon"), text(Panes::icon(pane))}});
-        }
+    QVariantList group;
+    const auto panes = Panes::all();
+    for (std::size_t place = 0; place < panes.size(); ++place) {
+        const PaneDescription& pane = panes[place];
+        group.append(QVariantMap{{QStringLiteral("title"), text(pane.title)},
+                                 {QStringLiteral("icon"), text(pane.icon)},
+                                 {QStringLiteral("place"), static_cast<int>(place)}});
         // Wrapped, or the group's panes would be appended to the outer list one by one.
-        list.append(QVariant(panes));
+        if (place + 1 == panes.size() || panes[place + 1].group != pane.group)
+            list.append(QVariant(std::exchange(group, {})));
     }
     return list;
+}
+
+int SettingsRoot::places() {
+    return static_cast<int>(Panes::all().size());
+}
+
+int SettingsRoot::place() const {
+    return static_cast<int>(&Panes::of(m_selection) - Panes::all().data());
+}
+
+QUrl SettingsRoot::face() const {
+    return QUrl(QStringLiteral("qrc:/qt/qml/") + text(Panes::of(m_selection).file));
+}
+
+QVariantMap SettingsRoot::properties() const {
+    if (PaneModel* const shown = model(m_selection))
+        return {{QStringLiteral("model"), QVariant::fromValue(shown)}};
+    return {{QStringLiteral("title"), text(Panes::of(m_selection).title)}};
 }
 
 QString SettingsRoot::footer() {

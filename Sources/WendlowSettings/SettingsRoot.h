@@ -1,14 +1,13 @@
 #pragma once
 
-#include "ConnectedAppsModel.h"
 #include "Pane.h"
 
 #include <QObject>
 #include <QString>
+#include <QUrl>
 #include <QVariantList>
+#include <QVariantMap>
 #include <QtQmlIntegration/qqmlintegration.h>
-
-#include <memory>
 
 namespace wendlow {
 
@@ -19,30 +18,45 @@ class SettingsRoot final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The application makes the root and hands it to the window.")
 
-    /// A list of groups, each a list of maps with `title` and `icon`.
+    /// A list of groups, each a list of maps with `title`, `icon` and `place`, which counts the
+    /// panes of all groups from 0.
     Q_PROPERTY(QVariantList groups READ groups CONSTANT)
-    /// The title of the pane that is shown.
-    Q_PROPERTY(QString selection READ selectionTitle NOTIFY selectionChanged)
-    Q_PROPERTY(wendlow::ConnectedAppsModel* connected READ connected CONSTANT)
+    Q_PROPERTY(int places READ places CONSTANT)
+    /// Which pane is shown.
+    Q_PROPERTY(int place READ place NOTIFY selectionChanged)
+    /// The face of the pane that is shown, and what is given to it.
+    Q_PROPERTY(QUrl face READ face NOTIFY selectionChanged)
+    Q_PROPERTY(QVariantMap properties READ properties NOTIFY selectionChanged)
     Q_PROPERTY(QString footer READ footer CONSTANT)
 
 public:
-    explicit SettingsRoot(std::unique_ptr<ConnectedAppsModel> connected);
+    explicit SettingsRoot(Panes::Models models);
 
-    /// Shows the pane with this title; any other text changes nothing.
-    Q_INVOKABLE void select(const QString& title);
+    void select(Pane pane);
+    /// Shows the pane at a place; beyond the first and the last, that one.
+    Q_INVOKABLE void open(int place);
+
+    /// A person comes to the window, or back to it.
+    void refresh();
+    /// No model waits for an answer.
+    bool settled() const;
 
     Pane selection() const { return m_selection; }
-    QString selectionTitle() const;
-    ConnectedAppsModel* connected() const { return m_connected.get(); }
+    /// Null for a pane that has none.
+    PaneModel* model(Pane pane) const;
+
     static QVariantList groups();
+    static int places();
+    int place() const;
+    QUrl face() const;
+    QVariantMap properties() const;
     static QString footer();
 
 Q_SIGNALS:
     void selectionChanged();
 
 private:
-    const std::unique_ptr<ConnectedAppsModel> m_connected;
+    const Panes::Models m_models;
     /// The other panes have nothing to show yet, so a person starts where something can be done;
     /// once General has contents, it is General again.
     Pane m_selection = Pane::connected;

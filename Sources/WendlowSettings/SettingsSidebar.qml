@@ -11,14 +11,6 @@ FocusScope {
 
     required property SettingsRoot root
 
-    // All titles in order, whatever their group.
-    readonly property var titles: {
-        const all = [];
-        for (const group of sidebar.root.groups)
-            all.push(...group.map(place => place.title));
-        return all;
-    }
-
     implicitWidth: Theme.sidebarWidth
 
     Accessible.role: Accessible.PageTabList
@@ -27,22 +19,18 @@ FocusScope {
     // While a key is at work: what it opens shows its ring.
     property bool byKey: false
 
-    function open(index: int): void {
+    function open(place: int): void {
         sidebar.byKey = true;
-        sidebar.root.select(sidebar.titles[Math.max(0, Math.min(index, sidebar.titles.length - 1))]);
+        sidebar.root.open(place);
         sidebar.byKey = false;
     }
 
-    function step(by: int): void {
-        sidebar.open(sidebar.titles.indexOf(sidebar.root.selection) + by);
-    }
-
-    Keys.onUpPressed: sidebar.step(-1)
-    Keys.onDownPressed: sidebar.step(1)
+    Keys.onUpPressed: sidebar.open(sidebar.root.place - 1)
+    Keys.onDownPressed: sidebar.open(sidebar.root.place + 1)
     Keys.onPressed: event => {
         event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
         if (event.accepted)
-            sidebar.open(event.key === Qt.Key_Home ? 0 : sidebar.titles.length - 1);
+            sidebar.open(event.key === Qt.Key_Home ? 0 : sidebar.root.places - 1);
     }
 
     Rectangle {
@@ -82,10 +70,10 @@ FocusScope {
                         width: group.width
                         text: place.modelData.title
                         iconName: place.modelData.icon
-                        here: place.text === sidebar.root.selection
+                        here: place.modelData.place === sidebar.root.place
                         focus: place.here
                         focusPolicy: place.here ? Qt.StrongFocus : Qt.ClickFocus
-                        onClicked: sidebar.root.select(place.text)
+                        onClicked: sidebar.root.open(place.modelData.place)
                         // The focus goes along with the selection.
                         onHereChanged: if (place.here && sidebar.activeFocus)
                             place.forceActiveFocus(sidebar.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason)

@@ -3,6 +3,8 @@
 #include <QAccessible>
 #include <QGuiApplication>
 #include <QMetaObject>
+#include <QQuickItem>
+#include <QQuickWindow>
 
 namespace wendlow {
 
@@ -22,6 +24,12 @@ bool isMenu(QObject& object) {
            role == QAccessible::PopupMenu;
 }
 
+/// A text of a window that was closed keeps the focus in there.
+bool isOnScreen(const QObject& text) {
+    const auto* const item = qobject_cast<const QQuickItem*>(&text);
+    return item && item->window() && item->window()->isVisible();
+}
+
 } // namespace
 
 EditActions::EditActions() {
@@ -30,9 +38,11 @@ EditActions::EditActions() {
 }
 
 void EditActions::followFocus(QObject* focus) {
-    if (focus && isText(*focus))
+    if (!focus)
+        return; // another program has it, and the text has it again after that
+    if (isText(*focus))
         m_text = focus;
-    else if (!focus || !isMenu(*focus))
+    else if (!isMenu(*focus))
         m_text = nullptr;
 }
 
@@ -56,7 +66,7 @@ MenuLine EditActions::line(const char* verb, const char* title, const QKeySequen
 }
 
 bool EditActions::can(Need need) const {
-    if (!m_text)
+    if (!m_text || !isOnScreen(*m_text))
         return false;
     const auto is = [this](const char* property) { return m_text->property(property).toBool(); };
     const bool selection = !m_text->property("selectedText").toString().isEmpty();

@@ -2,10 +2,6 @@
 
 #include "ClientInstance.h"
 #include "ClientVersion.h"
-#include "DiagnosticRelay.h"
-#include "HomeFolder.h"
-#include "InstalledBundle.h"
-#include "ToolTiles.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -16,40 +12,14 @@ namespace wendlow {
 
 namespace {
 
-/// The window that a person would call the one in front: a panel stands for the window it belongs
-/// to.
-QWindow* mainWindow() {
-    QWindow* window = QGuiApplication::focusWindow();
-    while (window && window->transientParent())
-        window = window->transientParent();
-    return window;
-}
-
-std::unique_ptr<SettingsRoot> makeSettings() {
-    return std::make_unique<SettingsRoot>(ConnectedAppsModel::forThisMac(
-        homeFolder(), InstalledBundle::current(), "/Applications",
-        {.copy = &ConnectedAppsModel::copyToPasteboard,
-         .imageLoads =
-             [](const std::string& asset) { return ToolTiles::has(QString::fromStdString(asset)); },
-         .home = {}}));
-}
-
 QKeySequence control(Qt::Key key) {
     return {Qt::CTRL | key};
-}
-
-MenuLine windowLine(const char* id, const char* title, Qt::Key key, void (*act)(QWindow&)) {
-    return {.id = QString::fromLatin1(id),
-            .title = QString::fromLatin1(title),
-            .keys = control(key),
-            .act = [act] { act(*QGuiApplication::focusWindow()); },
-            .enabled = [] { return QGuiApplication::focusWindow() != nullptr; }};
 }
 
 } // namespace
 
 SettingsApplication::SettingsApplication(Surroundings surroundings)
-    : m_surroundings(std::move(surroundings)),
+    : m_surroundings(std::move(surroundings)), m_models(m_surroundings.client),
       m_worldActions([this]() -> EditorWorlds& { return worlds(); },
                      [this](WindowKind kind) { present(kind); }),
       m_factory(
@@ -63,7 +33,7 @@ SettingsApplication::SettingsApplication(Surroundings surroundings)
               m_surroundings.notifications.post(notification, delivery);
           }),
       m_delegate(
-          m_surroundings.notifications,
+          m_surroundings.notifications, m_front,
           {.show = [this](WindowDoor::Pane pane, WindowDoor::Front front) { show(pane, front); },
            .log = m_surroundings.setupLog,
            .mainWindowChanged = [this] { syncMainWindow(); }}) {
@@ -101,6 +71,15 @@ void SettingsApplication::buildMainMenu() {
                                                [](QWindow& window) { window.showMinimized(); })}});
 }
 
+MenuLine SettingsApplication::windowLine(const char* id, const char* title, Qt::Key key,
+                                         void (*act)(QWindow&)) {
+    return {.id = QString::fromLatin1(id),
+            .title = QString::fromLatin1(title),
+            .keys = control(key),
+            .act = [this, act] { act(*m_front.window()); },
+            .enabled = [this] { return m_front.window() != nullptr; }};
+}
+
 void SettingsApplication::show(WindowDoor::Pane pane, WindowDoor::Front front) {
     if (pane == WindowDoor::Pane::onboarding)
         m_journey.present(front);
@@ -111,68 +90,35 @@ void SettingsApplication::show(WindowDoor::Pane pane, WindowDoor::Front front) {
 QWindow& SettingsApplication::present(WindowKind kind) {
     const bool isNew = m_windows.window(kind) == nullptr;
     QWindow& window = m_windows.present(kind);
-    if (isNew && kind == WindowKind::settings) {
-        // Back from another window, a person may have changed a tool's files there.
-        connect(&window, &QWindow::activeChanged, m_settings.get(), [this, &window] {
-            if (window.isActive() && m_settings->connected()->idle())
-                m_settings->connected()->scan();
+    if (const auto returnedTo = WindowDescriptions::of(kind).returnedTo; isNew && returnedTo) {
+        connect(&window, &QWindow::activeChanged, this, [this, &window, returnedTo] {
+            if (window.isActive())
+                returnedTo(m_models);
         });
     }
     return window;
 }
 
-SettingsRoot& SettingsApplication::settings() {
-    if (!m_settings) {
-        m_settings = makeSettings();
-        // On its lane while the window is being built.
-        m_settings->connected()->scan();
-    }
-    return *m_settings;
-}
-
 WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
-    switch (kind) {
-    case WindowKind::settings:
-        return {QStringLiteral("WendlowSettings/SettingsFace.qml"),
-                {{QStringLiteral("root"), QVariant::fromValue(&settings())}}};
-    case WindowKind::editor:
-        return {QStringLiteral("WendlowEditor/EditorHostFace.qml"),
-                {{QStringLiteral("host"), QVariant::fromValue(&editor())}}};
-    case WindowKind::controlsBench:
-        return {QStringLiteral("WendlowControls/ControlsBench.qml"), {}};
-    default:
-        return {QStringLiteral("WendlowSettingsApp/PlainStage.qml"), {}};
-    }
-}
-
-EditorWorlds& SettingsApplication::worlds() {
-    if (!m_worlds)
-        m_worlds = std::make_unique<EditorWorlds>(
-            m_surroundings.client, EditorWorld::realData,
-            [relay = DiagnosticRelay(DiagnosticSource::editor, m_surroundings.client)](
-                std::string line) { relay.note(std::move(line)); });
-    return *m_worlds;
-}
-
-EditorHost& SettingsApplication::editor() {
-    if (!m_editor)
-        m_editor = std::make_unique<EditorHost>(worlds());
-    return *m_editor;
+    const WindowDescription& description = WindowDescriptions::of(kind);
+    return {QString::fromUtf8(description.file),
+            description.properties ? description.properties(m_models) : QVariantMap()};
 }
 
 void SettingsApplication::syncMainWindow() {
-    syncWorldMenu(m_mainMenu, m_worldActions, mainWindow());
+    syncWorldMenu(m_mainMenu, m_worldActions, m_front.mainWindow());
 }
 
-void SettingsApplication::showAbout() {
+QWindow& SettingsApplication::showAbout() {
     if (!m_about)
         m_about = m_factory.makeAbout(QString::fromStdString(ClientVersion::current()));
     // A panel of another window neither keeps the application running nor takes its menus.
-    if (QWindow* const owner = mainWindow(); owner != m_about.get())
+    if (QWindow* const owner = m_front.mainWindow(); owner != m_about.get())
         m_about->setTransientParent(owner);
     m_about->show();
     m_about->raise();
     m_about->requestActivate();
+    return *m_about;
 }
 
 } // namespace wendlow

@@ -3,13 +3,12 @@
 #include "Client.h"
 #include "DistributedNotification.h"
 #include "EditActions.h"
+#include "FrontWindow.h"
 #include "JourneyPresenter.h"
-#include "LaunchOptions.h"
 #include "MainMenu.h"
 #include "SettingsDelegate.h"
-#include "SettingsRoot.h"
-#include "Shell/EditorHost.h"
 #include "WindowFactory.h"
+#include "WindowModels.h"
 #include "WindowPresenter.h"
 #include "WorldMenu.h"
 
@@ -46,24 +45,22 @@ public:
 
     MainMenu& mainMenu() { return m_mainMenu; }
     WindowFactory& factory() { return m_factory; }
-    /// Made with the Settings window.
-    SettingsRoot& settings();
-    /// Made on first need and never replaced.
-    EditorWorlds& worlds();
-    /// Made with the Editor's window.
-    EditorHost& editor();
-    void showAbout();
+    WindowModels& models() { return m_models; }
+    EditorWorlds& worlds() { return m_models.worlds(); }
+    EditorHost& editor() { return m_models.editor(); }
+    /// Brings up the panel that tells name and version.
+    QWindow& showAbout();
 
 private:
     void buildMainMenu();
+    MenuLine windowLine(const char* id, const char* title, Qt::Key key, void (*act)(QWindow&));
     WindowFactory::Content contentOf(WindowKind kind);
     void syncMainWindow();
 
     const Surroundings m_surroundings;
     // The order is that of the start; the windows go before what they show.
-    std::unique_ptr<EditorWorlds> m_worlds;
-    std::unique_ptr<EditorHost> m_editor;
-    std::unique_ptr<SettingsRoot> m_settings;
+    WindowModels m_models;
+    FrontWindow m_front;
     EditActions m_editActions;
     const WorldMenuActions m_worldActions;
     MainMenu m_mainMenu;

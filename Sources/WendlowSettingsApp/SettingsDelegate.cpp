@@ -1,19 +1,14 @@
 #include "SettingsDelegate.h"
 
-#include <QGuiApplication>
-#include <QWindow>
-
 #include <utility>
 
 namespace wendlow {
 
-SettingsDelegate::SettingsDelegate(DistributedNotificationCenter& center, Answers answers)
+SettingsDelegate::SettingsDelegate(DistributedNotificationCenter& center, const FrontWindow& front,
+                                   Answers answers)
     : m_answers(std::move(answers)) {
-    const auto sync = [this] { m_answers.mainWindowChanged(); };
-    m_focusObservers = {
-        connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, sync),
-        connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, sync),
-    };
+    m_frontObserver =
+        connect(&front, &FrontWindow::changed, this, [this] { m_answers.mainWindowChanged(); });
     m_doorObserver = center.addObserver(
         std::string(WindowDoor::notification),
         [this](const DistributedNotification& notification) { doorOpened(notification); });
@@ -31,9 +26,7 @@ void SettingsDelegate::doorOpened(const DistributedNotification& notification) c
 
 void SettingsDelegate::applicationWillTerminate() {
     m_doorObserver.reset();
-    for (const QMetaObject::Connection& observer : m_focusObservers)
-        disconnect(observer);
-    m_focusObservers.clear();
+    disconnect(m_frontObserver);
 }
 
 } // namespace wendlow

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DistributedNotification.h"
+#include "FrontWindow.h"
 #include "WindowDoor.h"
 
 #include <QMetaObject>
@@ -8,7 +9,6 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace wendlow {
 
@@ -24,7 +24,8 @@ public:
         std::function<void()> mainWindowChanged;
     };
 
-    SettingsDelegate(DistributedNotificationCenter& center, Answers answers);
+    SettingsDelegate(DistributedNotificationCenter& center, const FrontWindow& front,
+                     Answers answers);
 
     /// A notification of the door's name has arrived. One that names no pane changes nothing.
     void doorOpened(const DistributedNotification& notification) const;
@@ -34,7 +35,7 @@ public:
 private:
     const Answers m_answers;
     DistributedNotificationCenter::Token m_doorObserver;
-    std::vector<QMetaObject::Connection> m_focusObservers;
+    QMetaObject::Connection m_frontObserver;
 };
 
 } // namespace wendlow

@@ -1,17 +1,15 @@
 #pragma once
 
-#include "EditorSnapshots.h"
 #include "LaunchOptions.h"
 #include "SettingsApplication.h"
 #include "ThemeSource.h"
+#include "WindowPictures.h"
 
 #include <QString>
 
 #include <filesystem>
 #include <optional>
 #include <string>
-
-class QQuickWindow;
 
 namespace wendlow {
 
@@ -28,12 +26,8 @@ public:
 
 private:
     void takeInLooks();
-    void takeSettings();
-    void takeEditor();
-    void takeConnectedApps(QQuickWindow& window);
-    QQuickWindow& shown(WindowKind kind);
-    void save(QWindow& window, const QString& name,
-              EditorSnapshots::Focus focus = EditorSnapshots::Focus::away);
+    QQuickWindow& shown(const WindowDescription& description);
+    void save(QQuickWindow& window, const QString& name, PictureSession::Focus focus);
 
     SettingsApplication& m_application;
     const std::filesystem::path m_folder;

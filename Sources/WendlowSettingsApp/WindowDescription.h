@@ -4,13 +4,18 @@
 
 #include <QFlags>
 #include <QSize>
+#include <QVariantMap>
 
+#include <optional>
 #include <span>
 #include <string_view>
 
 class QWindow;
 
 namespace wendlow {
+
+class WindowModels;
+struct PictureSession;
 
 /// One case for each kind of window; there is at most one window of a kind.
 enum class WindowKind {
@@ -43,12 +48,27 @@ enum class WindowPlace { centred, centredThenCascaded };
 
 struct WindowDescription {
     WindowKind kind;
+    std::string_view id; ///< in the names of files
     std::string_view title;
     QSize size; ///< in device-independent pixels
     WindowStyles styles;
     WindowSide side = WindowSide::plain;
     WindowPlace place = WindowPlace::centred;
     bool alwaysDark = false; ///< whatever the system says
+    /// What a sibling process or a launch argument asks for it by.
+    std::optional<WindowDoor::Pane> door = std::nullopt;
+    /// The name of its line in the World menu; empty: it has none.
+    std::string_view worldLine = {};
+
+    /// Module and file of its face, and what is given to that.
+    std::string_view file = "WendlowSettingsApp/PlainStage.qml";
+    QVariantMap (*properties)(WindowModels& models) = nullptr;
+    /// Whether what it opens with is there; left out: as soon as it is drawn.
+    bool (*isComplete)(WindowModels& models) = nullptr;
+    /// A person is back from another window.
+    void (*returnedTo)(WindowModels& models) = nullptr;
+    /// Takes the pictures of its states; left out: it has but one.
+    void (*takePictures)(const PictureSession& session, WindowModels& models) = nullptr;
 };
 
 namespace WindowDescriptions {
@@ -56,7 +76,7 @@ namespace WindowDescriptions {
 /// What marks a window as belonging to the Editor side.
 inline constexpr const char* editorSideIdentifier = "wendlow.editor-side";
 
-/// In the order of the cases.
+/// In the order of the cases. This is the place to add a window.
 std::span<const WindowDescription> all();
 const WindowDescription& of(WindowKind kind);
 /// The window that the door opens for a pane.

@@ -35,16 +35,16 @@ QWindow& WindowPresenter::present(WindowKind kind) {
 }
 
 QWindow* WindowPresenter::window(WindowKind kind) const {
-    return m_slots[static_cast<std::size_t>(kind)].get();
+    const auto slot = m_slots.find(kind);
+    return slot == m_slots.end() ? nullptr : slot->second.get();
 }
 
 QWindow& WindowPresenter::build(WindowKind kind) {
-    std::unique_ptr<QWindow>& slot = m_slots[static_cast<std::size_t>(kind)];
-    slot = m_make(kind);
+    QWindow& window = *m_slots.emplace(kind, m_make(kind)).first->second;
     const WindowDescription& description = WindowDescriptions::of(kind);
-    WindowDescriptions::dress(*slot, description);
-    place(*slot, description);
-    return *slot;
+    WindowDescriptions::dress(window, description);
+    place(window, description);
+    return window;
 }
 
 void WindowPresenter::place(QWindow& window, const WindowDescription& description) {

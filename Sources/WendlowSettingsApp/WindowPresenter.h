@@ -5,8 +5,8 @@
 #include <QObject>
 #include <QWindow>
 
-#include <array>
 #include <functional>
+#include <map>
 #include <memory>
 
 namespace wendlow {
@@ -34,7 +34,7 @@ private:
     static void place(QWindow& window, const WindowDescription& description);
 
     const Make m_make;
-    std::array<std::unique_ptr<QWindow>, 9> m_slots;
+    std::map<WindowKind, std::unique_ptr<QWindow>> m_slots;
 };
 
 } // namespace wendlow

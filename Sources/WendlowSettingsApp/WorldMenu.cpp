@@ -17,23 +17,22 @@ WorldMenuActions::WorldMenuActions(Worlds worlds, OpenBench openBench)
 
 MenuDescription WorldMenuActions::menu() const {
     using World = EditorWorld;
-    return {.id = worldMenuId(),
-            .title = QStringLiteral("World"),
-            .lines = {world("dayZero", World::dayZero, Qt::Key_1),
-                      world("someData", World::someData, Qt::Key_2),
-                      world("powerUser", World::powerUser, Qt::Key_3),
-                      world("realData", World::realData, Qt::Key_4),
-                      {},
-                      {.id = QStringLiteral("resetWorld"),
-                       .title = QStringLiteral("Reset World"),
-                       .keys = {},
-                       .act = [this] { m_worlds().resetWorld(); }},
-                      {},
-                      bench("openWorkbench", WindowKind::workbench),
-                      bench("openControlsBench", WindowKind::controlsBench),
-                      bench("openFiltersBench", WindowKind::filtersBench),
-                      bench("openSearchBench", WindowKind::searchBench),
-                      bench("openRowsBench", WindowKind::rowsBench)}};
+    MenuDescription menu{.id = worldMenuId(),
+                         .title = QStringLiteral("World"),
+                         .lines = {world("dayZero", World::dayZero, Qt::Key_1),
+                                   world("someData", World::someData, Qt::Key_2),
+                                   world("powerUser", World::powerUser, Qt::Key_3),
+                                   world("realData", World::realData, Qt::Key_4),
+                                   {},
+                                   {.id = QStringLiteral("resetWorld"),
+                                    .title = QStringLiteral("Reset World"),
+                                    .keys = {},
+                                    .act = [this] { m_worlds().resetWorld(); }},
+                                   {}}};
+    for (const WindowDescription& window : WindowDescriptions::all())
+        if (!window.worldLine.empty())
+            menu.lines.push_back(bench(window));
+    return menu;
 }
 
 MenuLine WorldMenuActions::world(const char* id, EditorWorld world, int key) const {
@@ -44,11 +43,11 @@ MenuLine WorldMenuActions::world(const char* id, EditorWorld world, int key) con
             .checked = [this, world] { return m_worlds().world() == world; }};
 }
 
-MenuLine WorldMenuActions::bench(const char* id, WindowKind kind) const {
-    return {.id = QString::fromLatin1(id),
-            .title = QString::fromUtf8(WindowDescriptions::of(kind).title),
+MenuLine WorldMenuActions::bench(const WindowDescription& window) const {
+    return {.id = QString::fromUtf8(window.worldLine),
+            .title = QString::fromUtf8(window.title),
             .keys = {},
-            .act = [this, kind] { m_openBench(kind); }};
+            .act = [this, kind = window.kind] { m_openBench(kind); }};
 }
 
 void syncWorldMenu(MainMenu& mainMenu, const WorldMenuActions& actions, const QWindow* mainWindow) {

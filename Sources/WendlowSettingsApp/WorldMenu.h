@@ -22,7 +22,7 @@ public:
 
 private:
     MenuLine world(const char* id, EditorWorld world, int key) const;
-    MenuLine bench(const char* id, WindowKind kind) const;
+    MenuLine bench(const WindowDescription& window) const;
 
     const Worlds m_worlds;
     const OpenBench m_openBench;

@@ -36,14 +36,6 @@ void drawOffScreen() {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
-/// The Editor is there when it shows the counts of what is remembered, or that it cannot.
-bool isComplete(SettingsApplication& application, WindowDoor::Pane pane) {
-    if (pane != WindowDoor::Pane::editor)
-        return true;
-    EditorRoot& root = *application.editor().root();
-    return !root.memories()->cards()->rows().empty() || root.gaveUp();
-}
-
 int takeSnapshots(const LaunchOptions& options) {
     DistributedNotificationCenter silent{QDBusConnection(QStringLiteral("none"))};
     SettingsApplication application(
@@ -85,8 +77,12 @@ int main(int argc, char** argv) {
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
          .client = std::make_shared<XPCClient>()});
     application.show(options->pane, WindowDoor::Front::leave);
-    if (options->firstFrame)
-        FirstFrame::reportAndQuit(*application.window(WindowDescriptions::kindOf(options->pane)),
-                                  [&] { return isComplete(application, options->pane); });
+    if (options->firstFrame) {
+        const WindowKind kind = WindowDescriptions::kindOf(options->pane);
+        const auto isComplete = WindowDescriptions::of(kind).isComplete;
+        FirstFrame::reportAndQuit(*application.window(kind), [&application, isComplete] {
+            return !isComplete || isComplete(application.models());
+        });
+    }
     return QGuiApplication::exec();
 }

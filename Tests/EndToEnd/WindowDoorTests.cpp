@@ -61,11 +61,26 @@ TEST_F(Door, TheWorldMenuComesWithTheEditorAndGoesWithIt) {
             .empty();
     }));
     post({u"--object"_s, u"editor"_s});
-    EXPECT_TRUE(eventually([&] {
-        const auto editor = application.window(u"Memories"_s);
-        return editor &&
-               editor->find([](const Accessible& thing) { return thing.name() == u"World"_s; });
-    }));
+    const auto editor = application.window(u"Memories"_s);
+    ASSERT_TRUE(editor);
+    const auto hasWorld = [&editor] {
+        return editor->find([](const Accessible& thing) { return thing.name() == u"World"_s; })
+            .has_value();
+    };
+    EXPECT_TRUE(eventually(hasWorld));
+
+    // Another program takes the focus, and stays out of the tree in which ours is looked for.
+    QProcess other;
+    auto environment = desktop.environment();
+    environment.remove(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s);
+    other.setProcessEnvironment(environment);
+    ASSERT_TRUE(eventually([&editor] { return editor->isActive(); }));
+    other.start(QStringLiteral(WENDLOW_BUNDLE "/Contents/MacOS/wendlow-settings"),
+                {u"--window=stats"_s});
+    EXPECT_TRUE(eventually([&editor] { return !editor->isActive(); }));
+    EXPECT_TRUE(hasWorld());
+    other.terminate();
+    EXPECT_TRUE(other.waitForFinished());
 }
 
 TEST_F(Door, ClosingTheLastWindowQuits) {

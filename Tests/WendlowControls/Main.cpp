@@ -1,3 +1,4 @@
+#include "ConnectedAppsModel.h"
 #include "IconDrawing.h"
 #include "MockConnector.h"
 #include "SettingsRoot.h"
@@ -8,6 +9,7 @@
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
+#include <QSemaphore>
 #include <QtQuickTest>
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
@@ -49,12 +51,18 @@ public:
             projects.projects.push_back({"/home/ada/p" + std::to_string(at), distantPast, {}});
         const auto codex =
             tool("codex", "Codex", {.state = ConnectorState::connected, .projectReport = projects});
-        m_root = std::make_unique<SettingsRoot>(std::make_unique<ConnectedAppsModel>(
-            Connectors::List{cursor, codex}, "/opt/wendlow-mcp", std::move(around)));
+        const auto slow = tool("opencode", "OpenCode", {.onVerb = [this] { m_verbs.acquire(); }});
+        Panes::Models models;
+        models.emplace(Pane::connected,
+                       std::make_unique<ConnectedAppsModel>(Connectors::List{cursor, codex, slow},
+                                                            "/opt/wendlow-mcp", std::move(around)));
+        m_root = std::make_unique<SettingsRoot>(std::move(models));
     }
 
     SettingsRoot* root() const { return m_root.get(); }
     QStringList copied() const { return m_copied; }
+    /// OpenCode's verbs take until then.
+    Q_INVOKABLE void endVerb() { m_verbs.release(); }
     /// What a screen reader gets from an item.
     Q_INVOKABLE static QVariantMap spoken(QQuickItem* item) {
         QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(item);
@@ -88,6 +96,7 @@ public:
 
 private:
     QStringList m_copied;
+    QSemaphore m_verbs;
     std::unique_ptr<SettingsRoot> m_root;
 };
 

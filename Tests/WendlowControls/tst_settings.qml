@@ -36,35 +36,55 @@ Item {
             }
             return null;
         }
-        function here(name, kind) {
-            tryVerify(() => named(name, kind) !== null, 5000, name);
-            return named(name, kind);
+        function here(name, kind, under) {
+            tryVerify(() => named(name, kind, under) !== null, 5000, name);
+            return named(name, kind, under);
         }
 
         function init(): void {
             ThemeSource.reduceMotion = true;
-            bench.root.select("Connected Apps");
+            go("Connected Apps");
+        }
+        function go(title: string): void {
+            mouseClick(here(title, "SidebarItem_"));
         }
 
         function test_arrowsMoveThroughThePanes(): void {
+            const panes = ["General", "Connected Apps", "Recording Control", "Local AI Classifier", "Recovery"];
+            const stage = Array.from(face.children).find(child => child instanceof Loader);
+            compare(bench.root.groups.map(group => group.length), [3, 2]);
             here("Connected Apps", "SidebarItem_").forceActiveFocus(Qt.TabFocusReason);
-            bench.root.select("connected");
-            compare(bench.root.selection, "Connected Apps", "there is no such pane");
-            for (const title of ["Recording Control", "Local AI Classifier", "Recovery", "Recovery"]) {
-                keyClick(Qt.Key_Down);
-                compare(bench.root.selection, title);
-                verify(here(title, "SidebarItem_").activeFocus);
-                verify(here(title, "SidebarItem_").ringed);
-            }
             keyClick(Qt.Key_Home);
-            compare(bench.root.selection, "General");
-            here("General", "Label_");
-            bench.root.select("Recovery");
-            verify(here("Recovery", "SidebarItem_").activeFocus);
-            verify(!here("Recovery", "SidebarItem_").ringed, "no key brought the focus here");
-            mouseClick(here("Connected Apps", "SidebarItem_"));
+            keyClick(Qt.Key_Up);
+            for (const title of panes) {
+                const place = here(title, "SidebarItem_");
+                verify(place.activeFocus && place.ringed && place.here, title);
+                here(title === "Connected Apps" ? "Give your AI superpowers" : title, "Label_", stage);
+                keyClick(Qt.Key_Down);
+            }
+            verify(here("Recovery", "SidebarItem_").here, "there is none below it");
+            keyClick(Qt.Key_Home);
+            keyClick(Qt.Key_End);
+            verify(here("Recovery", "SidebarItem_").ringed);
+            bench.root.open(0);
+            verify(here("General", "SidebarItem_").activeFocus);
+            verify(!here("General", "SidebarItem_").ringed, "no key brought the focus here");
+            go("Connected Apps");
             verify(!here("Connected Apps", "SidebarItem_").ringed);
-            here("Give your AI superpowers", "Label_");
+        }
+
+        function test_aSwitchIsOutOfReachWhileItsVerbRuns(): void {
+            const row = here("OpenCode", "ConnectedAppRow_");
+            const toggle = here("OpenCode", "Switch_");
+            const spinner = () => named("", "Spinner_", row) !== null;
+            verify(!spinner());
+            mouseClick(toggle);
+            tryVerify(() => spinner());
+            verify(!toggle.enabled);
+            compare(bench.spoken(toggle).description, "Working…");
+            mouseClick(toggle);
+            bench.endVerb();
+            tryVerify(() => toggle.enabled && !spinner());
         }
 
         function test_notesAreOnePressAway(): void {

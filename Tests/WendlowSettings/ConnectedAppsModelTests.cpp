@@ -217,6 +217,37 @@ TEST(ConnectedAppsModel, ASecondVerbQueuesAndTheRowStaysBusyUntilBothAreDone) {
         << "the row has opened by itself, and is read when nothing else waits";
 }
 
+TEST(ConnectedAppsModel, WhileAVerbRunsItsOldNoteIsGoneAndItsRowStaysAsItIs) {
+    QSemaphore begun;
+    QSemaphore go(1);
+    const auto slow = hooked([&] {
+        begun.release();
+        go.acquire();
+    });
+    slow->becomes(State::found, Observations{},
+                  {.verbObservations = Observations{{"f", "written"}}});
+    ConnectedAppsModel model({slow}, std::nullopt, {});
+    model.scan();
+    ASSERT_TRUE(settled(model));
+    const auto row = [&model] { return model.apps().at(0); };
+    for (const bool open : {true, false}) {
+        model.connect(u"cursor"_s);
+        ASSERT_TRUE(settled(model));
+        begun.acquire();
+        EXPECT_TRUE(row().open);
+        EXPECT_EQ(row().notes.size(), 1U);
+        model.setOpen(u"cursor"_s, open);
+        model.disconnect(u"cursor"_s);
+        begun.acquire();
+        EXPECT_TRUE(row().app.busy);
+        EXPECT_EQ(row().notes.size(), 0U) << "it told of another verb";
+        EXPECT_EQ(row().open, open) << "it jumped";
+        go.release(2);
+        ASSERT_TRUE(settled(model));
+        EXPECT_FALSE(row().app.busy);
+    }
+}
+
 TEST(ConnectedAppsModel, DestroyedWithVerbsOnTheLaneFinishesThemAndTouchesNothing) {
     QSemaphore begun;
     std::atomic<int> finished = 0;

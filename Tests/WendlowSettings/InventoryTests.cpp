@@ -117,7 +117,10 @@ public:
         ++reads;
         return {"/home/ada/.store", {{"/p/" + std::to_string(reads), distantPast, {}}}, "a note"};
     }
-    MemoryFileReport memoryFiles() const override { return mock.memoryFiles(); }
+    MemoryFileReport memoryFiles() const override {
+        wholeRead.release();
+        return mock.memoryFiles();
+    }
     ConnectorOutcome install() const override {
         if (onInstall)
             onInstall();
@@ -131,6 +134,7 @@ public:
     std::function<void()> onInstall;
     mutable QSemaphore begun;
     mutable QSemaphore go;
+    mutable QSemaphore wholeRead;
     mutable std::atomic<int> reads = 0;
 };
 
@@ -201,6 +205,22 @@ TEST(AppInventory, ClosedInFlightItIsDroppedAndOpenedAgainItIsReadAgain) {
     pane.tool->go.release(); // only now: what is read at once lands at once
     ASSERT_TRUE(pane.settled());
     EXPECT_EQ(pane.project(), u"/p/3"_s);
+}
+
+TEST(AppInventory, AnAnswerThatIsThereAlreadyIsDroppedWhereItsRowHasClosedMeanwhile) {
+    const HeldPane pane;
+    pane.open(true);
+    pane.tool->go.release();
+    pane.tool->wholeRead.acquire(); // the event loop has not looked yet
+    pane.open(false);
+    pane.open(true);
+    pane.tool->begun.acquire(2); // behind the first reading, which has ended
+    QTest::qWait(20);
+    EXPECT_FALSE(pane.inventory().known()) << "a stale answer has landed";
+    EXPECT_TRUE(pane.inventory().loading());
+    pane.tool->go.release();
+    ASSERT_TRUE(pane.settled());
+    EXPECT_EQ(pane.project(), u"/p/2"_s);
 }
 
 TEST(AppInventory, AVerbGoesBeforeWaitingReadingsAndHasThemReadAgain) {

@@ -150,6 +150,11 @@ TEST(EditActions, ActOnTheTextThatAPersonIsInAlsoWhileAMenuHasTheFocus) {
     focus("fixed");
     trigger("selectAll");
     EXPECT_EQ(can(), u"|Copy|Select All"_s);
+    Q_EMIT qGuiApp->focusObjectChanged(nullptr);
+    EXPECT_EQ(can(), u"|Copy|Select All"_s) << "only another program has the focus";
+    window->hide();
+    EXPECT_EQ(can(), QString()) << "nobody sees what that would do";
+    window->show();
     focus("other");
     EXPECT_EQ(can(), QString());
     trigger("selectAll");
@@ -159,8 +164,10 @@ TEST(EditActions, ActOnTheTextThatAPersonIsInAlsoWhileAMenuHasTheFocus) {
 struct Door {
     QStringList happened;
     DistributedNotificationCenter center{QDBusConnection(u"none"_s)};
+    FrontWindow frontWindow;
     SettingsDelegate delegate{
         center,
+        frontWindow,
         {.show =
              [this](WindowDoor::Pane pane, WindowDoor::Front front) {
                  happened.append(

@@ -1,0 +1,136 @@
+#include "ClientInstance.h"
+#include "WindowDescription.h"
+#include "WindowModels.h"
+#include "WindowPictures.h"
+
+#include <algorithm>
+#include <array>
+
+namespace wendlow::WindowDescriptions {
+
+namespace {
+
+using Kind = WindowKind;
+using Door = WindowDoor::Pane;
+
+constexpr WindowStyles bench = WindowStyles(WindowStyle::titled) | WindowStyle::closable |
+                               WindowStyle::miniaturizable | WindowStyle::resizable;
+constexpr WindowStyles fullSize = bench | WindowStyle::fullSizeContent;
+constexpr WindowStyles fixed = WindowStyles(WindowStyle::titled) | WindowStyle::closable |
+                               WindowStyle::miniaturizable | WindowStyle::fullSizeContent;
+
+QVariantMap giveSettings(WindowModels& models) {
+    return {{QStringLiteral("root"), QVariant::fromValue(&models.settings())}};
+}
+
+void refreshSettings(WindowModels& models) {
+    models.settings().refresh(); // a person may have changed a tool's files in the other window
+}
+
+QVariantMap giveEditor(WindowModels& models) {
+    return {{QStringLiteral("host"), QVariant::fromValue(&models.editor())}};
+}
+
+/// The Editor is there when it shows the counts of what is remembered, or that it cannot.
+bool isEditorComplete(WindowModels& models) {
+    EditorRoot& root = *models.editor().root();
+    return !root.memories()->cards()->rows().empty() || root.gaveUp();
+}
+
+constexpr auto windows = std::to_array<WindowDescription>({
+    {.kind = Kind::settings,
+     .id = "settings",
+     .title = ClientInstance::productName,
+     .size = {980, 860},
+     .styles = fullSize,
+     .door = Door::settings,
+     .file = "WendlowSettings/SettingsFace.qml",
+     .properties = giveSettings,
+     .returnedTo = refreshSettings,
+     .takePictures = WindowPictures::takeSettings},
+    {.kind = Kind::stats,
+     .id = "stats",
+     .title = "Stats",
+     .size = {800, 780},
+     .styles = fullSize,
+     .door = Door::stats},
+    {.kind = Kind::editor,
+     .id = "editor",
+     .title = "Memories",
+     .size = {980, 860},
+     .styles = fullSize,
+     .side = WindowSide::editor,
+     .place = WindowPlace::centredThenCascaded,
+     .door = Door::editor,
+     .file = "WendlowEditor/EditorHostFace.qml",
+     .properties = giveEditor,
+     .isComplete = isEditorComplete,
+     .takePictures = WindowPictures::takeEditor},
+    {.kind = Kind::onboarding,
+     .id = "journey",
+     .title = "Welcome to Wendlow",
+     .size = {800, 620},
+     .styles = fixed,
+     .alwaysDark = true,
+     .door = Door::onboarding},
+    {.kind = Kind::workbench,
+     .id = "workbench",
+     .title = "Workbench",
+     .size = {1200, 680},
+     .styles = bench,
+     .side = WindowSide::editor,
+     .worldLine = "openWorkbench"},
+    {.kind = Kind::controlsBench,
+     .id = "controls-bench",
+     .title = "Controls Bench",
+     .size = {780, 900},
+     .styles = bench,
+     .side = WindowSide::editor,
+     .worldLine = "openControlsBench",
+     .file = "WendlowControls/ControlsBench.qml"},
+    {.kind = Kind::filtersBench,
+     .id = "filters-bench",
+     .title = "Filters Bench",
+     .size = {820, 940},
+     .styles = bench,
+     .side = WindowSide::editor,
+     .worldLine = "openFiltersBench"},
+    {.kind = Kind::searchBench,
+     .id = "search-bench",
+     .title = "Search Bench",
+     .size = {1080, 900},
+     .styles = bench,
+     .side = WindowSide::editor,
+     .worldLine = "openSearchBench"},
+    {.kind = Kind::rowsBench,
+     .id = "rows-bench",
+     .title = "Rows Bench",
+     .size = {980, 940},
+     .styles = bench,
+     .side = WindowSide::editor,
+     .worldLine = "openRowsBench"},
+});
+
+constexpr bool standInTheOrderOfTheCases() {
+    for (std::size_t at = 0; at < windows.size(); ++at)
+        if (windows[at].kind != static_cast<WindowKind>(at))
+            return false;
+    return true;
+}
+static_assert(standInTheOrderOfTheCases());
+
+} // namespace
+
+std::span<const WindowDescription> all() {
+    return windows;
+}
+
+const WindowDescription& of(WindowKind kind) {
+    return windows[static_cast<std::size_t>(kind)];
+}
+
+WindowKind kindOf(WindowDoor::Pane pane) {
+    return std::ranges::find(windows, std::optional(pane), &WindowDescription::door)->kind;
+}
+
+} // namespace wendlow::WindowDescriptions

@@ -1,0 +1,47 @@
+#include "WindowModels.h"
+
+#include "DiagnosticRelay.h"
+#include "HomeFolder.h"
+#include "InstalledBundle.h"
+
+#include <utility>
+
+namespace wendlow {
+
+WindowModels::WindowModels(std::shared_ptr<WendlowClient> client) : m_client(std::move(client)) {}
+
+WindowModels::~WindowModels() = default;
+
+EditorWorlds& WindowModels::worlds() {
+    if (!m_worlds)
+        m_worlds = std::make_unique<EditorWorlds>(
+            m_client, EditorWorld::realData,
+            [relay = DiagnosticRelay(DiagnosticSource::editor, m_client)](std::string line) {
+                relay.note(std::move(line));
+            });
+    return *m_worlds;
+}
+
+EditorHost& WindowModels::editor() {
+    if (!m_editor)
+        m_editor = std::make_unique<EditorHost>(worlds());
+    return *m_editor;
+}
+
+SettingsRoot& WindowModels::settings() {
+    if (!m_settings) {
+        m_settings =
+            std::make_unique<SettingsRoot>(Panes::makeModels({.home = homeFolder(),
+                                                              .bundle = InstalledBundle::current(),
+                                                              .applications = "/Applications"}));
+        // On its lane while the window is being built.
+        m_settings->refresh();
+    }
+    return *m_settings;
+}
+
+bool WindowModels::settled() const {
+    return !m_settings || m_settings->settled();
+}
+
+} // namespace wendlow

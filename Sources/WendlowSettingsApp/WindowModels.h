@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Client.h"
+#include "SettingsRoot.h"
+#include "Shell/EditorHost.h"
+
+#include <memory>
+
+namespace wendlow {
+
+/// What the windows show: each made on first need, and kept for the rest of the process. UI thread.
+class WindowModels final {
+public:
+    /// `client` is the process's only way to the daemon.
+    explicit WindowModels(std::shared_ptr<WendlowClient> client);
+    /// Waits for a change to a person's files that is under way.
+    ~WindowModels();
+
+    EditorWorlds& worlds();
+    EditorHost& editor();
+    SettingsRoot& settings();
+
+    /// None that has been made waits for something that a picture is to show.
+    bool settled() const;
+
+private:
+    const std::shared_ptr<WendlowClient> m_client;
+    std::unique_ptr<EditorWorlds> m_worlds;
+    std::unique_ptr<EditorHost> m_editor;
+    std::unique_ptr<SettingsRoot> m_settings;
+};
+
+} // namespace wendlow

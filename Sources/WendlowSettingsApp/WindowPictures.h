@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QQuickWindow>
+#include <QString>
+
+#include <functional>
+
+namespace wendlow {
+
+class WindowModels;
+
+/// One window on the screen whose pictures are taken.
+struct PictureSession {
+    enum class Focus { away, kept };
+
+    QQuickWindow& window;
+    /// Waits until what is to be seen is there, and saves it by this name, without a sign of the
+    /// focus or with it.
+    std::function<void(const QString& name, Focus focus)> save;
+    bool sizeIsGiven = false; ///< the person has chosen one, and it stays
+};
+
+/// The pictures of windows that have more than one state: each shows its states one after the
+/// other, and leaves the window as it was.
+namespace WindowPictures {
+
+void takeSettings(const PictureSession& session, WindowModels& models);
+void takeEditor(const PictureSession& session, WindowModels& models);
+
+} // namespace WindowPictures
+
+} // namespace wendlow
