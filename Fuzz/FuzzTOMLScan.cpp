@@ -1,7 +1,9 @@
 // Any bytes scan or are refused in words, and what a scan tells of them is consistent: positions in
-// order, source texts at their places, names and strings that read back as what they are.
+// order, source texts at their places, names and strings that read back as what they are. A whole
+// parser of TOML says the same of them.
 
 #include "ConfigFile/TOMLText.h"
+#include "TOMLAgreement.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -74,5 +76,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         checkDocument(bytes, *document);
     else
         require(document.error().offset <= size && !document.error().reason.empty());
+    fuzz::requireAgreement(bytes);
     return 0;
 }

@@ -1,5 +1,7 @@
 #include "BundleCommand.h"
 
+#include "OwnedNames.h"
+
 #include <array>
 #include <string>
 
@@ -58,7 +60,8 @@ bool names(std::string_view path, std::string_view binary) {
     if (!path.starts_with('/'))
         return false;
     // From the back, because only the last four pieces count; empty pieces do not count at all.
-    const std::array<std::string_view, 4> expected{binary, "MacOS", "Contents", "Wendlow.app"};
+    const std::array<std::string_view, 4> expected{binary, "MacOS", "Contents",
+                                                   OwnedNames::application};
     std::string_view rest = path;
     for (const std::string_view piece : expected) {
         while (rest.ends_with('/'))

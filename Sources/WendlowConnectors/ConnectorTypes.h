@@ -33,10 +33,19 @@ enum class ConnectorState {
 /// The case's name.
 std::string_view text(ConnectorState state);
 
+/// What a scan came upon, beside the state, that its caller may act by.
+struct ScanFacts {
+    bool unreadable = false; ///< one of the tool's files does not read
+    bool foreign = false;    ///< something that is not ours stands in our place
+
+    bool operator==(const ScanFacts&) const = default;
+};
+
 struct ScanReport {
     ConnectorIdentity identity;
     ConnectorState state = ConnectorState::notFound;
     Observations observations;
+    ScanFacts facts = {};
 
     bool operator==(const ScanReport&) const = default;
 };

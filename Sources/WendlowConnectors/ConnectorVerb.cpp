@@ -65,38 +65,43 @@ ConnectorOutcome refused(Observations observations) {
     return {.result = Result::refused, .observations = std::move(observations), .backups = {}};
 }
 
-ConnectorOutcome refused(const PlanFailure& failure) {
-    return refused(Observations{{failure.file, failure.reason}});
-}
-
-PlanFailure nothingWritten(const ToolFile& file, std::string_view reason) {
-    return {file.label, fmt::format("nothing was written — {}", reason)};
-}
-
-std::optional<ConnectorOutcome> readingRefusal(std::vector<std::optional<Observation>> reasons) {
-    Observations observations;
-    for (auto& reason : reasons)
-        if (reason)
-            observations.push_back(*std::move(reason));
-    if (observations.empty())
-        return std::nullopt;
-    return refused(std::move(observations));
-}
-
-void Installation::add(ToolFile toolFile, InstalledBlock installed, Created file,
-                       std::string_view what) {
+void Installation::add(ToolFile toolFile, InstalledBlock installed, const FileRole& role) {
     created.merge(installed.created);
     if (!toolFile.bytes)
-        created.insert(file);
+        created.insert(role.file);
     const bool edited = installed.bytes.has_value();
     files.push_back({.file = std::move(toolFile),
-                     .what = what,
+                     .what = role.what,
                      .edited = edited,
                      .after = std::move(installed.bytes)});
 }
 
+void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
+                  const std::set<Created>& created) {
+    for (std::string& leftover : removed.leftovers)
+        notes.push_back({file.label, std::move(leftover)});
+    const bool edited = removed.bytes.has_value();
+    PlannedFile& planned = files.emplace_back(PlannedFile{.file = std::move(file),
+                                                          .what = role.what,
+                                                          .edited = edited,
+                                                          .after = std::move(removed.bytes)});
+    const auto& remaining = edited ? planned.after : planned.file.bytes;
+    if (!remaining || !role.isEmpty(*remaining))
+        return;
+    if (created.contains(role.file)) {
+        planned.edited = true;
+        planned.after = std::nullopt;
+        notes.push_back(
+            {planned.file.label, "this file was created when Wendlow connected and was removed"});
+    } else if (planned.changes()) {
+        notes.push_back({planned.file.label,
+                         fmt::format("this file {} and remains, because Wendlow did not create it",
+                                     role.emptyWords)});
+    }
+}
+
 ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
-                         const Surroundings& surroundings) {
+                         ConnectorReceipt receipt, const Surroundings& surroundings) {
     const auto said = fates(installation.files);
     auto result = commit(std::move(installation.files), surroundings);
     if (auto* refusal = std::get_if<TransactionResult::Refused>(&result.outcome))
@@ -105,7 +110,8 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
     ConnectorOutcome outcome = committed != nullptr ? changed(*committed) : ConnectorOutcome{};
     append(outcome.observations, std::move(installation.planNotes));
     if (committed != nullptr) {
-        ConnectorReceipt receipt = receipts.read();
+        if (installation.folder)
+            installation.folder->keep();
         receipt.created.merge(installation.created);
         receipt.adopted.merge(installation.adopted);
         if (installation.trustSlots)
@@ -123,47 +129,22 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
     return outcome;
 }
 
-ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
-                        const ReceiptStore& receipts, const Surroundings& surroundings,
-                        const std::function<Observations()>& afterwards) {
-    const auto said = fates(files);
-    auto result = commit(std::move(files), surroundings);
+ConnectorOutcome remove(Removal removal, const ReceiptStore& receipts,
+                        const Surroundings& surroundings) {
+    const auto said = fates(removal.files);
+    auto result = commit(std::move(removal.files), surroundings);
     if (auto* refusal = std::get_if<TransactionResult::Refused>(&result.outcome))
         return refused(std::move(refusal->observations));
     ConnectorOutcome outcome;
     if (auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome)) {
         outcome = changed(*committed);
-        append(outcome.observations, std::move(notes));
-        if (afterwards)
-            append(outcome.observations, afterwards());
+        append(outcome.observations, std::move(removal.notes));
+        if (removal.afterwards)
+            append(outcome.observations, removal.afterwards());
         receipts.remove();
     }
     sayFates(said, "removed from", outcome.observations);
     return outcome;
-}
-
-PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,
-                        bool (*isEmpty)(std::string_view bytes), Observations& notes,
-                        std::string_view emptyWords) {
-    for (std::string& leftover : removed.leftovers)
-        notes.push_back({file.label, std::move(leftover)});
-    const bool edited = removed.bytes.has_value();
-    PlannedFile planned{
-        .file = std::move(file), .edited = edited, .after = std::move(removed.bytes)};
-    const auto& remaining = edited ? planned.after : planned.file.bytes;
-    if (!remaining || !isEmpty(*remaining))
-        return planned;
-    if (createdByUs) {
-        planned.edited = true;
-        planned.after = std::nullopt;
-        notes.push_back(
-            {planned.file.label, "this file was created when Wendlow connected and was removed"});
-    } else if (planned.changes()) {
-        notes.push_back({planned.file.label,
-                         fmt::format("this file {} and remains, because Wendlow did not create it",
-                                     emptyWords)});
-    }
-    return planned;
 }
 
 } // namespace wendlow::ConnectorVerb

@@ -4,10 +4,13 @@
 #include "ConfigFile/Transaction.h"
 #include "ConnectorReceipt.h"
 #include "ConnectorTypes.h"
+#include "JSONBlock.h"
+#include "NewFolder.h"
 #include "ReceiptStore.h"
 #include "ToolFile.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -26,12 +29,6 @@ struct PlannedFile {
     bool changes() const { return edited && file.bytes != after; }
 };
 
-/// A plan that could not be made.
-struct PlanFailure {
-    std::string file; ///< as configured
-    std::string reason;
-};
-
 /// What the verbs of every connector do alike once their plan is made: commit, keep the receipt,
 /// and say of each file what became of it. Blocks on the disk.
 namespace ConnectorVerb {
@@ -43,15 +40,18 @@ struct Surroundings {
 };
 
 ConnectorOutcome refused(Observations observations);
-ConnectorOutcome refused(const PlanFailure& failure);
-/// "nothing was written — <reason>", of that file.
-PlanFailure nothingWritten(const ToolFile& file, std::string_view reason);
-/// The refusal of a verb that has to leave one of its files alone; nothing where none of them has
-/// to be.
-std::optional<ConnectorOutcome> readingRefusal(std::vector<std::optional<Observation>> reasons);
 
 /// In which order a verb says of each file what became of it.
 enum class FileOrder { changedFirst, asPlanned };
+
+/// What is to be known of one of a tool's files to take it away again, and to speak of it.
+struct FileRole {
+    Created file;                    ///< the receipt's case for a file that we made
+    std::string_view what = "entry"; ///< what of ours the file holds
+    /// Whether a file with these bytes holds nothing any more, and the words for that.
+    bool (*isEmpty)(std::string_view bytes) = JSONBlock::isEmptyObject;
+    std::string_view emptyWords = "is now empty";
+};
 
 /// A planned installation.
 struct Installation {
@@ -63,29 +63,31 @@ struct Installation {
     Observations planNotes; ///< said unless it is refused, before all of ours
     Observations notes;     ///< said unless it is refused, behind all else
     FileOrder order = FileOrder::changedFirst;
+    std::unique_ptr<NewFolder> folder = nullptr; ///< kept when the commit changed something
 
-    /// Adds one file's part. `file` is what is created where there is no such file yet. Moves the
-    /// file's bytes.
-    void add(ToolFile toolFile, InstalledBlock installed, Created file,
-             std::string_view what = "entry");
+    /// Adds one file's part, moving the file's bytes.
+    void add(ToolFile toolFile, InstalledBlock installed, const FileRole& role);
 };
 
-/// Commits an installation. What it created is added to the receipt, and only when the commit
-/// changed something.
-ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
-                         const Surroundings& surroundings);
-/// Commits a removal. `notes`, about what stays behind, are said when it changed something; then
-/// `afterwards` is done and has its say, and the receipt goes.
-ConnectorOutcome remove(std::vector<PlannedFile> files, Observations notes,
-                        const ReceiptStore& receipts, const Surroundings& surroundings,
-                        const std::function<Observations()>& afterwards = {});
+/// A planned removal.
+struct Removal {
+    std::vector<PlannedFile> files; ///< in the order of writing
+    Observations notes;             ///< about what stays behind; said when it changed something
+    std::function<Observations()> afterwards = {}; ///< done then, and has its say behind them
 
-/// Plans one file's part in a removal. What then `isEmpty` is deleted where it was created by us;
-/// otherwise it stays, and is spoken of where the verb changed it: "this file <emptyWords> and
-/// remains". Moves the file's bytes.
-PlannedFile planRemoval(ToolFile file, RemovedBlock removed, bool createdByUs,
-                        bool (*isEmpty)(std::string_view bytes), Observations& notes,
-                        std::string_view emptyWords = "is now empty");
+    /// Adds one file's part, moving the file's bytes. What then is empty is deleted where `created`
+    /// says that the file is ours; otherwise it stays, and is spoken of where the verb changed it.
+    void add(ToolFile file, RemovedBlock removed, const FileRole& role,
+             const std::set<Created>& created);
+};
+
+/// Commits an installation. What it created is added to `receipt`, which is written only when the
+/// commit changed something.
+ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
+                         ConnectorReceipt receipt, const Surroundings& surroundings);
+/// Commits a removal. The receipt goes when it changed something.
+ConnectorOutcome remove(Removal removal, const ReceiptStore& receipts,
+                        const Surroundings& surroundings);
 
 } // namespace ConnectorVerb
 } // namespace wendlow

@@ -4,6 +4,7 @@
 #include "Codex/CodexConnector.h"
 #include "Cursor/CursorConnector.h"
 #include "OpenCode/OpenCodeConnector.h"
+#include "OwnedNames.h"
 
 namespace wendlow::Connectors {
 
@@ -22,7 +23,7 @@ std::vector<ClaudeChatRetirement> retirements(const std::filesystem::path& home,
 }
 
 std::filesystem::path mcpCommand(const std::filesystem::path& bundle) {
-    return bundle / "Contents/MacOS/wendlow-mcp";
+    return OwnedNames::program(bundle, OwnedNames::mcpProgram);
 }
 
 } // namespace wendlow::Connectors

@@ -1,6 +1,7 @@
 #include "Drift.h"
 
 #include "ConfigFile/Disk.h"
+#include "OwnedNames.h"
 
 #include <fmt/format.h>
 
@@ -10,7 +11,7 @@ std::vector<std::string> reasons(std::string_view found, std::string_view expect
                                  const std::filesystem::path& binary) {
     std::vector<std::string> sentences;
     if (found != expected) {
-        if (found.contains("/fenmoor/wendlow"))
+        if (found.contains(OwnedNames::checkout))
             sentences.push_back(
                 fmt::format("the command points into a source checkout: {}", found));
         for (const std::string_view marker : {"dist-dev", "dist-prod"})

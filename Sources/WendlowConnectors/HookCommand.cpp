@@ -3,6 +3,7 @@
 #include "BundleCommand.h"
 #include "ConfigFile/JSONLiteral.h"
 #include "ConfigFile/JSONText.h"
+#include "OwnedNames.h"
 
 #include <algorithm>
 
@@ -75,7 +76,7 @@ bool isLegacyBundle(std::string_view command, std::string_view current) {
     if (!harness)
         return false;
     const auto executable = BundleCommand::hookExecutable(command, *harness);
-    return executable && BundleCommand::names(*executable, "wendlow-hook");
+    return executable && BundleCommand::names(*executable, OwnedNames::hookProgram);
 }
 
 bool isPreTool(std::string_view command) {

@@ -68,20 +68,18 @@ JSONBlock::Readable read(std::string_view bytes);
 /// `driftReasons(sites, root, bytes)` what is wrong with them, which is asked only when there are
 /// any.
 template<class Sites, class Reasons>
-BlockFinding find(std::optional<std::string_view> bytes, std::span<const std::string_view> events,
-                  const Sites& sites, const Reasons& driftReasons) {
-    if (!bytes)
-        return {BlockFinding::FileAbsent{}};
-    const auto document = read(*bytes);
+BlockFinding find(std::string_view bytes, const JSONBlock::Readable& document,
+                  std::span<const std::string_view> events, const Sites& sites,
+                  const Reasons& driftReasons) {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const JSONNode root = document->root();
     if (auto reason = HookLists::foreignReason(root, events))
         return {BlockFinding::Foreign{{*std::move(reason)}}};
-    const auto own = sites(root, *bytes);
+    const auto own = sites(root, bytes);
     if (own.empty())
         return {BlockFinding::Absent{}};
-    return BlockFinding::from(driftReasons(own, root, *bytes));
+    return BlockFinding::from(driftReasons(own, root, bytes));
 }
 
 /// Appends a group to the list of `event`, making the list and the `hooks` object where there is

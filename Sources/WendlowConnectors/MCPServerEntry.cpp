@@ -1,6 +1,7 @@
 #include "MCPServerEntry.h"
 
 #include "Drift.h"
+#include "OwnedNames.h"
 
 #include <utility>
 
@@ -9,7 +10,7 @@ namespace wendlow {
 namespace {
 
 constexpr std::string_view serversKey = "mcpServers";
-constexpr std::string_view entryKey = "wendlow";
+constexpr std::string_view entryKey = OwnedNames::server;
 
 const JSONPath& entryPath() {
     static const JSONPath path{serversKey, entryKey};
@@ -38,10 +39,7 @@ std::optional<std::string> MCPServerEntry::unreadableReason(std::string_view byt
     return JSONBlock::reason(read(bytes));
 }
 
-BlockFinding MCPServerEntry::find(std::optional<std::string_view> bytes) const {
-    if (!bytes)
-        return {BlockFinding::FileAbsent{}};
-    const Readable document = read(*bytes);
+BlockFinding MCPServerEntry::find(std::string_view bytes, const Readable& document) const {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const JSONNode root = document->root();
@@ -54,7 +52,7 @@ BlockFinding MCPServerEntry::find(std::optional<std::string_view> bytes) const {
     if (!command)
         return {BlockFinding::Drifted{{std::string(Drift::otherShape)}}};
     auto reasons = Drift::reasons(*command, m_binary.string(), m_binary);
-    if (*command == m_binary.string() && found->value(*bytes) != entry().value())
+    if (*command == m_binary.string() && found->value(bytes) != entry().value())
         reasons.emplace_back(Drift::otherShape);
     return BlockFinding::from(std::move(reasons));
 }

@@ -27,9 +27,9 @@ public:
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     Readable read(std::string_view bytes) const;
     std::optional<std::string> unreadableReason(std::string_view bytes) const;
-    /// What the file holds of ours; no bytes: there is no file. Asks the disk whether the server
-    /// program is there.
-    BlockFinding find(std::optional<std::string_view> bytes) const;
+    /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
+    /// whether the server program is there.
+    BlockFinding find(std::string_view bytes, const Readable& document) const;
 
     /// Puts the entry in, or in place of one that differs. The second form takes the scan of
     /// `bytes` that was made before.

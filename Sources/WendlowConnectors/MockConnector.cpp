@@ -29,6 +29,8 @@ void MockConnector::becomes(ConnectorState state, std::optional<Observations> ob
     m_script.state = state;
     if (observations)
         m_script.observations = *std::move(observations);
+    if (change.facts)
+        m_script.facts = *change.facts;
     if (change.refuses)
         m_script.refuses = *change.refuses;
     if (change.verbObservations)
@@ -56,6 +58,7 @@ ScanReport MockConnector::scan() const {
         m_calls.emplace_back("scan");
         report.state = m_script.state;
         report.observations = m_script.observations;
+        report.facts = m_script.facts;
     }
     call(m_script.afterScan);
     return report;

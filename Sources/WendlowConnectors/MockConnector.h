@@ -21,6 +21,7 @@ public:
         // NOLINTBEGIN(readability-redundant-member-init)
         ConnectorState state = ConnectorState::found;
         Observations observations{};
+        ScanFacts facts{};
         bool refuses = false;            ///< verbs are refused; comes before `verbsChangeNothing`
         bool verbsChangeNothing = false; ///< verbs return `unchanged`
         std::optional<Observations> verbObservations =
@@ -39,6 +40,7 @@ public:
     /// What `becomes` changes; what is left out keeps its value.
     struct Change {
         std::optional<bool> refuses = std::nullopt;
+        std::optional<ScanFacts> facts = std::nullopt;
         std::optional<Observations> verbObservations = std::nullopt;
         std::optional<std::vector<std::filesystem::path>> backups = std::nullopt;
     };

@@ -5,42 +5,35 @@
 
 namespace wendlow::ScanJoin {
 
+namespace {
+
+template<class Case> bool any(std::span<const BlockFinding> findings) {
+    return std::ranges::any_of(findings, &BlockFinding::is<Case>);
+}
+
+} // namespace
+
 ConnectorState state(std::span<const BlockFinding> findings) {
-    const auto connected = [](const BlockFinding& finding) {
-        return finding.is<BlockFinding::Connected>();
-    };
-    const auto ours = [&](const BlockFinding& finding) {
-        return connected(finding) || finding.is<BlockFinding::Drifted>();
-    };
-    if (std::ranges::all_of(findings, connected))
+    if (std::ranges::all_of(findings, &BlockFinding::is<BlockFinding::Connected>))
         return ConnectorState::connected;
-    return std::ranges::any_of(findings, ours) ? ConnectorState::drifted : ConnectorState::found;
+    const bool ours =
+        any<BlockFinding::Connected>(findings) || any<BlockFinding::Drifted>(findings);
+    return ours ? ConnectorState::drifted : ConnectorState::found;
 }
 
-ScanReport report(ConnectorIdentity identity, const std::vector<BlockReport>& blocks,
-                  Observations more) {
-    std::vector<BlockFinding> findings;
+ScanReport report(ConnectorIdentity identity, Findings findings) {
+    std::vector<BlockFinding> found;
     Observations said;
-    for (const auto& [finding, subject] : blocks) {
-        findings.push_back(finding);
-        append(said, observations(finding, subject));
+    for (BlockReport& block : findings.blocks) {
+        found.push_back(std::move(block.finding));
+        append(said, std::move(block.said));
     }
-    append(said, std::move(more));
-    return {
-        .identity = std::move(identity), .state = state(findings), .observations = folded(said)};
-}
-
-ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory) {
+    append(said, std::move(findings.more));
     return {.identity = std::move(identity),
-            .state = ConnectorState::notFound,
-            .observations = {{directory.string(), "there is no directory here"}}};
-}
-
-ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
-                    const std::filesystem::path& file) {
-    ScanReport report = notFound(std::move(identity), directory);
-    report.observations.push_back({file.string(), "there is no file here"});
-    return report;
+            .state = state(found),
+            .observations = folded(said),
+            .facts = {.unreadable = any<BlockFinding::Unreadable>(found),
+                      .foreign = any<BlockFinding::Foreign>(found)}};
 }
 
 } // namespace wendlow::ScanJoin

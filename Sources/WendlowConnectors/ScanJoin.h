@@ -3,8 +3,8 @@
 #include "BlockFinding.h"
 #include "ConnectorTypes.h"
 
-#include <filesystem>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace wendlow::ScanJoin {
@@ -14,19 +14,22 @@ namespace wendlow::ScanJoin {
 /// about its blocks.
 ConnectorState state(std::span<const BlockFinding> findings);
 
-/// What one block found, and of what.
+/// What one block found, and the words for it.
 struct BlockReport {
-    BlockFinding finding;
-    BlockSubject subject;
-};
-/// The report on a tool that is here: the words of its blocks in this order, then `more`.
-ScanReport report(ConnectorIdentity identity, const std::vector<BlockReport>& blocks,
-                  Observations more = {});
+    BlockReport(BlockFinding found, const BlockSubject& subject)
+        : finding(std::move(found)), said(observations(finding, subject)) {}
+    BlockReport(BlockFinding found, Observations words)
+        : finding(std::move(found)), said(std::move(words)) {}
 
-/// The report on a tool that is not on this machine: it has no folder, or neither that nor its main
-/// file.
-ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory);
-ScanReport notFound(ConnectorIdentity identity, const std::filesystem::path& directory,
-                    const std::filesystem::path& file);
+    BlockFinding finding;
+    Observations said;
+};
+/// What all of a tool's blocks found.
+struct Findings {
+    std::vector<BlockReport> blocks;
+    Observations more = {}; ///< said behind the words of the blocks
+};
+/// The report on a tool that is here.
+ScanReport report(ConnectorIdentity identity, Findings findings);
 
 } // namespace wendlow::ScanJoin

@@ -7,7 +7,6 @@
 #include <QtConcurrentRun>
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <utility>
 
@@ -17,17 +16,8 @@ namespace {
 
 constexpr std::string_view backupSentence = "a backup was written here before this change";
 
-/// The beginnings of the sentences that tell of a file which gave no content.
-constexpr std::array<std::string_view, 2> unreadableBeginnings = {"this file did not read as ",
-                                                                  "this file could not be read"};
-
 RowFacts factsOf(const ScanReport& report) {
-    const bool unreadable = std::ranges::any_of(report.observations, [](const Observation& line) {
-        return std::ranges::any_of(unreadableBeginnings, [&line](std::string_view beginning) {
-            return line.text.starts_with(beginning);
-        });
-    });
-    return {report.state, unreadable};
+    return {report.state, report.facts.unreadable};
 }
 
 ConnectedAppsModel::VerbNote noteOf(const ConnectorOutcome& outcome) {

@@ -23,9 +23,9 @@ public:
     std::filesystem::path path(const std::string& name) const { return m_home / name; }
     CodexPaths paths() const { return CodexPaths::under(m_home.path(), m_home / "Wendlow.app"); }
     std::string hooksFile() const { return paths().hooksFile.string(); }
-    std::string configFile() const { return paths().configFile.string(); }
+    std::string configFile() const { return paths().serversFile.string(); }
     std::optional<std::string> hooks() const { return get(paths().hooksFile); }
-    std::optional<std::string> config() const { return get(paths().configFile); }
+    std::optional<std::string> config() const { return get(paths().serversFile); }
     ConnectorReceipt receipt() const { return ReceiptStore{paths().receiptFile}.read(); }
     /// The clock stands still, so that the names of copies are known.
     CodexConnector connector() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Codex/CodexTrust.h"
 #include "CodexHome.h"
 #include "ConfigFile/Backup.h"
 #include "InstallRemoveProperty.h"

@@ -40,9 +40,9 @@ public:
         return CursorPaths::under(m_home.path(), m_home / "Wendlow.app", m_home / "Applications");
     }
     std::string hooksFile() const { return paths().hooksFile.string(); }
-    std::string mcpFile() const { return paths().mcpFile.string(); }
+    std::string mcpFile() const { return paths().serversFile.string(); }
     std::optional<std::string> hooks() const { return get(paths().hooksFile); }
-    std::optional<std::string> servers() const { return get(paths().mcpFile); }
+    std::optional<std::string> servers() const { return get(paths().serversFile); }
     ConnectorReceipt receipt() const { return ReceiptStore{paths().receiptFile}.read(); }
     /// The clock stands still, so that the names of copies are known.
     CursorConnector connector() const {

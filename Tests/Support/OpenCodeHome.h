@@ -25,10 +25,10 @@ public:
     OpenCodePaths paths() const {
         return OpenCodePaths::under(m_home.path(), m_home / "Wendlow.app");
     }
-    std::string configFile() const { return paths().configFile.string(); }
-    std::string pluginFile() const { return paths().pluginFile.string(); }
-    std::optional<std::string> config() const { return get(paths().configFile); }
-    std::optional<std::string> plugin() const { return get(paths().pluginFile); }
+    std::string configFile() const { return paths().serversFile.string(); }
+    std::string pluginFile() const { return paths().hooksFile.string(); }
+    std::optional<std::string> config() const { return get(paths().serversFile); }
+    std::optional<std::string> plugin() const { return get(paths().hooksFile); }
     ConnectorReceipt receipt() const { return ReceiptStore{paths().receiptFile}.read(); }
     /// The clock stands still, so that the names of copies are known.
     OpenCodeConnector connector(std::function<void()> beforeRename = {}) const {

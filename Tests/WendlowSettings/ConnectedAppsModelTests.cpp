@@ -269,16 +269,17 @@ TEST(ConnectedAppsModel, DestroyedWithVerbsOnTheLaneFinishesThemAndTouchesNothin
 }
 
 TEST(ConnectedAppsModel, ARowOpensByItselfWhereThereIsSomethingToTell) {
-    const std::tuple<State, const char*, bool> rows[] = {
-        {State::found, "there is no file here", false},
-        {State::connected, "it runs", false},
-        {State::drifted, driftWords, true},
-        {State::found, "this file did not read as JSON — it ends early", true},
-        {State::found, "this file could not be read — Permission denied", true}};
-    for (const auto& [state, words, open] : rows) {
+    const std::tuple<State, const char*, ScanFacts, bool> rows[] = {
+        {State::found, "there is no file here", {}, false},
+        {State::found, "this file did not read as JSON — is what a person wrote", {}, false},
+        {State::connected, "it runs", {}, false},
+        {State::drifted, driftWords, {}, true},
+        {State::found, "somebody else's", {.foreign = true}, false},
+        {State::found, "whatever it says", {.unreadable = true}, true}};
+    for (const auto& [state, words, facts, open] : rows) {
         SCOPED_TRACE(words);
         Pane pane;
-        pane.code->becomes(state, Observations{{"f", words}});
+        pane.code->becomes(state, Observations{{"f", words}}, {.facts = facts});
         pane.scan();
         EXPECT_EQ(pane.row(0).open, open);
         pane.model->setOpen(u"claude-code"_s, !open);

@@ -2,6 +2,7 @@
 
 #include "BundleCommand.h"
 #include "JSONDraft.h"
+#include "OwnedNames.h"
 
 #include <utility>
 
@@ -12,7 +13,7 @@ namespace {
 constexpr std::string_view serversKey = "mcpServers";
 
 Profile profileOf(std::string_view command) {
-    return command.contains("dist-dev") || command.contains("/fenmoor/wendlow")
+    return command.contains("dist-dev") || command.contains(OwnedNames::checkout)
                ? Profile::dev
                : Profile::production;
 }
@@ -26,7 +27,7 @@ std::vector<JSONNode::Member> ours(const JSONNode& root, Profile profile) {
         return found;
     for (const JSONNode::Member& server : servers->members()) {
         const auto command = JSONBlock::text(server.value, "command");
-        if (command && BundleCommand::names(*command, "wendlow-mcp") &&
+        if (command && BundleCommand::names(*command, OwnedNames::mcpProgram) &&
             profileOf(*command) == profile)
             found.push_back(server);
     }

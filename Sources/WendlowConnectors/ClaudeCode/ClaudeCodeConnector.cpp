@@ -1,127 +1,101 @@
 #include "ClaudeCode/ClaudeCodeConnector.h"
 
 #include "ConfigFile/Disk.h"
-#include "HookCommand.h"
+#include "HookLists.h"
 #include "JSONFile.h"
-#include "ScanJoin.h"
 
 #include <tuple>
 #include <utility>
 
 namespace wendlow {
 
-/// Both files as they are, for a plan.
-struct ClaudeCodeConnector::Look {
-    explicit Look(const ClaudeCodeConnector& claude)
-        : settings(claude.m_paths.settingsFile, ToolFile::Purpose::plan, claude.m_hook),
-          servers(claude.m_paths.mcpFile, ToolFile::Purpose::plan, claude.m_mcp) {}
+namespace {
 
-    /// Why no verb may plan for them, in their order.
-    std::optional<ConnectorOutcome> refusal() const {
-        return ConnectorVerb::readingRefusal({settings.refusal(), servers.refusal()});
+constexpr ConnectorVerb::FileRole hooksRole{.file = Created::settingsFile};
+constexpr ConnectorVerb::FileRole serversRole{.file = Created::mcpFile};
+
+} // namespace
+
+class ClaudeCodeConnector::Look final : public ToolLook {
+public:
+    Look(const ClaudeCodeConnector& claude, ToolFile::Purpose purpose)
+        : ToolLook(claude.m_paths.receiptFile), m_paths(claude.m_paths), m_hook(claude.m_hook),
+          m_mcp(claude.m_mcp), m_hooks(m_paths.hooksFile, purpose, m_hook),
+          m_servers(m_paths.serversFile, purpose, m_mcp) {}
+
+    ScanJoin::Findings findings() const override {
+        return {
+            {{m_hooks.find(m_hook),
+              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
+             {m_servers.find(m_mcp),
+              {.path = m_servers.file.label,
+               .what = "MCP server entry",
+               .command = m_paths.mcpCommand()}}}};
     }
 
-    JSONFile settings;
-    JSONFile servers;
+    Observations refusal(Verb) const override {
+        return all({m_hooks.refusal(), m_servers.refusal()});
+    }
+
+    Planned<ConnectorVerb::Installation> installation() override {
+        // That it cannot be made is found again by the commit, which says so in words.
+        std::ignore = Disk::createDirectories(m_paths.configDirectory, 0700);
+        auto hooks = m_hook.installed(m_hooks.bytes(), *m_hooks.document);
+        if (!hooks)
+            return refused(m_hooks.file, description(hooks.error()));
+        auto server = m_mcp.installed(m_servers.bytes(), *m_servers.document);
+        if (!server)
+            return refused(m_servers.file, description(server.error()));
+        ConnectorVerb::Installation plan;
+        plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole);
+        plan.add(std::move(m_servers.file), *std::move(server), serversRole);
+        return plan;
+    }
+
+    Planned<ConnectorVerb::Removal> removal() override {
+        const std::set<Created>& created = receipt().created;
+        auto hooks = m_hook.removed(m_hooks.bytes(), *m_hooks.document, created);
+        if (!hooks)
+            return refused(m_hooks.file, description(hooks.error()));
+        auto server = m_mcp.removed(m_servers.bytes(), *m_servers.document, created);
+        if (!server)
+            return refused(m_servers.file, description(server.error()));
+        ConnectorVerb::Removal plan;
+        plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole, created);
+        plan.add(std::move(m_servers.file), *std::move(server), serversRole, created);
+        return plan;
+    }
+
+    bool isThisInstallations() const override {
+        const JSONDocument* const contents = m_hooks.contents();
+        return contents != nullptr && Disk::exists(m_paths.hookBinary) &&
+               HookLists::allRun(m_hook.sites(contents->root()), m_paths.hookBinary);
+    }
+
+private:
+    const ClaudeCodePaths& m_paths;
+    const ClaudeCodeHook& m_hook;
+    const ClaudeCodeMCP& m_mcp;
+    JSONFile m_hooks;
+    JSONFile m_servers;
 };
 
 ClaudeCodeConnector::ClaudeCodeConnector(ClaudeCodePaths paths,
                                          ConnectorVerb::Surroundings surroundings)
-    : m_paths(std::move(paths)), m_surroundings(std::move(surroundings)), m_hook(m_paths),
-      m_mcp(m_paths) {}
+    : ToolConnector(
+          {.identity = {.id = paths.tool,
+                        .name = "Claude Code",
+                        .detail = "The Claude Code CLI and Claude Code in the desktop app.",
+                        .symbol = "terminal"},
+           .directory = paths.configDirectory,
+           .shownBy = {paths.serversFile},
+           .receiptFile = paths.receiptFile,
+           .hookBinary = paths.hookBinary},
+          std::move(surroundings)),
+      m_paths(std::move(paths)), m_hook(m_paths), m_mcp(m_paths) {}
 
-ConnectorIdentity ClaudeCodeConnector::identity() const {
-    return {.id = "claude-code",
-            .name = "Claude Code",
-            .detail = "The Claude Code CLI and Claude Code in the desktop app.",
-            .symbol = "terminal"};
-}
-
-bool ClaudeCodeConnector::toolIsHere() const {
-    return Disk::isDirectory(m_paths.configDirectory) || Disk::exists(m_paths.mcpFile);
-}
-
-ScanReport ClaudeCodeConnector::scan() const {
-    if (!toolIsHere())
-        return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.mcpFile);
-    const ToolFile settings = ToolFile::read(m_paths.settingsFile, ToolFile::Purpose::scan);
-    const ToolFile servers = ToolFile::read(m_paths.mcpFile, ToolFile::Purpose::scan);
-    return ScanJoin::report(identity(), {{.finding = m_hook.find(settings.view()),
-                                          .subject = {.path = settings.label,
-                                                      .what = "hook entry",
-                                                      .command = m_paths.hookCommand()}},
-                                         {.finding = m_mcp.find(servers.view()),
-                                          .subject = {.path = servers.label,
-                                                      .what = "MCP server entry",
-                                                      .command = m_paths.mcpCommand()}}});
-}
-
-ConnectorOutcome ClaudeCodeConnector::install() const {
-    if (!toolIsHere())
-        return ConnectorVerb::refused(
-            {{m_paths.configDirectory.string(),
-              "there is no Claude Code configuration here, so nothing was written"}});
-    Look here(*this);
-    if (auto refusal = here.refusal())
-        return *std::move(refusal);
-    if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
-        return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
-    // That it cannot be made is found again by the commit, which says so in words.
-    std::ignore = Disk::createDirectories(m_paths.configDirectory, 0700);
-
-    auto hooks = m_hook.installed(here.settings.bytes(), *here.settings.document);
-    if (!hooks)
-        return ConnectorVerb::refused(
-            PlanFailure{here.settings.file.label, description(hooks.error())});
-    auto server = m_mcp.installed(here.servers.bytes(), *here.servers.document);
-    if (!server)
-        return ConnectorVerb::refused(
-            PlanFailure{here.servers.file.label, description(server.error())});
-
-    // Nothing looks at the documents from here on: the bytes they point into are moved.
-    ConnectorVerb::Installation installation;
-    installation.add(std::move(here.settings.file), *std::move(hooks), Created::settingsFile);
-    installation.add(std::move(here.servers.file), *std::move(server), Created::mcpFile);
-    return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
-                                  m_surroundings);
-}
-
-ConnectorOutcome ClaudeCodeConnector::remove() const {
-    Look here(*this);
-    if (auto refusal = here.refusal())
-        return *std::move(refusal);
-    const ReceiptStore receipts{m_paths.receiptFile};
-    const std::set<Created> created = receipts.read().created;
-    auto hooks = m_hook.removed(here.settings.bytes(), *here.settings.document, created);
-    if (!hooks)
-        return ConnectorVerb::refused(
-            PlanFailure{here.settings.file.label, description(hooks.error())});
-    auto server = m_mcp.removed(here.servers.bytes(), *here.servers.document, created);
-    if (!server)
-        return ConnectorVerb::refused(
-            PlanFailure{here.servers.file.label, description(server.error())});
-
-    // Nothing looks at the documents from here on: the bytes they point into are moved.
-    std::vector<PlannedFile> files;
-    Observations notes;
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.settings.file), *std::move(hooks),
-                                               created.contains(Created::settingsFile),
-                                               JSONBlock::isEmptyObject, notes));
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers.file), *std::move(server),
-                                               created.contains(Created::mcpFile),
-                                               JSONBlock::isEmptyObject, notes));
-    return ConnectorVerb::remove(std::move(files), std::move(notes), receipts, m_surroundings);
-}
-
-bool ClaudeCodeConnector::staleOwnWiring() const {
-    const ToolFile settings = ToolFile::read(m_paths.settingsFile, ToolFile::Purpose::scan);
-    if (!settings.bytes)
-        return false;
-    const auto document = JSONText::scanWithTrivia(*settings.bytes, JSONDialect::json);
-    if (!document)
-        return false;
-    return HookLists::allRun(m_hook.sites(document->root()), m_paths.hookBinary) &&
-           Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
+std::unique_ptr<ToolLook> ClaudeCodeConnector::look(ToolFile::Purpose purpose) const {
+    return std::make_unique<Look>(*this, purpose);
 }
 
 } // namespace wendlow

@@ -3,28 +3,22 @@
 #include "ClaudeCode/ClaudeCodeHook.h"
 #include "ClaudeCode/ClaudeCodeMCP.h"
 #include "ClaudeCode/ClaudeCodePaths.h"
-#include "Connector.h"
-#include "ConnectorVerb.h"
+#include "ToolConnector.h"
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace wendlow {
 
 /// Claude Code: hooks in its settings file and a server in its user file, changed together.
-class ClaudeCodeConnector final : public Connector {
+class ClaudeCodeConnector final : public ToolConnector {
 public:
     explicit ClaudeCodeConnector(ClaudeCodePaths paths,
                                  ConnectorVerb::Surroundings surroundings = {});
 
-    ConnectorIdentity identity() const override;
-    ScanReport scan() const override;
     ProjectReport projects() const override;
     MemoryFileReport memoryFiles() const override;
-    ConnectorOutcome install() const override;
-    ConnectorOutcome remove() const override;
-    bool staleOwnWiring() const override;
 
     /// The path of the project whose folder in the session store is `name`. A `-` in the name is a
     /// `/` or a `-` of the path, so the disk is asked which reading exists, separators first, from
@@ -32,12 +26,11 @@ public:
     static std::string decodeProjectPath(std::string_view name);
 
 private:
-    struct Look;
+    class Look;
 
-    bool toolIsHere() const;
+    std::unique_ptr<ToolLook> look(ToolFile::Purpose purpose) const override;
 
     ClaudeCodePaths m_paths;
-    ConnectorVerb::Surroundings m_surroundings;
     ClaudeCodeHook m_hook;
     ClaudeCodeMCP m_mcp;
 };

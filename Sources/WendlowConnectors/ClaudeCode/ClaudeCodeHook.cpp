@@ -79,9 +79,10 @@ std::vector<HookSite> ClaudeCodeHook::sites(const JSONNode& root) const {
     return HookGroups::sites(root, m_currents);
 }
 
-BlockFinding ClaudeCodeHook::find(std::optional<std::string_view> bytes) const {
+BlockFinding ClaudeCodeHook::find(std::string_view bytes, const Readable& document) const {
     return HookGroups::find(
-        bytes, events, [this](const JSONNode& root, std::string_view) { return sites(root); },
+        bytes, document, events,
+        [this](const JSONNode& root, std::string_view) { return sites(root); },
         [this](const auto& own, const JSONNode& root, std::string_view text) {
             return driftReasons(own, root, text);
         });

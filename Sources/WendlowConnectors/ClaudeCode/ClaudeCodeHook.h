@@ -34,9 +34,9 @@ public:
     std::optional<std::string> unreadableReason(std::string_view bytes) const;
     /// Our entries under any event, in document order.
     std::vector<HookSite> sites(const JSONNode& root) const;
-    /// What the file holds of ours; no bytes: there is no file. Asks the disk whether the hook
-    /// program is there.
-    BlockFinding find(std::optional<std::string_view> bytes) const;
+    /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
+    /// whether the hook program is there.
+    BlockFinding find(std::string_view bytes, const Readable& document) const;
     /// Whether the group that holds `site` is the pre-tool group, exactly.
     bool isExactPreTool(const HookSite& site, const JSONNode& root, std::string_view bytes) const;
     /// Whether the file's sites are the four entries in their places, exactly.

@@ -1,34 +1,18 @@
 #pragma once
 
+#include "ToolPaths.h"
+
 #include <array>
-#include <cstdint>
-#include <filesystem>
-#include <string>
 #include <vector>
 
 namespace wendlow {
 
-/// Every place that the Claude Code connector looks at or writes, and the commands it writes there.
-struct ClaudeCodePaths {
-    using Path = std::filesystem::path;
-
-    static constexpr std::int64_t hookTimeoutSeconds = 3;
-
-    Path configDirectory;
-    Path settingsFile;
-    Path mcpFile;
-    Path receiptFile;
-    Path hookBinary;
-    Path mcpBinary;
-
-    /// `home` and `bundle` are absolute.
+/// Every place that the Claude Code connector looks at or writes.
+struct ClaudeCodePaths : ToolPaths {
     static ClaudeCodePaths under(const Path& home, const Path& bundle);
 
-    std::string hookCommand() const;                 ///< without a slot
     std::array<std::string, 3> hookCommands() const; ///< rules, index, recall
-    std::string preToolCommand() const;
-    std::vector<std::string> currents() const; ///< all four, in the order of writing
-    std::string mcpCommand() const;
+    std::vector<std::string> currents() const;       ///< all four, in the order of writing
 
     Path projectsDirectory() const; ///< one folder for each project, named after its path
     Path globalMemoryFile() const;

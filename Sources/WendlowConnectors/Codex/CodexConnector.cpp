@@ -1,12 +1,11 @@
 #include "Codex/CodexConnector.h"
 
+#include "Codex/CodexConfigPlan.h"
+#include "Codex/CodexTrust.h"
 #include "ConfigFile/Disk.h"
-#include "HookCommand.h"
 #include "JSONFile.h"
-#include "ScanJoin.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <utility>
 
@@ -23,6 +22,10 @@ constexpr const char* selfEditFailure =
 bool holdsOnlyWhitespace(std::string_view bytes) {
     return bytes.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
+
+constexpr ConnectorVerb::FileRole hooksRole{.file = Created::codexHooksFile};
+constexpr ConnectorVerb::FileRole configRole{.file = Created::codexConfigFile,
+                                             .isEmpty = holdsOnlyWhitespace};
 
 /// The hooks file as a plan leaves it. Points into the plan's bytes.
 class PlannedHooks {
@@ -42,240 +45,212 @@ private:
 
 } // namespace
 
-/// Both files as they are, and what of them is ours.
-struct CodexConnector::Look {
+class CodexConnector::Look final : public ToolLook {
+public:
     Look(const CodexConnector& codex, ToolFile::Purpose purpose)
-        // Trust is recorded for where the hooks file really lies, so that a scan has to know, too.
-        : hooks(codex.m_paths.hooksFile, ToolFile::Purpose::plan, codex.m_hook),
-          config(ToolFile::read(codex.m_paths.configFile, purpose)),
-          receipt(ReceiptStore{codex.m_paths.receiptFile}.read()),
-          trust(codex.m_paths, hooks.file.path), configDocument(TOMLText::scan(configBytes())) {
-        if (hooks.document)
-            sites = codex.m_hook.sites(hooks.document->root(), hooks.bytes());
+        : ToolLook(codex.m_paths.receiptFile), m_paths(codex.m_paths), m_hook(codex.m_hook),
+          m_mcp(codex.m_mcp),
+          // Trust is recorded for where the hooks file really lies: a scan has to know that, too.
+          m_hooks(m_paths.hooksFile, ToolFile::Purpose::plan, m_hook),
+          m_config(ToolFile::read(m_paths.serversFile, purpose)),
+          m_trust(m_paths, m_hooks.file.path), m_configDocument(TOMLText::scan(configBytes())) {
+        if (m_hooks.document)
+            m_sites = m_hook.sites(m_hooks.document->root(), m_hooks.bytes());
     }
 
-    std::string_view configBytes() const { return config.bytesOr(""); }
-    const CodexHookSite* site() const { return CodexHook::onPrompt(sites); }
+    ScanJoin::Findings findings() const override {
+        BlockFinding server, trust;
+        if (auto reason = configUnreadableReason({})) {
+            server = trust = {BlockFinding::Unreadable{*std::move(reason)}};
+        } else {
+            const TOMLDocument* const config = m_config.bytes ? &*m_configDocument : nullptr;
+            server = m_mcp.find(config, receipt().created);
+            trust = m_trust.find(config, site());
+        }
+        Observations trustWords = trustObservations(trust);
+        ScanJoin::Findings found{
+            {{m_hooks.find(m_hook),
+              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
+             {std::move(server),
+              {.path = m_config.label,
+               .what = "MCP server entry",
+               .command = m_paths.mcpCommand(),
+               .language = "TOML"}},
+             {std::move(trust), std::move(trustWords)}}};
+        if (m_hooks.document && m_configDocument) {
+            const auto occupied =
+                site() != nullptr ? std::optional(m_trust.slot(*site()).key) : std::nullopt;
+            found.more = slotObservations(
+                configPlan(m_hooks.document->root(), {}).judge(*m_configDocument, occupied).report,
+                0);
+        }
+        return found;
+    }
 
-    JSONFile hooks;
-    ToolFile config;
-    ConnectorReceipt receipt;
-    CodexTrust trust;
-    std::expected<TOMLDocument, TOMLTextError> configDocument;
-    std::vector<CodexHookSite> sites; ///< none where the hooks file does not read
+    Observations refusal(Verb verb) const override {
+        if (auto reason = readingRefusal({}))
+            return {*std::move(reason)};
+        const auto reason = m_mcp.refusalReason(*m_configDocument, receipt().created,
+                                                verb == Verb::install ? CodexMCP::Verb::install
+                                                                      : CodexMCP::Verb::remove);
+        return reason ? nothingWritten(m_config, *reason).error() : Observations();
+    }
+
+    Planned<ConnectorVerb::Installation> installation() override {
+        auto hooks = m_hook.installed(m_hooks.bytes(), *m_hooks.document);
+        if (!hooks)
+            return nothingWritten(m_hooks.file, description(hooks.error()));
+        // Where the entry lands is known only now, and so is which table has to be fit for its
+        // trust.
+        const CodexTrustSlot landing = m_trust.slot(hooks->site);
+        if (auto reason = readingRefusal(landing))
+            return std::unexpected(Observations{*std::move(reason)});
+        const PlannedHooks planned(*m_hooks.document, hooks->bytes);
+        const auto moved =
+            m_hook.movedForeignEntries(m_hooks.document->root(), planned.root()).size();
+        auto config = configPlan(planned.root(), {hooks->site})
+                          .installed(configBytes(), *m_configDocument, landing.key,
+                                     hooks->site.identity()->trustedHash());
+        if (!config)
+            return refused(m_config, selfEditFailure);
+
+        ConnectorVerb::Installation plan;
+        plan.trustSlots = std::move(config->trustSlots);
+        if (config->commentsReplaced > 0)
+            plan.notes.push_back(
+                {m_config.label,
+                 fmt::format("{} comment lines inside the Wendlow MCP entry were replaced",
+                             config->commentsReplaced)});
+        append(plan.notes, slotObservations(config->judgement.report, moved));
+        if (config->isSwitchedOff)
+            plan.notes.push_back({m_config.label, m_trust.switchedOffText()});
+        plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole);
+        plan.add(std::move(m_config), *std::move(config), configRole);
+        return plan;
+    }
+
+    Planned<ConnectorVerb::Removal> removal() override {
+        const std::set<Created>& created = receipt().created;
+        auto hooks = m_hook.removed(m_hooks.bytes(), *m_hooks.document, created);
+        if (!hooks)
+            return nothingWritten(m_hooks.file, description(hooks.error()));
+        const PlannedHooks planned(*m_hooks.document, hooks->bytes);
+        const auto moved =
+            m_hook.movedForeignEntries(m_hooks.document->root(), planned.root()).size();
+        auto config =
+            configPlan(planned.root(), {}).removed(configBytes(), *m_configDocument, created);
+        if (!config)
+            return refused(m_config, selfEditFailure);
+
+        ConnectorVerb::Removal plan;
+        Observations slots = slotObservations(config->judgement.report, moved);
+        plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole, created);
+        plan.add(std::move(m_config), *std::move(config), configRole, created);
+        append(plan.notes, std::move(slots));
+        return plan;
+    }
+
+    bool isThisInstallations() const override {
+        return Disk::exists(m_paths.hookBinary) && HookLists::allRun(m_sites, m_paths.hookBinary);
+    }
+
+private:
+    using Slot = std::optional<CodexTrustSlot>;
+
+    std::string_view configBytes() const { return m_config.bytesOr(""); }
+    const CodexHookSite* site() const { return CodexHook::onPrompt(m_sites); }
+
+    /// The tables that a verb will touch.
+    std::vector<TOMLName> ownedTables(const Slot& landing) const {
+        std::vector<TOMLName> owned{CodexMCP::tableName()};
+        if (site() != nullptr)
+            owned.push_back(CodexTrust::tableName(m_trust.slot(*site()).key));
+        if (landing)
+            owned.push_back(CodexTrust::tableName(landing->key));
+        for (const std::string& key : receipt().trustSlots)
+            if (m_configDocument->table(CodexTrust::tableName(key)) != nullptr)
+                owned.push_back(CodexTrust::tableName(key));
+        return owned;
+    }
+
+    std::optional<std::string> configUnreadableReason(const Slot& landing) const {
+        if (!m_configDocument)
+            return m_configDocument.error().description();
+        return TOMLText::unreadableReason(*m_configDocument, ownedTables(landing));
+    }
+
+    /// Why no verb may plan for these files; one that is in the way is enough.
+    std::optional<Observation> readingRefusal(const Slot& landing) const {
+        auto reason = m_hooks.refusal();
+        return reason ? reason : m_config.refusal(configUnreadableReason(landing), "TOML");
+    }
+
+    /// The plan for the configuration that goes with these hooks. Holds on to `plannedHooks`.
+    CodexConfigPlan configPlan(const JSONNode& plannedHooks,
+                               std::vector<CodexHookSite> plannedSites) const {
+        // What stood there before counts too: its hashes are the ones that are recorded.
+        std::ranges::copy(m_sites, std::back_inserter(plannedSites));
+        return {m_mcp,
+                m_trust,
+                {.known = CodexTrust::knownHashes(m_hook.identity(), plannedSites),
+                 .isLive =
+                     [plannedHooks](std::ptrdiff_t group, std::ptrdiff_t index) {
+                         return CodexHook::isLive(plannedHooks, group, index);
+                     },
+                 .receiptSlots = receipt().trustSlots}};
+    }
+
+    Observations slotObservations(const std::vector<std::string>& reported,
+                                  std::size_t moved) const {
+        Observations said;
+        for (const std::string& key : reported)
+            said.push_back({m_config.label,
+                            fmt::format("a hash Wendlow's hook has carried before is recorded here "
+                                        "for the slot {}, which Wendlow did not write",
+                                        key)});
+        if (moved > 0)
+            said.push_back({m_config.label,
+                            fmt::format("trusted hashes here are recorded by position, and {} hook "
+                                        "entries in {} moved position",
+                                        moved, m_paths.hooksFile.string())});
+        return said;
+    }
+
+    Observations trustObservations(const BlockFinding& finding) const {
+        Observations said;
+        if (finding.is<BlockFinding::Connected>())
+            said.push_back(
+                {m_config.label, "the trusted hash recorded here matches the Wendlow hook entry"});
+        if (const auto* drifted = std::get_if<BlockFinding::Drifted>(&finding.content))
+            for (const std::string& reason : drifted->reasons)
+                said.push_back({m_config.label, reason});
+        return said;
+    }
+
+    const CodexPaths& m_paths;
+    const CodexHook& m_hook;
+    const CodexMCP& m_mcp;
+    JSONFile m_hooks;
+    ToolFile m_config;
+    CodexTrust m_trust;
+    std::expected<TOMLDocument, TOMLTextError> m_configDocument;
+    std::vector<CodexHookSite> m_sites; ///< none where the hooks file does not read
 };
 
 CodexConnector::CodexConnector(CodexPaths paths, ConnectorVerb::Surroundings surroundings)
-    : m_paths(std::move(paths)), m_surroundings(std::move(surroundings)), m_hook(m_paths),
-      m_mcp(m_paths) {}
+    : ToolConnector({.identity = {.id = paths.tool,
+                                  .name = "Codex",
+                                  .detail = "The Codex CLI and the ChatGPT desktop app.",
+                                  .symbol = "terminal"},
+                     .directory = paths.configDirectory,
+                     .shownBy = {paths.serversFile, paths.hooksFile},
+                     .receiptFile = paths.receiptFile,
+                     .hookBinary = paths.hookBinary},
+                    std::move(surroundings)),
+      m_paths(std::move(paths)), m_hook(m_paths), m_mcp(m_paths) {}
 
-ConnectorIdentity CodexConnector::identity() const {
-    return {.id = "codex",
-            .name = "Codex",
-            .detail = "The Codex CLI and the ChatGPT desktop app.",
-            .symbol = "terminal"};
-}
-
-bool CodexConnector::toolIsHere() const {
-    return Disk::isDirectory(m_paths.configDirectory) || Disk::exists(m_paths.configFile) ||
-           Disk::exists(m_paths.hooksFile);
-}
-
-ScanReport CodexConnector::scan() const {
-    if (!toolIsHere())
-        return ScanJoin::notFound(identity(), m_paths.configDirectory, m_paths.configFile);
-    const Look here(*this, ToolFile::Purpose::scan);
-    std::array<BlockFinding, 3> findings{m_hook.find(here.hooks.file.view())};
-    auto& [hook, server, trust] = findings;
-    CodexTrust::Judgement judgement;
-    if (auto reason = configUnreadableReason(here, {})) {
-        server = trust = {BlockFinding::Unreadable{*std::move(reason)}};
-    } else {
-        const TOMLDocument* const config = here.config.bytes ? &*here.configDocument : nullptr;
-        server = m_mcp.find(config, here.receipt.created);
-        trust = here.trust.find(config, here.site());
-    }
-    if (here.hooks.document && here.configDocument)
-        judgement =
-            configPlan(here, here.hooks.document->root(), {})
-                .judge(*here.configDocument, here.site() != nullptr
-                                                 ? std::optional(here.trust.slot(*here.site()).key)
-                                                 : std::nullopt);
-
-    Observations said = observations(hook, {.path = m_paths.hooksFile.string(),
-                                            .what = "hook entry",
-                                            .command = m_paths.hookCommand()});
-    append(said, observations(server, {.path = m_paths.configFile.string(),
-                                       .what = "MCP server entry",
-                                       .command = m_paths.mcpCommand(),
-                                       .language = "TOML"}));
-    append(said, trustObservations(trust));
-    append(said, slotObservations(judgement.report, 0));
-    return {
-        .identity = identity(), .state = ScanJoin::state(findings), .observations = folded(said)};
-}
-
-ConnectorOutcome CodexConnector::install() const {
-    if (!toolIsHere())
-        return ConnectorVerb::refused(
-            {{m_paths.configDirectory.string(),
-              "there is no Codex configuration here, so nothing was written"}});
-    Look here(*this, ToolFile::Purpose::plan);
-    if (auto refusal = readingRefusal(here))
-        return *std::move(refusal);
-    if (auto refusal = mcpRefusal(here, CodexMCP::Verb::install))
-        return *std::move(refusal);
-    if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
-        return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
-
-    auto hooks = m_hook.installed(here.hooks.bytes(), *here.hooks.document);
-    if (!hooks)
-        return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
-    // Where the entry lands is known only now, and so is which table has to be fit for its trust.
-    const CodexTrustSlot landing = here.trust.slot(hooks->site);
-    if (auto refusal = readingRefusal(here, landing))
-        return *std::move(refusal);
-    const PlannedHooks planned(*here.hooks.document, hooks->bytes);
-    const auto moved = m_hook.movedForeignEntries(here.hooks.document->root(), planned.root());
-    auto config = configPlan(here, planned.root(), {hooks->site})
-                      .installed(here.configBytes(), *here.configDocument, landing.key,
-                                 hooks->site.identity()->trustedHash());
-    if (!config)
-        return ConnectorVerb::refused(PlanFailure{here.config.label, selfEditFailure});
-
-    ConnectorVerb::Installation installation;
-    installation.trustSlots = std::move(config->trustSlots);
-    if (config->commentsReplaced > 0)
-        installation.notes.push_back(
-            {here.config.label,
-             fmt::format("{} comment lines inside the Wendlow MCP entry were replaced",
-                         config->commentsReplaced)});
-    append(installation.notes, slotObservations(config->judgement.report, moved.size()));
-    if (config->isSwitchedOff)
-        installation.notes.push_back({here.config.label, here.trust.switchedOffText()});
-    // Nothing looks at the documents from here on: the bytes they point into are moved.
-    installation.add(std::move(here.hooks.file), *std::move(hooks), Created::codexHooksFile);
-    installation.add(std::move(here.config), *std::move(config), Created::codexConfigFile);
-    return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
-                                  m_surroundings);
-}
-
-ConnectorOutcome CodexConnector::remove() const {
-    Look here(*this, ToolFile::Purpose::plan);
-    if (auto refusal = readingRefusal(here))
-        return *std::move(refusal);
-    if (auto refusal = mcpRefusal(here, CodexMCP::Verb::remove))
-        return *std::move(refusal);
-    const std::set<Created>& created = here.receipt.created;
-    auto hooks = m_hook.removed(here.hooks.bytes(), *here.hooks.document, created);
-    if (!hooks)
-        return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
-    const PlannedHooks planned(*here.hooks.document, hooks->bytes);
-    const auto moved = m_hook.movedForeignEntries(here.hooks.document->root(), planned.root());
-    auto config = configPlan(here, planned.root(), {})
-                      .removed(here.configBytes(), *here.configDocument, created);
-    if (!config)
-        return ConnectorVerb::refused(PlanFailure{here.config.label, selfEditFailure});
-
-    // Nothing looks at the documents from here on: the bytes they point into are moved.
-    std::vector<PlannedFile> files;
-    Observations notes;
-    const Observations slots = slotObservations(config->judgement.report, moved.size());
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.hooks.file), *std::move(hooks),
-                                               created.contains(Created::codexHooksFile),
-                                               JSONBlock::isEmptyObject, notes));
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.config), *std::move(config),
-                                               created.contains(Created::codexConfigFile),
-                                               holdsOnlyWhitespace, notes));
-    append(notes, slots);
-    return ConnectorVerb::remove(std::move(files), std::move(notes),
-                                 ReceiptStore{m_paths.receiptFile}, m_surroundings);
-}
-
-bool CodexConnector::staleOwnWiring() const {
-    const Look here(*this, ToolFile::Purpose::scan);
-    return HookLists::allRun(here.sites, m_paths.hookBinary) && Disk::exists(m_paths.hookBinary) &&
-           scan().state == ConnectorState::drifted;
-}
-
-/// The tables that a verb will touch.
-std::vector<TOMLName> CodexConnector::ownedTables(const Look& here, const Slot& landing) const {
-    std::vector<TOMLName> owned{CodexMCP::tableName()};
-    if (here.site() != nullptr)
-        owned.push_back(CodexTrust::tableName(here.trust.slot(*here.site()).key));
-    if (landing)
-        owned.push_back(CodexTrust::tableName(landing->key));
-    for (const std::string& key : here.receipt.trustSlots)
-        if (here.configDocument->table(CodexTrust::tableName(key)) != nullptr)
-            owned.push_back(CodexTrust::tableName(key));
-    return owned;
-}
-
-std::optional<std::string> CodexConnector::configUnreadableReason(const Look& here,
-                                                                  const Slot& landing) const {
-    if (!here.configDocument)
-        return here.configDocument.error().description();
-    return TOMLText::unreadableReason(*here.configDocument, ownedTables(here, landing));
-}
-
-/// Why no verb may plan for these files.
-CodexConnector::Refusal CodexConnector::readingRefusal(const Look& here,
-                                                       const Slot& landing) const {
-    auto refusal = here.hooks.refusal();
-    if (!refusal)
-        refusal = here.config.refusal(configUnreadableReason(here, landing), "TOML");
-    return refusal ? Refusal(ConnectorVerb::refused({*std::move(refusal)})) : std::nullopt;
-}
-
-CodexConnector::Refusal CodexConnector::mcpRefusal(const Look& here, CodexMCP::Verb verb) const {
-    const auto reason = m_mcp.refusalReason(*here.configDocument, here.receipt.created, verb);
-    if (!reason)
-        return std::nullopt;
-    return ConnectorVerb::refused(ConnectorVerb::nothingWritten(here.config, *reason));
-}
-
-/// The plan for the configuration that goes with these hooks. Holds on to `plannedHooks`.
-CodexConfigPlan CodexConnector::configPlan(const Look& here, const JSONNode& plannedHooks,
-                                           std::vector<CodexHookSite> plannedSites) const {
-    // What stood there before counts too: its hashes are the ones that are recorded.
-    std::ranges::copy(here.sites, std::back_inserter(plannedSites));
-    return {m_mcp,
-            here.trust,
-            {.known = CodexTrust::knownHashes(m_hook.identity(), plannedSites),
-             .isLive =
-                 [plannedHooks](std::ptrdiff_t group, std::ptrdiff_t index) {
-                     return CodexHook::isLive(plannedHooks, group, index);
-                 },
-             .receiptSlots = here.receipt.trustSlots}};
-}
-
-Observations CodexConnector::slotObservations(const std::vector<std::string>& reported,
-                                              std::size_t moved) const {
-    const std::string subject = m_paths.configFile.string();
-    Observations said;
-    for (const std::string& key : reported)
-        said.push_back(
-            {subject, fmt::format("a hash Wendlow's hook has carried before is recorded here for "
-                                  "the slot {}, which Wendlow did not write",
-                                  key)});
-    if (moved > 0)
-        said.push_back({subject, fmt::format("trusted hashes here are recorded by position, and {} "
-                                             "hook entries in {} moved position",
-                                             moved, m_paths.hooksFile.string())});
-    return said;
-}
-
-Observations CodexConnector::trustObservations(const BlockFinding& finding) const {
-    const std::string subject = m_paths.configFile.string();
-    Observations said;
-    if (finding.is<BlockFinding::Connected>())
-        said.push_back({subject, "the trusted hash recorded here matches the Wendlow hook entry"});
-    if (const auto* drifted = std::get_if<BlockFinding::Drifted>(&finding.content))
-        for (const std::string& reason : drifted->reasons)
-            said.push_back({subject, reason});
-    return said;
+std::unique_ptr<ToolLook> CodexConnector::look(ToolFile::Purpose purpose) const {
+    return std::make_unique<Look>(*this, purpose);
 }
 
 } // namespace wendlow

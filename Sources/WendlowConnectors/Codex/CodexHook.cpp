@@ -113,9 +113,9 @@ std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_vi
     return result;
 }
 
-BlockFinding CodexHook::find(std::optional<std::string_view> bytes) const {
+BlockFinding CodexHook::find(std::string_view bytes, const Readable& document) const {
     return HookGroups::find(
-        bytes, events,
+        bytes, document, events,
         [this](const JSONNode& root, std::string_view text) { return sites(root, text); },
         [this](const auto& own, const JSONNode& root, std::string_view text) {
             return driftReasons(own, root, text);

@@ -49,9 +49,9 @@ public:
     std::optional<std::string> unreadableReason(std::string_view bytes) const;
     /// Our entries under any event, in document order. `bytes` are what was scanned.
     std::vector<CodexHookSite> sites(const JSONNode& root, std::string_view bytes) const;
-    /// What the file holds of ours; no bytes: there is no file. Asks the disk whether the hook
-    /// program is there.
-    BlockFinding find(std::optional<std::string_view> bytes) const;
+    /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
+    /// whether the hook program is there.
+    BlockFinding find(std::string_view bytes, const Readable& document) const;
 
     /// An installed block, and where the entry then stands.
     struct Installed : InstalledBlock {

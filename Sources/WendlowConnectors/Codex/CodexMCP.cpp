@@ -2,6 +2,7 @@
 
 #include "BundleCommand.h"
 #include "Drift.h"
+#include "OwnedNames.h"
 
 #include <algorithm>
 #include <array>
@@ -22,11 +23,8 @@ std::optional<std::string_view> command(CodexMCP::Entries entries) {
 }
 
 bool isDevelopmentBuild(std::string_view command) {
-    constexpr std::array markers{"/fenmoor/wendlow/dist-dev/", "/fenmoor/wendlow/dist-prod/",
-                                 "/fenmoor/wendlow/.build/"};
-    return command.ends_with("/wendlow-mcp") &&
-           std::ranges::any_of(markers,
-                               [&](std::string_view marker) { return command.contains(marker); });
+    return command.ends_with("/" + std::string(OwnedNames::mcpProgram)) &&
+           OwnedNames::isDevelopmentBuild(command);
 }
 
 } // namespace
@@ -34,7 +32,7 @@ bool isDevelopmentBuild(std::string_view command) {
 CodexMCP::CodexMCP(CodexPaths paths) : m_paths(std::move(paths)) {}
 
 const TOMLName& CodexMCP::tableName() {
-    static const TOMLName name{"mcp_servers", "wendlow"};
+    static const TOMLName name{"mcp_servers", std::string(OwnedNames::server)};
     return name;
 }
 
@@ -43,7 +41,7 @@ CodexMCP::Ownership CodexMCP::ownership(Entries entries, const std::set<Created>
         return Ownership::ours;
     const auto found = command(entries);
     const bool ours = found && (*found == m_paths.mcpCommand() || isDevelopmentBuild(*found) ||
-                                BundleCommand::names(*found, "wendlow-mcp"));
+                                BundleCommand::names(*found, OwnedNames::mcpProgram));
     return ours ? Ownership::ours : Ownership::handWritten;
 }
 

@@ -3,23 +3,9 @@
 namespace wendlow {
 
 CodexPaths CodexPaths::under(const Path& home, const Path& bundle) {
-    return {
-        .configDirectory = home / ".codex",
-        .hooksFile = home / ".codex/hooks.json",
-        .configFile = home / ".codex/config.toml",
-        .receiptFile = home / "Library/Application Support/Wendlow/Connectors/codex.json",
-        .homeAgentsFile = home / "AGENTS.md",
-        .hookBinary = bundle / "Contents/MacOS/wendlow-hook",
-        .mcpBinary = bundle / "Contents/MacOS/wendlow-mcp",
-    };
-}
-
-std::string CodexPaths::hookCommand() const {
-    return hookBinary.string() + " --harness codex";
-}
-
-std::string CodexPaths::mcpCommand() const {
-    return mcpBinary.string();
+    return {ToolPaths::under(home, bundle, "codex", ".codex", ".codex/hooks.json",
+                             ".codex/config.toml"),
+            home / "AGENTS.md"};
 }
 
 CodexPaths::Path CodexPaths::sessionsDirectory() const {

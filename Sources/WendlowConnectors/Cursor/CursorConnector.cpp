@@ -3,10 +3,8 @@
 #include "ConfigFile/Disk.h"
 #include "Cursor/CursorThirdParty.h"
 #include "Cursor/CursorVersion.h"
-#include "HookCommand.h"
 #include "HookLists.h"
 #include "JSONFile.h"
-#include "ScanJoin.h"
 
 #include <utility>
 
@@ -35,163 +33,137 @@ Observations replacedObservations(const std::string& file,
                                listed(replaced), replaced.size() == 1 ? "was" : "were")}};
 }
 
+constexpr ConnectorVerb::FileRole hooksRole{.file = Created::cursorHooksFile,
+                                            .isEmpty = CursorHook::isSeedResidue,
+                                            .emptyWords = "now holds no hooks"};
+constexpr ConnectorVerb::FileRole serversRole{.file = Created::cursorMCPFile};
+
 } // namespace
 
-/// Both files as they are, for a plan.
-struct CursorConnector::Look {
-    explicit Look(const CursorConnector& cursor)
-        : hooks(cursor.m_paths.hooksFile, ToolFile::Purpose::plan, cursor.m_hook, CursorHook::seed),
-          servers(cursor.m_paths.mcpFile, ToolFile::Purpose::plan, cursor.m_mcp) {}
+class CursorConnector::Look final : public ToolLook {
+public:
+    Look(const CursorConnector& cursor, ToolFile::Purpose purpose)
+        : ToolLook(cursor.m_paths.receiptFile), m_paths(cursor.m_paths), m_hook(cursor.m_hook),
+          m_mcp(cursor.m_mcp),
+          m_hooks(m_paths.hooksFile, purpose, m_hook, {.seed = CursorHook::seed}),
+          m_servers(m_paths.serversFile, purpose, m_mcp) {}
 
-    /// Why no verb may plan for them, in their order.
-    std::optional<ConnectorOutcome> refusal() const {
-        return ConnectorVerb::readingRefusal({hooks.refusal(), servers.refusal()});
+    ScanJoin::Findings findings() const override {
+        ScanJoin::Findings found{
+            {{m_hooks.find(m_hook),
+              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
+             {m_servers.find(m_mcp),
+              {.path = m_servers.file.label,
+               .what = "MCP server entry",
+               .command = m_paths.mcpCommand()}}}};
+        if (!sites().empty())
+            found.more = all({newVersion(), doubleFire()});
+        return found;
     }
 
-    JSONFile hooks;
-    JSONFile servers;
+    Observations refusal(Verb verb) const override {
+        auto reasons = all({m_hooks.refusal(), m_servers.refusal()});
+        // Adding to a version that nobody has read is a guess; taking out is not.
+        if (reasons.empty() && verb == Verb::install)
+            if (const auto version = foreignVersion())
+                reasons.push_back({m_hooks.file.label, CursorHookError{*version}.description() +
+                                                           ", so nothing was written"});
+        return reasons;
+    }
+
+    Planned<ConnectorVerb::Installation> installation() override {
+        auto hooks = m_hook.installed(m_hooks.bytes(), *m_hooks.document);
+        if (!hooks)
+            return nothingWritten(m_hooks.file, description(hooks.error()));
+        auto server = m_mcp.installed(m_servers.bytes(), *m_servers.document);
+        if (!server)
+            return nothingWritten(m_servers.file, description(server.error()));
+        ConnectorVerb::Installation plan;
+        plan.order = ConnectorVerb::FileOrder::asPlanned;
+        plan.appVersion = CursorVersion::read(m_paths.cursorApp);
+        plan.planNotes = replacedObservations(m_hooks.file.label, hooks->replaced);
+        plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole);
+        plan.add(std::move(m_servers.file), *std::move(server), serversRole);
+        return plan;
+    }
+
+    Planned<ConnectorVerb::Removal> removal() override {
+        const std::set<Created>& created = receipt().created;
+        auto hooks = m_hook.removed(m_hooks.bytes(), *m_hooks.document, created);
+        if (!hooks)
+            return nothingWritten(m_hooks.file, description(hooks.error()));
+        auto server = m_mcp.removed(m_servers.bytes(), *m_servers.document, created);
+        if (!server)
+            return nothingWritten(m_servers.file, description(server.error()));
+        ConnectorVerb::Removal plan;
+        if (const auto version = foreignVersion())
+            plan.notes.push_back(
+                {m_hooks.file.label, fmt::format("this file states hooks configuration version {}, "
+                                                 "and only the Wendlow entry was taken out of it",
+                                                 *version)});
+        plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole, created);
+        plan.add(std::move(m_servers.file), *std::move(server), serversRole, created);
+        return plan;
+    }
+
+    bool isThisInstallations() const override {
+        return Disk::exists(m_paths.hookBinary) && HookLists::allRun(sites(), m_paths.hookBinary);
+    }
+
+private:
+    std::vector<CursorHookSite> sites() const {
+        const JSONDocument* const contents = m_hooks.contents();
+        return contents != nullptr ? m_hook.sites(contents->root()) : std::vector<CursorHookSite>{};
+    }
+
+    std::optional<std::string> foreignVersion() const {
+        const auto version = m_hook.version(m_hooks.document->root(), m_hooks.bytes());
+        const std::string* const foreign = version.foreign();
+        return foreign != nullptr ? std::optional(*foreign) : std::nullopt;
+    }
+
+    std::optional<Observation> newVersion() const {
+        const auto& recorded = receipt().appVersion;
+        const auto current = recorded ? CursorVersion::read(m_paths.cursorApp) : std::nullopt;
+        if (!current || current == recorded)
+            return std::nullopt;
+        return Observation{m_paths.cursorApp.string(),
+                           fmt::format("Cursor is now {}; the Wendlow hook entry on this Mac was "
+                                       "proven against {}",
+                                       *current, *recorded)};
+    }
+
+    std::optional<Observation> doubleFire() const {
+        const ToolFile settings = ToolFile::read(m_paths.claude.hooksFile, ToolFile::Purpose::scan);
+        const auto mapped = CursorThirdParty::mappedWendlowEntry(
+            settings.view(), m_paths.hookCommand(), m_paths.claude.hookCommand());
+        if (!mapped)
+            return std::nullopt;
+        return Observation{settings.label, CursorThirdParty::sentence(mapped->kind)};
+    }
+
+    const CursorPaths& m_paths;
+    const CursorHook& m_hook;
+    const CursorMCP& m_mcp;
+    JSONFile m_hooks;
+    JSONFile m_servers;
 };
 
 CursorConnector::CursorConnector(CursorPaths paths, ConnectorVerb::Surroundings surroundings)
-    : m_paths(std::move(paths)), m_surroundings(std::move(surroundings)), m_hook(m_paths),
-      m_mcp(m_paths) {}
+    : ToolConnector(
+          {.identity = {.id = paths.tool,
+                        .name = "Cursor",
+                        .detail = "The Cursor editor, its agent view, and the terminal agent.",
+                        .symbol = "cursorarrow.rays"},
+           .directory = paths.configDirectory,
+           .shownBy = {},
+           .receiptFile = paths.receiptFile,
+           .hookBinary = paths.hookBinary},
+          std::move(surroundings)),
+      m_paths(std::move(paths)), m_hook(m_paths), m_mcp(m_paths) {}
 
-ConnectorIdentity CursorConnector::identity() const {
-    return {.id = "cursor",
-            .name = "Cursor",
-            .detail = "The Cursor editor, its agent view, and the terminal agent.",
-            .symbol = "cursorarrow.rays"};
-}
-
-bool CursorConnector::toolIsHere() const {
-    return Disk::isDirectory(m_paths.configDirectory);
-}
-
-ScanReport CursorConnector::scan() const {
-    if (!toolIsHere())
-        return ScanJoin::notFound(identity(), m_paths.configDirectory);
-    const ToolFile hooks = ToolFile::read(m_paths.hooksFile, ToolFile::Purpose::scan);
-    const ToolFile servers = ToolFile::read(m_paths.mcpFile, ToolFile::Purpose::scan);
-    Observations more;
-    if (!sitesIn(hooks).empty()) {
-        append(more, versionObservations());
-        append(more, doubleFireObservations());
-    }
-    return ScanJoin::report(
-        identity(),
-        {{.finding = m_hook.find(hooks.view()),
-          .subject = {.path = hooks.label, .what = "hook entry", .command = m_paths.hookCommand()}},
-         {.finding = m_mcp.find(servers.view()),
-          .subject = {.path = servers.label,
-                      .what = "MCP server entry",
-                      .command = m_paths.mcpCommand()}}},
-        std::move(more));
-}
-
-/// Also of a file that no verb would plan for: what is in it runs nevertheless.
-std::vector<CursorHookSite> CursorConnector::sitesIn(const ToolFile& hooks) const {
-    if (!hooks.bytes)
-        return {};
-    const auto document = JSONText::scanWithTrivia(*hooks.bytes, JSONDialect::json);
-    return document ? m_hook.sites(document->root()) : std::vector<CursorHookSite>{};
-}
-
-Observations CursorConnector::versionObservations() const {
-    const auto recorded = ReceiptStore{m_paths.receiptFile}.read().appVersion;
-    const auto current = recorded ? CursorVersion::read(m_paths.cursorApp) : std::nullopt;
-    if (!current || current == recorded)
-        return {};
-    return {{m_paths.cursorApp.string(),
-             fmt::format("Cursor is now {}; the Wendlow hook entry on this Mac was proven against "
-                         "{}",
-                         *current, *recorded)}};
-}
-
-Observations CursorConnector::doubleFireObservations() const {
-    const ToolFile settings = ToolFile::read(m_paths.claudeSettingsFile, ToolFile::Purpose::scan);
-    const auto mapped = CursorThirdParty::mappedWendlowEntry(settings.view(), m_paths.hookCommand(),
-                                                             m_paths.claudeHookCommand());
-    if (!mapped)
-        return {};
-    return {{settings.label, CursorThirdParty::sentence(mapped->kind)}};
-}
-
-ConnectorOutcome CursorConnector::install() const {
-    if (!toolIsHere())
-        return ConnectorVerb::refused(
-            {{m_paths.configDirectory.string(),
-              "there is no Cursor configuration here, so nothing was written"}});
-    Look here(*this);
-    if (auto refusal = here.refusal())
-        return *std::move(refusal);
-    const CursorHooksVersion version =
-        m_hook.version(here.hooks.document->root(), here.hooks.bytes());
-    if (const std::string* foreign = version.foreign())
-        return ConnectorVerb::refused(
-            {{here.hooks.file.label, CursorHookError{*foreign}.description() + ", so nothing was "
-                                                                               "written"}});
-    if (auto reason = HookCommand::unusableReason(m_paths.hookBinary))
-        return ConnectorVerb::refused({{m_paths.hookBinary.string(), *std::move(reason)}});
-
-    auto hooks = m_hook.installed(here.hooks.bytes(), *here.hooks.document);
-    if (!hooks)
-        return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
-    auto server = m_mcp.installed(here.servers.bytes(), *here.servers.document);
-    if (!server)
-        return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.servers.file, description(server.error())));
-
-    ConnectorVerb::Installation installation;
-    installation.order = ConnectorVerb::FileOrder::asPlanned;
-    installation.appVersion = CursorVersion::read(m_paths.cursorApp);
-    installation.planNotes = replacedObservations(here.hooks.file.label, hooks->replaced);
-    // Nothing looks at the documents from here on: the bytes they point into are moved.
-    installation.add(std::move(here.hooks.file), *std::move(hooks), Created::cursorHooksFile);
-    installation.add(std::move(here.servers.file), *std::move(server), Created::cursorMCPFile);
-    return ConnectorVerb::install(std::move(installation), ReceiptStore{m_paths.receiptFile},
-                                  m_surroundings);
-}
-
-ConnectorOutcome CursorConnector::remove() const {
-    Look here(*this);
-    if (auto refusal = here.refusal())
-        return *std::move(refusal);
-    const ReceiptStore receipts{m_paths.receiptFile};
-    const std::set<Created> created = receipts.read().created;
-    Observations notes;
-    // Adding to a version that nobody has read is a guess; taking out is not.
-    const CursorHooksVersion version =
-        m_hook.version(here.hooks.document->root(), here.hooks.bytes());
-    if (const std::string* foreign = version.foreign())
-        notes.push_back({here.hooks.file.label,
-                         fmt::format("this file states hooks configuration version {}, and only "
-                                     "the Wendlow entry was taken out of it",
-                                     *foreign)});
-    auto hooks = m_hook.removed(here.hooks.bytes(), *here.hooks.document, created);
-    if (!hooks)
-        return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.hooks.file, description(hooks.error())));
-    auto server = m_mcp.removed(here.servers.bytes(), *here.servers.document, created);
-    if (!server)
-        return ConnectorVerb::refused(
-            ConnectorVerb::nothingWritten(here.servers.file, description(server.error())));
-
-    // Nothing looks at the documents from here on: the bytes they point into are moved.
-    std::vector<PlannedFile> files;
-    files.push_back(ConnectorVerb::planRemoval(
-        std::move(here.hooks.file), *std::move(hooks), created.contains(Created::cursorHooksFile),
-        CursorHook::isSeedResidue, notes, "now holds no hooks"));
-    files.push_back(ConnectorVerb::planRemoval(std::move(here.servers.file), *std::move(server),
-                                               created.contains(Created::cursorMCPFile),
-                                               JSONBlock::isEmptyObject, notes));
-    return ConnectorVerb::remove(std::move(files), std::move(notes), receipts, m_surroundings);
-}
-
-bool CursorConnector::staleOwnWiring() const {
-    return HookLists::allRun(sitesIn(ToolFile::read(m_paths.hooksFile, ToolFile::Purpose::scan)),
-                             m_paths.hookBinary) &&
-           Disk::exists(m_paths.hookBinary) && scan().state == ConnectorState::drifted;
+std::unique_ptr<ToolLook> CursorConnector::look(ToolFile::Purpose purpose) const {
+    return std::make_unique<Look>(*this, purpose);
 }
 
 } // namespace wendlow

@@ -118,15 +118,12 @@ std::vector<CursorHookSite> CursorHook::sites(const JSONNode& root) const {
     return found;
 }
 
-BlockFinding CursorHook::find(std::optional<std::string_view> bytes) const {
-    if (!bytes)
-        return {BlockFinding::FileAbsent{}};
-    const Readable document = read(*bytes);
+BlockFinding CursorHook::find(std::string_view bytes, const Readable& document) const {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const JSONNode root = document->root();
     std::vector<std::string> reasons;
-    const CursorHooksVersion stated = version(root, *bytes);
+    const CursorHooksVersion stated = version(root, bytes);
     if (const std::string* foreign = stated.foreign())
         reasons.push_back(CursorHookError{*foreign}.description());
     if (auto reason = HookLists::foreignReason(root, events)) {
@@ -138,7 +135,7 @@ BlockFinding CursorHook::find(std::optional<std::string_view> bytes) const {
         return reasons.empty() ? BlockFinding{BlockFinding::Absent{}}
                                : BlockFinding{BlockFinding::Foreign{std::move(reasons)}};
     std::ranges::move(m_places.driftReasons(own), std::back_inserter(reasons));
-    if (m_places.areHeld(own) && !converged(own, root, *bytes))
+    if (m_places.areHeld(own) && !converged(own, root, bytes))
         reasons.emplace_back(Drift::otherShape);
     return BlockFinding::from(std::move(reasons));
 }

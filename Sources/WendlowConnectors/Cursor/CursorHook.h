@@ -57,9 +57,9 @@ public:
     CursorHooksVersion version(const JSONNode& root, std::string_view bytes) const;
     /// Our entries under any event, in document order.
     std::vector<CursorHookSite> sites(const JSONNode& root) const;
-    /// What the file holds of ours; no bytes: there is no file. Asks the disk whether the hook
-    /// program is there.
-    BlockFinding find(std::optional<std::string_view> bytes) const;
+    /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
+    /// whether the hook program is there.
+    BlockFinding find(std::string_view bytes, const Readable& document) const;
     /// Whether the file's sites are the two entries in their places, exactly.
     bool converged(const std::vector<CursorHookSite>& sites, const JSONNode& root,
                    std::string_view bytes) const;

@@ -1,40 +1,31 @@
 #pragma once
 
-#include "Connector.h"
-#include "ConnectorVerb.h"
 #include "OpenCode/OpenCodeMCP.h"
 #include "OpenCode/OpenCodePaths.h"
+#include "ToolConnector.h"
 
-#include <cstddef>
+#include <memory>
 #include <optional>
 
 namespace wendlow {
 
 /// OpenCode: a server in its configuration and a plugin in its plugins folder, changed together.
 /// The plugin's hooks are known to OpenCode 2 alone, so that its session store has a say.
-class OpenCodeConnector final : public Connector {
+class OpenCodeConnector final : public ToolConnector {
 public:
     explicit OpenCodeConnector(OpenCodePaths paths, ConnectorVerb::Surroundings surroundings = {});
 
-    ConnectorIdentity identity() const override;
-    ScanReport scan() const override;
     ProjectReport projects() const override;
     MemoryFileReport memoryFiles() const override;
-    ConnectorOutcome install() const override;
-    ConnectorOutcome remove() const override;
-    bool staleOwnWiring() const override;
 
 private:
-    struct Look;
+    class Look;
 
-    bool toolIsHere() const;
-    ConnectorIdentity shownIdentity() const;
-    BlockFinding pluginFinding(const Look& here) const;
-    std::optional<ConnectorOutcome> configRefusal(const Look& here) const;
-    static Observations planNotes(const Look& here, std::size_t commentsReplaced);
+    std::unique_ptr<ToolLook> look(ToolFile::Purpose purpose) const override;
+    ConnectorIdentity shownIdentity() const override;
+    std::optional<Observation> standsInTheWay() const override;
 
     OpenCodePaths m_paths;
-    ConnectorVerb::Surroundings m_surroundings;
     OpenCodeMCP m_mcp;
 };
 

@@ -5,6 +5,7 @@
 #include "Drift.h"
 #include "JSONDraft.h"
 #include "Overloaded.h"
+#include "OwnedNames.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +19,7 @@ namespace wendlow {
 namespace {
 
 constexpr std::string_view serversKey = "mcp";
-constexpr std::string_view entryKey = "wendlow";
+constexpr std::string_view entryKey = OwnedNames::server;
 constexpr std::string_view enabledKey = "enabled";
 constexpr JSONDialect dialect = JSONDialect::jsonWithComments;
 constexpr std::array<std::string_view, 3> memberKeys{"type", "command", enabledKey};
@@ -30,13 +31,6 @@ const JSONPath& entryPath() {
 
 bool isEmptyContainer(const JSONNode& node) {
     return (node.isObject() || node.isArray()) && node.count() == 0;
-}
-
-bool isDevelopmentBuild(std::string_view command) {
-    constexpr std::array markers{"/fenmoor/wendlow/dist-dev/", "/fenmoor/wendlow/dist-prod/",
-                                 "/fenmoor/wendlow/.build/"};
-    return std::ranges::any_of(markers,
-                               [&](std::string_view marker) { return command.contains(marker); });
 }
 
 /// What of an entry that runs our program this build would not write.
@@ -107,9 +101,10 @@ OpenCodeMCP::Ownership OpenCodeMCP::ownership(const JSONNode& entry,
         return Ours{};
     const auto command = statedCommand(entry);
     const bool looksLikeOurs =
-        command &&
-        (isDevelopmentBuild(*command) || command->ends_with("/wendlow-mcp") ||
-         *command == m_paths.mcpCommand() || BundleCommand::names(*command, "wendlow-mcp"));
+        command && (OwnedNames::isDevelopmentBuild(*command) ||
+                    command->ends_with("/" + std::string(OwnedNames::mcpProgram)) ||
+                    *command == m_paths.mcpCommand() ||
+                    BundleCommand::names(*command, OwnedNames::mcpProgram));
     if (!looksLikeOurs)
         return HandWritten{};
     if (auto description = extras(entry))
@@ -126,11 +121,8 @@ std::optional<std::string> OpenCodeMCP::unreadableReason(std::string_view bytes)
     return document ? std::nullopt : std::optional(std::move(document).error());
 }
 
-BlockFinding OpenCodeMCP::find(std::optional<std::string_view> bytes,
+BlockFinding OpenCodeMCP::find(std::string_view bytes, const Readable& document,
                                const std::set<Created>& created) const {
-    if (!bytes)
-        return {BlockFinding::FileAbsent{}};
-    const Readable document = read(*bytes);
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const auto servers = document->root().member(serversKey);
@@ -141,7 +133,7 @@ BlockFinding OpenCodeMCP::find(std::optional<std::string_view> bytes,
         return {BlockFinding::Absent{}};
     return std::visit(
         Overloaded{
-            [&](const Ours&) { return BlockFinding::from(driftReasons(*found, *bytes)); },
+            [&](const Ours&) { return BlockFinding::from(driftReasons(*found, bytes)); },
             [](const HandWritten&) {
                 return BlockFinding{
                     BlockFinding::Foreign{{"the Wendlow MCP entry here was written by hand and is "

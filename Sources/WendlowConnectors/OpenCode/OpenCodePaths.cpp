@@ -1,27 +1,16 @@
 #include "OpenCode/OpenCodePaths.h"
 
+#include "OwnedNames.h"
+
 namespace wendlow {
 
 OpenCodePaths OpenCodePaths::under(const Path& home, const Path& bundle) {
-    return {
-        .configDirectory = home / ".config/opencode",
-        .configFile = home / ".config/opencode/opencode.jsonc",
-        .pluginsDirectory = home / ".config/opencode/plugins",
-        .pluginFile = home / ".config/opencode/plugins/wendlow.js",
-        .receiptFile = home / "Library/Application Support/Wendlow/Connectors/opencode.json",
-        .homeAgentsFile = home / "AGENTS.md",
-        .dataDirectory = home / ".local/share/opencode",
-        .hookBinary = bundle / "Contents/MacOS/wendlow-hook",
-        .mcpBinary = bundle / "Contents/MacOS/wendlow-mcp",
-    };
-}
-
-std::string OpenCodePaths::hookCommand() const {
-    return hookBinary.string() + " --harness opencode";
-}
-
-std::string OpenCodePaths::mcpCommand() const {
-    return mcpBinary.string();
+    OpenCodePaths paths{
+        ToolPaths::under(home, bundle, "opencode", ".config/opencode", ".config/opencode/plugins",
+                         ".config/opencode/opencode.jsonc"),
+        home / ".config/opencode/plugins", home / "AGENTS.md", home / ".local/share/opencode"};
+    paths.hooksFile /= OwnedNames::plugin;
+    return paths;
 }
 
 OpenCodePaths::Path OpenCodePaths::sessionDatabase() const {

@@ -1,29 +1,16 @@
 #pragma once
 
-#include <filesystem>
-#include <string>
+#include "ToolPaths.h"
 
 namespace wendlow {
 
-/// Every place that the OpenCode connector looks at or writes, and the commands it writes there.
-struct OpenCodePaths {
-    using Path = std::filesystem::path;
-
-    Path configDirectory;
-    Path configFile;
+/// Every place that the OpenCode connector looks at or writes. What calls our hook is a plugin.
+struct OpenCodePaths : ToolPaths {
     Path pluginsDirectory;
-    Path pluginFile;
-    Path receiptFile;
     Path homeAgentsFile;
     Path dataDirectory;
-    Path hookBinary;
-    Path mcpBinary;
 
-    /// `home` and `bundle` are absolute.
     static OpenCodePaths under(const Path& home, const Path& bundle);
-
-    std::string hookCommand() const;
-    std::string mcpCommand() const;
 
     Path sessionDatabase() const;
     Path configAgentsFile() const;

@@ -22,8 +22,8 @@ public:
     std::filesystem::path path(const std::string& name) const { return m_home / name; }
     std::filesystem::path bundle() const { return m_home / "Wendlow.app"; }
     ClaudeCodePaths paths() const { return ClaudeCodePaths::under(m_home.path(), bundle()); }
-    std::string settings() const { return paths().settingsFile.string(); }
-    std::string servers() const { return paths().mcpFile.string(); }
+    std::string settings() const { return paths().hooksFile.string(); }
+    std::string servers() const { return paths().serversFile.string(); }
     /// The clock stands still, so that the names of copies are known.
     ClaudeCodeConnector connector(std::function<void()> beforeRename = {}) const {
         return ClaudeCodeConnector(

@@ -2,12 +2,15 @@
 #include "ClaudeCodeTestSupport.h"
 #include "Drift.h"
 
+#include "Found.h"
+
 #include <gmock/gmock.h>
 
 namespace wendlow {
 namespace {
 
 using testing::filled;
+using testing::found;
 
 const ClaudeCodeHook hook(testing::paths());
 constexpr auto all = {Created::hooksObject, Created::eventArray, Created::hookGroup,
@@ -94,7 +97,7 @@ TEST(ClaudeCodeHook, installsWithTheSmallestEdit) {
 TEST(ClaudeCodeHook, rewritesAnotherSpellingOfItsOwnCommand) {
     std::string spelled = whole;
     spelled.replace(spelled.find("--slot rules"), 12, "--slot=rules");
-    const auto finding = hook.find(spelled);
+    const auto finding = found(hook, spelled);
     ASSERT_TRUE(finding.is<BlockFinding::Drifted>());
     EXPECT_EQ(std::get<BlockFinding::Drifted>(finding.content).reasons.front(),
               "the command is not the one this build writes: /A/Wendlow.app/Contents/MacOS/"
@@ -142,8 +145,7 @@ TEST(ClaudeCodeHook, findsAndSaysWhatIsWrong) {
          {BlockFinding::Unreadable{"the name \"a\" appears twice in one object (at byte 7)"}}},
     };
     for (const auto& [bytes, expected] : cases)
-        EXPECT_EQ(hook.find(filled(bytes)), expected) << bytes;
-    EXPECT_EQ(hook.find(std::nullopt), BlockFinding{BlockFinding::FileAbsent{}});
+        EXPECT_EQ(found(hook, filled(bytes)), expected) << bytes;
 }
 
 TEST(ClaudeCodeHook, judgesRepeatedNamesOnlyOnTheWayToAnEntry) {

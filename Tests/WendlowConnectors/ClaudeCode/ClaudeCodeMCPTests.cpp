@@ -2,11 +2,14 @@
 #include "ClaudeCodeTestSupport.h"
 #include "Drift.h"
 
+#include "Found.h"
+
 #include <gmock/gmock.h>
 
 namespace wendlow {
 namespace {
 
+using testing::found;
 const ClaudeCodeMCP mcp(testing::paths());
 const std::string entry =
     R"({"type":"stdio","command":"/A/Wendlow.app/Contents/MacOS/wendlow-mcp","args":[],"env":{}})";
@@ -75,7 +78,7 @@ TEST(ClaudeCodeMCP, findsAndSaysWhatIsWrong) {
         {servers(R"("x":1,"x":2)"), repeats("\"x\"", 21)},
     };
     for (const auto& [bytes, expected] : cases)
-        EXPECT_EQ(mcp.find(bytes), expected) << bytes;
+        EXPECT_EQ(found(mcp, bytes), expected) << bytes;
     EXPECT_EQ(description(mcp.installed("7").error()), "the top-level value is not an object");
 }
 

@@ -1,11 +1,14 @@
 #include "CodexHome.h"
 
+#include "Found.h"
+
 #include <gmock/gmock.h>
 
 namespace wendlow {
 namespace {
 
 using testing::CodexHome;
+using testing::found;
 
 /// `{"hooks":{"UserPromptSubmit":[<groups>]}}`.
 std::string onPrompt(const std::string& groups) {
@@ -80,11 +83,10 @@ TEST(CodexHook, saysWhatItFinds) {
         {onPrompt("{\"hooks\":[" + half + "5}]}"), drifted({shape})},
     };
     for (const auto& [bytes, finding] : cases) {
-        EXPECT_EQ(hook.find(home.filled(bytes)), finding) << bytes;
+        EXPECT_EQ(found(hook, home.filled(bytes)), finding) << bytes;
     }
-    EXPECT_EQ(hook.find(std::nullopt), BlockFinding{BlockFinding::FileAbsent{}});
     std::filesystem::remove(home.paths().hookBinary);
-    EXPECT_EQ(hook.find(home.filled(onPrompt(R"({"hooks":[@ours]})"))),
+    EXPECT_EQ(found(hook, home.filled(onPrompt(R"({"hooks":[@ours]})"))),
               drifted({"the file the command names is not on disk: " +
                        home.paths().hookBinary.string()}));
 }

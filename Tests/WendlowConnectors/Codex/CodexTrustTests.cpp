@@ -1,3 +1,4 @@
+#include "Codex/CodexTrust.h"
 #include "CodexHome.h"
 
 #include <gmock/gmock.h>
@@ -164,6 +165,20 @@ TEST(CodexTrust, keepsWhatElseATableHolds) {
     EXPECT_EQ(installed->bytes, before + "\ntrusted_hash = \"h\"\n");
     EXPECT_EQ(installed->created, std::set{Created::codexConfigTrailingNewline});
     EXPECT_EQ(CodexTrust::removed(*installed->bytes, {"x", "k", "k"})->bytes, before + "\n");
+}
+
+TEST(CodexConnector, neverWritesAConfigurationThatDoesNotReadBack) {
+    // A folder's name may be any bytes, and the slot's key would carry them into the file.
+    const CodexHome home;
+    const std::filesystem::path odd = home.path("odd\xFF");
+    const CodexPaths paths = CodexPaths::under(odd, home.path("Wendlow.app"));
+    testing::put(paths.serversFile, "a = 1\n");
+    const auto outcome = CodexConnector(paths).install();
+    EXPECT_EQ(outcome.result, ConnectorOutcome::Result::refused);
+    EXPECT_EQ(outcome.observations,
+              (Observations{{paths.serversFile.string(), "the planned edit did not read back as "
+                                                         "TOML, so nothing was written"}}));
+    EXPECT_EQ(testing::namesIn(paths.configDirectory), std::vector<std::string>{"config.toml"});
 }
 
 } // namespace

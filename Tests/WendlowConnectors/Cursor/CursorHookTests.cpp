@@ -1,6 +1,9 @@
 #include "CursorHome.h"
 
 #include "Cursor/CursorThirdParty.h"
+#include "Cursor/CursorVersion.h"
+
+#include "Found.h"
 
 #include <gmock/gmock.h>
 
@@ -8,6 +11,8 @@ namespace wendlow {
 namespace {
 
 using testing::CursorHome;
+using testing::found;
+using testing::versionList;
 
 /// `{"version":1,"hooks":{"beforeSubmitPrompt":[...],"preToolUse":[...]}}`.
 std::string both(const std::string& prompt, const std::string& preTool) {
@@ -85,10 +90,9 @@ TEST(CursorHook, saysWhatItFinds) {
                   under + "sessionStart event rather than beforeSubmitPrompt"})},
     };
     for (const auto& [bytes, finding] : cases)
-        EXPECT_EQ(hook.find(home.filled(bytes)), finding) << bytes;
-    EXPECT_EQ(hook.find(std::nullopt), BlockFinding{BlockFinding::FileAbsent{}});
+        EXPECT_EQ(found(hook, home.filled(bytes)), finding) << bytes;
     std::filesystem::remove(home.paths().hookBinary);
-    EXPECT_EQ(hook.find(home.filled(both("@prompt", "@pretool"))),
+    EXPECT_EQ(found(hook, home.filled(both("@prompt", "@pretool"))),
               drifted({"the file the command names is not on disk: @hook"}));
 }
 
@@ -236,6 +240,27 @@ TEST(CursorThirdParty, findsTheFirstEntryThatCursorRuns) {
     for (const char* groups : {"[]", "{}", "1"})
         EXPECT_EQ(kind(groups), std::nullopt);
     EXPECT_EQ(CursorThirdParty::mappedWendlowEntry("{", "a", "b"), std::nullopt);
+}
+
+TEST(CursorVersion, readsBothFormatsAndNothingElse) {
+    const CursorHome home;
+    const auto version = [&](const std::string& list) {
+        home.fillVersion(list);
+        return CursorVersion::read(home.paths().cursorApp);
+    };
+    EXPECT_EQ(CursorVersion::read(home.paths().cursorApp), std::nullopt);
+    EXPECT_EQ(version(versionList("\t 2.1.4 beta \n")), "2.1.4 beta");
+    using namespace std::string_literals;
+    const std::string binary =
+        "bplist00\xD1\x01\x02_\x10\x1A"s
+        "CFBundleShortVersionString"
+        "S2.0"
+        "\x08\x0B\x28\0\0\0\0\0\0\x01\x01\0\0\0\0\0\0\0\x03\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x2C"s;
+    EXPECT_EQ(version(binary), "2.0");
+    for (std::size_t size = 0; size < binary.size(); ++size)
+        EXPECT_EQ(version(binary.substr(0, size)), std::nullopt) << size;
+    for (const std::string& text : {""s, " \n"s, "2\xFF"s, std::string(2'000'000, '2')})
+        EXPECT_EQ(version(versionList(text)), std::nullopt) << text.substr(0, 9);
 }
 
 } // namespace

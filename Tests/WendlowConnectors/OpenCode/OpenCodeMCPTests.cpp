@@ -2,6 +2,8 @@
 #include "OpenCode/OpenCodeMCP.h"
 #include "OpenCode/OpenCodePlugin.h"
 
+#include "Found.h"
+
 #include <gmock/gmock.h>
 
 namespace wendlow {
@@ -71,12 +73,13 @@ TEST(OpenCodeMCP, tellsWhoseAnEntryIsAndWhatIsWrongWithIt) {
         {R"({"type":"local","command":[")" + binary + R"(","-v"]})",
          carries("carries arguments this build does not write"), drifted({gone, shape})},
     };
+    const std::set<Created> none;
     const std::set created{Created::openCodeMCPEntry};
     for (const auto& [text, found, foundIfCreated] : cases) {
         SCOPED_TRACE(text);
         const std::string bytes = file(text);
-        EXPECT_EQ(mcp.find(bytes, {}), found);
-        EXPECT_EQ(mcp.find(bytes, created), foundIfCreated);
+        EXPECT_EQ(testing::found(mcp, bytes, none), found);
+        EXPECT_EQ(testing::found(mcp, bytes, created), foundIfCreated);
         // Whatever is foreign to a scan is refused by a verb, in nearly the same words.
         const auto document = OpenCodeMCP::read(bytes);
         const auto refusal = mcp.refusalReason(*document, {});
@@ -93,9 +96,9 @@ TEST(OpenCodeMCP, tellsWhoseAnEntryIsAndWhatIsWrongWithIt) {
         EXPECT_EQ(mcp.refusalReason(*document, created), std::nullopt);
     }
     const BlockFinding absent{BlockFinding::Absent{}};
-    EXPECT_EQ(mcp.find("{\"mcp\":{}} // {", {}), absent);
-    EXPECT_EQ(mcp.find("[]", {}), absent);
-    EXPECT_EQ(mcp.find(R"({"mcp":[]})", {}),
+    EXPECT_EQ(testing::found(mcp, "{\"mcp\":{}} // {", none), absent);
+    EXPECT_EQ(testing::found(mcp, "[]", none), absent);
+    EXPECT_EQ(testing::found(mcp, R"({"mcp":[]})", none),
               foreign("the mcp value in this file is not an object, so no entry can be put in it"));
 }
 

@@ -1,0 +1,94 @@
+#include "ToolConnector.h"
+
+#include "ConfigFile/Disk.h"
+#include "HookCommand.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+bool Tool::isHere() const {
+    return Disk::isDirectory(directory) || std::ranges::any_of(shownBy, Disk::exists);
+}
+
+const ConnectorReceipt& ToolLook::receipt() const {
+    if (!m_receipt)
+        m_receipt = m_receipts.read();
+    return *m_receipt;
+}
+
+Observations ToolLook::all(std::initializer_list<std::optional<Observation>> reasons) {
+    Observations found;
+    for (const auto& reason : reasons)
+        if (reason)
+            found.push_back(*reason);
+    return found;
+}
+
+std::unexpected<Observations> ToolLook::refused(const ToolFile& file, std::string text) {
+    return std::unexpected(Observations{{file.label, std::move(text)}});
+}
+
+std::unexpected<Observations> ToolLook::nothingWritten(const ToolFile& file,
+                                                       std::string_view reason) {
+    return refused(file, fmt::format("nothing was written — {}", reason));
+}
+
+ToolConnector::ToolConnector(Tool tool, ConnectorVerb::Surroundings surroundings)
+    : m_tool(std::move(tool)), m_surroundings(std::move(surroundings)) {}
+
+ScanReport ToolConnector::scan() const {
+    if (m_tool.isHere())
+        return ScanJoin::report(shownIdentity(), look(ToolFile::Purpose::scan)->findings());
+    Observations said{{m_tool.directory.string(), "there is no directory here"}};
+    if (!m_tool.shownBy.empty())
+        said.push_back({m_tool.shownBy.front().string(), "there is no file here"});
+    return {.identity = shownIdentity(),
+            .state = ConnectorState::notFound,
+            .observations = std::move(said)};
+}
+
+ConnectorOutcome ToolConnector::install() const {
+    if (auto obstacle = standsInTheWay())
+        return ConnectorVerb::refused({*std::move(obstacle)});
+    if (!m_tool.isHere())
+        return ConnectorVerb::refused(
+            {{m_tool.directory.string(),
+              fmt::format("there is no {} configuration here, so nothing was written",
+                          m_tool.identity.name)}});
+    const auto here = look(ToolFile::Purpose::plan);
+    if (auto reasons = here->refusal(ToolLook::Verb::install); !reasons.empty())
+        return ConnectorVerb::refused(std::move(reasons));
+    if (m_tool.hookBinary)
+        if (auto reason = HookCommand::unusableReason(*m_tool.hookBinary))
+            return ConnectorVerb::refused({{m_tool.hookBinary->string(), *std::move(reason)}});
+    auto plan = here->installation();
+    if (!plan)
+        return ConnectorVerb::refused(std::move(plan).error());
+    return ConnectorVerb::install(*std::move(plan), ReceiptStore{m_tool.receiptFile},
+                                  here->receipt(), m_surroundings);
+}
+
+ConnectorOutcome ToolConnector::remove() const {
+    const auto here = look(ToolFile::Purpose::plan);
+    if (auto reasons = here->refusal(ToolLook::Verb::remove); !reasons.empty())
+        return ConnectorVerb::refused(std::move(reasons));
+    auto plan = here->removal();
+    if (!plan)
+        return ConnectorVerb::refused(std::move(plan).error());
+    return ConnectorVerb::remove(*std::move(plan), ReceiptStore{m_tool.receiptFile},
+                                 m_surroundings);
+}
+
+bool ToolConnector::staleOwnWiring() const {
+    if (standsInTheWay())
+        return false;
+    const auto here = look(ToolFile::Purpose::scan);
+    return here->isThisInstallations() &&
+           ScanJoin::report({}, here->findings()).state == ConnectorState::drifted;
+}
+
+} // namespace wendlow
