@@ -47,7 +47,7 @@ TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
 TEST(EditorLink, tellsWhenARequestWasWhere) {
     const auto client = std::make_shared<ScriptedClient>();
     LinkLeg::Instant time;
-    EditorLink link(client, [&time] { return time; });
+    EditorLink link(client, {}, [&time] { return time; });
     const auto at = [](int milliseconds) {
         return LinkLeg::Instant(std::chrono::milliseconds(milliseconds));
     };

@@ -68,20 +68,20 @@ struct Live {
 TEST(EditorLiveStore, opensOnWhatTheDaemonHolds) {
     Live live;
     live.open();
-    const auto& store = *live.store;
+    auto& store = *live.store;
     EXPECT_EQ(store.generation(), 1);
-    EXPECT_EQ(store.momentCount(), 7);
-    EXPECT_EQ(store.meetingCount(), 1);
-    EXPECT_THAT(store.memoryTypeCounts(),
+    EXPECT_EQ(store.pages().momentCount(), 7);
+    EXPECT_EQ(store.meetings().meetingCount(), 1);
+    EXPECT_THAT(store.pages().memoryTypeCounts(),
                 ElementsAre(EditorCount{"note", 3}, EditorCount{"rule", 1}));
-    ASSERT_NE(store.rootScope().find("/work/a"), nullptr);
-    EXPECT_THAT(store.rootScope().find("/work/a")->folderPaths, ElementsAre("/home/p/a"));
-    const auto above = store.ancestors("/work/a/deeper");
+    ASSERT_NE(store.scopes().rootScope().find("/work/a"), nullptr);
+    EXPECT_THAT(store.scopes().rootScope().find("/work/a")->folderPaths, ElementsAre("/home/p/a"));
+    const auto above = store.scopes().ancestors("/work/a/deeper");
     ASSERT_EQ(above.size(), 3U);
     EXPECT_EQ(above[1]->id, "/work");
-    EXPECT_EQ(store.ancestors("/").size(), 0U);
-    EXPECT_EQ(store.ancestors("/none/a").size(), 1U);
-    EXPECT_EQ(store.scopeBoard()[0].kinds[0], (EditorCount{"note", 3}));
+    EXPECT_EQ(store.scopes().ancestors("/").size(), 0U);
+    EXPECT_EQ(store.scopes().ancestors("/none/a").size(), 1U);
+    EXPECT_EQ(store.scopes().scopeBoard()[0].kinds[0], (EditorCount{"note", 3}));
 }
 
 TEST(EditorLiveStore, saysWhyItHasNothingToShow) {
@@ -109,7 +109,8 @@ TEST(EditorLiveStore, saysWhyItHasNothingToShow) {
         EXPECT_FALSE(live.store->loaded());
         EXPECT_FALSE(live.client->isWaiting());
         EXPECT_EQ(live.store->generation(), 2);
-        EXPECT_NE(live.store->rootScope().find("/work/a"), nullptr) << "what was there stays";
+        EXPECT_NE(live.store->scopes().rootScope().find("/work/a"), nullptr)
+            << "what was there stays";
         live.open();
         EXPECT_EQ(live.store->storeError(), std::nullopt);
     }
@@ -120,10 +121,10 @@ TEST(EditorLiveStore, countsTheWholeStoreThoughAPersonTypesMeanwhile) {
     std::optional<EditorAnswer> listed, typed;
     live.store->resetWorld();
     EditorAsk ask{.term = {}};
-    const auto list = live.keep(live.store->query(ask), listed);
+    const auto list = live.keep(live.store->pages().query(ask, EditorAsker::page), listed);
     live.answer("scopeBoard", AnswerCase::ScopeBoard());
     ask.term = "x";
-    const auto search = live.keep(live.store->query(ask), typed); // in the place of the counts
+    const auto search = live.keep(live.store->pages().query(ask, EditorAsker::search), typed);
     live.answer(R"("limit":50)", page(9, {{"note", 9}}));
     auto whole = page(4, {{"note", 3}});
     whole._0.byKind = {{"moment", 7}};
@@ -131,17 +132,16 @@ TEST(EditorLiveStore, countsTheWholeStoreThoughAPersonTypesMeanwhile) {
     live.answer(R"("term":"x")", failure("too many words"));
     live.answer("meetingList", AnswerCase::Text{""});
     EXPECT_TRUE(live.store->loaded()) << live.store->storeError().value_or("");
-    EXPECT_EQ(live.store->momentCount(), 7);
+    EXPECT_EQ(live.store->pages().momentCount(), 7);
     EXPECT_EQ(typed->ask, ask);
     // A write's counts are read too.
     std::optional<EditorWriteOutcome> outcome;
-    const auto rule = live.keep(live.store->addRule("t", "w", {}, "/s"), outcome);
+    const auto rule = live.keep(live.store->rules().addRule("t", "w", {}, "/s"), outcome);
     live.answer("write", AnswerCase::NoteID{"n1"});
-    const auto again = live.keep(live.store->query(ask), typed);
-    live.answer(R"("limit":1,)", failure("not now"));
-    live.answer(R"("term":"x")", failure("not now"));
+    const auto again = live.keep(live.store->pages().query(ask, EditorAsker::page), typed);
     live.answer(R"("limit":1,)", page(5, {{"rule", 5}}));
-    EXPECT_EQ(live.store->memoryTypeCounts()[0].count, 5);
+    live.answer(R"("term":"x")", failure("not now"));
+    EXPECT_EQ(live.store->pages().memoryTypeCounts()[0].count, 5);
     EXPECT_TRUE(outcome && outcome->ok());
 }
 
@@ -155,12 +155,13 @@ TEST(EditorLiveStore, readsOnceMoreHoweverOftenItIsAskedWhileReading) {
         live.answer("meetingList", failure("not now"));
     }
     EXPECT_FALSE(live.client->isWaiting());
-    EXPECT_EQ(live.store->meetingsError(), "not now");
-    EXPECT_FALSE(live.store->meetingsLoaded());
-    live.store->loadMeetings();
-    live.store->loadMeetings();
+    EXPECT_EQ(live.store->meetings().meetingsError(), "not now");
+    EXPECT_FALSE(live.store->meetings().meetingsLoaded());
+    live.store->meetings().loadMeetings();
+    live.store->meetings().loadMeetings();
     live.answer("meetingList", AnswerCase::Ok());
-    EXPECT_EQ(live.store->meetingsError(), "Wendlow answered the meeting list with " + strange);
+    EXPECT_EQ(live.store->meetings().meetingsError(),
+              "Wendlow answered the meeting list with " + strange);
     EXPECT_FALSE(live.client->isWaiting());
 }
 
@@ -191,7 +192,7 @@ TEST(EditorLiveStore, movesTheRailOnlyByWhatDescribesTheWholeStore) {
         Live live;
         live.open();
         std::optional<EditorAnswer> answer;
-        const auto task = live.keep(live.store->query(ask), answer);
+        const auto task = live.keep(live.store->pages().query(ask, EditorAsker::page), answer);
         auto wire = page(2, {{"new", 2}});
         wire._0.narrowed = narrowed;
         wire._0.byKind = {{"moment", 1}};
@@ -199,8 +200,8 @@ TEST(EditorLiveStore, movesTheRailOnlyByWhatDescribesTheWholeStore) {
         ASSERT_TRUE(answer && answer->ready());
         EXPECT_EQ(answer->ask, ask);
         EXPECT_EQ(answer->sliceTotal, sliceTotal);
-        EXPECT_EQ(live.store->memoryTypeCounts()[0].name, moves ? "new" : "note");
-        EXPECT_EQ(live.store->momentCount(), moves ? 1 : 7);
+        EXPECT_EQ(live.store->pages().memoryTypeCounts()[0].name, moves ? "new" : "note");
+        EXPECT_EQ(live.store->pages().momentCount(), moves ? 1 : 7);
     }
 }
 
@@ -215,7 +216,7 @@ TEST(EditorLiveStore, asksAndReadsPagesAsTheWireHasThem) {
     EditorPick three(EditorCount{.name = "3", .members = {FilterValue("3"), FilterValue(3.0)}});
     ask.filters = {{"size", {three, EditorPick("2")}}, {"done", {EditorPick("true")}}};
     std::optional<EditorAnswer> answer;
-    const auto task = live.keep(live.store->query(ask), answer);
+    const auto task = live.keep(live.store->pages().query(ask, EditorAsker::page), answer);
     EXPECT_EQ(live.client->sent().back(),
               R"({"read":{"_0":{"textBrowse":{"term":"x","scopes":["/a","/b"],"limit":1,)"
               R"("kind":"moment","order":"oldest","filters":[{"key":"done","value":"true"},)"
@@ -250,7 +251,7 @@ TEST(EditorLiveStore, asksAndReadsPagesAsTheWireHasThem) {
 
 TEST(EditorLiveStore, readsTheListOfMeetingsAsTheDaemonWordsIt) {
     Live live;
-    live.store->loadMeetings();
+    live.store->meetings().loadMeetings();
     live.answer("meetingList",
                 AnswerCase::Text{
                     "Meetings\n"
@@ -260,7 +261,7 @@ TEST(EditorLiveStore, readsTheListOfMeetingsAsTheDaemonWordsIt) {
                     "- d · x 1–2–3 · 1 h · bare · Ada · 7 lines\n"
                     "- e · too · few\n"
                     "f · today · 1 h · Ada · 7 lines"});
-    const auto& meetings = *live.store->meetings();
+    const auto& meetings = *live.store->meetings().meetings();
     ASSERT_EQ(meetings.size(), 4U);
     const std::vector<EditorMeeting> expected{
         {.id = "a",
@@ -281,12 +282,12 @@ TEST(EditorLiveStore, readsTheListOfMeetingsAsTheDaemonWordsIt) {
 TEST(EditorLiveStore, givesDetailsAndTranscriptsOrSaysWhyNot) {
     Live live;
     std::optional<std::optional<EditorMemoryDetail>> detail;
-    auto task = live.keep(live.store->detail("7"), detail);
+    auto task = live.keep(live.store->pages().detail("7"), detail);
     AnswerCase::Thing thing;
     thing._0 = Card{.kind = "memory", .id = "7", .snippet = "body", .why = "why"};
     live.answer(R"({"read":{"_0":{"grab":{"id":"7","full":false}}}})", thing);
     EXPECT_EQ(**detail, (EditorMemoryDetail{"7", "why", "body"}));
-    auto refused = live.keep(live.store->detail("7"), detail);
+    auto refused = live.keep(live.store->pages().detail("7"), detail);
     live.answer("grab", failure("no"));
     EXPECT_EQ(*detail, std::nullopt);
 
@@ -297,7 +298,7 @@ TEST(EditorLiveStore, givesDetailsAndTranscriptsOrSaysWhyNot) {
     };
     for (const auto& [response, expected] : cases) {
         std::optional<EditorTranscriptResult> result;
-        const auto reading = live.keep(live.store->transcript("m"), result);
+        const auto reading = live.keep(live.store->meetings().transcript("m"), result);
         live.answer("meetingTranscript", response);
         EXPECT_EQ(*result, expected);
     }
@@ -326,7 +327,7 @@ TEST(EditorLiveStore, deletesALineAndReadsTheRest) {
     for (const auto& [answers, outcome] : rows) {
         Live live;
         std::optional<EditorLineDelete> result;
-        const auto task = live.keep(live.store->deleteLine("m", 5, "w"), result);
+        const auto task = live.keep(live.store->meetings().deleteLine("m", 5, "w"), result);
         EXPECT_EQ(
             live.client->sent().back(),
             R"({"control":{"_0":{"deleteUtterance":{"meeting":"m","rowid":5,"witness":"w"}}}})");
@@ -341,7 +342,7 @@ TEST(EditorLiveStore, deletesALineAndReadsTheRest) {
 TEST(EditorLiveStore, writesAndReadsAgainWhatTheWriteMoved) {
     Live live;
     std::optional<EditorWriteOutcome> outcome;
-    auto rule = live.keep(live.store->addRule("t", "w", {.file = "style"}, "/s"), outcome);
+    auto rule = live.keep(live.store->rules().addRule("t", "w", {.file = "style"}, "/s"), outcome);
     live.answer(R"({"notes":{"_0":{"write":{"text":"t","why":"w","writer":"wendlow-editor",)"
                 R"("type":"rule","path":"/s","filters":{"rules-file":"style"}}}}})",
                 AnswerCase::NoteID{"n1"});
@@ -349,19 +350,20 @@ TEST(EditorLiveStore, writesAndReadsAgainWhatTheWriteMoved) {
     EXPECT_FALSE(outcome) << "the counts are read first";
     live.answer("textBrowse", page(9, {{"rule", 9}}));
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("Saved n1."));
-    EXPECT_EQ(live.store->memoryTypeCounts()[0].count, 9);
+    EXPECT_EQ(live.store->pages().memoryTypeCounts()[0].count, 9);
 
-    auto illegal = live.keep(live.store->addRule("t", "w", {.file = "Mods"}, "/s"), outcome);
+    auto illegal =
+        live.keep(live.store->rules().addRule("t", "w", {.file = "Mods"}, "/s"), outcome);
     EXPECT_THAT(outcome->words, ::testing::StartsWith("“Mods” isn’t a legal rules-file name: one"));
     EXPECT_FALSE(outcome->ok());
 
-    auto map = live.keep(live.store->mapFolder("/home/p", "/work"), outcome);
+    auto map = live.keep(live.store->scopes().mapFolder("/home/p", "/work"), outcome);
     live.answer("mapPath", AnswerCase::Text{"mapped"});
     AnswerCase::ScopeBoard scopes;
     scopes._0 = {{.path = "/work", .folders = {"/home/p"}, .kinds = {}}};
     live.answer("scopeBoard", scopes);
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("mapped"));
-    EXPECT_EQ(live.store->scopeBoard().size(), 1U);
+    EXPECT_EQ(live.store->scopes().scopeBoard().size(), 1U);
 
     const std::pair<GatewayResponse, std::string> refusals[] = {
         {AnswerCase::Unimplemented{"memory_patch"},
@@ -369,7 +371,7 @@ TEST(EditorLiveStore, writesAndReadsAgainWhatTheWriteMoved) {
         {failure("read only"), "read only"},
         {AnswerCase::Ok(), "Wendlow answered the write with " + strange}};
     for (const auto& [response, words] : refusals) {
-        auto edit = live.keep(live.store->editRuleLine("7", "a", "b"), outcome);
+        auto edit = live.keep(live.store->rules().editRuleLine("7", "a", "b"), outcome);
         live.answer(
             R"("patch":{"id":"7","field":"text","find":"a","replace":"b","replaceAll":false})",
             response);
@@ -391,44 +393,44 @@ TEST(EditorLiveStore, saysWhatIsWrongWithTheModsBoard) {
     };
     Live live;
     for (const auto& [response, error] : cases) {
-        live.store->loadMods();
-        live.store->loadMods();
+        live.store->mods().loadMods();
+        live.store->mods().loadMods();
         live.answer("modBoard", response);
         EXPECT_FALSE(live.client->isWaiting());
-        EXPECT_EQ(live.store->modsError(), error);
-        EXPECT_EQ(live.store->modsLoaded(), !error);
+        EXPECT_EQ(live.store->mods().modsError(), error);
+        EXPECT_EQ(live.store->mods().modsLoaded(), !error);
     }
-    EXPECT_TRUE(live.store->modsBoard()->isEmpty());
+    EXPECT_TRUE(live.store->mods().modsBoard()->isEmpty());
 }
 
 TEST(EditorLiveStore, fetchesTheTilesThatAreOnScreenNow) {
     Live live;
-    live.store->showTiles({1, 2, 3});
+    live.store->tiles().showTiles({1, 2, 3});
     EXPECT_EQ(live.store->pendingTileCount(), 2U);
-    live.store->showTiles({4});
+    live.store->tiles().showTiles({4});
     live.answer(R"("getThumbnail":{"momentID":1})", AnswerCase::Image{"AAEC", "image/png"});
-    EXPECT_EQ(live.store->tiles().at(1).image, std::string("\0\1\2", 3));
+    EXPECT_EQ(live.store->tiles().tiles().at(1).image, std::string("\0\1\2", 3));
     // 2 and 3 have scrolled away. The daemon has no small picture of 4, and no door for the large.
     live.answer(R"("getThumbnail":{"momentID":4})", AnswerCase::Image{"not base64!", "image/png"});
     live.answer(R"("getScreen":{"momentID":4,"window":""})",
                 AnswerCase::Unimplemented{"screen_get"});
-    EXPECT_EQ(live.store->tiles().at(4).image, std::nullopt);
-    live.store->showTiles({4, 5});
+    EXPECT_EQ(live.store->tiles().tiles().at(4).image, std::nullopt);
+    live.store->tiles().showTiles({4, 5});
     live.answer(R"("getThumbnail":{"momentID":5})", failure("none"));
     EXPECT_FALSE(live.client->isWaiting()) << "the door is closed, and 4 is not asked again";
     live.open();
-    live.store->showTiles({6});
+    live.store->tiles().showTiles({6});
     live.answer("getThumbnail", failure("none"));
     live.answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
-    EXPECT_EQ(live.store->tiles().at(6).image, std::string("\0", 1));
+    EXPECT_EQ(live.store->tiles().tiles().at(6).image, std::string("\0", 1));
 }
 
 TEST(EditorLiveStore, letsTypingPassTheThumbnails) {
     Live live;
-    live.store->showTiles({1, 2, 3});
+    live.store->tiles().showTiles({1, 2, 3});
     std::optional<EditorAnswer> answer;
     EditorAsk ask{.term = "x"};
-    const auto task = live.keep(live.store->query(ask), answer);
+    const auto task = live.keep(live.store->pages().query(ask, EditorAsker::page), answer);
     live.answer("getThumbnail", failure("none"));
     live.answer("textBrowse", page(0));
     EXPECT_TRUE(answer);
@@ -445,7 +447,7 @@ TEST(EditorLiveStore, reportsOnlySlowLegs) {
         Live live;
         std::optional<EditorAnswer> answer;
         EditorAsk ask{.term = "x"};
-        const auto task = live.keep(live.store->query(ask), answer);
+        const auto task = live.keep(live.store->pages().query(ask, EditorAsker::page), answer);
         live.time += milliseconds(wire);
         live.answer("textBrowse", page(0));
         EXPECT_EQ(live.notes.size(), reported ? 1U : 0U);
@@ -456,16 +458,16 @@ TEST(EditorLiveStore, reportsOnlySlowLegs) {
 TEST(EditorLiveStore, mayGoWhileEverythingIsUnderWay) {
     Live live;
     live.store->resetWorld();
-    live.store->showTiles({1, 2});
-    live.store->loadMods();
+    live.store->tiles().showTiles({1, 2});
+    live.store->mods().loadMods();
     std::optional<EditorAnswer> first;
     std::optional<EditorAnswer> second;
     EditorAsk ask{.term = "x"};
-    const auto one = live.keep(live.store->query(ask), first);
+    const auto one = live.keep(live.store->pages().query(ask, EditorAsker::page), first);
     ask.term = "y";
-    const auto two = live.keep(live.store->query(ask), second);
+    const auto two = live.keep(live.store->pages().query(ask, EditorAsker::page), second);
     std::optional<EditorWriteOutcome> write;
-    const auto three = live.keep(live.store->mapFolder("/f", "/p"), write);
+    const auto three = live.keep(live.store->scopes().mapFolder("/f", "/p"), write);
     live.store.reset();
     EXPECT_TRUE(first && second && write) << "nobody waits for ever";
     EXPECT_EQ(write, EditorWriteOutcome::refused("The window was closed before this was sent."));
