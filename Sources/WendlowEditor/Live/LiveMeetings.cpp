@@ -51,21 +51,22 @@ QCoro::Task<> LiveMeetings::finishLoad(bool wanted) {
         co_await read();
 }
 
-/// Reads until the list is not older than the last load, unless that load will read it itself.
 QCoro::Task<> LiveMeetings::read() {
     const Lifetime::Watch life = m_life.watch();
     m_reading = true;
-    while (m_reading) {
-        const ReadRequest request = ReadCase::MeetingList();
-        EditorLink::Reply reply = co_await m_link.send(request, Lane::later);
-        if (life.expired())
-            co_return;
-        const bool old = reply.leg.sent < m_loadBegan;
-        m_reading = old && !m_loadAhead();
-        take(std::move(reply));
-        m_loaded = m_loaded && !old;
-        m_tell(EditorChange::meetings);
+    const ReadRequest request = ReadCase::MeetingList();
+    EditorLink::Reply reply = co_await m_link.send(request, Lane::later);
+    if (life.expired())
+        co_return;
+    m_reading = false;
+    const bool isOld = reply.leg.sent < m_loadBegan;
+    take(std::move(reply));
+    if (isOld) {
+        // The link serves one at a time, so that the load is still ahead.
+        m_loaded = false;
+        m_wished = true;
     }
+    m_tell(EditorChange::meetings);
 }
 
 void LiveMeetings::take(EditorLink::Reply reply) {
