@@ -78,7 +78,8 @@ public:
 
 private:
     std::string largestType() {
-        return std::ranges::max(editor.store().memoryTypeCounts(), {}, &EditorCount::count).name;
+        return std::ranges::max(editor.store().pages().memoryTypeCounts(), {}, &EditorCount::count)
+            .name;
     }
 };
 

@@ -20,7 +20,7 @@ std::vector<std::int64_t> pictures(EditorLiveStore& store) {
     EditorAsk ask{.term = {}};
     ask.kind = EditorKind::moment;
     ask.limit = 5 * static_cast<std::int64_t>(TileWindow::most);
-    const EditorAnswer answer = QCoro::waitFor(store.query(ask));
+    const EditorAnswer answer = QCoro::waitFor(store.pages().query(ask, EditorAsker::page));
     std::vector<std::int64_t> keys;
     for (const EditorMoment& moment : answer.moments)
         if (const auto key = moment.thumbnailKey(); key && moment.framed)
@@ -42,9 +42,9 @@ void run(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
     EditorWindow editor{Gateways::practiceName};
     const std::vector<std::int64_t> keys = pictures(editor.store());
-    editor.store().showTiles(keys);
+    editor.store().tiles().showTiles(keys);
     editor.rest();
-    const auto& tiles = editor.store().tiles();
+    const auto& tiles = editor.store().tiles().tiles();
     std::size_t bytes = 0;
     for (const auto& [key, tile] : tiles)
         bytes += tile.image.value_or(std::string()).size();

@@ -1,6 +1,6 @@
 #include "EditorSnapshots.h"
 
-#include "Live/Waiting.h"
+#include "Store/Waiting.h"
 #include "UnimplementedGateway.h"
 
 #include <QCoreApplication>

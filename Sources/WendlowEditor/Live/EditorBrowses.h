@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Live/Lifetime.h"
-#include "Live/Waiting.h"
 #include "Model/EditorAnswer.h"
+#include "Store/Lifetime.h"
+#include "Store/Waiting.h"
 
 #include <functional>
 #include <optional>

@@ -1,6 +1,12 @@
 #include "Live/EditorLink.h"
 
+#include "LinkStages.h"
+#include "LogCategories.h"
+
+#include <algorithm>
 #include <utility>
+
+#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -12,8 +18,8 @@ GatewayResponse closed() {
 
 } // namespace
 
-EditorLink::EditorLink(std::shared_ptr<WendlowClient> client, Clock clock)
-    : m_client(std::move(client)), m_clock(std::move(clock)) {}
+EditorLink::EditorLink(std::shared_ptr<WendlowClient> client, Note note, Clock clock)
+    : m_client(std::move(client)), m_note(std::move(note)), m_clock(std::move(clock)) {}
 
 EditorLink::~EditorLink() {
     Waiting<Turn> now = m_now.takeAll();
@@ -21,6 +27,27 @@ EditorLink::~EditorLink() {
     m_life.end();
     now.resumeAll(Turn::neverComes);
     later.resumeAll(Turn::neverComes);
+}
+
+std::string EditorLink::verb(const GatewayRequest& request) {
+    return std::visit(
+        [](const auto& kind) {
+            return std::visit(
+                [&kind](const auto& question) {
+                    return fmt::format("{}.{}", kind.wireName, question.wireName);
+                },
+                static_cast<const typename std::decay_t<decltype(kind._0)>::variant&>(kind._0));
+        },
+        static_cast<const GatewayRequest::variant&>(request));
+}
+
+QCoro::Task<EditorLink::Reply> EditorLink::send(GatewayRequest request, Lane lane) {
+    const Lifetime::Watch life = m_life.watch();
+    const std::string name = verb(request);
+    Reply reply = co_await serializedLeg(std::move(request), lane);
+    if (!life.expired())
+        report(reply.leg, name);
+    co_return reply;
 }
 
 QCoro::Task<EditorLink::Reply> EditorLink::serializedLeg(GatewayRequest request, Lane lane) {
@@ -42,6 +69,23 @@ QCoro::Task<EditorLink::Reply> EditorLink::serializedLeg(GatewayRequest request,
     if (!life.expired())
         passOn();
     co_return Reply{std::move(answer.response), leg};
+}
+
+void EditorLink::report(const LinkLeg& leg, const std::string& verb,
+                        std::optional<LinkLeg::Instant> rendered) const {
+    constexpr std::chrono::milliseconds slow{100};
+    LinkStages stages{.queued = leg.sent - leg.arrived,
+                      .wire = leg.replied - leg.sent,
+                      .daemon = leg.daemon,
+                      .total = rendered.value_or(leg.replied) - leg.arrived};
+    if (rendered)
+        stages.render = *rendered - leg.replied;
+    if (std::max({stages.wire, stages.queued, stages.render.value_or(slow)}) <= slow)
+        return;
+    const std::string line = stages.line(verb);
+    qCInfo(LogCategory::editorOpen, "%s", line.c_str());
+    if (m_note)
+        m_note(line);
 }
 
 /// Hands the link to whoever is next; it stays busy in between, so that nobody slips in.

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "Client.h"
-#include "Live/Lifetime.h"
-#include "Live/Waiting.h"
+#include "Store/Lifetime.h"
+#include "Store/Waiting.h"
 
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace wendlow {
 
@@ -24,30 +25,40 @@ struct LinkLeg {
 };
 
 /// The one narrow way from the Editor to the daemon: one request at a time, a person's before bulk
-/// work, within a lane first come, first served. Nothing here times out or is cancelled; the
-/// client's own limits hold. UI thread.
+/// work, within a lane first come, first served. A slow leg is reported. Nothing here times out or
+/// is cancelled; the client's own limits hold. UI thread.
 class EditorLink {
 public:
     enum class Lane { now, later };
     using Clock = std::function<LinkLeg::Instant()>;
+    /// Hands a line to the daemon's log; whether it arrives is nobody's concern.
+    using Note = std::function<void(std::string line)>;
     struct Reply {
         GatewayResponse response;
         LinkLeg leg;
     };
 
     explicit EditorLink(
-        std::shared_ptr<WendlowClient> client,
+        std::shared_ptr<WendlowClient> client, Note note = {},
         Clock clock = [] { return std::chrono::steady_clock::now(); });
     EditorLink(const EditorLink&) = delete;
     EditorLink& operator=(const EditorLink&) = delete;
     /// Whoever still waits for the link gets a failure.
     ~EditorLink();
 
-    /// Build the request on a line of its own: GCC 12 destroys an aggregate twice that is built
-    /// inside of the awaited call. The link may go while a caller waits; the caller then must not
-    /// touch what went with it.
+    /// Sends a request and reports its leg. Build the request on a line of its own: GCC 12 destroys
+    /// an aggregate twice that is built inside of the awaited call. The link may go while a caller
+    /// waits; the caller then must not touch what went with it.
+    QCoro::Task<Reply> send(GatewayRequest request, Lane lane);
+    /// The same for a caller who reports the leg, since what it makes of the answer takes time too.
     QCoro::Task<Reply> serializedLeg(GatewayRequest request, Lane lane);
+    /// A leg in good time is silent. `rendered` is when the answer had been made into records.
+    void report(const LinkLeg& leg, const std::string& verb,
+                std::optional<LinkLeg::Instant> rendered = std::nullopt) const;
     LinkLeg::Instant now() const { return m_clock(); }
+
+    /// "read.textBrowse" and the like.
+    static std::string verb(const GatewayRequest& request);
 
 private:
     enum class Turn { begins, neverComes };
@@ -55,6 +66,7 @@ private:
     void passOn();
 
     std::shared_ptr<WendlowClient> m_client;
+    Note m_note;
     Clock m_clock;
     bool m_busy = false;
     Waiting<Turn> m_now;

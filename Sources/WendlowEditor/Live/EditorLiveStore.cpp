@@ -1,35 +1,11 @@
 #include "Live/EditorLiveStore.h"
 
 #include "LinkStages.h"
-#include "Live/BrowseWire.h"
-#include "Live/ScopeTree.h"
 #include "LogCategories.h"
 
-#include <algorithm>
 #include <utility>
 
-#include <fmt/format.h>
-
 namespace wendlow {
-
-namespace {
-
-using Lane = EditorLink::Lane;
-
-/// "read.textBrowse" and the like.
-std::string verb(const GatewayRequest& request) {
-    return std::visit(
-        [](const auto& kind) {
-            return std::visit(
-                [&kind](const auto& question) {
-                    return fmt::format("{}.{}", kind.wireName, question.wireName);
-                },
-                static_cast<const typename std::decay_t<decltype(kind._0)>::variant&>(kind._0));
-        },
-        static_cast<const GatewayRequest::variant&>(request));
-}
-
-} // namespace
 
 /// Times the steps of an opening, for the log.
 class EditorLiveStore::OpenSteps {
@@ -50,59 +26,22 @@ private:
 
 EditorLiveStore::EditorLiveStore(std::shared_ptr<WendlowClient> client, Note note,
                                  EditorLink::Clock clock)
-    : m_note(std::move(note)), m_link(std::move(client), std::move(clock)),
-      m_browses([this](EditorAsk ask) { return answer(std::move(ask)); }) {}
+    : m_link(std::move(client), std::move(note), std::move(clock)), m_pages(m_link, teller()),
+      m_meetings(m_link, teller(),
+                 [this] { return m_due || m_loadAgain || (m_loading && !m_baselineRead); }),
+      m_mods(m_link, teller()), m_scopes(m_link, teller()), m_rules(m_link, m_pages, teller()),
+      m_tiles(m_link) {}
 
 EditorLiveStore::~EditorLiveStore() {
     m_life.end();
 }
 
-void EditorLiveStore::grow() {
-    ++m_generation;
-    Q_EMIT changed();
-}
-
-/// One request over the link; its leg is reported. The store may be gone when it comes back.
-QCoro::Task<EditorLink::Reply> EditorLiveStore::send(GatewayRequest request, Lane lane) {
-    const Lifetime::Watch life = m_life.watch();
-    const std::string name = verb(request);
-    EditorLink::Reply reply = co_await m_link.serializedLeg(std::move(request), lane);
-    if (!life.expired())
-        report(reply.leg, name);
-    co_return reply;
-}
-
-/// A leg in good time is silent.
-void EditorLiveStore::report(const LinkLeg& leg, const std::string& verb,
-                             std::optional<LinkLeg::Instant> rendered) {
-    constexpr std::chrono::milliseconds slow{100};
-    LinkStages stages{.queued = leg.sent - leg.arrived,
-                      .wire = leg.replied - leg.sent,
-                      .daemon = leg.daemon,
-                      .total = rendered.value_or(leg.replied) - leg.arrived};
-    if (rendered)
-        stages.render = *rendered - leg.replied;
-    if (std::max({stages.wire, stages.queued, stages.render.value_or(slow)}) <= slow)
-        return;
-    const std::string line = stages.line(verb);
-    qCInfo(LogCategory::editorOpen, "%s", line.c_str());
-    if (m_note)
-        m_note(line);
-}
-
-QCoro::Task<> EditorLiveStore::load() {
-    const Lifetime::Watch life = m_life.watch();
-    if (std::exchange(m_reloading, true)) {
-        m_reloadAgain = true;
-        co_return;
-    }
-    do {
-        m_reloadAgain = false;
-        co_await loadOnce();
-        if (life.expired())
-            co_return;
-    } while (m_reloadAgain);
-    m_reloading = false;
+LiveTell EditorLiveStore::teller() {
+    return [this](EditorChanges what) {
+        if (what.testFlag(EditorChange::generation))
+            ++m_generation;
+        tell(what);
+    };
 }
 
 void EditorLiveStore::resetWorld() {
@@ -110,137 +49,76 @@ void EditorLiveStore::resetWorld() {
     [[maybe_unused]] const auto task = load();
 }
 
+void EditorLiveStore::loadSoon() {
+    if (std::exchange(m_due, true))
+        return;
+    QMetaObject::invokeMethod(this, &EditorLiveStore::resetWorld, Qt::QueuedConnection);
+    tell(EditorChange::error);
+}
+
+QCoro::Task<> EditorLiveStore::load() {
+    const Lifetime::Watch life = m_life.watch();
+    m_due = false;
+    if (std::exchange(m_loading, true)) {
+        m_loadAgain = true;
+        co_return;
+    }
+    for (bool again = true; again;) {
+        m_loadAgain = false;
+        co_await loadOnce();
+        if (life.expired())
+            co_return;
+        again = m_loading = m_loadAgain;
+        EditorChanges what = EditorChange::generation;
+        what.setFlag(EditorChange::error, !again);
+        ++m_generation;
+        tell(what);
+    }
+}
+
 QCoro::Task<> EditorLiveStore::loadOnce() {
     const Lifetime::Watch life = m_life.watch();
     OpenSteps steps(m_link.now());
-    m_meetingsLoaded = false;
-    m_modsLoaded = false;
-    m_frameDoorOpen = true;
-    Q_EMIT changed();
+    m_baselineRead = false;
+    m_meetings.beginLoad();
+    m_mods.beginLoad();
+    m_tiles.beginLoad();
+    tell(EditorChange::meetings | EditorChange::mods | EditorChange::error);
 
-    ScopeReading scopes = co_await readScopes();
+    LiveScopes::Reading scopes = co_await m_scopes.read();
     if (life.expired())
         co_return;
     steps.done("scopeBoard", m_link.now());
-    const EditorAnswer whole = co_await baseline();
+    const EditorAnswer whole = co_await m_pages.baseline();
     if (life.expired())
         co_return;
     steps.done("baselineBrowse", m_link.now());
+    m_baselineRead = true;
     settleLoad(whole, std::move(scopes));
-    if (m_loaded) {
-        co_await readMeetings();
-        if (life.expired())
-            co_return;
+    co_await m_meetings.finishLoad(m_loaded);
+    if (!life.expired() && m_loaded)
         steps.done("meetingList", m_link.now());
-    }
-    grow();
 }
 
 /// A store that gives up keeps what it showed before and says why.
-void EditorLiveStore::settleLoad(const EditorAnswer& baseline, ScopeReading scopes) {
-    m_loadError = std::move(scopes.error);
-    m_loaded = baseline.ready() && !m_loadError;
+void EditorLiveStore::settleLoad(const EditorAnswer& baseline, LiveScopes::Reading scopes) {
+    std::optional<std::string> error;
+    if (!scopes)
+        error = std::move(scopes.error());
+    else if (const auto* const failed = std::get_if<EditorAnswerStateCase::Failed>(&baseline.state))
+        error = failed->words;
+    else if (!baseline.ready())
+        error = "The search index is still building.";
+    m_loaded = !error;
+    EditorChanges what;
     if (m_loaded) {
-        m_rootScope = std::move(scopes.tree).value_or(EditorScope::root());
-        m_scopeBoard = std::move(scopes.board);
-        const auto moments = baseline.kindCounts.find(EditorKind::moment);
-        m_momentCount =
-            moments == baseline.kindCounts.end() ? std::nullopt : std::optional(moments->second);
-        return;
+        m_scopes.show(*std::move(scopes));
+        what |= EditorChange::scopes;
+        what.setFlag(EditorChange::counts, m_pages.countMoments(baseline));
     }
-    if (m_loadError)
-        return;
-    const auto* const failed = std::get_if<EditorAnswerStateCase::Failed>(&baseline.state);
-    m_loadError = failed != nullptr ? failed->words : "The search index is still building.";
-}
-
-QCoro::Task<EditorLiveStore::ScopeReading> EditorLiveStore::readScopes() {
-    const NotesRequest request = NotesCase::ScopeBoard();
-    const EditorLink::Reply reply = co_await send(request, Lane::now);
-    ScopeReading reading;
-    if (const auto* const board = std::get_if<AnswerCase::ScopeBoard>(&reply.response)) {
-        reading.tree = ScopeTree::tree(board->_0);
-        reading.board = ScopeTree::board(board->_0);
-    } else if (const auto* const failure = std::get_if<AnswerCase::Failure>(&reply.response)) {
-        reading.error = failure->message;
-    } else {
-        reading.error =
-            "Wendlow answered the scope board with something this mod does not understand.";
-    }
-    co_return reading;
-}
-
-QCoro::Task<> EditorLiveStore::reloadScopeBoard() {
-    const Lifetime::Watch life = m_life.watch();
-    ScopeReading scopes = co_await readScopes();
-    if (life.expired() || !scopes.tree)
-        co_return;
-    m_rootScope = *std::move(scopes.tree);
-    m_scopeBoard = std::move(scopes.board);
-    Q_EMIT changed();
-}
-
-QCoro::Task<EditorAnswer> EditorLiveStore::query(EditorAsk ask) {
-    return m_browses.query(std::move(ask));
-}
-
-/// What describes the whole store: its counts, and next to no rows. Where a person's question took
-/// its place it goes out beside the browses, so that it takes no place in return.
-QCoro::Task<EditorAnswer> EditorLiveStore::baseline() {
-    const Lifetime::Watch life = m_life.watch();
-    EditorAsk ask{.term = {}};
-    ask.limit = 1;
-    EditorAnswer whole = co_await query(ask);
-    if (!life.expired() && whole.ask != ask)
-        whole = co_await answer(std::move(ask));
-    co_return whole;
-}
-
-QCoro::Task<EditorAnswer> EditorLiveStore::answer(EditorAsk ask) {
-    const Lifetime::Watch life = m_life.watch();
-    const GatewayRequest request = ReadRequest(BrowseWire::request(ask));
-    const EditorLink::Reply reply = co_await m_link.serializedLeg(request, Lane::now);
-    if (life.expired())
-        co_return EditorAnswer::pending();
-    EditorAnswer made =
-        EditorAnswer::failed("Wendlow answered with something this mod does not understand.", ask);
-    if (const auto* const failure = std::get_if<AnswerCase::Failure>(&reply.response))
-        made = EditorAnswer::failed(failure->message, std::move(ask));
-    else if (const auto* const page = std::get_if<AnswerCase::TextBrowse>(&reply.response))
-        made = page->_0.ready ? settled(page->_0, ask) : EditorAnswer::warming(std::move(ask));
-    report(reply.leg, verb(request), m_link.now());
-    co_return made;
-}
-
-/// The rail counts the whole store, so only an answer that describes all of it moves the rail.
-EditorAnswer EditorLiveStore::settled(const TextBrowseAnswer& wire, const EditorAsk& ask) {
-    const bool goesOn = m_pageAsk && m_pageAsk->offset == ask.offset && m_pageAsk->sameQuery(ask);
-    EditorAnswer made = BrowseWire::settled(wire, ask, goesOn ? m_page : EditorRows());
-    // The baseline's one row is nothing to go on from.
-    if (made.rows.size() > 1) {
-        m_pageAsk = ask;
-        m_page = made.rows;
-    }
-    const bool searched = !ask.term.empty() && wire.narrowed;
-    if (!searched && !ask.hasChips()) {
-        if (ask.kind == EditorKind::memory) {
-            m_memoryTypeCounts = made.typeCounts;
-            if (!ask.type)
-                m_baselineTotal = wire.total;
-        }
-        const auto moments = made.kindCounts.find(EditorKind::moment);
-        if (moments != made.kindCounts.end())
-            m_momentCount = moments->second;
-        Q_EMIT changed();
-    }
-    std::int64_t slice = m_baselineTotal;
-    if (ask.type) {
-        const auto row = std::ranges::find(m_memoryTypeCounts, *ask.type, &EditorCount::name);
-        if (row != m_memoryTypeCounts.end())
-            slice = row->count;
-    }
-    made.sliceTotal = std::max(slice, made.total);
-    return made;
+    what.setFlag(EditorChange::error, error != m_loadError);
+    m_loadError = std::move(error);
+    tell(what);
 }
 
 } // namespace wendlow

@@ -7,21 +7,26 @@ namespace wendlow {
 
 namespace {
 
-/// The node of `path` below `scope`, made with all above it where they are missing. A path is what
-/// lies between its slashes: doubled ones and one at the end say nothing.
-EditorScope& ensure(EditorScope& root, std::string_view path) {
+EditorScope& childOf(EditorScope& scope, const std::string& id, std::string_view title) {
+    auto& children = scope.children;
+    auto child = std::ranges::lower_bound(children, id, {}, &EditorScope::id);
+    if (child == children.end() || child->id != id)
+        child = children.insert(child, {.id = id, .title = std::string(title)});
+    return *child;
+}
+
+/// The node of `path`, made with all above it where they are missing. It bears the path as it is
+/// said, since that is what is asked for and mapped to; doubled slashes and one at the end only add
+/// nothing above it.
+EditorScope& ensure(EditorScope& root, const std::string& path) {
     EditorScope* scope = &root;
-    std::string id;
-    for (std::size_t at = path.find_first_not_of('/'); at != std::string_view::npos;) {
+    std::string above;
+    for (std::size_t at = path.find_first_not_of('/'); at != std::string::npos;) {
         const auto end = std::min(path.find('/', at), path.size());
-        const std::string_view name = path.substr(at, end - at);
-        id.append("/").append(name);
-        auto& children = scope->children;
-        auto child = std::ranges::lower_bound(children, id, {}, &EditorScope::id);
-        if (child == children.end() || child->id != id)
-            child = children.insert(child, {.id = id, .title = std::string(name)});
-        scope = &*child;
+        const auto name = std::string_view(path).substr(at, end - at);
         at = path.find_first_not_of('/', end);
+        above.append("/").append(name);
+        scope = &childOf(*scope, at == std::string::npos ? path : above, name);
     }
     return *scope;
 }

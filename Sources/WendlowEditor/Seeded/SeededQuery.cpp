@@ -1,6 +1,7 @@
 #include "Seeded/SeededQuery.h"
 
 #include "Ranking/EditorText.h"
+#include "ScopePath.h"
 
 #include <algorithm>
 #include <utility>
@@ -44,8 +45,7 @@ public:
 
     bool hold(const EditorMemoryHit& hit, Except except, std::string_view exceptKey = {}) const {
         return (except == Except::type || !m_ask.type || *m_ask.type == hit.memory.type) &&
-               (except == Except::scopes || m_ask.scopes.empty() ||
-                m_ask.scopes.contains(hit.scopeID)) &&
+               (except == Except::scopes || ScopePath::matches(hit.scopeID, m_ask.scopes)) &&
                searched(hit.memory) && chipsMatch(hit.memory, exceptKey);
     }
     EditorMemoryHits cut(const EditorMemoryHits& rows, Except except,

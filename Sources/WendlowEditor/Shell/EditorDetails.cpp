@@ -30,7 +30,7 @@ QCoro::Task<> EditorDetails::fetch(std::vector<std::string> ids) {
     const std::uint64_t epoch = m_epoch;
     SearchPage::Details found;
     for (const std::string& id : ids) {
-        auto detail = co_await m_store.detail(id);
+        auto detail = co_await m_pages.detail(id);
         if (life.expired() || epoch != m_epoch)
             co_return;
         found.insert_or_assign(id, std::move(detail));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Live/Lifetime.h"
 #include "Search/SearchPage.h"
-#include "Store/EditorStore.h"
+#include "Store/Lifetime.h"
+#include "Store/PageSource.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -15,12 +15,12 @@
 namespace wendlow {
 
 /// Why and body of memories, fetched for those that are asked for. UI thread; may go while answers
-/// are under way. The store must outlive it.
+/// are under way. The source must outlive it.
 class EditorDetails final : public QObject {
     Q_OBJECT
 
 public:
-    explicit EditorDetails(EditorStore& store) : m_store(store) {}
+    explicit EditorDetails(PageSource& pages) : m_pages(pages) {}
     ~EditorDetails() override { m_life.end(); }
 
     const SearchPage::Details& known() const { return m_known; }
@@ -36,7 +36,7 @@ Q_SIGNALS:
 private:
     QCoro::Task<> fetch(std::vector<std::string> ids);
 
-    EditorStore& m_store;
+    PageSource& m_pages;
     SearchPage::Details m_known;
     std::set<std::string> m_underWay;
     std::uint64_t m_epoch = 0;

@@ -17,7 +17,7 @@ bool sharesScopes(EditorFace face) {
 } // namespace
 
 EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks)
-    : m_store(store), m_generation(store.generation()), m_details(store),
+    : m_store(store), m_generation(store.generation()), m_details(store.pages()),
       m_search(store, m_details, std::move(clocks.steady)),
       m_rail({.openMemories =
                   [this](std::optional<std::string> type) {
@@ -49,13 +49,9 @@ EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks)
         Q_EMIT changed();
     });
     connect(&m_search, &EditorSearch::changed, this, &EditorRoot::changed);
-    connect(&m_search, &EditorSearch::settled, this, [this] {
-        if (m_displaced)
-            requery();
-    });
     // In this order: the link serves one at a time, and the page is what is waited for.
     settle();
-    m_store.loadMeetings();
+    m_store.meetings().loadMeetings();
 }
 
 EditorRoot::~EditorRoot() {
@@ -78,24 +74,18 @@ void EditorRoot::storeChanged() {
         m_memories.forgetFound();
         m_details.clear();
     }
-    if (m_displaced && !m_search.busy())
-        requery();
-    else
-        settle();
+    settle();
     m_search.rebuild();
 }
 
 void EditorRoot::settle() {
-    if (m_asked != queryKey()) {
-        m_retries = 0;
+    if (m_asked != queryKey())
         requery();
-    } else {
+    else
         publish();
-    }
 }
 
 void EditorRoot::requery() {
-    m_displaced = false;
     m_asked = queryKey();
     take(m_answer.awaitingRefresh());
     // Runs on by itself, and ends by itself where this goes or another key comes.
@@ -105,22 +95,9 @@ void EditorRoot::requery() {
 QCoro::Task<> EditorRoot::run(EditorQueryKey key) {
     const Lifetime::Watch life = m_life.watch();
     const std::uint64_t number = ++m_task;
-    EditorAnswer answer = co_await m_store.query(key.ask);
-    if (life.expired() || number != m_task || queryKey() != key)
-        co_return;
-    if (answer.ask != key.ask) {
-        // The store went on to a question of the search's. Where that is under way still, or waits
-        // in our place, it goes first; a store that never answers ours is not asked for ever.
-        constexpr int mostRetries = 3;
-        m_displaced = true;
-        if (answer.ask && !m_search.busy() && m_retries < mostRetries) {
-            ++m_retries;
-            requery();
-        }
-        co_return;
-    }
-    m_retries = 0;
-    take(std::move(answer));
+    EditorAnswer answer = co_await m_store.pages().query(key.ask, EditorAsker::page);
+    if (!life.expired() && number == m_task && queryKey() == key && answer.ask == key.ask)
+        take(std::move(answer));
 }
 
 void EditorRoot::take(EditorAnswer answer) {
@@ -140,7 +117,7 @@ void EditorRoot::refreshShown() {
 void EditorRoot::publish() {
     if (m_shownError != m_store.storeError())
         refreshShown();
-    const auto scopes = FlatScopes::paths(m_store.rootScope());
+    const auto scopes = FlatScopes::paths(m_store.scopes().rootScope());
     m_rail.show(railState(std::ssize(scopes)));
     m_bar.show(scopes, m_ask.scopes);
     showMemories();
@@ -150,25 +127,25 @@ void EditorRoot::publish() {
 void EditorRoot::showMemories() {
     m_memories.show({.ask = m_ask,
                      .answer = m_shown,
-                     .standing = m_store.memoryTypeCounts(),
+                     .standing = m_store.pages().memoryTypeCounts(),
                      .openType = m_openType,
                      .details = m_details.known()});
 }
 
 RailState EditorRoot::railState(std::int64_t scopes) const {
-    RailState state{.standing = m_store.memoryTypeCounts(),
+    RailState state{.standing = m_store.pages().memoryTypeCounts(),
                     .answer = {},
                     .face = m_face,
                     .openType = m_openType,
-                    .meetings = m_store.meetingCount(),
-                    .moments = m_store.momentCount(),
+                    .meetings = m_store.meetings().meetingCount(),
+                    .moments = m_store.pages().momentCount(),
                     .mods = std::nullopt,
                     .scopes = scopes};
     // The rail needs the counts alone, and not a page of rows.
     state.answer.state = m_answer.state;
     state.answer.narrowed = m_answer.narrowed;
     state.answer.typeCounts = m_answer.typeCounts;
-    if (const auto& board = m_store.modsBoard())
+    if (const auto& board = m_store.mods().modsBoard())
         state.mods = std::ssize(board->mods);
     return state;
 }
@@ -283,7 +260,8 @@ QString EditorRoot::title() const {
 QString EditorRoot::blankStageWords() const {
     // Only the meetings are counted in words; the number of another face's things says nothing
     // here.
-    const auto meetings = m_face == EditorFace::meetings ? m_store.meetingCount() : std::nullopt;
+    const auto meetings =
+        m_face == EditorFace::meetings ? m_store.meetings().meetingCount() : std::nullopt;
     return RowText::plain(EditorWords::blankStage(m_store.storeError(), meetings));
 }
 

@@ -107,8 +107,6 @@ private:
     SharedAnswer m_shown = std::make_shared<const EditorAnswer>();
     std::optional<std::string> m_shownError; ///< of the store, when `m_shown` was made
     std::optional<EditorQueryKey> m_asked;   ///< the key of the question under way or answered
-    bool m_displaced = false;                ///< another question took its place in the store
-    int m_retries = 0;                       ///< of the question whose place was taken
     std::uint64_t m_task = 0;                ///< a task of another number is cancelled
     std::int64_t m_generation;
     EditorDetails m_details;

@@ -70,7 +70,6 @@ void EditorSearch::setTerm(std::string term) {
     ++m_task;
     if (m_term.empty()) {
         forget();
-        Q_EMIT settled();
         return;
     }
     m_busy = true;
@@ -95,36 +94,17 @@ QCoro::Task<> EditorSearch::run(std::string term) {
     const std::uint64_t number = m_task;
     const auto started = m_clock();
     EditorAsk question = askFor(term, EditorKind::memory, mostMemories);
-    auto memories = co_await answerTo(std::move(question), number);
-    if (life.expired() || number != m_task || !memories)
+    const EditorAnswer memories = co_await m_store.pages().query(question, EditorAsker::search);
+    if (life.expired() || number != m_task || memories.ask != question)
         co_return;
     const auto halfway = m_clock();
     question = askFor(term, EditorKind::moment, mostMoments);
-    auto moments = co_await answerTo(std::move(question), number);
-    if (life.expired() || number != m_task || !moments)
+    EditorAnswer moments = co_await m_store.pages().query(question, EditorAsker::search);
+    if (life.expired() || number != m_task || moments.ask != question)
         co_return;
     m_millis = Millis{.memory = LinkStages::wholeMillis(halfway - started),
                       .moment = LinkStages::wholeMillis(m_clock() - halfway)};
-    show(*std::move(memories), *std::move(moments));
-}
-
-/// The store keeps a burst to two browses, so that the window's own question may take the place of
-/// this one: then it is asked again.
-QCoro::Task<std::optional<EditorAnswer>> EditorSearch::answerTo(EditorAsk ask,
-                                                                std::uint64_t number) {
-    constexpr int tries = 8;
-    const Lifetime::Watch life = m_life.watch();
-    EditorAnswer answer;
-    for (int left = tries; left > 0; --left) {
-        answer = co_await m_store.query(ask);
-        if (life.expired() || number != m_task)
-            co_return std::nullopt;
-        if (answer.ask == ask)
-            co_return answer;
-    }
-    // Rows to another question must not pass for hits, nor for there being none.
-    co_return EditorAnswer::failed("Wendlow answered with something this mod does not understand.",
-                                   std::move(ask));
+    show(memories, std::move(moments));
 }
 
 void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments) {
@@ -149,7 +129,6 @@ void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments) {
         if (ids.size() < detailsAsked)
             ids.push_back(hit.memory.id);
     m_details.request(ids);
-    Q_EMIT settled();
 }
 
 void EditorSearch::rebuild() {
@@ -157,12 +136,12 @@ void EditorSearch::rebuild() {
         return;
     const SearchHit* const chosen = selected();
     const std::string kept = chosen != nullptr ? chosen->id : std::string();
-    const auto& board = m_store.modsBoard();
-    const auto paths = FlatScopes::paths(m_store.rootScope());
+    const auto& board = m_store.mods().modsBoard();
+    const auto paths = FlatScopes::paths(m_store.scopes().rootScope());
     m_sections = SearchPage::build({.term = m_answeredTerm,
                                     .memories = m_memories,
                                     .moments = m_moments,
-                                    .meetings = m_store.meetings(),
+                                    .meetings = m_store.meetings().meetings(),
                                     .mods = board ? &board->mods : nullptr,
                                     .scopePaths = paths,
                                     .details = m_details.known()});

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "Live/EditorLink.h"
-#include "Live/Lifetime.h"
 #include "Shell/EditorDetails.h"
 #include "Shell/SearchHitList.h"
+#include "Store/EditorStore.h"
+#include "Store/Lifetime.h"
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -38,7 +39,7 @@ class EditorSearch final : public QObject {
     Q_PROPERTY(wendlow::SearchHitList* hits READ hits CONSTANT)
 
 public:
-    using Clock = EditorLink::Clock;
+    using Clock = std::function<std::chrono::steady_clock::time_point()>;
     struct Millis {
         std::int64_t memory = 0;
         std::int64_t moment = 0;
@@ -80,13 +81,10 @@ public:
 
 Q_SIGNALS:
     void changed();
-    /// The two questions have been answered, or are asked no more.
-    void settled();
 
 private:
     void setTerm(std::string term);
     QCoro::Task<> run(std::string term);
-    QCoro::Task<std::optional<EditorAnswer>> answerTo(EditorAsk ask, std::uint64_t task);
     void show(const EditorAnswer& memories, EditorAnswer moments);
     void forget();
 

@@ -12,10 +12,10 @@ EditorWorlds::EditorWorlds(std::shared_ptr<WendlowClient> client, EditorWorld wo
         startLoading();
 }
 
-/// When control is back in the event loop: so the window's own question, asked as it is made, goes
-/// out first, and its page is there before the long reads of the opening.
+/// Soon, so that the window's own question, asked as it is made, goes out first, and its page is
+/// there before the long reads of the opening.
 void EditorWorlds::startLoading() {
-    QMetaObject::invokeMethod(&m_live, &EditorLiveStore::resetWorld, Qt::QueuedConnection);
+    m_live.loadSoon();
 }
 
 EditorStore& EditorWorlds::store() {

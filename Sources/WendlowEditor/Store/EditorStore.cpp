@@ -2,21 +2,17 @@
 
 namespace wendlow {
 
-std::vector<const EditorScope*> EditorStore::ancestors(std::string_view path) const {
-    std::vector<const EditorScope*> above;
-    const auto add = [&](std::string_view id) {
-        if (const EditorScope* const scope = rootScope().find(id))
-            above.push_back(scope);
-    };
-    std::string prefix;
-    std::size_t at = path.find_first_not_of('/');
-    while (at != std::string_view::npos) {
-        add(prefix.empty() ? std::string_view("/") : std::string_view(prefix));
-        const auto end = path.find('/', at);
-        prefix.append("/").append(path.substr(at, end - at));
-        at = end == std::string_view::npos ? end : path.find_first_not_of('/', end);
-    }
-    return above;
+void EditorStore::tell(EditorChanges what) {
+    if (what.testFlag(EditorChange::counts))
+        Q_EMIT pages().countsChanged();
+    if (what.testFlag(EditorChange::scopes))
+        Q_EMIT scopes().changed();
+    if (what.testFlag(EditorChange::meetings))
+        Q_EMIT meetings().changed();
+    if (what.testFlag(EditorChange::mods))
+        Q_EMIT mods().changed();
+    if (what)
+        Q_EMIT changed(what);
 }
 
 } // namespace wendlow

@@ -10,6 +10,7 @@ namespace {
 using ::testing::ElementsAre;
 using testing::ScriptedClient;
 using Lane = EditorLink::Lane;
+using std::chrono::milliseconds;
 
 GatewayRequest request() {
     return ReadRequest(ReadCase::Grab{});
@@ -19,13 +20,8 @@ GatewayRequest request() {
 using Log = std::vector<std::string>;
 
 QCoro::Task<> ask(EditorLink& link, const char* id, Lane lane, Log& log) {
-    const auto reply = co_await link.serializedLeg(request(), lane);
-    const auto* const failure = std::get_if<AnswerCase::Failure>(&reply.response);
-    log.push_back(std::string(id) + ":" + (failure != nullptr ? failure->message : "other"));
-}
-
-GatewayResponse words(const char* text) {
-    return AnswerCase::Failure{text};
+    const auto reply = co_await link.send(request(), lane);
+    log.push_back(std::string(id) + ":" + std::get<AnswerCase::Failure>(reply.response).message);
 }
 
 TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
@@ -38,34 +34,36 @@ TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
         ask(link, "person2", Lane::now, log)};
     for (const char* const answer : {"a", "b", "c", "d", "e"}) {
         EXPECT_EQ(client->sent().size(), log.size() + 1) << "one at a time";
-        client->answer(words(answer));
+        client->answer(AnswerCase::Failure{answer});
     }
     EXPECT_THAT(log, ElementsAre("bulk1:a", "person1:b", "person2:c", "bulk2:d", "bulk3:e"));
     EXPECT_FALSE(client->isWaiting());
 }
 
-TEST(EditorLink, tellsWhenARequestWasWhere) {
+TEST(EditorLink, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
     const auto client = std::make_shared<ScriptedClient>();
     LinkLeg::Instant time;
-    EditorLink link(client, [&time] { return time; });
-    const auto at = [](int milliseconds) {
-        return LinkLeg::Instant(std::chrono::milliseconds(milliseconds));
-    };
-    LinkLeg second;
-    const auto take = [](EditorLink& from, LinkLeg& leg) -> QCoro::Task<> {
-        const auto reply = co_await from.serializedLeg(request(), Lane::now);
+    Log notes;
+    EditorLink link(
+        client, [&](std::string line) { notes.push_back(std::move(line)); },
+        [&time] { return time; });
+    const auto take = [&link](LinkLeg& leg) -> QCoro::Task<> {
+        const auto reply = co_await link.send(request(), Lane::now);
         leg = reply.leg;
     };
-    LinkLeg first;
-    const auto one = take(link, first);
-    time = at(10);
-    const auto two = take(link, second);
-    time = at(30);
-    client->answer(words("a"));
-    time = at(70);
-    client->answer(words("b"), std::chrono::milliseconds(5));
-    EXPECT_EQ(first, (LinkLeg{at(0), at(0), at(30), std::nullopt}));
-    EXPECT_EQ(second, (LinkLeg{at(10), at(30), at(70), std::chrono::milliseconds(5)}));
+    LinkLeg first, second;
+    const auto one = take(first);
+    time += milliseconds(10);
+    const auto two = take(second);
+    time += milliseconds(90);
+    client->answer(AnswerCase::Ok());
+    EXPECT_TRUE(notes.empty()) << "a hundred milliseconds are no delay";
+    time += milliseconds(101);
+    client->answer(AnswerCase::Ok(), milliseconds(5));
+    const auto at = [](int instant) { return LinkLeg::Instant(milliseconds(instant)); };
+    EXPECT_EQ(first, (LinkLeg{at(0), at(0), at(100), std::nullopt}));
+    EXPECT_EQ(second, (LinkLeg{at(10), at(100), at(201), milliseconds(5)}));
+    EXPECT_THAT(notes, ElementsAre(::testing::HasSubstr("read.grab")));
 }
 
 /// Browses whose answers the test gives, and what each caller got.
@@ -105,18 +103,11 @@ TEST(EditorBrowses, keepABurstToTheOneUnderWayAndTheLatest) {
     // The first caller started the run and gets the newest answer too.
     EXPECT_EQ(browsing.got[58], "k59:k59");
     EXPECT_EQ(browsing.got[59], "k0:k59");
-    const auto again = browsing.query("later");
+    const QCoro::Task<> again[] = {browsing.query("later"), browsing.query("later")};
     browsing.answer();
+    EXPECT_THAT(browsing.asked, ElementsAre("k0", "k59", "later")) << "the same only once";
+    EXPECT_EQ(browsing.got.size(), 62U);
     EXPECT_EQ(browsing.got.back(), "later:later");
-}
-
-TEST(EditorBrowses, askTheSameOnlyOnce) {
-    Browsing browsing;
-    const QCoro::Task<> tasks[] = {browsing.query("same"), browsing.query("same")};
-    browsing.answer();
-    EXPECT_THAT(browsing.asked, ElementsAre("same"));
-    EXPECT_THAT(browsing.got, ElementsAre("same:same", "same:same"));
-    EXPECT_TRUE(browsing.waiting.empty());
 }
 
 } // namespace

@@ -18,10 +18,10 @@ TEST(SeededStore, refusesEveryWriteAndStaysAsItIs) {
     const auto refused = EditorWriteOutcome::refused(
         "This is a seeded design world — it has no store to write to. Switch to My real data (⌘4) "
         "to edit.");
-    EXPECT_EQ(now(store.editRuleLine("1", "a", "b")), refused);
-    EXPECT_EQ(now(store.addRule("a", "b", {}, "/")), refused);
-    EXPECT_EQ(now(store.mapFolder("/a", "/b")), refused);
-    EXPECT_EQ(now(store.deleteLine("m", 1, "w")),
+    EXPECT_EQ(now(store.rules().editRuleLine("1", "a", "b")), refused);
+    EXPECT_EQ(now(store.rules().addRule("a", "b", {}, "/")), refused);
+    EXPECT_EQ(now(store.scopes().mapFolder("/a", "/b")), refused);
+    EXPECT_EQ(now(store.meetings().deleteLine("m", 1, "w")),
               EditorLineDelete(EditorLineDeleteCase::Failed{refused.words}));
     EXPECT_EQ(store.generation(), 0);
     EXPECT_EQ(changes.size(), 0);
@@ -38,13 +38,14 @@ TEST(SeededStore, changesWorldsAndSaysSo) {
     store.resetWorld();
     EXPECT_EQ(store.generation(), 2);
     EXPECT_EQ(changes.size(), 2);
-    EXPECT_EQ(store.meetings(), std::nullopt);
-    EXPECT_TRUE(store.modsLoaded() && !store.modsBoard());
-    const auto ferry = std::ranges::find(store.scopeBoard(), "/work/ferry", &EditorScopeRow::path);
-    ASSERT_NE(ferry, store.scopeBoard().end());
+    EXPECT_EQ(store.meetings().meetings(), std::nullopt);
+    EXPECT_TRUE(store.mods().modsLoaded() && !store.mods().modsBoard());
+    const auto ferry =
+        std::ranges::find(store.scopes().scopeBoard(), "/work/ferry", &EditorScopeRow::path);
+    ASSERT_NE(ferry, store.scopes().scopeBoard().end());
     EXPECT_EQ(ferry->kinds[0], (EditorCount{"ticket", 3}));
-    EXPECT_EQ(now(store.detail("/work/ferry#m1"))->why.substr(0, 18), "The harbour office");
-    EXPECT_EQ(now(store.detail("none")), std::nullopt);
+    EXPECT_EQ(now(store.pages().detail("/work/ferry#m1"))->why.substr(0, 18), "The harbour office");
+    EXPECT_EQ(now(store.pages().detail("none")), std::nullopt);
 }
 
 } // namespace

@@ -24,7 +24,7 @@ struct Window {
     EditorRoot root{store};
 
     /// The store has answered the first question.
-    explicit Window(EditorMemoryHits rows = {}) { store.settle(std::move(rows)); }
+    explicit Window(EditorMemoryHits rows = {}) { store.page.settle(std::move(rows)); }
     std::size_t rows() const { return root.answer().rows.size(); }
     bool pending() const {
         return std::holds_alternative<EditorAnswerStateCase::Pending>(root.answer().state);
@@ -38,21 +38,21 @@ struct Window {
 
 TEST(EditorRoot, AsksOnceForEachKeyAndKeepsTheRowsMeanwhile) {
     Window window(memories(3));
-    EXPECT_EQ(window.store.meetingLoads, 1);
-    EXPECT_EQ(window.store.asked.size(), 1U);
-    EXPECT_EQ(window.store.asked[0].limit, 50);
+    EXPECT_EQ(window.store.meeting.loads, 1);
+    EXPECT_EQ(window.store.page.asked.size(), 1U);
+    EXPECT_EQ(window.store.page.asked[0].limit, 50);
     window.store.tell();
-    EXPECT_EQ(window.store.asked.size(), 1U) << "the key is the same";
+    EXPECT_EQ(window.store.page.asked.size(), 1U) << "the key is the same";
     window.root.requestDetails({"decision0"});
-    window.store.answerDetail(EditorMemoryDetail{.id = "decision0", .why = "w", .body = "b"});
+    window.store.page.answerDetail(EditorMemoryDetail{.id = "decision0", .why = "w", .body = "b"});
     EXPECT_EQ(window.root.details().size(), 1U);
 
     window.store.grow();
     EXPECT_THAT(window.root.details(), IsEmpty());
-    EXPECT_EQ(window.store.asked.size(), 2U);
+    EXPECT_EQ(window.store.page.asked.size(), 2U);
     EXPECT_TRUE(window.pending());
     EXPECT_EQ(window.rows(), 3U) << "a refresh does not empty the page";
-    window.store.settle(memories(4));
+    window.store.page.settle(memories(4));
     EXPECT_EQ(window.rows(), 4U);
     EXPECT_TRUE(window.root.answer().ready());
 }
@@ -63,39 +63,15 @@ TEST(EditorRoot, DropsWhatIsLateOrAnswersSomethingElse) {
     const EditorAsk second = window.ask([](EditorAsk& ask) { ask.scopes = {"/b"}; });
     window.root.setAsk(first);
     window.root.setAsk(second);
-    window.store.answer(settled(first, memories(1)));
+    window.store.page.answer(settled(first, memories(1)));
     EXPECT_EQ(window.rows(), 3U) << "late";
-    window.store.answer(settled(first, memories(2)));
-    EXPECT_EQ(window.rows(), 3U) << "to another ask";
-    EXPECT_TRUE(window.pending());
-    // It is asked again, though not for ever, and then with the next news.
-    window.store.answer(EditorAnswer::pending());
-    EXPECT_FALSE(window.store.isWaiting());
-    for (int tries = 0; tries < 9; ++tries) {
-        window.store.tell();
-        while (window.store.isWaiting())
-            window.store.answer(settled(first, memories(2)));
-    }
-    EXPECT_LT(window.store.asked.size(), 30U);
-    EXPECT_EQ(window.rows(), 3U);
-    window.store.tell();
-    window.store.settle(memories(5));
-    EXPECT_EQ(window.rows(), 5U);
-    EXPECT_FALSE(window.store.isWaiting());
-}
-
-TEST(EditorRoot, AsksAgainOnceASearchHasTakenItsPlace) {
-    Window window(memories(3));
-    window.store.grow();
-    window.root.search()->setText("backup");
-    window.store.answer(EditorAnswer::pending()); // of the page
-    EXPECT_EQ(window.store.asked.size(), 3U) << "not while the search runs";
-    window.store.settle();
-    window.store.settle();
-    ASSERT_EQ(window.store.asked.size(), 5U);
-    EXPECT_EQ(window.store.asked.back(), window.root.ask());
-    window.store.settle(memories(2));
+    window.store.page.answer(settled(second, memories(2)));
     EXPECT_EQ(window.rows(), 2U);
+    window.root.setAsk(first);
+    window.store.page.answer(settled(second, memories(1)));
+    EXPECT_EQ(window.rows(), 2U) << "to another ask";
+    EXPECT_TRUE(window.pending());
+    EXPECT_FALSE(window.store.page.isWaiting());
 }
 
 TEST(EditorRoot, ShowsAStoreThatHasGivenUpAsFailed) {
@@ -120,36 +96,36 @@ TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
         root.search()->setText("backup");
         root.requestDetails({"a", "b"});
     }
-    store.settle(memories(1));
-    store.settle(memories(1));
-    store.answerDetail(std::nullopt);
-    EXPECT_EQ(store.asked.size(), 2U);
-    EXPECT_THAT(store.detailsAsked, ElementsAre("a"));
+    store.page.settle(memories(1));
+    store.page.settle(memories(1));
+    store.page.answerDetail(std::nullopt);
+    EXPECT_EQ(store.page.asked.size(), 2U);
+    EXPECT_THAT(store.page.detailsAsked, ElementsAre("a"));
 }
 
 TEST(EditorRoot, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
     Window window;
     window.root.setOpenType("decision");
-    window.store.settle(memories(2));
+    window.store.page.settle(memories(2));
     MemoriesModel& list = *window.root.memories()->list();
     const auto says = [&](int role) {
         return list.lines()->data(list.lines()->index(1), role).toBool();
     };
     list.toggle(1);
     EXPECT_FALSE(says(MemoryLines::MissingRole));
-    window.store.answerDetail(std::nullopt);
+    window.store.page.answerDetail(std::nullopt);
     EXPECT_TRUE(says(MemoryLines::MissingRole));
-    EXPECT_FALSE(window.store.detailWaits()) << "it is not asked for in a circle";
+    EXPECT_FALSE(window.store.page.detailWaits()) << "it is not asked for in a circle";
     list.toggle(1);
     list.toggle(1);
     EXPECT_FALSE(says(MemoryLines::MissingRole)) << "it is under way";
-    window.store.answerDetail(EditorMemoryDetail{.id = "decision1", .why = "w", .body = "b"});
+    window.store.page.answerDetail(EditorMemoryDetail{.id = "decision1", .why = "w", .body = "b"});
     EXPECT_TRUE(says(MemoryLines::KnownRole));
-    EXPECT_THAT(window.store.detailsAsked, ElementsAre("decision1", "decision1"));
+    EXPECT_THAT(window.store.page.detailsAsked, ElementsAre("decision1", "decision1"));
     // What is shown outlives that nothing newer comes.
     window.store.grow();
-    window.store.settle(memories(2));
-    window.store.answerDetail(std::nullopt);
+    window.store.page.settle(memories(2));
+    window.store.page.answerDetail(std::nullopt);
     EXPECT_TRUE(says(MemoryLines::KnownRole) && !says(MemoryLines::MissingRole));
 }
 
@@ -176,9 +152,9 @@ TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
             ask.filters = {{"owner", {EditorPick("Ines")}}};
             ask.limit = 74;
         }));
-        const auto asked = window.store.asked.size();
+        const auto asked = window.store.page.asked.size();
         window.root.setFace(to);
-        EXPECT_EQ(window.store.asked.size(), asked + 1) << "one question for one change";
+        EXPECT_EQ(window.store.page.asked.size(), asked + 1) << "one question for one change";
         EditorAsk wanted{.term = {}};
         wanted.kind = kind;
         if (keepsScopes) {
@@ -236,29 +212,29 @@ TEST(EditorRoot, AHitOpensItsPlace) {
 /// Opens this from a search that has found it.
 void openFound(Window& window, const EditorMemoryHit& hit) {
     window.root.search()->setText("number 30");
-    window.store.settle({hit});
-    window.store.settle();
+    window.store.page.settle({hit});
+    window.store.page.settle();
     window.root.openHit(0);
 }
 
 TEST(EditorRoot, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
     Window window;
     openFound(window, memories(31).back());
-    window.store.settle(memories(60));
+    window.store.page.settle(memories(60));
     const auto& lines = window.root.memories()->list()->lines()->rows();
     ASSERT_EQ(lines.size(), 36U) << "whole pages up to it";
     EXPECT_TRUE(lines[30].open);
     const auto* const model = window.root.memories()->list()->lines();
     EXPECT_EQ(model->data(model->index(30), MemoryLines::TitleMarkupRole),
               "<b>Number</b> <b>30</b>");
-    EXPECT_THAT(window.store.detailsAsked, ::testing::Contains("decision30"));
+    EXPECT_THAT(window.store.page.detailsAsked, ::testing::Contains("decision30"));
 }
 
 TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
     for (const std::string type : {"decision", "ticket"}) {
         Window window;
         window.root.setOpenType(type);
-        window.store.settle(memories(50, type));
+        window.store.page.settle(memories(50, type));
         auto& groups = *window.root.memories()->groups();
         groups.toggle(0); // closed
         openFound(window, memories(99, type).back());
@@ -270,11 +246,11 @@ TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
         EXPECT_EQ(lines[first].id, "m:" + type + "98");
         EXPECT_TRUE(lines[first].open);
         window.root.setAsk(window.ask([](EditorAsk& ask) { ask.limit = 110; }));
-        window.store.settle(memories(99, type));
+        window.store.page.settle(memories(99, type));
         EXPECT_EQ(lines[first].id, "m:" + type + "98") << "it stays when it has been read";
         EXPECT_EQ(std::ranges::count(lines, true, &MemoryLine::open), grouped ? 2 : 1);
         window.root.setAsk(window.ask([](EditorAsk& ask) { ask.scopes = {"/a"}; }));
-        window.store.settle(memories(40, type));
+        window.store.page.settle(memories(40, type));
         EXPECT_EQ(lines[first].id, "m:" + type + "0");
     }
 }
@@ -289,19 +265,19 @@ TEST(EditorRoot, RowsThatAreWrongForTheAskAreShownAsTheyAre) {
     EditorAnswer answer = settled(window.root.ask(), rows);
     answer.total = 2;
     answer.typeCounts = answer.filterKeyCounts = {{.name = "", .count = -1}};
-    window.store.answer(answer);
+    window.store.page.answer(answer);
     EXPECT_EQ(window.root.memories()->list()->countLine(), "2 memories");
     EXPECT_EQ(window.root.memories()->list()->lines()->rowCount(), 12);
     window.root.memories()->list()->toggle(0);
     window.root.setOpenType("ticket");
-    window.store.answer(settled(window.root.ask(), rows));
+    window.store.page.answer(settled(window.root.ask(), rows));
     EXPECT_EQ(window.root.memories()->groups()->footer(), "");
 }
 
 TEST(EditorRoot, StepsBackOneAtATime) {
     Window window;
     window.root.setOpenType("decision");
-    window.store.settle(memories(3));
+    window.store.page.settle(memories(3));
     auto& list = *window.root.memories()->list();
     list.filters()->togglePanel("/");
     list.toggle(1);
@@ -339,7 +315,7 @@ TEST(EditorRoot, ABlankStageSaysWhatItKnows) {
     EXPECT_EQ(EditorWords::blankStage(std::nullopt, std::nullopt),
               "This surface isn’t wired to your real data yet.");
     Window window;
-    window.store.meetingsCount = 3;
+    window.store.meeting.count = 3;
     window.root.setFace(EditorFace::mods);
     EXPECT_EQ(window.root.blankStageWords(), "This surface isn’t wired to your real data yet.")
         << "of meetings only the meetings speak";

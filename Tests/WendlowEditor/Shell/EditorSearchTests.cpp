@@ -34,8 +34,10 @@ struct Searching {
     EditorSearch& search = *root.search();
     QAbstractItemModelTester tester{search.hits()};
 
-    Searching() { store.settle(); }
-    EditorAnswer found(EditorMemoryHits rows) const { return settled(store.asked.back(), rows); }
+    Searching() { store.page.settle(); }
+    EditorAnswer found(EditorMemoryHits rows) const {
+        return settled(store.page.asked.back(), rows);
+    }
     EditorAnswer moments(std::vector<EditorMoment> rows) const {
         EditorAnswer answer = found({});
         answer.moments = std::move(rows);
@@ -53,33 +55,34 @@ TEST(EditorSearch, AsksForMemoriesThenMomentsAndShowsBothAtOnce) {
     Searching window;
     auto& [now, store, root, search, tester] = window;
     root.setOpenType("decision");
-    store.settle();
+    store.page.settle();
     search.setText("backup");
     EXPECT_EQ(search.heading(), "Results for “backup”");
     EXPECT_TRUE(search.busy());
     EditorAsk wanted{.term = "backup"};
     wanted.limit = 24;
-    EXPECT_EQ(store.asked.back(), wanted);
+    EXPECT_EQ(store.page.asked.back(), wanted);
     now += 12900us;
     EditorMemoryHits rows = memories(20);
-    store.answer(window.found(rows));
+    store.page.answer(window.found(rows));
     wanted.kind = EditorKind::moment;
     wanted.limit = 5;
-    EXPECT_EQ(store.asked.back(), wanted);
+    EXPECT_EQ(store.page.asked.back(), wanted);
     EXPECT_THAT(window.titles(), IsEmpty()) << "not before both have come";
     EXPECT_EQ(search.noMatches(), "");
     now += 31ms;
-    store.answer(window.moments({{.id = "7", .title = "backup-plan.md"}}));
+    store.page.answer(window.moments({{.id = "7", .title = "backup-plan.md"}}));
     EXPECT_EQ(search.timing(), "memories 12 ms · moments 31 ms");
     EXPECT_EQ(window.titles().size(), 6U) << "five of a type, and the moment";
     EXPECT_EQ(search.selection(), 0U);
     EXPECT_FALSE(search.busy());
     // The first sixteen, one after the other.
-    for (int at = 0; store.detailWaits(); ++at)
-        store.answerDetail(EditorMemoryDetail{.id = rows[static_cast<std::size_t>(at)].memory.id,
-                                              .why = "The backup did it.",
-                                              .body = {}});
-    EXPECT_EQ(store.detailsAsked.size(), 16U);
+    for (int at = 0; store.page.detailWaits(); ++at)
+        store.page.answerDetail(
+            EditorMemoryDetail{.id = rows[static_cast<std::size_t>(at)].memory.id,
+                               .why = "The backup did it.",
+                               .body = {}});
+    EXPECT_EQ(store.page.detailsAsked.size(), 16U);
     EXPECT_EQ(search.hits()->row(0).hit.subtitle, "The backup did it.");
 }
 
@@ -89,52 +92,31 @@ TEST(EditorSearch, WhatDidNotSearchIsNoHit) {
     search.setText("backup");
     EditorAnswer whole = window.found(memories(3));
     whole.narrowed = false;
-    store.answer(whole);
-    store.settle();
+    store.page.answer(whole);
+    store.page.settle();
     EXPECT_THAT(window.titles(), IsEmpty());
     EXPECT_EQ(search.noMatches(), "No matches for “backup”.");
     EXPECT_EQ(search.selection(), std::nullopt);
 
     search.setText("backup plan");
-    store.answer(EditorAnswer::failed("The door is shut.", store.asked.back()));
-    store.answer(EditorAnswer::failed("The door is shut.", store.asked.back()));
+    store.page.answer(EditorAnswer::failed("The door is shut.", store.page.asked.back()));
+    store.page.answer(EditorAnswer::failed("The door is shut.", store.page.asked.back()));
     EXPECT_EQ(search.trouble(), "The door is shut.");
     EXPECT_EQ(search.noMatches(), "") << "nobody looked";
 
     search.setText("backup plans");
-    store.answer(window.found(memories(1)));
-    store.answer(EditorAnswer::failed("Gone.", store.asked.back()));
+    store.page.answer(window.found(memories(1)));
+    store.page.answer(EditorAnswer::failed("Gone.", store.page.asked.back()));
     EXPECT_EQ(window.titles().size(), 1U);
     EXPECT_EQ(search.trouble(), "Gone.") << "half a page is not the whole";
-}
-
-TEST(EditorSearch, IsAskedAgainWhereThePageTookItsPlace) {
-    Searching window;
-    auto& [now, store, root, search, tester] = window;
-    search.setText("backup");
-    store.answer(settled(EditorAsk{.term = {}}, memories(2)));
-    EXPECT_EQ(store.asked.back().term, "backup");
-    store.answer(EditorAnswer::pending());
-    store.answer(window.found(memories(2)));
-    store.settle();
-    EXPECT_EQ(window.titles().size(), 2U);
-    // A store that never says to what it answers is not asked for ever.
-    search.setText("backups");
-    const auto asked = store.asked.size();
-    for (int tries = 0; store.isWaiting() && tries < 100; ++tries)
-        store.answer(EditorAnswer::pending());
-    EXPECT_LT(store.asked.size(), asked + 20);
-    EXPECT_THAT(window.titles(), IsEmpty());
-    EXPECT_EQ(search.noMatches(), "");
-    EXPECT_EQ(search.trouble(), "Wendlow answered with something this mod does not understand.");
 }
 
 TEST(EditorSearch, EmptyingTheFieldEmptiesThePageAtOnce) {
     Searching window;
     auto& [now, store, root, search, tester] = window;
     search.setText("backup");
-    store.answer(window.found(memories(3)));
-    store.settle();
+    store.page.answer(window.found(memories(3)));
+    store.page.settle();
     EXPECT_EQ(window.titles().size(), 3U);
     search.setText("backup plan");
     EXPECT_EQ(window.titles().size(), 3U) << "the page stays until the next is complete";
@@ -142,7 +124,7 @@ TEST(EditorSearch, EmptyingTheFieldEmptiesThePageAtOnce) {
     EXPECT_THAT(window.titles(), IsEmpty());
     EXPECT_EQ(root.stage(), "memory");
     EXPECT_EQ(search.timing(), "");
-    store.settle(memories(3));
+    store.page.settle(memories(3));
     EXPECT_THAT(window.titles(), IsEmpty()) << "late";
 }
 
@@ -151,20 +133,20 @@ TEST(EditorSearch, TheSelectionStopsAtTheEndsAndStaysWithItsHit) {
     auto& [now, store, root, search, tester] = window;
     EXPECT_TRUE(search.move(SearchPage::Move::down)) << "handled, though there is nothing";
     search.setText("mara");
-    store.answer(window.found(memories(2)));
-    store.settle();
+    store.page.answer(window.found(memories(2)));
+    store.page.settle();
     EXPECT_TRUE(search.move(SearchPage::Move::up));
     EXPECT_EQ(search.selection(), 0U);
     search.move(SearchPage::Move::down);
     search.move(SearchPage::Move::down);
     EXPECT_EQ(search.selection(), 1U);
-    store.root.children = {{.id = "/mara", .title = "mara"}};
-    store.meetingList = {{.id = "m", .title = "Talk", .speakers = {"Mara"}}};
+    store.scope.root.children = {{.id = "/mara", .title = "mara"}};
+    store.meeting.list = {{.id = "m", .title = "Talk", .speakers = {"Mara"}}};
     store.tell();
     EXPECT_THAT(window.titles(), ElementsAre("Number 0", "Number 1", "Talk", "/mara"));
     search.move(SearchPage::Move::down);
     search.move(SearchPage::Move::down);
-    store.meetingList.reset();
+    store.meeting.list.reset();
     store.tell();
     EXPECT_EQ(search.selection(), 2U);
     EXPECT_EQ(search.selected()->id, "scope:/mara");

@@ -34,8 +34,8 @@ struct Rail {
     QAbstractItemModelTester tester{&rail};
 
     explicit Rail(int ordinary) {
-        store.types = types(ordinary);
-        store.settle();
+        store.page.types = types(ordinary);
+        store.page.settle();
     }
 };
 
@@ -44,9 +44,9 @@ TEST(Rail, CountsWhatIsKnownAndOpensItsPlaces) {
     auto& [store, root, rail, tester] = window;
     EXPECT_EQ(spoken(rail).join(u'|'), "Memories, 490|type0s, 100|type1s, 99|type2s, 98|2 more|"
                                        "Meetings|Moments|Rules, 57|Mods|Scopes, 1");
-    store.moments = 38214;
-    store.meetingsCount = 143;
-    store.mods = EditorModsBoard{.mods = {{.slug = "a"}, {.slug = "b"}}};
+    store.page.moments = 38214;
+    store.meeting.count = 143;
+    store.mod.board = EditorModsBoard{.mods = {{.slug = "a"}, {.slug = "b"}}};
     store.tell();
     EXPECT_EQ(spoken(rail).mid(5).join(u'|'),
               "Meetings, 143|Moments, 38214|Rules, 57|Mods, 2|Scopes, 1");
@@ -72,7 +72,7 @@ TEST(Rail, UnderASearchTypesKeepTheirPlaces) {
     root.setAsk(next);
     EditorAnswer answer = settled(next);
     answer.typeCounts = {{.name = "type1", .count = 7}};
-    store.answer(answer);
+    store.page.answer(answer);
     EXPECT_EQ(spoken(rail).mid(0, 3).join(u'|'), "Memories, 199|type0s, 0|type1s, 7");
     EXPECT_EQ(rail.data(rail.index(1), RailModel::DimmedRole), true);
 }
@@ -103,8 +103,8 @@ TEST(FaceBar, SaysWhichScopesAndPicksOne) {
     auto& bar = *root.bar();
     const QAbstractItemModelTester barTester(&bar);
     for (int at = 0; at < 5000; ++at)
-        store.root.children.push_back({.id = "/s" + std::to_string(at), .title = "s"});
-    store.root.children[0].children = {{.id = "/s0/deep", .title = "deep"}};
+        store.scope.root.children.push_back({.id = "/s" + std::to_string(at), .title = "s"});
+    store.scope.root.children[0].children = {{.id = "/s0/deep", .title = "deep"}};
     store.tell();
     EXPECT_EQ(bar.rowCount(), 5003);
     EXPECT_EQ(spoken(rail).last(), "Scopes, 5002");

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Client.h"
-#include "Live/Waiting.h"
+#include "Store/Waiting.h"
 #include "WireCodec.h"
 
 #include <chrono>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Live/Waiting.h"
 #include "Store/EditorStore.h"
+#include "Store/Waiting.h"
 
 #include <chrono>
 #include <string>
@@ -38,29 +38,15 @@ inline EditorAnswer settled(EditorAsk ask, EditorMemoryHits rows = {}) {
     return answer;
 }
 
-/// A store whose answers the test gives when it pleases; each question waits until then.
-class ScriptedStore final : public EditorStore {
+/// Pages that the test gives when it pleases; each question waits until then.
+class ScriptedPages final : public PageSource {
 public:
-    EditorWorld worldNow = EditorWorld::realData;
-    EditorScope root = EditorScope::root();
-    std::optional<std::int64_t> moments, meetingsCount;
-    std::optional<Meetings> meetingList;
+    std::optional<std::int64_t> moments;
     std::vector<EditorCount> types;
-    std::int64_t generationNow = 0;
-    std::optional<std::string> error;
-    std::optional<EditorModsBoard> mods;
-    std::vector<EditorScopeRow> board;
-    int meetingLoads = 0;
-
     std::vector<EditorAsk> asked; ///< every ask, in order
+    std::vector<EditorAsker> askers;
     std::vector<std::string> detailsAsked;
 
-    /// What has changed is told.
-    void tell() { Q_EMIT changed(); }
-    void grow() {
-        ++generationNow;
-        tell();
-    }
     bool isWaiting() const { return !m_browses.empty(); }
     bool detailWaits() const { return !m_details.empty(); }
     /// Answers the question that has waited longest.
@@ -73,27 +59,9 @@ public:
         m_details.resumeFirst(std::move(detail));
     }
 
-    EditorWorld world() const override { return worldNow; }
-    const EditorScope& rootScope() const override { return root; }
-    std::optional<std::int64_t> momentCount() const override { return moments; }
-    const std::map<std::int64_t, EditorTile>& tiles() const override { return m_tiles; }
-    void showTiles(std::vector<std::int64_t> /*keys*/) override {}
-    std::optional<std::int64_t> meetingCount() const override { return meetingsCount; }
-    const std::optional<Meetings>& meetings() const override { return meetingList; }
-    bool meetingsLoaded() const override { return false; }
-    void loadMeetings() override { ++meetingLoads; }
-    QCoro::Task<EditorTranscriptResult> transcript(std::string /*id*/) override {
-        co_return std::unexpected("none");
-    }
-    QCoro::Task<EditorLineDelete> deleteLine(std::string, std::int64_t, std::string) override {
-        co_return EditorLineDeleteCase::Refused{};
-    }
-    std::optional<std::string> meetingsError() const override { return std::nullopt; }
-    const std::vector<EditorCount>& memoryTypeCounts() const override { return types; }
-    std::int64_t generation() const override { return generationNow; }
-    std::optional<std::string> storeError() const override { return error; }
-    QCoro::Task<EditorAnswer> query(EditorAsk ask) override {
+    QCoro::Task<EditorAnswer> query(EditorAsk ask, EditorAsker asker) override {
         asked.push_back(std::move(ask));
+        askers.push_back(asker);
         ++m_waiting;
         EditorAnswer answer = co_await m_browses;
         --m_waiting;
@@ -103,8 +71,60 @@ public:
         detailsAsked.push_back(std::move(id));
         co_return co_await m_details;
     }
-    void switchWorld(EditorWorld /*world*/) override {}
-    void resetWorld() override { grow(); }
+    const std::vector<EditorCount>& memoryTypeCounts() const override { return types; }
+    std::optional<std::int64_t> momentCount() const override { return moments; }
+
+private:
+    Waiting<EditorAnswer> m_browses;
+    Waiting<std::optional<EditorMemoryDetail>> m_details;
+    std::size_t m_waiting = 0;
+};
+
+class ScriptedMeetings final : public MeetingSource {
+public:
+    std::optional<Meetings> list;
+    std::optional<std::int64_t> count;
+    int loads = 0;
+
+    std::optional<std::int64_t> meetingCount() const override { return count; }
+    const std::optional<Meetings>& meetings() const override { return list; }
+    bool meetingsLoaded() const override { return false; }
+    std::optional<std::string> meetingsError() const override { return std::nullopt; }
+    void loadMeetings() override { ++loads; }
+    QCoro::Task<EditorTranscriptResult> transcript(std::string /*id*/) override {
+        co_return std::unexpected("none");
+    }
+    QCoro::Task<EditorLineDelete> deleteLine(std::string, std::int64_t, std::string) override {
+        co_return EditorLineDeleteCase::Refused{};
+    }
+};
+
+class ScriptedMods final : public ModSource {
+public:
+    std::optional<EditorModsBoard> board;
+
+    const std::optional<EditorModsBoard>& modsBoard() const override { return board; }
+    bool modsLoaded() const override { return true; }
+    std::optional<std::string> modsError() const override { return std::nullopt; }
+    void loadMods() override {}
+};
+
+class ScriptedScopes final : public ScopeSource {
+public:
+    EditorScope root = EditorScope::root();
+    std::vector<EditorScopeRow> board;
+    bool read = true;
+
+    const EditorScope& rootScope() const override { return root; }
+    const std::vector<EditorScopeRow>& scopeBoard() const override { return board; }
+    bool boardRead() const override { return read; }
+    QCoro::Task<EditorWriteOutcome> mapFolder(std::string, std::string) override {
+        co_return EditorWriteOutcome::refused("no");
+    }
+};
+
+class ScriptedRules final : public RuleSource {
+public:
     QCoro::Task<EditorWriteOutcome> editRuleLine(std::string, std::string, std::string) override {
         co_return EditorWriteOutcome::refused("no");
     }
@@ -112,20 +132,49 @@ public:
                                             std::string) override {
         co_return EditorWriteOutcome::refused("no");
     }
-    const std::optional<EditorModsBoard>& modsBoard() const override { return mods; }
-    bool modsLoaded() const override { return true; }
-    std::optional<std::string> modsError() const override { return std::nullopt; }
-    void loadMods() override {}
-    const std::vector<EditorScopeRow>& scopeBoard() const override { return board; }
-    QCoro::Task<EditorWriteOutcome> mapFolder(std::string, std::string) override {
-        co_return EditorWriteOutcome::refused("no");
+};
+
+class ScriptedTiles final : public TileSource {
+public:
+    std::map<std::int64_t, EditorTile> known;
+
+    const std::map<std::int64_t, EditorTile>& tiles() const override { return known; }
+    void showTiles(std::vector<std::int64_t> /*keys*/) override {}
+};
+
+/// A store of scripted sources. A face's own test fakes its source alone.
+class ScriptedStore final : public EditorStore {
+public:
+    EditorWorld worldNow = EditorWorld::realData;
+    std::int64_t generationNow = 0;
+    std::optional<std::string> error;
+    bool loadingNow = false;
+    ScriptedPages page;
+    ScriptedMeetings meeting;
+    ScriptedMods mod;
+    ScriptedScopes scope;
+    ScriptedRules rule;
+    ScriptedTiles tile;
+
+    /// What has changed is told; by itself, all of it.
+    void tell(EditorChanges what = EditorChanges::fromInt(63)) { EditorStore::tell(what); }
+    void grow() {
+        ++generationNow;
+        tell(EditorChange::generation);
     }
 
-private:
-    Waiting<EditorAnswer> m_browses;
-    Waiting<std::optional<EditorMemoryDetail>> m_details;
-    std::size_t m_waiting = 0;
-    const std::map<std::int64_t, EditorTile> m_tiles;
+    EditorWorld world() const override { return worldNow; }
+    std::int64_t generation() const override { return generationNow; }
+    std::optional<std::string> storeError() const override { return error; }
+    bool loading() const override { return loadingNow; }
+    ScriptedPages& pages() override { return page; }
+    ScriptedMeetings& meetings() override { return meeting; }
+    ScriptedMods& mods() override { return mod; }
+    ScriptedScopes& scopes() override { return scope; }
+    ScriptedRules& rules() override { return rule; }
+    ScriptedTiles& tiles() override { return tile; }
+    void switchWorld(EditorWorld /*world*/) override {}
+    void resetWorld() override { grow(); }
 };
 
 } // namespace wendlow::testing

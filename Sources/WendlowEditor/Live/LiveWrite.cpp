@@ -1,0 +1,21 @@
+#include "Live/LiveWrite.h"
+
+#include "Live/Expect.h"
+
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+QCoro::Task<EditorWriteOutcome> LiveWrite::send(EditorLink& link, NotesRequest request) {
+    EditorLink::Reply reply = co_await link.send(std::move(request), EditorLink::Lane::now);
+    if (const auto* const text = std::get_if<AnswerCase::Text>(&reply.response))
+        co_return EditorWriteOutcome::wrote(text->_0);
+    const auto note =
+        expect<AnswerCase::NoteID>(std::move(reply.response), "the write", MissingDoor::named);
+    co_return note ? EditorWriteOutcome::wrote(fmt::format("Saved {}.", note->_0))
+                   : EditorWriteOutcome::refused(note.error());
+}
+
+} // namespace wendlow

@@ -1,0 +1,189 @@
+#include "Support/LiveDaemon.h"
+
+#include <QCoreApplication>
+
+namespace wendlow {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::failure;
+using ::testing::HasSubstr;
+using testing::LiveDaemon;
+using testing::page;
+using enum EditorChange;
+
+const AnswerCase::Text noMeetings{""};
+
+TEST(EditorLiveStore, opensOnWhatTheDaemonHoldsAndTellsEachEventOnce) {
+    LiveDaemon live;
+    auto& store = *live.store;
+    EXPECT_FALSE(store.scopes().boardRead() || store.loading());
+    live.openToMeetings();
+    EXPECT_TRUE(store.loading());
+    live.answer("meetingList", AnswerCase::Text{"- meeting:call:1 · today · 1 h · Ada · 3 lines"});
+    EXPECT_FALSE(store.loading());
+    EXPECT_THAT(live.changes,
+                ElementsAre(meetings | mods | error, counts, scopes, meetings, generation | error));
+    EXPECT_EQ(store.generation(), 1);
+    EXPECT_EQ(store.pages().momentCount(), 7);
+    EXPECT_EQ(store.meetings().meetingCount(), 1);
+    EXPECT_THAT(store.pages().memoryTypeCounts(),
+                ElementsAre(EditorCount{"note", 3}, EditorCount{"rule", 1}));
+    EXPECT_TRUE(store.scopes().boardRead());
+    ASSERT_NE(store.scopes().rootScope().find("/work/a"), nullptr);
+    EXPECT_THAT(store.scopes().rootScope().find("/work/a")->folderPaths, ElementsAre("/home/p/a"));
+    const auto above = store.scopes().ancestors("/work/a/deeper");
+    ASSERT_EQ(above.size(), 3U);
+    EXPECT_EQ(above[1]->id, "/work");
+    EXPECT_EQ(store.scopes().ancestors("/").size(), 0U);
+    EXPECT_EQ(store.scopes().ancestors("/none/a").size(), 1U);
+    EXPECT_EQ(store.scopes().scopeBoard()[0].kinds[0], (EditorCount{"note", 3}));
+}
+
+TEST(EditorLiveStore, saysWhyItHasNothingToShowAndAtOnceThatItHas) {
+    struct Case {
+        GatewayResponse scopes, browse;
+        std::string error;
+    };
+    const std::string strange = "something this mod does not understand.";
+    const AnswerCase::TextBrowse warming;
+    const Case cases[] = {
+        {AnswerCase::ScopeBoard(), warming, "The search index is still building."},
+        {AnswerCase::ScopeBoard(), failure("no store"), "no store"},
+        {AnswerCase::ScopeBoard(), AnswerCase::Ok(), "Wendlow answered with " + strange},
+        {failure("no board"), warming, "no board"},
+        {failure("no board"), page(1), "no board"},
+        {AnswerCase::Ok(), page(1), "Wendlow answered the scope board with " + strange},
+    };
+    LiveDaemon live;
+    live.open();
+    for (const auto& [scopes, browse, error] : cases) {
+        SCOPED_TRACE(error);
+        live.store->resetWorld();
+        const auto before = live.store->generation();
+        live.answer("scopeBoard", scopes);
+        live.answer("textBrowse", browse);
+        EXPECT_EQ(live.store->storeError(), error);
+        EXPECT_FALSE(live.store->loaded() || live.store->loading());
+        EXPECT_FALSE(live.client->isWaiting());
+        EXPECT_EQ(live.store->generation(), before + 1);
+        EXPECT_NE(live.store->scopes().rootScope().find("/work/a"), nullptr) << "it stays";
+        live.openToMeetings();
+        EXPECT_EQ(live.store->storeError(), std::nullopt) << "though the meetings take their time";
+        EXPECT_EQ(live.changes.back(), EditorChange::scopes | EditorChange::error);
+        live.answer("meetingList", noMeetings);
+    }
+}
+
+TEST(EditorLiveStore, givesThePageTheSearchAndTheBaselineAPlaceEach) {
+    LiveDaemon live;
+    std::optional<EditorAnswer> listed, typed;
+    EditorAsk list{.term = {}}, term{.term = "x"};
+    live.store->resetWorld();
+    const auto one = live.keep(live.store->pages().query(list, EditorAsker::page), listed);
+    const auto two = live.keep(live.store->pages().query(term, EditorAsker::search), typed);
+    live.answer("scopeBoard", AnswerCase::ScopeBoard());
+    live.answer(R"("limit":50)", page(9, {{"note", 9}}));
+    EXPECT_EQ(listed->ask, list);
+    live.answer(R"("term":"x")", failure("too many words"));
+    EXPECT_EQ(typed->ask, term);
+    live.answer(R"("limit":1,)", page(4, {{"note", 4}}));
+    live.answer("meetingList", noMeetings);
+    EXPECT_TRUE(live.store->loaded());
+    EXPECT_EQ(live.store->pages().memoryTypeCounts()[0].count, 4);
+}
+
+TEST(EditorLiveStore, readsOnceMoreHoweverOftenItIsAskedWhileReading) {
+    LiveDaemon live;
+    for (int call = 0; call < 5; ++call)
+        live.store->resetWorld();
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(live.store->loading());
+        live.answer("scopeBoard", AnswerCase::ScopeBoard());
+        live.answer("textBrowse", page(0));
+        live.answer("meetingList", failure("not now"));
+    }
+    EXPECT_FALSE(live.client->isWaiting() || live.store->loading());
+    EXPECT_EQ(live.store->generation(), 2);
+    EXPECT_EQ(live.store->meetings().meetingsError(), "not now");
+    live.store->meetings().loadMeetings();
+    live.store->meetings().loadMeetings();
+    live.answer("meetingList", noMeetings);
+    live.store->meetings().loadMeetings();
+    EXPECT_FALSE(live.client->isWaiting()) << "they have been read";
+}
+
+/// The list takes seconds where everything else takes none.
+TEST(EditorLiveStore, letsTheMeetingsWaitForTheBaselineOfALoadThatIsDue) {
+    for (const bool well : {true, false}) {
+        LiveDaemon live;
+        live.store->loadSoon();
+        EXPECT_TRUE(live.store->loading());
+        live.store->meetings().loadMeetings();
+        EXPECT_FALSE(live.client->isWaiting());
+        QCoreApplication::sendPostedEvents();
+        live.answer("scopeBoard", AnswerCase::ScopeBoard());
+        live.store->meetings().loadMeetings();
+        live.answer("textBrowse", well ? GatewayResponse(page(0)) : failure("no store"));
+        EXPECT_EQ(live.store->loaded(), well);
+        live.answer("meetingList", noMeetings);
+        EXPECT_FALSE(live.client->isWaiting()) << "it is read once";
+        EXPECT_TRUE(live.store->meetings().meetingsLoaded());
+    }
+}
+
+TEST(EditorLiveStore, readsTheMeetingsAgainWhereTheyWereSentForBeforeTheLoad) {
+    for (const bool before : {true, false}) {
+        LiveDaemon live;
+        if (!before)
+            live.store->tiles().showTiles({1}); // has the link
+        live.store->meetings().loadMeetings();
+        live.time += std::chrono::seconds(1);
+        live.store->resetWorld();
+        if (before)
+            live.answer("meetingList", AnswerCase::Text{"- old · today · 1 h · Ada · 3 lines"});
+        else
+            live.answer("getThumbnail", AnswerCase::Image{"AA==", "image/png"});
+        live.answer("scopeBoard", AnswerCase::ScopeBoard());
+        EXPECT_FALSE(live.store->meetings().meetingsLoaded());
+        if (!before)
+            live.answer("meetingList", noMeetings);
+        live.answer("textBrowse", page(0));
+        if (before)
+            live.answer("meetingList", noMeetings);
+        EXPECT_FALSE(live.client->isWaiting());
+        EXPECT_EQ(live.store->meetings().meetingCount(), 0);
+        EXPECT_TRUE(live.store->meetings().meetingsLoaded());
+    }
+}
+
+TEST(EditorLiveStore, mayGoWhileEverythingIsUnderWay) {
+    const GatewayResponse answers[] = {AnswerCase::ScopeBoard(), page(0), noMeetings};
+    for (std::size_t answered = 0; answered < std::size(answers); ++answered) {
+        LiveDaemon live;
+        live.store->resetWorld();
+        for (std::size_t at = 0; at < answered; ++at)
+            live.client->answer(answers[at]);
+        live.store->tiles().showTiles({1, 2});
+        live.store->mods().loadMods();
+        std::optional<EditorAnswer> first, second;
+        EditorAsk ask{.term = "x"};
+        const auto one = live.keep(live.store->pages().query(ask, EditorAsker::page), first);
+        ask.term = "y";
+        const auto two = live.keep(live.store->pages().query(ask, EditorAsker::page), second);
+        std::optional<EditorWriteOutcome> map, rule;
+        const auto three = live.keep(live.store->scopes().mapFolder("/f", "/p"), map);
+        const auto four = live.keep(live.store->rules().addRule("t", "w", {}, "/s"), rule);
+        const auto told = live.changes.size();
+        live.store.reset();
+        EXPECT_TRUE(first && second && map && rule) << "nobody waits for ever";
+        EXPECT_EQ(map, EditorWriteOutcome::refused("The window was closed before this was sent."));
+        EXPECT_FALSE(first->ask || second->ask);
+        live.client->answer(answers[answered]);
+        EXPECT_FALSE(live.client->isWaiting());
+        EXPECT_EQ(live.changes.size(), told);
+    }
+}
+
+} // namespace
+} // namespace wendlow

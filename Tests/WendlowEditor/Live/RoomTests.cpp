@@ -1,0 +1,355 @@
+#include "GatewayWire.h"
+#include "Live/MeetingList.h"
+#include "Live/ScopeTree.h"
+#include "Support/LiveDaemon.h"
+
+#include <functional>
+
+namespace wendlow {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::failure;
+using ::testing::HasSubstr;
+using testing::LiveDaemon;
+using testing::page;
+
+TEST(LivePages, asksAndReadsPagesAsTheWireHasThem) {
+    LiveDaemon live;
+    EditorAsk ask{.term = "x"};
+    ask.kind = EditorKind::moment;
+    ask.sort = EditorMemorySort::oldest;
+    ask.scopes = {"/b", "/a"};
+    ask.limit = 0;
+    ask.offset = -3;
+    EditorPick three(EditorCount{.name = "3", .members = {FilterValue("3"), FilterValue(3.0)}});
+    ask.filters = {{"size", {three, EditorPick("2")}}, {"done", {EditorPick("true")}}};
+    auto wire = page(1);
+    TextBrowseRow row{
+        .id = "9", .type = "t", .scope = "/s", .title = "T", .at = 1.5, .filters = {}};
+    row.filters = {{"n", FilterValue(3.0)}, {"n", FilterValue(2.5)}, {"b", FilterValue(true)}};
+    row.app = "com.example";
+    row.framed = true;
+    wire._0.rows = {row};
+    wire._0.order = "sideways";
+    FilterKeyCensus census{.key = "n", .count = 9, .values = {}};
+    census.values = {{FilterValue("3"), 1}, {FilterValue(2.5), 4}, {FilterValue(3.0), 5}};
+    wire._0.byFilter = {census};
+    const EditorAnswer answer = live.now(live.store->pages().query(ask, EditorAsker::page), wire);
+    EXPECT_EQ(live.client->sent().back(),
+              R"({"read":{"_0":{"textBrowse":{"term":"x","scopes":["/a","/b"],"limit":1,)"
+              R"("kind":"moment","order":"oldest","filters":[{"key":"done","value":"true"},)"
+              R"({"key":"size","value":"2"},{"key":"size","value":3},{"key":"size","value":"3"}],)"
+              R"("offset":0}}}})");
+    const EditorMemoryHit& hit = answer.rows[0];
+    EXPECT_THAT(hit.memory.filters,
+                ElementsAre(std::pair<const std::string, std::string>("b", "true"),
+                            std::pair<const std::string, std::string>("n", "2.5")));
+    EXPECT_EQ(hit.memory.day.time_since_epoch(), std::chrono::milliseconds(1500));
+    EXPECT_EQ(answer.moments.at(0).bundle, "com.example");
+    EXPECT_TRUE(answer.moments.at(0).framed);
+    EXPECT_EQ(answer.order, EditorMemorySort::newest);
+    EXPECT_THAT(answer.filterValueCounts.at("n"),
+                ElementsAre(EditorCount{"3", 6, {FilterValue("3"), FilterValue(3.0)}},
+                            EditorCount{"2.5", 4, {FilterValue(2.5)}}));
+}
+
+TEST(LivePages, moveTheRailOnlyByWhatDescribesTheWholeStore) {
+    struct Case {
+        const char* name;
+        EditorAsk ask;
+        bool narrowed;
+        bool moves;
+        std::int64_t sliceTotal;
+        std::int64_t allAfterwards = 4;
+    };
+    EditorAsk scoped{.term = {}};
+    scoped.scopes = {"/work"};
+    EditorAsk filtered{.term = {}};
+    filtered.filters["status"] = {EditorPick("open")};
+    EditorAsk ofType{.term = {}}, typed{.term = "x"};
+    ofType.type = typed.type = "note";
+    const Case cases[] = {
+        {"everything", {.term = ""}, false, true, 2, 2},
+        {"a term that narrows", {.term = "x"}, true, false, 4},
+        {"a term that does not", {.term = "the"}, false, true, 2, 2},
+        {"a scope", scoped, false, false, 4},
+        {"a filter", filtered, false, false, 4},
+        {"a term within a type", typed, true, false, 3},
+        {"a type", ofType, false, true, 4, 4},
+    };
+    for (const auto& [name, ask, narrowed, moves, sliceTotal, allAfterwards] : cases) {
+        SCOPED_TRACE(name);
+        LiveDaemon live;
+        live.open();
+        live.changes.clear();
+        auto wire = page(2, {{"new", 2}});
+        wire._0.narrowed = narrowed;
+        wire._0.byKind = {{"moment", 1}};
+        auto& pages = live.store->pages();
+        const EditorAnswer answer = live.now(pages.query(ask, EditorAsker::page), wire);
+        EXPECT_EQ(answer.sliceTotal, sliceTotal);
+        EXPECT_EQ(pages.memoryTypeCounts()[0].name, moves ? "new" : "note");
+        EXPECT_EQ(pages.momentCount(), moves ? 1 : 7);
+        EXPECT_EQ(live.changes.size(), moves ? 1U : 0U);
+        live.now(pages.query(ask, EditorAsker::search), wire);
+        EXPECT_EQ(live.changes.size(), moves ? 1U : 0U) << "the same counts are no news";
+        wire._0.narrowed = true;
+        const EditorAsk term{.term = "y"};
+        EXPECT_EQ(live.now(pages.query(term, EditorAsker::search), wire).sliceTotal, allAfterwards);
+    }
+}
+
+TEST(LivePages, giveTheDetailOfAMemoryAndSaySlowPages) {
+    LiveDaemon live;
+    auto& pages = live.store->pages();
+    AnswerCase::Thing thing;
+    thing._0 = Card{.kind = "memory", .id = "7", .snippet = "body", .why = "why"};
+    EXPECT_EQ(live.now(pages.detail("7"), thing), (EditorMemoryDetail{"7", "why", "body"}));
+    EXPECT_EQ(live.client->sent().back(), R"({"read":{"_0":{"grab":{"id":"7","full":false}}}})");
+    EXPECT_EQ(live.now(pages.detail("7"), failure("no")), std::nullopt);
+    auto slow = pages.query({.term = "x"}, EditorAsker::page);
+    live.time += std::chrono::milliseconds(101);
+    live.now(std::move(slow), page(0));
+    EXPECT_THAT(live.notes, ElementsAre(HasSubstr("read.textBrowse")));
+}
+
+/// Every answer that is not what was asked for is told in words, the same everywhere.
+TEST(LiveRooms, SayWhatIsWrongWithAnAnswer) {
+    using Words = std::function<std::string(LiveDaemon&, const GatewayResponse&)>;
+    struct Case {
+        std::string answered;
+        bool namesTheDoor;
+        Words words;
+    };
+    const Case cases[] = {
+        {" the scope board", false,
+         [](LiveDaemon& live, const GatewayResponse& response) {
+             live.store->resetWorld();
+             live.client->answer(response);
+             live.client->answer(page(0));
+             return live.store->storeError().value();
+         }},
+        {"", false,
+         [](LiveDaemon& live, const GatewayResponse& response) {
+             auto asked = live.store->pages().query({.term = {}}, EditorAsker::beside);
+             const EditorAnswer answer = live.now(std::move(asked), response);
+             return std::get<EditorAnswerStateCase::Failed>(answer.state).words;
+         }},
+        {" the meeting list", false,
+         [](LiveDaemon& live, const GatewayResponse& response) {
+             live.store->meetings().loadMeetings();
+             live.client->answer(response);
+             return live.store->meetings().meetingsError().value();
+         }},
+        {"", false,
+         [](LiveDaemon& live, const GatewayResponse& response) {
+             return live.now(live.store->meetings().transcript("m"), response).error();
+         }},
+        {" the delete", true,
+         [](LiveDaemon& live, const GatewayResponse& response) {
+             auto asked = live.store->meetings().deleteLine("m", 5, "w");
+             const EditorLineDelete outcome = live.now(std::move(asked), response);
+             return std::get<EditorLineDeleteCase::Failed>(outcome).words;
+         }},
+        {" the mods board", false,
+         [](LiveDaemon& live, const GatewayResponse& response) {
+             live.store->mods().loadMods();
+             live.client->answer(response);
+             return live.store->mods().modsError().value();
+         }},
+        {" the write", true,
+         [](LiveDaemon& live, const GatewayResponse& response) {
+             auto asked = live.store->rules().editRuleLine("7", "a", "b");
+             const EditorWriteOutcome outcome = live.now(std::move(asked), response);
+             EXPECT_FALSE(outcome.ok());
+             return outcome.words;
+         }},
+    };
+    for (const auto& [answered, namesTheDoor, words] : cases) {
+        LiveDaemon live;
+        const std::string strange =
+            "Wendlow answered" + answered + " with something this mod does not understand.";
+        EXPECT_EQ(words(live, failure("read only")), "read only");
+        EXPECT_EQ(words(live, AnswerCase::Ok()), strange);
+        const std::string door = words(live, AnswerCase::Unimplemented{"that_door"});
+        if (answered != " the mods board") {
+            EXPECT_EQ(door,
+                      namesTheDoor ? "This build of Wendlow has no that_door door." : strange);
+        }
+    }
+}
+
+TEST(LiveMods, tellAnOlderDaemonFromOneThatIsBusy) {
+    LiveDaemon live;
+    ModSource& mods = live.store->mods();
+    for (const GatewayResponse& older : {GatewayResponse(AnswerCase::Unimplemented{"mod_board"}),
+                                         failure(std::string(GatewayWire::malformedRequest))}) {
+        mods.loadMods();
+        mods.loadMods();
+        live.answer("modBoard", older);
+        EXPECT_FALSE(live.client->isWaiting());
+        EXPECT_EQ(mods.modsError(), "This Mac is still running an older Wendlow daemon, which "
+                                    "cannot answer for your mods yet. Quitting and reopening "
+                                    "Wendlow picks up the new one.");
+        EXPECT_FALSE(mods.modsLoaded() || mods.modsBoard());
+    }
+    AnswerCase::ModBoard board;
+    board._0.mods = {
+        {.slug = "a", .scope = "/s", .rev = 2, .hint = "h", .files = {"f"}, .behaviors = {}}};
+    mods.loadMods();
+    live.answer("modBoard", board);
+    EXPECT_EQ(mods.modsError(), std::nullopt);
+    EXPECT_TRUE(mods.modsLoaded());
+    EXPECT_THAT(mods.modsBoard()->mods,
+                ElementsAre(EditorInstalledMod{"a", "/s", 2, "h", {"f"}, {}}));
+}
+
+TEST(MeetingList, isReadAsTheDaemonWordsIt) {
+    const std::vector<EditorMeeting> expected{
+        {.id = "a",
+         .title = "Plan",
+         .titleSource = "model",
+         .day = "2026-11-21",
+         .from = "10:00",
+         .to = "10:30",
+         .duration = "30 min",
+         .speakers = {"Ada", "Lin"},
+         .lines = 12},
+        {.id = "b", .day = "2026-11-21", .from = "10:00", .duration = "5 min"},
+        {.id = "c", .day = "today", .duration = "1 h", .lines = 7},
+        {.id = "d", .day = "x", .from = "1–2–3", .duration = "1 h", .speakers = {"bare"}}};
+    EXPECT_EQ(MeetingList::parse(
+                  "Meetings\n"
+                  "- a · 2026-11-21 10:00–10:30 · 30 min · \"Plan\" · Ada, , Lin · 12 lines\n"
+                  "- b · 2026-11-21 10:00 · 5 min · \"\" · no named speakers · x lines\n"
+                  "- c · today · 1 h · 1 unnamed guest · 7 lines\n"
+                  "- d · x 1–2–3 · 1 h · bare · Ada · 7 lines\n"
+                  "- e · too · few\n"
+                  "f · today · 1 h · Ada · 7 lines"),
+              expected);
+}
+
+TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
+    namespace Case = EditorLineDeleteCase;
+    AnswerCase::Transcript fresh;
+    fresh._0 = {.meeting = "m", .title = "T", .titleSource = {}, .who = {"Ada"}, .lines = {}};
+    fresh._0.lines = {{.rowid = 5, .speaker = "Ada", .at = 1.5, .text = "hm", .witness = "w"}};
+    EditorTranscript words{.id = "m", .title = "T", .who = {"Ada"}};
+    words.lines = {{.id = 5, .speaker = "Ada", .text = "hm", .witness = "w", .at = 1.5}};
+    struct Row {
+        std::vector<GatewayResponse> answers;
+        EditorLineDelete outcome;
+    };
+    const AnswerCase::LineDelete gone{LineDeleteOutcome::deleted};
+    const Row rows[] = {
+        {{gone, fresh}, Case::Deleted{words}},
+        {{gone, failure("late"), fresh}, Case::Deleted{words}},
+        {{gone, failure("late"), AnswerCase::Ok()}, Case::Deleted{std::nullopt}},
+        {{gone, failure("no transcript for m")}, Case::Deleted{EditorTranscript{.id = "m"}}},
+        {{AnswerCase::LineDelete{LineDeleteOutcome::staleWitness}}, Case::Refused{}},
+        {{AnswerCase::LineDelete{LineDeleteOutcome::notFound}}, Case::Refused{}},
+    };
+    for (const auto& [answers, outcome] : rows) {
+        LiveDaemon live;
+        std::optional<EditorLineDelete> result;
+        const auto task = live.keep(live.store->meetings().deleteLine("m", 5, "w"), result);
+        EXPECT_EQ(
+            live.client->sent().back(),
+            R"({"control":{"_0":{"deleteUtterance":{"meeting":"m","rowid":5,"witness":"w"}}}})");
+        for (const GatewayResponse& answer : answers)
+            live.answer(live.client->sent().size() == 1 ? "deleteUtterance" : "meetingTranscript",
+                        answer);
+        EXPECT_EQ(result, outcome);
+        EXPECT_EQ(live.store->generation(), std::holds_alternative<Case::Deleted>(outcome) ? 1 : 0);
+    }
+}
+
+TEST(LiveRooms, WriteAndReadAgainWhatTheWriteMoved) {
+    LiveDaemon live;
+    EditorStore& store = *live.store;
+    std::optional<EditorWriteOutcome> outcome;
+    auto rule = live.keep(store.rules().addRule("t", "w", {.file = "style"}, "/s"), outcome);
+    live.answer(R"({"notes":{"_0":{"write":{"text":"t","why":"w","writer":"wendlow-editor",)"
+                R"("type":"rule","path":"/s","filters":{"rules-file":"style"}}}}})",
+                AnswerCase::NoteID{"n1"});
+    EXPECT_EQ(store.generation(), 1);
+    EXPECT_FALSE(outcome) << "the counts are read first";
+    live.answer("textBrowse", page(9, {{"rule", 9}}));
+    EXPECT_EQ(outcome, EditorWriteOutcome::wrote("Saved n1."));
+    EXPECT_EQ(store.pages().memoryTypeCounts()[0].count, 9);
+
+    auto illegal = live.keep(store.rules().addRule("t", "w", {.file = "Mods"}, "/s"), outcome);
+    EXPECT_THAT(outcome->words, ::testing::StartsWith("“Mods” isn’t a legal rules-file name: one"));
+    EXPECT_FALSE(outcome->ok());
+
+    auto map = live.keep(store.scopes().mapFolder("/home/p", "/work"), outcome);
+    live.answer(R"("mapPath":{"folder":"/home/p","path":"/work"})", AnswerCase::Text{"mapped"});
+    AnswerCase::ScopeBoard board;
+    board._0 = {{.path = "/work", .folders = {"/home/p"}, .kinds = {}}};
+    live.answer("scopeBoard", board);
+    EXPECT_EQ(outcome, EditorWriteOutcome::wrote("mapped"));
+    EXPECT_EQ(store.scopes().scopeBoard().size(), 1U);
+
+    auto edit = live.keep(store.rules().editRuleLine("7", "a", "b"), outcome);
+    live.answer(R"("patch":{"id":"7","field":"text","find":"a","replace":"b","replaceAll":false})",
+                AnswerCase::Text{"done"});
+    EXPECT_EQ(outcome, EditorWriteOutcome::wrote("done"));
+    EXPECT_EQ(store.generation(), 3);
+    using enum EditorChange;
+    EXPECT_THAT(live.changes, ElementsAre(generation, counts, generation, scopes, generation));
+}
+
+TEST(ScopeTree, keepsThePathsThatTheDaemonSays) {
+    const EditorScope root = ScopeTree::tree({{.path = "/a//b", .folders = {"/f"}, .kinds = {}},
+                                              {.path = "/", .folders = {"/r"}, .kinds = {}},
+                                              {.path = "/a/b", .folders = {}, .kinds = {}},
+                                              {.path = "/c/d/", .folders = {}, .kinds = {}}});
+    std::string walked;
+    const std::function<void(const EditorScope&)> walk = [&](const EditorScope& scope) {
+        walked += "(" + scope.id + " " + scope.title;
+        for (const EditorScope& child : scope.children)
+            walk(child);
+        walked += ")";
+    };
+    walk(root);
+    EXPECT_EQ(walked, "(/ /(/a a(/a//b b)(/a/b b))(/c c(/c/d/ d)))");
+    ASSERT_NE(root.find("/a//b"), nullptr);
+    EXPECT_THAT(root.find("/a//b")->folderPaths, ElementsAre("/f"));
+    EXPECT_THAT(root.folderPaths, ElementsAre("/r"));
+}
+
+TEST(LiveTiles, fetchWhatIsOnScreenNow) {
+    LiveDaemon live;
+    LiveTiles& tiles = live.store->tiles();
+    std::vector<std::int64_t> arrived;
+    QObject::connect(&tiles, &TileSource::tileArrived,
+                     [&](std::int64_t key) { arrived.push_back(key); });
+    tiles.showTiles({1, 2, 3});
+    EXPECT_EQ(live.store->pendingTileCount(), 2U);
+    tiles.showTiles({4});
+    std::optional<EditorAnswer> answer;
+    const auto typed =
+        live.keep(live.store->pages().query({.term = "x"}, EditorAsker::search), answer);
+    live.answer(R"("getThumbnail":{"momentID":1})", AnswerCase::Image{"AAEC", "image/png"});
+    EXPECT_EQ(tiles.tiles().at(1).image, std::string("\0\1\2", 3));
+    live.answer("textBrowse", failure("a person goes before pictures"));
+    // 2 and 3 have scrolled away. The daemon has no small picture of 4, and no door for the large.
+    live.answer(R"("getThumbnail":{"momentID":4})", AnswerCase::Image{"TWFu!", "image/png"});
+    live.answer(R"("getScreen":{"momentID":4,"window":""})",
+                AnswerCase::Unimplemented{"screen_get"});
+    EXPECT_EQ(tiles.tiles().at(4).image, std::nullopt);
+    tiles.showTiles({4, 5});
+    live.answer(R"("getThumbnail":{"momentID":5})", failure("none"));
+    EXPECT_FALSE(live.client->isWaiting()) << "the door is closed, and 4 is not asked again";
+    EXPECT_THAT(arrived, ElementsAre(1, 4, 5));
+    EXPECT_TRUE(live.changes.empty()) << "a picture publishes nothing else";
+    live.open();
+    tiles.showTiles({6});
+    live.answer("getThumbnail", failure("none"));
+    live.answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
+    EXPECT_EQ(tiles.tiles().at(6).image, std::string("\0", 1));
+}
+
+} // namespace
+} // namespace wendlow
