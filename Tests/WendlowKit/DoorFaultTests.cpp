@@ -7,7 +7,6 @@
 #include "MenuHeaderTitle.h"
 #include "MenuHealth.h"
 #include "RefusalNotice.h"
-#include "SubscriptionGate.h"
 #include "TemporaryHome.h"
 #include "WireCodec.h"
 #include "XPCRoundTrip.h"
@@ -148,7 +147,7 @@ TEST(RefusalNotice, IsForAnOldRefusalAndOnce) {
         EXPECT_EQ(decide({fault, age, reported}), action);
 }
 
-TEST(SmallDeciders, NameTheServiceTheTitleAndTheGate) {
+TEST(SmallDeciders, NameTheServiceAndTheTitle) {
     const std::string product = "works.fenmoor.wendlow.gateway";
     for (const auto& [value, name] : std::map<std::string, std::string>{
              {"works.fenmoor.wendlow.test.", product},
@@ -160,9 +159,6 @@ TEST(SmallDeciders, NameTheServiceTheTitleAndTheGate) {
     EXPECT_EQ(MCPGatewayName::resolve({}), product);
     EXPECT_EQ(MenuHeaderTitle::title("Wendlow", "1.2", "34"), "Wendlow (v1.2 · build 34)");
     EXPECT_EQ(MenuHeaderTitle::title("Wendlow", {}, {}), "Wendlow (v? · build ?)");
-    for (const bool want : {false, true})
-        for (const bool live : {false, true})
-            EXPECT_EQ(SubscriptionGate::shouldReopen({want, live}), want && !live);
 }
 
 TEST(XPCWire, TellsAbsentFromZeroAndEmpty) {

@@ -42,36 +42,15 @@ protected:
 };
 
 TEST_F(Ask, SaysTheAnswerOrWhyThereIsNone) {
-    const std::string skewed =
-        R"({"failure":{"message":"Wendlow updated; this session's bridge is older than the daemon, restart the session"}})";
-    const std::string bad = R"({"response":{"failure":{"message":"bad reply"}}})";
-    const std::string good = R"({"response":{"noteID":{"_0":"self-names","echo":[]}}})";
     const struct {
         const char* replies;
         std::string document;
         int status;
     } rows[] = {
-        {"answer", good, 0},
-        {"no-wire", good, 0},
-        {"late-50", good, 0},
-        {"refuse,answer", good, 0},
-        {"wire-2", R"({"response":)" + skewed + R"(,"fault":"skew"})", 1},
-        {"wire-2+rubbish", R"({"response":)" + skewed + R"(,"fault":"skew"})", 1},
-        {"no-payload", bad, 1},
-        {"empty", bad, 1},
-        {"rubbish", bad, 1},
-        {"unknown-case", bad, 1},
-        {"cut", bad, 1},
-        {"nested", bad, 1},
-        {"no-dictionary", bad, 1},
-        {"refuse",
-         R"({"response":{"failure":{"message":"Wendlow is running but refused this connection — this binary isn't signed with the daemon's expected identity (sign it: Scripts/sign.sh)."}},"fault":"refused"})",
-         1},
-        {"refuse,silent",
-         R"({"response":{"failure":{"message":"Wendlow is running but did not answer in 3s — it may be busy starting up; try again in a moment."}},"fault":"silent"})",
-         1},
-        {"die",
-         R"({"response":{"failure":{"message":"Wendlow isn't running — start it to access your memory."}},"fault":"absent"})",
+        {"answer", R"({"response":{"noteID":{"_0":"self-names","echo":[]}}})", 0},
+        {"empty", R"({"response":{"failure":{"message":"bad reply"}}})", 1},
+        {"wire-2",
+         R"({"response":{"failure":{"message":"Wendlow updated; this session's bridge is older than the daemon, restart the session"}},"fault":"skew"})",
          1},
     };
     for (const auto& row : rows) {

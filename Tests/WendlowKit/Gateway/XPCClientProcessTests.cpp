@@ -5,7 +5,33 @@
 
 #include <QThread>
 
+#include <limits>
 #include <thread>
+
+#include <dlfcn.h>
+
+namespace {
+
+/// How many calls went out while every limit that the bus is given passes a hundred times faster;
+/// below 0 they pass as they are.
+std::atomic<int> hastyCalls = -1;
+
+} // namespace
+
+/// Stands before the bus library's own function: whoever links this program calls this one. A
+/// negative limit is the library's own, of 25 seconds.
+extern "C" unsigned dbus_connection_send_with_reply(void* connection, void* message, void** call,
+                                                    int limit) {
+    using Send = unsigned(void*, void*, void**, int);
+    static auto* const send =
+        reinterpret_cast<Send*>(::dlsym(RTLD_NEXT, "dbus_connection_send_with_reply"));
+    if (hastyCalls >= 0) {
+        ++hastyCalls;
+        if (limit != std::numeric_limits<int>::max())
+            limit = (limit < 0 ? 25'000 : limit) / 100;
+    }
+    return send(connection, message, call, limit);
+}
 
 namespace wendlow {
 namespace {
@@ -159,11 +185,12 @@ TEST_F(XPCClientProcesses, ALateReplyIsDroppedAndNoFirstAttemptIsLate) {
 }
 
 TEST_F(XPCClientProcesses, AFirstAttemptWaitsBeyondTheLimitOfTheBus) {
-    const auto running = gateway("late-26000");
+    const auto running = gateway("answer,late-1000");
     XPCClient client(options());
-    const auto caller = ask(client);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return caller->resumed == 1; }, 40'000));
-    EXPECT_EQ(caller->text(), "healthy");
+    EXPECT_EQ(answered(client).text(), "healthy"); // it is on the bus
+    hastyCalls = 0; // whose own limit is a quarter of a second from here on
+    EXPECT_EQ(answered(client).text(), "healthy");
+    EXPECT_GT(hastyCalls.exchange(-1), 0);
 }
 
 TEST_F(XPCClientProcesses, ALargeReplyArrivesWhole) {
