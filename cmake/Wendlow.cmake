@@ -10,7 +10,7 @@ set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 set(WENDLOW_BUNDLE ${CMAKE_BINARY_DIR}/Wendlow.app)
 
 find_program(CCACHE ccache)
-if(CCACHE)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     # The sloppiness is what ccache asks for with precompiled headers; the base directory lets two
     # work trees share their results.
     foreach(language C CXX)
@@ -26,12 +26,10 @@ find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 find_package(GTest REQUIRED)
 
-if(NOT WENDLOW_PURE_ONLY)
-    find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick QuickTemplates2 DBus Concurrent Network Svg Test)
-    find_package(QCoro6 REQUIRED COMPONENTS Core DBus Network)
-    # QCoro's package file forgets the compiler flag that GCC needs for coroutines in C++20 mode and
-    # later has on by itself, so nothing is to be switched on here.
-endif()
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick QuickTemplates2 DBus Concurrent Network Svg Test)
+find_package(QCoro6 REQUIRED COMPONENTS Core DBus Network)
+# QCoro's package file forgets the compiler flag that GCC needs for coroutines in C++20 mode and
+# later has on by itself, so nothing is to be switched on here.
 
 # Warnings are errors everywhere. The second set would drown in what Qt's code generators write.
 function(wendlow_warnings target)
@@ -56,22 +54,61 @@ function(wendlow_warnings target)
         target_compile_options(${target} PRIVATE
             $<$<COMPILE_LANGUAGE:CXX>:-Wconversion -Wsign-conversion -Wold-style-cast>)
     endif()
+    get_target_property(type ${target} TYPE)
     if(WENDLOW_SANITIZE)
-        # Instrumented, GCC 12 no longer sees that an optional is looked at only when it holds.
-        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-            target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-maybe-uninitialized>)
-        endif()
         target_compile_options(${target} PRIVATE -fsanitize=address,undefined
             -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+        if(type STREQUAL "EXECUTABLE")
+            target_sources(${target} PRIVATE ${WENDLOW_CMAKE}/Sanitizers/Leaks.cpp)
+        endif()
     endif()
     if(WENDLOW_SANITIZE_THREADS)
         target_compile_options(${target} PRIVATE -fsanitize=thread -fno-omit-frame-pointer)
         target_link_options(${target} PRIVATE -fsanitize=thread)
+        if(type STREQUAL "EXECUTABLE")
+            target_sources(${target} PRIVATE ${WENDLOW_CMAKE}/Sanitizers/Races.cpp)
+        endif()
     endif()
-    if(WENDLOW_FUZZ)
-        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    if(WENDLOW_JOINED)
+        wendlow_joined(${target})
     endif()
+endfunction()
+
+# What is compiled with a sanitizer is compiled in joined units: a header's cost is then paid once for
+# a folder and not once for a file. Which sources can stand in one unit is looked up in their texts at
+# every configuring, so that none has to be listed here.
+set(WENDLOW_CMAKE ${CMAKE_CURRENT_LIST_DIR})
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+function(wendlow_joined target)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    set(own "")
+    foreach(source ${sources})
+        cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE)
+        get_source_file_property(single ${source} SKIP_UNITY_BUILD_INCLUSION)
+        get_source_file_property(options ${source} COMPILE_OPTIONS)
+        # A file of another folder may be in two targets of this one, in different company.
+        cmake_path(IS_PREFIX CMAKE_CURRENT_SOURCE_DIR ${source} own_folder)
+        if(own_folder AND NOT single AND NOT options)
+            list(APPEND own ${source})
+        endif()
+    endforeach()
+    if(NOT own)
+        return()
+    endif()
+    execute_process(COMMAND ${Python3_EXECUTABLE} ${WENDLOW_CMAKE}/join.py ${own}
+        OUTPUT_VARIABLE groups OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    string(REPLACE ";" "," groups "${groups}")
+    string(REPLACE "\n" ";" groups "${groups}")
+    set(number 0)
+    foreach(group ${groups})
+        string(REPLACE "," ";" group "${group}")
+        set_source_files_properties(${group} PROPERTIES UNITY_GROUP joined${number})
+        math(EXPR number "${number} + 1")
+    endforeach()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
 endfunction()
 
 # The standard library's large headers, compiled once for all targets without Qt.
@@ -89,6 +126,16 @@ set(WENDLOW_QT_PCH_HEADERS <QObject> <QString> <QVariant> <algorithm> <functiona
     <string> <string_view> <vector>)
 set(WENDLOW_QML_PCH_HEADERS ${WENDLOW_QT_PCH_HEADERS} <QQmlEngine> <QQuickItem> <QtQml/qqmlprivate.h>)
 
+# All that is shipped, and what drives it; the unit tests are no part of it.
+add_custom_target(product)
+
+# What the fuzzers link tells them where it has been, and is optimised: they run by the clock.
+function(wendlow_fuzzed target)
+    if(WENDLOW_FUZZ)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link -O1)
+    endif()
+endfunction()
+
 # A module without Qt: a static library whose public include directory is its own folder, so that a
 # header is found only by those that link the module.
 function(wendlow_pure_module name)
@@ -98,6 +145,8 @@ function(wendlow_pure_module name)
     target_link_libraries(${name} PUBLIC fmt::fmt ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
     target_precompile_headers(${name} REUSE_FROM wendlow_pch)
     wendlow_warnings(${name})
+    wendlow_fuzzed(${name})
+    add_dependencies(product ${name})
 endfunction()
 
 # A module on Qt without a window: the same, with moc.
@@ -110,14 +159,22 @@ function(wendlow_qt_module name)
     target_precompile_headers(${name} PRIVATE ${WENDLOW_QT_PCH_HEADERS})
     target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
     wendlow_warnings(${name} GENERATED)
+    add_dependencies(product ${name})
 endfunction()
 
 # A module with QML: C++ models and QML files under one URI, the module's own name. Linked into the
 # program as a static plugin (see Q_IMPORT_QML_PLUGIN in the program that uses it).
 function(wendlow_qml_module name)
     cmake_parse_arguments(arg "" "" "SOURCES;QML_FILES;RESOURCES;LINK;PRIVATE_LINK;IMPORTS" ${ARGN})
+    # Instrumented, the QML files are read as they stand: what the QML compiler writes of them is no
+    # code of ours, and costs more than all that is. The programs that are built plain contain it.
+    set(cache "")
+    if(WENDLOW_JOINED)
+        set(cache NO_CACHEGEN)
+    endif()
     qt_add_qml_module(${name}
         STATIC
+        ${cache}
         URI ${name}
         VERSION 1.0
         RESOURCE_PREFIX /qt/qml
@@ -131,10 +188,15 @@ function(wendlow_qml_module name)
     target_precompile_headers(${name} PRIVATE ${WENDLOW_QML_PCH_HEADERS})
     target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
     wendlow_warnings(${name} GENERATED)
-    # What the QML compiler writes shadows its own parameters.
+    add_dependencies(product ${name})
+    # What the QML compiler writes shadows its own parameters, and is little text below many headers.
     get_target_property(sources ${name} SOURCES)
     list(FILTER sources INCLUDE REGEX "/qmlcache/")
-    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -Wno-shadow)
+    if(sources)
+        set_source_files_properties(${sources} PROPERTIES UNITY_GROUP qmlcache)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP
+            UNITY_BUILD_CODE_BEFORE_INCLUDE "#pragma GCC diagnostic ignored \"-Wshadow\"")
+    endif()
 endfunction()
 
 # A program of the product, written into the bundle.
@@ -144,6 +206,7 @@ function(wendlow_program name)
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${WENDLOW_BUNDLE}/Contents/MacOS)
     target_link_libraries(${name} PRIVATE fmt::fmt ${arg_LINK})
+    add_dependencies(product ${name})
     if(arg_QT)
         set_target_properties(${name} PROPERTIES AUTOMOC ON)
         wendlow_warnings(${name} GENERATED)
@@ -153,9 +216,10 @@ function(wendlow_program name)
     endif()
 endfunction()
 
-# One test program for one module. With QT the program's main has a QCoreApplication.
+# One test program for one module. With QT the program's main has a QCoreApplication; with PROGRAMS it
+# drives the programs as they are shipped, and is built and run with them.
 function(wendlow_test name)
-    cmake_parse_arguments(arg "QT" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(arg "QT;PROGRAMS" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
@@ -171,7 +235,33 @@ function(wendlow_test name)
         target_precompile_headers(${name} REUSE_FROM wendlow_pch)
         wendlow_warnings(${name} GENERATED)
     endif()
+    set(labels units)
+    if(arg_PROGRAMS)
+        set(labels programs)
+        add_dependencies(product ${name})
+    endif()
     include(GoogleTest)
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${arg_ENVIRONMENT}")
+        PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS ${labels} ENVIRONMENT "${arg_ENVIRONMENT}")
+    if(NOT arg_PROGRAMS)
+        wendlow_zones(${name} ${arg_SOURCES})
+    endif()
+endfunction()
+
+# A test program that speaks of dates runs once more, whole, at other ends of the world: nine hours
+# ahead of Greenwich, without summer time, and three and a half behind it, with.
+function(wendlow_zones name)
+    foreach(source ${ARGN})
+        cmake_path(ABSOLUTE_PATH source)
+        file(STRINGS ${source} spoken LIMIT_COUNT 1
+            REGEX "QDate|QTimeZone|DateWords|DayFormat|year_month_day|EditorDate|localtime")
+        if(spoken)
+            foreach(zone Asia/Tokyo America/St_Johns)
+                add_test(NAME ${name}.in.${zone} COMMAND ${name} --gtest_brief=1)
+                set_tests_properties(${name}.in.${zone} PROPERTIES
+                    TIMEOUT 300 LABELS zones ENVIRONMENT "TZ=${zone};${arg_ENVIRONMENT}")
+            endforeach()
+            return()
+        endif()
+    endforeach()
 endfunction()
