@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include <fmt/format.h>
-
 namespace wendlow {
 
 namespace {
@@ -29,21 +27,9 @@ EditorLink::~EditorLink() {
     later.resumeAll(Turn::neverComes);
 }
 
-std::string EditorLink::verb(const GatewayRequest& request) {
-    return std::visit(
-        [](const auto& kind) {
-            return std::visit(
-                [&kind](const auto& question) {
-                    return fmt::format("{}.{}", kind.wireName, question.wireName);
-                },
-                static_cast<const typename std::decay_t<decltype(kind._0)>::variant&>(kind._0));
-        },
-        static_cast<const GatewayRequest::variant&>(request));
-}
-
 QCoro::Task<EditorLink::Reply> EditorLink::send(GatewayRequest request, Lane lane) {
     const Lifetime::Watch life = m_life.watch();
-    const std::string name = verb(request);
+    const std::string name = request.caseName();
     Reply reply = co_await serializedLeg(std::move(request), lane);
     if (!life.expired())
         report(reply.leg, name);

@@ -57,9 +57,6 @@ public:
                 std::optional<LinkLeg::Instant> rendered = std::nullopt) const;
     LinkLeg::Instant now() const { return m_clock(); }
 
-    /// "read.textBrowse" and the like.
-    static std::string verb(const GatewayRequest& request);
-
 private:
     enum class Turn { begins, neverComes };
 

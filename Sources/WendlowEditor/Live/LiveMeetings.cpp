@@ -1,6 +1,6 @@
 #include "Live/LiveMeetings.h"
 
-#include "Live/Expect.h"
+#include "Live/AnswerWords.h"
 #include "Live/MeetingList.h"
 
 #include <utility>
@@ -70,14 +70,14 @@ QCoro::Task<> LiveMeetings::read() {
 }
 
 void LiveMeetings::take(EditorLink::Reply reply) {
-    const auto text = expect<AnswerCase::Text>(std::move(reply.response), "the meeting list");
+    const auto text = expect<AnswerCase::Text>(std::move(reply.response));
     m_loaded = text.has_value();
     if (text) {
         m_list = MeetingList::parse(text->_0);
         m_count = std::ssize(*m_list);
         m_error.reset();
     } else {
-        m_error = text.error();
+        m_error = AnswerWords::of(text.error(), "the meeting list");
     }
 }
 
@@ -88,9 +88,10 @@ QCoro::Task<EditorTranscriptResult> LiveMeetings::transcript(std::string id) {
     if (words)
         co_return transcriptOf(words->_0);
     // A meeting in which nobody spoke is no error.
-    if (words.error().starts_with("no transcript"))
+    if (words.error().kind == AnswerRefusal::Kind::failure &&
+        words.error().words.starts_with("no transcript"))
         co_return EditorTranscript{.id = std::move(id)};
-    co_return std::unexpected(words.error());
+    co_return std::unexpected(AnswerWords::of(words.error()));
 }
 
 QCoro::Task<EditorLineDelete> LiveMeetings::deleteLine(std::string meeting, std::int64_t rowid,
@@ -100,10 +101,10 @@ QCoro::Task<EditorLineDelete> LiveMeetings::deleteLine(std::string meeting, std:
     const ControlRequest request = ControlCase::DeleteUtterance{
         .meeting = meeting, .rowid = rowid, .witness = std::move(witness)};
     EditorLink::Reply reply = co_await m_link.send(request, Lane::now);
-    const auto answer =
-        expect<AnswerCase::LineDelete>(std::move(reply.response), "the delete", MissingDoor::named);
+    const auto answer = expect<AnswerCase::LineDelete>(std::move(reply.response));
     if (!answer)
-        co_return Case::Failed{answer.error()};
+        co_return Case::Failed{
+            AnswerWords::of(answer.error(), "the delete", AnswerWords::MissingDoor::named)};
     if (answer->_0 != LineDeleteOutcome::deleted)
         co_return Case::Refused{};
     if (!life.expired())

@@ -1,7 +1,6 @@
 #include "Live/LiveMods.h"
 
-#include "GatewayWire.h"
-#include "Live/Expect.h"
+#include "Live/AnswerWords.h"
 
 #include <utility>
 
@@ -48,17 +47,16 @@ QCoro::Task<> LiveMods::read() {
     if (life.expired())
         co_return;
     m_reading = false;
-    const bool hasDoor = !std::holds_alternative<AnswerCase::Unimplemented>(reply.response);
-    const auto board = expect<AnswerCase::ModBoard>(std::move(reply.response), "the mods board");
+    const auto board = expect<AnswerCase::ModBoard>(std::move(reply.response));
     m_loaded = board.has_value();
     if (board) {
         m_board = boardOf(board->_0);
         m_error.reset();
-    } else if (!hasDoor || board.error() == GatewayWire::malformedRequest) {
+    } else if (board.error().isFromOlderDaemon()) {
         m_error = "This Mac is still running an older Wendlow daemon, which cannot answer for your "
                   "mods yet. Quitting and reopening Wendlow picks up the new one.";
     } else {
-        m_error = board.error();
+        m_error = AnswerWords::of(board.error(), "the mods board");
     }
     m_tell(EditorChange::mods);
 }

@@ -1,7 +1,7 @@
 #include "Live/LivePages.h"
 
+#include "Live/AnswerWords.h"
 #include "Live/BrowseWire.h"
-#include "Live/Expect.h"
 
 #include <algorithm>
 #include <utility>
@@ -66,11 +66,11 @@ QCoro::Task<EditorAnswer> LivePages::answer(EditorAsk ask, EditorAsker asker) {
     const auto page = expect<AnswerCase::TextBrowse>(std::move(reply.response));
     EditorAnswer made;
     if (!page)
-        made = EditorAnswer::failed(page.error(), std::move(ask));
+        made = EditorAnswer::failed(AnswerWords::of(page.error()), std::move(ask));
     else
         made =
             page->_0.ready ? settled(page->_0, ask, asker) : EditorAnswer::warming(std::move(ask));
-    m_link.report(reply.leg, EditorLink::verb(request), m_link.now());
+    m_link.report(reply.leg, request.caseName(), m_link.now());
     co_return made;
 }
 

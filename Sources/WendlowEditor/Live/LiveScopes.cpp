@@ -1,6 +1,6 @@
 #include "Live/LiveScopes.h"
 
-#include "Live/Expect.h"
+#include "Live/AnswerWords.h"
 #include "Live/LiveWrite.h"
 #include "Live/ScopeTree.h"
 
@@ -13,9 +13,9 @@ LiveScopes::LiveScopes(EditorLink& link, LiveTell tell) : m_link(link), m_tell(s
 QCoro::Task<LiveScopes::Reading> LiveScopes::read() {
     const NotesRequest request = NotesCase::ScopeBoard();
     EditorLink::Reply reply = co_await m_link.send(request, EditorLink::Lane::now);
-    auto answer = expect<AnswerCase::ScopeBoard>(std::move(reply.response), "the scope board");
+    auto answer = expect<AnswerCase::ScopeBoard>(std::move(reply.response));
     if (!answer)
-        co_return std::unexpected(std::move(answer.error()));
+        co_return std::unexpected(AnswerWords::of(answer.error(), "the scope board"));
     Board board{.tree = {}, .rows = ScopeTree::board(answer->_0)};
     board.tree = ScopeTree::tree(std::move(answer->_0));
     co_return Reading(std::move(board));

@@ -1,6 +1,6 @@
 #include "Live/LiveWrite.h"
 
-#include "Live/Expect.h"
+#include "Live/AnswerWords.h"
 
 #include <utility>
 
@@ -12,10 +12,11 @@ QCoro::Task<EditorWriteOutcome> LiveWrite::send(EditorLink& link, NotesRequest r
     EditorLink::Reply reply = co_await link.send(std::move(request), EditorLink::Lane::now);
     if (const auto* const text = std::get_if<AnswerCase::Text>(&reply.response))
         co_return EditorWriteOutcome::wrote(text->_0);
-    const auto note =
-        expect<AnswerCase::NoteID>(std::move(reply.response), "the write", MissingDoor::named);
-    co_return note ? EditorWriteOutcome::wrote(fmt::format("Saved {}.", note->_0))
-                   : EditorWriteOutcome::refused(note.error());
+    const auto note = expect<AnswerCase::NoteID>(std::move(reply.response));
+    if (note)
+        co_return EditorWriteOutcome::wrote(fmt::format("Saved {}.", note->_0));
+    co_return EditorWriteOutcome::refused(
+        AnswerWords::of(note.error(), "the write", AnswerWords::MissingDoor::named));
 }
 
 } // namespace wendlow
