@@ -31,6 +31,8 @@
     static constexpr std::string_view verb = verbText;                                             \
     WENDLOW_CASE(Type, caseName, __VA_ARGS__)
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a type in a declaration takes none.
+
 /// In a struct of many cases, derived from their `std::variant`: what copies, moves, compares and
 /// destroys visits every case, so it is compiled once, by `WENDLOW_CASES_DEFINED` in one source,
 /// and not in each file through whose hands such a value goes.
@@ -57,3 +59,5 @@
     bool Type::operator==(const Type& other) const {                                               \
         return static_cast<const variant&>(*this) == static_cast<const variant&>(other);           \
     }
+
+// NOLINTEND(bugprone-macro-parentheses)
