@@ -73,7 +73,7 @@ struct Installation {
 struct Removal {
     std::vector<PlannedFile> files; ///< in the order of writing
     Observations notes;             ///< about what stays behind; said when it changed something
-    std::function<Observations()> afterwards = {}; ///< done then, and has its say behind them
+    std::function<Observations()> afterwards; ///< done then, and has its say behind them
 
     /// Adds one file's part, moving the file's bytes. What then is empty is deleted where `created`
     /// says that the file is ours; otherwise it stays, and is spoken of where the verb changed it.

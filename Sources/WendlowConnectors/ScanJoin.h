@@ -27,7 +27,8 @@ struct BlockReport {
 /// What all of a tool's blocks found.
 struct Findings {
     std::vector<BlockReport> blocks;
-    Observations more = {}; ///< said behind the words of the blocks
+    /// Said behind the words of the blocks.
+    Observations more = {}; // NOLINT(readability-redundant-member-init): GCC wants one
 };
 /// The report on a tool that is here.
 ScanReport report(ConnectorIdentity identity, Findings findings);

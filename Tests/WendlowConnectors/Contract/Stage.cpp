@@ -296,10 +296,11 @@ Stage::Tree Stage::tree() const {
 }
 
 std::string Stage::filled(std::string text) const {
-    std::string before;
-    do
-        before = std::exchange(text, replaced(text, m_marks));
-    while (before != text);
+    // From the longest again after each: what one leads to may be longer than the next.
+    const auto isIn = [&](const auto& mark) { return text.contains(mark.first); };
+    for (auto mark = std::ranges::find_if(m_marks, isIn); mark != m_marks.end();
+         mark = std::ranges::find_if(m_marks, isIn))
+        text = replaced(std::move(text), {*mark});
     return replaced(std::move(text), pictures);
 }
 
