@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""clang-tidy over every source of the product, a folder's texts joined into few units.
+"""clang-tidy over every source of the product, a target's texts joined into few units.
 
 The analyzer follows paths only in the text of the file that it is given, so the texts are joined
-and not included: a line of the unit is a line of one source, and findings are told by that. Which
-texts can stand together is looked up in cmake/join.py. Where such a unit does not compile after
-all, it is taken in halves, down to the single file, whose errors are then its own.
+and not included: a line of the unit is a line of one source, and findings are told by that. What
+two sources call by the same name, each to itself, is renamed (cmake/join.py). Where such a unit
+does not compile after all, it is taken in halves, down to the single file, whose errors are then its own.
 
 A unit whose preprocessed text, arguments and checks were found clean before is not looked at again.
 Whether it could have changed is asked of the files it read, so that a run over a tree that was
@@ -35,6 +35,7 @@ COMPILER, CHECKER = 'clang++-19', 'clang-tidy-19'
 # The analyzer walks every path of every function of every unit. Beyond these it has only ever found
 # more paths to the same place, at seven times the cost.
 LIMITS = ['mode=shallow', 'max-nodes=40000']
+MOST_BYTES = 80_000
 WORK = os.path.join(ROOT, 'build', 'tidy')
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"][^>"]+[>"])', re.M)
 
@@ -86,10 +87,10 @@ def arguments_of(entry):
 
 
 class Unit:
-    """Some sources of one folder that are compiled alike."""
+    """Some sources that are compiled alike, and the names that are their own and not their neighbours'."""
 
-    def __init__(self, files, arguments):
-        self.files, self.arguments = files, arguments
+    def __init__(self, files, renamed, arguments):
+        self.files, self.renamed, self.arguments = files, renamed, arguments
         self.name = sha('\n'.join(files + arguments).encode())[:16]
         folder = os.path.relpath(os.path.dirname(files[0]), ROOT).replace('/', '-')
         self.path = os.path.join(WORK, 'units', f'{folder}-{self.name}.cpp')
@@ -102,10 +103,14 @@ class Unit:
 
             def once(match):
                 # What an earlier source has included is there. Twice in one source is a finding.
-                mine.add(match[1])
-                return '' if match[1] in included else match[0]
+                named = match[1]
+                beside = os.path.join(os.path.dirname(path), named[1:-1])
+                if named[0] == '"' and os.path.exists(beside):
+                    named = f'"{os.path.normpath(beside)}"'
+                mine.add(named)
+                return '' if named in included else match[0].replace(match[1], named)
 
-            text = _INCLUDE.sub(once, text)
+            text = join.with_names(_INCLUDE.sub(once, text), self.renamed.get(path))
             included |= mine
             for number, line in enumerate(text.split('\n'), 1):
                 lines.append(line)
@@ -118,7 +123,7 @@ class Unit:
         self._places = places
 
     def compile_arguments(self):
-        return self.arguments + ['-iquote', os.path.dirname(self.files[0])]
+        return self.arguments
 
     def told(self, text):
         """What clang-tidy says, about the sources and not the unit."""
@@ -223,7 +228,7 @@ def check(unit, stamps):
     middle = (len(unit.files) + 1) // 2
     findings = ''
     for half in (unit.files[:middle], unit.files[middle:]):
-        found, more = check(Unit(half, unit.arguments), stamps)
+        found, more = check(Unit(half, unit.renamed, unit.arguments), stamps)
         findings, looked = findings + found, looked + more
     return findings, looked
 
@@ -240,8 +245,8 @@ def units(build, only):
             by_arguments.setdefault(tuple(arguments_of(entry)), []).append(path)
     for path in sorted(wanted):
         sys.exit(f'{os.path.relpath(path, ROOT)}: the build does not compile it, so it cannot be checked')
-    found = [Unit(group, list(arguments))
-             for arguments, files in by_arguments.items() for group in join.groups(files, kept_using=True)]
+    found = [Unit(group.files, group.renamed, list(arguments))
+             for arguments, files in by_arguments.items() for group in join.groups(files, MOST_BYTES, rename=True)]
     if only:
         only = {os.path.realpath(path) for path in only}
         found = [unit for unit in found if only & set(unit.files)]

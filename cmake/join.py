@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Which sources of a folder can be read by a compiler as one text.
+"""Which sources of a target can be read by a compiler as one text.
 
 A joined unit costs its headers once. Two sources cannot be joined where a name that one keeps to
 itself (in a namespace without a name, or as a static) is spoken in the other: it would be taken for
@@ -78,7 +78,7 @@ def _declared(body):
     return names - _KEYWORDS
 
 
-def kept_and_spoken(text, kept_using=False):
+def kept_and_spoken(text, kept_using):
     """The names that a source keeps to itself, and every word it speaks."""
     kept = set(_DEFINE.findall(text))
     code = _DIRECTIVE.sub(' ', without_comments(text))
@@ -94,32 +94,78 @@ def kept_and_spoken(text, kept_using=False):
     return kept - _KEYWORDS, spoken
 
 
-def groups(files, most=MOST_BYTES, kept_using=False):
-    """The files of each folder, in as few lists as can be joined, none longer than `most` bytes.
+class Group:
+    """Sources that stand in one unit, and what a source's own names must be called in it."""
 
-    With `kept_using` what a source brings in by `using` counts as its own too, so that it can be told
-    whether that source needs it.
+    def __init__(self, kind):
+        self.kind, self.files, self.renamed = kind, [], {}
+        self._bytes, self._texts, self._kept, self._spoken = 0, {}, {}, set()
+
+    def takes(self, path, text, kept, spoken, most, rename):
+        """Adds the source if it can stand with those that are there."""
+        if self.files and self._bytes + len(text) > most:
+            return False
+        mine = {name for name in kept if name in self._spoken}
+        theirs = {(name, owner) for name in spoken - mine for owner in self._kept.get(name, ())}
+        if not rename and (mine or theirs):
+            return False
+        texts = {path: text}
+        for name, owner in [(name, path) for name in mine] + sorted(theirs):
+            if not renameable(texts.get(owner) or self._texts[owner], name):
+                return False
+        for name, owner in [(name, path) for name in mine] + sorted(theirs):
+            stem = re.sub(r'\W', '_', os.path.splitext(os.path.basename(owner))[0])
+            self.renamed.setdefault(owner, {})[name] = f'{name}_of_{stem}'
+        self.files.append(path)
+        self._bytes += len(text)
+        self._texts[path] = text
+        for name in kept:
+            self._kept.setdefault(name, set()).add(path)
+        self._spoken |= spoken | kept
+        for name, owner in theirs:
+            self._kept[name].discard(owner)
+        for name in mine:
+            self._kept[name].discard(path)
+        return True
+
+
+def renameable(text, name):
+    """Whether every time that a source speaks a name of its own, it can only mean that."""
+    code = without_comments(text)
+    return not re.search(r'(?:\.|->|::)\s*' + name + r'\b', code) and \
+        not re.search(r'^\s*#.*\b' + name + r'\b', code, re.M)
+
+
+def with_names(text, renamed):
+    """The text with names of its own renamed, its comments and literals left alone."""
+    if not renamed:
+        return text
+    words = re.compile(r'\b(' + '|'.join(map(re.escape, renamed)) + r')\b')
+    pieces, at = [], 0
+    for match in _NO_CODE.finditer(text):
+        pieces += [words.sub(lambda word: renamed[word[1]], text[at:match.start()]), match[0]]
+        at = match.end()
+    return ''.join(pieces) + words.sub(lambda word: renamed[word[1]], text[at:])
+
+
+def groups(files, most=MOST_BYTES, rename=False):
+    """The files, compiled alike, in as few groups as can be joined, none longer than `most` bytes.
+
+    With `rename` the caller writes the texts himself (see with_names), so that only names that could
+    also mean something else keep two sources apart. What a source brings in by `using` counts as its
+    own then, so that it can be told whether that source needs it.
     """
     joined = []
     for path in sorted(files):
         with open(path, encoding='utf-8') as source:
             text = source.read()
-        kept, spoken = kept_and_spoken(text, kept_using)
-        folder, kind = os.path.dirname(path), os.path.splitext(path)[1]
-        for group in joined:
-            if (group['folder'], group['kind']) != (folder, kind) or group['bytes'] + len(text) > most:
-                continue
-            if kept & group['spoken'] or spoken & group['kept']:
-                continue
-            break
-        else:
-            group = {'folder': folder, 'kind': kind, 'bytes': 0, 'kept': set(), 'spoken': set(), 'files': []}
+        kept, spoken = kept_and_spoken(text, rename)
+        if not any(group.takes(path, text, kept, spoken, most, rename)
+                   for group in joined if group.kind == os.path.splitext(path)[1]):
+            group = Group(os.path.splitext(path)[1])
+            group.takes(path, text, kept, spoken, most, rename)
             joined.append(group)
-        group['files'].append(path)
-        group['bytes'] += len(text)
-        group['kept'] |= kept
-        group['spoken'] |= spoken
-    return [group['files'] for group in joined]
+    return joined
 
 
 if __name__ == '__main__':
@@ -128,4 +174,4 @@ if __name__ == '__main__':
     if arguments[:1] == ['--most']:
         most, arguments = int(arguments[1]), arguments[2:]
     for group in groups(arguments, most):
-        print(';'.join(group))
+        print(';'.join(group.files))

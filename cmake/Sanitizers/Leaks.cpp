@@ -9,9 +9,10 @@ extern "C" const char* __lsan_default_suppressions() {
 }
 
 extern "C" const char* __asan_default_options() {
-    return "detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1";
+    return "detect_leaks=1:detect_stack_use_after_return=1"
+           ":external_symbolizer_path=/usr/lib/llvm-19/bin/llvm-symbolizer";
 }
 
 extern "C" const char* __ubsan_default_options() {
-    return "print_stacktrace=1";
+    return "print_stacktrace=1:external_symbolizer_path=/usr/lib/llvm-19/bin/llvm-symbolizer";
 }

@@ -4,5 +4,6 @@
 extern "C" const char* __tsan_default_options();
 
 extern "C" const char* __tsan_default_options() {
-    return "ignore_noninstrumented_modules=1";
+    return "ignore_noninstrumented_modules=1"
+           ":external_symbolizer_path=/usr/lib/llvm-19/bin/llvm-symbolizer";
 }

@@ -6,6 +6,10 @@
 #include "ConfigFile/Transaction.h"
 
 #include <cstdio>
+#include <fmt/format.h>
+#include <span>
+#include <string>
+#include <vector>
 
 using namespace wendlow;
 
