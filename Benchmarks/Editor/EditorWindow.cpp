@@ -81,7 +81,7 @@ EditorWindow::EditorWindow(const std::string& gatewayName)
     : m_client(clientOf(gatewayName)), m_silent(QDBusConnection(QStringLiteral("none"))),
       m_application(surroundings(m_silent, m_client)),
       m_window(static_cast<QQuickWindow*>(&m_application.present(WindowKind::editor))) {
-    runUntil([this] { return root().answer().ready() && store().loaded(); });
+    runUntil([this] { return root().page().answer().ready() && store().loaded(); });
     rest();
 }
 

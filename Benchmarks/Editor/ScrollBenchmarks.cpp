@@ -2,6 +2,7 @@
 
 #include "EditorWindow.h"
 #include "FrameWork.h"
+#include "Memories/MemoryFaceModel.h"
 
 #include <benchmark/benchmark.h>
 
@@ -55,25 +56,26 @@ void report(benchmark::State& state, const FrameWork& frames) {
 class OpenList {
 public:
     OpenList() {
-        root.setOpenType(largestType());
+        face.open(largestType());
         editor.rest();
         runUntil([&] {
             // Rows that appear only now ask for their few.
-            EditorAsk ask = root.ask();
+            EditorAsk ask = root.page().ask();
             ask.limit = MemoriesModel::limitFor(rowsWanted);
             root.setAsk(ask);
-            return root.answer().ready() && root.answer().rows.size() >= rowsWanted;
+            return root.page().answer().ready() && root.page().answer().rows.size() >= rowsWanted;
         });
-        root.memories()->list()->reveal(root.answer().rows[rowsWanted - 1].memory.id);
-        root.memories()->list()->closeOpen();
+        face.list()->reveal(root.page().answer().rows[rowsWanted - 1].memory.id);
+        face.list()->closeOpen();
         editor.rest();
         list = editor.item(QStringLiteral("MemoryRows"));
     }
 
-    int count() const { return root.memories()->list()->lines()->rowCount(); }
+    int count() const { return face.list()->lines()->rowCount(); }
 
     EditorWindow editor{Gateways::practiceName};
     EditorRoot& root = editor.root();
+    MemoryFaceModel& face = static_cast<MemoryFaceModel&>(root.model(EditorFace::memory));
     QQuickItem* list = nullptr;
 
 private:

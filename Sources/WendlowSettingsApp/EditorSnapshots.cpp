@@ -36,11 +36,17 @@ public:
     }
 };
 
-int chipOf(FilterBarModel& bar, const QString& key) {
-    for (int row = 0; row < bar.chips()->rowCount(); ++row)
-        if (bar.chips()->row(row).id == key.toStdString())
-            return row;
-    return -1;
+/// That something takes long is shown only once it does.
+void waitUntilNoticed() {
+    constexpr int noticeable = 400;
+    for (const QDeadlineTimer limit(noticeable); !limit.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+}
+
+void showAllPlaces(RailModel& rail) {
+    for (int row = 0; row < rail.rowCount(); ++row)
+        if (rail.row(row).kind == RailRow::Kind::more)
+            rail.activate(row);
 }
 
 } // namespace
@@ -51,16 +57,15 @@ EditorSnapshots::EditorSnapshots(QQuickItem& content, EditorHost& host, EditorWo
 
 void EditorSnapshots::take() {
     const EditorWorld before = m_worlds.world();
-    takeDaemon("pending", std::make_shared<SilentGateway>());
-    takeDaemon("warming", std::make_shared<WarmingGateway>());
-    takeDaemon("failed", std::make_shared<UnimplementedGateway>());
+    takeDaemon(World::silent, std::make_shared<SilentGateway>());
+    takeDaemon(World::warming, std::make_shared<WarmingGateway>());
+    takeDaemon(World::refusing, std::make_shared<UnimplementedGateway>());
     m_worlds.switchWorld(EditorWorld::dayZero);
-    save("empty");
+    takeFaces(root(), World::empty);
     m_worlds.switchWorld(EditorWorld::powerUser);
-    takeMemories();
+    takeScopes();
+    takeFaces(root(), World::full);
     takeSearch();
-    root().setFace(EditorFace::mods);
-    save("blank");
     m_worlds.switchWorld(before);
 }
 
@@ -68,8 +73,7 @@ void EditorSnapshots::takeAtWidth(const QString& suffix) {
     const EditorWorld before = m_worlds.world();
     m_suffix = suffix;
     m_worlds.switchWorld(EditorWorld::powerUser);
-    save("grid");
-    takeTypes();
+    takeFaces(root(), World::full);
     takeSearch();
     m_worlds.switchWorld(before);
     m_suffix.clear();
@@ -79,56 +83,40 @@ void EditorSnapshots::save(const char* state, Focus focus) {
     m_save(QStringLiteral("editor-") + QLatin1String(state) + m_suffix, focus);
 }
 
-void EditorSnapshots::takeMemories() {
-    save("grid");
+void EditorSnapshots::takeFaces(EditorRoot& root, World world) {
+    for (const EditorFace face : EditorFaces::all) {
+        FacePictures pictures = root.model(face).pictures();
+        std::erase_if(pictures, [&](const FacePicture& picture) {
+            return picture.world != world ||
+                   (!m_suffix.isEmpty() && picture.widths == FacePicture::Widths::own);
+        });
+        if (!pictures.empty())
+            root.setFace(face);
+        for (const FacePicture& picture : pictures) {
+            if (picture.wholeRail)
+                showAllPlaces(*root.rail());
+            if (picture.stand)
+                picture.stand();
+            if (world != World::empty && world != World::full)
+                waitUntilNoticed();
+            save(picture.name);
+            if (picture.leave)
+                picture.leave();
+        }
+    }
+    root.setFace(EditorFaces::all.front());
+}
+
+void EditorSnapshots::takeScopes() {
     root().bar()->setPickerOpen(true);
     save("scopes");
     root().bar()->setPickerOpen(false);
-    EditorAsk ask = root().ask();
-    ask.scopes = {"/work/harbour"};
-    ask.term = "mooring";
-    root().setAsk(ask);
-    save("narrowed");
-    root().setAsk({.term = {}});
-    takeTypes();
-}
-
-void EditorSnapshots::takeTypes() {
-    RailModel& rail = *root().rail();
-    for (int row = 0; row < rail.rowCount(); ++row)
-        if (rail.row(row).kind == RailRow::Kind::more)
-            rail.activate(row);
-    root().setOpenType("decision");
-    MemoriesModel& list = *root().memories()->list();
-    list.toggle(1);
-    save("list");
-    list.toggle(1);
-    EditorAsk ask = root().ask();
-    ask.term = "backup";
-    root().setAsk(ask);
-    FilterBarModel& bar = *list.filters();
-    const QString key = QStringLiteral("owner");
-    if (chipOf(bar, key) >= 0) {
-        bar.togglePanel(key);
-        bar.toggleValue(0);
-        bar.toggleValue(1);
-    }
-    save("filtered");
-    ask.term = "zeppelin";
-    root().setAsk(ask);
-    bar.closePanel();
-    save("nothing-matches");
-    root().setAsk({.term = {}});
-
-    root().setOpenType("ticket");
-    save("grouped");
-    root().setOpenType(std::nullopt);
 }
 
 void EditorSnapshots::takeSearch() {
     type(QStringLiteral("backup"));
     save("search", Focus::kept);
-    root().clearSearch();
+    root().search()->clear();
 }
 
 /// As a person does, into the search field: the first stop of the focus in the window's content.
@@ -140,17 +128,12 @@ void EditorSnapshots::type(const QString& text) {
     }
 }
 
-void EditorSnapshots::takeDaemon(const char* state, std::shared_ptr<Gateway> gateway) {
+void EditorSnapshots::takeDaemon(World world, std::shared_ptr<Gateway> gateway) {
     auto& worlds = m_daemons.emplace_back(std::make_unique<EditorWorlds>(
         std::make_shared<InProcessClient>(std::move(gateway)), EditorWorld::realData));
     auto& host = m_hosts.emplace_back(std::make_unique<EditorHost>(*worlds));
-    host->root()->setOpenType("decision");
     m_content.setProperty("host", QVariant::fromValue(host.get()));
-    // That something takes long is shown only once it does.
-    constexpr int noticeable = 400;
-    for (const QDeadlineTimer limit(noticeable); !limit.hasExpired();)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    save(state);
+    takeFaces(*host->root(), world);
     m_content.setProperty("host", QVariant::fromValue(&m_host));
 }
 

@@ -11,8 +11,9 @@
 
 namespace wendlow {
 
-/// The states of the Editor's window, for pictures: those of the made-up worlds, and those of a
-/// daemon that is slow, still building its index, or refuses. UI thread.
+/// The states of the Editor's window, for pictures: those that its faces hand over, in the made-up
+/// worlds and over a daemon that is slow, still building its index, or refuses; and the window's
+/// own. UI thread.
 class EditorSnapshots final {
 public:
     enum class Focus { away, kept };
@@ -32,19 +33,22 @@ public:
     void takeAtWidth(const QString& suffix);
 
 private:
+    using World = FacePicture::World;
+
     EditorRoot& root() { return *m_host.root(); }
     void save(const char* state, Focus focus = Focus::away);
-    void takeMemories();
-    void takeTypes();
+    void takeDaemon(World world, std::shared_ptr<Gateway> gateway);
+    /// The pictures that the faces have of a world, which the root is over.
+    void takeFaces(EditorRoot& root, World world);
+    void takeScopes();
     void takeSearch();
     void type(const QString& text);
-    void takeDaemon(const char* state, std::shared_ptr<Gateway> gateway);
 
     QQuickItem& m_content;
     EditorHost& m_host;
     EditorWorlds& m_worlds;
     const Save m_save;
-    QString m_suffix;
+    QString m_suffix; ///< empty: the window has its own width
     // Faces look at these for a while after others have taken their place.
     std::vector<std::unique_ptr<EditorWorlds>> m_daemons;
     std::vector<std::unique_ptr<EditorHost>> m_hosts;

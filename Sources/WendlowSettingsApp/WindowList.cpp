@@ -33,8 +33,7 @@ QVariantMap giveEditor(WindowModels& models) {
 
 /// The Editor is there when it shows the counts of what is remembered, or that it cannot.
 bool isEditorComplete(WindowModels& models) {
-    EditorRoot& root = *models.editor().root();
-    return !root.memories()->cards()->rows().empty() || root.gaveUp();
+    return models.editor().root()->isFilled();
 }
 
 constexpr auto windows = std::to_array<WindowDescription>({

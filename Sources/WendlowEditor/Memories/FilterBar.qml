@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
-import WendlowEditor
+import WendlowEditorFloor
+import WendlowEditorMemories
 
 // The filters of a list: a chip for the scope and for each key, and below them the panel of the one that
 // is open.

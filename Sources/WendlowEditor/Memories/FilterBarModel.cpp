@@ -1,6 +1,6 @@
 #include "Memories/FilterBarModel.h"
 
-#include "Shell/RowText.h"
+#include "Floor/RowText.h"
 
 #include <algorithm>
 #include <utility>

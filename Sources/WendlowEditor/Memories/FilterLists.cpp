@@ -1,6 +1,6 @@
 #include "Memories/FilterLists.h"
 
-#include "Shell/RowText.h"
+#include "Floor/RowText.h"
 
 namespace wendlow {
 

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
-import WendlowEditor
+import WendlowEditorFloor
+import WendlowEditorMemories
 
 // The values of one filter to pick from, in columns.
 Rectangle {

@@ -2,7 +2,8 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import WendlowControls
-import WendlowEditor
+import WendlowEditorFloor
+import WendlowEditorMemories
 
 // The memories of one type: filters, the count and the order, and the rows.
 FocusScope {

@@ -1,7 +1,7 @@
 #include "Memories/MemoriesModel.h"
 
-#include "Shell/EditorWords.h"
-#include "Shell/RowText.h"
+#include "Floor/EditorWords.h"
+#include "Floor/RowText.h"
 
 #include <algorithm>
 #include <array>
@@ -26,13 +26,18 @@ std::int64_t MemoriesModel::limitFor(std::int64_t visibleCount) {
 }
 
 void MemoriesModel::show(const EditorAsk& ask, const SharedAnswer& answer,
-                         const SearchPage::Details& details, const std::string& term) {
+                         const MemoryDetails& details, const std::string& term) {
     const bool other = answer->ask && !(m_answer->ask && m_answer->ask->sameQuery(*answer->ask));
     const bool askIsNew = m_ask != ask;
     const bool answerIsNew = m_answer != answer;
     m_ask = ask;
     m_answer = answer;
     m_details = &details;
+    // Another question begins on its first page.
+    if (other) {
+        m_visibleCount = pageStep;
+        m_waitsForMore = false;
+    }
     if (std::exchange(m_term, term) != term)
         m_built = {};
     if (answerIsNew || askIsNew)
@@ -132,6 +137,9 @@ void MemoriesModel::serveAppeared() {
     }
     if (m_showSubline)
         m_requestDetails(ids);
+    // What is shown while another question is asked is not read on.
+    if (m_answer->ask && !m_answer->ask->sameQuery(m_ask))
+        return;
     const bool more = std::ssize(m_answer->rows) > m_visibleCount;
     m_waitsForMore = last && !more;
     if (last && more)

@@ -35,7 +35,7 @@ public:
     /// So much that the store is a page ahead.
     static std::int64_t limitFor(std::int64_t visibleCount);
 
-    void show(const EditorAsk& ask, const SharedAnswer& answer, const SearchPage::Details& details,
+    void show(const EditorAsk& ask, const SharedAnswer& answer, const MemoryDetails& details,
               const std::string& term);
     /// The first page, no panel, nothing opened.
     void startAfresh();
@@ -82,7 +82,7 @@ private:
     FilterBarModel m_filters;
     EditorAsk m_ask{.term = {}};
     SharedAnswer m_answer = std::make_shared<const EditorAnswer>();
-    const SearchPage::Details* m_details = nullptr;
+    const MemoryDetails* m_details = nullptr;
     std::string m_term;
     std::int64_t m_visibleCount = pageStep;
     bool m_showSubline = true;

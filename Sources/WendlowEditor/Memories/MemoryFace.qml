@@ -2,34 +2,31 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import WendlowControls
-import WendlowEditor
+import WendlowEditorFloor
+import WendlowEditorMemories
 
 // The memories: a card for each type, or what a type holds.
-FocusScope {
+FacePage {
     id: memory
 
     required property MemoryFaceModel face
-    required property int margin
-    required property int column
 
-    readonly property bool grid: memory.face.shape === "grid"
+    readonly property bool grid: memory.face.shape === MemoryFaceModel.Grid
     readonly property ListView list: lists.count > 0 ? (lists.itemAt(0) as MemoriesFace)?.list ?? null : groups.count > 0 ? (groups.itemAt(0) as StatusGroupedList)?.list ?? null : null
-    // Where the focus goes when the stage is entered by key: to the rows, if there are some or some to come.
-    readonly property Item first: !memory.face.reading && (memory.grid ? cards.count : memory.list?.count ?? 0) === 0 ? null : memory.grid ? cards : memory.list
 
-    // What failed, or was not ready, is to be tried once more.
-    signal triedAgain
+    // To the rows, if there are some or some to come.
+    first: !memory.face.reading && (memory.grid ? cards.count : memory.list?.count ?? 0) === 0 ? null : memory.grid ? cards : memory.list
 
     PageHead {
         id: head
         x: memory.margin
         y: 24
         width: memory.column
-        title: memory.face.title
+        title: memory.face.heading
         hasBack: !memory.grid
         backTo: qsTr("Memories")
         onBack: memory.face.close()
-        trailing: QuietProgress { running: memory.face.refreshing }
+        trailing: QuietProgress { running: memory.face.refreshing || memory.trying }
     }
     Strip {
         id: strip
@@ -62,7 +59,7 @@ FocusScope {
         }
         Repeater {
             id: lists
-            model: memory.face.shape === "list" ? 1 : 0
+            model: memory.face.shape === MemoryFaceModel.List ? 1 : 0
 
             MemoriesFace {
                 anchors.fill: below
@@ -74,7 +71,7 @@ FocusScope {
         }
         Repeater {
             id: groups
-            model: memory.face.shape === "groups" ? 1 : 0
+            model: memory.face.shape === MemoryFaceModel.Groups ? 1 : 0
 
             StatusGroupedList {
                 anchors.fill: below

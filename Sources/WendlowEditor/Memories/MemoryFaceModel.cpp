@@ -1,15 +1,15 @@
 #include "Memories/MemoryFaceModel.h"
 
-#include "Shell/EditorWords.h"
-#include "Shell/RowText.h"
+#include "Floor/EditorWords.h"
+#include "Floor/RowText.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace wendlow {
 
-MemoryFaceModel::MemoryFaceModel(Actions actions)
-    : m_actions(std::move(actions)),
+MemoryFaceModel::MemoryFaceModel(PageSource& source, FaceActions actions)
+    : m_source(source), m_actions(std::move(actions)),
       m_list(m_actions.ask, m_actions.requestDetails, m_actions.today),
       m_groups(m_actions.requestDetails, m_actions.today) {}
 
@@ -17,9 +17,18 @@ bool MemoryFaceModel::isWorkItem(std::string_view type) {
     return type == "ticket" || type == "focus";
 }
 
-void MemoryFaceModel::show(State state) {
-    m_openType = state.openType;
-    m_answer = std::move(state.answer);
+QUrl MemoryFaceModel::page() const {
+    return QUrl(QStringLiteral("qrc:/qt/qml/WendlowEditorMemories/MemoryFace.qml"));
+}
+
+void MemoryFaceModel::show(const FaceView& view) {
+    m_ask = view.ask;
+    m_answer = view.answer;
+    m_counted = view.counted;
+    // What was found may be another now, or gone.
+    if (std::exchange(m_generation, view.generation) != view.generation)
+        m_found.reset();
+    keepCensus(view);
     // While another type is being read, what is still here is that of the one before.
     if (m_answer->ask && m_answer->ask->type != m_openType) {
         EditorAnswer nothingYet;
@@ -27,15 +36,25 @@ void MemoryFaceModel::show(State state) {
         m_answer = std::make_shared<const EditorAnswer>(std::move(nothingYet));
     }
     placeFound();
-    m_cards.show(state.standing, *m_answer);
+    m_cards.show(m_source.memoryTypeCounts(), m_census);
     // Only the shape that is shown is kept up to date.
-    const std::string& term = m_markedTerm.empty() ? state.ask.term : m_markedTerm;
+    const std::string& term = m_markedTerm.empty() ? m_ask.term : m_markedTerm;
     if (m_openType && isWorkItem(*m_openType))
-        m_groups.show(m_answer, state.details, term);
+        m_groups.show(m_answer, view.details, term);
     else if (m_openType)
-        m_list.show(state.ask, m_answer, state.details, term);
+        m_list.show(m_ask, m_answer, view.details, term);
     Q_EMIT changed();
     serveReveal();
+}
+
+void MemoryFaceModel::keepCensus(const FaceView& view) {
+    if (const auto& answered = view.answer->ask; answered && answered->kind == EditorKind::memory) {
+        m_census.narrowed = view.answer->narrowed;
+        m_census.typeCounts = view.answer->typeCounts;
+        m_censusScopes = answered->scopes;
+    }
+    if (m_censusScopes != view.ask.scopes)
+        m_census = {};
 }
 
 void MemoryFaceModel::startAfresh() {
@@ -46,9 +65,74 @@ void MemoryFaceModel::startAfresh() {
     m_markedTerm.clear();
 }
 
-void MemoryFaceModel::reveal(EditorMemoryHit hit, std::string term) {
-    m_wanted = std::move(hit);
-    m_markedTerm = std::move(term);
+void MemoryFaceModel::applyType(std::optional<std::string> type, EditorAsk& ask) {
+    if (type == m_openType)
+        return;
+    m_openType = std::move(type);
+    startAfresh();
+    ask.type = m_openType;
+    ask.filters.clear();
+    ask.limit = EditorAsk::page;
+    ask.offset = 0;
+}
+
+void MemoryFaceModel::open(std::optional<std::string> type) {
+    EditorAsk next = m_ask;
+    applyType(std::move(type), next);
+    m_actions.ask(std::move(next));
+}
+
+void MemoryFaceModel::leave(EditorAsk& ask) {
+    applyType(std::nullopt, ask);
+    startAfresh();
+}
+
+void MemoryFaceModel::openPlace(const std::string& place, EditorAsk& ask) {
+    applyType(place.empty() ? std::nullopt : std::optional(place), ask);
+}
+
+void MemoryFaceModel::reveal(const FoundHit& found, EditorAsk& ask) {
+    const auto* const place = std::get_if<SearchDestination::Memory>(&found.hit.destination);
+    if (place == nullptr)
+        return;
+    applyType(place->type, ask);
+    if (!found.memory)
+        return;
+    m_wanted = found.memory;
+    m_markedTerm = found.term;
+}
+
+std::optional<std::int64_t> MemoryFaceModel::railCount() const {
+    // Before anything has been read, none is not a number of things.
+    const auto& standing = m_source.memoryTypeCounts();
+    return m_counted || !standing.empty() ? std::optional(RailCounts::memories(standing))
+                                          : std::nullopt;
+}
+
+std::vector<RailRow> MemoryFaceModel::railRows() const {
+    std::vector<EditorCount> ordinary;
+    for (const EditorCount& type : m_source.memoryTypeCounts())
+        if (!RailCounts::isGoverned(type.name))
+            ordinary.push_back(type);
+    RailRow all;
+    all.kind = RailRow::Kind::heading;
+    all.title = "MEMORIES";
+    all.spoken = EditorFaces::title(face());
+    all.count = railCount();
+    std::vector<RailRow> rows{std::move(all)};
+    for (const TypeShelfRow& type : TypeShelf::rows(ordinary, m_census)) {
+        RailRow row;
+        row.place = type.name;
+        row.kind = RailRow::Kind::place;
+        row.title = TypeWords::pluralized(type.name);
+        row.count = type.count;
+        row.dimmed = type.matchedNothing;
+        row.here = isOpen() && m_openType == type.name;
+        rows.push_back(std::move(row));
+    }
+    // An open type that is not counted is somewhere among them.
+    rows.front().here = isOpen() && std::ranges::none_of(rows, &RailRow::here);
+    return rows;
 }
 
 void MemoryFaceModel::placeFound() {
@@ -90,7 +174,7 @@ void MemoryFaceModel::serveReveal() {
 
 void MemoryFaceModel::openCard(int index) {
     if (m_cards.holds(index))
-        m_actions.open(m_cards.row(index).id);
+        open(m_cards.row(index).id);
 }
 
 bool MemoryFaceModel::back() {
@@ -104,15 +188,14 @@ bool MemoryFaceModel::back() {
     return true;
 }
 
-QString MemoryFaceModel::shape() const {
+MemoryFaceModel::Shape MemoryFaceModel::shape() const {
     if (!m_openType)
-        return QStringLiteral("grid");
-    return isWorkItem(*m_openType) ? QStringLiteral("groups") : QStringLiteral("list");
+        return Grid;
+    return isWorkItem(*m_openType) ? Groups : List;
 }
 
-QString MemoryFaceModel::title() const {
-    return m_openType ? RowText::line(TypeWords::pluralized(*m_openType))
-                      : QStringLiteral("Memories");
+QString MemoryFaceModel::heading() const {
+    return m_openType ? RowText::line(TypeWords::pluralized(*m_openType)) : title();
 }
 
 QString MemoryFaceModel::emptyWords() const {

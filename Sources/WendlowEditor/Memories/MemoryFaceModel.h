@@ -1,20 +1,24 @@
 #pragma once
 
+#include "Floor/FaceModel.h"
 #include "Memories/MemoriesModel.h"
 #include "Memories/StatusGroupedModel.h"
 #include "Memories/TypeCards.h"
+#include "Store/PageSource.h"
+
+#include <set>
 
 namespace wendlow {
 
 /// The first face of the window: a card for each type, or the memories of the type that is open,
-/// work items by their status. UI thread.
-class MemoryFaceModel final : public QObject {
+/// work items by their status. UI thread; the source must outlive it.
+class MemoryFaceModel final : public FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")
-    /// "grid", "list" or "groups".
-    Q_PROPERTY(QString shape READ shape NOTIFY changed)
-    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(Shape shape READ shape NOTIFY changed)
+    /// Of what is open.
+    Q_PROPERTY(QString heading READ heading NOTIFY changed)
     Q_PROPERTY(wendlow::TypeCards* cards READ cards CONSTANT)
     Q_PROPERTY(wendlow::MemoriesModel* list READ list CONSTANT)
     Q_PROPERTY(wendlow::StatusGroupedModel* groups READ groups CONSTANT)
@@ -28,41 +32,41 @@ class MemoryFaceModel final : public QObject {
     Q_PROPERTY(bool stripWarns READ stripWarns NOTIFY changed)
 
 public:
-    struct Actions {
-        FilterBarModel::ChangeAsk ask;
-        std::function<void(std::optional<std::string>)> open;
-        MemoriesModel::RequestDetails requestDetails;
-        MemoryLines::Today today;
+    enum Shape {
+        Grid,
+        List,
+        Groups, ///< by status
     };
-    struct State {
-        const EditorAsk& ask;
-        SharedAnswer answer;
-        const std::vector<EditorCount>& standing;
-        const std::optional<std::string>& openType;
-        const SearchPage::Details& details;
-    };
+    Q_ENUM(Shape)
 
-    explicit MemoryFaceModel(Actions actions);
+    MemoryFaceModel(PageSource& source, FaceActions actions);
 
     static bool isWorkItem(std::string_view type);
 
-    void show(State state);
-    /// Another type is open now.
-    void startAfresh();
-    /// Opens a memory that a search found as soon as its type has been read, with the words of
-    /// `term` marked. Where it is not among the rows that were read, it stands in front of them
-    /// until another question is asked.
-    void reveal(EditorMemoryHit hit, std::string term);
-    /// What was found may be another now, or gone.
-    void forgetFound() { m_found.reset(); }
+    EditorFace face() const override { return EditorFace::memory; }
+    QUrl page() const override;
+    bool sharesScopes() const override { return true; }
+    void show(const FaceView& view) override;
+    void leave(EditorAsk& ask) override;
+    bool back() override;
+    /// Opens a memory that a search found as soon as its type has been read, with the words of the
+    /// term marked. Where it is not among the rows that were read, it stands in front of them until
+    /// another question is asked.
+    void reveal(const FoundHit& found, EditorAsk& ask) override;
+    std::vector<RailRow> railRows() const override;
+    std::optional<std::int64_t> railCount() const override;
+    /// A type; none: all of them.
+    void openPlace(const std::string& place, EditorAsk& ask) override;
+    bool isFilled() const override { return !m_cards.rows().empty(); }
+    FacePictures pictures() override;
 
+    void open(std::optional<std::string> type);
     Q_INVOKABLE void openCard(int index);
-    Q_INVOKABLE void close() { m_actions.open(std::nullopt); }
-    /// One step back from what is open. Gives whether there was one.
-    bool back();
+    Q_INVOKABLE void close() { open(std::nullopt); }
 
-    QString shape() const;
-    QString title() const;
+    const std::optional<std::string>& openType() const { return m_openType; }
+    Shape shape() const;
+    QString heading() const;
     TypeCards* cards() { return &m_cards; }
     MemoriesModel* list() { return &m_list; }
     StatusGroupedModel* groups() { return &m_groups; }
@@ -83,14 +87,24 @@ private:
         SharedAnswer under = nullptr; ///< the same without it
     };
 
+    void startAfresh();
+    void applyType(std::optional<std::string> type, EditorAsk& ask);
+    void keepCensus(const FaceView& view);
     void placeFound();
     void serveReveal();
 
-    const Actions m_actions;
+    PageSource& m_source;
+    const FaceActions m_actions;
     TypeCards m_cards;
     MemoriesModel m_list;
     StatusGroupedModel m_groups;
+    EditorAsk m_ask{.term = {}};
     SharedAnswer m_answer = std::make_shared<const EditorAnswer>();
+    /// What the last answer about memories counted of each type. Also moments are answered for.
+    EditorAnswer m_census;
+    std::set<std::string> m_censusScopes;
+    bool m_counted = false;
+    std::int64_t m_generation = 0;
     std::optional<std::string> m_openType;
     std::optional<EditorMemoryHit> m_wanted; ///< still to be opened
     std::optional<Found> m_found;

@@ -1,8 +1,8 @@
 #include "Memories/MemoryLines.h"
 
+#include "Floor/RowText.h"
+#include "Floor/TextMatch.h"
 #include "Memories/EditorDayFormat.h"
-#include "Search/TextMatch.h"
-#include "Shell/RowText.h"
 
 #include <string_view>
 #include <unordered_map>
@@ -59,8 +59,7 @@ std::string_view MemoryLine::memoryID() const {
     return std::string_view(id).substr(memoryPrefix.size());
 }
 
-void MemoryLines::fill(MemoryLine& line, const MemoryLine* before,
-                       const SearchPage::Details& details) {
+void MemoryLines::fill(MemoryLine& line, const MemoryLine* before, const MemoryDetails& details) {
     if (line.head)
         return;
     const auto known = details.find(line.memoryID());
@@ -73,7 +72,7 @@ void MemoryLines::fill(MemoryLine& line, const MemoryLine* before,
     line.missing = asked && !line.detail;
 }
 
-void MemoryLines::show(std::vector<MemoryLine> lines, const SearchPage::Details& details,
+void MemoryLines::show(std::vector<MemoryLine> lines, const MemoryDetails& details,
                        const std::string& term) {
     std::unordered_map<std::string_view, const MemoryLine*> before;
     for (const MemoryLine& line : rows())
@@ -99,7 +98,7 @@ void MemoryLines::noteUnknown(int from) {
             m_unknown.push_back(at);
 }
 
-void MemoryLines::append(std::vector<MemoryLine> lines, const SearchPage::Details& details) {
+void MemoryLines::append(std::vector<MemoryLine> lines, const MemoryDetails& details) {
     for (MemoryLine& line : lines)
         fill(line, nullptr, details);
     const int from = rowCount();
@@ -107,18 +106,18 @@ void MemoryLines::append(std::vector<MemoryLine> lines, const SearchPage::Detail
     noteUnknown(from);
 }
 
-void MemoryLines::change(int index, MemoryLine line, const SearchPage::Details& details) {
+void MemoryLines::change(int index, MemoryLine line, const MemoryDetails& details) {
     fill(line, &row(index), details);
     KeyedListModel::change(index, std::move(line));
 }
 
 /// Nothing is to be said of it that it does not show.
-bool MemoryLines::isUpToDate(const MemoryLine& line, const SearchPage::Details& details) {
+bool MemoryLines::isUpToDate(const MemoryLine& line, const MemoryDetails& details) {
     return line.head || (!details.contains(line.memoryID()) && !line.missing &&
                          line.stale == line.detail.has_value());
 }
 
-void MemoryLines::learn(const SearchPage::Details& details) {
+void MemoryLines::learn(const MemoryDetails& details) {
     // Details go only all at once. Otherwise a long list would be looked through for each few.
     if (details.size() < m_known) {
         m_unknown.clear();

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Floor/MemoryDetails.h"
 #include "KeyedListModel.h"
 #include "Model/EditorMemory.h"
-#include "Search/SearchPage.h"
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
@@ -72,24 +72,22 @@ public:
     explicit MemoryLines(Today today) : m_today(std::move(today)) {}
 
     /// `term`: what the words are marked for.
-    void show(std::vector<MemoryLine> lines, const SearchPage::Details& details,
-              const std::string& term);
+    void show(std::vector<MemoryLine> lines, const MemoryDetails& details, const std::string& term);
     /// Shows these memories behind the lines that are there, which are not looked at. The term
     /// stays.
-    void append(std::vector<MemoryLine> lines, const SearchPage::Details& details);
+    void append(std::vector<MemoryLine> lines, const MemoryDetails& details);
     /// Shows this in place of the line of this index, of the same memory.
-    void change(int index, MemoryLine line, const SearchPage::Details& details);
+    void change(int index, MemoryLine line, const MemoryDetails& details);
     /// Takes over what has come to be known, or is known no more.
-    void learn(const SearchPage::Details& details);
+    void learn(const MemoryDetails& details);
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
 private:
     /// Gives a line its why and body: those that are known, else those of the line before it.
-    static void fill(MemoryLine& line, const MemoryLine* before,
-                     const SearchPage::Details& details);
-    static bool isUpToDate(const MemoryLine& line, const SearchPage::Details& details);
+    static void fill(MemoryLine& line, const MemoryLine* before, const MemoryDetails& details);
+    static bool isUpToDate(const MemoryLine& line, const MemoryDetails& details);
     void noteUnknown(int from);
     std::string subline(const MemoryLine& line) const;
 

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
-import WendlowEditor
+import WendlowEditorFloor
+import WendlowEditorMemories
 
 // One memory: its title and what it is for, its day; opened, its why and body. Or the head of a group.
 T.ItemDelegate {

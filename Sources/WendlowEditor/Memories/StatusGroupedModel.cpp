@@ -1,6 +1,6 @@
 #include "Memories/StatusGroupedModel.h"
 
-#include "Shell/EditorWords.h"
+#include "Floor/EditorWords.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,7 +20,7 @@ std::string headID(const std::string& status) {
 StatusGroupedModel::StatusGroupedModel(RequestDetails requestDetails, MemoryLines::Today today)
     : m_requestDetails(std::move(requestDetails)), m_lines(std::move(today)) {}
 
-void StatusGroupedModel::show(const SharedAnswer& answer, const SearchPage::Details& details,
+void StatusGroupedModel::show(const SharedAnswer& answer, const MemoryDetails& details,
                               const std::string& term) {
     m_answer = answer;
     m_details = &details;

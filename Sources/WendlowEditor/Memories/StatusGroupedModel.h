@@ -25,8 +25,7 @@ public:
 
     StatusGroupedModel(RequestDetails requestDetails, MemoryLines::Today today);
 
-    void show(const SharedAnswer& answer, const SearchPage::Details& details,
-              const std::string& term);
+    void show(const SharedAnswer& answer, const MemoryDetails& details, const std::string& term);
     /// All groups are open, the archive and every memory are closed.
     void startAfresh();
     /// Opens a memory of the answer that is shown; false: it is not there.
@@ -56,7 +55,7 @@ private:
     const RequestDetails m_requestDetails;
     MemoryLines m_lines;
     SharedAnswer m_answer = std::make_shared<const EditorAnswer>();
-    const SearchPage::Details* m_details = nullptr;
+    const MemoryDetails* m_details = nullptr;
     std::string m_term;
     std::set<std::string> m_closed; ///< ids of heads
     bool m_showArchived = false;

@@ -1,6 +1,6 @@
 #include "Memories/TypeCards.h"
 
-#include "Shell/RowText.h"
+#include "Floor/RowText.h"
 
 namespace wendlow {
 

@@ -1,8 +1,8 @@
 #include "Search/SearchPage.h"
 
 #include "DateWords.h"
+#include "Floor/TextMatch.h"
 #include "Model/EditorRail.h"
-#include "Search/TextMatch.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -157,7 +157,7 @@ SearchSections SearchPage::build(const Found& found) {
 }
 
 std::string SearchPage::memorySubtitle(const EditorMemoryHit& hit, std::string_view term,
-                                       const Details& details) {
+                                       const MemoryDetails& details) {
     std::string fallback = joined({hit.memory.type, hit.scopeID}, between);
     const auto detail = details.find(hit.memory.id);
     if (detail == details.end() || !detail->second || standsIn(term, hit.memory.title))

@@ -1,32 +1,35 @@
 import QtQuick
 import WendlowControls
+import WendlowEditor
+import WendlowEditorFloor
 
 // A face that has nothing of its own to show says so in one sentence.
-Item {
+FacePage {
     id: blank
 
-    required property string title
-    required property string text
-    required property bool failed
-
-    // What failed is to be tried once more.
-    signal triedAgain
+    required property BlankFace face
 
     EmptyState {
         id: words
         anchors.centerIn: parent
         width: Math.min(parent.width - 2 * Theme.space32, 440)
-        iconName: blank.failed ? "warn" : "clock"
-        failed: blank.failed
-        text: blank.text
+        iconName: blank.face.gaveUp ? "warn" : "clock"
+        failed: blank.face.gaveUp
+        text: blank.face.words
     }
     Button {
         anchors.top: words.bottom
         anchors.topMargin: Theme.space16
         anchors.horizontalCenter: parent.horizontalCenter
-        visible: blank.failed
+        visible: blank.face.gaveUp && !blank.trying
         small: true
         text: qsTr("Try again")
         onClicked: blank.triedAgain()
+    }
+    QuietProgress {
+        anchors.top: words.bottom
+        anchors.topMargin: Theme.space16
+        anchors.horizontalCenter: parent.horizontalCenter
+        running: blank.trying
     }
 }

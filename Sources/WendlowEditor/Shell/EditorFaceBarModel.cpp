@@ -1,6 +1,6 @@
 #include "Shell/EditorFaceBarModel.h"
 
-#include "Shell/RowText.h"
+#include "Floor/RowText.h"
 
 #include <algorithm>
 #include <utility>

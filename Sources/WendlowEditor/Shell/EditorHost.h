@@ -3,13 +3,14 @@
 #include "Shell/EditorRoot.h"
 #include "Shell/EditorWorlds.h"
 
-#include <deque>
 #include <memory>
+#include <vector>
 
 namespace wendlow {
 
 /// What the Editor's window shows: a root over the store of the world in force, a new one for each
-/// world. UI thread; the worlds must outlive it.
+/// world. The one before stays as long as a view of it is there. UI thread; the worlds must outlive
+/// it.
 class EditorHost final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -27,10 +28,11 @@ Q_SIGNALS:
 
 private:
     void renew();
+    void letGo();
 
     EditorWorlds& m_worlds;
     const EditorClocks m_clocks;
-    std::deque<std::unique_ptr<EditorRoot>> m_before;
+    std::vector<std::unique_ptr<EditorRoot>> m_before; ///< that are still looked at
     std::unique_ptr<EditorRoot> m_root;
 };
 

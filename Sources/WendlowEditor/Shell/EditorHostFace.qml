@@ -19,6 +19,7 @@ FocusScope {
 
             anchors.fill: face
             root: view.modelData as EditorRoot
+            Component.onCompleted: view.root.seenBy(view)
             focus: true
         }
     }

@@ -1,280 +1,187 @@
 #include "Shell/EditorRoot.h"
 
-#include "Shell/EditorWords.h"
-#include "Shell/FlatScopes.h"
+#include "Floor/FlatScopes.h"
 
-#include <algorithm>
+#include <QQmlEngine>
+
 #include <utility>
 
 namespace wendlow {
 
-namespace {
-
-bool sharesScopes(EditorFace face) {
-    return face == EditorFace::memory || face == EditorFace::moments;
-}
-
-} // namespace
-
-EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks)
-    : m_store(store), m_generation(store.generation()), m_details(store.pages()),
-      m_search(store, m_details, std::move(clocks.steady)),
-      m_rail({.openMemories =
-                  [this](std::optional<std::string> type) {
-                      applyFace(EditorFace::memory);
-                      applyType(std::move(type));
-                      settle();
+EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks, const MakeFaces& makeFaces)
+    : m_store(store), m_page(store), m_search({.pages = store.pages(),
+                                               .meetings = store.meetings(),
+                                               .mods = store.mods(),
+                                               .scopes = store.scopes()},
+                                              m_page.details(), std::move(clocks.steady)),
+      m_faces(makeFaces(store, {.ask = [this](EditorAsk ask) { setAsk(std::move(ask)); },
+                                .requestDetails =
+                                    [this](const std::vector<std::string>& ids) {
+                                        m_page.details().request(ids, EditorAsker::page);
+                                    },
+                                .today = std::move(clocks.today)})),
+      m_rail({.open =
+                  [this](EditorFace face, const std::string& place) {
+                      applyFace(face);
+                      change([&](EditorAsk& ask) { openFace()->openPlace(place, ask); });
+                      m_page.settle();
                   },
-              .openFace = [this](EditorFace face) { setFace(face); },
-              .moveSearch = [this](int by) -> std::optional<bool> {
+              .takeArrow = [this](int by) -> std::optional<bool> {
                   if (!m_search.searching())
                       return std::nullopt;
-                  return m_search.move(by < 0 ? SearchPage::Move::up : SearchPage::Move::down);
+                  m_search.moveBy(by);
+                  return true;
               }}),
       m_bar({.pick =
                  [this](std::set<std::string> scopes) {
-                     EditorAsk next = m_ask;
+                     EditorAsk next = m_page.ask();
                      next.scopes = std::move(scopes);
                      setAsk(std::move(next));
                  },
-             .manageScopes = [this] { setFace(EditorFace::scopes); }}),
-      m_memories(
-          {.ask = [this](EditorAsk ask) { setAsk(std::move(ask)); },
-           .open = [this](std::optional<std::string> type) { setOpenType(std::move(type)); },
-           .requestDetails = [this](const std::vector<std::string>& ids) { requestDetails(ids); },
-           .today = std::move(clocks.today)}) {
+             .manageScopes = [this] { setFace(EditorFace::scopes); }}) {
+    for (const auto& face : m_faces) {
+        QQmlEngine::setObjectOwnership(face.get(), QQmlEngine::CppOwnership);
+        connect(face.get(), &FaceModel::modalChanged, this, &EditorRoot::changed);
+    }
+    openFace()->setOpen(true);
     connect(&m_store, &EditorStore::changed, this, &EditorRoot::storeChanged);
-    connect(&m_details, &EditorDetails::changed, this, [this] {
-        showMemories();
-        Q_EMIT changed();
-    });
+    connect(&m_page, &EditorPage::changed, this, &EditorRoot::publish);
+    connect(&m_page.details(), &EditorDetails::changed, this, &EditorRoot::showFaces);
     connect(&m_search, &EditorSearch::changed, this, &EditorRoot::changed);
+    connect(&m_search, &EditorSearch::opened, this, [this](const FoundHit& found, bool byKey) {
+        open(found);
+        if (byKey)
+            Q_EMIT arrived();
+    });
+    showScopes();
     // In this order: the link serves one at a time, and the page is what is waited for.
-    settle();
+    m_page.settle();
     m_store.meetings().loadMeetings();
 }
 
-EditorRoot::~EditorRoot() {
-    m_life.end();
-}
+EditorRoot::~EditorRoot() = default;
 
 void EditorRoot::retire() {
     disconnect(&m_store, nullptr, this, nullptr);
-    m_search.clear();
-    m_details.clear();
-    ++m_task;
+    m_page.retire();
+    m_search.retire();
 }
 
-EditorQueryKey EditorRoot::queryKey() const {
-    return {.world = m_store.world(), .generation = m_store.generation(), .ask = m_ask};
+void EditorRoot::seenBy(QObject* view) {
+    ++m_views;
+    connect(view, &QObject::destroyed, this, [this] {
+        if (--m_views == 0)
+            Q_EMIT unseen();
+    });
 }
 
-void EditorRoot::storeChanged() {
-    if (std::exchange(m_generation, m_store.generation()) != m_store.generation()) {
-        m_memories.forgetFound();
-        m_details.clear();
-    }
-    settle();
-    m_search.rebuild();
+void EditorRoot::storeChanged(EditorChanges what) {
+    if (what.testFlag(EditorChange::scopes))
+        showScopes();
+    m_trying = m_trying && m_store.loading();
+    m_page.storeChanged(what);
+    if (what & (EditorChange::scopes | EditorChange::meetings | EditorChange::mods))
+        m_search.rebuild();
+    // Behind the page, for that is what is waited for.
+    if (what.testFlag(EditorChange::generation))
+        m_search.fetchDetails();
 }
 
-void EditorRoot::settle() {
-    if (m_asked != queryKey())
-        requery();
-    else
-        publish();
-}
-
-void EditorRoot::requery() {
-    m_asked = queryKey();
-    take(m_answer.awaitingRefresh());
-    // Runs on by itself, and ends by itself where this goes or another key comes.
-    [[maybe_unused]] const auto task = run(*m_asked);
-}
-
-QCoro::Task<> EditorRoot::run(EditorQueryKey key) {
-    const Lifetime::Watch life = m_life.watch();
-    const std::uint64_t number = ++m_task;
-    EditorAnswer answer = co_await m_store.pages().query(key.ask, EditorAsker::page);
-    if (!life.expired() && number == m_task && queryKey() == key && answer.ask == key.ask)
-        take(std::move(answer));
-}
-
-void EditorRoot::take(EditorAnswer answer) {
-    m_answer = std::move(answer);
-    refreshShown();
-    publish();
-}
-
-void EditorRoot::refreshShown() {
-    m_shownError = m_store.storeError();
-    EditorAnswer answer = m_answer;
-    if (m_shownError && answer.ready())
-        answer.state = EditorAnswerStateCase::Failed{*m_shownError};
-    m_shown = std::make_shared<const EditorAnswer>(std::move(answer));
+void EditorRoot::showScopes() {
+    m_scopePaths = FlatScopes::paths(m_store.scopes().rootScope());
 }
 
 void EditorRoot::publish() {
-    if (m_shownError != m_store.storeError())
-        refreshShown();
-    const auto scopes = FlatScopes::paths(m_store.scopes().rootScope());
-    m_rail.show(railState(std::ssize(scopes)));
-    m_bar.show(scopes, m_ask.scopes);
-    showMemories();
+    showFaces();
+    std::vector<std::pair<EditorFace, std::vector<RailRow>>> rows;
+    for (const auto& face : m_faces)
+        rows.emplace_back(face->face(), face->railRows());
+    m_rail.show(std::move(rows));
+    m_bar.show(m_scopePaths, m_page.ask().scopes);
     Q_EMIT changed();
 }
 
-void EditorRoot::showMemories() {
-    m_memories.show({.ask = m_ask,
-                     .answer = m_shown,
-                     .standing = m_store.pages().memoryTypeCounts(),
-                     .openType = m_openType,
-                     .details = m_details.known()});
+void EditorRoot::showFaces() {
+    const FaceView view{.ask = m_page.ask(),
+                        .answer = m_page.shown(),
+                        .counted = m_page.answer().ready(),
+                        .generation = m_store.generation(),
+                        .details = m_page.details().known()};
+    for (const auto& face : m_faces)
+        face->show(view);
 }
 
-RailState EditorRoot::railState(std::int64_t scopes) const {
-    RailState state{.standing = m_store.pages().memoryTypeCounts(),
-                    .answer = {},
-                    .face = m_face,
-                    .openType = m_openType,
-                    .meetings = m_store.meetings().meetingCount(),
-                    .moments = m_store.pages().momentCount(),
-                    .mods = std::nullopt,
-                    .scopes = scopes};
-    // The rail needs the counts alone, and not a page of rows.
-    state.answer.state = m_answer.state;
-    state.answer.narrowed = m_answer.narrowed;
-    state.answer.typeCounts = m_answer.typeCounts;
-    if (const auto& board = m_store.mods().modsBoard())
-        state.mods = std::ssize(board->mods);
-    return state;
+template<class Call> void EditorRoot::change(const Call& call) {
+    EditorAsk ask = m_page.ask();
+    call(ask);
+    m_page.setAsk(std::move(ask));
 }
 
 void EditorRoot::setAsk(EditorAsk ask) {
-    m_ask = std::move(ask);
-    settle();
-}
-
-void EditorRoot::setOpenType(std::optional<std::string> type) {
-    applyType(std::move(type));
-    settle();
+    m_page.setAsk(std::move(ask));
+    m_page.settle();
 }
 
 void EditorRoot::setFace(EditorFace face) {
     applyFace(face);
-    settle();
-}
-
-void EditorRoot::applyType(std::optional<std::string> type) {
-    if (type == m_openType)
-        return;
-    m_openType = std::move(type);
-    m_memories.startAfresh();
-    m_ask.type = m_openType;
-    m_ask.filters.clear();
-    m_ask.limit = EditorAsk::page;
-    m_ask.offset = 0;
+    m_page.settle();
 }
 
 void EditorRoot::applyFace(EditorFace face) {
-    const EditorFace before = std::exchange(m_face, face);
     // A place of the rail leads out of the search, the place that is open too.
     if (!m_search.text().isEmpty())
         m_search.clear();
-    if (face == before)
+    if (face == m_face)
         return;
     m_bar.setPickerOpen(false);
-    m_ask.kind = face == EditorFace::moments ? EditorKind::moment : EditorKind::memory;
-    if (before == EditorFace::memory)
-        applyType(std::nullopt);
-    if (!sharesScopes(before) || !sharesScopes(face)) {
-        m_ask.scopes.clear();
-        m_ask.sort.reset();
-    }
-    m_ask.filters.clear();
-    m_ask.limit = EditorAsk::page;
-    m_ask.offset = 0;
-    m_memories.startAfresh();
+    change([&](EditorAsk& ask) {
+        FaceModel& before = *openFace();
+        FaceModel& next = model(face);
+        before.leave(ask);
+        ask.kind = next.kind();
+        if (!before.sharesScopes() || !next.sharesScopes()) {
+            ask.scopes.clear();
+            ask.sort.reset();
+        }
+        ask.filters.clear();
+        ask.limit = EditorAsk::page;
+        ask.offset = 0;
+        m_face = face;
+        before.setOpen(false);
+        next.setOpen(true);
+        next.appear(ask);
+    });
 }
 
-bool EditorRoot::beginsSearch(const QString& typed) {
-    return !typed.isEmpty() && typed.at(0).isPrint() && !typed.at(0).isSpace();
+void EditorRoot::open(const FoundHit& found) {
+    applyFace(found.hit.face());
+    change([&](EditorAsk& ask) { openFace()->reveal(found, ask); });
+    m_page.settle();
 }
 
-void EditorRoot::clearSearch() {
-    m_search.clear();
+bool EditorRoot::beginsSearch(const QString& typed) const {
+    return !isModal() && !typed.isEmpty() && typed.at(0).isPrint() && !typed.at(0).isSpace();
 }
 
-void EditorRoot::commitSearchSelection() {
-    openHit(m_search.selectionIndex());
-}
-
-void EditorRoot::openHit(int index) {
-    if (const SearchHit* const hit = m_search.hit(index))
-        open(SearchHit(*hit));
-}
-
-void EditorRoot::open(const SearchHit& hit) {
-    const std::string term = m_search.term();
-    const auto found = m_search.memory(SearchPage::memoryOf(hit));
-    clearSearch();
-    if (const auto* const memory = std::get_if<SearchDestination::Memory>(&hit.destination)) {
-        applyFace(EditorFace::memory);
-        applyType(memory->type);
-        if (found)
-            m_memories.reveal(*found, term);
-    } else if (const auto* const rule = std::get_if<SearchDestination::Rule>(&hit.destination)) {
-        // The change of face clears the scopes, so that the scope comes behind it.
-        applyFace(EditorFace::rules);
-        m_ask.scopes = {rule->scope};
-    } else if (std::holds_alternative<SearchDestination::Moment>(hit.destination)) {
-        applyFace(EditorFace::moments);
-    } else if (std::holds_alternative<SearchDestination::Meeting>(hit.destination)) {
-        applyFace(EditorFace::meetings);
-    } else if (std::holds_alternative<SearchDestination::Scope>(hit.destination)) {
-        applyFace(EditorFace::scopes);
-    } else {
-        applyFace(EditorFace::mods);
-    }
-    settle();
+void EditorRoot::tryAgain() {
+    m_trying = true;
+    m_store.resetWorld();
+    m_trying = m_store.loading();
+    Q_EMIT changed();
 }
 
 bool EditorRoot::back() {
-    if (!m_search.text().isEmpty()) {
-        clearSearch();
-        return true;
-    }
-    return m_face == EditorFace::memory && m_memories.back();
+    if (m_search.text().isEmpty())
+        return openFace()->back();
+    m_search.clear();
+    return true;
 }
 
-QString EditorRoot::stage() const {
-    if (m_search.searching())
-        return QStringLiteral("search");
-    return m_face == EditorFace::memory ? QStringLiteral("memory") : QStringLiteral("blank");
-}
-
-QString EditorRoot::title() const {
-    return RowText::plain(EditorFaces::title(m_face));
-}
-
-QString EditorRoot::blankStageWords() const {
-    // Only the meetings are counted in words; the number of another face's things says nothing
-    // here.
-    const auto meetings =
-        m_face == EditorFace::meetings ? m_store.meetings().meetingCount() : std::nullopt;
-    return RowText::plain(EditorWords::blankStage(m_store.storeError(), meetings));
-}
-
-std::string EditorRoot::rulesScope(const std::set<std::string>& picked,
-                                   const std::vector<EditorScopeRow>& board) {
-    constexpr const char* root = "/";
-    if (!picked.empty())
-        return picked.size() == 1 ? *picked.begin() : root;
-    std::optional<std::string> first;
-    for (const EditorScopeRow& row : board)
-        if (!row.kinds.empty() && (!first || row.path < *first))
-            first = row.path;
-    return first.value_or(root);
+QList<QObject*> EditorRoot::faces() const {
+    QList<QObject*> faces;
+    for (const auto& face : m_faces)
+        faces.append(face.get());
+    return faces;
 }
 
 } // namespace wendlow

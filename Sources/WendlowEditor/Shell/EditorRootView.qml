@@ -25,8 +25,16 @@ FocusScope {
             rail.type(event.text);
     }
 
+    Connections {
+        target: view.root
+        function onArrived(): void {
+            view.enterStage();
+        }
+    }
+
     Shortcut {
         sequence: "Ctrl+F"
+        enabled: !view.root.modal
         onActivated: rail.enterSearch()
     }
 

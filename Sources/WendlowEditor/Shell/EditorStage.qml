@@ -3,15 +3,17 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import WendlowControls
 import WendlowEditor
+import WendlowEditorFloor
+import WendlowEditorSearch
 
-// Right of the rail: the page of a search, or the bar and the face that is open. The face stays as it is
-// behind a search.
+// Right of the rail: the page of a search, or the bar and the page of the face that is open, which stays
+// as it is behind a search.
 FocusScope {
     id: stage
 
     required property EditorRoot root
 
-    readonly property bool searching: stage.root.stage === "search"
+    readonly property bool searching: stage.root.search.searching
     // Where the words stand: in one column, with the same margins for every face, in the middle of a wide
     // stage.
     readonly property int column: Math.max(0, Math.min(900, stage.width - 2 * Theme.space32))
@@ -20,12 +22,23 @@ FocusScope {
     // The focus is to go back to the rail.
     signal exited
 
+    // Of the face that is open; null for a moment.
+    function page(): FacePage {
+        for (let at = 0; at < slots.count; ++at) {
+            const slot = slots.itemAt(at) as FaceSlot;
+            if (slot.face.open)
+                return slot.page;
+        }
+        return null;
+    }
+
     // Takes the focus to what the stage is about.
     function enter(): void {
+        const first = stage.page()?.first ?? null;
         if (stage.searching)
             stage.forceActiveFocus(Qt.TabFocusReason);
-        else if (memory.visible && memory.first)
-            memory.first.forceActiveFocus(Qt.TabFocusReason);
+        else if (first)
+            first.forceActiveFocus(Qt.TabFocusReason);
         else
             bar.enter(true);
     }
@@ -36,7 +49,11 @@ FocusScope {
         stage.enter();
     }
 
-    Keys.onLeftPressed: stage.exited()
+    Keys.onLeftPressed: event => {
+        event.accepted = !stage.root.modal;
+        if (event.accepted)
+            stage.exited();
+    }
 
     FocusScope {
         id: body
@@ -50,27 +67,25 @@ FocusScope {
             margin: stage.margin
             column: stage.column
             model: stage.root.bar
-            showsChip: stage.root.showsScopeChip
+            showsChip: stage.root.face.showsScopeChip
             onExited: stage.exited()
         }
-        MemoryFace {
-            id: memory
-            anchors.fill: parent
-            anchors.topMargin: bar.height
-            visible: stage.root.stage !== "blank"
-            margin: stage.margin
-            column: stage.column
-            face: stage.root.memories
-            onTriedAgain: stage.tryAgain()
-        }
-        BlankStage {
-            anchors.fill: parent
-            anchors.topMargin: bar.height
-            visible: stage.root.stage === "blank"
-            title: stage.root.title
-            text: stage.root.blankStage
-            failed: stage.root.gaveUp
-            onTriedAgain: stage.tryAgain()
+        Repeater {
+            id: slots
+            model: stage.root.faces
+
+            FaceSlot {
+                id: slot
+
+                anchors.fill: body
+                anchors.topMargin: bar.height
+                margin: stage.margin
+                column: stage.column
+                trying: stage.root.trying
+                onTriedAgain: stage.tryAgain()
+                // A page goes later than what it was loaded into.
+                onLoaded: stage.root.seenBy(slot.item)
+            }
         }
     }
     Only {
@@ -80,7 +95,8 @@ FocusScope {
             anchors.fill: stage
             margin: stage.margin
             column: stage.column
-            root: stage.root
+            search: stage.root.search
+            backTo: stage.root.face.title
             focus: true
         }
     }

@@ -1,43 +1,19 @@
 #pragma once
 
+#include "Floor/RailRow.h"
 #include "KeyedListModel.h"
-#include "Model/EditorRail.h"
-#include "Shell/EditorFace.h"
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <functional>
-#include <optional>
+#include <set>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace wendlow {
 
-struct RailRow {
-    enum class Kind { heading, type, more, face };
-
-    std::string id;
-    Kind kind = Kind::heading;
-    std::string title;
-    std::optional<std::int64_t> count; ///< nothing: not known
-    bool dimmed = false;               ///< nothing matched
-    bool here = false;
-
-    bool operator==(const RailRow&) const = default;
-};
-
-/// What the rail is made of.
-struct RailState {
-    std::vector<EditorCount> standing; ///< of the whole store
-    EditorAnswer answer;
-    EditorFace face = EditorFace::memory;
-    std::optional<std::string> openType;
-    std::optional<std::int64_t> meetings, moments, mods, scopes; ///< nothing: not known
-};
-
-/// The places of the window with their counts: the memories as a whole, their types, the other
-/// faces. UI thread.
+/// The rows of the faces one below the other, with their counts. Of a face's places the first few
+/// are in sight, the rest behind a door. UI thread.
 class RailModel final : public KeyedListModel<RailRow> {
     Q_OBJECT
     QML_ELEMENT
@@ -47,37 +23,40 @@ class RailModel final : public KeyedListModel<RailRow> {
 
 public:
     enum Role {
-        KindRole = Qt::UserRole + 1, ///< "heading", "type", "more" or "face"
+        KindRole = Qt::UserRole + 1, ///< a `Kind`
         TitleRole,
         CountRole, ///< printed; empty while it is not known
         SymbolRole,
         HereRole,
         DimmedRole,
+        ApartRole,
         SpokenRole, ///< name and count, for a screen reader
     };
-    static constexpr std::size_t memoryTypesShown = 3;
-
-    /// A memory type, or a face.
-    using Pick = std::variant<std::string, EditorFace>;
+    enum Kind {
+        Heading = static_cast<int>(RailRow::Kind::heading),
+        Place = static_cast<int>(RailRow::Kind::place),
+        More = static_cast<int>(RailRow::Kind::more),
+        Face = static_cast<int>(RailRow::Kind::face),
+    };
+    Q_ENUM(Kind)
+    static constexpr std::size_t placesShown = 3;
 
     struct Actions {
-        std::function<void(std::optional<std::string> type)> openMemories;
-        std::function<void(EditorFace)> openFace;
-        /// While a search is on: moves its selection, and says whether the key is handled.
-        std::function<std::optional<bool>(int by)> moveSearch;
+        /// A face, and what is to be opened on it.
+        std::function<void(EditorFace face, const std::string& place)> open;
+        /// While the arrows are not the rail's: takes the key, and says whether it is handled.
+        std::function<std::optional<bool>(int by)> takeArrow;
     };
 
     explicit RailModel(Actions actions) : m_actions(std::move(actions)) {}
 
-    void show(RailState state);
-    /// What the arrows walk: the types in sight, then the faces.
-    std::vector<Pick> pickOrder() const;
+    /// The rows of one face, for each of them in the order of the rail.
+    void show(std::vector<std::pair<EditorFace, std::vector<RailRow>>> faces);
 
-    /// Opens the row's place, or shows all types.
+    /// Opens the row's place, or shows all places.
     Q_INVOKABLE void activate(int index);
     /// An arrow key; by is 1 or -1. Gives whether it is handled.
     Q_INVOKABLE bool arrowPress(int by, bool withShift);
-    void move(int by);
 
     int hereIndex() const;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -88,14 +67,12 @@ Q_SIGNALS:
 
 private:
     void rebuild();
-    std::vector<TypeShelfRow> shelf() const;
-    std::size_t typesShown() const;
-    std::optional<std::int64_t> number(EditorFace face) const;
-    void apply(const Pick& pick);
+    void add(std::vector<RailRow>& rows, EditorFace face, std::vector<RailRow> ofFace) const;
+    void move(int by);
 
     const Actions m_actions;
-    RailState m_state;
-    bool m_memoriesExpanded = false;
+    std::vector<std::pair<EditorFace, std::vector<RailRow>>> m_faces;
+    std::set<EditorFace> m_expanded;
 };
 
 } // namespace wendlow

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
+import WendlowEditor
 
 // One place of the rail: its icon if it has one, its title, its count.
 // A tab by its template: Qt 6.4 tells a screen reader the template's role and no other.
@@ -8,21 +9,21 @@ T.TabButton {
     id: control
 
     required property int index
-    required property string kind
+    required property int kind
     required property string title
     required property string count
     required property string symbol
     required property string spoken
     required property bool here
     required property bool dimmed
+    required property bool apart
     // The stage shows something else for now.
     property bool elsewhere: false
 
     readonly property bool marked: control.here && !control.elsewhere
-    readonly property bool heading: control.kind === "heading"
-    readonly property bool quiet: control.kind === "more"
-    // The faces stand apart from the memories.
-    readonly property int gap: control.title === "Meetings" && control.kind === "face" ? 12 : 0
+    readonly property bool heading: control.kind === RailModel.Heading
+    readonly property bool quiet: control.kind === RailModel.More
+    readonly property int gap: control.apart ? 12 : 0
 
     property bool lit: control.hovered
     property bool sunk: control.down

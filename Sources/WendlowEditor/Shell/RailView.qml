@@ -67,10 +67,13 @@ FocusScope {
         value: rail.root.search.text
         onTyped: text => rail.root.search.text = text
         onAccepted: {
-            if (!rail.root.search.searching)
+            const search = rail.root.search;
+            if (!search.searching)
                 return;
-            rail.root.commitSearchSelection();
-            rail.exited();
+            search.commit();
+            // There was nothing to open.
+            if (search.searching && !search.busy)
+                rail.exited();
         }
         Keys.onEscapePressed: event => {
             event.accepted = rail.root.back();
@@ -101,7 +104,7 @@ FocusScope {
             width: places.width
             elsewhere: rail.root.search.searching
             // What has the focus stays where the tabulator key finds it.
-            focusPolicy: place.activeFocus || place.here || place.kind === "heading" || place.kind === "more" ? Qt.StrongFocus : Qt.ClickFocus
+            focusPolicy: place.activeFocus || place.here || place.kind === RailModel.Heading || place.kind === RailModel.More ? Qt.StrongFocus : Qt.ClickFocus
             onClicked: rail.root.rail.activate(place.index)
             Keys.onRightPressed: rail.exited()
             // The focus goes along with what is open.

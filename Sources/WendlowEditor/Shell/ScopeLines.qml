@@ -106,7 +106,7 @@ FocusScope {
                 ticked: line.picked
                 separator: false
                 lit: line.lit
-                indent: 12 * Math.max(0, line.depth - 1)
+                indent: 12 * line.depth
             }
             background: Rectangle {
                 radius: Theme.radiusTile

@@ -1,5 +1,7 @@
+#include "Memories/MemoryFaceModel.h"
 #include "Shell/EditorHost.h"
 #include "Support/ScriptedClient.h"
+#include "Support/ScriptedStore.h"
 #include "ThemeSource.h"
 
 #include <QAccessible>
@@ -23,6 +25,9 @@ class Bench : public QObject {
 
 public:
     EditorHost* host() { return &m_host; }
+    Q_INVOKABLE wendlow::MemoryFaceModel* memories() {
+        return static_cast<MemoryFaceModel*>(&m_host.root()->model(EditorFace::memory));
+    }
 
     /// "dayZero", "someData" or "powerUser", from its beginning.
     Q_INVOKABLE void world(const QString& name) {
@@ -31,9 +36,9 @@ public:
             if (const auto seed = seedWorld(world); seed && text(*seed) == name.toStdString())
                 m_worlds.switchWorld(world);
     }
-    Q_INVOKABLE void open(const QString& type) { m_host.root()->setOpenType(type.toStdString()); }
+    Q_INVOKABLE void open(const QString& type) { memories()->open(type.toStdString()); }
     Q_INVOKABLE QString openType() {
-        return QString::fromStdString(m_host.root()->openType().value_or(""));
+        return QString::fromStdString(memories()->openType().value_or(""));
     }
     Q_INVOKABLE QString face() {
         return QString::fromUtf8(EditorFaces::text(m_host.root()->face()));
@@ -50,12 +55,41 @@ public:
     }
     /// Presses the thing of this name as a screen reader does.
     Q_INVOKABLE static bool press(QQuickItem* item, const QString& name) {
-        QAccessibleInterface* const found =
-            find(QAccessible::queryAccessibleInterface(item->window()), name);
-        if (!found || !found->actionInterface())
-            return false;
-        found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        return true;
+        QAccessibleInterface* const found = find(item, name);
+        if (found)
+            found->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        return found != nullptr;
+    }
+    /// What a screen reader is told of the thing beside its name.
+    Q_INVOKABLE static QString told(QQuickItem* item, const QString& name) {
+        QAccessibleInterface* const found = find(item, name);
+        if (!found)
+            return u"not there"_s;
+        return found->text(QAccessible::Description) +
+               (found->state().selected ? u" selected"_s : QString());
+    }
+    /// Its middle, in the window.
+    Q_INVOKABLE static QPointF middle(QQuickItem* item, const QString& name) {
+        QAccessibleInterface* const found = find(item, name);
+        return found ? QPointF(found->rect().center() - item->window()->position()) : QPointF();
+    }
+    /// How far the lines of the open menu are indented.
+    Q_INVOKABLE static QList<int> indents(QQuickItem* item) {
+        QList<int> all;
+        gatherIndents(*item->window()->contentItem(), all);
+        return all;
+    }
+    void keep() { QQmlEngine::setObjectOwnership(&m_scriptedRoot, QQmlEngine::CppOwnership); }
+    /// A window over a store that cannot give why and body, with a memory opened.
+    Q_INVOKABLE wendlow::EditorRoot* withoutDetails() {
+        auto& face = static_cast<MemoryFaceModel&>(m_scriptedRoot.model(EditorFace::memory));
+        face.open("decision");
+        while (m_scripted.page.isWaiting())
+            m_scripted.page.settle(testing::memories(2));
+        face.list()->toggle(0);
+        while (m_scripted.page.detailWaits())
+            m_scripted.page.answerDetail(std::nullopt);
+        return &m_scriptedRoot;
     }
 
 private:
@@ -77,6 +111,9 @@ private:
             gather(*child, lines);
         }
     }
+    static QAccessibleInterface* find(QQuickItem* item, const QString& name) {
+        return find(QAccessible::queryAccessibleInterface(item->window()), name);
+    }
     static QAccessibleInterface* find(QAccessibleInterface* face, const QString& name) {
         for (int at = 0; face && at < face->childCount(); ++at) {
             QAccessibleInterface* const child = face->child(at);
@@ -89,9 +126,18 @@ private:
         }
         return nullptr;
     }
+    static void gatherIndents(const QQuickItem& item, QList<int>& all) {
+        if (item.isVisible() && item.property("indent").isValid() &&
+            item.property("keys").isValid())
+            all.append(item.property("indent").toInt());
+        for (const QQuickItem* const child : item.childItems())
+            gatherIndents(*child, all);
+    }
 
     EditorWorlds m_worlds{std::make_shared<testing::ScriptedClient>(), EditorWorld::powerUser};
     EditorHost m_host{m_worlds};
+    testing::ScriptedStore m_scripted;
+    EditorRoot m_scriptedRoot{m_scripted};
 };
 
 class Setup : public QObject {
@@ -101,6 +147,7 @@ public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine* engine) {
         engine->setImportPathList(engine->importPathList() << u":/qt/qml"_s);
         QAccessible::setActive(true);
+        m_bench.keep();
         engine->rootContext()->setContextProperty(u"bench"_s, &m_bench);
     }
 

@@ -17,6 +17,15 @@ Item {
         focus: true
     }
 
+    Component {
+        id: other
+
+        EditorRootView {
+            width: 980
+            height: 832
+        }
+    }
+
     TestCase {
         name: "Editor"
         when: windowShown
@@ -56,11 +65,14 @@ Item {
                 says("Button", name);
             says("StaticText", "274 memories");
             compare(said("RadioButton"), ["newest*", "oldest*", "relevance*"]);
+            compare(bench.told(face, "Memories, 1920"), " selected");
+            compare(bench.told(face, "findings, 276"), "");
             verify(said("ListItem").length >= 9);
             verify(bench.press(face, "owner"));
             tryVerify(() => said("CheckBox").length === 4);
             verify(bench.press(face, said("CheckBox")[0].slice(0, -1)));
             says("Button", "clear*");
+            compare(bench.told(face, "owner"), "1 picked");
             verify(said("StaticText").some(line => / of 274$/.test(line)));
             bench.open("ticket");
             tryVerify(() => said("ListItem").some(line => /^doing, \d+\*$/.test(line)));
@@ -77,7 +89,7 @@ Item {
             compare(bench.openType(), "finding");
             write("backup");
             compare(root.search.text, "backup");
-            compare(root.stage, "search");
+            verify(root.search.searching);
             says("Heading", "Results for “backup”");
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Down);
@@ -85,10 +97,43 @@ Item {
             compare(root.search.selection, 1);
             compare(bench.openType(), "finding", "the arrows are the search's");
             keyClick(Qt.Key_Escape);
-            compare(root.stage, "memory");
+            verify(!root.search.searching);
             keyClick(Qt.Key_Escape);
             compare(bench.openType(), "");
             compare(bench.face(), "memory");
+        }
+
+        function test_aRowAndAHitOpenByClickAndByPress(): void {
+            bench.open("decision");
+            wait(0);
+            const list = bench.memories().list.lines;
+            const title = list.data(list.index(1, 0), Qt.DisplayRole);
+            const open = () => said("StaticText").some(line => line.startsWith("Why: "));
+            verify(bench.press(face, title));
+            tryVerify(open, 2000, "by press");
+            const row = bench.middle(face, title);
+            mouseClick(scene, row.x, row.y);
+            tryVerify(() => !open(), 2000, "by click");
+            write("backup");
+            const hits = root.search.hits;
+            const first = hits.data(hits.index(0, 0), Qt.DisplayRole);
+            const second = hits.data(hits.index(1, 0), Qt.DisplayRole);
+            tryVerify(() => bench.told(face, first).endsWith(" selected"));
+            verify(!bench.told(face, second).endsWith(" selected"));
+            const hit = bench.middle(face, second);
+            mouseClick(scene, hit.x, hit.y);
+            verify(!root.search.searching, "by click");
+            tryVerify(open);
+            write("backup");
+            verify(bench.press(face, first));
+            verify(!root.search.searching, "by press");
+        }
+
+        function test_aMemoryThatCannotBeReadSaysSo(): void {
+            createTemporaryObject(other, scene, {
+                root: bench.withoutDetails()
+            });
+            says("StaticText", "The rest of this memory could not be read. Open it again to ask once more.");
         }
 
         function test_theSelectedHitIsInSight(): void {
@@ -176,6 +221,7 @@ Item {
             compare(root.bar.pickerOpen, true);
             tryVerify(() => scene.Window.activeFocusItem !== null);
             wait(0);
+            compare(bench.indents(face).slice(0, 4), [0, 0, 12, 24], "all scopes, the root, what is in it");
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Down);
             keyClick(Qt.Key_Down);
@@ -207,14 +253,14 @@ Item {
             compare(focused().text, "source");
             keyClick(Qt.Key_Left);
             keyClick(Qt.Key_Down);
-            tryCompare(root.memories.list.filters, "panelOpen", true);
+            tryCompare(bench.memories().list.filters, "panelOpen", true);
             compare(focused().on, false, "the first value has it");
             keyClick(Qt.Key_Right);
             const second = focused().text;
             keyClick(Qt.Key_Space);
             tryVerify(() => focused().on === true && focused().text === second, 2000, "what is picked keeps the focus");
             keyClick(Qt.Key_Escape);
-            compare(root.memories.list.filters.panelOpen, false);
+            compare(bench.memories().list.filters.panelOpen, false);
             compare(focused().text, "owner");
             verify(focused().ringed);
             compare(focused().picks, 1);
@@ -225,7 +271,7 @@ Item {
             bench.open("decision");
             wait(0);
             keyClick(Qt.Key_Tab);
-            const lines = root.memories.list.lines;
+            const lines = bench.memories().list.lines;
             verify(lines.rowCount() < 60);
             keyClick(Qt.Key_Right);
             for (let at = 0; at < 30 && lines.rowCount() < 100; ++at) {

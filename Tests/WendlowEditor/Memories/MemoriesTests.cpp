@@ -1,11 +1,13 @@
 #include "Memories/EditorDayFormat.h"
 #include "Memories/MemoryFaceModel.h"
-#include "Shell/RowText.h"
 #include "Support/ScriptedStore.h"
 
 #include <QAbstractItemModelTester>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QLocale>
+
+#include <ctime>
 
 #include <gmock/gmock.h>
 
@@ -18,39 +20,40 @@ using ::testing::Pair;
 
 /// The face with an ask that it changes itself; the test answers.
 struct Face {
+    ScriptedPages pages;
     EditorAsk ask{.term = {}};
     EditorAnswer answer;
-    std::vector<EditorCount> standing;
-    std::optional<std::string> type;
-    SearchPage::Details details;
+    std::int64_t generation = 0;
+    MemoryDetails details;
     std::vector<std::string> requested;
     int changes = 0;
-    MemoryFaceModel model{
-        {.ask =
-             [this](EditorAsk next) {
-                 ++changes;
-                 ask = std::move(next);
-                 show();
-             },
-         .open = [this](std::optional<std::string> next) { type = std::move(next); },
-         .requestDetails =
-             [this](const std::vector<std::string>& ids) {
-                 requested.insert(requested.end(), ids.begin(), ids.end());
-             },
-         .today = [] { return EditorDate(std::chrono::hours(24 * 20010)); }}};
+    MemoryFaceModel model{pages,
+                          {.ask =
+                               [this](EditorAsk next) {
+                                   ++changes;
+                                   ask = std::move(next);
+                                   show();
+                               },
+                           .requestDetails =
+                               [this](const std::vector<std::string>& ids) {
+                                   requested.insert(requested.end(), ids.begin(), ids.end());
+                               },
+                           .today = [] { return EditorDate(std::chrono::hours(24 * 20010)); }}};
     QAbstractItemModelTester listTester{model.list()->lines()};
     QAbstractItemModelTester groupsTester{model.groups()->lines()};
     QAbstractItemModelTester chipsTester{model.list()->filters()->chips()};
     QAbstractItemModelTester valuesTester{model.list()->filters()->values()};
 
-    explicit Face(std::optional<std::string> open = "decision") : type(std::move(open)) {
-        ask.type = type;
+    explicit Face(std::optional<std::string> open = "decision") {
+        model.setOpen(true);
+        model.open(std::move(open));
+        changes = 0;
     }
     void show() {
         model.show({.ask = ask,
                     .answer = std::make_shared<const EditorAnswer>(answer),
-                    .standing = standing,
-                    .openType = type,
+                    .counted = answer.ready(),
+                    .generation = generation,
                     .details = details});
     }
     void settle(EditorMemoryHits rows) {
@@ -65,6 +68,15 @@ struct Face {
         for (int row = 0; row < of.rowCount(); ++row)
             all.append(data(of, row, role).toString());
         return all;
+    }
+    QString rail() const {
+        QStringList rows;
+        for (const RailRow& row : model.railRows())
+            rows.append(QStringLiteral("%1 %2%3")
+                            .arg(QString::fromStdString(row.title))
+                            .arg(row.count.value_or(-1))
+                            .arg(row.dimmed ? QStringLiteral(" dimmed") : QString()));
+        return rows.join(QStringLiteral("; "));
     }
     MemoriesModel& list() { return *model.list(); }
     FilterBarModel& filters() { return *model.list()->filters(); }
@@ -149,11 +161,13 @@ TEST(MemoriesModel, EachStateSaysItsOwn) {
     EXPECT_EQ(grid.model.emptyWords(), "Reading your memories…");
     grid.settle({});
     EXPECT_EQ(grid.model.emptyWords(), "Nothing here yet.");
-    grid.standing = {{.name = "entry", .count = 3}, {.name = "rule", .count = 9}};
+    EXPECT_FALSE(grid.model.isFilled());
+    grid.pages.types = {{.name = "entry", .count = 3}, {.name = "rule", .count = 9}};
     grid.show();
+    EXPECT_TRUE(grid.model.isFilled());
     EXPECT_THAT(grid.column(*grid.model.cards(), TypeCards::TitleRole), ElementsAre("entries"));
     grid.model.openCard(0);
-    EXPECT_EQ(grid.type, "entry");
+    EXPECT_EQ(grid.model.openType(), "entry");
 }
 
 TEST(MemoriesModel, ARefreshMovesOnlyWhatHasMoved) {
@@ -184,8 +198,7 @@ TEST(MemoriesModel, ARefreshMovesOnlyWhatHasMoved) {
     // What an answer holds twice is shown twice, and one type's rows are never another's.
     face.settle({memory("a"), memory("a"), memory("b")});
     EXPECT_EQ(lines.rowCount(), 3);
-    face.type = face.ask.type = "finding";
-    face.show();
+    face.model.open("finding");
     EXPECT_EQ(lines.rowCount(), 0);
 }
 
@@ -260,6 +273,56 @@ TEST(MemoriesModel, ARowOpensToItsWhyAndBody) {
               "/work · with Jonas · area press · owner Ines");
     face.list().toggle(0);
     EXPECT_EQ(Face::data(lines, 0, MemoryLines::BodyRole), "");
+}
+
+TEST(MemoryFace, CountsWhatTheLastAnswerAboutMemoriesCounted) {
+    Face face(std::nullopt);
+    EXPECT_EQ(face.rail(), "MEMORIES -1") << "nothing has been read";
+    EXPECT_TRUE(Face("decision").model.railRows().front().here);
+    face.pages.types = {{.name = "entry", .count = 30}, {.name = "rule", .count = 9}};
+    face.settle({});
+    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 30");
+    const auto narrowed = [&](EditorKind kind, std::int64_t count) {
+        face.ask.kind = kind;
+        face.answer = settled(face.ask);
+        face.answer.narrowed = true;
+        if (count > 0)
+            face.answer.typeCounts = {{.name = "entry", .count = count}};
+        face.show();
+    };
+    face.ask.scopes = {"/a"};
+    narrowed(EditorKind::memory, 7);
+    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 7");
+    narrowed(EditorKind::moment, 0);
+    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 7") << "moments are no memories";
+    face.ask.kind = EditorKind::memory;
+    face.show();
+    EXPECT_EQ(Face::data(*face.model.cards(), 0, TypeCards::CountRole), "7");
+    face.ask.scopes = {"/b"};
+    face.show();
+    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 30") << "of other scopes";
+    narrowed(EditorKind::memory, 0);
+    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 0 dimmed");
+}
+
+TEST(MemoriesModel, AnotherQuestionBeginsOnItsFirstPage) {
+    Face face;
+    const auto readOn = [&] {
+        face.list().rowAppeared(face.list().lines()->rowCount() - 1);
+        QCoreApplication::processEvents();
+    };
+    face.settle(memories(50));
+    readOn();
+    readOn();
+    ASSERT_EQ(face.list().visibleCount(), 36);
+    face.list().sortBy(QStringLiteral("oldest"));
+    EXPECT_EQ(face.list().lines()->rowCount(), 36) << "what is there stays meanwhile";
+    readOn();
+    EXPECT_EQ(face.list().lines()->rowCount(), 36) << "and is not read on";
+    face.settle(memories(50));
+    EXPECT_EQ(face.list().lines()->rowCount(), 12);
+    readOn();
+    EXPECT_EQ(face.list().lines()->rowCount(), 24);
 }
 
 TEST(MemoriesModel, SortsByTheWordsOfItsBar) {
@@ -351,67 +414,59 @@ TEST(StatusGrouped, StandsByStatusWithTheArchiveLast) {
     Face face("ticket");
     face.settle({work("a", {{"status", "next"}}), work("b", {}), work("c", {{"archived", "true"}}),
                  work("d", {{"status", "doing"}, {"archived", "yes"}}),
-                 work("e", {{"status", "next"}})});
+                 work("e", {{"status", "next"}}), work("f", {{"status", "review"}})});
     auto& groups = *face.model.groups();
     auto& lines = *groups.lines();
     const auto shown = [&] { return face.column(lines, MemoryLines::TitleRole).join(u' '); };
-    EXPECT_EQ(face.model.shape(), "groups");
-    EXPECT_EQ(shown(), "doing d next a e no status b archived");
+    EXPECT_EQ(face.model.shape(), MemoryFaceModel::Groups);
+    EXPECT_EQ(shown(), "doing d next a e review f no status b archived");
     EXPECT_EQ(Face::data(lines, 2, MemoryLines::CountRole), "2");
     groups.toggle(2);
     groups.toggle(6);
-    EXPECT_EQ(shown(), "doing d next no status b archived") << "a memory opens in its place";
-    EXPECT_THAT(face.requested, IsEmpty());
-    groups.toggle(5);
-    EXPECT_EQ(shown(), "doing d next no status b archived c");
+    EXPECT_EQ(shown(), "doing d next review f no status b archived")
+        << "a memory opens in its place";
+    EXPECT_THAT(face.requested, ElementsAre("b"));
+    groups.toggle(7);
+    EXPECT_EQ(shown(), "doing d next review f no status b archived c");
     groups.toggle(1);
-    EXPECT_THAT(face.requested, ElementsAre("d"));
+    EXPECT_THAT(face.requested, ElementsAre("b", "d"));
     EXPECT_EQ(groups.footer(), "");
     face.answer.total = 52;
     face.show();
-    EXPECT_EQ(groups.footer(), "Showing 5 of 52 — scroll the flat list for the rest.");
+    EXPECT_EQ(groups.footer(), "Showing 6 of 52 — scroll the flat list for the rest.");
     EXPECT_TRUE(face.model.back());
     EXPECT_TRUE(face.model.back());
-    EXPECT_EQ(face.type, std::nullopt);
-    face.type = face.ask.type = "focus";
+    EXPECT_EQ(face.model.openType(), std::nullopt);
+    EXPECT_FALSE(face.model.back());
+    face.model.open("focus");
     face.settle({});
     EXPECT_EQ(groups.emptyWords(), "Nothing here yet.");
 }
 
-TEST(RowText, ShowsWhatAnybodyMayHaveWritten) {
-    struct Case {
-        std::string text;
-        std::string line;
-    };
-    for (const auto& [text, line] :
-         {Case{"two\nlines\ttab\r\n", "two lines tab  "}, Case{"\xff", "\xef\xbf\xbd"},
-          Case{"ערב טוב", "ערב טוב"}, Case{"👩‍👩‍👧 <b>", "👩‍👩‍👧 <b>"},
-          Case{"a\xe2\x80\xa9z", "a z"}, Case{std::string("nul\0z", 5), "nul z"}})
-        EXPECT_EQ(RowText::line(text).toStdString(), line);
-    EXPECT_EQ(RowText::markedLine("Ärger & <i>", "arger"), "<b>Ärger</b> &amp; &lt;i&gt;");
-    EXPECT_EQ(RowText::markedText("  a\n\tb", ""), "&nbsp;&nbsp;a<br>&nbsp;&nbsp;&nbsp;&nbsp;b");
-    std::string emoji;
-    for (int at = 0; at < 10000; ++at)
-        emoji += "👍";
-    const QString cut = RowText::line(emoji);
-    EXPECT_EQ(cut.size(), 601);
-    EXPECT_FALSE(cut.at(599).isHighSurrogate());
-    EXPECT_EQ(RowText::line("a" + emoji).toUtf8().count("\xef\xbf\xbd"), 0) << "none is halved";
-    const std::string tail(30000, 'x');
-    EXPECT_TRUE(RowText::markedText(tail + " end", "end").endsWith(QStringLiteral("x end")))
-        << "the whole text, of which the beginning is searched";
-}
-
 TEST(EditorDayFormat, LeavesOutTheYearThatItIsAndKeepsItsOrder) {
-    const auto now = editorDate(1'795'000'000); // in November 2026
-    const auto before = editorDate(1'700'000'000);
-    for (const QLocale& locale : {QLocale::c(), QLocale(QLocale::German, QLocale::Germany)}) {
-        QLocale::setDefault(locale);
-        const QString month = locale.monthName(11, QLocale::ShortFormat);
-        EXPECT_EQ(EditorDayFormat::shortDay(now, now), month + QStringLiteral(" 18"));
-        EXPECT_EQ(EditorDayFormat::shortDay(before, now), month + QStringLiteral(" 14, 2023"));
+    const QByteArray zoneBefore = qgetenv("TZ");
+    const auto at = [](int year, int hour) {
+        const QDateTime local(QDate(year, 11, 18), QTime(hour, 30));
+        return editorDate(static_cast<double>(local.toSecsSinceEpoch()));
+    };
+    for (const char* const zone : {"UTC", "Asia/Tokyo", "America/Los_Angeles"}) {
+        qputenv("TZ", zone);
+        ::tzset();
+        for (const QLocale& locale : {QLocale::c(), QLocale(QLocale::German, QLocale::Germany)}) {
+            QLocale::setDefault(locale);
+            const QString month = locale.monthName(11, QLocale::ShortFormat);
+            for (const int hour : {0, 23}) {
+                EXPECT_EQ(EditorDayFormat::shortDay(at(2026, hour), at(2026, 12)),
+                          month + QStringLiteral(" 18"))
+                    << zone;
+                EXPECT_EQ(EditorDayFormat::shortDay(at(2023, hour), at(2026, 12)),
+                          month + QStringLiteral(" 18, 2023"));
+            }
+        }
     }
     QLocale::setDefault(QLocale::c());
+    zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
+    ::tzset();
 }
 
 } // namespace

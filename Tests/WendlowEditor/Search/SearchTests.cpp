@@ -1,54 +1,10 @@
 #include "DateWords.h"
 #include "Search/SearchPage.h"
-#include "Search/TextMatch.h"
 
 #include <gmock/gmock.h>
 
 namespace wendlow {
 namespace {
-
-using ::testing::ElementsAre;
-using Segments = std::vector<MatchSegment>;
-
-TEST(TextMatch, marksWordsWhateverTheirCaseAndAccents) {
-    struct Case {
-        const char* text;
-        const char* term;
-        Segments segments;
-    };
-    const Case cases[] = {
-        {"", "cafe", {}},
-        {"no match", "cafe", {{"no match"}}},
-        {"a b", "a", {{"a b"}}},
-        {"Un CAFÉ noir", "cafe", {{"Un "}, {"CAFÉ", true}, {" noir"}}},
-        {"cafe\u0301!", "cafe", {{"cafe\u0301", true}, {"!"}}},
-        {"abc", "ab bc", {{"abc", true}}},
-        {"abcd", "ab cd", {{"abcd", true}}},
-        {"ab-abc", "ab abc", {{"ab", true}, {"-"}, {"abc", true}}},
-        {"👩‍👩‍👧 build", "build", {{"👩‍👩‍👧 "}, {"build", true}}},
-        {"שלום build", "build", {{"שלום "}, {"build", true}}},
-    };
-    for (const auto& [text, term, segments] : cases)
-        EXPECT_EQ(TextMatch::segments(text, term), segments) << text << "|" << term;
-}
-
-TEST(TextMatch, givesALineAroundTheFirstWordThatStandsThere) {
-    const std::string text = "one two\nthree four five";
-    const std::tuple<const char*, int, std::optional<std::string>> cases[] = {
-        {"THREE", 4, "…two three fou…"},
-        {"five one", 2, "…r five"},
-        {"zz two", 99, "one two three four five"},
-        {"one", 0, "one…"},
-        {"x", 9, {}},
-        {"é", 9, {}},
-        {"nowhere", 9, {}},
-    };
-    for (const auto& [term, radius, line] : cases)
-        EXPECT_EQ(TextMatch::passage(term, text, radius), line) << term;
-    EXPECT_EQ(TextMatch::passage("one", "", 9), std::nullopt);
-    EXPECT_EQ(TextMatch::passage("mid", "👩‍👩‍👧👩‍👩‍👧mid", 1),
-              "…👩‍👩‍👧mid");
-}
 
 EditorMemoryHit memory(const char* id, const char* type, const char* title) {
     return {.memory = {.id = id, .type = type, .title = title}, .scopeID = "/work"};
@@ -59,11 +15,10 @@ TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
         memory("1", "ticket", "Boat shed"), memory("2", "rule", "On boats"),
         memory("3", "entry", "x"),          memory("4", "mod", "boat"),
         memory("5", "ticket", "y"),         memory("6", "entry", "z")};
-    const SearchPage::Details details{
-        {"1", EditorMemoryDetail{"1", "boat why", ""}},
-        {"3", EditorMemoryDetail{"3", "", "the body has a boat in it"}},
-        {"4", std::nullopt},
-        {"5", EditorMemoryDetail{"5", "why a BOAT", "boat body"}}};
+    const MemoryDetails details{{"1", EditorMemoryDetail{"1", "boat why", ""}},
+                                {"3", EditorMemoryDetail{"3", "", "the body has a boat in it"}},
+                                {"4", std::nullopt},
+                                {"5", EditorMemoryDetail{"5", "why a BOAT", "boat body"}}};
     EditorMoment titled{.id = "m1", .at = editorDate(0), .title = "Boat talk"};
     titled.abstract = "about a boat";
     EditorMoment bare{.id = "m2", .at = editorDate(0)};

@@ -1,60 +1,66 @@
+#include "Memories/MemoryFaceModel.h"
+#include "Shell/BlankFace.h"
 #include "Shell/EditorRoot.h"
-#include "Shell/EditorWords.h"
 #include "Support/ScriptedStore.h"
 
 #include <QAbstractItemModelTester>
-#include <QSignalSpy>
 
 #include <gmock/gmock.h>
 
 namespace wendlow::testing {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Scopes = std::set<std::string>;
 
-SearchHit hitTo(const char* id, SearchHit::Destination destination) {
-    return {
-        .id = id, .destination = std::move(destination), .title = {}, .subtitle = {}, .symbol = {}};
-}
-
 struct Window {
     ScriptedStore store;
     EditorRoot root{store};
+    MemoryFaceModel& face = static_cast<MemoryFaceModel&>(root.model(EditorFace::memory));
+    MemoriesModel& list = *face.list();
 
     /// The store has answered the first question.
     explicit Window(EditorMemoryHits rows = {}) { store.page.settle(std::move(rows)); }
-    std::size_t rows() const { return root.answer().rows.size(); }
-    bool pending() const {
-        return std::holds_alternative<EditorAnswerStateCase::Pending>(root.answer().state);
+    const EditorAnswer& answer() { return root.page().answer(); }
+    std::size_t rows() { return answer().rows.size(); }
+    bool pending() {
+        return std::holds_alternative<EditorAnswerStateCase::Pending>(answer().state);
     }
-    EditorAsk ask(const std::function<void(EditorAsk&)>& change) const {
-        EditorAsk next = root.ask();
+    EditorAsk ask(const std::function<void(EditorAsk&)>& change) {
+        EditorAsk next = root.page().ask();
         change(next);
         return next;
     }
+    void search(const char* term, EditorMemoryHits found) {
+        root.search()->setText(QString::fromUtf8(term));
+        store.page.settle(std::move(found));
+        store.page.settle();
+    }
+    QString words() const { return static_cast<BlankFace*>(root.openFace())->words(); }
 };
 
 TEST(EditorRoot, AsksOnceForEachKeyAndKeepsTheRowsMeanwhile) {
     Window window(memories(3));
+    auto& page = window.store.page;
     EXPECT_EQ(window.store.meeting.loads, 1);
-    EXPECT_EQ(window.store.page.asked.size(), 1U);
-    EXPECT_EQ(window.store.page.asked[0].limit, 50);
+    EXPECT_EQ(page.asked.size(), 1U);
+    EXPECT_EQ(page.asked[0].limit, 50);
+    EXPECT_THAT(page.askers, ElementsAre(EditorAsker::page));
     window.store.tell();
-    EXPECT_EQ(window.store.page.asked.size(), 1U) << "the key is the same";
-    window.root.requestDetails({"decision0"});
-    window.store.page.answerDetail(EditorMemoryDetail{.id = "decision0", .why = "w", .body = "b"});
-    EXPECT_EQ(window.root.details().size(), 1U);
+    EXPECT_EQ(page.asked.size(), 1U) << "the key is the same";
+    window.root.page().details().request({"decision0"}, EditorAsker::page);
+    page.answerDetail(EditorMemoryDetail{.id = "decision0", .why = "w", .body = "b"});
 
     window.store.grow();
-    EXPECT_THAT(window.root.details(), IsEmpty());
-    EXPECT_EQ(window.store.page.asked.size(), 2U);
+    EXPECT_THAT(window.root.page().details().known(), IsEmpty());
+    EXPECT_EQ(page.asked.size(), 2U);
     EXPECT_TRUE(window.pending());
     EXPECT_EQ(window.rows(), 3U) << "a refresh does not empty the page";
-    window.store.page.settle(memories(4));
+    page.settle(memories(4));
     EXPECT_EQ(window.rows(), 4U);
-    EXPECT_TRUE(window.root.answer().ready());
+    EXPECT_TRUE(window.answer().ready());
 }
 
 TEST(EditorRoot, DropsWhatIsLateOrAnswersSomethingElse) {
@@ -65,28 +71,41 @@ TEST(EditorRoot, DropsWhatIsLateOrAnswersSomethingElse) {
     window.root.setAsk(second);
     window.store.page.answer(settled(first, memories(1)));
     EXPECT_EQ(window.rows(), 3U) << "late";
-    window.store.page.answer(settled(second, memories(2)));
-    EXPECT_EQ(window.rows(), 2U);
-    window.root.setAsk(first);
-    window.store.page.answer(settled(second, memories(1)));
-    EXPECT_EQ(window.rows(), 2U) << "to another ask";
+    window.store.page.answer(EditorAnswer::pending());
+    EXPECT_EQ(window.rows(), 3U) << "to no ask";
     EXPECT_TRUE(window.pending());
-    EXPECT_FALSE(window.store.page.isWaiting());
+    EXPECT_FALSE(window.store.page.isWaiting()) << "nothing is asked twice";
+    window.store.grow();
+    window.store.page.settle(memories(5));
+    EXPECT_EQ(window.rows(), 5U);
 }
 
-TEST(EditorRoot, ShowsAStoreThatHasGivenUpAsFailed) {
+TEST(EditorRoot, ShowsAStoreThatHasGivenUpAsFailedUntilItHasNot) {
     Window window(memories(3));
-    window.store.error = "The door is shut.";
-    window.store.tell();
-    EXPECT_EQ(window.root.shown().state,
-              EditorAnswerState(EditorAnswerStateCase::Failed{"The door is shut."}));
-    EXPECT_TRUE(window.root.answer().ready());
-    EXPECT_EQ(window.root.memories()->strip(), "The door is shut.");
-    window.store.error.reset();
-    window.root.tryAgain();
-    EXPECT_EQ(window.root.memories()->strip(), "");
-    EXPECT_TRUE(window.root.memories()->reading()) << "everything is read afresh";
-    EXPECT_EQ(window.root.shown().rows.size(), 3U) << "and what there was stays meanwhile";
+    auto& [store, root, face, list] = window;
+    store.error = "The door is shut.";
+    store.tell(EditorChange::error);
+    EXPECT_EQ(face.strip(), "The door is shut.");
+    EXPECT_TRUE(root.gaveUp());
+    EXPECT_TRUE(window.answer().ready());
+    root.setFace(EditorFace::mods);
+    EXPECT_EQ(window.words(), "The door is shut.");
+    root.setFace(EditorFace::memory);
+
+    store.loadingNow = true;
+    root.tryAgain();
+    EXPECT_TRUE(root.isTrying());
+    EXPECT_TRUE(face.reading()) << "everything is read afresh";
+    EXPECT_EQ(root.page().shown()->rows.size(), 3U) << "and what there was stays meanwhile";
+    store.page.settle(memories(3));
+    EXPECT_EQ(face.strip(), "The door is shut.");
+    store.error.reset();
+    store.tell(EditorChange::error);
+    EXPECT_EQ(face.strip(), "") << "at once";
+    EXPECT_TRUE(root.isTrying());
+    store.loadingNow = false;
+    store.tell(EditorChange::error);
+    EXPECT_FALSE(root.isTrying());
 }
 
 TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
@@ -94,7 +113,7 @@ TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
     {
         EditorRoot root(store);
         root.search()->setText("backup");
-        root.requestDetails({"a", "b"});
+        root.page().details().request({"a", "b"}, EditorAsker::page);
     }
     store.page.settle(memories(1));
     store.page.settle(memories(1));
@@ -103,29 +122,44 @@ TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
     EXPECT_THAT(store.page.detailsAsked, ElementsAre("a"));
 }
 
+TEST(EditorRoot, AsksNothingOnceItHasRetired) {
+    Window window(memories(3));
+    window.search("backup", memories(1));
+    const auto asked = window.store.page.asked.size();
+    const auto details = window.store.page.detailsAsked.size();
+    window.root.retire();
+    EXPECT_FALSE(window.root.search()->searching());
+    window.root.search()->setText("backups");
+    window.face.open("decision");
+    window.root.setFace(EditorFace::mods);
+    window.store.grow();
+    window.root.page().details().request({"x"}, EditorAsker::page);
+    EXPECT_EQ(window.store.page.asked.size(), asked);
+    EXPECT_EQ(window.store.page.detailsAsked.size(), details);
+}
+
 TEST(EditorRoot, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
     Window window;
-    window.root.setOpenType("decision");
-    window.store.page.settle(memories(2));
-    MemoriesModel& list = *window.root.memories()->list();
+    auto& [store, root, face, list] = window;
+    face.open("decision");
+    store.page.settle(memories(2));
     const auto says = [&](int role) {
         return list.lines()->data(list.lines()->index(1), role).toBool();
     };
     list.toggle(1);
     EXPECT_FALSE(says(MemoryLines::MissingRole));
-    window.store.page.answerDetail(std::nullopt);
+    store.page.answerDetail(std::nullopt);
     EXPECT_TRUE(says(MemoryLines::MissingRole));
-    EXPECT_FALSE(window.store.page.detailWaits()) << "it is not asked for in a circle";
+    EXPECT_FALSE(store.page.detailWaits()) << "it is not asked for in a circle";
     list.toggle(1);
     list.toggle(1);
     EXPECT_FALSE(says(MemoryLines::MissingRole)) << "it is under way";
-    window.store.page.answerDetail(EditorMemoryDetail{.id = "decision1", .why = "w", .body = "b"});
+    store.page.answerDetail(EditorMemoryDetail{.id = "decision1", .why = "w", .body = "b"});
     EXPECT_TRUE(says(MemoryLines::KnownRole));
-    EXPECT_THAT(window.store.page.detailsAsked, ElementsAre("decision1", "decision1"));
     // What is shown outlives that nothing newer comes.
-    window.store.grow();
-    window.store.page.settle(memories(2));
-    window.store.page.answerDetail(std::nullopt);
+    store.grow();
+    store.page.settle(memories(2));
+    store.page.answerDetail(std::nullopt);
     EXPECT_TRUE(says(MemoryLines::KnownRole) && !says(MemoryLines::MissingRole));
 }
 
@@ -145,13 +179,14 @@ TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
         Window window;
         window.root.setFace(from);
         if (from == memory)
-            window.root.setOpenType("decision");
-        window.root.setAsk(window.ask([](EditorAsk& ask) {
+            window.face.open("decision");
+        const EditorAsk narrowed = window.ask([](EditorAsk& ask) {
             ask.scopes = {"/a"};
             ask.sort = EditorMemorySort::oldest;
             ask.filters = {{"owner", {EditorPick("Ines")}}};
-            ask.limit = 74;
-        }));
+        });
+        window.root.setAsk(narrowed);
+        window.root.setAsk(window.ask([](EditorAsk& ask) { ask.limit = 74; }));
         const auto asked = window.store.page.asked.size();
         window.root.setFace(to);
         EXPECT_EQ(window.store.page.asked.size(), asked + 1) << "one question for one change";
@@ -161,26 +196,33 @@ TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
             wanted.scopes = {"/a"};
             wanted.sort = EditorMemorySort::oldest;
         }
-        EXPECT_EQ(window.root.ask(), wanted) << static_cast<int>(from) << static_cast<int>(to);
-        EXPECT_EQ(window.root.openType(), std::nullopt);
-        EXPECT_EQ(window.root.showsScopeChip(), to != scopes);
+        EXPECT_EQ(window.root.page().ask(), wanted) << static_cast<int>(from);
+        EXPECT_EQ(window.face.openType(), std::nullopt);
+        EXPECT_EQ(window.root.openFace()->showsScopeChip(), to != scopes);
+        EXPECT_TRUE(window.root.model(to).isOpen() && !window.root.model(from).isOpen());
     }
 }
 
-TEST(EditorRoot, AnotherTypeBeginsOnItsFirstPageWithoutFilters) {
-    Window window;
-    window.root.setAsk(window.ask([](EditorAsk& ask) {
-        ask.filters = {{"owner", {EditorPick("Ines")}}};
-        ask.limit = 98;
-        ask.offset = 3;
-        ask.sort = EditorMemorySort::oldest;
-    }));
-    window.root.setOpenType("decision");
-    EditorAsk wanted{.term = {}};
-    wanted.type = "decision";
-    wanted.sort = EditorMemorySort::oldest;
-    EXPECT_EQ(window.root.ask(), wanted);
-    EXPECT_EQ(window.root.memories()->title(), "decisions");
+TEST(EditorRoot, AnotherQuestionBeginsOnItsFirstPage) {
+    for (const bool another : {false, true}) {
+        Window window;
+        window.root.setAsk(window.ask([](EditorAsk& ask) {
+            ask.limit = 5112;
+            ask.filters = {{"owner", {EditorPick("Ines")}}};
+        }));
+        window.root.setAsk(window.ask([](EditorAsk& ask) { ask.limit = 5112; }));
+        window.root.setAsk(window.ask([&](EditorAsk& ask) {
+            if (another)
+                ask.sort = EditorMemorySort::oldest;
+        }));
+        EXPECT_EQ(window.root.page().ask().limit, another ? 50 : 5112);
+        window.face.open("decision");
+        EditorAsk wanted{.term = {}};
+        wanted.type = "decision";
+        if (another)
+            wanted.sort = EditorMemorySort::oldest;
+        EXPECT_EQ(window.root.page().ask(), wanted) << "and another type without filters";
+    }
 }
 
 TEST(EditorRoot, AHitOpensItsPlace) {
@@ -200,47 +242,44 @@ TEST(EditorRoot, AHitOpensItsPlace) {
           Case{SearchDestination::Mod{}, mods, std::nullopt, {}}}) {
         Window window;
         window.root.search()->setText("backup");
-        window.root.open(hitTo("x", destination));
+        window.root.open(
+            {.hit =
+                 {.id = "x", .destination = destination, .title = {}, .subtitle = {}, .symbol = {}},
+             .memory = {},
+             .term = "backup"});
         EXPECT_EQ(window.root.face(), face);
-        EXPECT_EQ(window.root.openType(), type);
-        EXPECT_EQ(window.root.ask().scopes, scopes);
+        EXPECT_EQ(window.face.openType(), type);
+        EXPECT_EQ(window.root.page().ask().scopes, scopes);
         EXPECT_FALSE(window.root.search()->searching());
         EXPECT_EQ(window.root.search()->text(), "");
     }
 }
 
-/// Opens this from a search that has found it.
-void openFound(Window& window, const EditorMemoryHit& hit) {
-    window.root.search()->setText("number 30");
-    window.store.page.settle({hit});
-    window.store.page.settle();
-    window.root.openHit(0);
-}
-
 TEST(EditorRoot, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
     Window window;
-    openFound(window, memories(31).back());
+    window.search("number 30", {memories(31).back()});
+    window.root.search()->openHit(0);
     window.store.page.settle(memories(60));
-    const auto& lines = window.root.memories()->list()->lines()->rows();
+    const auto& lines = window.list.lines()->rows();
     ASSERT_EQ(lines.size(), 36U) << "whole pages up to it";
     EXPECT_TRUE(lines[30].open);
-    const auto* const model = window.root.memories()->list()->lines();
+    const auto* const model = window.list.lines();
     EXPECT_EQ(model->data(model->index(30), MemoryLines::TitleMarkupRole),
               "<b>Number</b> <b>30</b>");
-    EXPECT_THAT(window.store.page.detailsAsked, ::testing::Contains("decision30"));
+    EXPECT_THAT(window.store.page.detailsAsked, Contains("decision30"));
 }
 
 TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
     for (const std::string type : {"decision", "ticket"}) {
         Window window;
-        window.root.setOpenType(type);
+        window.face.open(type);
         window.store.page.settle(memories(50, type));
-        auto& groups = *window.root.memories()->groups();
+        auto& groups = *window.face.groups();
         groups.toggle(0); // closed
-        openFound(window, memories(99, type).back());
+        window.search("number 98", {memories(99, type).back()});
+        window.root.search()->openHit(0);
         const bool grouped = type == "ticket";
-        const auto& lines =
-            grouped ? groups.lines()->rows() : window.root.memories()->list()->lines()->rows();
+        const auto& lines = grouped ? groups.lines()->rows() : window.list.lines()->rows();
         const std::size_t first = grouped ? 1 : 0; // below the head of its group
         ASSERT_GE(lines.size(), 12U);
         EXPECT_EQ(lines[first].id, "m:" + type + "98");
@@ -255,69 +294,83 @@ TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
     }
 }
 
-/// What no daemon should say breaks nothing.
-TEST(EditorRoot, RowsThatAreWrongForTheAskAreShownAsTheyAre) {
-    Window window;
-    window.root.setOpenType("decision");
-    const QAbstractItemModelTester tester(window.root.memories()->list()->lines());
-    EditorMemoryHits rows = memories(5000, "finding");
-    rows[1] = rows[0] = memory("", "finding", std::string(10000, 'x') + "\n", "no path");
-    EditorAnswer answer = settled(window.root.ask(), rows);
-    answer.total = 2;
-    answer.typeCounts = answer.filterKeyCounts = {{.name = "", .count = -1}};
-    window.store.page.answer(answer);
-    EXPECT_EQ(window.root.memories()->list()->countLine(), "2 memories");
-    EXPECT_EQ(window.root.memories()->list()->lines()->rowCount(), 12);
-    window.root.memories()->list()->toggle(0);
-    window.root.setOpenType("ticket");
-    window.store.page.answer(settled(window.root.ask(), rows));
-    EXPECT_EQ(window.root.memories()->groups()->footer(), "");
-}
+/// A face that writes down what the window has it do.
+class LoggingFace final : public FaceModel {
+public:
+    LoggingFace(EditorFace face, QStringList& log) : m_face(face), m_log(log) {}
 
-TEST(EditorRoot, StepsBackOneAtATime) {
-    Window window;
-    window.root.setOpenType("decision");
-    window.store.page.settle(memories(3));
-    auto& list = *window.root.memories()->list();
-    list.filters()->togglePanel("/");
-    list.toggle(1);
-    window.root.search()->setText("backup");
-    EXPECT_EQ(window.root.stage(), "search");
-    EXPECT_TRUE(window.root.back());
-    EXPECT_EQ(window.root.stage(), "memory");
-    EXPECT_TRUE(window.root.back());
-    EXPECT_FALSE(list.lines()->row(1).open);
-    EXPECT_TRUE(window.root.back());
-    EXPECT_FALSE(list.filters()->panelOpen());
-    EXPECT_TRUE(window.root.back());
-    EXPECT_EQ(window.root.openType(), std::nullopt);
-    EXPECT_FALSE(window.root.back());
-}
+    EditorFace face() const override { return m_face; }
+    QUrl page() const override { return {}; }
+    bool isModal() const override { return modal; }
+    void show(const FaceView& /*view*/) override {}
+    void appear(EditorAsk& ask) override {
+        write("appears");
+        ask.term = "own";
+    }
+    void leave(EditorAsk& /*ask*/) override { write("is left"); }
+    bool back() override {
+        write("steps back");
+        return true;
+    }
+    void reveal(const FoundHit& found, EditorAsk& /*ask*/) override {
+        write(("reveals " + found.hit.title).c_str());
+    }
+    void openPlace(const std::string& place, EditorAsk& /*ask*/) override {
+        write(("opens " + place).c_str());
+    }
 
-TEST(EditorRoot, RulesShowOneScope) {
-    const auto row = [](const char* path, bool filed) {
-        EditorScopeRow made{.path = path};
-        if (filed)
-            made.kinds = {{.name = "rule", .count = 1}};
-        return made;
-    };
-    const std::vector board{row("/a", false), row("/c", true), row("/b", true)};
-    EXPECT_EQ(EditorRoot::rulesScope({"/x"}, board), "/x");
-    EXPECT_EQ(EditorRoot::rulesScope({"/x", "/y"}, board), "/");
-    EXPECT_EQ(EditorRoot::rulesScope({}, board), "/b");
-    EXPECT_EQ(EditorRoot::rulesScope({}, {row("/a", false)}), "/");
+    bool modal = false;
+
+private:
+    void write(const char* what) {
+        m_log.append(QString::fromUtf8(EditorFaces::text(m_face)) + u' ' + QString::fromUtf8(what));
+    }
+
+    const EditorFace m_face;
+    QStringList& m_log;
+};
+
+TEST(EditorRoot, TellsAFaceWhatBefallsIt) {
+    ScriptedStore store;
+    QStringList log;
+    EditorRoot root(store, {}, [&](EditorStore&, const FaceActions&) {
+        std::vector<std::unique_ptr<FaceModel>> faces;
+        for (const EditorFace face : EditorFaces::all)
+            faces.push_back(std::make_unique<LoggingFace>(face, log));
+        return faces;
+    });
+    const auto logged = [&] { return std::exchange(log, {}).join(QStringLiteral(", ")); };
+    root.setFace(EditorFace::rules);
+    EXPECT_EQ(logged(), "memory is left, rules appears");
+    EXPECT_EQ(store.page.asked.back().term, "own") << "what it makes of the ask is asked";
+    root.rail()->activate(4);
+    EXPECT_EQ(logged(), "rules is left, mods appears, mods opens ");
+    EXPECT_TRUE(root.beginsSearch(QStringLiteral("b")));
+    EXPECT_FALSE(root.beginsSearch(QStringLiteral(" ")));
+    EXPECT_TRUE(root.back());
+    EXPECT_EQ(logged(), "mods steps back");
+    static_cast<LoggingFace&>(root.model(EditorFace::mods)).modal = true;
+    EXPECT_TRUE(root.isModal());
+    EXPECT_FALSE(root.beginsSearch(QStringLiteral("b"))) << "something lies over the page";
+    root.open({.hit = {.id = {},
+                       .destination = SearchDestination::Scope{"/a"},
+                       .title = "/a",
+                       .subtitle = {},
+                       .symbol = {}},
+               .memory = {},
+               .term = {}});
+    EXPECT_EQ(logged(), "mods is left, scopes appears, scopes reveals /a");
+    EXPECT_FALSE(root.isModal());
 }
 
 TEST(EditorRoot, ABlankStageSaysWhatItKnows) {
-    EXPECT_EQ(EditorWords::blankStage("Gone.", 3), "Gone.");
-    EXPECT_EQ(EditorWords::blankStage(std::nullopt, 3),
-              "3 meetings are recorded. A meetings surface lands in a later phase.");
-    EXPECT_EQ(EditorWords::blankStage(std::nullopt, std::nullopt),
-              "This surface isn’t wired to your real data yet.");
     Window window;
     window.store.meeting.count = 3;
+    window.root.setFace(EditorFace::meetings);
+    EXPECT_EQ(window.words(),
+              "3 meetings are recorded. A meetings surface lands in a later phase.");
     window.root.setFace(EditorFace::mods);
-    EXPECT_EQ(window.root.blankStageWords(), "This surface isn’t wired to your real data yet.")
+    EXPECT_EQ(window.words(), "This surface isn’t wired to your real data yet.")
         << "of meetings only the meetings speak";
 }
 

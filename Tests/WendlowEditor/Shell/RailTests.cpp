@@ -1,9 +1,10 @@
+#include "Memories/MemoryFaceModel.h"
 #include "Shell/EditorHost.h"
-#include "Shell/FlatScopes.h"
 #include "Support/ScriptedClient.h"
 #include "Support/ScriptedStore.h"
 
 #include <QAbstractItemModelTester>
+#include <QPointer>
 
 #include <gmock/gmock.h>
 
@@ -31,6 +32,7 @@ struct Rail {
     ScriptedStore store;
     EditorRoot root{store};
     RailModel& rail = *root.rail();
+    MemoryFaceModel& face = static_cast<MemoryFaceModel&>(root.model(EditorFace::memory));
     QAbstractItemModelTester tester{&rail};
 
     explicit Rail(int ordinary) {
@@ -41,20 +43,28 @@ struct Rail {
 
 TEST(Rail, CountsWhatIsKnownAndOpensItsPlaces) {
     Rail window(5);
-    auto& [store, root, rail, tester] = window;
+    auto& [store, root, rail, face, tester] = window;
+    store.scope.read = false;
+    store.tell();
     EXPECT_EQ(spoken(rail).join(u'|'), "Memories, 490|type0s, 100|type1s, 99|type2s, 98|2 more|"
-                                       "Meetings|Moments|Rules, 57|Mods|Scopes, 1");
+                                       "Meetings|Moments|Rules, 57|Mods|Scopes");
     store.page.moments = 38214;
     store.meeting.count = 143;
     store.mod.board = EditorModsBoard{.mods = {{.slug = "a"}, {.slug = "b"}}};
+    store.scope.read = true;
     store.tell();
     EXPECT_EQ(spoken(rail).mid(5).join(u'|'),
               "Meetings, 143|Moments, 38214|Rules, 57|Mods, 2|Scopes, 1");
+    QList<int> apart;
+    for (int row = 0; row < rail.rowCount(); ++row)
+        if (rail.data(rail.index(row), RailModel::ApartRole).toBool())
+            apart.append(row);
+    EXPECT_THAT(apart, ElementsAre(5)) << "the faces stand apart from the places of the first";
     EXPECT_EQ(rail.hereIndex(), 0);
     rail.activate(2);
-    EXPECT_EQ(root.openType(), "type1");
+    EXPECT_EQ(face.openType(), "type1");
     EXPECT_EQ(rail.hereIndex(), 2);
-    root.setOpenType("type4");
+    face.open("type4");
     EXPECT_EQ(rail.hereIndex(), 0) << "not in sight";
     rail.activate(4);
     EXPECT_EQ(rail.hereIndex(), 5) << "all types are shown now";
@@ -62,44 +72,13 @@ TEST(Rail, CountsWhatIsKnownAndOpensItsPlaces) {
     EXPECT_EQ(root.face(), EditorFace::moments);
     rail.activate(99);
     EXPECT_EQ(root.face(), EditorFace::moments);
-}
-
-TEST(Rail, UnderASearchTypesKeepTheirPlaces) {
-    Rail window(2);
-    auto& [store, root, rail, tester] = window;
-    EditorAsk next = root.ask();
-    next.term = "backup";
-    root.setAsk(next);
-    EditorAnswer answer = settled(next);
-    answer.typeCounts = {{.name = "type1", .count = 7}};
-    store.page.answer(answer);
-    EXPECT_EQ(spoken(rail).mid(0, 3).join(u'|'), "Memories, 199|type0s, 0|type1s, 7");
-    EXPECT_EQ(rail.data(rail.index(1), RailModel::DimmedRole), true);
-}
-
-TEST(Rail, ArrowsStopAtTheEnds) {
-    Rail window(2);
-    auto& [store, root, rail, tester] = window;
-    EXPECT_FALSE(rail.arrowPress(1, true)) << "with Shift";
-    const auto press = [&](int by) {
-        EXPECT_TRUE(rail.arrowPress(by, false));
-        return root.openType().value_or(std::string(EditorFaces::text(root.face())));
-    };
-    EXPECT_EQ(press(1), "type0") << "the memories as a whole are no pick";
-    EXPECT_EQ(press(-1), "type0");
-    EXPECT_EQ(press(1), "type1");
-    EXPECT_EQ(press(1), "meetings");
-    for (int at = 0; at < 9; ++at)
-        press(1);
-    EXPECT_EQ(press(1), "scopes");
-    root.search()->setText("backup");
-    press(-1);
-    EXPECT_EQ(root.face(), EditorFace::scopes) << "the search has the arrows";
+    rail.activate(0);
+    EXPECT_EQ(root.face(), EditorFace::memory);
 }
 
 TEST(FaceBar, SaysWhichScopesAndPicksOne) {
     Rail window(1);
-    auto& [store, root, rail, tester] = window;
+    auto& [store, root, rail, face, tester] = window;
     auto& bar = *root.bar();
     const QAbstractItemModelTester barTester(&bar);
     for (int at = 0; at < 5000; ++at)
@@ -114,17 +93,21 @@ TEST(FaceBar, SaysWhichScopesAndPicksOne) {
     bar.setPickerOpen(true);
     bar.choose(3);
     EXPECT_FALSE(bar.pickerOpen());
-    EXPECT_THAT(root.ask().scopes, ElementsAre("/s0/deep"));
+    EXPECT_THAT(root.page().ask().scopes, ElementsAre("/s0/deep"));
     EXPECT_EQ(bar.label(), "/s0/deep");
     EXPECT_EQ(bar.pickedIndex(), 3);
-    EditorAsk two = root.ask();
+    EditorAsk two = root.page().ask();
     two.scopes.insert("/s1");
     root.setAsk(two);
     EXPECT_EQ(bar.label(), "2 scopes");
     bar.choose(0);
-    EXPECT_TRUE(root.ask().scopes.empty());
+    EXPECT_TRUE(root.page().ask().scopes.empty());
     bar.manageScopes();
     EXPECT_EQ(root.face(), EditorFace::scopes);
+}
+
+MemoryFaceModel& memoriesOf(const EditorHost& host) {
+    return static_cast<MemoryFaceModel&>(host.root()->model(EditorFace::memory));
 }
 
 TEST(EditorWorlds, EachWorldHasItsOwnRoot) {
@@ -145,14 +128,33 @@ TEST(EditorWorlds, EachWorldHasItsOwnRoot) {
     host.root()->setFace(EditorFace::mods);
     worlds.switchWorld(EditorWorld::dayZero);
     EXPECT_EQ(host.root()->face(), EditorFace::mods) << "the world in force stays as it is";
-    EXPECT_EQ(host.root()->memories()->emptyWords(), "Nothing here yet.");
+    EXPECT_EQ(memoriesOf(host).emptyWords(), "Nothing here yet.");
     worlds.switchWorld(EditorWorld::powerUser);
     EXPECT_EQ(host.root()->face(), EditorFace::memory);
-    EXPECT_GT(host.root()->memories()->cards()->rowCount(), 5);
+    EXPECT_GT(memoriesOf(host).cards()->rowCount(), 5);
     worlds.resetWorld();
     EXPECT_EQ(worlds.seeded().generation(), generation + 3);
     worlds.switchWorld(EditorWorld::realData);
     EXPECT_EQ(worlds.world(), EditorWorld::realData);
+}
+
+TEST(EditorHost, HoldsARootAsLongAsItIsLookedAt) {
+    EditorWorlds worlds(std::make_shared<ScriptedClient>(), EditorWorld::dayZero);
+    EditorHost host(worlds);
+    const QPointer<EditorRoot> unseen = host.root();
+    worlds.switchWorld(EditorWorld::someData);
+    EXPECT_FALSE(unseen);
+    auto view = std::make_unique<QObject>();
+    host.root()->seenBy(view.get());
+    const QPointer<EditorRoot> seen = host.root();
+    worlds.switchWorld(EditorWorld::powerUser);
+    worlds.switchWorld(EditorWorld::dayZero);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(seen);
+    view.reset();
+    EXPECT_TRUE(seen) << "what goes with the view may still look at it";
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(seen);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "Shell/SearchHitList.h"
+#include "Search/SearchHitList.h"
 
 #include <string>
 

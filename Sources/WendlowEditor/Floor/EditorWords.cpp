@@ -1,8 +1,6 @@
-#include "Shell/EditorWords.h"
+#include "Floor/EditorWords.h"
 
-#include "Shell/RowText.h"
-
-#include <fmt/format.h>
+#include "Floor/RowText.h"
 
 namespace wendlow::EditorWords {
 
@@ -27,16 +25,6 @@ QString empty(const EditorAnswer& answer, bool hasRows) {
     if (hasRows || !strip(answer.state).words.isEmpty())
         return {};
     return answer.ready() ? nothingHere() : reading();
-}
-
-std::string blankStage(const std::optional<std::string>& storeError,
-                       std::optional<std::int64_t> meetingCount) {
-    if (storeError)
-        return *storeError;
-    if (meetingCount)
-        return fmt::format("{} meetings are recorded. A meetings surface lands in a later phase.",
-                           *meetingCount);
-    return "This surface isn’t wired to your real data yet.";
 }
 
 } // namespace wendlow::EditorWords

@@ -1,4 +1,4 @@
-#include "Shell/FlatScopes.h"
+#include "Floor/FlatScopes.h"
 
 namespace wendlow::FlatScopes {
 
@@ -16,6 +16,13 @@ std::vector<std::string> paths(const EditorScope& root) {
     std::vector<std::string> paths;
     gather(root, paths);
     return paths;
+}
+
+std::int64_t count(const EditorScope& root) {
+    std::int64_t sum = 1;
+    for (const EditorScope& child : root.children)
+        sum += count(child);
+    return sum;
 }
 
 } // namespace wendlow::FlatScopes

@@ -1,7 +1,6 @@
-#include "Shell/EditorFace.h"
+#include "Floor/EditorFace.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace wendlow::EditorFaces {
 
@@ -23,7 +22,7 @@ constexpr std::array<Words, all.size()> table{{
 }};
 
 const Words& words(EditorFace face) {
-    return table[static_cast<std::size_t>(face)];
+    return table[place(face)];
 }
 
 } // namespace

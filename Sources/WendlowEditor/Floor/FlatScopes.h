@@ -2,6 +2,7 @@
 
 #include "Model/EditorScope.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -9,5 +10,8 @@ namespace wendlow::FlatScopes {
 
 /// The paths of the scope tree in the order of a walk, the root first.
 std::vector<std::string> paths(const EditorScope& root);
+
+/// How many those are.
+std::int64_t count(const EditorScope& root);
 
 } // namespace wendlow::FlatScopes

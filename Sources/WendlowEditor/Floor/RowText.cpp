@@ -1,6 +1,6 @@
-#include "Shell/RowText.h"
+#include "Floor/RowText.h"
 
-#include "Search/TextMatch.h"
+#include "Floor/TextMatch.h"
 
 #include <string>
 

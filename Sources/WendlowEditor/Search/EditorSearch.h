@@ -1,9 +1,12 @@
 #pragma once
 
-#include "Shell/EditorDetails.h"
-#include "Shell/SearchHitList.h"
-#include "Store/EditorStore.h"
+#include "Floor/EditorDetails.h"
+#include "Search/SearchHitList.h"
 #include "Store/Lifetime.h"
+#include "Store/MeetingSource.h"
+#include "Store/ModSource.h"
+#include "Store/PageSource.h"
+#include "Store/ScopeSource.h"
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
@@ -46,8 +49,15 @@ public:
         bool operator==(const Millis&) const = default;
     };
 
+    struct Sources {
+        PageSource& pages;
+        MeetingSource& meetings;
+        ModSource& mods;
+        ScopeSource& scopes;
+    };
+
     /// All of these must outlive it.
-    EditorSearch(EditorStore& store, EditorDetails& details, Clock clock);
+    EditorSearch(Sources sources, EditorDetails& details, Clock clock);
     ~EditorSearch() override { m_life.end(); }
 
     /// What is searched for while this text is in the field: a single letter neither begins a
@@ -68,27 +78,42 @@ public:
     SearchHitList* hits() { return &m_hits; }
     const SearchSections& sections() const { return m_sections; }
     std::optional<Millis> millis() const { return m_millis; }
-    /// The memory of this id among those that were found.
-    std::optional<EditorMemoryHit> memory(std::string_view id) const;
-
-    bool move(SearchPage::Move move);
+    /// By -1 or 1.
+    Q_INVOKABLE void moveBy(int by);
+    /// Opens the selected hit. While its page is still to come, what is selected is of the term
+    /// before: then the first hit is opened once the page is there, unless the term changes again.
+    Q_INVOKABLE void commit();
+    /// Opens this one of the hits that are shown.
+    Q_INVOKABLE void openHit(int index);
     /// Null: nothing is selected.
     const SearchHit* selected() const;
     const SearchHit* hit(int index) const;
-    void clear();
-    /// What the store shows beside the two questions may read differently now.
+    Q_INVOKABLE void clear();
+    /// What the sources show beside the two questions may read differently now.
     void rebuild();
+    /// Asks no more.
+    void retire();
+    /// Why and body have been forgotten: those of the hits are fetched anew.
+    void fetchDetails();
 
 Q_SIGNALS:
     void changed();
+    /// A hit is to be opened. `byKey`: the focus is to go with it.
+    void opened(const wendlow::FoundHit& found, bool byKey);
+    /// The two questions have been answered, or are asked no more.
+    void settled();
 
 private:
     void setTerm(std::string term);
     QCoro::Task<> run(std::string term);
+    QCoro::Task<EditorAnswer> answerTo(EditorAsk ask);
     void show(const EditorAnswer& memories, EditorAnswer moments);
     void forget();
+    void open(int index, bool byKey);
+    /// The memory of this id among those that were found.
+    std::optional<EditorMemoryHit> memory(std::string_view id) const;
 
-    EditorStore& m_store;
+    const Sources m_sources;
     EditorDetails& m_details;
     const Clock m_clock;
     SearchHitList m_hits;
@@ -102,6 +127,8 @@ private:
     std::optional<std::size_t> m_selection;
     std::optional<Millis> m_millis;
     bool m_busy = false;
+    bool m_commits = false; ///< the first hit is to be opened when the page is there
+    bool m_retired = false;
     std::uint64_t m_task = 0; ///< a task of another number is cancelled
     Lifetime m_life;
 };

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Floor/RowText.h"
 #include "KeyedListModel.h"
 #include "Search/SearchPage.h"
-#include "Shell/RowText.h"
 
 #include <QtQmlIntegration/qqmlintegration.h>
 

@@ -1,4 +1,4 @@
-#include "Search/TextMatch.h"
+#include "Floor/TextMatch.h"
 
 #include "Ranking/EditorText.h"
 

@@ -4,10 +4,6 @@
 
 #include <QString>
 
-#include <cstdint>
-#include <optional>
-#include <string>
-
 namespace wendlow::EditorWords {
 
 /// What stands above a list by the state of its answer.
@@ -23,9 +19,5 @@ QString nothingHere();
 /// In place of rows: that they are being read, that there are none, or nothing where a strip tells
 /// why. Empty where there are rows.
 QString empty(const EditorAnswer& answer, bool hasRows);
-
-/// A face that has nothing of its own to show.
-std::string blankStage(const std::optional<std::string>& storeError,
-                       std::optional<std::int64_t> meetingCount);
 
 } // namespace wendlow::EditorWords

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -14,6 +15,11 @@ namespace EditorFaces {
 /// In the order of the rail.
 inline constexpr std::array all{EditorFace::memory, EditorFace::meetings, EditorFace::moments,
                                 EditorFace::rules,  EditorFace::mods,     EditorFace::scopes};
+
+/// The place in that order.
+constexpr std::size_t place(EditorFace face) {
+    return static_cast<std::size_t>(face);
+}
 
 /// The raw text, which is also the face's identity.
 std::string_view text(EditorFace face);

@@ -1,9 +1,9 @@
-#include "Shell/EditorSearch.h"
+#include "Search/EditorSearch.h"
 
+#include "Floor/EditorWords.h"
+#include "Floor/FlatScopes.h"
 #include "LinkStages.h"
 #include "Ranking/EditorText.h"
-#include "Shell/EditorWords.h"
-#include "Shell/FlatScopes.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,8 +27,8 @@ EditorAsk askFor(const std::string& term, EditorKind kind, std::int64_t limit) {
 
 } // namespace
 
-EditorSearch::EditorSearch(EditorStore& store, EditorDetails& details, Clock clock)
-    : m_store(store), m_details(details), m_clock(std::move(clock)) {
+EditorSearch::EditorSearch(Sources sources, EditorDetails& details, Clock clock)
+    : m_sources(sources), m_details(details), m_clock(std::move(clock)) {
     connect(&m_details, &EditorDetails::changed, this, &EditorSearch::rebuild);
 }
 
@@ -63,13 +63,22 @@ void EditorSearch::clear() {
     Q_EMIT changed();
 }
 
+void EditorSearch::retire() {
+    m_retired = true;
+    clear();
+}
+
 void EditorSearch::setTerm(std::string term) {
-    if (term == m_term)
+    if (term == m_term || (m_retired && !term.empty()))
         return;
     m_term = std::move(term);
     ++m_task;
+    m_commits = false;
+    // What the hits before need must not hold up the new ones.
+    m_details.abandon(EditorAsker::search);
     if (m_term.empty()) {
         forget();
+        Q_EMIT settled();
         return;
     }
     m_busy = true;
@@ -94,17 +103,26 @@ QCoro::Task<> EditorSearch::run(std::string term) {
     const std::uint64_t number = m_task;
     const auto started = m_clock();
     EditorAsk question = askFor(term, EditorKind::memory, mostMemories);
-    const EditorAnswer memories = co_await m_store.pages().query(question, EditorAsker::search);
-    if (life.expired() || number != m_task || memories.ask != question)
+    EditorAnswer memories = co_await answerTo(std::move(question));
+    if (life.expired() || number != m_task)
         co_return;
     const auto halfway = m_clock();
     question = askFor(term, EditorKind::moment, mostMoments);
-    EditorAnswer moments = co_await m_store.pages().query(question, EditorAsker::search);
-    if (life.expired() || number != m_task || moments.ask != question)
+    EditorAnswer moments = co_await answerTo(std::move(question));
+    if (life.expired() || number != m_task)
         co_return;
     m_millis = Millis{.memory = LinkStages::wholeMillis(halfway - started),
                       .moment = LinkStages::wholeMillis(m_clock() - halfway)};
     show(memories, std::move(moments));
+}
+
+QCoro::Task<EditorAnswer> EditorSearch::answerTo(EditorAsk ask) {
+    EditorAnswer answer = co_await m_sources.pages.query(ask, EditorAsker::search);
+    // Rows to another question must not pass for hits, nor for there being none.
+    if (answer.ask != ask)
+        co_return EditorAnswer::failed(
+            "Wendlow answered with something this mod does not understand.", std::move(ask));
+    co_return answer;
 }
 
 void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments) {
@@ -124,11 +142,18 @@ void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments) {
         m_selection = 0;
     Q_EMIT changed();
 
+    fetchDetails();
+    Q_EMIT settled();
+    if (std::exchange(m_commits, false))
+        open(selectionIndex(), true);
+}
+
+void EditorSearch::fetchDetails() {
     std::vector<std::string> ids;
     for (const EditorMemoryHit& hit : m_memories)
         if (ids.size() < detailsAsked)
             ids.push_back(hit.memory.id);
-    m_details.request(ids);
+    m_details.request(ids, EditorAsker::search);
 }
 
 void EditorSearch::rebuild() {
@@ -136,12 +161,12 @@ void EditorSearch::rebuild() {
         return;
     const SearchHit* const chosen = selected();
     const std::string kept = chosen != nullptr ? chosen->id : std::string();
-    const auto& board = m_store.mods().modsBoard();
-    const auto paths = FlatScopes::paths(m_store.scopes().rootScope());
+    const auto& board = m_sources.mods.modsBoard();
+    const auto paths = FlatScopes::paths(m_sources.scopes.rootScope());
     m_sections = SearchPage::build({.term = m_answeredTerm,
                                     .memories = m_memories,
                                     .moments = m_moments,
-                                    .meetings = m_store.meetings().meetings(),
+                                    .meetings = m_sources.meetings.meetings(),
                                     .mods = board ? &board->mods : nullptr,
                                     .scopePaths = paths,
                                     .details = m_details.known()});
@@ -157,11 +182,32 @@ void EditorSearch::rebuild() {
         Q_EMIT changed();
 }
 
-bool EditorSearch::move(SearchPage::Move move) {
+void EditorSearch::moveBy(int by) {
+    const auto move = by < 0 ? SearchPage::Move::up : SearchPage::Move::down;
     const auto next = SearchPage::moved(m_selection, move, m_sections);
     if (std::exchange(m_selection, next) != next)
         Q_EMIT changed();
-    return true;
+}
+
+void EditorSearch::commit() {
+    if (m_busy)
+        m_commits = true;
+    else
+        open(selectionIndex(), true);
+}
+
+void EditorSearch::openHit(int index) {
+    open(index, false);
+}
+
+void EditorSearch::open(int index, bool byKey) {
+    const SearchHit* const chosen = hit(index);
+    if (chosen == nullptr)
+        return;
+    const FoundHit found{
+        .hit = *chosen, .memory = memory(SearchPage::memoryOf(*chosen)), .term = m_answeredTerm};
+    clear();
+    Q_EMIT opened(found, byKey);
 }
 
 const SearchHit* EditorSearch::selected() const {

@@ -3,18 +3,20 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
-import WendlowEditor
+import WendlowEditorFloor
+import WendlowEditorSearch
 
 // The page of a search: what was found, by what it is. Its selection moves by the arrows, also while the
 // search field has the focus.
 FocusScope {
     id: page
 
-    required property EditorRoot root
+    required property EditorSearch search
     required property int margin
     required property int column
+    // The title of what lies behind.
+    required property string backTo
 
-    readonly property EditorSearch search: page.root.search
     // Beside the heading there is no room for more.
     readonly property bool narrow: page.column < 560
 
@@ -25,8 +27,8 @@ FocusScope {
         width: page.column - (page.narrow || timing.width === 0 ? 0 : timing.width + 16)
         title: page.search.heading
         hasBack: true
-        backTo: page.root.title
-        onBack: page.root.clearSearch()
+        backTo: page.backTo
+        onBack: page.search.clear()
         trailing: QuietProgress { running: page.search.busy }
     }
     Label {
@@ -80,19 +82,19 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: page.search.heading
 
-        Keys.onUpPressed: page.root.rail.arrowPress(-1, false)
-        Keys.onDownPressed: page.root.rail.arrowPress(1, false)
-        Keys.onReturnPressed: page.root.commitSearchSelection()
-        Keys.onEnterPressed: page.root.commitSearchSelection()
+        Keys.onUpPressed: page.search.moveBy(-1)
+        Keys.onDownPressed: page.search.moveBy(1)
+        Keys.onReturnPressed: page.search.commit()
+        Keys.onEnterPressed: page.search.commit()
 
         delegate: SearchRow {
             id: hit
 
             x: page.margin - 12
             width: page.column + 24
-            chosen: hit.index === page.search.selection
+            chosen: hit.index === (page?.search.selection ?? -1)
             ringed: hit.chosen && list.activeFocus
-            onOpened: page.root.openHit(hit.index)
+            onOpened: page.search.openHit(hit.index)
             // A row that waits for its next use is no row to a screen reader either.
             ListView.onPooled: hit.visible = false
             ListView.onReused: hit.visible = true

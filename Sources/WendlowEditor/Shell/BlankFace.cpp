@@ -1,0 +1,75 @@
+#include "Shell/BlankFace.h"
+
+#include "Floor/FlatScopes.h"
+#include "Floor/RowText.h"
+#include "Model/EditorRail.h"
+
+#include <fmt/format.h>
+
+namespace wendlow {
+
+QUrl BlankFace::page() const {
+    return QUrl(QStringLiteral("qrc:/qt/qml/WendlowEditor/BlankStage.qml"));
+}
+
+EditorKind BlankFace::kind() const {
+    return m_face == EditorFace::moments ? EditorKind::moment : EditorKind::memory;
+}
+
+void BlankFace::show(const FaceView& view) {
+    m_counted = view.counted;
+    Q_EMIT changed();
+}
+
+void BlankFace::reveal(const FoundHit& found, EditorAsk& ask) {
+    if (const auto* const rule = std::get_if<SearchDestination::Rule>(&found.hit.destination))
+        ask.scopes = {rule->scope};
+}
+
+std::optional<std::int64_t> BlankFace::railCount() const {
+    switch (m_face) {
+    case EditorFace::meetings:
+        return m_store.meetings().meetingCount();
+    case EditorFace::moments:
+        return m_store.pages().momentCount();
+    case EditorFace::rules: {
+        // Before anything has been read, none is not a number of things.
+        const auto& standing = m_store.pages().memoryTypeCounts();
+        return m_counted || !standing.empty() ? std::optional(RailCounts::rules(standing))
+                                              : std::nullopt;
+    }
+    case EditorFace::mods: {
+        const auto& board = m_store.mods().modsBoard();
+        return board ? std::optional<std::int64_t>(std::ssize(board->mods)) : std::nullopt;
+    }
+    case EditorFace::scopes:
+        return m_store.scopes().boardRead()
+                   ? std::optional(FlatScopes::count(m_store.scopes().rootScope()))
+                   : std::nullopt;
+    case EditorFace::memory:
+        break;
+    }
+    return std::nullopt;
+}
+
+FacePictures BlankFace::pictures() {
+    // They look alike: one stands for all.
+    if (m_face != EditorFace::mods)
+        return {};
+    return {{.name = "blank"}};
+}
+
+QString BlankFace::words() const {
+    if (const auto error = m_store.storeError())
+        return RowText::plain(*error);
+    // Only the meetings are counted in words; the number of another face's things says nothing
+    // here.
+    const auto meetings =
+        m_face == EditorFace::meetings ? m_store.meetings().meetingCount() : std::nullopt;
+    if (meetings)
+        return RowText::plain(fmt::format(
+            "{} meetings are recorded. A meetings surface lands in a later phase.", *meetings));
+    return QStringLiteral("This surface isn’t wired to your real data yet.");
+}
+
+} // namespace wendlow

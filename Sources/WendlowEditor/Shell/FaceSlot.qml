@@ -1,0 +1,59 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import WendlowEditorFloor
+
+// The page of one face, made when the face is first opened and kept behind the others.
+Loader {
+    id: slot
+
+    required property var modelData
+    required property int margin
+    required property int column
+    required property bool trying
+
+    readonly property FaceModel face: slot.modelData as FaceModel
+    readonly property FacePage page: slot.item as FacePage
+
+    signal triedAgain
+
+    function make(): void {
+        if (slot.face.open && slot.item === null)
+            slot.setSource(slot.face.page, {
+                face: slot.face,
+                margin: slot.margin,
+                column: slot.column
+            });
+    }
+
+    visible: slot.face.open
+    Component.onCompleted: slot.make()
+
+    Connections {
+        target: slot.face
+        function onOpenChanged(): void {
+            slot.make();
+        }
+    }
+    Connections {
+        target: slot.page
+        function onTriedAgain(): void {
+            slot.triedAgain();
+        }
+    }
+    Binding {
+        target: slot.page
+        property: "margin"
+        value: slot.margin
+    }
+    Binding {
+        target: slot.page
+        property: "column"
+        value: slot.column
+    }
+    Binding {
+        target: slot.page
+        property: "trying"
+        value: slot.trying
+    }
+}
