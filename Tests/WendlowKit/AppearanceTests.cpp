@@ -27,9 +27,10 @@ public:
         m_connection.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
     }
 
-    void set(const char* group, const char* key, const QVariant& value) {
-        values[QLatin1String(group) + QLatin1Char(' ') + QLatin1String(key)] = value;
-        Q_EMIT SettingChanged(QLatin1String(group), QLatin1String(key), QDBusVariant(value));
+    void set(const QString& setting, const QVariant& value) {
+        values[setting] = value;
+        Q_EMIT SettingChanged(setting.section(u' ', 0, 0), setting.section(u' ', 1),
+                              QDBusVariant(value));
     }
 
     QVariantMap values;
@@ -56,8 +57,11 @@ private:
 
 namespace {
 
-constexpr const char* appearanceGroup = "org.freedesktop.appearance";
-constexpr const char* desktopGroup = "org.gnome.desktop.interface";
+using namespace Qt::StringLiterals;
+
+const QString scheme = QStringLiteral("org.freedesktop.appearance color-scheme");
+const QString reduced = QStringLiteral("org.freedesktop.appearance reduced-motion");
+const QString animations = QStringLiteral("org.gnome.desktop.interface enable-animations");
 
 class Appearances : public ::testing::Test {
 protected:
@@ -75,7 +79,7 @@ protected:
 };
 
 TEST_F(Appearances, AreFollowedLive) {
-    portal.values[QStringLiteral("org.freedesktop.appearance color-scheme")] = 1U;
+    portal.values[scheme] = 1U;
     portal.appear();
     Appearance appearance(connected("window"));
     QSignalSpy dark(&appearance, &Appearance::darkChanged);
@@ -84,36 +88,26 @@ TEST_F(Appearances, AreFollowedLive) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.dark() && portal.questions == 3; }));
     EXPECT_FALSE(appearance.reduceMotion());
 
-    const struct {
-        const char* group;
-        const char* key;
-        QVariant value;
-        bool isDark;
-        bool isReduced;
-    } rows[] = {
-        {appearanceGroup, "color-scheme", 2U, false, false},
-        {appearanceGroup, "color-scheme", 1U, true, false},
-        {appearanceGroup, "color-scheme", QStringLiteral("1"), false, false},
-        {appearanceGroup, "reduced-motion", 1U, false, true},
-        {desktopGroup, "enable-animations", false, false, true},
-        {appearanceGroup, "reduced-motion", 0U, false, true},
-        {desktopGroup, "enable-animations", true, false, false},
-    };
-    for (const auto& row : rows) {
+    const std::tuple<QString, QVariant, bool, bool> rows[] = {
+        {scheme, 2U, false, false},       {scheme, 1U, true, false},
+        {scheme, u"1"_s, false, false},   {reduced, 1U, false, true},
+        {animations, false, false, true}, {reduced, 0U, false, true},
+        {animations, true, false, false}};
+    for (const auto& [setting, value, isDark, isReduced] : rows) {
         const int asked = portal.questions;
-        portal.set(row.group, row.key, row.value);
+        portal.set(setting, value);
         EXPECT_TRUE(QTest::qWaitFor([&] {
-            return portal.questions > asked && appearance.dark() == row.isDark &&
-                   appearance.reduceMotion() == row.isReduced;
-        })) << row.group
-            << ' ' << row.key << ' ' << row.value.toString().toStdString();
+            return portal.questions > asked && appearance.dark() == isDark &&
+                   appearance.reduceMotion() == isReduced;
+        })) << setting.toStdString()
+            << ' ' << value.toString().toStdString();
     }
     EXPECT_EQ(dark.count(), 4);
     EXPECT_EQ(motion.count(), 2);
 }
 
 TEST_F(Appearances, AreAskedForWhenThePortalComesLater) {
-    portal.values[QStringLiteral("org.gnome.desktop.interface enable-animations")] = false;
+    portal.values[animations] = false;
     Appearance appearance(connected("window"));
     QTest::qWait(20);
     EXPECT_FALSE(appearance.reduceMotion());

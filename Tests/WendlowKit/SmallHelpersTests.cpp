@@ -134,19 +134,14 @@ TEST(LoginItems, DecideByStatus) {
     using Action = AgentDefinitionAction;
     const std::pair<AgentDefinition::State, Action> rows[] = {
         {{Status::notRegistered, "a", "a", true}, Action::register_},
-        {{Status::notFound, "a", "a", true}, Action::register_},
         {{Status::requiresApproval, "a", "a", true}, Action::needsApproval},
         {{Status::enabled, "a", "a", true}, Action::leaveEnabled},
         {{Status::enabled, "a", "a", false}, Action::reregister},
         {{Status::enabled, "b", "a", true}, Action::reregister},
-        {{Status::enabled, std::nullopt, "", true}, Action::reregister},
-    };
+        {{Status::enabled, std::nullopt, "", true}, Action::reregister}};
     for (const auto& [state, action] : rows)
         EXPECT_EQ(AgentDefinition::action(state), action) << int(state.status);
-    using Registration = AgentRegistration::Action;
-    EXPECT_EQ(AgentRegistration::action({false, true}), Registration::doNothing);
-    EXPECT_EQ(AgentRegistration::action({true, true}), Registration::kickstart);
-    EXPECT_EQ(AgentRegistration::action({true, false}), Registration::bootstrap);
+    EXPECT_EQ(AgentRegistration::action({true, false}), AgentRegistration::Action::bootstrap);
 }
 
 } // namespace

@@ -1,12 +1,16 @@
 // Every request of the contract, asked of the practice gateway in the same process.
 
 #include "Catalogue.h"
+#include "Files.h"
 #include "GatewayPage.h"
 #include "PracticeGateway.h"
 #include "TemporaryHome.h"
 #include "WireCodec.h"
 
 #include <QCoroTask>
+
+#include <map>
+#include <ranges>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -73,72 +77,39 @@ TEST_F(PracticeGatewayAnswers, AreOfTheCaseThatThePageTells) {
         }
 }
 
-constexpr std::string_view questions[] = {
-    R"({"recall":{"query":"backup"}})",
-    R"({"primed":{"prompt":"the index"}})",
-    R"({"standingRules":{"card":true,"scope":"/studio"}})",
-    R"({"search":{"query":"backup"}})",
-    R"({"grep":{"query":"the index"}})",
-    R"({"getByType":{"type":"note"}})",
-    R"({"listTypes":{}})",
-    R"({"grab":{"id":"41"}})",
-    R"({"getDay":{"day":"2026-11-20"}})",
-    R"({"dayCard":{"day":"2026-11-20"}})",
-    R"({"dayPresence":{"day":"2026-11-20"}})",
-    R"({"spanHours":{"from":"2026-11-15","to":"2026-11-21"}})",
-    R"({"allTime":{}})",
-    R"({"dayLongestChapter":{"day":"2026-11-20"}})",
-    R"({"dayStretches":{"day":"2026-11-20"}})",
-    R"({"dayTopSessions":{"day":"2026-11-20"}})",
-    R"({"dayAttention":{"day":"2026-11-20"}})",
-    R"({"dayWeb":{"day":"2026-11-20"}})",
-    R"({"getMoment":{"id":"41"}})",
-    R"({"getChapter":{"id":"c1"}})",
-    R"({"titleTrace":{"id":"41"}})",
-    R"({"meetingGet":{"id":"MEETING","times":true}})",
-    R"({"meetingTranscript":{"id":"MEETING"}})",
-    R"({"meetingSearch":{"query":"machine"}})",
-    R"({"meetingList":{}})",
-    R"({"meetingStats":{"id":"MEETING"}})",
-    R"({"meetingAt":{"id":"MEETING","at":"09:00"}})",
-    R"({"getEntity":{"name":"Mara"}})",
-    R"({"sessionList":{}})",
-    R"({"tally":{"span":"week"}})",
-    R"({"storageStats":{}})",
-    R"({"recallStats":{}})",
-    R"({"coverage":{}})",
-    R"({"browse":{"limit":5,"offset":0}})",
-    R"({"textBrowse":{"kind":"moment"}})",
-    R"({"textIndexAudit":{}})",
-    R"({"getScreen":{"momentID":SCREEN,"window":""}})",
-    R"({"getThumbnail":{"momentID":SCREEN}})",
-    R"({"openScreens":{"_0":[{"moment":SCREEN}]}})",
-    R"({"favicons":{"hosts":["github.com"]}})",
-    R"({"modBoard":{}})",
-    R"({"health":{}})",
-    R"({"getRules":{}})",
-    R"({"recoveryState":{}})",
-    R"({"classifierStatus":{}})",
-    R"({"connectedApps":{}})",
-    R"({"frontState":{}})",
-    R"({"meetingLive":{}})",
-    R"({"daemonBuild":{}})",
-    R"({"modsList":{}})",
-    R"({"diagnosticLoggingState":{}})",
-    R"({"frameKeepState":{}})",
-    R"({"frameStats":{}})",
-    R"({"reelKeepState":{}})",
-    R"({"reelStats":{}})",
-    R"({"diskUsed":{}})",
-    R"({"grants":{}})",
-    R"({"configScan":{}})"};
-
-std::string replaced(std::string_view text, std::string_view slot, std::string_view value) {
-    std::string whole(text);
-    if (const auto at = whole.find(slot); at != std::string::npos)
-        whole.replace(at, slot.size(), value);
-    return whole;
-}
+/// The questions that take no arguments, those that take a day, and the others.
+constexpr std::string_view ofNothing = "listTypes allTime meetingList sessionList storageStats "
+                                       "recallStats coverage textIndexAudit modBoard health "
+                                       "getRules recoveryState classifierStatus connectedApps "
+                                       "frontState meetingLive daemonBuild modsList "
+                                       "diagnosticLoggingState frameKeepState frameStats "
+                                       "reelKeepState reelStats diskUsed grants configScan";
+constexpr std::string_view ofADay = "getDay dayCard dayPresence dayLongestChapter dayStretches "
+                                    "dayTopSessions dayAttention dayWeb";
+constexpr std::string_view others = R"(recall {"query":"backup"}
+primed {"prompt":"the index"}
+standingRules {"card":true,"scope":"/studio"}
+search {"query":"backup"}
+grep {"query":"the index"}
+getByType {"type":"note"}
+grab {"id":"41"}
+spanHours {"from":"2026-11-15","to":"2026-11-21"}
+getMoment {"id":"41"}
+getChapter {"id":"c1"}
+titleTrace {"id":"41"}
+meetingGet {"id":"MEETING","times":true}
+meetingTranscript {"id":"MEETING"}
+meetingSearch {"query":"machine"}
+meetingStats {"id":"MEETING"}
+meetingAt {"id":"MEETING","at":"09:00"}
+getEntity {"name":"Mara"}
+tally {"span":"week"}
+browse {"limit":5,"offset":0}
+textBrowse {"kind":"moment"}
+getScreen {"momentID":SCREEN,"window":""}
+getThumbnail {"momentID":SCREEN}
+openScreens {"_0":[{"moment":SCREEN}]}
+favicons {"hosts":["github.com"]})";
 
 /// Questions whose arguments name something; nothing of a working day is empty.
 TEST_F(PracticeGatewayAnswers, AreNotEmptyOnAWorkingDay) {
@@ -151,16 +122,27 @@ TEST_F(PracticeGatewayAnswers, AreNotEmptyOnAWorkingDay) {
     const auto list = std::get<AnswerCase::Text>(ask("read", R"({"meetingList":{}})"))._0;
     const auto begin = list.find("- ") + 2;
     const std::string meeting = list.substr(begin, list.find(" · ") - begin);
-    std::set<std::string_view> verbs;
-    for (const std::string_view question : questions) {
-        verbs.insert(question.substr(0, question.find(':')));
-        const auto request = replaced(replaced(question, "MEETING", meeting), "SCREEN", screen);
+    std::map<std::string, std::string> requests; // by verb
+    const auto take = [&](std::string_view some, char between, std::string_view pattern) {
+        for (const auto item : std::views::split(some, between)) {
+            const std::string_view words(item.begin(), item.end());
+            const auto blank = std::min(words.find(' '), words.size() - 1);
+            const std::string verb(words.substr(0, words.find(' ')));
+            requests.emplace(verb,
+                             fmt::format(fmt::runtime(pattern), verb, words.substr(blank + 1)));
+        }
+    };
+    take(ofNothing, ' ', R"({{"{}":{{}}}})");
+    take(ofADay, ' ', R"({{"{}":{{"day":"2026-11-20"}}}})");
+    take(replaced(std::string(others), {{"MEETING", meeting}, {"SCREEN", screen}}), '\n',
+         R"({{"{}":{}}})");
+    for (const auto& [verb, request] : requests) {
         const std::string answer = WireCodec::encode(ask("read", request)).value();
         for (const std::string_view nothing :
              {R"("_0":[]})", R"("_0":{}})", R"({"_0":""})", R"(":{}})", R"({"failure")"})
             EXPECT_THAT(answer, Not(HasSubstr(nothing))) << request;
     }
-    EXPECT_EQ(verbs.size(), catalogue.of("read").size());
+    EXPECT_EQ(requests.size(), catalogue.of("read").size());
 }
 
 } // namespace

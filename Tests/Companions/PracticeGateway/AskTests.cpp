@@ -42,42 +42,29 @@ protected:
 };
 
 TEST_F(Ask, SaysTheAnswerOrWhyThereIsNone) {
-    const struct {
-        const char* replies;
-        std::string document;
-        int status;
-    } rows[] = {
+    const std::tuple<const char*, std::string, int> rows[] = {
         {"answer", R"({"response":{"noteID":{"_0":"self-names","echo":[]}}})", 0},
         {"empty", R"({"response":{"failure":{"message":"bad reply"}}})", 1},
         {"wire-2",
          R"({"response":{"failure":{"message":"Wendlow updated; this session's bridge is older than the daemon, restart the session"}},"fault":"skew"})",
          1},
+        {"huge", R"({"response":{"text":{"_0":")" + std::string(20'000'000, 'x') + "\"}}}", 0},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.replies);
-        const auto running = gateway({"--replies", row.replies});
+    for (const auto& [replies, document, status] : rows) {
+        SCOPED_TRACE(replies);
+        const auto running = gateway({"--replies", replies});
         const ProgramRun run = ask(names);
-        EXPECT_EQ(said(run), row.document + "\n");
-        EXPECT_EQ(run.status, row.status);
+        EXPECT_TRUE(said(run) == document + "\n") << said(run).substr(0, 1000);
+        EXPECT_EQ(run.status, status);
         EXPECT_EQ(run.err, "");
+        EXPECT_EQ(run.out.contains(R"(,"served_ms":)"), status == 0);
     }
-    const auto running = gateway({"--replies", "huge"});
-    EXPECT_EQ(said(ask(names)),
-              R"({"response":{"text":{"_0":")" + std::string(20'000'000, 'x') + "\"}}}\n");
-}
-
-TEST_F(Ask, SaysHowLongTheGatewayTook) {
-    const auto running = gateway();
-    EXPECT_NE(ask(names).out.find(R"(,"served_ms":)"), std::string::npos);
 }
 
 TEST_F(Ask, SendsNothingThatDoesNotRead) {
     const auto running = gateway({"--replies", "die"});
     const std::string usage = "usage: wendlow-ask 'REQUEST JSON'\n";
-    const struct {
-        std::vector<std::string> words;
-        std::string error;
-    } rows[] = {
+    const std::pair<std::vector<std::string>, std::string> rows[] = {
         {{}, usage},
         {{""}, usage},
         {{"--health"}, usage},
@@ -85,12 +72,10 @@ TEST_F(Ask, SendsNothingThatDoesNotRead) {
         {{"health"}, "wendlow-ask: this is not JSON: syntax error at byte 0\n"},
         {{R"({"read":{"_0":{"nonsense":{}}}})"},
          "wendlow-ask: Unknown ReadRequest case: nonsense (in read._0)\n"},
-        {{R"({"control":{"_0":{"pause":{}},"x":1}})"},
-         "wendlow-ask: Invalid number of keys found, expected one. (in control)\n"},
     };
-    for (const auto& row : rows) {
-        const ProgramRun run = runProgram(WENDLOW_ASK, row.words);
-        EXPECT_EQ(run.err, row.error);
+    for (const auto& [words, error] : rows) {
+        const ProgramRun run = runProgram(WENDLOW_ASK, words);
+        EXPECT_EQ(run.err, error);
         EXPECT_EQ(run.out, "");
         EXPECT_EQ(run.status, 2);
     }
@@ -135,11 +120,7 @@ TEST_F(Ask, LearnsInWordsWhyTheGatewayDoesNotStart) {
         options.insert(options.end(), {"--database", path});
         return runProgram(WENDLOW_PRACTICE_GATEWAY, options);
     };
-    const struct {
-        std::vector<std::string> options;
-        std::string error;
-        int status;
-    } rows[] = {
+    const std::tuple<std::vector<std::string>, std::string, int> rows[] = {
         {{}, "the name works.fenmoor.wendlow.gateway is taken: another gateway is running\n", 1},
         {{"--name", "no name"}, "the bus does not give the name no name: ", 1},
         {{"--fill", "week"}, "--fill cannot be \"week\"\n", 2},
@@ -150,10 +131,10 @@ TEST_F(Ask, LearnsInWordsWhyTheGatewayDoesNotStart) {
         {{"soon"}, "there is no use for soon\n", 2},
         {{"--soon"}, "Unknown option 'soon'.\n", 2},
     };
-    for (const auto& row : rows) {
-        const ProgramRun run = start(row.options, (home / "other/practice.db").string());
-        EXPECT_EQ(run.err.substr(0, (program + row.error).size()), program + row.error);
-        EXPECT_EQ(run.status, row.status);
+    for (const auto& [options, error, status] : rows) {
+        const ProgramRun run = start(options, (home / "other/practice.db").string());
+        EXPECT_EQ(run.err.substr(0, (program + error).size()), program + error);
+        EXPECT_EQ(run.status, status);
     }
     EXPECT_EQ(start({}, home.path().string()).err,
               program + home.path().string() + " could not be opened — Is a directory\n");

@@ -24,12 +24,14 @@ enum StateBit : unsigned {
     showing = 25
 };
 
-QDBusMessage call(const QDBusConnection& bus, const QString& service, const QString& path,
-                  const char* interface, const char* method, const QVariantList& arguments = {}) {
+/// What is answered first; nothing where there is no answer.
+QVariant call(const QDBusConnection& bus, const QString& service, const QString& path,
+              const char* interface, const char* method, const QVariantList& arguments = {}) {
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, QLatin1String(interface),
                                                           QLatin1String(method));
     message.setArguments(arguments);
-    return bus.call(message, QDBus::Block, 3000);
+    const QDBusMessage reply = bus.call(message, QDBus::Block, 3000);
+    return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0) : QVariant();
 }
 
 std::pair<QString, QString> reference(const QDBusArgument& argument) {
@@ -44,10 +46,10 @@ std::pair<QString, QString> reference(const QDBusArgument& argument) {
 std::vector<Accessible> childrenOf(const QDBusConnection& bus, const QString& service,
                                    const QString& path) {
     std::vector<Accessible> children;
-    const QDBusMessage reply = call(bus, service, path, accessibleInterface, "GetChildren");
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
+    const QVariant reply = call(bus, service, path, accessibleInterface, "GetChildren");
+    if (!reply.isValid())
         return children;
-    const auto list = reply.arguments().constFirst().value<QDBusArgument>();
+    const auto list = reply.value<QDBusArgument>();
     list.beginArray();
     while (!list.atEnd()) {
         const auto [childService, childPath] = reference(list);
@@ -63,12 +65,10 @@ Accessible::Accessible(QDBusConnection bus, QString service, QString path)
     : m_bus(std::move(bus)), m_service(std::move(service)), m_path(std::move(path)) {}
 
 QVariant Accessible::property(const char* name) const {
-    const QDBusMessage reply =
-        call(m_bus, m_service, m_path, "org.freedesktop.DBus.Properties", "Get",
-             {QLatin1String(accessibleInterface), QLatin1String(name)});
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
-        return {};
-    return reply.arguments().constFirst().value<QDBusVariant>().variant();
+    return call(m_bus, m_service, m_path, "org.freedesktop.DBus.Properties", "Get",
+                {QLatin1String(accessibleInterface), QLatin1String(name)})
+        .value<QDBusVariant>()
+        .variant();
 }
 
 QString Accessible::name() const {
@@ -80,16 +80,15 @@ QString Accessible::description() const {
 }
 
 QString Accessible::role() const {
-    const QDBusMessage reply = call(m_bus, m_service, m_path, accessibleInterface, "GetRoleName");
-    return reply.arguments().isEmpty() ? QString() : reply.arguments().constFirst().toString();
+    return call(m_bus, m_service, m_path, accessibleInterface, "GetRoleName").toString();
 }
 
 QRect Accessible::extents() const {
-    const QDBusMessage reply =
+    const QVariant reply =
         call(m_bus, m_service, m_path, "org.a11y.atspi.Component", "GetExtents", {0U});
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
+    if (!reply.isValid())
         return {};
-    const auto rectangle = reply.arguments().constFirst().value<QDBusArgument>();
+    const auto rectangle = reply.value<QDBusArgument>();
     int x = 0;
     int y = 0;
     int width = 0;
@@ -101,10 +100,8 @@ QRect Accessible::extents() const {
 }
 
 bool Accessible::state(unsigned bit) const {
-    const QDBusMessage reply = call(m_bus, m_service, m_path, accessibleInterface, "GetState");
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
-        return false;
-    const auto words = qdbus_cast<QList<uint>>(reply.arguments().constFirst());
+    const QVariant reply = call(m_bus, m_service, m_path, accessibleInterface, "GetState");
+    const auto words = reply.isValid() ? qdbus_cast<QList<uint>>(reply) : QList<uint>();
     const auto word = static_cast<qsizetype>(bit / 32);
     return word < words.size() && ((words.at(word) >> (bit % 32)) & 1U) != 0;
 }
@@ -129,11 +126,10 @@ bool Accessible::isShowing() const {
 }
 
 bool Accessible::act(const QString& action) const {
-    const QDBusMessage reply =
-        call(m_bus, m_service, m_path, "org.a11y.atspi.Action", "GetActions");
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
+    const QVariant reply = call(m_bus, m_service, m_path, "org.a11y.atspi.Action", "GetActions");
+    if (!reply.isValid())
         return false;
-    const auto list = reply.arguments().constFirst().value<QDBusArgument>();
+    const auto list = reply.value<QDBusArgument>();
     int index = 0;
     int found = -1;
     list.beginArray();
@@ -150,8 +146,7 @@ bool Accessible::act(const QString& action) const {
     }
     list.endArray();
     return found >= 0 &&
-           call(m_bus, m_service, m_path, "org.a11y.atspi.Action", "DoAction", {found}).type() ==
-               QDBusMessage::ReplyMessage;
+           call(m_bus, m_service, m_path, "org.a11y.atspi.Action", "DoAction", {found}).isValid();
 }
 
 std::vector<Accessible> Accessible::children() const {
@@ -182,12 +177,12 @@ std::vector<Accessible> Accessible::all(const Test& test) const {
 std::optional<QDBusConnection> accessibilityBus(const QString& sessionAddress) {
     const auto session =
         QDBusConnection::connectToBus(sessionAddress, QStringLiteral("e2e-session"));
-    const QDBusMessage reply = call(session, QStringLiteral("org.a11y.Bus"),
-                                    QStringLiteral("/org/a11y/bus"), "org.a11y.Bus", "GetAddress");
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
+    const QString address = call(session, QStringLiteral("org.a11y.Bus"),
+                                 QStringLiteral("/org/a11y/bus"), "org.a11y.Bus", "GetAddress")
+                                .toString();
+    if (address.isEmpty()) // a connection that fails keeps its name
         return std::nullopt;
-    auto bus = QDBusConnection::connectToBus(reply.arguments().constFirst().toString(),
-                                             QStringLiteral("e2e-accessibility"));
+    auto bus = QDBusConnection::connectToBus(address, QStringLiteral("e2e-accessibility"));
     if (!bus.isConnected())
         return std::nullopt;
     return bus;

@@ -102,7 +102,7 @@ TEST_F(XPCClientProcesses, AKillUnderManyExchangesRedialsOnceAndResumesEachOnce)
     EXPECT_EQ(patient.lastDoorFault(), std::nullopt);
 }
 
-TEST_F(XPCClientProcesses, AGatewayMayDieBeforeDuringAndAfterAnExchange) {
+TEST_F(XPCClientProcesses, AGatewayMayDieDuringAnExchange) {
     auto running = gateway("answer,die");
     XPCClient client(options());
     EXPECT_EQ(answered(client).text(), "healthy");
@@ -110,9 +110,6 @@ TEST_F(XPCClientProcesses, AGatewayMayDieBeforeDuringAndAfterAnExchange) {
     running = gateway("answer");
     EXPECT_EQ(answered(client).text(), "healthy");
     EXPECT_EQ(client.lastDoorFault(), std::nullopt);
-    running->kill();
-    EXPECT_EQ(answered(client).text(), absent);
-    EXPECT_EQ(client.lastDoorFault(), DoorFault::absent);
 }
 
 TEST_F(XPCClientProcesses, ABusMayDieUnderManyExchangesAndAnotherTakeItsPlace) {
@@ -191,15 +188,6 @@ TEST_F(XPCClientProcesses, AFirstAttemptWaitsBeyondTheLimitOfTheBus) {
     hastyCalls = 0; // whose own limit is a quarter of a second from here on
     EXPECT_EQ(answered(client).text(), "healthy");
     EXPECT_GT(hastyCalls.exchange(-1), 0);
-}
-
-TEST_F(XPCClientProcesses, ALargeReplyArrivesWhole) {
-    const auto running = gateway("huge");
-    XPCClient client(options());
-    const Caller caller = answered(client);
-    EXPECT_EQ(caller.text().size(), 20'000'000U);
-    EXPECT_EQ(caller.text().find_first_not_of('x'), std::string::npos);
-    EXPECT_TRUE(caller.timed.daemon.has_value());
 }
 
 TEST_F(XPCClientProcesses, AnyThreadMayAskAndIsCalledBackOnItself) {

@@ -71,13 +71,13 @@ Counts counted(const std::vector<TextBrowseRow>& rows, const Ask& ask) {
     return counts;
 }
 
+TextBrowseAnswer browse(TemporaryRooms& rooms, const Ask& ask) {
+    return std::get<AnswerCase::TextBrowse>(SearchRoom(rooms->documents()).answer(ask))._0;
+}
+
 TEST(BrowseCensus, CountsLikeThePlainWay) {
     TemporaryRooms rooms;
     ASSERT_TRUE(rooms->fill(FillSize::day).has_value());
-    SearchRoom room(rooms->documents());
-    const auto browse = [&](const Ask& ask) {
-        return std::get<AnswerCase::TextBrowse>(room.answer(ask))._0;
-    };
     Content content("asks");
     int withRows = 0;
     for (int round = 0; round < 300; ++round) {
@@ -87,7 +87,7 @@ TEST(BrowseCensus, CountsLikeThePlainWay) {
                 .limit = 1000,
                 .kind = "memory",
                 .filters = {}};
-        const auto searched = browse(ask).rows;
+        const auto searched = browse(rooms, ask).rows;
         if (searched.empty())
             continue;
         // What is picked is taken from rows that are there.
@@ -101,7 +101,7 @@ TEST(BrowseCensus, CountsLikeThePlainWay) {
         for (auto picks = content.below(5); picks > 0; --picks)
             if (const TextBrowseRow& row = any(); !row.filters.empty())
                 ask.filters.push_back(row.filters[content.below(row.filters.size())]);
-        const TextBrowseAnswer answer = browse(ask);
+        const TextBrowseAnswer answer = browse(rooms, ask);
         Counts plain = counted(searched, ask);
         ASSERT_EQ(told(answer), plain) << *ask.term << " round " << round;
         EXPECT_EQ(std::ssize(answer.rows), plain["total"]);
@@ -121,25 +121,20 @@ TEST(BrowseCensus, HoldsThousandsOfScopesAndHundredsOfKeys) {
                                 .filters = {{fmt::format("k{}", place % 300),
                                              FilterValue(static_cast<double>(place))}}});
     transaction.commit();
-    SearchRoom room(rooms->documents());
     Ask ask{.term = "many", .scopes = {}, .filters = {}};
     for (int key = 0; key < 299; ++key) // every key but one, which nothing can satisfy
         ask.filters.push_back({fmt::format("k{}", key), FilterValue(static_cast<double>(key))});
-    const auto none = std::get<AnswerCase::TextBrowse>(room.answer(ask))._0;
-    EXPECT_EQ(none.total, 0);
+    EXPECT_EQ(browse(rooms, ask).total, 0);
     ask.filters.resize(1);
-    const auto one = std::get<AnswerCase::TextBrowse>(room.answer(ask))._0;
+    const auto one = browse(rooms, ask);
     EXPECT_EQ(one.total, 1);
     EXPECT_EQ(one.byFilter.at(0).values.size(), 17U); // those beside the picked one
     ask.filters.clear();
-    const auto all = std::get<AnswerCase::TextBrowse>(room.answer(ask))._0;
+    const auto all = browse(rooms, ask);
     EXPECT_EQ(all.byScope.size(), 5000U);
     EXPECT_EQ(all.byFilter.size(), 300U);
     EXPECT_EQ(all.byFilter.front().key, "k0");
-    EXPECT_EQ(std::get<AnswerCase::ScopeBoard>(
-                  ScopeRoom(rooms->documents()).answer(NotesCase::ScopeBoard{}))
-                  ._0.size(),
-              10'001U);
+    EXPECT_EQ(std::ranges::count(rooms.note(R"({"scopeBoard":{}})"), '{'), 2 + 10'001 + 5'000);
 }
 
 TEST(BrowseCensus, RanksATitleBeforeAReasonBeforeABody) {
@@ -151,16 +146,12 @@ TEST(BrowseCensus, RanksATitleBeforeAReasonBeforeABody) {
     put("title", "Herons wade", "Seen at dawn", "Nothing more to say");
     put("why", "Birds seen", "Herons came back", "Nothing more to say");
     put("body", "Birds seen", "Seen at dawn", "Herons, it was said");
-    const auto answer = std::get<AnswerCase::TextBrowse>(
-                            SearchRoom(rooms->documents())
-                                .answer(Ask{.term = "herons", .scopes = {}, .filters = {}}))
-                            ._0;
-    ASSERT_EQ(answer.rows.size(), 3U);
-    EXPECT_EQ(answer.rows[0].id + " " + answer.rows[1].id + " " + answer.rows[2].id,
-              "title why body");
-    EXPECT_EQ(answer.rows[0].score, 1);
-    EXPECT_GT(answer.rows[1].score, answer.rows[2].score);
-    EXPECT_GT(answer.rows[2].score, 0);
+    const auto rows = browse(rooms, {.term = "herons", .scopes = {}, .filters = {}}).rows;
+    ASSERT_EQ(rows.size(), 3U);
+    EXPECT_EQ(rows[0].id + " " + rows[1].id + " " + rows[2].id, "title why body");
+    EXPECT_EQ(rows[0].score, 1);
+    EXPECT_GT(rows[1].score, rows[2].score);
+    EXPECT_GT(rows[2].score, 0);
 }
 
 } // namespace

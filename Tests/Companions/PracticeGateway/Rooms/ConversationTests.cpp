@@ -2,132 +2,78 @@
 
 #include "TemporaryRooms.h"
 
-#include <gmock/gmock.h>
-
 namespace wendlow {
 namespace {
 
 using testing::TemporaryRooms;
 
-enum class Road { read, note };
-
-struct Line {
-    Road road;
-    std::string_view request;
-    std::string_view answer;
-};
-
-std::string failure(std::string_view sentence) {
-    return fmt::format(R"({{"failure":{{"message":"{}"}}}})", sentence);
-}
-
-std::string said(TemporaryRooms& rooms, const Line& line) {
-    return line.road == Road::read ? rooms.read(line.request) : rooms.note(line.request);
-}
-
-/// Every answer, then those of the reads again after the database was closed and opened.
-void hold(TemporaryRooms& rooms, std::span<const Line> lines, std::span<const Line> atTheEnd) {
-    for (const Line& line : lines)
-        EXPECT_EQ(said(rooms, line), line.answer) << line.request;
-    for (const Line& line : atTheEnd)
-        EXPECT_EQ(said(rooms, line), line.answer) << line.request;
-    rooms.reopen();
-    for (const Line& line : atTheEnd)
-        EXPECT_EQ(said(rooms, line), line.answer) << "opened again: " << line.request;
-}
-
 TEST(Conversation, FilesChangesAndForgetsMemories) {
     ::setenv("TZ", "UTC", 1);
     TemporaryRooms rooms;
-    const Line lines[] = {
-        {Road::note,
-         R"({"write":{"text":"Keep two copies\nand try both","why":"One was lost.","writer":"codex","type":" note ","path":"/studio","filters":{"week":3,"kept":true}}})",
-         R"({"noteID":{"_0":"m1"}})"},
-        {Road::note,
-         R"({"write":{"text":"b","why":"","writer":"codex","type":"note","path":"/","title":"Named"}})",
-         R"({"noteID":{"_0":"m2"}})"},
-        {Road::note,
-         R"({"patch":{"id":"m1","field":"text","find":"copies","replace":"backups","replaceAll":false}})",
-         R"({"noteID":{"_0":"m1"}})"},
-        {Road::note,
-         R"({"patch":{"id":"m2","field":"text","find":"b","replace":"bb","replaceAll":true}})",
-         R"({"noteID":{"_0":"m2"}})"},
-        {Road::note, R"({"editFilters":{"id":"m1","set":{"area":"storage"},"unset":["week"]}})",
-         R"({"noteID":{"_0":"m1"}})"},
-        {Road::note, R"({"edit":{"id":"m2","why":"Now it has one.","path":"/studio/atlas"}})",
-         R"({"noteID":{"_0":"m2"}})"},
-        {Road::note,
-         R"({"write":{"text":"gone soon","why":"","writer":"codex","type":"note","path":"/"}})",
-         R"({"noteID":{"_0":"m3"}})"},
-        {Road::note, R"({"delete":{"id":"m3"}})", R"({"text":{"_0":"Deleted m3."}})"},
-        {Road::note,
-         R"({"write":{"text":"its id is new","why":"","writer":"codex","type":"fact","path":"/"}})",
-         R"({"noteID":{"_0":"m4"}})"},
-    };
-    const Line atTheEnd[] = {
-        {Road::read, R"({"grab":{"id":"m1"}})",
-         R"({"thing":{"_0":{"kind":"memory","id":"m1","snippet":"Keep two backups\nand try both","why":"One was lost.","when":"2026-11-21 12:00","filed":"/studio","memoryKind":"note","filters":[{"key":"area","value":"storage"},{"key":"kept","value":true}],"title":"Keep two backups"}}})"},
-        {Road::read, R"({"grab":{"id":"m2"}})",
-         R"({"thing":{"_0":{"kind":"memory","id":"m2","snippet":"bb","why":"Now it has one.","when":"2026-11-21 12:00","filed":"/studio/atlas","memoryKind":"note","title":"Named"}}})"},
-        {Road::read, R"({"grab":{"id":"m3"}})", R"({"thing":{}})"},
-        {Road::read, R"({"listTypes":{}})",
-         R"({"kindTypes":{"scope":"/","types":[{"kind":"note","count":2,"filters":[{"key":"area","count":1},{"key":"kept","count":1}]},{"kind":"fact","count":1,"filters":[]}]}})"},
-        {Road::read, R"({"getByType":{"type":"note","path":"/studio","filters":{"kept":true}}})",
-         R"({"kindCards":{"scope":"/studio","cards":[{"kind":"memory","id":"m1","snippet":"Keep two backups and try both","why":"One was lost.","when":"2026-11-21 12:00","filed":"/studio","memoryKind":"note","filters":[{"key":"area","value":"storage"},{"key":"kept","value":true}],"title":"Keep two backups"}]}})"},
-        {Road::read, R"({"textIndexAudit":{"reindex":true}})",
-         R"({"textIndexAudit":{"_0":{"ready":true,"rows":3,"memories":3,"moments":0,"meetings":0,"pending":0,"added":0,"removed":0,"megabytes":0}}})"},
-    };
-    hold(rooms, lines, atTheEnd);
+    rooms.hold(R"(
+notes write {"text":"Keep two copies\nand try both","why":"One was lost.","writer":"codex","type":" note ","path":"/studio","filters":{"week":3,"kept":true}} → noteID m1
+notes write {"text":"b","why":"","writer":"codex","type":"note","path":"/","title":"Named"} → noteID m2
+notes patch {"id":"m1","field":"text","find":"copies","replace":"backups","replaceAll":false} → noteID m1
+notes patch {"id":"m2","field":"text","find":"b","replace":"bb","replaceAll":true} → noteID m2
+notes editFilters {"id":"m1","set":{"area":"storage"},"unset":["week"]} → noteID m1
+notes edit {"id":"m2","why":"Now it has one.","path":"/studio/atlas"} → noteID m2
+notes write {"text":"gone soon","why":"","writer":"codex","type":"note","path":"/"} → noteID m3
+notes delete {"id":"m3"} → text Deleted m3.
+notes write {"text":"its id is new","why":"","writer":"codex","type":"fact","path":"/"} → noteID m4
+)");
+    for (int opened = 0; opened < 2; ++opened) {
+        rooms.hold(R"(
+read grab {"id":"m1"}
+→ thing {"_0":{"kind":"memory","id":"m1","snippet":"Keep two backups\nand try both","why":"One was lost.","when":"2026-11-21 12:00","filed":"/studio","memoryKind":"note","filters":[{"key":"area","value":"storage"},{"key":"kept","value":true}],"title":"Keep two backups"}}
+read grab {"id":"m2"}
+→ thing {"_0":{"kind":"memory","id":"m2","snippet":"bb","why":"Now it has one.","when":"2026-11-21 12:00","filed":"/studio/atlas","memoryKind":"note","title":"Named"}}
+read grab {"id":"m3"} → thing {}
+read listTypes
+→ kindTypes {"scope":"/","types":[{"kind":"note","count":2,"filters":[{"key":"area","count":1},{"key":"kept","count":1}]},{"kind":"fact","count":1,"filters":[]}]}
+read getByType {"type":"note","path":"/studio","filters":{"kept":true}}
+→ kindCards {"scope":"/studio","cards":[{"kind":"memory","id":"m1","snippet":"Keep two backups and try both","why":"One was lost.","when":"2026-11-21 12:00","filed":"/studio","memoryKind":"note","filters":[{"key":"area","value":"storage"},{"key":"kept","value":true}],"title":"Keep two backups"}]}
+read getByType {"type":"note","path":"/studio/atlas"}
+→ kindCards {"scope":"/studio/atlas","cards":[{"kind":"memory","id":"m2","snippet":"bb","why":"Now it has one.","when":"2026-11-21 12:00","filed":"/studio/atlas","memoryKind":"note","title":"Named"}]}
+read textIndexAudit {"reindex":true}
+→ textIndexAudit {"_0":{"ready":true,"rows":3,"memories":3,"moments":0,"meetings":0,"pending":0,"added":0,"removed":0,"megabytes":0}}
+)");
+        rooms.reopen();
+    }
 }
 
 TEST(Conversation, RefusesInWordsAndChangesNothing) {
     TemporaryRooms rooms;
-    const auto written = [](std::string_view text, std::string_view type, std::string_view path) {
-        return fmt::format(
-            R"({{"write":{{"text":"{}","why":"","writer":"w","type":"{}","path":"{}"}}}})", text,
-            type, path);
-    };
-    ASSERT_EQ(rooms.note(written("the only one", "note", "/")), R"({"noteID":{"_0":"m1"}})");
+    rooms.hold(R"(
+notes write {"text":"the only one","why":"","writer":"w","type":"note","path":"/"} → noteID m1)");
     const std::string before = rooms.read(R"({"browse":{"limit":9,"offset":0}})");
-    const std::string noScope = "is not a scope: a scope begins with “/”, has no empty piece and "
-                                "does not end with “/”; nothing was ";
-    const struct {
-        std::string request;
-        std::string sentence;
-    } rows[] = {
-        {written(" \\n", "note", "/"), "a memory needs a text; nothing was saved"},
-        {written("x", " ", "/"), "a memory needs a type of one line; nothing was saved"},
-        {written("x", "note", "studio"), "“studio” " + noScope + "saved"},
-        {written("x", "note", "/studio/"), "“/studio/” " + noScope + "saved"},
-        {written("x", "note", "/a//b"), "“/a//b” " + noScope + "saved"},
-        {written("x", "note", ""), "“” " + noScope + "saved"},
-        {R"({"edit":{"id":"m1","text":"  "}})", "a memory needs a text; nothing was saved"},
-        {R"({"edit":{"id":"m9"}})", "no memory has the id “m9”; nothing was changed"},
-        {R"({"delete":{"id":""}})", "no memory has the id “”; nothing was changed"},
-        {R"({"editFilters":{"id":"m9"}})", "no memory has the id “m9”; nothing was changed"},
-        {R"({"editFilters":{"id":"m1","set":{"":1}}})", "a filter needs a key; nothing was saved"},
-        {R"({"patch":{"id":"m1","field":"text","find":"lonely","replace":"x","replaceAll":false}})",
-         "“lonely” does not stand in the text of m1; nothing was changed"},
-        {R"({"patch":{"id":"m1","field":"text","find":"","replace":"x","replaceAll":true}})",
-         "“” does not stand in the text of m1; nothing was changed"},
-        {R"({"patch":{"id":"m1","field":"filters","find":"a","replace":"b","replaceAll":false}})",
-         "“filters” is no field that can be patched; those are text, why and title; nothing was "
-         "changed"},
-        {R"({"mapPath":{"folder":"Projects","path":"/a"}})",
-         "“Projects” is not the whole path of a folder; nothing was changed"},
-        {R"({"mapPath":{"folder":"~/Projects","path":"a"}})", "“a” " + noScope + "changed"},
-        {R"({"setPath":{"path":"/a","writer":"w"}})",
-         "a scope is set for a session, and none was named; nothing was changed"},
-        {R"({"modInstall":{"name":"nothing","writer":"w"}})",
-         "no mod is named “nothing”; those that can be installed are backup-watch, decision-log, "
-         "ticket-sweep, standup-notes"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(rooms.note(row.request), failure(row.sentence)) << row.request;
+    for (const std::string_view scope : {"studio", "/studio/", "/a//b", ""})
+        rooms.hold(fmt::format(
+            R"(notes write {{"text":"x","why":"","writer":"w","type":"note","path":"{0}"}}
+→ failure “{0}” is not a scope: a scope begins with “/”, has no empty piece and does not end with “/”; nothing was saved)",
+            scope));
+    rooms.hold(R"(
+notes write {"text":" \n","why":"","writer":"w","type":"note","path":"/"} → failure a memory needs a text; nothing was saved
+notes write {"text":"x","why":"","writer":"w","type":" ","path":"/"} → failure a memory needs a type of one line; nothing was saved
+notes edit {"id":"m1","text":"  "} → failure a memory needs a text; nothing was saved
+notes edit {"id":"m9"} → failure no memory has the id “m9”; nothing was changed
+notes delete {"id":""} → failure no memory has the id “”; nothing was changed
+notes editFilters {"id":"m9"} → failure no memory has the id “m9”; nothing was changed
+notes editFilters {"id":"m1","set":{"":1}} → failure a filter needs a key; nothing was saved
+notes patch {"id":"m1","field":"text","find":"lonely","replace":"x","replaceAll":false}
+→ failure “lonely” does not stand in the text of m1; nothing was changed
+notes patch {"id":"m1","field":"text","find":"","replace":"x","replaceAll":true}
+→ failure “” does not stand in the text of m1; nothing was changed
+notes patch {"id":"m1","field":"filters","find":"a","replace":"b","replaceAll":false}
+→ failure “filters” is no field that can be patched; those are text, why and title; nothing was changed
+notes mapPath {"folder":"Projects","path":"/a"} → failure “Projects” is not the whole path of a folder; nothing was changed
+notes mapPath {"folder":"~/Projects","path":"a"}
+→ failure “a” is not a scope: a scope begins with “/”, has no empty piece and does not end with “/”; nothing was changed
+notes setPath {"path":"/a","writer":"w"} → failure a scope is set for a session, and none was named; nothing was changed
+notes modInstall {"name":"nothing","writer":"w"}
+→ failure no mod is named “nothing”; those that can be installed are backup-watch, decision-log, ticket-sweep, standup-notes
+notes scopeBoard → scopeBoard {"_0":[{"path":"/","folders":[],"kinds":[{"kind":"note","count":1}]}]}
+)");
     EXPECT_EQ(rooms.read(R"({"browse":{"limit":9,"offset":0}})"), before);
-    EXPECT_EQ(
-        rooms.note(R"({"scopeBoard":{}})"),
-        R"({"scopeBoard":{"_0":[{"path":"/","folders":[],"kinds":[{"kind":"note","count":1}]}]}})");
 }
 
 std::string ruleOf(std::string_view text, std::string_view path, std::string_view filters = "{}") {
@@ -155,10 +101,8 @@ TEST(Conversation, CompilesRulesAndCountsTheirRevisions) {
             warning, inlineLines, revision);
     };
     EXPECT_EQ(card("/a/b"), compiled(1));
-    EXPECT_EQ(
-        rooms.read(R"({"standingRules":{"scope":"/a/b"}})"),
-        R"({"standingWalk":{"_0":{"path":"/a/b","levels":[{"path":"/","rules":["Say it & mean it"]},{"path":"/a/b","rules":["Down here"]}],"overflow":0}}})");
-
+    rooms.hold(R"(read standingRules {"scope":"/a/b"}
+→ standingWalk {"_0":{"path":"/a/b","levels":[{"path":"/","rules":["Say it & mean it"]},{"path":"/a/b","rules":["Down here"]}],"overflow":0}})");
     const struct {
         std::string request;
         int revision;
@@ -187,8 +131,8 @@ TEST(Conversation, CompilesRulesAndCountsTheirRevisions) {
         compiled(
             7,
             R"(⚠ Wendlow — 3 rules here have a rules-file tag that names no module and reach no session.\n)"));
-    EXPECT_EQ(card("a"), failure("“a” is not a scope: a scope begins with “/”, has no empty piece "
-                                 "and does not end with “/”"));
+    rooms.hold(R"(read standingRules {"card":true,"scope":"a"}
+→ failure “a” is not a scope: a scope begins with “/”, has no empty piece and does not end with “/”)");
 }
 
 TEST(Conversation, CutsAWalkThatIsTooLongFromBelow) {
@@ -207,50 +151,38 @@ TEST(Conversation, CutsAWalkThatIsTooLongFromBelow) {
 
 TEST(Conversation, KeepsScopesFoldersSessionsNamesAndMods) {
     TemporaryRooms rooms;
-    const Line lines[] = {
-        {Road::note, R"({"mapPath":{"folder":"/p/atlas/","path":"/studio/atlas"}})",
-         R"({"text":{"_0":"/p/atlas maps to /studio/atlas."}})"},
-        {Road::note, R"({"mapPath":{"folder":"/p","path":"/studio"}})",
-         R"({"text":{"_0":"/p maps to /studio."}})"},
-        {Road::note, R"({"mapPath":{"folder":"/p","path":"/home"}})",
-         R"({"text":{"_0":"/p maps to /home."}})"},
-        {Road::note, R"({"setPath":{"path":"/home","writer":"codex","session":"s1"}})",
-         R"({"text":{"_0":"This session works in /home."}})"},
-        {Road::note,
-         R"({"write":{"text":"at home","why":"","writer":"w","type":"rule","path":"/home"}})",
-         R"({"noteID":{"_0":"m1"}})"},
-        {Road::note,
-         R"({"write":{"text":"on the atlas","why":"","writer":"w","type":"rule","path":"/studio/atlas"}})",
-         R"({"noteID":{"_0":"m2"}})"},
-        {Road::note, R"({"selfNames":{"names":["Ann, ann","  Bob"]}})",
-         R"({"noteID":{"_0":"self-names","echo":["Ann","Bob"]}})"},
-        {Road::note, R"({"modInstall":{"name":"decision-log","writer":"w"}})",
-         R"({"text":{"_0":"Installed decision-log, revision 1."}})"},
-        {Road::note, R"({"modInstall":{"name":"decision-log","writer":"w"}})",
-         R"({"text":{"_0":"Installed decision-log, revision 2."}})"},
-    };
-    const std::string atHome =
-        R"({"standingWalk":{"_0":{"path":"/home","levels":[{"path":"/home","rules":["at home"]}],"overflow":0}}})";
-    const Line atTheEnd[] = {
-        {Road::note, R"({"scopeBoard":{}})",
-         R"({"scopeBoard":{"_0":[{"path":"/","folders":[],"kinds":[{"kind":"mod","count":1}]},{"path":"/home","folders":["/p"],"kinds":[{"kind":"rule","count":1}]},{"path":"/studio","folders":[],"kinds":[]},{"path":"/studio/atlas","folders":["/p/atlas"],"kinds":[{"kind":"rule","count":1}]}]}})"},
-        {Road::note, R"({"listPaths":{}})",
-         R"({"text":{"_0":"/\n/home\n/studio\n/studio/atlas\n"}})"},
-        {Road::read, R"({"standingRules":{"session":"s1","cwd":"/p/atlas"}})", atHome},
-        {Road::read, R"({"standingRules":{"cwd":"/p/atlasses"}})", atHome},
-        {Road::read, R"({"standingRules":{"cwd":"/p/atlas/src","session":"s2"}})",
-         R"({"standingWalk":{"_0":{"path":"/studio/atlas","levels":[{"path":"/studio/atlas","rules":["on the atlas"]}],"overflow":0}}})"},
-        {Road::note, R"({"selfNames":{}})",
-         R"({"noteID":{"_0":"self-names","echo":["Ann","Bob"]}})"},
-        {Road::read, R"({"modsList":{}})",
-         R"({"text":{"_0":"- decision-log · / · rev 2 · files what was decided, with who decided it and why\n"}})"},
-        {Road::read, R"({"modBoard":{}})",
-         R"({"modBoard":{"_0":{"mods":[{"slug":"decision-log","scope":"/","rev":2,"hint":"files what was decided, with who decided it and why","files":["decision-log/mod.md"],"behaviors":[{"name":"file-decision","trigger":"a session says that something is decided","wake":false}]}],"rejected":[],"runs":[]}}})"},
-    };
-    hold(rooms, lines, atTheEnd);
+    rooms.hold(R"(
+notes mapPath {"folder":"/p/atlas/","path":"/studio/atlas"} → text /p/atlas maps to /studio/atlas.
+notes mapPath {"folder":"/p","path":"/studio"} → text /p maps to /studio.
+notes mapPath {"folder":"/p","path":"/home"} → text /p maps to /home.
+notes setPath {"path":"/home","writer":"codex","session":"s1"} → text This session works in /home.
+notes write {"text":"at home","why":"","writer":"w","type":"rule","path":"/home"} → noteID m1
+notes write {"text":"on the atlas","why":"","writer":"w","type":"rule","path":"/studio/atlas"} → noteID m2
+notes selfNames {"names":["Ann, ann","  Bob"]} → noteID {"_0":"self-names","echo":["Ann","Bob"]}
+notes modInstall {"name":"decision-log","writer":"w"} → text Installed decision-log, revision 1.
+notes modInstall {"name":"decision-log","writer":"w"} → text Installed decision-log, revision 2.
+)");
+    for (int opened = 0; opened < 2; ++opened) {
+        rooms.hold(R"(
+notes scopeBoard
+→ scopeBoard {"_0":[{"path":"/","folders":[],"kinds":[{"kind":"mod","count":1}]},{"path":"/home","folders":["/p"],"kinds":[{"kind":"rule","count":1}]},{"path":"/studio","folders":[],"kinds":[]},{"path":"/studio/atlas","folders":["/p/atlas"],"kinds":[{"kind":"rule","count":1}]}]}
+notes listPaths → text /\n/home\n/studio\n/studio/atlas\n
+read standingRules {"session":"s1","cwd":"/p/atlas"}
+→ standingWalk {"_0":{"path":"/home","levels":[{"path":"/home","rules":["at home"]}],"overflow":0}}
+read standingRules {"cwd":"/p/atlasses"}
+→ standingWalk {"_0":{"path":"/home","levels":[{"path":"/home","rules":["at home"]}],"overflow":0}}
+read standingRules {"cwd":"/p/atlas/src","session":"s2"}
+→ standingWalk {"_0":{"path":"/studio/atlas","levels":[{"path":"/studio/atlas","rules":["on the atlas"]}],"overflow":0}}
+notes selfNames → noteID {"_0":"self-names","echo":["Ann","Bob"]}
+read modsList → text - decision-log · / · rev 2 · files what was decided, with who decided it and why\n
+read modBoard
+→ modBoard {"_0":{"mods":[{"slug":"decision-log","scope":"/","rev":2,"hint":"files what was decided, with who decided it and why","files":["decision-log/mod.md"],"behaviors":[{"name":"file-decision","trigger":"a session says that something is decided","wake":false}]}],"rejected":[],"runs":[]}}
+)");
+        rooms.reopen();
+    }
     // A mod is its memory: without the one there is not the other.
-    rooms.note(R"({"delete":{"id":"m3"}})");
-    EXPECT_EQ(rooms.read(R"({"modsList":{}})"), R"({"text":{"_0":"No mods are installed."}})");
+    rooms.hold(R"(notes delete {"id":"m3"} → text Deleted m3.
+read modsList → text No mods are installed.)");
 }
 
 TEST(Conversation, FindsByWordsLinesAndDays) {
@@ -287,9 +219,8 @@ TEST(Conversation, FindsByWordsLinesAndDays) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(ids(row.request), row.ids) << row.request;
-    EXPECT_EQ(
-        rooms.read(R"({"primed":{"prompt":"why do kestrel and falcon not nest?"}})"),
-        R"({"primed":{"_0":[{"when":"2026-09-21 14:13","whenRelative":"2 months ago","chapter":"/","gist":"Kestrel nests","evidence":"first   the Nightly Backup stopped last","grabId":"old"}],"distilled":false}})");
+    rooms.hold(R"(read primed {"prompt":"why do kestrel and falcon not nest?"}
+→ primed {"_0":[{"when":"2026-09-21 14:13","whenRelative":"2 months ago","chapter":"/","gist":"Kestrel nests","evidence":"first   the Nightly Backup stopped last","grabId":"old"}],"distilled":false})");
 }
 
 } // namespace

@@ -37,12 +37,6 @@ FrameStats frames(TemporaryRooms& rooms) {
     return as<AnswerCase::FrameStats>(rooms.read(R"({"frameStats":{}})"))._0;
 }
 
-std::int64_t figure(TemporaryRooms& rooms, std::string_view sql) {
-    Statement statement = rooms->documents().database().prepare(sql);
-    statement.step();
-    return statement.integer(0);
-}
-
 class Keep : public ::testing::Test {
 protected:
     Keep() {
@@ -52,8 +46,8 @@ protected:
 
     /// The id of the first moment with a picture.
     std::int64_t framed() {
-        return figure(rooms, "SELECT min(moment) FROM moments JOIN documents USING(number) "
-                             "WHERE framed");
+        return rooms.figure("SELECT min(moment) FROM moments JOIN documents USING(number) "
+                            "WHERE framed");
     }
     std::string picture(std::string_view question, std::int64_t moment, std::string_view more) {
         const auto image = as<AnswerCase::Image>(
@@ -75,12 +69,12 @@ protected:
 TEST_F(Keep, DeletesPicturesDayByDayAndGoesOnAfterARestart) {
     const FrameStats before = frames(rooms);
     const std::int64_t days =
-        figure(rooms, "SELECT count(DISTINCT day) FROM moments JOIN documents USING(number) "
-                      "WHERE framed");
+        rooms.figure("SELECT count(DISTINCT day) FROM moments JOIN documents USING(number) "
+                     "WHERE framed");
     ASSERT_GE(days, 5);
     EXPECT_FALSE(before.purge);
-    EXPECT_EQ(rooms.control(R"({"setFrameKeep":{"_0":false}})"), R"({"ok":{}})");
-    EXPECT_EQ(rooms.read(R"({"frameKeepState":{}})"), R"({"flag":{"_0":false}})");
+    rooms.hold(R"(control setFrameKeep {"_0":false} → ok
+read frameKeepState → flag {"_0":false})");
     EXPECT_EQ(frames(rooms).screenshots, before.screenshots);
     EXPECT_EQ(frames(rooms).purge.value().daysRemaining, days);
     EXPECT_EQ(frames(rooms).purge.value().bytesRemaining, before.bytes);
@@ -102,7 +96,7 @@ TEST_F(Keep, DeletesPicturesDayByDayAndGoesOnAfterARestart) {
     EXPECT_EQ(after.purge.value().skipped, std::vector<std::string>{"2026-11-21"});
     EXPECT_EQ(after.screenshots, kept);
     EXPECT_GT(kept, 0);
-    EXPECT_EQ(figure(rooms, "SELECT count(*) FROM documents WHERE kind = 1"), 150);
+    EXPECT_EQ(rooms.figure("SELECT count(*) FROM documents WHERE kind = 1"), 150);
     EXPECT_EQ(as<AnswerCase::DiskUsed>(rooms.read(R"({"diskUsed":{}})"))._0.frames, after.bytes);
     // On again: what is left is left.
     rooms.control(R"({"setFrameKeep":{"_0":true}})");
@@ -115,14 +109,14 @@ TEST_F(Keep, DropsMeetingPicturesAtOnceAndEverythingWhenAsked) {
     rooms.control(R"({"setReelKeep":{"_0":false}})");
     rooms.reopen();
     EXPECT_THAT(rooms.read(R"({"reelStats":{}})"), HasSubstr(R"("meetings":0,"bytes":0)"));
-    EXPECT_EQ(rooms.read(R"({"reelKeepState":{}})"), R"({"flag":{"_0":false}})");
-    EXPECT_EQ(rooms.control(R"({"deleteAll":{}})"), R"({"ok":{}})");
+    rooms.hold(R"(read reelKeepState → flag {"_0":false}
+control deleteAll → ok)");
     for (int opened = 0; opened < 2; ++opened) {
         EXPECT_THAT(rooms.read(R"({"textIndexAudit":{"reindex":false}})"),
                     HasSubstr(R"("rows":0,"memories":0,"moments":0,"meetings":0,"pending":0)"));
         EXPECT_THAT(rooms.read(R"({"textBrowse":{"limit":1}})"), HasSubstr(R"("total":0,)"));
         for (const std::string_view table : {"utterances", "moments", "activities", "mods"})
-            EXPECT_EQ(figure(rooms, fmt::format("SELECT count(*) FROM {}", table)), 0) << table;
+            EXPECT_EQ(rooms.figure(fmt::format("SELECT count(*) FROM {}", table)), 0) << table;
         rooms.reopen();
     }
     EXPECT_THAT(rooms.read(R"({"getRules":{}})"), HasSubstr("salary"));
@@ -179,9 +173,8 @@ TEST(Recording, FollowsTheRulesAndThePauses) {
     ::setenv("TZ", "UTC", 1);
     StillClock clock;
     TemporaryRooms rooms{clock.clock()};
-    const auto front = [&] { return std::string(rooms.read(R"({"frontState":{}})")).substr(20); };
-    EXPECT_EQ(front(), R"("unknown"}})");
-    EXPECT_EQ(rooms.read(R"({"health":{}})"), R"({"text":{"_0":"a grant is missing"}})");
+    rooms.hold(R"(read frontState → frontState unknown
+read health → text a grant is missing)");
     for (const std::string_view kind : {"screen_recording", "accessibility", "microphone"})
         rooms.control(fmt::format(R"({{"requestGrant":{{"kind":"{}"}}}})", kind));
     const std::int64_t number = rooms->documents().put({.kind = DocumentKind::moment,
@@ -193,58 +186,46 @@ TEST(Recording, FollowsTheRulesAndThePauses) {
         "INSERT INTO moments VALUES(7, ?, '2026-11-21', 0, 'Safari', 'w', 'window', "
         "'docs.sqlite.org', 5, NULL, NULL)",
         number);
-    const auto add = [](std::string_view value, std::string_view kind, std::string_view tier) {
-        return fmt::format(R"({{"addRule":{{"value":"{}","kind":"{}","tier":"{}"}}}})", value, kind,
-                           tier);
+    const std::pair<std::string_view, std::string_view> rows[] = {
+        {"resume", "full"},
+        {R"(addRule {"value":" safari ","kind":"app","tier":"usageOnly"})", "titleOnly"},
+        {R"(addRule {"value":"qlite.org","kind":"site","tier":"never"})", "titleOnly"},
+        {R"(addRule {"value":"sqlite.org","kind":"site","tier":"never"})", "blocked"},
+        {R"(toggleRule {"id":"r3","enabled":false})", "titleOnly"},
+        {R"(removeRule {"id":"r1"})", "full"},
+        {R"(addRule {"value":"the library","kind":"phrase","tier":"never"})", "blocked"},
+        {R"(addRule {"value":"the library","kind":"phrase","tier":"usageOnly"})", "titleOnly"},
+        {"pause", "none"},
+        {"resume", "titleOnly"},
+        {R"(removeRule {"id":"r4"})", "full"},
+        {R"(addConcept {"_0":"the library"})", "full"},
+        {R"(pauseFor {"minutes":10})", "none"},
     };
-    const struct {
-        std::string command;
-        std::string_view front;
-    } rows[] = {
-        {R"({"resume":{}})", "full"},
-        {add(" safari ", "app", "usageOnly"), "titleOnly"},
-        {add("qlite.org", "site", "never"), "titleOnly"},
-        {add("sqlite.org", "site", "never"), "blocked"},
-        {R"({"toggleRule":{"id":"r3","enabled":false}})", "titleOnly"},
-        {R"({"removeRule":{"id":"r1"}})", "full"},
-        {add("the library", "phrase", "never"), "blocked"},
-        {add("the library", "phrase", "usageOnly"), "titleOnly"},
-        {R"({"pause":{}})", "none"},
-        {R"({"resume":{}})", "titleOnly"},
-        {R"({"removeRule":{"id":"r4"}})", "full"},
-        {R"({"addConcept":{"_0":"the library"}})", "full"},
-        {R"({"pauseFor":{"minutes":10}})", "none"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(rooms.control(row.command), R"({"ok":{}})") << row.command;
-        EXPECT_EQ(front(), fmt::format(R"("{}"}}}})", row.front)) << row.command;
-    }
+    for (const auto& [command, front] : rows)
+        rooms.hold(fmt::format("control {} → ok\nread frontState → frontState {}", command, front));
     rooms.reopen();
-    EXPECT_EQ(rooms.read(R"({"health":{}})"),
-              R"json({"text":{"_0":"paused (resumes 12:10)"}})json");
+    rooms.hold("read health → text paused (resumes 12:10)");
     clock.seconds += 600;
-    EXPECT_EQ(rooms.read(R"({"health":{}})"), R"({"text":{"_0":"healthy"}})");
-    EXPECT_EQ(front(), R"("full"}})");
-    const std::string rules = rooms.read(R"({"getRules":{}})");
-    EXPECT_EQ(
-        rules,
-        R"({"rules":{"_0":[{"id":"r2","kind":"site","value":"qlite.org","tier":"never","origin":"user","enabled":true},{"id":"r3","kind":"site","value":"sqlite.org","tier":"never","origin":"user","enabled":false},{"id":"r6","kind":"topic","value":"the library","tier":"never","origin":"user","enabled":true}]}})");
-    for (const std::string& command :
-         {add("x", "colour", "never"), add("x", "app", "sometimes"), add("  ", "app", "never"),
-          std::string(R"({"pauseFor":{"minutes":0}})"),
-          std::string(R"({"removeRule":{"id":"r4"}})"), std::string(R"({"removeRule":{"id":"2"}})"),
-          std::string(R"({"toggleRule":{"id":"r9","enabled":true}})"),
-          std::string(R"({"removeConcept":{"_0":"x"}})"),
-          std::string(R"({"requestGrant":{"kind":"camera"}})")})
+    const std::string rules = R"(
+read health → text healthy
+read frontState → frontState full
+read getRules
+→ rules {"_0":[{"id":"r2","kind":"site","value":"qlite.org","tier":"never","origin":"user","enabled":true},{"id":"r3","kind":"site","value":"sqlite.org","tier":"never","origin":"user","enabled":false},{"id":"r6","kind":"topic","value":"the library","tier":"never","origin":"user","enabled":true}]}
+)";
+    rooms.hold(rules);
+    for (const std::string_view command :
+         {R"({"addRule":{"value":"x","kind":"colour","tier":"never"}})",
+          R"({"addRule":{"value":"x","kind":"app","tier":"sometimes"}})",
+          R"({"addRule":{"value":"  ","kind":"app","tier":"never"}})",
+          R"({"pauseFor":{"minutes":0}})", R"({"removeRule":{"id":"r4"}})",
+          R"({"removeRule":{"id":"2"}})", R"({"toggleRule":{"id":"r9","enabled":true}})",
+          R"({"removeConcept":{"_0":"x"}})", R"({"requestGrant":{"kind":"camera"}})"})
         EXPECT_THAT(rooms.control(command), StartsWith(R"({"failure":)")) << command;
-    EXPECT_EQ(rooms.read(R"({"getRules":{}})"), rules);
+    rooms.hold(rules);
 }
 
 TEST(RecoveryPhrase, OpensWithItsOwnWordsOnly) {
     TemporaryRooms rooms;
-    const auto state = [&] {
-        return as<AnswerCase::Text>(rooms.read(R"({"recoveryState":{}})"))._0;
-    };
     const auto adopted = [&](const std::vector<std::string>& words) {
         auto all = rooms->all();
         return WireCodec::encode(
@@ -252,7 +233,7 @@ TEST(RecoveryPhrase, OpensWithItsOwnWordsOnly) {
                                     all))
             .value();
     };
-    EXPECT_EQ(state(), "new");
+    rooms.hold("read recoveryState → text new");
     EXPECT_THAT(rooms.control(R"({"revealPhrase":{}})"), HasSubstr("holds no Wendlow store key"));
     const std::string made = rooms.control(R"({"generatePhrase":{}})");
     const auto words = as<AnswerCase::Phrase>(made)._0;
@@ -260,28 +241,27 @@ TEST(RecoveryPhrase, OpensWithItsOwnWordsOnly) {
     rooms.reopen();
     EXPECT_EQ(rooms.control(R"({"generatePhrase":{}})"), made);
     EXPECT_EQ(rooms.control(R"({"revealPhrase":{}})"), made);
-    EXPECT_EQ(state(), "armed");
+    rooms.hold("read recoveryState → text armed");
     EXPECT_THAT(adopted(words), HasSubstr("already holds a Wendlow store key"));
 
     rooms->documents().database().execute("DELETE FROM settings WHERE name = 'key.held'");
-    EXPECT_EQ(state(), "locked");
-    auto eleven = words;
-    eleven.pop_back();
-    EXPECT_THAT(adopted(eleven), HasSubstr("a recovery phrase is 12 words — this one has 11"));
-    auto misspelt = words;
-    misspelt[3] = "wendlow";
-    EXPECT_THAT(adopted(misspelt), HasSubstr("is not one of the recovery words"));
+    rooms.hold("read recoveryState → text locked");
+    EXPECT_THAT(adopted({words.begin(), words.end() - 1}),
+                HasSubstr("a recovery phrase is 12 words — this one has 11"));
     auto wrong = words;
+    wrong[3] = "wendlow";
+    EXPECT_THAT(adopted(wrong), HasSubstr("is not one of the recovery words"));
+    wrong = words;
     wrong.back() = words.back() == "acre" ? "alder" : "acre";
     EXPECT_THAT(adopted(wrong), HasSubstr("failed its checksum"));
     EXPECT_THAT(adopted(RecoveryWords::phraseOf("another key")),
                 HasSubstr("they did not open any of the 1 store file(s)"));
-    EXPECT_EQ(state(), "locked");
+    rooms.hold("read recoveryState → text locked");
     auto shouted = words;
     for (char& letter : shouted[0])
         letter = static_cast<char>(std::toupper(letter));
     EXPECT_THAT(adopted(shouted), HasSubstr("Phrase accepted: it opened 1 of the 1 store file(s)"));
-    EXPECT_EQ(state(), "armed");
+    rooms.hold("read recoveryState → text armed");
     EXPECT_EQ(rooms.control(R"({"revealPhrase":{}})"), made);
 }
 

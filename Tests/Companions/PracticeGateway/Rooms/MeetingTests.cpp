@@ -71,46 +71,30 @@ const std::string silent = "- meeting:zoom:3 · 2026-11-22 08:45–08:45 · 0m �
                            "no named speakers · 0 lines\n";
 
 TEST_F(Meetings, AreListedInALineThatCanBeTakenApart) {
-    const struct {
-        std::string arguments;
-        std::string list;
-    } rows[] = {
-        {"", "3 meetings\n" + silent + budget + unnamed},
-        {R"("day":"2026-11-21")", "1 meeting\n" + budget},
-        {R"("app":"zoom")", "2 meetings\n" + silent + budget},
-        {R"("person":"MARA")", "1 meeting\n" + budget},
-        {R"("person":"Guest")", "No meetings."},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(list(row.arguments), row.list) << row.arguments;
+    EXPECT_EQ(list(), "3 meetings\n" + silent + budget + unnamed);
+    EXPECT_EQ(list(R"("day":"2026-11-21")"), "1 meeting\n" + budget);
+    EXPECT_EQ(list(R"("app":"zoom")"), "2 meetings\n" + silent + budget);
+    EXPECT_EQ(list(R"("person":"MARA")"), "1 meeting\n" + budget);
+    EXPECT_EQ(list(R"("person":"Guest")"), "No meetings.");
 }
 
 TEST_F(Meetings, AreReadInWords) {
-    const struct {
-        std::string_view request;
-        std::string_view answer;
-    } rows[] = {
-        {R"({"meetingTranscript":{"id":"meeting:zoom:3"}})",
-         R"({"failure":{"message":"no transcript is kept for “meeting:zoom:3”"}})"},
-        {R"({"meetingTranscript":{"id":"meeting:zoom:9"}})",
-         R"({"failure":{"message":"no transcript is kept for “meeting:zoom:9”"}})"},
-        {R"({"meetingAt":{"id":"meeting:zoom:1","at":"08:45"}})",
-         R"({"text":{"_0":"[08:45] Mara: Two copies of the backup.\n[08:45] Jonas, junior: And both tried?\n[08:46] Guest: Yes.\n[08:46] Mara: Yes.\n"}})"},
-        {R"({"meetingAt":{"id":"meeting:zoom:1","at":"09:00"}})",
-         R"({"text":{"_0":"Nothing was said at 09:00."}})"},
-        {R"({"meetingStats":{"id":"meeting:zoom:1"}})",
-         R"({"text":{"_0":"1h 5m, 4 lines\n- Mara: 2 lines\n- Jonas, junior: 1 lines\n- Guest: 1 lines\n"}})"},
-        {R"({"meetingGet":{"id":"meeting:zoom:9"}})",
-         R"({"failure":{"message":"no meeting has the id “meeting:zoom:9”"}})"},
-        {R"({"meetingSearch":{"query":"BACKUP","speaker":"mar"}})",
-         R"({"cards":{"_0":[{"kind":"meeting","id":"meeting:zoom:1","snippet":"Two copies of the backup.","why":"Mara","when":"2026-11-21 08:45","title":"Budget · \"round two\"\nfor spring"}]}})"},
-        {R"({"meetingSearch":{"query":"backup","to":"2026-11-20"}})",
-         R"({"cards":{"_0":[{"kind":"meeting","id":"meeting:meet:2","snippet":"Backup, anybody?","why":"Guest","when":"2026-11-20 08:51"}]}})"},
-        {R"({"meetingSearch":{"query":"backup","limit":0}})", R"({"cards":{"_0":[]}})"},
-        {R"({"meetingSearch":{"query":"  "}})", R"({"cards":{"_0":[]}})"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(rooms.read(row.request), row.answer) << row.request;
+    rooms.hold(R"(
+read meetingTranscript {"id":"meeting:zoom:3"} → failure no transcript is kept for “meeting:zoom:3”
+read meetingTranscript {"id":"meeting:zoom:9"} → failure no transcript is kept for “meeting:zoom:9”
+read meetingAt {"id":"meeting:zoom:1","at":"08:45"}
+→ text [08:45] Mara: Two copies of the backup.\n[08:45] Jonas, junior: And both tried?\n[08:46] Guest: Yes.\n[08:46] Mara: Yes.\n
+read meetingAt {"id":"meeting:zoom:1","at":"09:00"} → text Nothing was said at 09:00.
+read meetingStats {"id":"meeting:zoom:1"}
+→ text 1h 5m, 4 lines\n- Mara: 2 lines\n- Jonas, junior: 1 lines\n- Guest: 1 lines\n
+read meetingGet {"id":"meeting:zoom:9"} → failure no meeting has the id “meeting:zoom:9”
+read meetingSearch {"query":"BACKUP","speaker":"mar"}
+→ cards {"_0":[{"kind":"meeting","id":"meeting:zoom:1","snippet":"Two copies of the backup.","why":"Mara","when":"2026-11-21 08:45","title":"Budget · \"round two\"\nfor spring"}]}
+read meetingSearch {"query":"backup","to":"2026-11-20"}
+→ cards {"_0":[{"kind":"meeting","id":"meeting:meet:2","snippet":"Backup, anybody?","why":"Guest","when":"2026-11-20 08:51"}]}
+read meetingSearch {"query":"backup","limit":0} → cards {"_0":[]}
+read meetingSearch {"query":"  "} → cards {"_0":[]}
+)");
 }
 
 TEST_F(Meetings, LoseALineOnlyToItsOwnWitness) {
@@ -121,18 +105,13 @@ TEST_F(Meetings, LoseALineOnlyToItsOwnWitness) {
     const TranscriptLineRow& line = before.lines[0];
     // The same words of another speaker, or at another time, are another line.
     EXPECT_NE(before.lines[2].witness, before.lines[3].witness);
-    const struct {
-        std::string answer;
-        std::string_view outcome;
-    } refused[] = {
-        {erase("meeting:zoom:1", line.rowid, before.lines[1].witness), "staleWitness"},
-        {erase("meeting:zoom:1", line.rowid, ""), "staleWitness"},
-        {erase("meeting:zoom:1", 9999, line.witness), "notFound"},
-        {erase("meeting:meet:2", line.rowid, line.witness), "notFound"},
-        {erase("meeting:zoom:9", line.rowid, line.witness), "notFound"},
-    };
-    for (const auto& row : refused)
-        EXPECT_EQ(row.answer, fmt::format(R"({{"lineDelete":{{"_0":"{}"}}}})", row.outcome));
+    for (const std::string& answer : {erase("meeting:zoom:1", line.rowid, before.lines[1].witness),
+                                      erase("meeting:zoom:1", line.rowid, "")})
+        EXPECT_EQ(answer, R"({"lineDelete":{"_0":"staleWitness"}})");
+    for (const std::string& answer : {erase("meeting:zoom:1", 9999, line.witness),
+                                      erase("meeting:meet:2", line.rowid, line.witness),
+                                      erase("meeting:zoom:9", line.rowid, line.witness)})
+        EXPECT_EQ(answer, R"({"lineDelete":{"_0":"notFound"}})");
     EXPECT_EQ(transcript(), before);
 
     // Somebody else corrected the line since it was read.
@@ -156,15 +135,13 @@ TEST_F(Meetings, LoseALineOnlyToItsOwnWitness) {
 }
 
 TEST_F(Meetings, GoWithAllTheirLines) {
-    EXPECT_EQ(rooms.control(R"({"forget":{"thingID":"meeting:zoom:1"}})"), R"({"ok":{}})");
-    EXPECT_EQ(
-        rooms.control(R"({"forget":{"thingID":"meeting:zoom:1"}})"),
-        R"({"failure":{"message":"nothing has the id “meeting:zoom:1”; nothing was forgotten"}})");
+    rooms.hold(R"(
+control forget {"thingID":"meeting:zoom:1"} → ok
+control forget {"thingID":"meeting:zoom:1"} → failure nothing has the id “meeting:zoom:1”; nothing was forgotten
+)");
     EXPECT_EQ(list(), "2 meetings\n" + silent + unnamed);
     EXPECT_THAT(rooms.read(R"({"reelStats":{}})"), HasSubstr(R"("meetings":0,"bytes":0)"));
-    Statement left = rooms->documents().database().prepare("SELECT count(*) FROM utterances");
-    left.step();
-    EXPECT_EQ(left.integer(0), 1);
+    EXPECT_EQ(rooms.figure("SELECT count(*) FROM utterances"), 1);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Dispatch.h"
+#include "PlainText.h"
 #include "PracticeRooms.h"
 #include "WireCodec.h"
 
@@ -8,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <ranges>
 #include <string>
 #include <string_view>
 
@@ -54,7 +56,40 @@ public:
     std::string note(std::string_view request) { return ask("notes", request); }
     std::string control(std::string_view request) { return ask("control", request); }
 
+    /// The first figure that a query of the database gives.
+    std::int64_t figure(std::string_view sql) {
+        Statement statement = m_rooms->documents().database().prepare(sql);
+        return statement.step() ? statement.integer(0) : -1;
+    }
+
+    /// What is asked and what is answered, in lines: `read grab {"id":"m1"} → thing {}`. An answer
+    /// may stand on the line below its question; one of bare words is a failure's or a text's.
+    void hold(std::string_view script) {
+        std::string question;
+        for (const auto line : std::views::split(script, '\n')) {
+            const std::string_view words(line.begin(), line.end());
+            const auto arrow = std::min(words.find("→"), words.size());
+            if (const auto asked = PlainText::trimmed(words.substr(0, arrow)); !asked.empty())
+                question = asked;
+            if (arrow == words.size())
+                continue;
+            const auto road = question.substr(0, question.find(' '));
+            EXPECT_EQ(ask(road, json(question.substr(road.size() + 1))),
+                      json(PlainText::trimmed(words.substr(arrow + 3))))
+                << question;
+        }
+        EXPECT_FALSE(question.empty());
+    }
+
 private:
+    static std::string json(std::string_view words) {
+        const std::string_view name = words.substr(0, words.find(' '));
+        const auto rest = words.substr(std::min(name.size() + 1, words.size()));
+        if (rest.empty() || rest.starts_with('{'))
+            return fmt::format(R"({{"{}":{}}})", name, rest.empty() ? "{}" : rest);
+        return fmt::format(R"({{"{}":{{"{}":"{}"}}}})", name, name == "failure" ? "message" : "_0",
+                           rest);
+    }
     std::string ask(std::string_view kind, std::string_view request) {
         const auto decoded =
             WireCodec::decodeRequest(fmt::format(R"({{"{}":{{"_0":{}}}}})", kind, request));

@@ -63,30 +63,22 @@ protected:
             rooms->documents().put(document);
         };
         const auto text = [](const char* value) { return FilterValue(std::string(value)); };
-        put({.id = "n1",
-             .type = "note",
-             .scope = "/a",
-             .title = "Backup runs at night",
-             .body = "Before the index.",
-             .filters = {{"area", text("storage")}, {"week", FilterValue(3.0)}}});
-        put({.id = "n2",
-             .type = "note",
-             .scope = "/a/b",
-             .title = "Index of names",
-             .body = "A backup of a backup keeps the backup.",
-             .filters = {{"area", text("search")}}});
-        put({.id = "f1",
-             .type = "fact",
-             .scope = "/a",
-             .title = "Keep two backups",
-             .body = "One copy was overwritten.",
-             .filters = {{"area", text("storage")}, {"week", text("3")}}});
-        put({.id = "f2",
-             .type = "fact",
-             .scope = "/ab",
-             .title = "Füße und Straße",
-             .body = "naïve café",
-             .filters = {{"done", FilterValue(true)}}});
+        const auto memory = [&](const char* id, const char* scope, const char* title,
+                                const char* body, std::vector<FilterPair> filters) {
+            put({.id = id,
+                 .type = *id == 'n' ? "note" : "fact",
+                 .scope = scope,
+                 .title = title,
+                 .body = body,
+                 .filters = std::move(filters)});
+        };
+        memory("n1", "/a", "Backup runs at night", "Before the index.",
+               {{"area", text("storage")}, {"week", FilterValue(3.0)}});
+        memory("n2", "/a/b", "Index of names", "A backup of a backup keeps the backup.",
+               {{"area", text("search")}});
+        memory("f1", "/a", "Keep two backups", "One copy was overwritten.",
+               {{"area", text("storage")}, {"week", text("3")}});
+        memory("f2", "/ab", "Füße und Straße", "naïve café", {{"done", FilterValue(true)}});
         put({.kind = DocumentKind::moment,
              .id = "41",
              .type = "moment",
@@ -125,34 +117,18 @@ TEST_F(TextBrowse, CountsForEachPanelWhatElseCouldBePicked) {
         {R"("kind":"memory","scopes":["/a"])",
          {"f1 n2 n1/3 narrowed newest", "note 2, fact 1", "/a 2, /a/b 1, /ab 1",
           "area 3: storage 2 search 1; week 2: 3 1 3 1", "memory 3, moment 1, meeting 0"}},
-        {R"("kind":"memory","scopes":["/"])",
-         {"f2 f1 n2 n1/4 newest", "fact 2, note 2", "/a 2, /a/b 1, /ab 1",
-          "area 3: storage 2 search 1; week 2: 3 1 3 1; done 1: true 1",
-          "memory 4, meeting 1, moment 1"}},
         // One key's values are alternatives, and its own panel keeps them all.
         {R"("kind":"memory","filters":[{"key":"area","value":"storage"}])",
          {"f1 n1/2 narrowed newest", "fact 1, note 1", "/a 2",
           "area 3: storage 2 search 1; week 2: 3 1 3 1", "memory 2, meeting 0, moment 0"}},
-        {R"("kind":"memory","filters":[{"key":"area","value":"storage"},{"key":"area","value":"search"},{"key":"week","value":3}])",
-         {"n1/1 narrowed newest", "note 1", "/a 1", "week 2: 3 1 3 1; area 1: storage 1",
-          "memory 1, meeting 0, moment 0"}},
-        {R"("kind":"memory","filters":[{"key":"week","value":"3"},{"key":"week","value":3}])",
-         {"f1 n1/2 narrowed newest", "fact 1, note 1", "/a 2", "area 2: storage 2; week 2: 3 1 3 1",
-          "memory 2, meeting 0, moment 0"}},
         {R"("kind":"memory","filters":[{"key":"nobody","value":"x"},{"key":"area","value":"no"}])",
          {"/0 narrowed newest", "", "", "", "meeting 0, memory 0, moment 0"}},
         {R"("kind":"memory","type":"poem")",
          {"/0 newest", "fact 2, note 2", "", "", "memory 4, meeting 1, moment 1"}},
-        {R"("kind":"memory","term":"backup")",
-         {"f1 n1 n2/3 narrowed relevance", "note 2, fact 1", "/a 2, /a/b 1",
-          "area 3: storage 2 search 1; week 2: 3 1 3 1", "memory 3, meeting 1, moment 1"}},
         {R"("term":"backup","order":"newest")",
          {"meeting:zoom:9 41 f1 n2 n1/5 narrowed newest", "note 2, fact 1, meeting 1, moment 1",
           "/a 3, / 1, /a/b 1", "area 3: storage 2 search 1; week 2: 3 1 3 1",
           "memory 3, meeting 1, moment 1"}},
-        {R"("kind":"memory","term":"backup index","type":"note","filters":[{"key":"area","value":"search"}])",
-         {"n2/1 narrowed relevance", "note 1", "/a/b 1", "area 2: search 1 storage 1",
-          "memory 1, meeting 0, moment 0"}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.ask);
@@ -213,28 +189,15 @@ TEST_F(TextBrowse, PagesWithoutLosingTheTotal) {
                 {R"("limit":1,"order":"relevance")", "f2/4 newest"}};
     for (const auto& row : rows)
         EXPECT_EQ(rowsOf(browse(rooms, R"("kind":"memory",)" + row.page)), row.rows) << row.page;
-    EXPECT_EQ(rooms.read(R"({"textBrowse":{"kind":"poem"}})"),
-              R"({"failure":{"message":"“poem” is no kind of thing that can be browsed; those are )"
-              R"(memory, moment and meeting"}})");
+    rooms.hold(R"(read textBrowse {"kind":"poem"}
+→ failure “poem” is no kind of thing that can be browsed; those are memory, moment and meeting)");
 }
 
 TEST_F(TextBrowse, GivesAMomentWhatItsTileNeeds) {
-    const TextBrowseAnswer answer = browse(rooms, R"("kind":"moment","term":"verified notes")");
-    ASSERT_EQ(answer.rows.size(), 1U);
-    TextBrowseRow row = answer.rows[0];
-    EXPECT_EQ(row.score, 1);
-    row.score = 0;
-    EXPECT_EQ(row, (TextBrowseRow{.id = "41",
-                                  .type = "moment",
-                                  .scope = "/a",
-                                  .title = "Terminal",
-                                  .at = 1'795'000'005,
-                                  .filters = {},
-                                  .app = "org.term",
-                                  .passage = "verified backup: 2904 notes, 12 scopes",
-                                  .files = {{"/tmp/x"}},
-                                  .fileCount = 3,
-                                  .framed = true}));
+    EXPECT_THAT(
+        rooms.read(R"({"textBrowse":{"kind":"moment","term":"verified notes"}})"),
+        ::testing::HasSubstr(
+            R"("rows":[{"id":"41","type":"moment","scope":"/a","title":"Terminal","at":1795000005,"filters":[],"score":1,"app":"org.term","passage":"verified backup: 2904 notes, 12 scopes","files":["/tmp/x"],"fileCount":3,"framed":true}])"));
 }
 
 TEST_F(TextBrowse, ForgetsWhatWasTakenBack) {
