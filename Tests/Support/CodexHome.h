@@ -7,7 +7,6 @@
 #include <chrono>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace wendlow::testing {
 
@@ -33,16 +32,6 @@ public:
             paths(), {.now = [] { return Transaction::Date(std::chrono::seconds(1'800'000'000)); },
                       .beforeRename = {}});
     }
-    /// Nothing: no such file is made.
-    void fill(const std::optional<std::string>& hooksBytes,
-              const std::optional<std::string>& configBytes) const {
-        for (const auto& [file, bytes] :
-             {std::pair(hooksFile(), hooksBytes), std::pair(configFile(), configBytes)})
-            if (bytes)
-                put(file, filled(*bytes));
-            else
-                std::filesystem::remove(file);
-    }
 
     /// `text` with "@ours" made into the entry of this home's application on one line, "@old" into
     /// that of another copy, "@script" into one of an older script, "@theirs" into a person's;
@@ -65,13 +54,6 @@ public:
              {"@slot", "@home/.codex/hooks.json:user_prompt_submit"},
              {"@hash", CodexHook(paths()).identity().trustedHash()},
              {"@home", m_home.path().string()}});
-    }
-    Observations filled(Observations observations) const {
-        for (auto& [subject, text] : observations) {
-            subject = filled(subject);
-            text = filled(text);
-        }
-        return observations;
     }
 
 private:

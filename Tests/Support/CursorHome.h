@@ -4,11 +4,7 @@
 #include "Files.h"
 #include "TemporaryHome.h"
 
-#include <chrono>
-#include <functional>
-#include <optional>
 #include <string>
-#include <utility>
 
 namespace wendlow::testing {
 
@@ -39,28 +35,7 @@ public:
     CursorPaths paths() const {
         return CursorPaths::under(m_home.path(), m_home / "Wendlow.app", m_home / "Applications");
     }
-    std::string hooksFile() const { return paths().hooksFile.string(); }
-    std::string mcpFile() const { return paths().serversFile.string(); }
-    std::optional<std::string> hooks() const { return get(paths().hooksFile); }
-    std::optional<std::string> servers() const { return get(paths().serversFile); }
-    ConnectorReceipt receipt() const { return ReceiptStore{paths().receiptFile}.read(); }
-    /// The clock stands still, so that the names of copies are known.
-    CursorConnector connector() const {
-        return CursorConnector(
-            paths(), {.now = [] { return Transaction::Date(std::chrono::seconds(1'800'000'000)); },
-                      .beforeRename = {}});
-    }
-    std::string filled(const std::string& text) const { return filledForCursor(paths(), text); }
-    /// Nothing: no such file is made.
-    void fill(const std::optional<std::string>& hooksBytes,
-              const std::optional<std::string>& serversBytes) const {
-        for (const auto& [file, bytes] :
-             {std::pair(hooksFile(), hooksBytes), std::pair(mcpFile(), serversBytes)})
-            if (bytes)
-                put(file, filled(*bytes));
-            else
-                std::filesystem::remove(file);
-    }
+    CursorConnector connector() const { return CursorConnector(paths()); }
     void fillVersion(const std::string& propertyList) const {
         put(paths().cursorApp / "Contents/Info.plist", propertyList);
     }

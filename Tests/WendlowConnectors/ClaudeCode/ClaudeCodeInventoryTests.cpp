@@ -1,17 +1,22 @@
-#include "ClaudeCodeHome.h"
+#include "ClaudeCode/ClaudeCodeConnector.h"
+#include "Files.h"
+#include "TemporaryHome.h"
 
 #include <gmock/gmock.h>
 
 namespace wendlow {
 namespace {
 
-using testing::ClaudeCodeHome;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::put;
 namespace fs = std::filesystem;
 
 constexpr const char* unverified = " (decoded path not verified on disk)";
+
+ClaudeCodeConnector connectorIn(const testing::TemporaryHome& home) {
+    return ClaudeCodeConnector(ClaudeCodePaths::under(home.path(), home / "Wendlow.app"));
+}
 
 std::string encoded(std::string path) {
     std::ranges::replace(path, '/', '-');
@@ -42,9 +47,9 @@ TEST(ClaudeCodeInventory, readsAProjectsPathOffItsFolderName) {
 }
 
 TEST(ClaudeCodeInventory, listsProjectsByTheirLastActivity) {
-    const ClaudeCodeHome home;
-    const fs::path store = home.path(".claude/projects");
-    const auto connector = home.connector();
+    const testing::TemporaryHome home;
+    const fs::path store = home / ".claude/projects";
+    const auto connector = connectorIn(home);
     const ProjectReport none{store.string(), {}, "no session store found"};
     EXPECT_EQ(connector.projects(), none);
     fs::create_directories(store / "-nowhere-a");
@@ -72,20 +77,20 @@ TEST(ClaudeCodeInventory, listsProjectsByTheirLastActivity) {
 }
 
 TEST(ClaudeCodeInventory, listsItsMemoryFiles) {
-    const ClaudeCodeHome home;
+    const testing::TemporaryHome home;
     const auto paths = [&] {
         std::vector<std::string> result;
-        for (const auto& file : home.connector().memoryFiles().files)
-            result.push_back(fs::path(file.path).lexically_relative(home.path(".claude")));
+        for (const auto& file : connectorIn(home).memoryFiles().files)
+            result.push_back(fs::path(file.path).lexically_relative(home / ".claude"));
         return result;
     };
     EXPECT_THAT(paths(), IsEmpty());
-    fs::create_directories(home.path(".claude/memory/folder.md"));
-    put(home.path(".claude/memory/b.md"), "b");
-    put(home.path(".claude/memory/a.md"), "a");
-    put(home.path(".claude/memory/c.txt"), "c");
+    fs::create_directories(home / ".claude/memory/folder.md");
+    put(home / ".claude/memory/b.md", "b");
+    put(home / ".claude/memory/a.md", "a");
+    put(home / ".claude/memory/c.txt", "c");
     EXPECT_THAT(paths(), ElementsAre("memory/a.md", "memory/b.md"));
-    put(home.path(".claude/CLAUDE.md"), "rules");
+    put(home / ".claude/CLAUDE.md", "rules");
     EXPECT_THAT(paths(), ElementsAre("CLAUDE.md", "memory/a.md", "memory/b.md"));
 }
 

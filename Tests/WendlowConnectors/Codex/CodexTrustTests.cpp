@@ -49,6 +49,37 @@ TEST(CodexHookIdentity, isHashedAsCodexDoes) {
     }
 }
 
+TEST(CodexHook, readsEveryFieldThatIsHashed) {
+    const CodexHome home;
+    const CodexHook hook(home.paths());
+    const std::string bytes = home.filled(
+        R"({"hooks":{"Stop":[{"hooks":[@theirs,@old]}],"UserPromptSubmit":[7,{"matcher":"m","hooks":[)"
+        R"({"command":"@home/Wendlow.app/Contents/MacOS/wendlow-hook --harness=codex","timeout":3.5,)"
+        R"("async":true,"statusMessage":7,"additionalContextLimit":-12}]}]}})");
+    const auto document = *hook.read(bytes);
+    const auto sites = hook.sites(document.root(), bytes);
+    ASSERT_EQ(sites.size(), 2U);
+    EXPECT_EQ(sites[0].event, "Stop");
+    EXPECT_EQ(sites[0].entry, 1);
+    EXPECT_EQ(sites[0].tier, HookOwnership::stale);
+    EXPECT_EQ(sites[0].identity(),
+              (CodexHookIdentity{"/Old/Wendlow.app/Contents/MacOS/wendlow-hook --harness codex",
+                                 "Loading Wendlow rules and memory",
+                                 3,
+                                 {},
+                                 false,
+                                 {}}));
+    EXPECT_EQ(sites[1].group, 1);
+    EXPECT_EQ(sites[1].tier, HookOwnership::current);
+    EXPECT_EQ(sites[1].matcher, "m");
+    EXPECT_EQ(sites[1].timeout, std::nullopt);
+    EXPECT_EQ(sites[1].identity(), std::nullopt);
+    EXPECT_EQ(sites[1].statusMessage, std::nullopt);
+    EXPECT_EQ(sites[1].additionalContextLimit, -12);
+    EXPECT_TRUE(sites[1].isAsync);
+    EXPECT_EQ(CodexHook::onPrompt(sites), &sites[1]);
+}
+
 TEST(CodexTrustSlot, isReadFromTheBack) {
     const std::pair<const char*, std::optional<CodexTrustSlot>> cases[] = {
         {"/h:user_prompt_submit:1:20", {{{}, "/h", "user_prompt_submit", 1, 20}}},
@@ -96,75 +127,6 @@ enabled = false
     EXPECT_EQ(CodexTrust::recordedHash("/b:user_prompt_submit:0:1", document), std::nullopt);
     EXPECT_FALSE(CodexTrust::isSwitchedOff(keys[0], document));
     EXPECT_TRUE(CodexTrust::isSwitchedOff(keys[1], document));
-}
-
-TEST(CodexTrust, saysThatAnotherHashIsRecorded) {
-    const CodexHome home;
-    const CodexTrust trust(home.paths(), home.hooksFile());
-    CodexHookSite site;
-    site.command = "/x";
-    site.timeout = 9;
-    site.group = 2;
-    const std::string config =
-        home.filled("[hooks.state.\"@slot:2:0\"]\ntrusted_hash = \"sha256:0\"\n");
-    const auto document = *TOMLText::scan(config);
-    EXPECT_EQ(trust.find(&document, &site),
-              BlockFinding{BlockFinding::Drifted{
-                  {"the trusted hash recorded here is sha256:0 and the Wendlow hook entry in " +
-                   home.hooksFile() + " hashes to " + site.identity()->trustedHash()}}});
-    EXPECT_EQ(trust.find(nullptr, &site), BlockFinding{BlockFinding::FileAbsent{}});
-    EXPECT_EQ(trust.find(&document, nullptr), BlockFinding{BlockFinding::Absent{}});
-}
-
-TEST(CodexTrust, judgesSlotsSoThatNobodyElsesTrustIsLost) {
-    const CodexHome home;
-    const CodexTrust trust(home.paths(), home.hooksFile());
-    // Group 0 is empty, group 1 is live; k is one of our hashes, u is anybody's.
-    const std::string config = home.filled(R"(
-[hooks.state."@slot:0:0"]
-trusted_hash = "k"
-[hooks.state."@slot:0:1"]
-trusted_hash = "u"
-[hooks.state."@slot:0:2"]
-enabled = false
-[hooks.state."@slot:1:0"]
-trusted_hash = "k"
-[hooks.state."@slot:1:1"]
-trusted_hash = "u"
-[hooks.state."/elsewhere:user_prompt_submit:0:0"]
-trusted_hash = "k"
-)");
-    const auto document = *TOMLText::scan(config);
-    const auto judged = [&](const std::optional<std::string>& occupied, const TrustSlots& receipt) {
-        TrustSlots keys;
-        for (const std::string& key : receipt)
-            keys.insert(home.filled(key));
-        auto judgement = trust.judge(
-            document, occupied ? std::optional(home.filled(*occupied)) : std::nullopt, keys, {"k"},
-            [](std::ptrdiff_t group, std::ptrdiff_t) { return group == 1; });
-        for (auto* list : {&judgement.clear, &judgement.report})
-            for (std::string& key : *list)
-                key = testing::replaced(key, {{home.filled("@slot"), "@slot"}});
-        return judgement;
-    };
-    const std::string elsewhere = "/elsewhere:user_prompt_submit:0:0";
-    EXPECT_EQ(judged({}, {}), (CodexTrust::Judgement{{"@slot:0:0"}, {"@slot:1:0", elsewhere}}));
-    EXPECT_EQ(judged("@slot:0:0", {"@slot:0:0"}),
-              (CodexTrust::Judgement{{}, {"@slot:1:0", elsewhere}}));
-    // What we wrote goes, but where it holds by now what a person trusts.
-    EXPECT_EQ(judged({}, {"@slot:0:0", "@slot:0:1", "@slot:0:2", "@slot:1:0", "@slot:1:1",
-                          "@slot:9:9", elsewhere}),
-              (CodexTrust::Judgement{
-                  {"@slot:0:0", "@slot:0:1", "@slot:0:2", "@slot:1:0", elsewhere}, {}}));
-}
-
-TEST(CodexTrust, keepsWhatElseATableHolds) {
-    const std::string before = "[hooks.state.k]\nenabled = true";
-    const auto installed = CodexTrust::installed(before, *TOMLText::scan(before), "k", "h");
-    ASSERT_TRUE(installed);
-    EXPECT_EQ(installed->bytes, before + "\ntrusted_hash = \"h\"\n");
-    EXPECT_EQ(installed->created, std::set{Created::codexConfigTrailingNewline});
-    EXPECT_EQ(CodexTrust::removed(*installed->bytes, {"x", "k", "k"})->bytes, before + "\n");
 }
 
 TEST(CodexConnector, neverWritesAConfigurationThatDoesNotReadBack) {

@@ -181,6 +181,11 @@ void Stage::act(const std::string& verb) {
         EXPECT_EQ(copies, outcome.backups.size());
         for (const fs::path& copy : outcome.backups)
             checkCopy(copy.string(), before);
+        const Tree after = tree();
+        if (verb == "install" && outcome.result == ConnectorOutcome::Result::changed) {
+            EXPECT_EQ(m_connector->install().result, ConnectorOutcome::Result::unchanged);
+            EXPECT_EQ(tree(), after);
+        }
     } else if (verb == "round") {
         goRound();
     } else if (verb == "nobody") {

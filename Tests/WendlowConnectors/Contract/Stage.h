@@ -25,8 +25,9 @@
 ///       @hooks: the Wendlow entry was written to this file
 ///       @hooks = {"hooks":...}
 ///
-/// Whatever a verb changes anywhere in the home is told, so that what is not told has not changed;
-/// of each copy it is checked that it is the file as it was.
+/// Whatever a verb changes anywhere in the home is told, so that what is not told has not changed.
+/// Of each copy it is checked that it is the file as it was, and after each installation that a
+/// second one changes nothing.
 namespace wendlow::testing {
 
 class Stage {

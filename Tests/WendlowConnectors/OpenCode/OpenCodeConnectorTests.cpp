@@ -36,7 +36,7 @@ TEST(OpenCodeConnector, asksTheSessionStoreWhichOpenCodeThisIs) {
         {}};
 
     home.connector().install();
-    put(home.pluginFile(), home.filled(home.source() + "\n"));
+    put(home.pluginFile(), home.source() + "\n");
     EXPECT_TRUE(home.connector().staleOwnWiring());
     put(database, "not a database at all");
     EXPECT_EQ(seen(), update);

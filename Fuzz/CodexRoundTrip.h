@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-/// What holds for every pair of files, for tests and for the fuzzer.
+/// What holds for every pair of files.
 namespace wendlow::testing {
 
 /// While it lives, temporary homes are made in memory: thousands of commits flush thousands of

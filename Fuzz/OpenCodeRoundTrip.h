@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-/// What holds for every configuration with comments, for tests and for the fuzzer.
+/// What holds for every configuration with comments.
 namespace wendlow::testing {
 
 /// A document's comments without the blanks at their ends, which an edit may take for its own.

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-/// What holds for every file that an installation accepts, for tests and for the fuzzer.
+/// What holds for every file that an installation accepts.
 namespace wendlow::testing {
 
 /// `json` without the white space in its empty containers: an edit may drop that, and nothing else.
