@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <tuple>
+#include <utility>
 
 #include <dirent.h>
 #include <fcntl.h>
