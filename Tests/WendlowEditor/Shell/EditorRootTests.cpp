@@ -138,6 +138,13 @@ TEST(EditorRoot, AsksNothingOnceItHasRetired) {
     EXPECT_EQ(window.store.page.detailsAsked.size(), details);
 }
 
+TEST(EditorRoot, WhatASearchFoundIsReadAnewWithTheStore) {
+    Window window;
+    window.search("backup", {memory("a")});
+    window.store.grow();
+    EXPECT_THAT(window.store.page.detailsAsked, ElementsAre("a", "a"));
+}
+
 TEST(EditorRoot, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
     Window window;
     auto& [store, root, face, list] = window;
