@@ -55,6 +55,12 @@ public:
     std::vector<EditorAsk> asked; ///< every ask, in order
     std::vector<std::string> detailsAsked;
 
+    /// Whoever still waits at the end goes on, and finds that his model is gone.
+    ~ScriptedStore() override {
+        m_browses.resumeAll({});
+        m_details.resumeAll(std::nullopt);
+    }
+
     /// What has changed is told.
     void tell() { Q_EMIT changed(); }
     void grow() {
