@@ -69,6 +69,17 @@ def read(path):
         return file.read()
 
 
+def as_text(header):
+    """A copy of the header that the build precompiles; beside it clang would look for its own form of it."""
+    text = read(header)
+    copy = os.path.join(WORK, 'headers', sha(text.encode()) + '.h')
+    os.makedirs(os.path.dirname(copy), exist_ok=True)
+    if not os.path.exists(copy):
+        with open(copy, 'w', encoding='utf-8') as file:
+            file.write(text)
+    return copy
+
+
 def arguments_of(entry):
     """What the build compiles a source with, as clang reads it: no output, no precompiled header."""
     words = shlex.split(entry['command'])
@@ -76,7 +87,9 @@ def arguments_of(entry):
         words.pop(0)
     kept, words = [], iter(words[1:])
     for word in words:
-        if word in ('-o', '-c', '-include', '-include-pch', '-MF', '-MT', '-MQ'):
+        if word == '-include':
+            kept += ['-include', as_text(next(words))]
+        elif word in ('-o', '-c', '-include-pch', '-MF', '-MT', '-MQ'):
             next(words)
         elif word.startswith(('-W', '-O', '-g', '-MD', '-M')) or word == '-Winvalid-pch':
             continue

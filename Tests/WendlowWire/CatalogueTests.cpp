@@ -5,6 +5,7 @@
 #include "GatewayResponse.h"
 #include "WireCodec.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <deque>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,13 @@ namespace wendlow::testing {
 /// A daemon whose answers the test gives when it pleases: each request waits until `answer`.
 class ScriptedClient final : public WendlowClient {
 public:
+    // A question that is never answered holds its client, and the client the question: no leak, but
+    // a daemon that says nothing. Kept in sight, it is not taken for one.
+    ScriptedClient() { s_all.insert(this); }
+    ~ScriptedClient() override { s_all.erase(this); }
+    ScriptedClient(const ScriptedClient&) = delete;
+    ScriptedClient& operator=(const ScriptedClient&) = delete;
+
     QCoro::Task<GatewayResponse> send(GatewayRequest request) override {
         const Timed timed = co_await sendTimed(std::move(request));
         co_return timed.response;
@@ -34,6 +42,7 @@ public:
     }
 
 private:
+    inline static std::set<const ScriptedClient*> s_all;
     std::vector<std::string> m_sent;
     Waiting<Timed> m_waiting;
 };

@@ -47,6 +47,12 @@ public:
     std::vector<EditorAsker> askers;
     std::vector<std::string> detailsAsked;
 
+    /// Whoever still waits at the end goes on, and finds that his model is gone.
+    ~ScriptedPages() override {
+        m_browses.resumeAll({});
+        m_details.resumeAll(std::nullopt);
+    }
+
     bool isWaiting() const { return !m_browses.empty(); }
     bool detailWaits() const { return !m_details.empty(); }
     /// Answers the question that has waited longest.
