@@ -58,7 +58,7 @@ struct WindowDescription {
     /// What a sibling process or a launch argument asks for it by.
     std::optional<WindowDoor::Pane> door = std::nullopt;
     /// The name of its line in the World menu; empty: it has none.
-    std::string_view worldLine = {};
+    std::string_view worldLine = "";
 
     /// Module and file of its face, and what is given to that.
     std::string_view file = "WendlowSettingsApp/PlainStage.qml";
