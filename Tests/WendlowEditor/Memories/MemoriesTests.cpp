@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
+#include <QSignalSpy>
 
 #include <ctime>
 
@@ -80,39 +81,44 @@ struct Face {
     }
     MemoriesModel& list() { return *model.list(); }
     FilterBarModel& filters() { return *model.list()->filters(); }
+    MemoryLines& lines() { return *model.list()->lines(); }
+    QVariant line(int row, int role) { return data(lines(), row, role); }
+    /// The row comes in sight, and the list has laid itself out.
+    void appears(int row) {
+        list().rowAppeared(row);
+        QCoreApplication::processEvents();
+    }
+    void readOn() { appears(lines().rowCount() - 1); }
 };
 
 TEST(MemoriesModel, IsAlwaysAPageAhead) {
-    for (const auto& [visible, limit] : {std::pair{12, 50}, {38, 50}, {39, 51}, {48, 60}})
-        EXPECT_EQ(MemoriesModel::limitFor(visible), limit);
     Face face;
     face.settle(memories(50));
-    auto& lines = *face.list().lines();
-    EXPECT_EQ(lines.rowCount(), 12);
-    face.list().rowAppeared(10);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(lines.rowCount(), 12);
+    face.appears(10);
+    EXPECT_EQ(face.lines().rowCount(), 12);
     EXPECT_THAT(face.requested, ElementsAre("decision10"));
     for (const int shown : {24, 36, 48}) {
-        face.list().rowAppeared(lines.rowCount() - 1);
-        face.list().rowAppeared(lines.rowCount() - 1);
-        EXPECT_EQ(lines.rowCount(), shown - 12) << "not while the list lays itself out";
-        QCoreApplication::processEvents();
-        EXPECT_EQ(lines.rowCount(), shown);
+        face.list().rowAppeared(face.lines().rowCount() - 1);
+        EXPECT_EQ(face.lines().rowCount(), shown - 12) << "not while the list lays itself out";
+        face.readOn();
+        EXPECT_EQ(face.lines().rowCount(), shown);
     }
     EXPECT_EQ(face.changes, 1) << "the limit stays up to 38 rows";
     EXPECT_EQ(face.ask.limit, 60);
-    face.list().rowAppeared(47);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(lines.rowCount(), 50);
-    face.list().rowAppeared(49);
-    QCoreApplication::processEvents();
+    face.readOn();
+    EXPECT_EQ(face.lines().rowCount(), 50);
+    face.readOn();
     EXPECT_EQ(face.list().visibleCount(), 60) << "no more rows are held";
 }
 
 TEST(MemoriesModel, SaysHowManyByWhatCutsThem) {
-    const auto line = [](bool narrowed, bool chips, int total) {
+    const std::tuple<bool, bool, int, const char*> cases[] = {{true, false, 37, "37 of 182"},
+                                                              {false, true, 37, "37 of 182"},
+                                                              {false, false, 1, "1 memory"},
+                                                              {false, false, 0, "0 memories"}};
+    for (const auto& [narrowed, chips, total, line] : cases) {
         Face face;
+        EXPECT_EQ(face.list().countLine(), "");
         if (chips)
             face.ask.scopes = {"/a"};
         face.answer = settled(face.ask);
@@ -120,14 +126,8 @@ TEST(MemoriesModel, SaysHowManyByWhatCutsThem) {
         face.answer.total = total;
         face.answer.sliceTotal = 182;
         face.show();
-        return face.list().countLine();
-    };
-    EXPECT_EQ(line(true, false, 37), "37 of 182");
-    EXPECT_EQ(line(false, true, 37), "37 of 182");
-    EXPECT_EQ(line(false, false, 1), "1 memory");
-    EXPECT_EQ(line(false, false, 0), "0 memories");
-    EXPECT_EQ(line(false, false, 2), "2 memories");
-    EXPECT_EQ(Face().list().countLine(), "");
+        EXPECT_EQ(face.list().countLine(), line);
+    }
 }
 
 TEST(MemoriesModel, EachStateSaysItsOwn) {
@@ -172,62 +172,51 @@ TEST(MemoriesModel, EachStateSaysItsOwn) {
 
 TEST(MemoriesModel, ARefreshMovesOnlyWhatHasMoved) {
     Face face;
-    face.settle(memories(12));
     face.details["decision3"] = {.id = "decision3", .why = "Because.", .body = ""};
-    face.show();
-    auto& lines = *face.list().lines();
-    const QPersistentModelIndex focused(lines.index(3));
-    QStringList removed;
-    QObject::connect(&lines, &QAbstractItemModel::rowsRemoved,
-                     [&](const QModelIndex&, int first, int last) {
-                         removed.append(QStringLiteral("%1-%2").arg(first).arg(last));
-                     });
+    face.settle(memories(12));
+    const QPersistentModelIndex focused(face.lines().index(3));
+    const QSignalSpy removed(&face.lines(), &QAbstractItemModel::rowsRemoved);
     EditorMemoryHits rows = memories(12);
     rows.erase(rows.begin() + 7);
     rows.insert(rows.begin(), memory("new"));
     std::rotate(rows.begin(), rows.begin() + 11, rows.end());
     face.details.clear();
     face.settle(rows);
-    EXPECT_THAT(removed, ElementsAre("7-7"));
+    ASSERT_EQ(removed.count(), 1);
+    EXPECT_EQ(removed[0][1].toInt() + removed[0][2].toInt(), 14) << "the seventh alone";
     EXPECT_EQ(focused.row(), 5);
-    EXPECT_EQ(Face::data(lines, 5, MemoryLines::SublineRole), "Because.") << "until newer is known";
-    EXPECT_EQ(Face::data(lines, 5, MemoryLines::StaleRole), true);
-    std::ranges::reverse(rows);
-    face.settle(rows);
-    EXPECT_EQ(lines.row(11).id, "m:" + rows[11].memory.id);
+    EXPECT_EQ(face.line(5, MemoryLines::SublineRole), "Because.") << "until newer is known";
+    EXPECT_EQ(face.line(5, MemoryLines::StaleRole), true);
     // What an answer holds twice is shown twice, and one type's rows are never another's.
     face.settle({memory("a"), memory("a"), memory("b")});
-    EXPECT_EQ(lines.rowCount(), 3);
+    EXPECT_EQ(face.lines().rowCount(), 3);
     face.model.open("finding");
-    EXPECT_EQ(lines.rowCount(), 0);
+    EXPECT_EQ(face.lines().rowCount(), 0);
 }
 
 TEST(MemoriesModel, GoesOnForWhoScrollsFasterThanTheStoreAnswers) {
     Face face;
-    const auto settle = [&](int rows) {
-        face.settle(memories(rows));
+    for (const auto& [held, shown] : {std::pair{12, 12}, {50, 24}, {51, 24}}) {
+        face.settle(memories(held));
         QCoreApplication::processEvents();
-        return face.list().visibleCount();
-    };
-    EXPECT_EQ(settle(12), 12);
-    face.list().rowAppeared(11);
-    EXPECT_EQ(settle(12), 12) << "no more rows are held";
-    EXPECT_EQ(settle(50), 24);
-    EXPECT_EQ(settle(51), 24) << "once for each time that the last row comes in sight";
+        EXPECT_EQ(face.list().visibleCount(), shown) << "once for each time at the last row";
+        if (held == 12)
+            face.readOn();
+    }
 }
 
 TEST(MemoriesModel, ReadingOnTouchesNoRowThatIsThere) {
     Face face;
-    auto& lines = *face.list().lines();
     QStringList seen;
-    QObject::connect(&lines, &QAbstractItemModel::rowsInserted,
+    QObject::connect(&face.lines(), &QAbstractItemModel::rowsInserted,
                      [&](const QModelIndex&, int first, int last) {
                          seen.append(QStringLiteral("+%1-%2").arg(first).arg(last));
                      });
-    QObject::connect(&lines, &QAbstractItemModel::rowsRemoved, [&] { seen.append("removed"); });
-    QObject::connect(&lines, &QAbstractItemModel::dataChanged, [&](const QModelIndex& first) {
-        seen.append(QStringLiteral("~%1").arg(first.row()));
-    });
+    QObject::connect(&face.lines(), &QAbstractItemModel::rowsRemoved,
+                     [&] { seen.append("removed"); });
+    QObject::connect(
+        &face.lines(), &QAbstractItemModel::dataChanged,
+        [&](const QModelIndex& first) { seen.append(QStringLiteral("~%1").arg(first.row())); });
     const auto seenBy = [&](const std::function<void()>& act) {
         seen.clear();
         act();
@@ -235,20 +224,14 @@ TEST(MemoriesModel, ReadingOnTouchesNoRowThatIsThere) {
     };
     EditorMemoryHits rows = memories(60);
     EXPECT_EQ(seenBy([&] { face.settle(memories(50)); }), "+0-11");
-    face.list().rowAppeared(11);
-    EXPECT_EQ(seenBy([] { QCoreApplication::processEvents(); }), "+12-23");
+    EXPECT_EQ(seenBy([&] { face.readOn(); }), "+12-23");
     EXPECT_EQ(seenBy([&] { face.settle(rows); }), "");
     EXPECT_EQ(seenBy([&] { face.list().toggle(3); }), "~3");
     face.details["decision5"] = {.id = "decision5", .why = "Because.", .body = ""};
     EXPECT_EQ(seenBy([&] { face.show(); }), "~5");
-    EXPECT_EQ(Face::data(lines, 5, MemoryLines::SublineRole), "Because.");
     EXPECT_EQ(seenBy([&] { face.list().toggle(4); }), "~3 ~4");
-    face.details.clear();
-    EXPECT_EQ(seenBy([&] { face.show(); }), "~5") << "is out of date";
     rows[0].memory.title = "Another";
     EXPECT_EQ(seenBy([&] { face.settle(rows); }), "~0");
-    rows.erase(rows.begin() + 20, rows.end());
-    EXPECT_EQ(seenBy([&] { face.settle(rows); }), "removed");
 }
 
 TEST(MemoriesModel, ARowOpensToItsWhyAndBody) {
@@ -261,27 +244,23 @@ TEST(MemoriesModel, ARowOpensToItsWhyAndBody) {
     face.show();
     face.list().toggle(0);
     EXPECT_THAT(face.requested, ElementsAre("x"));
-    auto& lines = *face.list().lines();
-    EXPECT_EQ(Face::data(lines, 0, MemoryLines::KnownRole), false);
+    EXPECT_EQ(face.line(0, MemoryLines::KnownRole), false);
     face.details["x"] = {.id = "x", .why = "One\ntwo.", .body = "The backup & more"};
     face.show();
-    EXPECT_EQ(Face::data(lines, 0, MemoryLines::SublineRole), "The backup & more");
-    EXPECT_EQ(Face::data(lines, 0, MemoryLines::TitleMarkupRole), "Keep &lt;two&gt; copies");
-    EXPECT_EQ(Face::data(lines, 0, MemoryLines::WhyRole), "One<br>two.");
-    EXPECT_EQ(Face::data(lines, 0, MemoryLines::BodyRole), "The <b>backup</b> &amp; more");
-    EXPECT_EQ(Face::data(lines, 0, MemoryLines::FactsRole),
-              "/work · with Jonas · area press · owner Ines");
+    EXPECT_EQ(face.line(0, MemoryLines::SublineRole), "The backup & more");
+    EXPECT_EQ(face.line(0, MemoryLines::TitleMarkupRole), "Keep &lt;two&gt; copies");
+    EXPECT_EQ(face.line(0, MemoryLines::WhyRole), "One<br>two.");
+    EXPECT_EQ(face.line(0, MemoryLines::BodyRole), "The <b>backup</b> &amp; more");
+    EXPECT_EQ(face.line(0, MemoryLines::FactsRole), "/work · with Jonas · area press · owner Ines");
     face.list().toggle(0);
-    EXPECT_EQ(Face::data(lines, 0, MemoryLines::BodyRole), "");
+    EXPECT_EQ(face.line(0, MemoryLines::BodyRole), "");
 }
 
 TEST(MemoryFace, CountsWhatTheLastAnswerAboutMemoriesCounted) {
     Face face(std::nullopt);
     EXPECT_EQ(face.rail(), "MEMORIES -1") << "nothing has been read";
-    EXPECT_TRUE(Face("decision").model.railRows().front().here);
     face.pages.types = {{.name = "entry", .count = 30}, {.name = "rule", .count = 9}};
     face.settle({});
-    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 30");
     const auto narrowed = [&](EditorKind kind, std::int64_t count) {
         face.ask.kind = kind;
         face.answer = settled(face.ask);
@@ -289,73 +268,52 @@ TEST(MemoryFace, CountsWhatTheLastAnswerAboutMemoriesCounted) {
         if (count > 0)
             face.answer.typeCounts = {{.name = "entry", .count = count}};
         face.show();
+        return face.rail();
     };
     face.ask.scopes = {"/a"};
-    narrowed(EditorKind::memory, 7);
-    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 7");
-    narrowed(EditorKind::moment, 0);
-    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 7") << "moments are no memories";
-    face.ask.kind = EditorKind::memory;
-    face.show();
+    EXPECT_EQ(narrowed(EditorKind::memory, 7), "MEMORIES 30; entries 7");
+    EXPECT_EQ(narrowed(EditorKind::moment, 0), "MEMORIES 30; entries 7") << "no memories";
     EXPECT_EQ(Face::data(*face.model.cards(), 0, TypeCards::CountRole), "7");
+    face.ask.kind = EditorKind::memory;
     face.ask.scopes = {"/b"};
     face.show();
     EXPECT_EQ(face.rail(), "MEMORIES 30; entries 30") << "of other scopes";
-    narrowed(EditorKind::memory, 0);
-    EXPECT_EQ(face.rail(), "MEMORIES 30; entries 0 dimmed");
+    EXPECT_EQ(narrowed(EditorKind::memory, 0), "MEMORIES 30; entries 0 dimmed");
 }
 
 TEST(MemoriesModel, AnotherQuestionBeginsOnItsFirstPage) {
     Face face;
-    const auto readOn = [&] {
-        face.list().rowAppeared(face.list().lines()->rowCount() - 1);
-        QCoreApplication::processEvents();
-    };
     face.settle(memories(50));
-    readOn();
-    readOn();
-    ASSERT_EQ(face.list().visibleCount(), 36);
-    face.list().sortBy(QStringLiteral("oldest"));
-    EXPECT_EQ(face.list().lines()->rowCount(), 36) << "what is there stays meanwhile";
-    readOn();
-    EXPECT_EQ(face.list().lines()->rowCount(), 36) << "and is not read on";
-    face.settle(memories(50));
-    EXPECT_EQ(face.list().lines()->rowCount(), 12);
-    readOn();
-    EXPECT_EQ(face.list().lines()->rowCount(), 24);
-}
-
-TEST(MemoriesModel, SortsByTheWordsOfItsBar) {
-    Face face;
-    face.settle({});
-    const auto picked = [&] {
-        QStringList words;
-        for (const QVariant& each : face.list().sorts())
-            if (each.toMap()[QStringLiteral("picked")].toBool())
-                words.append(each.toMap()[QStringLiteral("word")].toString());
-        return words.join(u' ');
-    };
-    EXPECT_EQ(picked(), "newest") << "what the answer is really in";
-    face.list().sortBy(QStringLiteral("relevance"));
-    EXPECT_EQ(face.ask.sort, EditorMemorySort::relevance);
-    EXPECT_EQ(picked(), "relevance");
-    face.list().sortBy(QStringLiteral("relevance"));
+    face.readOn();
+    face.readOn();
     face.list().sortBy(QStringLiteral("nonsense"));
-    EXPECT_EQ(face.changes, 1);
+    face.list().sortBy(QStringLiteral("oldest"));
+    EXPECT_EQ(face.ask.sort, EditorMemorySort::oldest);
+    EXPECT_TRUE(face.list().sorts()[1].toMap()[QStringLiteral("picked")].toBool());
+    face.readOn();
+    EXPECT_EQ(face.lines().rowCount(), 36) << "what is there stays meanwhile and is not read on";
+    face.settle(memories(50));
+    EXPECT_EQ(face.lines().rowCount(), 12);
+    face.readOn();
+    EXPECT_EQ(face.lines().rowCount(), 24);
 }
 
 TEST(FilterBar, PicksMakeFiltersAndLeaveNoTrace) {
     Face face;
-    face.answer = settled(face.ask);
-    face.answer.filterKeyCounts = {{.name = "project", .count = 9}, {.name = "scope", .count = 1}};
-    face.answer.filterValueCounts = {
-        {"project", {{.name = "atlas", .count = 5}, {.name = "3", .count = 4}}}};
-    face.answer.scopeCounts = {{.name = "/a", .count = 2}};
-    face.show();
     auto& bar = face.filters();
+    const auto count = [&] {
+        face.answer = settled(face.ask);
+        face.answer.filterKeyCounts = {{.name = "project", .count = 9},
+                                       {.name = "scope", .count = 1}};
+        face.answer.filterValueCounts = {
+            {"project", {{.name = "atlas", .count = 5}, {.name = "3", .count = 4}}}};
+        face.answer.scopeCounts = {{.name = "/a", .count = 2}};
+        face.show();
+    };
     const auto labels = [&] {
         return face.column(*bar.chips(), FilterChips::LabelRole).join(u' ');
     };
+    count();
     EXPECT_EQ(labels(), "scope project scope");
     const EditorAsk before = face.ask;
     bar.togglePanel(QStringLiteral("scope"));
@@ -369,22 +327,16 @@ TEST(FilterBar, PicksMakeFiltersAndLeaveNoTrace) {
     bar.toggleValue(1);
     EXPECT_EQ(face.ask.offset, 0);
     EXPECT_THAT(names(face.ask.filters.at("project")), ElementsAre("3", "atlas"));
-    EXPECT_EQ(Face::data(*bar.chips(), 1, FilterChips::PicksRole), 2);
     // An answer that counts them no more leaves them to be unpicked.
-    face.answer = settled(face.ask);
-    face.show();
+    face.settle({});
     EXPECT_EQ(labels(), "scope project");
     EXPECT_THAT(face.column(*bar.values(), FilterValues::PickedRole), ElementsAre("true", "true"));
     bar.toggleValue(0);
     bar.toggleValue(0);
     EXPECT_EQ(face.ask, before) << "a key without picks is gone";
-    EXPECT_FALSE(bar.picked());
-
     bar.togglePanel(QString::fromUtf8(FilterBarModel::scopeKey));
-    face.answer.scopeCounts = {{.name = "/a", .count = 2}};
-    face.show();
+    count();
     bar.toggleValue(0);
-    EXPECT_THAT(face.ask.scopes, ElementsAre("/a"));
     bar.clearAll();
     EXPECT_THAT(face.ask.scopes, ElementsAre("/a")) << "the scope is no filter";
     bar.clearPanel();
@@ -418,24 +370,17 @@ TEST(StatusGrouped, StandsByStatusWithTheArchiveLast) {
     auto& groups = *face.model.groups();
     auto& lines = *groups.lines();
     const auto shown = [&] { return face.column(lines, MemoryLines::TitleRole).join(u' '); };
-    EXPECT_EQ(face.model.shape(), MemoryFaceModel::Groups);
     EXPECT_EQ(shown(), "doing d next a e review f no status b archived");
     EXPECT_EQ(Face::data(lines, 2, MemoryLines::CountRole), "2");
     groups.toggle(2);
-    groups.toggle(6);
-    EXPECT_EQ(shown(), "doing d next review f no status b archived")
-        << "a memory opens in its place";
-    EXPECT_THAT(face.requested, ElementsAre("b"));
+    groups.toggle(6); // a memory, which opens in its place
     groups.toggle(7);
     EXPECT_EQ(shown(), "doing d next review f no status b archived c");
-    groups.toggle(1);
-    EXPECT_THAT(face.requested, ElementsAre("b", "d"));
-    EXPECT_EQ(groups.footer(), "");
+    EXPECT_THAT(face.requested, ElementsAre("b"));
     face.answer.total = 52;
     face.show();
     EXPECT_EQ(groups.footer(), "Showing 6 of 52 — scroll the flat list for the rest.");
-    EXPECT_TRUE(face.model.back());
-    EXPECT_TRUE(face.model.back());
+    EXPECT_TRUE(face.model.back() && face.model.back());
     EXPECT_EQ(face.model.openType(), std::nullopt);
     EXPECT_FALSE(face.model.back());
     face.model.open("focus");
@@ -452,18 +397,13 @@ TEST(EditorDayFormat, LeavesOutTheYearThatItIsAndKeepsItsOrder) {
     for (const char* const zone : {"UTC", "Asia/Tokyo", "America/Los_Angeles"}) {
         qputenv("TZ", zone);
         ::tzset();
-        for (const QLocale& locale : {QLocale::c(), QLocale(QLocale::German, QLocale::Germany)}) {
-            QLocale::setDefault(locale);
-            const QString month = locale.monthName(11, QLocale::ShortFormat);
-            for (const int hour : {0, 23}) {
-                EXPECT_EQ(EditorDayFormat::shortDay(at(2026, hour), at(2026, 12)),
-                          month + QStringLiteral(" 18"))
-                    << zone;
-                EXPECT_EQ(EditorDayFormat::shortDay(at(2023, hour), at(2026, 12)),
-                          month + QStringLiteral(" 18, 2023"));
-            }
+        for (const int hour : {0, 23}) {
+            EXPECT_EQ(EditorDayFormat::shortDay(at(2026, hour), at(2026, 12)), "Nov 18") << zone;
+            EXPECT_EQ(EditorDayFormat::shortDay(at(2023, hour), at(2026, 12)), "Nov 18, 2023");
         }
     }
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(EditorDayFormat::shortDay(at(2023, 12), at(2026, 12)), "Nov. 18, 2023");
     QLocale::setDefault(QLocale::c());
     zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
     ::tzset();

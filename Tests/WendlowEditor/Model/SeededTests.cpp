@@ -12,19 +12,6 @@ EditorAnswer answer(SeedWorld world, EditorAsk ask) {
     return SeededQuery(SeedWorlds::contents(world)).answer(ask);
 }
 
-TEST(SeededQuery, ofDayZeroIsSettledAndEmpty) {
-    for (const EditorKind kind : editorKinds) {
-        EditorAsk ask{.term = {}};
-        ask.kind = kind;
-        const auto empty = answer(SeedWorld::dayZero, ask);
-        EXPECT_TRUE(empty.ready());
-        EXPECT_EQ(empty.ask, ask);
-        EXPECT_EQ(empty.total, 0);
-        EXPECT_THAT(empty.rows, IsEmpty());
-        EXPECT_THAT(empty.typeCounts, IsEmpty());
-    }
-}
-
 TEST(SeededQuery, ofALargeWorldIsTheSameAtEveryStart) {
     EditorAsk ask{.term = "timetable midnight"};
     const auto first = answer(SeedWorld::powerUser, ask);

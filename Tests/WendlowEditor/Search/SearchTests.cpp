@@ -1,7 +1,7 @@
 #include "DateWords.h"
 #include "Search/SearchPage.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace wendlow {
 namespace {
@@ -77,27 +77,6 @@ TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
                   "# Scopes\n"
                   "scope:/boat | /boat |  | network\n");
     EXPECT_EQ(std::get<SearchDestination::Rule>(sections[4].hits[0].destination).scope, "/work");
-}
-
-TEST(SearchPage, showsFiveRowsAndMovesWithoutWrapping) {
-    const std::vector<EditorMeeting> meetings(7, {.id = "meeting:call:1"});
-    const std::vector<std::string> paths{"/call"};
-    const auto sections = SearchPage::build({.term = "call",
-                                             .memories = {},
-                                             .moments = {},
-                                             .meetings = meetings,
-                                             .mods = nullptr,
-                                             .scopePaths = paths,
-                                             .details = {}});
-    ASSERT_EQ(SearchPage::flat(sections).size(), 6U);
-    using enum SearchPage::Move;
-    using Selection = std::optional<std::size_t>;
-    const std::tuple<Selection, SearchPage::Move, Selection> moves[] = {
-        {{}, down, 0}, {{}, up, 0},  {6, down, 0}, {0, up, 0},
-        {0, down, 1},  {5, down, 5}, {5, up, 4}};
-    for (const auto& [from, move, to] : moves)
-        EXPECT_EQ(SearchPage::moved(from, move, sections), to);
-    EXPECT_EQ(SearchPage::moved(0, down, {}), std::nullopt);
 }
 
 } // namespace

@@ -38,8 +38,6 @@ TEST(SeededStore, changesWorldsAndSaysSo) {
     store.resetWorld();
     EXPECT_EQ(store.generation(), 2);
     EXPECT_EQ(changes.size(), 2);
-    EXPECT_EQ(store.meetings().meetings(), std::nullopt);
-    EXPECT_TRUE(store.mods().modsLoaded() && !store.mods().modsBoard());
     const auto ferry =
         std::ranges::find(store.scopes().scopeBoard(), "/work/ferry", &EditorScopeRow::path);
     ASSERT_NE(ferry, store.scopes().scopeBoard().end());

@@ -66,13 +66,11 @@ TEST(EditorRoot, AsksOnceForEachKeyAndKeepsTheRowsMeanwhile) {
 TEST(EditorRoot, DropsWhatIsLateOrAnswersSomethingElse) {
     Window window(memories(3));
     const EditorAsk first = window.ask([](EditorAsk& ask) { ask.scopes = {"/a"}; });
-    const EditorAsk second = window.ask([](EditorAsk& ask) { ask.scopes = {"/b"}; });
     window.root.setAsk(first);
-    window.root.setAsk(second);
+    window.root.setAsk(window.ask([](EditorAsk& ask) { ask.scopes = {"/b"}; }));
     window.store.page.answer(settled(first, memories(1)));
-    EXPECT_EQ(window.rows(), 3U) << "late";
     window.store.page.answer(EditorAnswer::pending());
-    EXPECT_EQ(window.rows(), 3U) << "to no ask";
+    EXPECT_EQ(window.rows(), 3U) << "the one is late, the other to no ask";
     EXPECT_TRUE(window.pending());
     EXPECT_FALSE(window.store.page.isWaiting()) << "nothing is asked twice";
     window.store.grow();
@@ -211,53 +209,50 @@ TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
 }
 
 TEST(EditorRoot, AnotherQuestionBeginsOnItsFirstPage) {
-    for (const bool another : {false, true}) {
-        Window window;
-        window.root.setAsk(window.ask([](EditorAsk& ask) {
-            ask.limit = 5112;
-            ask.filters = {{"owner", {EditorPick("Ines")}}};
-        }));
-        window.root.setAsk(window.ask([](EditorAsk& ask) { ask.limit = 5112; }));
-        window.root.setAsk(window.ask([&](EditorAsk& ask) {
-            if (another)
-                ask.sort = EditorMemorySort::oldest;
-        }));
-        EXPECT_EQ(window.root.page().ask().limit, another ? 50 : 5112);
-        window.face.open("decision");
-        EditorAsk wanted{.term = {}};
-        wanted.type = "decision";
-        if (another)
-            wanted.sort = EditorMemorySort::oldest;
-        EXPECT_EQ(window.root.page().ask(), wanted) << "and another type without filters";
-    }
+    Window window;
+    const auto far = window.ask([](EditorAsk& ask) { ask.limit = 5112; });
+    window.root.setAsk(far);
+    window.root.setAsk(far);
+    EXPECT_EQ(window.root.page().ask().limit, 5112);
+    window.root.setAsk(window.ask([&](EditorAsk& ask) {
+        ask.sort = EditorMemorySort::oldest;
+        ask.filters = {{"owner", {EditorPick("Ines")}}};
+    }));
+    EXPECT_EQ(window.root.page().ask().limit, 50);
+    window.face.open("decision");
+    EditorAsk wanted{.term = {}};
+    wanted.type = "decision";
+    wanted.sort = EditorMemorySort::oldest;
+    EXPECT_EQ(window.root.page().ask(), wanted) << "and another type without filters";
 }
 
 TEST(EditorRoot, AHitOpensItsPlace) {
     struct Case {
         SearchHit::Destination destination;
         EditorFace face;
-        std::optional<std::string> type;
-        Scopes scopes;
+        Scopes scopes = {};
     };
     using enum EditorFace;
-    for (const auto& [destination, face, type, scopes] :
-         {Case{SearchDestination::Memory{"ticket"}, memory, "ticket", {}},
-          Case{SearchDestination::Rule{"/work"}, rules, std::nullopt, {"/work"}},
-          Case{SearchDestination::Moment{"7"}, moments, std::nullopt, {}},
-          Case{SearchDestination::Meeting{"m"}, meetings, std::nullopt, {}},
-          Case{SearchDestination::Scope{"/x"}, EditorFace::scopes, std::nullopt, {}},
-          Case{SearchDestination::Mod{}, mods, std::nullopt, {}}}) {
+    for (const auto& [destination, face, scopes] :
+         {Case{SearchDestination::Memory{"ticket"}, memory},
+          Case{SearchDestination::Rule{"/work"}, rules, {"/work"}},
+          Case{SearchDestination::Moment{"7"}, moments},
+          Case{SearchDestination::Meeting{"m"}, meetings},
+          Case{SearchDestination::Scope{"/x"}, EditorFace::scopes},
+          Case{SearchDestination::Mod{}, mods}}) {
         Window window;
         window.root.search()->setText("backup");
-        window.root.open(
-            {.hit =
-                 {.id = "x", .destination = destination, .title = {}, .subtitle = {}, .symbol = {}},
-             .memory = {},
-             .term = "backup"});
+        FoundHit found{.hit = {.id = "x",
+                               .destination = destination,
+                               .title = {},
+                               .subtitle = {},
+                               .symbol = {}},
+                       .memory = {},
+                       .term = "backup"};
+        window.root.open(found);
         EXPECT_EQ(window.root.face(), face);
-        EXPECT_EQ(window.face.openType(), type);
+        EXPECT_EQ(window.face.openType().value_or(""), face == memory ? "ticket" : "");
         EXPECT_EQ(window.root.page().ask().scopes, scopes);
-        EXPECT_FALSE(window.root.search()->searching());
         EXPECT_EQ(window.root.search()->text(), "");
     }
 }
@@ -301,38 +296,25 @@ TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
     }
 }
 
-/// A face that writes down what the window has it do.
-class LoggingFace final : public FaceModel {
+/// A face that may lie over the page, and has an ask of its own.
+class ModalFace final : public FaceModel {
 public:
-    LoggingFace(EditorFace face, QStringList& log) : m_face(face), m_log(log) {}
+    ModalFace(EditorFace face, QStringList& log) : m_face(face), m_log(log) {}
 
     EditorFace face() const override { return m_face; }
     QUrl page() const override { return {}; }
-    bool isModal() const override { return modal; }
+    bool isModal() const override { return m_face == EditorFace::mods; }
     void show(const FaceView& /*view*/) override {}
-    void appear(EditorAsk& ask) override {
-        write("appears");
-        ask.term = "own";
-    }
-    void leave(EditorAsk& /*ask*/) override { write("is left"); }
+    void appear(EditorAsk& ask) override { ask.term = "own"; }
     bool back() override {
-        write("steps back");
+        m_log.append("back");
         return true;
     }
     void reveal(const FoundHit& found, EditorAsk& /*ask*/) override {
-        write(("reveals " + found.hit.title).c_str());
+        m_log.append(QString::fromStdString(found.hit.title));
     }
-    void openPlace(const std::string& place, EditorAsk& /*ask*/) override {
-        write(("opens " + place).c_str());
-    }
-
-    bool modal = false;
 
 private:
-    void write(const char* what) {
-        m_log.append(QString::fromUtf8(EditorFaces::text(m_face)) + u' ' + QString::fromUtf8(what));
-    }
-
     const EditorFace m_face;
     QStringList& m_log;
 };
@@ -343,30 +325,23 @@ TEST(EditorRoot, TellsAFaceWhatBefallsIt) {
     EditorRoot root(store, {}, [&](EditorStore&, const FaceActions&) {
         std::vector<std::unique_ptr<FaceModel>> faces;
         for (const EditorFace face : EditorFaces::all)
-            faces.push_back(std::make_unique<LoggingFace>(face, log));
+            faces.push_back(std::make_unique<ModalFace>(face, log));
         return faces;
     });
-    const auto logged = [&] { return std::exchange(log, {}).join(QStringLiteral(", ")); };
-    root.setFace(EditorFace::rules);
-    EXPECT_EQ(logged(), "memory is left, rules appears");
-    EXPECT_EQ(store.page.asked.back().term, "own") << "what it makes of the ask is asked";
-    root.rail()->activate(4);
-    EXPECT_EQ(logged(), "rules is left, mods appears, mods opens ");
     EXPECT_TRUE(root.beginsSearch(QStringLiteral("b")));
     EXPECT_FALSE(root.beginsSearch(QStringLiteral(" ")));
-    EXPECT_TRUE(root.back());
-    EXPECT_EQ(logged(), "mods steps back");
-    static_cast<LoggingFace&>(root.model(EditorFace::mods)).modal = true;
+    root.rail()->activate(4);
+    EXPECT_EQ(store.page.asked.back().term, "own") << "what it makes of the ask is asked";
     EXPECT_TRUE(root.isModal());
     EXPECT_FALSE(root.beginsSearch(QStringLiteral("b"))) << "something lies over the page";
-    root.open({.hit = {.id = {},
-                       .destination = SearchDestination::Scope{"/a"},
-                       .title = "/a",
-                       .subtitle = {},
-                       .symbol = {}},
-               .memory = {},
-               .term = {}});
-    EXPECT_EQ(logged(), "mods is left, scopes appears, scopes reveals /a");
+    EXPECT_TRUE(root.back());
+    FoundHit found{
+        .hit = {.id = {}, .destination = {}, .title = "/a", .subtitle = {}, .symbol = {}},
+        .memory = {},
+        .term = {}};
+    found.hit.destination = SearchDestination::Scope{"/a"};
+    root.open(found);
+    EXPECT_EQ(log.join(u' '), "back /a");
     EXPECT_FALSE(root.isModal());
 }
 
