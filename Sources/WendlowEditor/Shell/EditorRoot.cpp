@@ -177,10 +177,10 @@ bool EditorRoot::back() {
     return true;
 }
 
-QList<QObject*> EditorRoot::faces() const {
-    QList<QObject*> faces;
+QVariantList EditorRoot::faces() const {
+    QVariantList faces;
     for (const auto& face : m_faces)
-        faces.append(face.get());
+        faces.append(QVariant::fromValue(face.get()));
     return faces;
 }
 

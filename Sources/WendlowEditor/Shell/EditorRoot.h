@@ -7,7 +7,7 @@
 #include "Shell/FaceList.h"
 #include "Shell/RailModel.h"
 
-#include <QList>
+#include <QVariantList>
 
 #include <chrono>
 #include <functional>
@@ -30,7 +30,7 @@ class EditorRoot final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The host of the window makes it.")
     /// In the order of the rail: a `FaceModel` each.
-    Q_PROPERTY(QList<QObject*> faces READ faces CONSTANT)
+    Q_PROPERTY(QVariantList faces READ faces CONSTANT)
     /// The one that is open.
     Q_PROPERTY(wendlow::FaceModel* face READ openFace NOTIFY changed)
     /// Something lies over the page that has to be closed first.
@@ -72,7 +72,7 @@ public:
     /// One step back: out of the search, else of what is open. Gives whether there was one.
     Q_INVOKABLE bool back();
 
-    QList<QObject*> faces() const;
+    QVariantList faces() const;
     bool isModal() const { return !m_search.searching() && openFace()->isModal(); }
     bool isTrying() const { return m_trying; }
     bool gaveUp() const { return m_store.storeError().has_value(); }
