@@ -145,7 +145,10 @@ class Unit:
             path, line = self._places[min(int(match[1]), len(self._places)) - 1]
             return f'{os.path.relpath(path, ROOT)}:{line}'
 
-        text = re.sub(re.escape(self.path) + r':(\d+)', place, text).replace(ROOT + '/', '')
+        text = re.sub(re.escape(self.path) + r':(\d+)', place, text)
+        # A header may have been found through a link.
+        text = re.sub(r'^(/[^:\n]+)(?=:\d+:\d+: )', lambda path: os.path.realpath(path[1]), text, flags=re.M)
+        text = text.replace(ROOT + '/', '')
         # The numbers beside the quoted lines are the unit's.
         return re.sub(r'^ +\d+ \|', '      |', text, flags=re.M)
 
