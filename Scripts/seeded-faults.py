@@ -10,6 +10,7 @@ of a file, so that it does not depend on what the file says. Exits with 1 if one
 """
 
 import argparse
+import functools
 import os
 import re
 import subprocess
@@ -92,31 +93,26 @@ RACE = in_a_test(['<thread>'], '''    int shared = 0;
 
 ANALYSED = {
     'null': ('clang-analyzer-core.NullDereference',
-             'int seeded(const int* value) {\n    if (value == nullptr)\n        return *value;\n    return 1;\n}'),
+             'int nullSeeded(const int* value) {\n    if (value == nullptr)\n        return *value;\n    return 1;\n}'),
     'zero': ('clang-analyzer-core.DivideZero',
-             'int seeded(int value) {\n    const int none = value > 3 ? 0 : 1;\n    return value / none;\n}'),
+             'int zeroSeeded(int value) {\n    const int none = value > 3 ? 0 : 1;\n    return value / none;\n}'),
     'stack': ('clang-analyzer-core.StackAddressEscape',
-              'const int* seeded(int value) {\n    const int local = value;\n    const int* out = &local;\n    return out;\n}'),
+              'const int* stackSeeded(int value) {\n    const int local = value;\n    const int* out = &local;\n    return out;\n}'),
     'uninitialised': ('clang-analyzer-core.UndefinedBinaryOperatorResult',
-                      'int seeded(bool some) {\n    int value;\n    if (some)\n        value = 3;\n    return value + 1;\n}'),
+                      'int uninitialisedSeeded(bool some) {\n    int value;\n    if (some)\n        value = 3;\n    return value + 1;\n}'),
     'moved': ('bugprone-use-after-move',
-              'std::size_t seeded(std::string text) {\n    const std::string taken = std::move(text);\n'
+              'std::size_t movedSeeded(std::string text) {\n    const std::string taken = std::move(text);\n'
               '    return taken.size() + text.size();\n}'),
     'dead-store': ('clang-analyzer-deadcode.DeadStores',
-                   'int seeded(int value) {\n    int kept = value * 2;\n    kept = value;\n    return kept;\n}'),
+                   'int deadstoreSeeded(int value) {\n    int kept = value * 2;\n    kept = value;\n    return kept;\n}'),
     'clone': ('bugprone-branch-clone',
-              'int seeded(int value) {\n    if (value > 3) {\n        return value + 2;\n    } else {\n'
+              'int cloneSeeded(int value) {\n    if (value > 3) {\n        return value + 2;\n    } else {\n'
               '        return value + 2;\n    }\n}'),
 }
 
 
-def product():
-    done = run('cmake', '--preset', 'dev')
-    return done if done.returncode else run('cmake', '--build', '--preset', 'product')
-
-
 def kinds():
-    """Name, the file that gets the fault, the fault, and the step that tells (found, what it said)."""
+    """Name, the file that gets the fault, the fault, the step, and what it must say."""
     connectors = source('Tests/WendlowConnectors/FindingTests.cpp', 'Tests/WendlowConnectors/*.cpp')
     # A model of the Editor's shell or floor; a source that is joined with its neighbours.
     shell_test = source('Tests/WendlowEditor/Shell/*Tests.cpp', 'Tests/WendlowEditor/*Tests.cpp')
@@ -132,13 +128,19 @@ def kinds():
            built_and_run('sanitize', 'WendlowEditorShellTests', 'Seeded.*'), 'heap-use-after-free')
     yield 'race', client, RACE, built_and_run('tsan', 'GatewayClientTests', 'Seeded.*'), 'data race'
 
+    # All in one source and one run; each must be told in the function that has it.
+    planted = '#include <string>\n#include <utility>\nnamespace wendlow::planted {\n' + \
+        '\n'.join(text for _, text in ANALYSED.values()) + '\n}\n'
+
+    @functools.cache
     def analysis():
-        done = run('Scripts/tidy.py', shell)
+        done = run('cmake', '--preset', 'dev')
+        if done.returncode == 0:
+            done = run('Scripts/tidy.py', shell)
         return done.returncode != 0, done.stdout
 
-    for name, (check, text) in ANALYSED.items():
-        planted = '#include <string>\n#include <utility>\nnamespace wendlow::planted {\n' + text + '\n}\n'
-        yield name, shell, planted, analysis, check
+    for name, (check, _) in ANALYSED.items():
+        yield name, shell, planted, analysis, f'{shell}:[^\n]*{check}'
 
     def formatting():
         done = run('clang-format-19', '--dry-run', '-Werror', connectors)
@@ -149,7 +151,9 @@ def kinds():
     page = source('Sources/WendlowSettings/*.qml')
 
     def lint():
-        done = run('cmake', '--build', 'build/dev', '--target', 'all_qmllint')
+        done = run('cmake', '--preset', 'dev')
+        if done.returncode == 0:
+            done = run('cmake', '--build', 'build/dev', '--target', 'all_qmllint', '-j2')
         return done.returncode != 0, done.stdout
 
     yield 'qml', page, None, lint, 'seededName'
@@ -189,12 +193,6 @@ def main():
         return
     if set(arguments.kinds) - {kind[0] for kind in chosen}:
         sys.exit('there is no such kind')
-    analysed = set(ANALYSED) | {'qml'}
-    if analysed & {kind[0] for kind in chosen}:
-        done = product()
-        if done.returncode != 0:
-            sys.exit(f'the copy does not build:\n{done.stdout[-4000:]}')
-
     missed = 0
     for name, path, fault, step, expected in chosen:
         began = time.monotonic()
@@ -203,7 +201,7 @@ def main():
             failed, said = step()
         finally:
             run('git', 'checkout', '--force', '--', path)
-        found = failed and re.search(re.escape(expected), said) is not None
+        found = failed and re.search(expected, said) is not None
         missed += not found
         print(f'{"found" if found else "NOT FOUND":10} {name:16} {path}  ({time.monotonic() - began:.0f} s)',
               flush=True)
