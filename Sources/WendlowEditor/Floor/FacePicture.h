@@ -20,9 +20,9 @@ struct FacePicture {
     const char* name; ///< among the pictures of all faces
     World world = World::full;
     Widths widths = Widths::own;
-    bool wholeRail = false;           ///< from here on the rail shows all places
-    std::function<void()> stand = {}; ///< brings the face into the state; none: it is in it
-    std::function<void()> leave = {}; ///< when the picture has been taken
+    bool wholeRail = false;                ///< from here on the rail shows all places
+    std::function<void()> stand = nullptr; ///< brings the face into the state; none: it is in it
+    std::function<void()> leave = nullptr; ///< when the picture has been taken
 };
 using FacePictures = std::vector<FacePicture>;
 
