@@ -94,6 +94,7 @@ void EditorRoot::showScopes() {
 void EditorRoot::publish() {
     showFaces();
     std::vector<std::pair<EditorFace, std::vector<RailRow>>> rows;
+    rows.reserve(m_faces.size());
     for (const auto& face : m_faces)
         rows.emplace_back(face->face(), face->railRows());
     m_rail.show(std::move(rows));

@@ -11,6 +11,7 @@ namespace wendlow {
 std::vector<std::unique_ptr<FaceModel>> FaceList::make(EditorStore& store,
                                                        const FaceActions& actions) {
     std::vector<std::unique_ptr<FaceModel>> faces;
+    faces.reserve(EditorFaces::all.size());
     for (const EditorFace face : EditorFaces::all)
         faces.push_back(std::make_unique<BlankFace>(face, store));
     for (const auto& makeFace : facesThereAre) {
