@@ -18,8 +18,8 @@ class ScriptedClient final : public WendlowClient {
 public:
     // A question that is never answered holds its client, and the client the question: no leak, but
     // a daemon that says nothing. Kept in sight, it is not taken for one.
-    ScriptedClient() { s_all.insert(this); }
-    ~ScriptedClient() override { s_all.erase(this); }
+    ScriptedClient() { all().insert(this); }
+    ~ScriptedClient() override { all().erase(this); }
     ScriptedClient(const ScriptedClient&) = delete;
     ScriptedClient& operator=(const ScriptedClient&) = delete;
 
@@ -42,7 +42,12 @@ public:
     }
 
 private:
-    inline static std::set<const ScriptedClient*> s_all;
+    /// Never taken down: leaks are looked for when everything else has gone.
+    static std::set<const ScriptedClient*>& all() {
+        static auto* const clients = new std::set<const ScriptedClient*>;
+        return *clients;
+    }
+
     std::vector<std::string> m_sent;
     Waiting<Timed> m_waiting;
 };
