@@ -32,8 +32,8 @@ sys.path.insert(0, os.path.join(ROOT, 'cmake'))
 import join  # noqa: E402
 
 COMPILER, CHECKER = 'clang++-19', 'clang-tidy-19'
-# The analyzer walks every path of every function of every unit. Beyond these it has only ever found
-# more paths to the same place, at seven times the cost.
+# Fewer paths than the analyzer would walk by itself, at a seventh of the cost. What is known of the loss:
+# Scripts/seeded-faults.py finds all it plants.
 LIMITS = ['mode=shallow', 'max-nodes=40000']
 MOST_BYTES = 80_000
 WORK = os.path.join(ROOT, 'build', 'tidy')
