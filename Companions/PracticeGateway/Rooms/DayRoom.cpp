@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "DayReports.h"
+#include "LedgerFigures.h"
 #include "LocalTime.h"
 
 namespace wendlow {
@@ -46,7 +46,7 @@ GatewayResponse DayRoom::answer(const ReadCase::DayCard& request) {
         const auto activities = m_ledger.of(request.day);
         if (activities.empty())
             return AnswerCase::Thing{};
-        const DayPresence presence = DayReports::presence(request.day, activities);
+        const DayPresence presence = LedgerFigures::presence(request.day, activities);
         std::string list;
         for (const auto& app : presence.apps)
             list += fmt::format("- {}: {}\n", app.app,
@@ -67,14 +67,14 @@ GatewayResponse DayRoom::answer(const ReadCase::DayPresence& request) {
         if (request.app)
             std::erase_if(activities,
                           [&](const Activity& activity) { return activity.app != *request.app; });
-        return AnswerCase::Presence{DayReports::presence(request.day, activities), request.app};
+        return AnswerCase::Presence{LedgerFigures::presence(request.day, activities), request.app};
     });
 }
 
 GatewayResponse DayRoom::answer(const ReadCase::SpanHours& request) {
     return ofDay(request.from, [&] {
         return ofDay(request.to, [&] {
-            return AnswerCase::SpanHours{DayReports::span(
+            return AnswerCase::SpanHours{LedgerFigures::span(
                 request.from, request.to, m_ledger.between(request.from, request.to))};
         });
     });
@@ -114,7 +114,8 @@ GatewayResponse DayRoom::answer(const ReadCase::DayLongestChapter& request) {
 
 GatewayResponse DayRoom::answer(const ReadCase::DayStretches& request) {
     return ofDay(request.day, [&] {
-        return AnswerCase::Stretches{DayReports::stretches(request.day, m_ledger.of(request.day))};
+        return AnswerCase::Stretches{
+            LedgerFigures::stretches(request.day, m_ledger.of(request.day))};
     });
 }
 
@@ -137,13 +138,14 @@ GatewayResponse DayRoom::answer(const ReadCase::DayTopSessions& request) {
 
 GatewayResponse DayRoom::answer(const ReadCase::DayAttention& request) {
     return ofDay(request.day, [&] {
-        return AnswerCase::Attention{DayReports::attention(request.day, m_ledger.of(request.day))};
+        return AnswerCase::Attention{
+            LedgerFigures::attention(request.day, m_ledger.of(request.day))};
     });
 }
 
 GatewayResponse DayRoom::answer(const ReadCase::DayWeb& request) {
     return ofDay(request.day, [&] {
-        return AnswerCase::Web{DayReports::web(request.day, m_ledger.of(request.day))};
+        return AnswerCase::Web{LedgerFigures::web(request.day, m_ledger.of(request.day))};
     });
 }
 

@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "DayReports.h"
+#include "LedgerFigures.h"
 #include "LocalTime.h"
 #include "RawString.h"
 
@@ -123,7 +123,7 @@ GatewayResponse LedgerRoom::answer(const ReadCase::Coverage& request) {
     if (!days)
         return AnswerCase::Failure{days.error()};
     const auto activities = m_ledger.between(days->first, days->second);
-    const SpanHoursReport report = DayReports::span(days->first, days->second, activities);
+    const SpanHoursReport report = LedgerFigures::span(days->first, days->second, activities);
     const auto first = LocalTime::startOf(days->first);
     const auto last = LocalTime::startOf(days->second);
     // Half a day more than the difference, since a day may have an hour more or less.

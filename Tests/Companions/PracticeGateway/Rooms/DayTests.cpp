@@ -1,6 +1,6 @@
 #include "TemporaryRooms.h"
 
-#include "DayReports.h"
+#include "LedgerFigures.h"
 
 #include <gmock/gmock.h>
 
@@ -36,7 +36,7 @@ std::vector<Activity> pieces(std::initializer_list<Piece> list) {
     return activities;
 }
 
-TEST(DayReports, CountOverlapsOnceAndBreakRunsAtGaps) {
+TEST(LedgerFigures, CountOverlapsOnceAndBreakRunsAtGaps) {
     std::vector<Activity> spread; // six runs, of which five are shown
     for (double from = 0; from <= 100; from += 20)
         spread.push_back(pieces({{from, from + 12, "A"}}).front());
@@ -60,8 +60,8 @@ TEST(DayReports, CountOverlapsOnceAndBreakRunsAtGaps) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
-        EXPECT_EQ(DayReports::covered(row.activities) / 60, row.covered);
-        const DayStretchReport report = DayReports::stretches("2026-11-21", row.activities);
+        EXPECT_EQ(LedgerFigures::covered(row.activities) / 60, row.covered);
+        const DayStretchReport report = LedgerFigures::stretches("2026-11-21", row.activities);
         std::vector<std::int64_t> focus;
         for (const auto& run : report.focus)
             focus.push_back(run.seconds / 60);

@@ -1,9 +1,9 @@
-#include "DayReports.h"
+#include "LedgerFigures.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace wendlow::DayReports {
+namespace wendlow::LedgerFigures {
 namespace {
 
 /// One after the other without too long a gap; of what a person attended.
@@ -154,4 +154,4 @@ WebReport web(std::string day, std::span<const Activity> activities) {
     return report;
 }
 
-} // namespace wendlow::DayReports
+} // namespace wendlow::LedgerFigures

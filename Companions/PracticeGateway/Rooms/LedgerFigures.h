@@ -9,7 +9,7 @@
 #include "Records/HoursReports.h"
 
 /// Figures of a stretch of the ledger, counted from its activities, which stand in order.
-namespace wendlow::DayReports {
+namespace wendlow::LedgerFigures {
 
 /// Seconds in which at least one of them went on.
 std::int64_t covered(std::span<const Activity> activities);
@@ -24,4 +24,4 @@ AttentionReport attention(std::string day, std::span<const Activity> activities)
 /// The site with most seconds first.
 WebReport web(std::string day, std::span<const Activity> activities);
 
-} // namespace wendlow::DayReports
+} // namespace wendlow::LedgerFigures
