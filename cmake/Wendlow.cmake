@@ -112,11 +112,10 @@ function(wendlow_joined target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
     # What a precompiled header would have brought along is read as text.
     get_target_property(reused ${target} PRECOMPILE_HEADERS_REUSE_FROM)
-    get_target_property(precompiled ${target} PRECOMPILE_HEADERS)
     set(headers "")
-    if(reused)
+    if(reused STREQUAL "wendlow_pch")
         set(headers ${WENDLOW_PCH_HEADERS})
-    elseif(precompiled)
+    elseif(reused)
         set(headers ${WENDLOW_QT_PCH_HEADERS})
     endif()
     list(TRANSFORM headers REPLACE "[<>]" "")
@@ -124,28 +123,45 @@ function(wendlow_joined target)
     target_compile_options(${target} PRIVATE ${headers})
 endfunction()
 
-# The standard library's large headers, compiled once for all targets without Qt.
+# Headers that nearly every file reads, compiled once for all targets of a kind: those without Qt, those
+# on Qt, and those with QML, among which is what the QML compiler's own output reads.
 set(WENDLOW_PCH_HEADERS
     <algorithm> <array> <chrono> <cstdint> <expected> <filesystem> <functional> <map> <memory>
     <optional> <set> <span> <string> <string_view> <utility> <variant> <vector> <fmt/format.h>)
-file(WRITE ${CMAKE_BINARY_DIR}/pch/pure.cpp "")
-add_library(wendlow_pch STATIC ${CMAKE_BINARY_DIR}/pch/pure.cpp)
-target_link_libraries(wendlow_pch PUBLIC fmt::fmt)
-target_precompile_headers(wendlow_pch PRIVATE ${WENDLOW_PCH_HEADERS})
-wendlow_warnings(wendlow_pch)
-
-# What nearly every file on Qt reads, and what the QML compiler's own output reads.
 set(WENDLOW_QT_PCH_HEADERS <QObject> <QString> <QVariant> <algorithm> <functional> <memory> <optional>
     <string> <string_view> <vector>)
 set(WENDLOW_QML_PCH_HEADERS ${WENDLOW_QT_PCH_HEADERS} <QQmlEngine> <QQuickItem> <QtQml/qqmlprivate.h>)
+set(WENDLOW_QT_DEFINITIONS QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+
+file(WRITE ${CMAKE_BINARY_DIR}/pch/none.cpp "")
+function(wendlow_precompiled name headers library)
+    add_library(${name} STATIC ${CMAKE_BINARY_DIR}/pch/none.cpp)
+    target_link_libraries(${name} PUBLIC fmt::fmt ${library})
+    target_precompile_headers(${name} PRIVATE ${${headers}})
+    if(library)
+        target_compile_definitions(${name} PRIVATE ${WENDLOW_QT_DEFINITIONS})
+    endif()
+    wendlow_warnings(${name} GENERATED)
+endfunction()
+wendlow_precompiled(wendlow_pch WENDLOW_PCH_HEADERS "")
+wendlow_precompiled(wendlow_qt_pch WENDLOW_QT_PCH_HEADERS Qt6::Core)
+wendlow_precompiled(wendlow_qml_pch WENDLOW_QML_PCH_HEADERS Qt6::Quick)
 
 # All that is shipped, and what drives it; the unit tests are no part of it.
 add_custom_target(product)
 
-# What the fuzzers link tells them where it has been, and is optimised: they run by the clock.
+# What the fuzzers link tells them where it has been.
 function(wendlow_fuzzed target)
     if(WENDLOW_FUZZ)
-        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link -O1)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+endfunction()
+
+# For what runs by the clock or over much data, so that watching each access costs more than compiling
+# for it. A module made of templates takes twice as long to compile like this.
+function(wendlow_optimised target)
+    if(WENDLOW_SANITIZE)
+        target_compile_options(${target} PRIVATE -O1)
     endif()
 endfunction()
 
@@ -158,7 +174,6 @@ function(wendlow_pure_module name)
     target_link_libraries(${name} PUBLIC fmt::fmt ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
     target_precompile_headers(${name} REUSE_FROM wendlow_pch)
     wendlow_warnings(${name})
-    wendlow_fuzzed(${name})
     add_dependencies(product ${name})
 endfunction()
 
@@ -169,8 +184,8 @@ function(wendlow_qt_module name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC fmt::fmt Qt6::Core ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
-    target_precompile_headers(${name} PRIVATE ${WENDLOW_QT_PCH_HEADERS})
-    target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+    target_precompile_headers(${name} REUSE_FROM wendlow_qt_pch)
+    target_compile_definitions(${name} PUBLIC ${WENDLOW_QT_DEFINITIONS})
     wendlow_warnings(${name} GENERATED)
     add_dependencies(product ${name})
 endfunction()
@@ -198,8 +213,8 @@ function(wendlow_qml_module name)
         IMPORT_PATH ${CMAKE_BINARY_DIR}/Sources)
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC fmt::fmt Qt6::Quick ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
-    target_precompile_headers(${name} PRIVATE ${WENDLOW_QML_PCH_HEADERS})
-    target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+    target_precompile_headers(${name} REUSE_FROM wendlow_qml_pch)
+    target_compile_definitions(${name} PUBLIC ${WENDLOW_QT_DEFINITIONS})
     wendlow_warnings(${name} GENERATED)
     add_dependencies(product ${name})
     # What the QML compiler writes shadows its own parameters, and is little text below many headers.

@@ -1,0 +1,290 @@
+"""Runs the AI tools themselves against what wendlow-connect wrote into their files.
+
+    Run.py TOOLS BUNDLE WORK [NAME...]
+
+TOOLS is the folder into which the tools were installed, BUNDLE the built application, WORK an empty
+folder for homes and logs; NAME picks tools. Refuses to run where anything but the loopback can be
+reached. Prints a table and ends with 1 where a row did not hold."""
+
+import json
+import os
+import re
+import shutil
+import subprocess
+import sys
+import threading
+from pathlib import Path
+
+import Model
+from Loopback import only_loopback
+
+PROMPT = "Where does the heron stand?"
+CONTEXT = "The heron stands in the reeds."
+
+
+class Place:
+    """A private home with a made-up model beside it, and all that was kept of a run."""
+
+    def __init__(self, work, bundle):
+        self.home = work / "home"
+        self.project = self.home / "project"
+        self.project.mkdir(parents=True)
+        self.bundle = work / "Wendlow.app"
+        shutil.copytree(bundle, self.bundle, symlinks=True)
+        for program in (Path(__file__).parent / "StandIn").iterdir():
+            shutil.copy2(program, self.bundle / "Contents/MacOS")
+        self.model = Model.serve(work / "model.log")
+        self.port = self.model.server_address[1]
+        threading.Thread(target=self.model.serve_forever, daemon=True).start()
+        self.work = work
+        self.transcript = open(work / "transcript.txt", "w")
+
+    def run(self, *command, seconds=120, **more):
+        environment = {"HOME": str(self.home), "PATH": "/usr/bin:/bin", "TERM": "xterm", "LANG": "C.UTF-8", **more}
+        done = subprocess.run([str(part) for part in command], cwd=self.project, env=environment, timeout=seconds,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        self.transcript.write(f"$ {' '.join(map(str, command))}\n{done.stdout}\n= {done.returncode}\n")
+        self.transcript.flush()
+        return done
+
+    def connect(self, *words):
+        return self.run(self.bundle / "Contents/MacOS/wendlow-connect", "--home", self.home, *words)
+
+    def taken(self, name):
+        """What was logged under this name since it was last asked for."""
+        log = (self.work if name == "model.log" else self.home) / name
+        lines = [json.loads(line) for line in log.read_text().splitlines()] if log.exists() else []
+        log.unlink(missing_ok=True)
+        return lines
+
+    def put(self, path, text):
+        file = self.home / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(text)
+
+    def get(self, path):
+        return (self.home / path).read_text()
+
+
+class ClaudeCode:
+    name, id = "Claude Code", "claude-code"
+    files = (".claude/settings.json", ".claude.json")
+
+    def __init__(self, tools, place):
+        self.place = place
+        self.program = tools / "node_modules/@anthropic-ai/claude-code-linux-x64/claude"
+        self.environment = {"ANTHROPIC_BASE_URL": f"http://127.0.0.1:{place.port}", "ANTHROPIC_API_KEY": "made-up",
+                            "CLAUDE_CODE_DISABLE_NONESSENTIAL_TRAFFIC": "1", "DISABLE_AUTOUPDATER": "1",
+                            # Else it offers the tools of servers only to who searches for them.
+                            "ENABLE_TOOL_SEARCH": "false"}
+        place.put(".claude/settings.json", '{\n  "cleanupPeriodDays": 90\n}\n')
+        place.put(".claude.json", '{\n  "numStartups": 3\n}\n')
+
+    def run(self, *words):
+        return self.place.run(self.program, *words, **self.environment)
+
+    def version(self):
+        return self.run("--version").stdout.split()[0]
+
+    def listed(self):
+        return self.run("mcp", "list").stdout
+
+    def connected(self):
+        return re.search(r"wendlow: .* Connected", self.listed()) is not None
+
+    def prompt(self):
+        return self.run("-p", PROMPT, "--allowedTools", "mcp__wendlow__remember")
+
+    def switch_off(self):
+        state = json.loads(self.place.get(".claude.json"))
+        project = state.setdefault("projects", {}).setdefault(str(self.place.project), {})
+        project["disabledMcpServers"] = ["wendlow"]
+        self.place.put(".claude.json", json.dumps(state, indent=2))
+
+    def is_off(self):
+        projects = json.loads(self.place.get(".claude.json"))["projects"]
+        return projects[str(self.place.project)].get("disabledMcpServers") == ["wendlow"]
+
+    def allow_always(self):
+        self.place.put("project/.claude/settings.local.json",
+                       json.dumps({"permissions": {"allow": ["mcp__wendlow__remember"]}}, indent=2))
+
+    def is_allowed(self):
+        return "mcp__wendlow__remember" in self.place.get("project/.claude/settings.local.json")
+
+
+class Codex:
+    name, id = "Codex", "codex"
+    files = (".codex/hooks.json", ".codex/config.toml")
+
+    def __init__(self, tools, place):
+        self.place = place
+        self.program = next((tools / "node_modules/@openai/codex-linux-x64").rglob("bin/codex"))
+        place.put(".codex/config.toml", f"""\
+# mine
+model = "made-up"
+model_provider = "loopback"
+
+[model_providers.loopback]
+name = "loopback"
+base_url = "http://127.0.0.1:{place.port}/v1"
+wire_api = "responses"
+
+[projects."{place.project}"]
+trust_level = "trusted"
+""")
+
+    def run(self, *words):
+        return self.place.run(self.program, *words)
+
+    def version(self):
+        return self.run("--version").stdout.split()[-1]
+
+    def listed(self):
+        return self.run("mcp", "list").stdout
+
+    def connected(self):
+        return re.search(r"wendlow .*enabled", self.listed()) is not None
+
+    def prompt(self):
+        return self.run("exec", "--skip-git-repo-check", "--dangerously-bypass-approvals-and-sandbox", PROMPT)
+
+    def switch_off(self):
+        text = self.place.get(".codex/config.toml")
+        self.place.put(".codex/config.toml",
+                       text.replace("[mcp_servers.wendlow]\n", "[mcp_servers.wendlow]\nenabled = false\n"))
+
+    def switch_on(self):
+        self.place.put(".codex/config.toml", self.place.get(".codex/config.toml").replace("enabled = false\n", ""))
+
+    def is_off(self):
+        return "enabled = false" in self.place.get(".codex/config.toml")
+
+    def allow_always(self):
+        # The tool's own words for "Always allow", as it appends them.
+        self.place.put(".codex/config.toml", self.place.get(".codex/config.toml") +
+                       '\n[mcp_servers.wendlow.tools.remember]\napproval_mode = "approve"\n')
+
+    def is_allowed(self):
+        return "[mcp_servers.wendlow.tools.remember]" in self.place.get(".codex/config.toml")
+
+
+class CodexBehindLink(Codex):
+    """The folder is a link, as where a person keeps it among their dotfiles."""
+    name, label = "Codex behind a link", "codex-behind-link"
+
+    def __init__(self, tools, place):
+        (place.home / "dotfiles/codex").mkdir(parents=True)
+        (place.home / ".codex").symlink_to("dotfiles/codex")
+        super().__init__(tools, place)
+
+
+class OpenCode:
+    """Of its second generation nothing is published: this one lists and runs the server, but never
+    calls the plugin, and an installation after its first session is refused."""
+    name, id = "OpenCode", "opencode"
+    fires_hooks = False
+    files = (".config/opencode/opencode.jsonc", ".config/opencode/plugins/wendlow.js")
+
+    def __init__(self, tools, place):
+        self.place = place
+        self.program = tools / "node_modules/opencode-linux-x64/bin/opencode"
+        place.put(".config/opencode/opencode.jsonc", f"""\
+{{
+  // mine, and with commas behind the last of everything
+  "$schema": "https://opencode.ai/config.json",
+  "model": "loopback/made-up",
+  "small_model": "loopback/made-up",
+  "autoupdate": false,
+  "provider": {{
+    "loopback": {{
+      "npm": "@ai-sdk/openai-compatible",
+      "options": {{ "baseURL": "http://127.0.0.1:{place.port}/v1", "apiKey": "made-up", }},
+      "models": {{ "made-up": {{}}, }},
+    }},
+  }},
+}}
+""")
+
+    def run(self, *words):
+        return self.place.run(self.program, *words, OPENCODE_DISABLE_AUTOUPDATE="1", OPENCODE_DISABLE_MODELS_FETCH="1")
+
+    def version(self):
+        return self.run("--version").stdout.split()[-1]
+
+    def listed(self):
+        return self.run("mcp", "list").stdout
+
+    def connected(self):
+        return re.search(r"wendlow\W.*connected", self.listed()) is not None
+
+    def prompt(self):
+        return self.run("run", PROMPT)
+
+    def switch_off(self):
+        text = self.place.get(self.files[0])
+        self.place.put(self.files[0], re.sub(r'("wendlow": *\{[^}]*?"enabled": *)true', r"\1false", text))
+
+    def is_off(self):
+        return re.search(r'"wendlow": *\{[^}]*"enabled": *false', self.place.get(self.files[0])) is not None
+
+
+def examine(kind, tools, bundle, work):
+    rows = []
+    place = Place(work / getattr(kind, "label", kind.id), bundle)
+    tool = kind(tools, place)
+    version = tool.version()
+    print(f"\n{tool.name} {version}", flush=True)
+    before = {file: (place.home / file).read_bytes() for file in tool.files if (place.home / file).exists()}
+
+    def row(what, seen):
+        rows.append(bool(seen))
+        print(f"  {'holds' if seen else 'FAILS'}  {what}", flush=True)
+
+    row("installed", place.connect("install", tool.id).returncode == 0)
+    row("server listed and connected", tool.connected())
+    tool.prompt()
+    calls = place.taken("hook.log")
+    if getattr(tool, "fires_hooks", True):
+        row("hook fired with its input", any(PROMPT in call["input"] for call in calls))
+        row("context reached the model", any(CONTEXT in json.dumps(line) for line in place.taken("model.log")))
+    row("server's tool was called", place.taken("mcp.log"))
+    if hasattr(tool, "allow_always"):
+        tool.allow_always()
+        row("\"always allow\" is no drift", "connected" in place.connect("scan", tool.id).stdout)
+        place.connect("install", tool.id)
+        tool.prompt()
+        row("\"always allow\" survived a reconnect", tool.is_allowed() and place.taken("mcp.log"))
+    tool.switch_off()
+    place.connect("install", tool.id)
+    place.taken("mcp.log")
+    tool.prompt()
+    row("an off-switch is kept", tool.is_off() and not place.taken("mcp.log"))
+    place.taken("hook.log")
+    row("removed", place.connect("remove", tool.id).returncode == 0)
+    row("listed no more", "wendlow" not in tool.listed())
+    tool.prompt()
+    row("no hook, no tool after removal", not place.taken("hook.log") and not place.taken("mcp.log"))
+    row("nothing of ours in its files",
+        all(b"Wendlow.app" not in (place.home / file).read_bytes() for file in tool.files if (place.home / file).exists()))
+    for file, was in before.items():
+        now = (place.home / file).read_bytes()
+        if now != was:
+            print(f"  {file} is not as before; what the tool itself wrote since:")
+            print(subprocess.run(["diff", "-", place.home / file], input=was, capture_output=True).stdout.decode())
+    return rows
+
+
+def main():
+    tools, bundle, work, *names = sys.argv[1:]
+    if not only_loopback():
+        sys.exit("something beside the loopback can be reached from here, so no tool is started")
+    rows = []
+    for kind in (ClaudeCode, Codex, CodexBehindLink, OpenCode):
+        if not names or kind.id in names:
+            rows += examine(kind, Path(tools), Path(bundle), Path(work))
+    sys.exit(0 if all(rows) else 1)
+
+
+if __name__ == "__main__":
+    main()
