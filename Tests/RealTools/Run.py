@@ -29,6 +29,8 @@ class Place:
         self.home = work / "home"
         self.project = self.home / "project"
         self.project.mkdir(parents=True)
+        # Or a tool takes the checkout around it for the project.
+        subprocess.run(["git", "init", "-q", self.project], check=True)
         self.bundle = work / "Wendlow.app"
         shutil.copytree(bundle, self.bundle, symlinks=True)
         for program in (Path(__file__).parent / "StandIn").iterdir():
