@@ -52,9 +52,10 @@ Result<void> createPrepared(const Path& path, std::string_view bytes, mode_t mod
     return written;
 }
 
-/// Where a file system does not know the flag, or the system the call.
+/// Where a file system does not know the flag, the system the call, or a sandbox lets neither pass;
+/// where it is the file that must not be moved, what is tried instead says so again.
 bool isUnknown(int error) {
-    return error == EINVAL || error == ENOSYS || error == ENOTSUP;
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP || error == EPERM;
 }
 
 Result<void> renameFlagged(const Path& from, const Path& to, unsigned flags) {
