@@ -72,9 +72,9 @@ struct Attributes {
     mode_t mode = 0; ///< the permission bits
     uid_t owner = 0;
     gid_t group = 0;
-    nlink_t names = 1;                   ///< how many hard links lead to it
-    std::vector<Extended> extended = {}; ///< access lists among them
-    bool areAllKnown = true;             ///< false: `extended` could not be read
+    nlink_t names = 1;              ///< how many hard links lead to it
+    std::vector<Extended> extended; ///< access lists among them
+    bool areAllKnown = true;        ///< false: `extended` could not be read
 };
 Result<Attributes> attributes(const Path& path); ///< links followed
 /// Gives an open file of ours what another has, as far as this user may, and says what it could not

@@ -73,7 +73,8 @@ Result<Attributes> attributes(const Path& path) {
     Attributes found{.mode = status.st_mode & mode_t{07777},
                      .owner = status.st_uid,
                      .group = status.st_gid,
-                     .names = status.st_nlink};
+                     .names = status.st_nlink,
+                     .extended = {}};
     if (auto more = extended(path))
         found.extended = *std::move(more);
     else

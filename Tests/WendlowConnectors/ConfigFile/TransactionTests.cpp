@@ -299,5 +299,27 @@ TEST_F(TransactionTest, SurvivesTheLossOfACopyOrOfTheFolder) {
                     Observation{"x", "this file was not put back as it was — " + gone}));
 }
 
+/// That a path cannot be read any more does not make the file there another, nor one that never
+/// was.
+TEST_F(TransactionTest, CallsNothingChangedThatItCannotRead) {
+    for (const std::optional<std::string>& before : {std::optional<std::string>("old"), {}}) {
+        const auto folder = home / "tool", file = folder / "x.json";
+        fs::create_directory(folder);
+        if (before)
+            put(file, *before);
+        const auto said = refusal({{file, "x", before, "new"}}, [&] {
+            fs::rename(folder, home / "elsewhere");
+            fs::create_symlink("tool", folder);
+        });
+        EXPECT_THAT(
+            said, ElementsAre(Observation{
+                      "x", "this file was not written, so nothing was changed — " + file.string() +
+                               " could not be written: Too many levels of symbolic links"}));
+        EXPECT_EQ(get(home / "elsewhere/x.json"), before);
+        fs::remove(folder);
+        fs::remove_all(home / "elsewhere");
+    }
+}
+
 } // namespace
 } // namespace wendlow
