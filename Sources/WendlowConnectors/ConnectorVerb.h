@@ -17,6 +17,8 @@
 #include <string_view>
 #include <vector>
 
+#include <sys/types.h>
+
 namespace wendlow {
 
 /// One file as a verb began with it, and what the verb would make of it.
@@ -25,6 +27,7 @@ struct PlannedFile {
     std::string_view what = "entry";  ///< what of ours the file holds, for sentences
     bool edited = false;              ///< false: the file is right as it stands
     std::optional<std::string> after; ///< of an edited file; nothing: it is to be deleted
+    mode_t born = 0666;               ///< the most that the file permits where it is made
 
     bool changes() const { return edited && file.bytes != after; }
 };
@@ -51,6 +54,8 @@ struct FileRole {
     /// Whether a file with these bytes holds nothing any more, and the words for that.
     bool (*isEmpty)(std::string_view bytes) = JSONBlock::isEmptyObject;
     std::string_view emptyWords = "is now empty";
+    /// The most that a file which we make permits; 0600 where it may come to hold secrets.
+    mode_t born = 0666;
 };
 
 /// A planned installation.

@@ -24,8 +24,8 @@ bool holdsOnlyWhitespace(std::string_view bytes) {
 }
 
 constexpr ConnectorVerb::FileRole hooksRole{.file = Created::codexHooksFile};
-constexpr ConnectorVerb::FileRole configRole{.file = Created::codexConfigFile,
-                                             .isEmpty = holdsOnlyWhitespace};
+constexpr ConnectorVerb::FileRole configRole{
+    .file = Created::codexConfigFile, .isEmpty = holdsOnlyWhitespace, .born = 0600};
 
 /// The hooks file as a plan leaves it. Points into the plan's bytes.
 class PlannedHooks {
