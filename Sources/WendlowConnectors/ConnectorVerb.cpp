@@ -1,5 +1,8 @@
 #include "ConnectorVerb.h"
 
+#include "ConfigFile/Backup.h"
+
+#include <algorithm>
 #include <ranges>
 #include <utility>
 
@@ -12,9 +15,12 @@ namespace {
 using Result = ConnectorOutcome::Result;
 
 struct FileFate {
+    std::filesystem::path path;
     std::string label;
     std::string_view what;
+    std::vector<std::string> lost;
     bool changes;
+    bool heldOurs;
 };
 
 /// Moves the plan into the transaction; large files are not copied on the way.
@@ -33,13 +39,32 @@ std::vector<FileFate> fates(const std::vector<PlannedFile>& files) {
     std::vector<FileFate> result;
     result.reserve(files.size());
     for (const PlannedFile& planned : files)
-        result.push_back({planned.file.label, planned.what, planned.changes()});
+        result.push_back({planned.file.path, planned.file.label, planned.what, planned.lost,
+                          planned.changes(), planned.heldOurs});
     return result;
+}
+
+/// What went that others had written, and where they find it.
+void sayLost(const std::vector<FileFate>& files, const std::vector<std::filesystem::path>& copies,
+             Observations& observations) {
+    for (const FileFate& file : files) {
+        const auto copy = std::ranges::find_if(copies, [&](const std::filesystem::path& each) {
+            return each.parent_path() == file.path.parent_path() &&
+                   Backup::isCopy(each.filename().string(), file.path);
+        });
+        if (!file.changes || copy == copies.end())
+            continue;
+        for (const std::string& lost : file.lost)
+            observations.push_back(
+                {file.label, fmt::format("{}; the copy {} has all of it", lost, copy->string())});
+    }
 }
 
 void sayFates(const std::vector<FileFate>& files, std::string_view done, Observations& observations,
               FileOrder order = FileOrder::changedFirst) {
     const auto say = [&](const FileFate& file) {
+        if (file.changes && !file.heldOurs)
+            return; // what became of it has been said
         observations.push_back(
             {file.label, file.changes
                              ? fmt::format("the Wendlow {} was {} this file", file.what, done)
@@ -73,7 +98,8 @@ void Installation::add(ToolFile toolFile, InstalledBlock installed, const FileRo
     files.push_back({.file = std::move(toolFile),
                      .what = role.what,
                      .edited = edited,
-                     .after = std::move(installed.bytes)});
+                     .after = std::move(installed.bytes),
+                     .lost = std::move(installed.lost)});
 }
 
 void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
@@ -84,20 +110,28 @@ void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
     PlannedFile& planned = files.emplace_back(PlannedFile{.file = std::move(file),
                                                           .what = role.what,
                                                           .edited = edited,
-                                                          .after = std::move(removed.bytes)});
+                                                          .after = std::move(removed.bytes),
+                                                          .lost = std::move(removed.lost),
+                                                          .heldOurs = edited && removed.heldOurs});
     const auto& remaining = edited ? planned.after : planned.file.bytes;
-    if (!remaining || !role.isEmpty(*remaining))
+    if (!remaining)
         return;
-    if (created.contains(role.file)) {
+    if (created.contains(role.file) && role.isLeftover(*remaining)) {
         planned.edited = true;
         planned.after = std::nullopt;
         notes.push_back(
             {planned.file.label, "this file was created when Wendlow connected and was removed"});
-    } else if (planned.changes()) {
+        return;
+    }
+    if (!planned.changes())
+        return;
+    if (!planned.heldOurs)
+        notes.push_back({planned.file.label, "a container that was created when Wendlow connected "
+                                             "and was empty was removed from this file"});
+    if (role.isEmpty(*remaining))
         notes.push_back({planned.file.label,
                          fmt::format("this file {} and remains, because Wendlow did not create it",
                                      role.emptyWords)});
-    }
 }
 
 ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
@@ -108,6 +142,8 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
         return refused(std::move(refusal->observations));
     auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
     ConnectorOutcome outcome = committed != nullptr ? changed(*committed) : ConnectorOutcome{};
+    if (committed != nullptr)
+        sayLost(said, outcome.backups, outcome.observations);
     append(outcome.observations, std::move(installation.planNotes));
     if (committed != nullptr) {
         if (installation.folder)
@@ -138,6 +174,7 @@ ConnectorOutcome remove(Removal removal, const ReceiptStore& receipts,
     ConnectorOutcome outcome;
     if (auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome)) {
         outcome = changed(*committed);
+        sayLost(said, outcome.backups, outcome.observations);
         append(outcome.observations, std::move(removal.notes));
         if (removal.afterwards)
             append(outcome.observations, removal.afterwards());

@@ -22,7 +22,7 @@ constexpr const char* usage = "usage: wendlow-connect [--home DIR] [--bundle DIR
 class Connect : public ::testing::Test {
 protected:
     Connect() {
-        put(bundle() / "Contents/MacOS/wendlow-hook", "");
+        put(bundle() / "Contents/MacOS/wendlow-hook", "", 0755);
         put(bundle() / "Contents/MacOS/wendlow-mcp", "");
     }
 

@@ -107,7 +107,7 @@ Stage::Stage(const std::string& tool) {
     // The longest first: "@hooks" is not "@hook" with an "s".
     std::ranges::stable_sort(m_marks, std::greater(),
                              [](const auto& each) { return each.first.size(); });
-    put(m_paths.hookBinary, "program");
+    put(m_paths.hookBinary, "program", 0755);
     put(m_paths.mcpBinary, "program");
 }
 
@@ -319,6 +319,9 @@ std::string Stage::marked(std::string text) const {
     static const std::regex unique("[0-9A-F-]{36}\\.tmp$");
     if (text.ends_with(".tmp"))
         text = std::regex_replace(text, unique, "….tmp");
+    static const std::regex copy("\\.wendlow-backup-[0-9]{8}-[0-9]{6}(-[0-9]+)?");
+    if (text.contains(".wendlow-backup-"))
+        text = std::regex_replace(text, copy, ".wendlow-backup-…");
     auto signs = pictures;
     std::erase_if(signs, [](const auto& each) { return each.second == "\n"; });
     return replaced(replaced(std::move(text), swapped(marks)), swapped(signs));
