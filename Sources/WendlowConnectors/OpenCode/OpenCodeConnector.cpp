@@ -256,7 +256,10 @@ std::unique_ptr<ToolLook> OpenCodeConnector::look(ToolFile::Purpose purpose) con
 
 ConnectorIdentity OpenCodeConnector::shownIdentity() const {
     ConnectorIdentity shown = identity();
-    if (isOldStore(OpenCodeSessionStore::writer(m_paths.sessionDatabase())))
+    const auto writer = OpenCodeSessionStore::writer(m_paths.sessionDatabase());
+    if (writer == OpenCodeSessionStore::Writer::locked)
+        return shown; // another question would wait as long again
+    if (isOldStore(writer))
         shown.detail = "Update OpenCode and open it once to use it with Wendlow.";
     else if (OpenCodeSessionStore::isOpenCode1StillUsed(m_paths.sessionDatabase(),
                                                         surroundings().now()))
