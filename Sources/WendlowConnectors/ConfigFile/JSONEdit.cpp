@@ -135,12 +135,13 @@ Insertion behindComma(std::string_view text, std::span<const ByteRange> comments
     if (!set.style.multiline)
         return {comma + 1, fmt::format("{}{},", set.prefix, item)};
     const auto lowest = lastCommentEnd(comments, {comma + 1, closing});
-    // Blanks in front of the line break would become part of a comment that ends there.
-    auto prefix = set.prefix.substr(std::min(set.prefix.find('\n'), set.prefix.size()));
-    const auto lineBreak = set.prefix.size() - prefix.size();
-    if (lineBreak > 0 && set.prefix[lineBreak - 1] == '\r')
-        prefix = set.prefix.substr(lineBreak - 1);
-    return {whitespaceRun(closing, text, lowest).lower, fmt::format("{}{},", prefix, item)};
+    const auto position = whitespaceRun(closing, text, lowest).lower;
+    // A comment that ends there would take in blanks in front of the line break, and would lose a
+    // carriage return of its own to a line feed without one.
+    const auto feed = set.prefix.find('\n');
+    const bool isCRLF = feed > 0 && set.prefix[feed - 1] == '\r';
+    const bool hasReturn = isCRLF || text[position - 1] == '\r';
+    return {position, fmt::format("{}{}{},", hasReturn ? "\r" : "", set.prefix.substr(feed), item)};
 }
 
 std::string setFirstMember(std::string_view text, const JSONDocument& document,

@@ -85,6 +85,8 @@ TEST(JSONEdit, setsMembers) {
          comments},
         {"{ \r\n\t\"a\": 1, // y \r\n}", root, "b", two(),
          "{ \r\n\t\"a\": 1, // y \r\n\t\"b\": 2,\r\n}", comments},
+        {"{\n \"a\": 1, // y\r\r\n}", root, "b", two(), "{\n \"a\": 1, // y\r\r\n \"b\": 2,\r\n}",
+         comments},
         {"{\n \"a\": 1, /* y */ }", root, "a", two(), "{\n \"a\": 2, /* y */ }", comments},
         // Failures.
         {"[]", root, "a", one(), "the top-level value is not an object"},
