@@ -22,11 +22,11 @@ namespace wendlow {
 /// One file as a verb began with it, and what the verb would make of it.
 struct PlannedFile {
     ToolFile file;
-    std::string_view what = "entry";    ///< what of ours the file holds, for sentences
-    bool edited = false;                ///< false: the file is right as it stands
-    std::optional<std::string> after;   ///< of an edited file; nothing: it is to be deleted
-    std::vector<std::string> lost = {}; ///< of what others wrote in it; said with the copy of it
-    bool heldOurs = true;               ///< false: nothing is said to have been removed from it
+    std::string_view what = "entry";  ///< what of ours the file holds, for sentences
+    bool edited = false;              ///< false: the file is right as it stands
+    std::optional<std::string> after; ///< of an edited file; nothing: it is to be deleted
+    std::vector<std::string> lost;    ///< of what others wrote in it; said with the copy of it
+    bool heldOurs = true;             ///< false: nothing is said to have been removed from it
 
     bool changes() const { return edited && file.bytes != after; }
 };

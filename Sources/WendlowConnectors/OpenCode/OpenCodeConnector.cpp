@@ -155,7 +155,8 @@ public:
         plan.files.push_back({.file = std::move(m_plugin),
                               .what = pluginRole.what,
                               .edited = hasOurPlugin(),
-                              .after = std::nullopt});
+                              .after = std::nullopt,
+                              .lost = {}});
         if (receipt().created.contains(Created::openCodePluginsDirectory))
             plan.afterwards = [&paths = m_paths] {
                 return removeFolder(paths.pluginsDirectory, paths.hooksFile);

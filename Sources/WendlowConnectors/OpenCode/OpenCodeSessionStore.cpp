@@ -22,8 +22,8 @@ namespace {
 
 constexpr auto busyTimeout = std::chrono::milliseconds(1500);
 
-/// Whether a database keeps a write-ahead log and has none just now: nobody has it open, and all of
-/// it is in its one file.
+/// Whether a database keeps a write-ahead log, has nothing in it just now, and lacks the index that
+/// whoever opens it makes: all of it is in its one file, and nobody is writing.
 bool isAtRest(const Path& path) {
     // Where its header says which way of writing it is for, and which of reading.
     constexpr std::size_t ways = 18;
@@ -31,8 +31,12 @@ bool isAtRest(const Path& path) {
     std::array<char, ways + 2> header{};
     if (!std::ifstream(path, std::ios::binary).read(header.data(), header.size()))
         return false;
-    return header[ways] == withLog && header[ways + 1] == withLog &&
-           !Disk::exists(path.string() + "-wal");
+    if (header[ways] != withLog || header[ways + 1] != withLog ||
+        Disk::exists(path.string() + "-shm"))
+        return false;
+    std::error_code none;
+    const auto logged = std::filesystem::file_size(path.string() + "-wal", none);
+    return none || logged == 0;
 }
 
 /// The path as SQLite wants it where more than a path is to be said. Opened so, a database at rest
