@@ -319,9 +319,9 @@ std::string Stage::marked(std::string text) const {
     static const std::regex unique("[0-9A-F-]{36}\\.tmp$");
     if (text.ends_with(".tmp"))
         text = std::regex_replace(text, unique, "….tmp");
-    static const std::regex copy("\\.wendlow-backup-[0-9]{8}-[0-9]{6}(-[0-9]+)?");
+    static const std::regex stamp("(\\.wendlow-backup-)[0-9]{8}-[0-9]{6}");
     if (text.contains(".wendlow-backup-"))
-        text = std::regex_replace(text, copy, ".wendlow-backup-…");
+        text = std::regex_replace(text, stamp, "$1…");
     auto signs = pictures;
     std::erase_if(signs, [](const auto& each) { return each.second == "\n"; });
     return replaced(replaced(std::move(text), swapped(marks)), swapped(signs));
