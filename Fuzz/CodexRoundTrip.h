@@ -5,6 +5,8 @@
 #include "ConfigFile/Backup.h"
 #include "InstallRemoveProperty.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -25,6 +27,25 @@ public:
     InMemory& operator=(const InMemory&) = delete;
 };
 
+/// Whether every key that a person keeps in our table of `before` is in that of `after`, as it was.
+inline bool keepsPersonsKeys(std::string_view before, std::string_view after) {
+    static constexpr std::array<std::string_view, 7> notTheirs{
+        "command",         "args", "url", "bearer_token", "bearer_token_env_var", "http_headers",
+        "env_http_headers"};
+    const auto old = TOMLText::scan(before);
+    const auto now = TOMLText::scan(after);
+    const TOMLTable* const table = old ? old->table(CodexMCP::tableName()) : nullptr;
+    if (table == nullptr)
+        return true;
+    const auto entries = now->entries(*now->table(CodexMCP::tableName()));
+    return std::ranges::all_of(old->entries(*table), [&](const TOMLEntry& entry) {
+        return std::ranges::count(notTheirs, entry.key[0]) > 0 ||
+               std::ranges::any_of(entries, [&](const TOMLEntry& kept) {
+                   return kept.key == entry.key && kept.raw == entry.raw;
+               });
+    });
+}
+
 /// Whether neither file holds anything that is ours, nor the configuration a table for `landing`.
 inline bool holdsNothing(const CodexHome& home, const std::string& hooks, const std::string& config,
                          const std::string& landing) {
@@ -32,7 +53,7 @@ inline bool holdsNothing(const CodexHome& home, const std::string& hooks, const 
     const auto json = hook.read(hooks);
     const auto toml = TOMLText::scan(config);
     return json && toml && hook.sites(json->root(), hooks).empty() &&
-           toml->table(CodexMCP::tableName()) == nullptr &&
+           toml->table(CodexMCP::tableName()) == nullptr && CodexMCP::subTables(*toml).empty() &&
            toml->table(CodexTrust::tableName(landing)) == nullptr &&
            !config.contains(hook.identity().trustedHash());
 }
@@ -66,21 +87,20 @@ brokenCodexRoundTrip(const CodexHome& home, const std::string& hooks, const std:
         holdsNothing(home, hooks, config, *home.receipt().trustSlots.begin());
     const std::string hooksThen = home.hooks().value_or("");
     const std::string configThen = home.config().value_or("");
+    if (!keepsPersonsKeys(config, configThen))
+        return "what a person keeps in our table is lost: " + configThen;
     if (nothingBefore && connector.scan().state != ConnectorState::connected)
         return "what was installed is not connected: " + hooksThen + configThen;
     if (connector.install().result != Result::unchanged || !isStill(hooksThen, configThen))
         return "installing twice changes something: " + hooksThen + configThen;
 
-    const Result removed = connector.remove().result;
-    if (removed == Result::refused) {
-        const auto document = TOMLText::scan(configThen);
-        return !CodexMCP::subTables(*document).empty() && isStill(hooksThen, configThen)
-                   ? std::nullopt
-                   : std::optional("what was installed cannot be removed: " + configThen);
-    }
+    if (connector.remove().result == Result::refused)
+        return "what was installed cannot be removed: " + configThen;
     const std::string hooksNow = home.hooks().value_or("");
     const std::string configNow = home.config().value_or("");
-    if (!TOMLText::scan(configNow) || TOMLText::scan(configNow)->table(CodexMCP::tableName()))
+    const auto remaining = TOMLText::scan(configNow);
+    if (!remaining || remaining->table(CodexMCP::tableName()) != nullptr ||
+        !CodexMCP::subTables(*remaining).empty())
         return "the configuration is not as a removal should leave it: " + configNow;
     const auto rest = CodexHook(home.paths()).read(hooksNow);
     if (!rest || !CodexHook(home.paths()).sites(rest->root(), hooksNow).empty())

@@ -72,6 +72,10 @@ private:
                m_items.begin() + static_cast<std::ptrdiff_t>(index);
     }
     ByteRange inside() const { return {m_node.start() + 1, m_node.end() - 1}; }
+    std::optional<std::size_t> trailingComma() const {
+        const auto next = JSONComments::triviaEnd(m_text, m_ranges.back().upper);
+        return m_text[next] == ',' ? std::optional(next) : std::nullopt;
+    }
 
     void checkAddition() const {
         std::string key = m_node.isObject() ? "wendlow\\" : "";
@@ -80,7 +84,10 @@ private:
         }
         const auto after = add(key);
         const auto end = m_ranges.empty() ? 0 : m_ranges.back().upper;
-        const auto range = m_ranges.empty() ? inside() : ByteRange{end, end};
+        // Behind a comma, comments stay above what is added.
+        const auto range = m_ranges.empty()  ? inside()
+                           : trailingComma() ? ByteRange{end, inside().upper}
+                                             : ByteRange{end, end};
         auto items = m_items;
         items.emplace_back(key, literal().value());
         checkResult(after, range, items, true);
@@ -118,6 +125,9 @@ private:
         if (m_ranges.size() > 1) {
             range = index == 0 ? ByteRange{m_ranges[0].lower, m_ranges[1].lower}
                                : ByteRange{m_ranges[index - 1].upper, m_ranges[index].upper};
+        }
+        if (index > 0 && index + 1 == m_ranges.size() && trailingComma()) {
+            range.upper = *trailingComma() + 1;
         }
         auto items = m_items;
         items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));

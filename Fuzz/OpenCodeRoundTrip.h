@@ -58,14 +58,14 @@ inline std::string withoutEmptySpace(std::string_view bytes, const JSONDocument&
     return result;
 }
 
-/// Whether `kept` is `all` without `count` of them.
+/// Whether `kept` is `all` without some of them, or with all of them where no `lines` of any went.
 inline bool isWithout(const std::vector<std::string>& all, const std::vector<std::string>& kept,
-                      std::size_t count) {
+                      std::size_t lines) {
     auto next = kept.begin();
     for (const std::string& text : all)
         if (next != kept.end() && *next == text)
             ++next;
-    return next == kept.end() && kept.size() + count == all.size();
+    return next == kept.end() && (kept.size() == all.size()) == (lines == 0);
 }
 
 /// Installs the entry into `bytes` and removes it again. A sentence about what went wrong; nothing:

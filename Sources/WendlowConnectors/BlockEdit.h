@@ -13,11 +13,14 @@ namespace wendlow {
 /// stands, so that nobody copies a large file only to say so.
 struct InstalledBlock {
     std::optional<std::string> bytes = std::nullopt;
-    std::set<Created> created; ///< the containers that this edit brought into being
+    std::set<Created> created;     ///< the containers that this edit brought into being
+    std::vector<std::string> lost; ///< sentences about what goes that we did not write
 };
 struct RemovedBlock {
     std::optional<std::string> bytes = std::nullopt;
     std::vector<std::string> leftovers; ///< sentences about what stays behind, empty
+    std::vector<std::string> lost;      ///< sentences about what goes that we did not write
+    bool heldOurs = true; ///< false: what goes are empty containers of ours, and no entry
 };
 
 } // namespace wendlow

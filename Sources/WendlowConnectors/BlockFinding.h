@@ -42,6 +42,8 @@ struct BlockFinding {
     std::variant<Unreadable, Drifted, Foreign, FileAbsent, Absent, Connected> content;
 
     template<class Case> bool is() const { return std::holds_alternative<Case>(content); }
+    /// Whether an entry of ours is there, exact or not.
+    bool holdsOurs() const { return is<Drifted>() || is<Connected>(); }
     /// `Connected` where there are no reasons, otherwise `Drifted` with them.
     static BlockFinding from(std::vector<std::string> reasons);
 

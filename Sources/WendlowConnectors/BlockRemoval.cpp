@@ -27,8 +27,11 @@ void BlockRemoval::say(std::string_view sentence) {
     m_leftovers.emplace_back(sentence);
 }
 
-RemovedBlock BlockRemoval::finish() && {
-    return {.bytes = std::move(m_draft).finish(), .leftovers = std::move(m_leftovers)};
+RemovedBlock BlockRemoval::finish(bool heldOurs) && {
+    return {.bytes = std::move(m_draft).finish(),
+            .leftovers = std::move(m_leftovers),
+            .lost = {},
+            .heldOurs = heldOurs};
 }
 
 } // namespace wendlow

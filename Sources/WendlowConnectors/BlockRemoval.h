@@ -33,7 +33,8 @@ public:
     void leave(std::string_view what);
     void say(std::string_view sentence);
 
-    RemovedBlock finish() &&;
+    /// `heldOurs`: an entry of ours was there.
+    RemovedBlock finish(bool heldOurs) &&;
 
 private:
     JSONDraft m_draft;

@@ -74,4 +74,10 @@ bool names(std::string_view path, std::string_view binary) {
     return true;
 }
 
+bool isServer(std::string_view command, std::string_view current) {
+    return command == current || names(command, OwnedNames::mcpProgram) ||
+           (OwnedNames::isDevelopmentBuild(command) &&
+            command.ends_with("/" + std::string(OwnedNames::mcpProgram)));
+}
+
 } // namespace wendlow::BundleCommand

@@ -18,5 +18,8 @@ std::optional<std::string_view> harness(std::string_view command);
 std::optional<std::string_view> hookExecutable(std::string_view command, std::string_view harness);
 /// Whether `path` is `binary` inside a copy of the application, wherever that copy lies.
 bool names(std::string_view path, std::string_view binary);
+/// Whether `command` is `current` or runs our server program out of another copy of the application
+/// or a build of it.
+bool isServer(std::string_view command, std::string_view current);
 
 } // namespace wendlow::BundleCommand

@@ -1,7 +1,9 @@
 #include "ConnectorVerb.h"
 
+#include "ConfigFile/Backup.h"
 #include "ConfigFile/Leftovers.h"
 
+#include <algorithm>
 #include <ranges>
 #include <utility>
 
@@ -14,9 +16,12 @@ namespace {
 using Result = ConnectorOutcome::Result;
 
 struct FileFate {
+    std::filesystem::path path;
     std::string label;
     std::string_view what;
+    std::vector<std::string> lost;
     bool changes;
+    bool heldOurs;
 };
 
 /// Clears away what a killed verb left beside the files and the receipt; what there is to say of
@@ -46,13 +51,32 @@ std::vector<FileFate> fates(const std::vector<PlannedFile>& files) {
     std::vector<FileFate> result;
     result.reserve(files.size());
     for (const PlannedFile& planned : files)
-        result.push_back({planned.file.label, planned.what, planned.changes()});
+        result.push_back({planned.file.path, planned.file.label, planned.what, planned.lost,
+                          planned.changes(), planned.heldOurs});
     return result;
+}
+
+/// What went that others had written, and where they find it.
+void sayLost(const std::vector<FileFate>& files, const std::vector<std::filesystem::path>& copies,
+             Observations& observations) {
+    for (const FileFate& file : files) {
+        const auto copy = std::ranges::find_if(copies, [&](const std::filesystem::path& each) {
+            return each.parent_path() == file.path.parent_path() &&
+                   Backup::isCopy(each.filename().string(), file.path);
+        });
+        if (!file.changes || copy == copies.end())
+            continue;
+        for (const std::string& lost : file.lost)
+            observations.push_back(
+                {file.label, fmt::format("{}; the copy {} has all of it", lost, copy->string())});
+    }
 }
 
 void sayFates(const std::vector<FileFate>& files, std::string_view done, Observations& observations,
               FileOrder order = FileOrder::changedFirst) {
     const auto say = [&](const FileFate& file) {
+        if (file.changes && !file.heldOurs)
+            return; // what became of it has been said
         observations.push_back(
             {file.label, file.changes
                              ? fmt::format("the Wendlow {} was {} this file", file.what, done)
@@ -96,6 +120,7 @@ void Installation::add(ToolFile toolFile, InstalledBlock installed, const FileRo
                      .what = role.what,
                      .edited = edited,
                      .after = std::move(installed.bytes),
+                     .lost = std::move(installed.lost),
                      .born = role.born});
 }
 
@@ -107,20 +132,28 @@ void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
     PlannedFile& planned = files.emplace_back(PlannedFile{.file = std::move(file),
                                                           .what = role.what,
                                                           .edited = edited,
-                                                          .after = std::move(removed.bytes)});
+                                                          .after = std::move(removed.bytes),
+                                                          .lost = std::move(removed.lost),
+                                                          .heldOurs = edited && removed.heldOurs});
     const auto& remaining = edited ? planned.after : planned.file.bytes;
-    if (!remaining || !role.isEmpty(*remaining))
+    if (!remaining)
         return;
-    if (created.contains(role.file)) {
+    if (created.contains(role.file) && role.isLeftover(*remaining)) {
         planned.edited = true;
         planned.after = std::nullopt;
         notes.push_back(
             {planned.file.label, "this file was created when Wendlow connected and was removed"});
-    } else if (planned.changes()) {
+        return;
+    }
+    if (!planned.changes())
+        return;
+    if (!planned.heldOurs)
+        notes.push_back({planned.file.label, "a container that was created when Wendlow connected "
+                                             "and was empty was removed from this file"});
+    if (role.isEmpty(*remaining))
         notes.push_back({planned.file.label,
                          fmt::format("this file {} and remains, because Wendlow did not create it",
                                      role.emptyWords)});
-    }
 }
 
 ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
@@ -132,6 +165,8 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
         return refusedAfter(std::move(swept), *refusal);
     auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
     ConnectorOutcome outcome = outcomeOf(committed, std::move(swept));
+    if (committed != nullptr)
+        sayLost(said, outcome.backups, outcome.observations);
     append(outcome.observations, std::move(installation.planNotes));
     if (committed != nullptr) {
         if (installation.folder)
@@ -163,6 +198,7 @@ ConnectorOutcome remove(Removal removal, const ReceiptStore& receipts,
     auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
     ConnectorOutcome outcome = outcomeOf(committed, std::move(swept));
     if (committed != nullptr) {
+        sayLost(said, outcome.backups, outcome.observations);
         append(outcome.observations, std::move(removal.notes));
         if (removal.afterwards)
             append(outcome.observations, removal.afterwards());

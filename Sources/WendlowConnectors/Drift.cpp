@@ -28,4 +28,13 @@ std::vector<std::string> reasons(std::string_view found, std::string_view expect
     return sentences;
 }
 
+Observations unrunnable(const std::filesystem::path& binary) {
+    if (!Disk::exists(binary) || Disk::isRunnable(binary))
+        return {};
+    return {{binary.string(), Disk::isDirectory(binary)
+                                  ? "this is a folder, so the Wendlow hook does not run"
+                                  : "this file may not be run by this user, so the Wendlow hook "
+                                    "does not run"}};
+}
+
 } // namespace wendlow::Drift

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Observation.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -9,6 +11,9 @@ namespace wendlow::Drift {
 
 /// Said of an entry whose commands are right and whose rest is not.
 inline constexpr std::string_view otherShape = "the entry's shape is not the one this build writes";
+
+/// What keeps a program that is there from being run, which makes no entry wrong. Asks the disk.
+Observations unrunnable(const std::filesystem::path& binary);
 
 /// Why the command `found` in a tool's file is not the one `expected`, and whether the executable
 /// `binary` is missing: sentences, none when all is well. Asks the disk about `binary` alone.

@@ -138,6 +138,7 @@ Step discard(JSONDraft& draft, const HookSite& site, const JSONLiteral::Object& 
 JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, const JSONDocument& document,
                                         std::vector<HookSite> own, const std::set<Created>& created,
                                         const Containers& containers) {
+    const bool heldOurs = !own.empty();
     // Within an event from the back, so that the indices in front stay valid.
     std::vector<std::string> events;
     for (auto first = own.begin(); first != own.end();) {
@@ -158,10 +159,10 @@ JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, const JSONDocume
             return std::unexpected(step.error());
     const auto hooks = removal.draft().root().member("hooks");
     if (!hooks || !hooks->isObject())
-        return std::move(removal).finish();
+        return std::move(removal).finish(heldOurs);
     if (auto step = removal.removeEmpty(containers.hooksObject, {}, "hooks", "hooks object"); !step)
         return std::unexpected(step.error());
-    return std::move(removal).finish();
+    return std::move(removal).finish(heldOurs);
 }
 
 } // namespace HookGroups

@@ -2,6 +2,7 @@
 
 #include "BlockFinding.h"
 #include "JSONBlock.h"
+#include "OwnedNames.h"
 #include "ToolFile.h"
 
 #include <filesystem>
@@ -53,6 +54,20 @@ struct JSONFile {
     /// Why no verb may plan for it.
     std::optional<Observation> refusal() const {
         return file.refusal(JSONBlock::reason(document), kind.language);
+    }
+    /// Whether it is unfit to be edited and nothing in it is ours: our name is nowhere in it. A
+    /// removal then has nothing to do there, and passes by.
+    bool isNoneOfOurs() const { return unfit && !bytes().contains(OwnedNames::server); }
+    /// Why no removal may plan for it.
+    std::optional<Observation> removalRefusal() const {
+        return isNoneOfOurs() ? std::nullopt : refusal();
+    }
+    /// What `block` would take out of it, being asked only where it could take something.
+    template<class Block, class... More>
+    JSONBlock::Result<RemovedBlock> removed(const Block& block, const More&... more) const {
+        if (isNoneOfOurs())
+            return RemovedBlock{};
+        return block.removed(bytes(), *document, more...);
     }
 
     ToolFile file;

@@ -1,5 +1,6 @@
 #include "MCPServerEntry.h"
 
+#include "BundleCommand.h"
 #include "Drift.h"
 #include "OwnedNames.h"
 
@@ -29,6 +30,25 @@ JSONLiteral MCPServerEntry::entry() const {
         {"args", JSONLiteral::array({})},
         {"env", JSONLiteral::object({})},
     });
+}
+
+std::optional<JSONNode> MCPServerEntry::node(const JSONDocument& document) {
+    return document.root().node(entryPath());
+}
+
+PersonsPart MCPServerEntry::personsPart(const JSONNode& found, std::string_view bytes) const {
+    PersonsPart part{.entry = "mcpServers.wendlow", .command = {}, .keys = {}};
+    const JSONValue ours = entry().value();
+    const auto& own = std::get<JSONValue::Object>(ours.value);
+    for (const JSONNode::Member& member : found.members()) {
+        const auto text = member.key == "command" ? member.value.string() : std::nullopt;
+        const auto expected = own.find(std::string(member.key));
+        if (text && !BundleCommand::isServer(*text, m_binary.string()))
+            part.command = std::string(*text);
+        else if (!text && (expected == own.end() || expected->second != member.value.value(bytes)))
+            part.keys.emplace_back(member.key);
+    }
+    return part;
 }
 
 MCPServerEntry::Readable MCPServerEntry::read(std::string_view bytes) const {
@@ -68,7 +88,8 @@ MCPServerEntry::Result<InstalledBlock>
 MCPServerEntry::installed(std::string_view bytes, const JSONDocument& document) const {
     const JSONNode root = document.root();
     const bool serversAreThere = root.member(serversKey).has_value();
-    if (const auto found = root.node(entryPath()); found && found->value(bytes) == entry().value())
+    const auto found = root.node(entryPath());
+    if (found && found->value(bytes) == entry().value())
         return InstalledBlock{};
     // Fails in words where the root or the servers are not an object.
     auto edited =
@@ -78,7 +99,9 @@ MCPServerEntry::installed(std::string_view bytes, const JSONDocument& document) 
                                   JSONLiteral::object({{std::string(entryKey), entry()}}));
     if (!edited)
         return std::unexpected(edited.error());
-    InstalledBlock block{.bytes = *std::move(edited), .created = {}};
+    InstalledBlock block{.bytes = *std::move(edited), .created = {}, .lost = {}};
+    if (auto lost = found ? personsPart(*found, bytes).sentence("replaced") : std::nullopt)
+        block.lost.push_back(*std::move(lost));
     if (!serversAreThere)
         block.created.insert(m_serversObject);
     return block;
@@ -96,7 +119,8 @@ MCPServerEntry::Result<RemovedBlock>
 MCPServerEntry::removed(std::string_view bytes, const JSONDocument& document,
                         const std::set<Created>& created) const {
     const JSONNode root = document.root();
-    if (!root.node(entryPath()))
+    const auto found = root.node(entryPath());
+    if (!found)
         return RemovedBlock{};
     const bool leavesNothing = root.member(serversKey)->count() == 1;
     // Without comments the object can go together with its only member: one edit, the same bytes.
@@ -105,7 +129,10 @@ MCPServerEntry::removed(std::string_view bytes, const JSONDocument& document,
                               : JSONEdit::removeMember(bytes, document, {serversKey}, entryKey);
     if (!edited)
         return std::unexpected(edited.error());
-    RemovedBlock block{.bytes = *std::move(edited), .leftovers = {}};
+    RemovedBlock block;
+    block.bytes = *std::move(edited);
+    if (auto lost = personsPart(*found, bytes).sentence("removed"))
+        block.lost.push_back(*std::move(lost));
     if (leavesNothing && !takeServers)
         block.leftovers.emplace_back(
             "an empty mcpServers object remains here, which Wendlow did not create");

@@ -3,6 +3,7 @@
 #include "BlockFinding.h"
 #include "ConnectorReceipt.h"
 #include "JSONBlock.h"
+#include "PersonsPart.h"
 
 #include <filesystem>
 #include <optional>
@@ -30,6 +31,10 @@ public:
     /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
     /// whether the server program is there.
     BlockFinding find(std::string_view bytes, const Readable& document) const;
+    /// The entry of this document, whoever's it is.
+    static std::optional<JSONNode> node(const JSONDocument& document);
+    /// What of an entry we did not write.
+    PersonsPart personsPart(const JSONNode& entry, std::string_view bytes) const;
 
     /// Puts the entry in, or in place of one that differs. The second form takes the scan of
     /// `bytes` that was made before.

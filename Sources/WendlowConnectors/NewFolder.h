@@ -12,27 +12,24 @@ namespace wendlow {
 class NewFolder {
 public:
     explicit NewFolder(const std::filesystem::path& path)
-        : m_path(path), m_isNew(!Disk::exists(path)) {
-        if (m_isNew)
-            m_made = Disk::createDirectories(path, 0700);
-    }
+        : m_path(path), m_made(Disk::makeFolder(path, 0700)) {}
     ~NewFolder() {
         // One that somebody has put something into since is not empty, and stays.
-        if (m_isNew && !m_isKept)
+        if (isNew() && !m_isKept)
             std::ignore = Disk::removeFolder(m_path);
     }
     NewFolder(const NewFolder&) = delete;
     NewFolder& operator=(const NewFolder&) = delete;
 
-    bool isNew() const { return m_isNew; }
-    const Disk::Result<void>& made() const { return m_made; }
+    /// What only the call that makes it can tell: one that a look fails to find may be there.
+    bool isNew() const { return m_made && *m_made == Disk::Made::now; }
+    const Disk::Result<Disk::Made>& made() const { return m_made; }
     void keep() { m_isKept = true; }
 
 private:
     std::filesystem::path m_path;
-    bool m_isNew;
+    Disk::Result<Disk::Made> m_made;
     bool m_isKept = false;
-    Disk::Result<void> m_made;
 };
 
 } // namespace wendlow

@@ -19,5 +19,7 @@ void append(Observations& all, Observations more);
 /// The same observations in first-seen order, each said once. One that came n >= 2 times ends in
 /// " (n entries)".
 Observations folded(const Observations& observations);
+/// "a, b and c"
+std::string listed(const std::vector<std::string>& items);
 
 } // namespace wendlow

@@ -31,6 +31,8 @@ std::optional<std::string_view> ToolFile::view() const {
 
 std::optional<Observation> ToolFile::refusal(const std::optional<std::string>& unreadable,
                                              std::string_view language) const {
+    if (failure && Disk::isDirectory(label))
+        return Observation{label, "there is a directory at this path, so nothing was written"};
     if (failure)
         return Observation{label, fmt::format("this file could not be read, so nothing was "
                                               "written — {}",

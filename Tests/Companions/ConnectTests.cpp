@@ -22,7 +22,7 @@ constexpr const char* usage = "usage: wendlow-connect [--home DIR] [--bundle DIR
 class Connect : public ::testing::Test {
 protected:
     Connect() {
-        put(bundle() / "Contents/MacOS/wendlow-hook", "");
+        put(bundle() / "Contents/MacOS/wendlow-hook", "", 0755);
         put(bundle() / "Contents/MacOS/wendlow-mcp", "");
     }
 
@@ -214,7 +214,7 @@ TEST_F(Connect, findsTheApplicationThatItLiesIn) {
 }
 
 TEST_F(Connect, recordsTheHashOfWhatCodexReads) {
-    // The record names the file where it really lies.
+    // The record names the file by its path and by where it really lies, and no matcher is hashed.
     fs::create_directory(file(".codex"));
     fs::create_symlink(file("real.json"), file(".codex/hooks.json"));
     put(file("real.json"), R"({"hooks":{"UserPromptSubmit":[7,{"matcher":"é|\"x\"/","hooks":[{},)"
@@ -226,12 +226,13 @@ TEST_F(Connect, recordsTheHashOfWhatCodexReads) {
         R"("async":false,"command":")" +
         (bundle() / "Contents/MacOS/wendlow-hook").string() +
         R"( --harness codex","statusMessage":"Loading Wendlow rules and memory","timeout":3,)"
-        R"("type":"command"}],"matcher":"é|\"x\"/"})";
+        R"("type":"command"}]})";
     const auto sum = testing::runProgram("/usr/bin/sha256sum", {}, {}, hashed);
-    EXPECT_THAT(get(file(".codex/config.toml")).value(),
-                HasSubstr("\n[hooks.state.\"" + file("real.json").string() +
-                          ":user_prompt_submit:1:1\"]\ntrusted_hash = \"sha256:" +
-                          sum.out.substr(0, 64) + "\"\n"));
+    for (const char* name : {".codex/hooks.json", "real.json"})
+        EXPECT_THAT(get(file(".codex/config.toml")).value(),
+                    HasSubstr("\n[hooks.state.\"" + file(name).string() +
+                              ":user_prompt_submit:1:1\"]\ntrusted_hash = \"sha256:" +
+                              sum.out.substr(0, 64) + "\"\n"));
 }
 
 } // namespace

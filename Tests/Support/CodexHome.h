@@ -14,7 +14,7 @@ namespace wendlow::testing {
 class CodexHome {
 public:
     CodexHome() {
-        put(paths().hookBinary, "program");
+        put(paths().hookBinary, "program", 0755);
         put(paths().mcpBinary, "program");
         std::filesystem::create_directory(paths().configDirectory);
     }

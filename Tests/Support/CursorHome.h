@@ -26,7 +26,7 @@ inline std::string filledForCursor(const CursorPaths& paths, std::string text) {
 class CursorHome {
 public:
     CursorHome() {
-        put(paths().hookBinary, "program");
+        put(paths().hookBinary, "program", 0755);
         put(paths().mcpBinary, "program");
         std::filesystem::create_directory(paths().configDirectory);
     }

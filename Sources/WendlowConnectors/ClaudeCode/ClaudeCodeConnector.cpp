@@ -1,10 +1,13 @@
 #include "ClaudeCode/ClaudeCodeConnector.h"
 
 #include "ConfigFile/Disk.h"
+#include "Drift.h"
 #include "HookLists.h"
 #include "JSONFile.h"
+#include "OwnedNames.h"
 
-#include <tuple>
+#include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace wendlow {
@@ -20,26 +23,30 @@ class ClaudeCodeConnector::Look final : public ToolLook {
 public:
     Look(const ClaudeCodeConnector& claude, ToolFile::Purpose purpose)
         : ToolLook(claude.m_paths.receiptFile), m_paths(claude.m_paths), m_hook(claude.m_hook),
-          m_mcp(claude.m_mcp), m_hooks(m_paths.hooksFile, purpose, m_hook),
-          m_servers(m_paths.serversFile, purpose, m_mcp) {}
+          m_mcp(claude.m_mcp), m_userFile(m_paths.userFile()),
+          m_hooks(m_paths.hooksFile, purpose, m_hook), m_servers(m_userFile, purpose, m_mcp) {}
 
     ScanJoin::Findings findings() const override {
-        return {
+        ScanJoin::Findings found{
             {{m_hooks.find(m_hook),
               {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
              {m_servers.find(m_mcp),
               {.path = m_servers.file.label,
                .what = "MCP server entry",
                .command = m_paths.mcpCommand()}}}};
+        found.more =
+            obstacles(found.blocks[0].finding.holdsOurs(), found.blocks[1].finding.holdsOurs());
+        return found;
     }
 
-    Observations refusal(Verb) const override {
-        return all({m_hooks.refusal(), m_servers.refusal()});
+    Observations refusal(Verb verb) const override {
+        return verb == Verb::install ? all({m_hooks.refusal(), m_servers.refusal()})
+                                     : all({m_hooks.removalRefusal(), m_servers.removalRefusal()});
     }
 
     Planned<ConnectorVerb::Installation> installation() override {
         // That it cannot be made is found again by the commit, which says so in words.
-        std::ignore = Disk::createDirectories(m_paths.configDirectory, 0700);
+        auto folder = std::make_unique<NewFolder>(m_paths.configDirectory);
         auto hooks = m_hook.installed(m_hooks.bytes(), *m_hooks.document);
         if (!hooks)
             return refused(m_hooks.file, description(hooks.error()));
@@ -47,6 +54,7 @@ public:
         if (!server)
             return refused(m_servers.file, description(server.error()));
         ConnectorVerb::Installation plan;
+        plan.folder = std::move(folder);
         plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole);
         plan.add(std::move(m_servers.file), *std::move(server), serversRole);
         return plan;
@@ -54,15 +62,21 @@ public:
 
     Planned<ConnectorVerb::Removal> removal() override {
         const std::set<Created>& created = receipt().created;
-        auto hooks = m_hook.removed(m_hooks.bytes(), *m_hooks.document, created);
+        auto hooks = m_hooks.removed(m_hook, created);
         if (!hooks)
             return refused(m_hooks.file, description(hooks.error()));
-        auto server = m_mcp.removed(m_servers.bytes(), *m_servers.document, created);
+        auto server = m_servers.removed(m_mcp, created);
         if (!server)
             return refused(m_servers.file, description(server.error()));
         ConnectorVerb::Removal plan;
         plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole, created);
-        plan.add(std::move(m_servers.file), *std::move(server), serversRole, created);
+        // The file that is read in the other's place is never ours.
+        auto createdHere = created;
+        if (isReplaced())
+            createdHere.erase(Created::mcpFile);
+        plan.add(std::move(m_servers.file), *std::move(server), serversRole, createdHere);
+        if (isReplaced())
+            removeUnread(plan, created);
         return plan;
     }
 
@@ -73,9 +87,47 @@ public:
     }
 
 private:
+    /// What in the settings keeps entries of ours from working, which makes none of them wrong.
+    Observations obstacles(bool hooksAreThere, bool serverIsThere) const {
+        Observations said;
+        const JSONDocument* const settings = m_hooks.contents();
+        if (settings == nullptr)
+            return said;
+        const auto disabled = settings->root().member("disableAllHooks");
+        if (hooksAreThere && disabled && disabled->boolean() == true)
+            said.push_back({m_hooks.file.label,
+                            "disableAllHooks is true in this file, so Claude Code runs no hook"});
+        const auto denied = settings->root().member("deniedMcpServers");
+        const auto isOurs = [](const JSONNode& server) {
+            return JSONBlock::text(server, "serverName") == OwnedNames::server;
+        };
+        if (serverIsThere && denied && std::ranges::any_of(denied->elements(), isOurs))
+            said.push_back({m_hooks.file.label, "deniedMcpServers in this file names the Wendlow "
+                                                "server, so Claude Code does not start it"});
+        if (hooksAreThere)
+            append(said, Drift::unrunnable(m_paths.hookBinary));
+        return said;
+    }
+
+    /// Whether another file is read in place of the usual one.
+    bool isReplaced() const { return m_userFile != m_paths.serversFile; }
+
+    /// An entry of ours in the file that is not read any more goes too, where that can be.
+    void removeUnread(ConnectorVerb::Removal& plan, const std::set<Created>& created) const {
+        JSONFile unread(m_paths.serversFile, ToolFile::Purpose::plan, m_mcp);
+        const auto entry = unread.document && unread.file.bytes
+                               ? MCPServerEntry::node(*unread.document)
+                               : std::nullopt;
+        if (!entry || !m_mcp.personsPart(*entry, unread.bytes()).isNothing())
+            return;
+        if (auto server = unread.removed(m_mcp, created))
+            plan.add(std::move(unread.file), *std::move(server), serversRole, created);
+    }
+
     const ClaudeCodePaths& m_paths;
     const ClaudeCodeHook& m_hook;
     const ClaudeCodeMCP& m_mcp;
+    std::filesystem::path m_userFile;
     JSONFile m_hooks;
     JSONFile m_servers;
 };

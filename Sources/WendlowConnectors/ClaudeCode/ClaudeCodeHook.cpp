@@ -147,7 +147,8 @@ ClaudeCodeHook::installed(std::string_view bytes, const JSONDocument& document) 
         if (auto done = (this->*step)(draft); !done)
             return std::unexpected(done.error());
     std::set<Created> created = std::move(draft.created);
-    return InstalledBlock{.bytes = std::move(draft).finish(), .created = std::move(created)};
+    return InstalledBlock{
+        .bytes = std::move(draft).finish(), .created = std::move(created), .lost = {}};
 }
 
 /// The first site that keeps its group as the slots' group. A group that also holds an entry that

@@ -1,5 +1,7 @@
 #include "ClaudeCode/ClaudeCodePaths.h"
 
+#include "ConfigFile/Disk.h"
+
 namespace wendlow {
 
 ClaudeCodePaths ClaudeCodePaths::under(const Path& home, const Path& bundle) {
@@ -17,6 +19,11 @@ std::vector<std::string> ClaudeCodePaths::currents() const {
     std::vector<std::string> all(slots.begin(), slots.end());
     all.push_back(preToolCommand());
     return all;
+}
+
+ClaudeCodePaths::Path ClaudeCodePaths::userFile() const {
+    Path other = configDirectory / ".config.json";
+    return Disk::exists(other) ? other : serversFile;
 }
 
 ClaudeCodePaths::Path ClaudeCodePaths::projectsDirectory() const {

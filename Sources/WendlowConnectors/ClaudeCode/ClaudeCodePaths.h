@@ -14,6 +14,10 @@ struct ClaudeCodePaths : ToolPaths {
     std::array<std::string, 3> hookCommands() const; ///< rules, index, recall
     std::vector<std::string> currents() const;       ///< all four, in the order of writing
 
+    /// The file with the servers: `serversFile`, unless there is one that Claude Code reads in its
+    /// place. Asks the disk.
+    Path userFile() const;
+
     Path projectsDirectory() const; ///< one folder for each project, named after its path
     Path globalMemoryFile() const;
     Path memoryDirectory() const;

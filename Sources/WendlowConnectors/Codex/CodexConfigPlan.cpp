@@ -2,7 +2,7 @@
 
 #include "TOMLDraft.h"
 
-#include <array>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -20,8 +20,19 @@ struct Rest {
     bool endedInOurs = false;
 };
 
-/// The configuration without our table and these slots. Nothing: it could not be made.
+std::expected<RemovedBlock, TOMLEditFailure> withoutTable(std::string_view bytes,
+                                                          const TOMLName& name) {
+    auto edited = TOMLEdit::removeTable(bytes, name);
+    if (!edited)
+        return std::unexpected(edited.error());
+    RemovedBlock block;
+    block.bytes = *std::move(edited);
+    return block;
+}
+
+/// The configuration without our tables and these slots. Nothing: it could not be made.
 std::optional<Rest> withoutOurs(std::string_view bytes, const TOMLDocument& document,
+                                const std::vector<TOMLName>& tables,
                                 const std::vector<std::string>& keys) {
     TOMLDraft draft(bytes, document);
     bool endedInOurs = false;
@@ -31,8 +42,9 @@ std::optional<Rest> withoutOurs(std::string_view bytes, const TOMLDocument& docu
             endedInOurs = true;
         return take(draft, removal);
     };
-    if (!takeAway(CodexMCP::removed(draft.bytes(), draft.document())))
-        return std::nullopt;
+    for (const TOMLName& table : tables)
+        if (!takeAway(withoutTable(draft.bytes(), table)))
+            return std::nullopt;
     for (const std::string& key : keys)
         if (!takeAway(CodexTrust::removed(draft.bytes(), {key})))
             return std::nullopt;
@@ -43,7 +55,7 @@ std::optional<Rest> withoutOurs(std::string_view bytes, const TOMLDocument& docu
 /// line is ours and goes, the end of the line above it is the person's own.
 bool keepsUnendedLine(std::string_view bytes, const TOMLDocument& document,
                       const std::vector<std::string>& keys) {
-    const auto rest = withoutOurs(bytes, document, keys);
+    const auto rest = withoutOurs(bytes, document, CodexMCP::ownTables(document, {}), keys);
     const std::string_view kept = rest && rest->bytes ? *rest->bytes : bytes;
     return !kept.empty() && !kept.ends_with('\n');
 }
@@ -59,39 +71,45 @@ std::string_view withoutAddedLineEnd(std::string_view text) {
 CodexConfigPlan::CodexConfigPlan(const CodexMCP& mcp, const CodexTrust& trust, Hooks hooks)
     : m_mcp(mcp), m_trust(trust), m_hooks(std::move(hooks)) {}
 
-std::optional<CodexConfigPlan::Installed> CodexConfigPlan::installed(std::string_view bytes,
-                                                                     const TOMLDocument& document,
-                                                                     const std::string& landing,
-                                                                     std::string_view hash) const {
+std::optional<CodexConfigPlan::Installed>
+CodexConfigPlan::installed(std::string_view bytes, const TOMLDocument& document,
+                           const CodexTrust::Keys& landings, std::string_view hash) const {
     TOMLDraft draft(bytes, document);
     Installed plan;
 
     auto server = m_mcp.installed(draft.bytes(), draft.document());
     if (!take(draft, server))
         return std::nullopt;
-    auto trust = CodexTrust::installed(draft.bytes(), draft.document(), landing, hash);
-    if (!take(draft, trust))
-        return std::nullopt;
-    plan.judgement = judge(draft.document(), landing);
+    plan.created = std::move(server->created);
+    std::vector<TOMLName> owned{CodexMCP::tableName()};
+    for (const std::string& landing : landings) {
+        auto trust = CodexTrust::installed(draft.bytes(), draft.document(), landing, hash);
+        if (!take(draft, trust))
+            return std::nullopt;
+        plan.created.merge(trust->created);
+        owned.push_back(CodexTrust::tableName(landing));
+    }
+    plan.judgement = judge(draft.document(), landings);
     auto cleared = CodexTrust::removed(draft.bytes(), plan.judgement.clear);
     if (!take(draft, cleared))
         return std::nullopt;
-    const std::array owned{CodexMCP::tableName(), CodexTrust::tableName(landing)};
     if (TOMLText::unreadableReason(draft.document(), owned))
         return std::nullopt;
 
     plan.commentsReplaced = server->commentsReplaced;
-    plan.created = std::move(server->created);
-    plan.created.merge(trust->created);
+    plan.lost = std::move(server->lost);
     std::vector<std::string> own = plan.judgement.clear;
-    own.push_back(landing);
+    own.insert(own.end(), landings.begin(), landings.end());
     if (!keepsUnendedLine(bytes, document, own))
         plan.created.erase(Created::codexConfigTrailingNewline);
-    plan.trustSlots.insert(landing);
+    plan.trustSlots.insert(landings.begin(), landings.end());
     for (const std::string& key : m_hooks.receiptSlots)
         if (draft.document().table(CodexTrust::tableName(key)) != nullptr)
             plan.trustSlots.insert(key);
-    plan.isSwitchedOff = CodexTrust::isSwitchedOff(landing, draft.document());
+    plan.isHookOff = std::ranges::any_of(landings, [&](const std::string& landing) {
+        return CodexTrust::isSwitchedOff(landing, draft.document());
+    });
+    plan.isServerOff = CodexMCP::isSwitchedOff(draft.document());
     plan.bytes = std::move(draft).finish();
     return plan;
 }
@@ -100,8 +118,10 @@ std::optional<CodexConfigPlan::Removed>
 CodexConfigPlan::removed(std::string_view bytes, const TOMLDocument& document,
                          const std::set<Created>& created) const {
     Removed plan;
-    plan.judgement = judge(document, std::nullopt);
-    auto rest = withoutOurs(bytes, document, plan.judgement.clear);
+    plan.judgement = judge(document, {});
+    plan.lost = m_mcp.lostByRemoval(document, created);
+    auto rest =
+        withoutOurs(bytes, document, CodexMCP::ownTables(document, created), plan.judgement.clear);
     if (!rest)
         return std::nullopt;
     plan.bytes = std::move(rest->bytes);
@@ -112,7 +132,7 @@ CodexConfigPlan::removed(std::string_view bytes, const TOMLDocument& document,
 }
 
 CodexTrust::Judgement CodexConfigPlan::judge(const TOMLDocument& document,
-                                             const std::optional<std::string>& occupied) const {
+                                             const CodexTrust::Keys& occupied) const {
     return m_trust.judge(document, occupied, m_hooks.receiptSlots, m_hooks.known, m_hooks.isLive);
 }
 

@@ -23,8 +23,9 @@ public:
     };
     struct Installed : CodexMCP::Installed {
         CodexTrust::Judgement judgement;
-        TrustSlots trustSlots; ///< where we have recorded trust, afterwards
-        bool isSwitchedOff = false;
+        TrustSlots trustSlots;    ///< where we have recorded trust, afterwards
+        bool isHookOff = false;   ///< a person switched the hook off
+        bool isServerOff = false; ///< a person switched the server off
     };
     struct Removed : RemovedBlock {
         CodexTrust::Judgement judgement;
@@ -32,13 +33,14 @@ public:
 
     CodexConfigPlan(const CodexMCP& mcp, const CodexTrust& trust, Hooks hooks);
 
-    /// `document` is the scan of `bytes`. `landing` is the slot of the entry whose hash this is.
+    /// `document` is the scan of `bytes`. `landings` are the slots of the entry whose hash this is.
     std::optional<Installed> installed(std::string_view bytes, const TOMLDocument& document,
-                                       const std::string& landing, std::string_view hash) const;
+                                       const CodexTrust::Keys& landings,
+                                       std::string_view hash) const;
     std::optional<Removed> removed(std::string_view bytes, const TOMLDocument& document,
                                    const std::set<Created>& created) const;
     CodexTrust::Judgement judge(const TOMLDocument& document,
-                                const std::optional<std::string>& occupied) const;
+                                const CodexTrust::Keys& occupied) const;
 
 private:
     const CodexMCP& m_mcp;

@@ -3,7 +3,9 @@
 #include "Codex/CodexConfigPlan.h"
 #include "Codex/CodexTrust.h"
 #include "ConfigFile/Disk.h"
+#include "Drift.h"
 #include "JSONFile.h"
+#include "OwnedNames.h"
 
 #include <algorithm>
 #include <iterator>
@@ -78,18 +80,20 @@ public:
                .language = "TOML"}},
              {std::move(trust), std::move(trustWords)}}};
         if (m_hooks.document && m_configDocument) {
-            const auto occupied =
-                site() != nullptr ? std::optional(m_trust.slot(*site()).key) : std::nullopt;
+            const auto occupied = site() != nullptr ? m_trust.keys(*site()) : CodexTrust::Keys();
             found.more = slotObservations(
                 configPlan(m_hooks.document->root(), {}).judge(*m_configDocument, occupied).report,
                 0);
         }
+        if (site() != nullptr)
+            append(found.more, obstacles());
         return found;
     }
 
     Observations refusal(Verb verb) const override {
-        if (auto reason = readingRefusal({}))
-            return {*std::move(reason)};
+        const auto unread = verb == Verb::install ? readingRefusal({}) : removalRefusal();
+        if (unread)
+            return {*unread};
         const auto reason = m_mcp.refusalReason(*m_configDocument, receipt().created,
                                                 verb == Verb::install ? CodexMCP::Verb::install
                                                                       : CodexMCP::Verb::remove);
@@ -102,14 +106,14 @@ public:
             return nothingWritten(m_hooks.file, description(hooks.error()));
         // Where the entry lands is known only now, and so is which table has to be fit for its
         // trust.
-        const CodexTrustSlot landing = m_trust.slot(hooks->site);
-        if (auto reason = readingRefusal(landing))
+        const auto landings = m_trust.keys(hooks->site);
+        if (auto reason = readingRefusal(landings))
             return std::unexpected(Observations{*std::move(reason)});
         const PlannedHooks planned(*m_hooks.document, hooks->bytes);
         const auto moved =
             m_hook.movedForeignEntries(m_hooks.document->root(), planned.root()).size();
         auto config = configPlan(planned.root(), {hooks->site})
-                          .installed(configBytes(), *m_configDocument, landing.key,
+                          .installed(configBytes(), *m_configDocument, landings,
                                      hooks->site.identity()->trustedHash());
         if (!config)
             return refused(m_config, selfEditFailure);
@@ -122,7 +126,9 @@ public:
                  fmt::format("{} comment lines inside the Wendlow MCP entry were replaced",
                              config->commentsReplaced)});
         append(plan.notes, slotObservations(config->judgement.report, moved));
-        if (config->isSwitchedOff)
+        if (config->isServerOff)
+            plan.notes.push_back({m_config.label, std::string(CodexMCP::switchedOffText)});
+        if (config->isHookOff)
             plan.notes.push_back({m_config.label, m_trust.switchedOffText()});
         plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole);
         plan.add(std::move(m_config), *std::move(config), configRole);
@@ -131,14 +137,16 @@ public:
 
     Planned<ConnectorVerb::Removal> removal() override {
         const std::set<Created>& created = receipt().created;
-        auto hooks = m_hook.removed(m_hooks.bytes(), *m_hooks.document, created);
+        auto hooks = m_hooks.removed(m_hook, created);
         if (!hooks)
             return nothingWritten(m_hooks.file, description(hooks.error()));
-        const PlannedHooks planned(*m_hooks.document, hooks->bytes);
+        const PlannedHooks planned(*m_hooks.contents(), hooks->bytes);
         const auto moved =
-            m_hook.movedForeignEntries(m_hooks.document->root(), planned.root()).size();
+            m_hook.movedForeignEntries(m_hooks.contents()->root(), planned.root()).size();
         auto config =
-            configPlan(planned.root(), {}).removed(configBytes(), *m_configDocument, created);
+            configIsNoneOfOurs()
+                ? CodexConfigPlan::Removed()
+                : configPlan(planned.root(), {}).removed(configBytes(), *m_configDocument, created);
         if (!config)
             return refused(m_config, selfEditFailure);
 
@@ -155,34 +163,60 @@ public:
     }
 
 private:
-    using Slot = std::optional<CodexTrustSlot>;
-
     std::string_view configBytes() const { return m_config.bytesOr(""); }
     const CodexHookSite* site() const { return CodexHook::onPrompt(m_sites); }
 
+    /// What keeps our hook from running, which makes no entry wrong.
+    Observations obstacles() const {
+        Observations said;
+        if (m_configDocument && CodexHook::areHooksOff(*m_configDocument))
+            said.push_back(
+                {m_config.label, "hooks is false under features here, so Codex runs no hook"});
+        if (CodexHook::holdsBrokenTimeout(m_hooks.document->root(), m_hooks.bytes()))
+            said.push_back({m_hooks.file.label, "a timeout in this file is not a whole number, so "
+                                                "Codex reads no hook in it"});
+        append(said, Drift::unrunnable(m_paths.hookBinary));
+        return said;
+    }
+
     /// The tables that a verb will touch.
-    std::vector<TOMLName> ownedTables(const Slot& landing) const {
+    std::vector<TOMLName> ownedTables(const CodexTrust::Keys& landings) const {
         std::vector<TOMLName> owned{CodexMCP::tableName()};
         if (site() != nullptr)
-            owned.push_back(CodexTrust::tableName(m_trust.slot(*site()).key));
-        if (landing)
-            owned.push_back(CodexTrust::tableName(landing->key));
+            for (const std::string& key : m_trust.keys(*site()))
+                owned.push_back(CodexTrust::tableName(key));
+        for (const std::string& key : landings)
+            owned.push_back(CodexTrust::tableName(key));
         for (const std::string& key : receipt().trustSlots)
             if (m_configDocument->table(CodexTrust::tableName(key)) != nullptr)
                 owned.push_back(CodexTrust::tableName(key));
         return owned;
     }
 
-    std::optional<std::string> configUnreadableReason(const Slot& landing) const {
+    std::optional<std::string> configUnreadableReason(const CodexTrust::Keys& landings) const {
         if (!m_configDocument)
             return m_configDocument.error().description();
-        return TOMLText::unreadableReason(*m_configDocument, ownedTables(landing));
+        return TOMLText::unreadableReason(*m_configDocument, ownedTables(landings));
     }
 
     /// Why no verb may plan for these files; one that is in the way is enough.
-    std::optional<Observation> readingRefusal(const Slot& landing) const {
+    std::optional<Observation> readingRefusal(const CodexTrust::Keys& landings) const {
         auto reason = m_hooks.refusal();
-        return reason ? reason : m_config.refusal(configUnreadableReason(landing), "TOML");
+        return reason ? reason : m_config.refusal(configUnreadableReason(landings), "TOML");
+    }
+
+    /// Whether the configuration is unfit to be edited and nothing in it is ours.
+    bool configIsNoneOfOurs() const {
+        return m_configDocument && configUnreadableReason({}) && receipt().trustSlots.empty() &&
+               !configBytes().contains(OwnedNames::server);
+    }
+
+    /// The same for a removal, which passes by what holds nothing of ours.
+    std::optional<Observation> removalRefusal() const {
+        if (auto reason = m_hooks.removalRefusal())
+            return reason;
+        return m_config.refusal(configIsNoneOfOurs() ? std::nullopt : configUnreadableReason({}),
+                                "TOML");
     }
 
     /// The plan for the configuration that goes with these hooks. Holds on to `plannedHooks`.

@@ -35,7 +35,7 @@ std::optional<std::string> textOf(const JSONNode& object, std::string_view key) 
     return text ? std::optional<std::string>(*text) : std::nullopt;
 }
 
-/// A member that is a number without fraction and exponent.
+/// A member that is a number without fraction and exponent. Nothing where it is anything else.
 std::optional<std::int64_t> wholeNumber(const JSONNode& object, std::string_view key,
                                         std::string_view bytes) {
     const auto member = object.member(key);
@@ -49,6 +49,14 @@ std::optional<std::int64_t> wholeNumber(const JSONNode& object, std::string_view
     return number;
 }
 
+/// An entry's timeout as it is hashed; nothing where Codex cannot read it.
+std::optional<std::int64_t> timeoutOf(const JSONNode& entry, std::string_view bytes) {
+    const auto stated = wholeNumber(entry, "timeout", bytes);
+    if (entry.member("timeout") && (!stated || *stated < 0))
+        return std::nullopt;
+    return CodexHookIdentity::hashedTimeout(stated);
+}
+
 } // namespace
 
 std::optional<CodexHookIdentity> CodexHookSite::identity() const {
@@ -57,7 +65,6 @@ std::optional<CodexHookIdentity> CodexHookSite::identity() const {
     return CodexHookIdentity{.command = command,
                              .statusMessage = statusMessage,
                              .timeout = *timeout,
-                             .matcher = matcher,
                              .isAsync = isAsync,
                              .additionalContextLimit = additionalContextLimit};
 }
@@ -83,7 +90,6 @@ CodexHookIdentity CodexHook::identity() const {
     return {.command = m_paths.hookCommand(),
             .statusMessage = std::string(statusMessage),
             .timeout = CodexPaths::hookTimeoutSeconds,
-            .matcher = std::nullopt,
             .isAsync = false,
             .additionalContextLimit = additionalContextLimit};
 }
@@ -102,9 +108,8 @@ std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_vi
         const JSONNode entry = *root.node(found.entryPath());
         const auto isAsync = entry.member("async");
         CodexHookSite site;
-        site.matcher = textOf(*root.node(found.groupPath()), "matcher");
         site.statusMessage = textOf(entry, "statusMessage");
-        site.timeout = wholeNumber(entry, "timeout", bytes);
+        site.timeout = timeoutOf(entry, bytes);
         site.isAsync = isAsync && isAsync->boolean().value_or(false);
         site.additionalContextLimit = wholeNumber(entry, "additionalContextLimit", bytes);
         static_cast<HookSite&>(site) = std::move(found);
@@ -190,6 +195,26 @@ CodexHook::Result<RemovedBlock> CodexHook::removed(std::string_view bytes,
                                                    const std::set<Created>& created) const {
     return HookGroups::removed(bytes, document, HookGroups::sites(document.root(), m_currents),
                                created, containers());
+}
+
+bool CodexHook::holdsBrokenTimeout(const JSONNode& root, std::string_view bytes) {
+    bool isBroken = false;
+    HookGroups::forEachEntry(root, [&](const HookGroups::Entry& entry) {
+        isBroken = isBroken || !timeoutOf(entry.node, bytes);
+    });
+    return isBroken;
+}
+
+bool CodexHook::areHooksOff(const TOMLDocument& config) {
+    const TOMLName name{"features", "hooks"};
+    return std::ranges::any_of(config.tables(), [&](const TOMLTable& table) {
+        return std::ranges::any_of(config.entries(table), [&](const TOMLEntry& entry) {
+            // "[features]" and "hooks", or in one where a table is stated by dots.
+            return table.name.size() + entry.key.size() == name.size() &&
+                   table.name.leadsTo(name) && entry.key[entry.key.size() - 1] == name.back() &&
+                   (entry.key.size() == 1 || entry.key[0] == name.front()) && entry.raw == "false";
+        });
+    });
 }
 
 const CodexHookSite* CodexHook::onPrompt(const std::vector<CodexHookSite>& sites) {

@@ -3,6 +3,7 @@
 #include "BlockFinding.h"
 #include "Codex/CodexHookIdentity.h"
 #include "Codex/CodexPaths.h"
+#include "ConfigFile/TOMLDocument.h"
 #include "HookGroups.h"
 #include "JSONBlock.h"
 
@@ -18,8 +19,7 @@ namespace wendlow {
 /// An entry of ours with all that Codex hashes of it.
 struct CodexHookSite : HookSite {
     std::optional<std::string> statusMessage;
-    std::optional<std::int64_t> timeout; ///< nothing: it is not a whole number
-    std::optional<std::string> matcher;  ///< the group's
+    std::optional<std::int64_t> timeout; ///< as it is hashed; nothing: it is not a whole number
     bool isAsync = false;
     std::optional<std::int64_t> additionalContextLimit;
 
@@ -65,6 +65,13 @@ public:
     /// empty.
     Result<RemovedBlock> removed(std::string_view bytes, const JSONDocument& document,
                                  const std::set<Created>& created) const;
+
+    /// Whether an entry, whoever's it is, states a timeout that is not a whole number. Codex then
+    /// reads nothing of the file.
+    static bool holdsBrokenTimeout(const JSONNode& root, std::string_view bytes);
+
+    /// Whether Codex's configuration switches every hook off.
+    static bool areHooksOff(const TOMLDocument& config);
 
     /// Of the sites in one file, the one that Codex runs on a prompt; null: there is none.
     static const CodexHookSite* onPrompt(const std::vector<CodexHookSite>& sites);

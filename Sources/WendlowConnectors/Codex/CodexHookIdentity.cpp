@@ -2,6 +2,7 @@
 
 #include "ConfigFile/JSONLiteral.h"
 
+#include <algorithm>
 #include <array>
 
 #include <sodium.h>
@@ -15,13 +16,18 @@ CodexHookIdentity::legacyIdentities(const std::filesystem::path& scriptsDirector
         return CodexHookIdentity{.command = "python3 " + (scriptsDirectory / script).string(),
                                  .statusMessage = statusMessage,
                                  .timeout = timeout,
-                                 .matcher = {},
                                  .isAsync = false,
                                  .additionalContextLimit = {}};
     };
     return {of("rules-hook.py", "Loading Wendlow rules"),
             of("prime-hook.py", "Loading Wendlow memory"),
             of("wendlow-hook.py", "Loading Wendlow rules and memory")};
+}
+
+std::int64_t CodexHookIdentity::hashedTimeout(std::optional<std::int64_t> stated) {
+    constexpr std::int64_t usual = 600;
+    constexpr std::int64_t shortest = 1;
+    return std::max(shortest, stated.value_or(usual));
 }
 
 std::string CodexHookIdentity::canonicalJSON() const {
@@ -33,10 +39,8 @@ std::string CodexHookIdentity::canonicalJSON() const {
     text += R"(,"command":)" + quote(command);
     if (statusMessage)
         text += R"(,"statusMessage":)" + quote(*statusMessage);
-    text += R"(,"timeout":)" + std::to_string(timeout) + R"(,"type":"command"}])";
-    if (matcher)
-        text += R"(,"matcher":)" + quote(*matcher);
-    return text + '}';
+    text += R"(,"timeout":)" + std::to_string(timeout) + R"(,"type":"command"}]})";
+    return text;
 }
 
 std::string CodexHookIdentity::trustedHash() const {

@@ -46,10 +46,16 @@ std::optional<std::filesystem::path> scriptsDirectory(std::string_view command) 
 } // namespace
 
 CodexTrust::CodexTrust(CodexPaths paths, const std::filesystem::path& hooksPath)
-    : m_paths(std::move(paths)), m_hooksPath(hooksPath.string()) {}
+    : m_paths(std::move(paths)), m_hooksPaths{m_paths.hooksFile.string()} {
+    if (hooksPath != m_paths.hooksFile)
+        m_hooksPaths.push_back(hooksPath.string());
+}
 
-CodexTrustSlot CodexTrust::slot(const HookSite& site) const {
-    return CodexTrustSlot::at(m_hooksPath, site.group, site.entry);
+CodexTrust::Keys CodexTrust::keys(const HookSite& site) const {
+    Keys keys;
+    for (const std::string& path : m_hooksPaths)
+        keys.push_back(CodexTrustSlot::at(path, site.group, site.entry).key);
+    return keys;
 }
 
 TOMLName CodexTrust::tableName(std::string_view key) {
@@ -92,27 +98,29 @@ BlockFinding CodexTrust::find(const TOMLDocument* document, const CodexHookSite*
         return {BlockFinding::FileAbsent{}};
     if (site == nullptr)
         return {BlockFinding::Absent{}};
-    const auto drifted = [](std::string reason) {
-        return BlockFinding{BlockFinding::Drifted{{std::move(reason)}}};
-    };
-    const std::string file = m_paths.hooksFile.string();
     const auto identity = site->identity();
     if (!identity)
-        return drifted(fmt::format("the timeout on the Wendlow hook entry in {} is not a whole "
-                                   "number, so the identity Codex hashes cannot be computed",
-                                   file));
-    const std::string key = slot(*site).key;
-    const auto recorded = recordedHash(key, *document);
-    if (!recorded)
-        return drifted(
-            fmt::format("no trusted hash is recorded here for the Wendlow hook entry in {}", file));
-    if (const std::string computed = identity->trustedHash(); *recorded != computed)
-        return drifted(fmt::format("the trusted hash recorded here is {} and the Wendlow hook "
-                                   "entry in {} hashes to {}",
-                                   *recorded, file, computed));
-    if (isSwitchedOff(key, *document))
-        return drifted(switchedOffText());
-    return {BlockFinding::Connected{}};
+        return {BlockFinding::Drifted{
+            {fmt::format("the timeout on the Wendlow hook entry in {} is not a whole number, so "
+                         "the identity Codex hashes cannot be computed",
+                         m_paths.hooksFile.string())}}};
+    const std::string computed = identity->trustedHash();
+    std::vector<std::string> reasons;
+    for (const std::string& path : m_hooksPaths) {
+        const std::string key = CodexTrustSlot::at(path, site->group, site->entry).key;
+        const auto recorded = recordedHash(key, *document);
+        if (!recorded)
+            reasons.push_back(fmt::format(
+                "no trusted hash is recorded here for the Wendlow hook entry in {}", path));
+        else if (*recorded != computed)
+            reasons.push_back(fmt::format("the trusted hash recorded here is {} and the Wendlow "
+                                          "hook entry in {} hashes to {}",
+                                          *recorded, path, computed));
+        else if (isSwitchedOff(key, *document) &&
+                 std::ranges::count(reasons, switchedOffText()) == 0)
+            reasons.push_back(switchedOffText());
+    }
+    return BlockFinding::from(std::move(reasons));
 }
 
 CodexTrust::Hashes CodexTrust::knownHashes(const CodexHookIdentity& currentIdentity,
@@ -129,18 +137,20 @@ CodexTrust::Hashes CodexTrust::knownHashes(const CodexHookIdentity& currentIdent
     return known;
 }
 
-CodexTrust::Judgement CodexTrust::judge(const TOMLDocument& document,
-                                        const std::optional<std::string>& occupied,
+CodexTrust::Judgement CodexTrust::judge(const TOMLDocument& document, const Keys& occupied,
                                         const TrustSlots& receiptSlots, const Hashes& known,
                                         const IsLive& isLive) const {
+    const auto isIn = [](const auto& all, const std::string& one) {
+        return std::ranges::find(all, one) != all.end();
+    };
     Judgement judgement;
     for (CodexTrustSlot& slot : slots(document)) {
-        if (slot.key == occupied)
+        if (isIn(occupied, slot.key))
             continue;
         const auto hash = recordedHash(slot.key, document);
         const bool isKnown = hash && known.contains(*hash);
         // Of another hooks file nothing is known here, so all its positions count as in use.
-        const bool inUse = slot.hooksPath != m_hooksPath || isLive(slot.group, slot.index);
+        const bool inUse = !isIn(m_hooksPaths, slot.hooksPath) || isLive(slot.group, slot.index);
         if (receiptSlots.contains(slot.key)) {
             // Since we wrote it, a person may have come to trust what stands there now.
             if (isKnown || !hash || !inUse)
@@ -179,8 +189,7 @@ CodexTrust::Result<InstalledBlock> CodexTrust::installed(std::string_view bytes,
     return block;
 }
 
-CodexTrust::Result<RemovedBlock> CodexTrust::removed(std::string_view bytes,
-                                                     const std::vector<std::string>& keys) {
+CodexTrust::Result<RemovedBlock> CodexTrust::removed(std::string_view bytes, const Keys& keys) {
     RemovedBlock block;
     for (const std::string& key : keys) {
         const std::string_view now = block.bytes ? *block.bytes : bytes;

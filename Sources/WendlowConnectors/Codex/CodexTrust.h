@@ -22,10 +22,13 @@ namespace wendlow {
 
 /// The tables in Codex's configuration that hold the trusted hash for each position of a hook. A
 /// hook runs only where the hash of what stands at its position is recorded, so that every entry
-/// that moves leaves a hash behind for whatever stands there next.
+/// that moves leaves a hash behind for whatever stands there next. A position is named after its
+/// hooks file: by some versions as the path is written, by others as it resolves. Where links make
+/// the two differ, both names are kept.
 class CodexTrust {
 public:
     using Hashes = std::set<std::string, std::less<>>;
+    using Keys = std::vector<std::string>;
     using IsLive = std::function<bool(std::ptrdiff_t group, std::ptrdiff_t index)>;
     template<class T> using Result = std::expected<T, TOMLEditFailure>;
 
@@ -37,11 +40,11 @@ public:
         bool operator==(const Judgement&) const = default;
     };
 
-    /// `hooksPath` is where the hooks file really lies: trust records name it so.
+    /// `hooksPath` is where the hooks file really lies.
     CodexTrust(CodexPaths paths, const std::filesystem::path& hooksPath);
 
-    /// Where the trust of an entry on a prompt is recorded.
-    CodexTrustSlot slot(const HookSite& site) const;
+    /// Where the trust of an entry on a prompt is recorded, under each name of its file.
+    Keys keys(const HookSite& site) const;
     static TOMLName tableName(std::string_view key);
 
     /// The slots of hooks on a prompt, of any hooks file.
@@ -60,9 +63,9 @@ public:
     /// folders of older scripts.
     static Hashes knownHashes(const CodexHookIdentity& currentIdentity,
                               const std::vector<CodexHookSite>& sites);
-    /// `occupied` is the slot in use, `isLive` tells whether an entry stands at a position of the
+    /// `occupied` are the slots in use, `isLive` tells whether an entry stands at a position of the
     /// hooks file. A slot that could be somebody else's trust is never to be cleared.
-    Judgement judge(const TOMLDocument& document, const std::optional<std::string>& occupied,
+    Judgement judge(const TOMLDocument& document, const Keys& occupied,
                     const TrustSlots& receiptSlots, const Hashes& known,
                     const IsLive& isLive) const;
 
@@ -70,12 +73,12 @@ public:
     static Result<InstalledBlock> installed(std::string_view bytes, const TOMLDocument& document,
                                             std::string_view key, std::string_view hash);
     /// Takes the hashes out; a table that holds more stays with the rest.
-    static Result<RemovedBlock> removed(std::string_view bytes,
-                                        const std::vector<std::string>& keys);
+    static Result<RemovedBlock> removed(std::string_view bytes, const Keys& keys);
 
 private:
     CodexPaths m_paths;
-    std::string m_hooksPath;
+    std::vector<std::string>
+        m_hooksPaths; ///< as written and, where that is another, as it resolves
 };
 
 } // namespace wendlow

@@ -206,6 +206,10 @@ bool isWritable(const Path& path) {
     return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
+bool isRunnable(const Path& path) {
+    return kind(path) == Kind::file && ::access(path.c_str(), X_OK) == 0;
+}
+
 Result<mode_t> mode(const Path& path) {
     struct stat status{};
     if (::stat(path.c_str(), &status) != 0)
@@ -241,6 +245,20 @@ Result<void> createDirectories(const Path& path, mode_t mode) {
     const int error = errno;
     if (error == EEXIST && isDirectory(path))
         return {};
+    return std::unexpected(error);
+}
+
+Result<Made> makeFolder(const Path& path, mode_t mode) {
+    if (::mkdir(path.c_str(), mode) == 0) {
+        if (const auto set = setMode(path, mode); !set) {
+            ::rmdir(path.c_str());
+            return std::unexpected(set.error());
+        }
+        return Made::now;
+    }
+    const int error = errno;
+    if (error == EEXIST && isDirectory(path))
+        return Made::before;
     return std::unexpected(error);
 }
 

@@ -48,6 +48,7 @@ Kind kind(const Path& path);
 bool exists(const Path& path);      ///< anything stands there, links followed
 bool isDirectory(const Path& path); ///< links followed
 bool isWritable(const Path& path);  ///< by this user
+bool isRunnable(const Path& path);  ///< a file that this user may run
 
 Result<mode_t> mode(const Path& path); ///< the permission bits
 Result<void> setMode(const Path& path, mode_t mode);
@@ -113,6 +114,14 @@ Result<void> removeFolder(const Path& path); ///< an empty one; any other is an 
 /// Makes the folder and those above it that are missing, each with exactly `mode`. Folders that are
 /// there stay as they are.
 Result<void> createDirectories(const Path& path, mode_t mode);
+
+/// Who made a folder.
+enum class Made {
+    now,    ///< this call
+    before, ///< somebody else: it was there
+};
+/// Makes the folder, with exactly `mode`, in one that is there.
+Result<Made> makeFolder(const Path& path, mode_t mode);
 
 /// The names in a folder, sorted by bytes; an unreadable folder is an error.
 Result<std::vector<std::string>> names(const Path& folder);

@@ -58,8 +58,37 @@ std::expected<std::optional<ByteRange>, JSONTextError> span(std::string_view byt
     return std::nullopt;
 }
 
+std::size_t triviaEnd(std::string_view bytes, std::size_t offset) {
+    for (;;) {
+        while (offset < bytes.size() && JSONText::isWhitespace(bytes[offset])) {
+            ++offset;
+        }
+        const auto comment = span(bytes, offset);
+        if (!comment || !*comment) {
+            return offset;
+        }
+        offset = (*comment)->upper;
+    }
+}
+
 std::size_t count(std::span<const ByteRange> comments, ByteRange range) {
     return inside(comments, range).size();
+}
+
+std::size_t lineCount(std::string_view bytes, std::span<const ByteRange> comments,
+                      ByteRange range) {
+    std::size_t lines = 0;
+    std::size_t from = range.lower;
+    for (const ByteRange& comment : inside(comments, range)) {
+        const auto gap = bytes.substr(from, comment.lower - from);
+        if (lines == 0 || gap.contains('\n')) {
+            ++lines;
+        }
+        lines += static_cast<std::size_t>(
+            std::ranges::count(bytes.substr(comment.lower, comment.size()), '\n'));
+        from = comment.upper;
+    }
+    return lines;
 }
 
 std::string preserved(std::string_view bytes, std::span<const ByteRange> comments, ByteRange range,

@@ -17,8 +17,14 @@ namespace wendlow::JSONComments {
 std::expected<std::optional<ByteRange>, JSONTextError> span(std::string_view bytes,
                                                             std::size_t offset);
 
+/// Past the white space and the comments that begin at `offset`. A comment that never closes is no
+/// comment.
+std::size_t triviaEnd(std::string_view bytes, std::size_t offset);
+
 /// How many of `comments` (in document order) lie wholly inside `range`.
 std::size_t count(std::span<const ByteRange> comments, ByteRange range);
+/// How many lines of `bytes` those comments stand on.
+std::size_t lineCount(std::string_view bytes, std::span<const ByteRange> comments, ByteRange range);
 
 /// What has to be put back when `range` is cut out of `bytes`, so that no comment is lost: each
 /// comment inside with the white space before it, and `newline` after a line comment that would

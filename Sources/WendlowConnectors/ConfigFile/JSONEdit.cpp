@@ -109,6 +109,41 @@ std::string firstItemOnLine(const JSONNode& container, const JSONNode& root, std
                        literal.render(inner, unit, style), outer);
 }
 
+/// Where the last comment that ends in `range` does; where the range begins, if none does.
+std::size_t lastCommentEnd(std::span<const ByteRange> comments, ByteRange range) {
+    const auto after = std::ranges::upper_bound(comments, range.upper, {}, &ByteRange::upper);
+    return after == comments.begin() ? range.lower : std::max(range.lower, std::prev(after)->upper);
+}
+
+/// The comma behind the last item of a container, which ends at `itemEnd`. Only where comments are
+/// allowed may there be one.
+std::optional<std::size_t> trailingComma(std::string_view text, std::size_t itemEnd) {
+    const auto next = JSONComments::triviaEnd(text, itemEnd);
+    return text[next] == ',' ? std::optional(next) : std::nullopt;
+}
+
+/// What is inserted, and where.
+struct Insertion {
+    std::size_t position = 0;
+    std::string text;
+};
+
+/// A new item behind the last one and its `comma`, with a comma of its own. On lines, it is below
+/// the comments that stand there, so that each stays with what it speaks of.
+Insertion behindComma(std::string_view text, std::span<const ByteRange> comments, std::size_t comma,
+                      std::size_t closing, const InsertionPrefix& set, std::string_view item) {
+    if (!set.style.multiline)
+        return {comma + 1, fmt::format("{}{},", set.prefix, item)};
+    const auto lowest = lastCommentEnd(comments, {comma + 1, closing});
+    const auto position = whitespaceRun(closing, text, lowest).lower;
+    // A comment that ends there would take in blanks in front of the line break, and would lose a
+    // carriage return of its own to a line feed without one.
+    const auto feed = set.prefix.find('\n');
+    const bool isCRLF = feed > 0 && set.prefix[feed - 1] == '\r';
+    const bool hasReturn = isCRLF || text[position - 1] == '\r';
+    return {position, fmt::format("{}{}{},", hasReturn ? "\r" : "", set.prefix.substr(feed), item)};
+}
+
 std::string setFirstMember(std::string_view text, const JSONDocument& document,
                            const JSONNode& object, std::string_view key,
                            const JSONLiteral& literal) {
@@ -149,11 +184,15 @@ Result setMember(std::string_view text, const JSONDocument& document, const JSON
     if (!last) {
         return setFirstMember(text, document, *object, key, literal);
     }
-    const auto [prefix, indent, style] = insertionPrefix(last->keyStart, text, lineEnding(text));
-    const auto position = last->value.end();
-    return splice(text, {position, position},
-                  fmt::format(",{}{}{}", prefix, keyed(key, style),
-                              literal.render(indent, indentUnit(document.root(), text), style)));
+    const auto set = insertionPrefix(last->keyStart, text, lineEnding(text));
+    const auto item = keyed(key, set.style) +
+                      literal.render(set.indent, indentUnit(document.root(), text), set.style);
+    const auto end = last->value.end();
+    const auto comma = trailingComma(text, end);
+    const Insertion insertion =
+        comma ? behindComma(text, document.comments(), *comma, object->end() - 1, set, item)
+              : Insertion{end, fmt::format(",{}{}", set.prefix, item)};
+    return splice(text, {insertion.position, insertion.position}, insertion.text);
 }
 
 Result appendElement(std::string_view text, const JSONDocument& document, const JSONPath& path,
@@ -186,11 +225,19 @@ struct Siblings {
     std::optional<std::size_t> previousEnd;
     ByteRange item;
     std::optional<std::size_t> nextStart;
+    std::optional<std::size_t> trailingComma = std::nullopt; ///< behind it, if it is the last
 };
 
 /// What goes with an item that is not the only one: the comma behind the first one, so that the
-/// next takes its place exactly, and the comma before any other.
-std::optional<ByteRange> cutWithComma(const Siblings& siblings) {
+/// next takes its place exactly, and the comma before any other. The last of a list whose items
+/// each have their comma takes its own along.
+std::optional<ByteRange> cutWithComma(std::string_view text, std::span<const ByteRange> comments,
+                                      const Siblings& siblings) {
+    if (siblings.previousEnd && siblings.trailingComma) {
+        const auto lowest = lastCommentEnd(comments, {*siblings.previousEnd, siblings.item.lower});
+        return ByteRange{whitespaceRun(siblings.item.lower, text, lowest).lower,
+                         *siblings.trailingComma + 1};
+    }
     if (siblings.previousEnd) {
         return ByteRange{*siblings.previousEnd, siblings.item.upper};
     }
@@ -254,8 +301,14 @@ Result removeMember(std::string_view text, const JSONDocument& document, const J
         return failure(JSONEditError::noSuchMember(path, key));
     }
     const auto comments = document.comments();
-    const auto cut = cutWithComma(*siblings).value_or(
-        cutOnlyMember(text, comments, inside(*object), siblings->item));
+    auto whole = siblings->item;
+    if (!siblings->nextStart) {
+        siblings->trailingComma = trailingComma(text, whole.upper);
+        // An object that holds a comma alone would not read.
+        whole.upper = siblings->trailingComma ? *siblings->trailingComma + 1 : whole.upper;
+    }
+    const auto cut = cutWithComma(text, comments, *siblings)
+                         .value_or(cutOnlyMember(text, comments, inside(*object), whole));
     const auto newline = lineEnding(text);
     auto kept = JSONComments::preserved(text, comments, cut, newline);
     if (needsLineBreak(text, comments, cut, kept)) {
@@ -285,7 +338,7 @@ Result removeElement(std::string_view text, const JSONDocument& document, const 
     if (!siblings) {
         return failure(JSONEditError::noSuchElement(path, index));
     }
-    return splice(text, cutWithComma(*siblings).value_or(inside(*array)), {});
+    return splice(text, cutWithComma(text, {}, *siblings).value_or(inside(*array)), {});
 }
 
 namespace {

@@ -157,12 +157,30 @@ bool Scanner::parseObject() {
             if (*m_at != ',') {
                 return fail("a comma or a closing brace was expected", m_at);
             }
+            if (isClosedBehindComma('}')) {
+                break;
+            }
         }
     }
     m_tape.close(opening, offset(m_at));
     ++m_at;
     --m_depth;
     return true;
+}
+
+/// Whether the comma at the position is the last thing in its container; then the position is on
+/// the bracket. What is wrong with a comment on the way is told by who reads on.
+bool Scanner::isClosedBehindComma(char bracket) {
+    if (m_dialect == JSONDialect::json) {
+        return false;
+    }
+    const char* const bracketAt =
+        JSONComments::triviaEnd({m_begin, offset(m_end)}, offset(m_at) + 1) + m_begin;
+    if (bracketAt == m_end || *bracketAt != bracket) {
+        return false;
+    }
+    ++m_at;
+    return skipTrivia();
 }
 
 /// A member with the trivia on both sides of it.
@@ -205,6 +223,9 @@ bool Scanner::parseArray() {
             }
             if (*m_at != ',') {
                 return fail("a comma or a closing bracket was expected", m_at);
+            }
+            if (isClosedBehindComma(']')) {
+                break;
             }
         }
     }

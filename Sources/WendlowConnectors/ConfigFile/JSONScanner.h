@@ -38,6 +38,7 @@ private:
     bool parseObject();
     bool parseMember();
     bool parseArray();
+    bool isClosedBehindComma(char bracket);
     bool parseString();
     bool skipEscape(const char* open);
     bool skipNonASCII(const char* open);

@@ -16,8 +16,10 @@ namespace wendlow {
 class JSONTape;
 
 enum class JSONDialect {
-    json,             ///< strict: a `/` outside a string is an error
-    jsonWithComments, ///< strict, plus `//` and `/* */` wherever white space may stand
+    json, ///< strict: a `/` outside a string is an error
+    /// Strict, plus `//` and `/* */` wherever white space may stand, and a comma behind the last
+    /// member or element.
+    jsonWithComments,
 };
 
 /// Why bytes did not read as JSON.

@@ -3,6 +3,7 @@
 #include "ConfigFile/Disk.h"
 #include "Cursor/CursorThirdParty.h"
 #include "Cursor/CursorVersion.h"
+#include "Drift.h"
 #include "HookLists.h"
 #include "JSONFile.h"
 
@@ -13,17 +14,6 @@
 namespace wendlow {
 
 namespace {
-
-/// "a, b and c"
-std::string listed(const std::vector<std::string>& items) {
-    std::string text;
-    for (std::size_t index = 0; index < items.size(); ++index) {
-        if (index > 0)
-            text += index + 1 == items.size() ? " and " : ", ";
-        text += items[index];
-    }
-    return text;
-}
 
 Observations replacedObservations(const std::string& file,
                                   const std::vector<std::string>& replaced) {
@@ -56,8 +46,10 @@ public:
               {.path = m_servers.file.label,
                .what = "MCP server entry",
                .command = m_paths.mcpCommand()}}}};
-        if (!sites().empty())
-            found.more = all({newVersion(), doubleFire()});
+        if (sites().empty())
+            return found;
+        found.more = all({newVersion(), doubleFire(), noVersion()});
+        append(found.more, Drift::unrunnable(m_paths.hookBinary));
         return found;
     }
 
@@ -96,7 +88,8 @@ public:
         if (!server)
             return nothingWritten(m_servers.file, description(server.error()));
         ConnectorVerb::Removal plan;
-        if (const auto version = foreignVersion())
+        const auto version = hooks->bytes && hooks->heldOurs ? foreignVersion() : std::nullopt;
+        if (version)
             plan.notes.push_back(
                 {m_hooks.file.label, fmt::format("this file states hooks configuration version {}, "
                                                  "and only the Wendlow entry was taken out of it",
@@ -120,6 +113,13 @@ private:
         const auto version = m_hook.version(m_hooks.document->root(), m_hooks.bytes());
         const std::string* const foreign = version.foreign();
         return foreign != nullptr ? std::optional(*foreign) : std::nullopt;
+    }
+
+    std::optional<Observation> noVersion() const {
+        if (m_hooks.contents()->root().member("version"))
+            return std::nullopt;
+        return Observation{m_hooks.file.label, "this file states no hooks configuration version, "
+                                               "and Cursor asks for one"};
     }
 
     std::optional<Observation> newVersion() const {

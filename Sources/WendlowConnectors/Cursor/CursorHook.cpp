@@ -276,7 +276,7 @@ CursorHook::Result<RemovedBlock> CursorHook::removed(std::string_view bytes,
     if (auto step = removal.removeEmpty(Created::cursorHooksObject, {}, "hooks", "hooks object");
         !step)
         return std::unexpected(step.error());
-    return std::move(removal).finish();
+    return std::move(removal).finish(!emptied.empty());
 }
 
 bool CursorHook::isSeedResidue(std::string_view bytes) {

@@ -24,15 +24,27 @@ bool isEmptyObject(std::string_view bytes) {
     return document && document->root().isObject() && document->root().count() == 0;
 }
 
-constexpr ConnectorVerb::FileRole serverRole{
-    .file = Created::openCodeConfigFile, .what = "MCP server entry", .isEmpty = isEmptyObject};
+/// Whether nothing is left in a configuration but what OpenCode itself puts into every one that
+/// has none of it.
+bool isLeftover(std::string_view bytes) {
+    const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::jsonWithComments);
+    return document && document->root().isObject() &&
+           std::ranges::all_of(document->root().members(), [](const JSONNode::Member& member) {
+               return member.key == "$schema";
+           });
+}
+
+constexpr ConnectorVerb::FileRole serverRole{.file = Created::openCodeConfigFile,
+                                             .what = "MCP server entry",
+                                             .isEmpty = isEmptyObject,
+                                             .isLeftover = isLeftover};
 constexpr ConnectorVerb::FileRole pluginRole{.file = Created::openCodePluginFile, .what = "plugin"};
 
 /// Whether the store was last shaped by an OpenCode that does not know our plugin's hooks. One that
 /// does not answer counts as such.
-bool isOldStore(const std::filesystem::path& database) {
-    const auto writer = OpenCodeSessionStore::writer(database);
-    return writer && *writer != OpenCodeSessionStore::Writer::opencode2;
+bool isOldStore(std::optional<OpenCodeSessionStore::Writer> writer) {
+    using OpenCodeSessionStore::Writer;
+    return writer == Writer::opencode1 || writer == Writer::unknown;
 }
 
 /// Takes the emptied plugins folder away, or says why it stays.
@@ -68,15 +80,20 @@ public:
     }
 
     ScanJoin::Findings findings() const override {
-        return {{{m_config.find(m_mcp, receipt().created),
-                  {.path = m_config.file.label,
-                   .what = serverRole.what,
-                   .command = m_paths.mcpCommand(),
-                   .language = language}},
-                 {pluginFinding(),
-                  {.path = m_plugin.label,
-                   .what = pluginRole.what,
-                   .command = m_paths.hookCommand()}}}};
+        ScanJoin::Findings found{{{m_config.find(m_mcp, receipt().created),
+                                   {.path = m_config.file.label,
+                                    .what = serverRole.what,
+                                    .command = m_paths.mcpCommand(),
+                                    .language = language}},
+                                  {pluginFinding(),
+                                   {.path = m_plugin.label,
+                                    .what = pluginRole.what,
+                                    .command = m_paths.hookCommand()}}}};
+        if (found.blocks[0].finding.holdsOurs())
+            found.more = all({switchedOffElsewhere()});
+        if (found.blocks[1].finding.holdsOurs())
+            append(found.more, Drift::unrunnable(m_paths.hookBinary));
+        return found;
     }
 
     Observations refusal(Verb verb) const override {
@@ -138,7 +155,8 @@ public:
         plan.files.push_back({.file = std::move(m_plugin),
                               .what = pluginRole.what,
                               .edited = hasOurPlugin(),
-                              .after = std::nullopt});
+                              .after = std::nullopt,
+                              .lost = {}});
         if (receipt().created.contains(Created::openCodePluginsDirectory))
             plan.afterwards = [&paths = m_paths] {
                 return removeFolder(paths.pluginsDirectory, paths.hooksFile);
@@ -174,6 +192,18 @@ private:
         }
         return BlockFinding::from(
             Drift::reasons(m_paths.hookCommand(), m_paths.hookCommand(), m_paths.hookBinary));
+    }
+
+    /// What the configuration's other file says of our entry, which makes neither wrong.
+    std::optional<Observation> switchedOffElsewhere() const {
+        const ToolFile other = ToolFile::read(m_paths.otherServersFile(), ToolFile::Purpose::scan);
+        const auto document =
+            JSONText::scanWithTrivia(other.bytesOr("{}"), JSONDialect::jsonWithComments);
+        const auto entry = document ? OpenCodeMCP::node(*document) : std::nullopt;
+        if (!entry || !OpenCodeMCP::isSwitchedOff(*entry))
+            return std::nullopt;
+        return Observation{other.label, "a Wendlow MCP entry in this file is switched off, and "
+                                        "OpenCode reads this file too"};
     }
 
     /// Why no verb may plan for the configuration.
@@ -227,7 +257,10 @@ std::unique_ptr<ToolLook> OpenCodeConnector::look(ToolFile::Purpose purpose) con
 
 ConnectorIdentity OpenCodeConnector::shownIdentity() const {
     ConnectorIdentity shown = identity();
-    if (isOldStore(m_paths.sessionDatabase()))
+    const auto writer = OpenCodeSessionStore::writer(m_paths.sessionDatabase());
+    if (writer == OpenCodeSessionStore::Writer::locked)
+        return shown; // another question would wait as long again
+    if (isOldStore(writer))
         shown.detail = "Update OpenCode and open it once to use it with Wendlow.";
     else if (OpenCodeSessionStore::isOpenCode1StillUsed(m_paths.sessionDatabase(),
                                                         surroundings().now()))
@@ -238,7 +271,13 @@ ConnectorIdentity OpenCodeConnector::shownIdentity() const {
 
 std::optional<Observation> OpenCodeConnector::standsInTheWay() const {
     const auto database = m_paths.sessionDatabase();
-    if (!isOldStore(database))
+    using OpenCodeSessionStore::Writer;
+    const auto writer = OpenCodeSessionStore::writer(database);
+    if (writer == Writer::locked)
+        return Observation{database.string(),
+                           "another program is keeping this session store to itself just now, so "
+                           "that it cannot be told which OpenCode it is. Nothing was written"};
+    if (!isOldStore(writer))
         return std::nullopt;
     return Observation{database.string(),
                        "this is OpenCode 1's session store; update OpenCode and open it once, then "

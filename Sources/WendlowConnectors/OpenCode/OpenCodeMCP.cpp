@@ -49,14 +49,9 @@ std::optional<std::string> extras(const JSONNode& entry) {
     const auto enabled = entry.member(enabledKey);
     if (enabled && !enabled->boolean())
         return "states an enabled that is neither true nor false";
-    if (entry.member("command")->count() > 1)
+    if (const auto command = entry.member("command"); command && command->count() > 1)
         return "carries arguments this build does not write";
     return std::nullopt;
-}
-
-/// How many comments stand inside the entry.
-std::size_t interiorComments(const JSONDocument& document) {
-    return JSONComments::count(document.comments(), OpenCodeMCP::node(document)->range());
 }
 
 } // namespace
@@ -194,17 +189,18 @@ OpenCodeMCP::installed(std::string_view bytes, const JSONDocument& document) con
             installed.created.insert(Created::openCodeMCPObject);
     } else {
         // One member after the other, so that a comment beside them stays.
-        const std::size_t before = interiorComments(document);
         for (const auto& [key, value] : members()) {
             const auto stated = node(draft.document())->member(key);
             if (stated && (key == enabledKey || stated->value(draft.bytes()) == value.value()))
                 continue;
+            if (stated)
+                installed.commentsReplaced += JSONComments::lineCount(
+                    draft.bytes(), draft.document().comments(), stated->range());
             if (auto taken = draft.take(
                     JSONEdit::setMember(draft.bytes(), draft.document(), entryPath(), key, value));
                 !taken)
                 return std::unexpected(taken.error());
         }
-        installed.commentsReplaced = before - interiorComments(draft.document());
     }
     installed.bytes = std::move(draft).finish();
     return installed;
@@ -229,6 +225,10 @@ OpenCodeMCP::Result<RemovedBlock> OpenCodeMCP::removed(std::string_view bytes,
         block.leftovers.emplace_back(
             "an empty wendlow entry remains here, which Wendlow did not create");
     } else {
+        const JSONNode entry = *node(document);
+        if (const auto description = entry.isObject() ? extras(entry) : std::nullopt)
+            block.lost.push_back(fmt::format(
+                "the mcp.wendlow entry here {}, and this was removed with it", *description));
         if (auto taken = take({serversKey}, entryKey); !taken)
             return std::unexpected(taken.error());
         const bool isEmpty = draft.root().member(serversKey)->count() == 0;

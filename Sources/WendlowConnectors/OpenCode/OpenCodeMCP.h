@@ -14,8 +14,8 @@
 
 namespace wendlow {
 
-/// The `wendlow` entry under `mcp` in OpenCode's configuration, which may hold comments. Pure on
-/// bytes; any thread.
+/// The `wendlow` entry under `mcp` in OpenCode's configuration, which may hold comments and commas
+/// behind the last of a list. Pure on bytes; any thread.
 class OpenCodeMCP {
 public:
     using Readable = JSONBlock::Readable;
@@ -63,7 +63,7 @@ public:
                                              const std::set<Created>& created) const;
 
     struct Installed : InstalledBlock {
-        std::size_t commentsReplaced = 0; ///< that stood inside the values that were overwritten
+        std::size_t commentsReplaced = 0; ///< lines of them in the values that were overwritten
     };
     /// Puts the entry in, or its members into one that differs. What a person said of `enabled`
     /// stands. `document` is the scan of `bytes`.

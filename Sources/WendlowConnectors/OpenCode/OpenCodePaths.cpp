@@ -13,6 +13,10 @@ OpenCodePaths OpenCodePaths::under(const Path& home, const Path& bundle) {
     return paths;
 }
 
+OpenCodePaths::Path OpenCodePaths::otherServersFile() const {
+    return configDirectory / "opencode.json";
+}
+
 OpenCodePaths::Path OpenCodePaths::sessionDatabase() const {
     return dataDirectory / "opencode.db";
 }

@@ -12,6 +12,7 @@ struct OpenCodePaths : ToolPaths {
 
     static OpenCodePaths under(const Path& home, const Path& bundle);
 
+    Path otherServersFile() const; ///< read as well, and never written
     Path sessionDatabase() const;
     Path configAgentsFile() const;
 

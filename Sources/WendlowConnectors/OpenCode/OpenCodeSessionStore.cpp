@@ -3,7 +3,9 @@
 #include "ConfigFile/Disk.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <fstream>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -20,13 +22,49 @@ namespace {
 
 constexpr auto busyTimeout = std::chrono::milliseconds(1500);
 
+/// Whether a database keeps a write-ahead log, has nothing in it just now, and lacks the index that
+/// whoever opens it makes: all of it is in its one file, and nobody is writing.
+bool isAtRest(const Path& path) {
+    // Where its header says which way of writing it is for, and which of reading.
+    constexpr std::size_t ways = 18;
+    constexpr char withLog = 2;
+    std::array<char, ways + 2> header{};
+    if (!std::ifstream(path, std::ios::binary).read(header.data(), header.size()))
+        return false;
+    if (header[ways] != withLog || header[ways + 1] != withLog ||
+        Disk::exists(path.string() + "-shm"))
+        return false;
+    std::error_code none;
+    const auto logged = std::filesystem::file_size(path.string() + "-wal", none);
+    return none || logged == 0;
+}
+
+/// The path as SQLite wants it where more than a path is to be said. Opened so, a database at rest
+/// is read as it lies, and the log's companion files, which a reader makes and cannot take away
+/// again, are not made.
+std::string immutable(const Path& path) {
+    std::string uri = "file:";
+    for (const char byte : path.string())
+        uri += std::string_view("%?#").contains(byte)
+                   ? fmt::format("%{:02X}", static_cast<unsigned char>(byte))
+                   : std::string(1, byte);
+    return uri + "?immutable=1";
+}
+
 /// A read-only connection, closed with the object.
 class Database {
 public:
     explicit Database(const Path& path, int furtherFlags = 0) {
         sqlite3* connection = nullptr;
-        m_isOpen = sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READONLY | furtherFlags,
-                                   nullptr) == SQLITE_OK;
+        // Anything else than a file may keep whoever opens it waiting.
+        if (Disk::kind(path) != Disk::Kind::file)
+            return;
+        const bool atRest = isAtRest(path);
+        const std::string name = atRest ? immutable(path) : path.string();
+        m_isOpen =
+            sqlite3_open_v2(name.c_str(), &connection,
+                            SQLITE_OPEN_READONLY | (atRest ? SQLITE_OPEN_URI : 0) | furtherFlags,
+                            nullptr) == SQLITE_OK;
         m_connection.reset(connection); // one that failed has to be closed too, if there is any
     }
 
@@ -79,20 +117,22 @@ private:
     bool m_isPrepared = false;
 };
 
-/// The first column of all rows; nothing on any failure, whatever rows came before it.
-std::optional<std::vector<std::string>> answers(const Path& path, const std::string& text) {
+/// The first column of all rows; SQLite's code on any failure, whatever rows came before it.
+std::expected<std::vector<std::string>, int> answers(const Path& path, const std::string& text) {
     const Database database(path);
     if (!database.isOpen())
-        return std::nullopt;
+        return std::unexpected(SQLITE_CANTOPEN);
     sqlite3_busy_timeout(database.get(), static_cast<int>(busyTimeout.count()));
     Query query(database, text);
     if (!query.isPrepared())
-        return std::nullopt;
+        return std::unexpected(sqlite3_errcode(database.get()));
     std::vector<std::string> rows;
     int status = query.step();
     for (; status == SQLITE_ROW; status = query.step())
         rows.emplace_back(query.text(0));
-    return status == SQLITE_DONE ? std::optional(std::move(rows)) : std::nullopt;
+    if (status != SQLITE_DONE)
+        return std::unexpected(status);
+    return rows;
 }
 
 /// A look-up by a view into the row makes no string for a folder that is known already.
@@ -159,6 +199,8 @@ std::optional<Writer> writer(const Path& database) {
         return std::nullopt;
     const auto tables = answers(database, "SELECT name FROM sqlite_master WHERE type = 'table' AND "
                                           "name IN ('session', 'session_v2')");
+    if (!tables && (tables.error() == SQLITE_BUSY || tables.error() == SQLITE_LOCKED))
+        return Writer::locked;
     if (!tables || tables->empty())
         return Writer::unknown;
     return std::ranges::find(*tables, "session_v2") != tables->end() ? Writer::opencode2

@@ -12,9 +12,9 @@
 namespace wendlow {
 
 /// OpenCode's session database, which a running OpenCode may be writing at the same moment. Read
-/// only, one connection for each call; beside a database with a write-ahead log, SQLite makes the
-/// log's two companion files where they are missing, and OpenCode takes them away again. Blocks,
-/// for up to a second and a half where a question is put to a database that is locked; any thread.
+/// only, one connection for each call, and nothing is left beside a database that nobody has open.
+/// Blocks, for up to a second and a half where a question is put to a database that is locked; any
+/// thread.
 namespace OpenCodeSessionStore {
 
 using Path = std::filesystem::path;
@@ -23,7 +23,8 @@ using Path = std::filesystem::path;
 enum class Writer {
     opencode1,
     opencode2,
-    unknown, ///< neither's tables are there, or the database did not answer
+    unknown, ///< neither's tables are there, or what stands there is no database
+    locked,  ///< it is kept by another program for as long as we wait
 };
 
 /// Nothing where there is no file at all.

@@ -18,18 +18,13 @@ TEST(CodexHookIdentity, isHashedAsCodexDoes) {
     const auto legacy = CodexHookIdentity::legacyIdentities("/S", 3);
     ASSERT_EQ(legacy.size(), 3U);
     const std::vector<Case> cases{
-        {{"/A/wendlow-hook --harness codex",
-          "Loading Wendlow rules and memory",
-          3,
-          {},
-          false,
-          7500},
+        {{"/A/wendlow-hook --harness codex", "Loading Wendlow rules and memory", 3, false, 7500},
          R"([{"additionalContextLimit":7500,"async":false,"command":"/A/wendlow-hook --harness codex","statusMessage":"Loading Wendlow rules and memory","timeout":3,"type":"command"}]})",
          "eed04b931c2d67a1fe617a0cb6ae7b60ac598899f38aabe3ce124ba7b5d07ed1"},
-        {{"/Users/Zoë/Wendlow.app/x", {}, -1, R"(a|"b")", true, {}},
-         R"([{"async":true,"command":"/Users/Zoë/Wendlow.app/x","timeout":-1,"type":"command"}],"matcher":"a|\"b\""})",
-         "ef655d28b6868c156aee547120f6781e4e301cb7fdaf670ecc6f5dfa048de42e"},
-        {{"C:\\x\t/y", R"(say "hi")", 600, {}, false, {}},
+        {{"/Users/Zoë/Wendlow.app/x", {}, 1, true, {}},
+         R"([{"async":true,"command":"/Users/Zoë/Wendlow.app/x","timeout":1,"type":"command"}]})",
+         "938c2d9981a0711e7e734b51264832db0ffa9d5ca595070ee5f8ee8a81bb3619"},
+        {{"C:\\x\t/y", R"(say "hi")", 600, false, {}},
          R"([{"async":false,"command":"C:\\x\t/y","statusMessage":"say \"hi\"","timeout":600,"type":"command"}]})",
          "1992719d5b8352fe5abbb23d0d172ffe4da44f16750429fd29cdbb072e6347f5"},
         {legacy[0],
@@ -66,18 +61,37 @@ TEST(CodexHook, readsEveryFieldThatIsHashed) {
               (CodexHookIdentity{"/Old/Wendlow.app/Contents/MacOS/wendlow-hook --harness codex",
                                  "Loading Wendlow rules and memory",
                                  3,
-                                 {},
                                  false,
                                  {}}));
     EXPECT_EQ(sites[1].group, 1);
     EXPECT_EQ(sites[1].tier, HookOwnership::current);
-    EXPECT_EQ(sites[1].matcher, "m");
     EXPECT_EQ(sites[1].timeout, std::nullopt);
     EXPECT_EQ(sites[1].identity(), std::nullopt);
     EXPECT_EQ(sites[1].statusMessage, std::nullopt);
     EXPECT_EQ(sites[1].additionalContextLimit, -12);
     EXPECT_TRUE(sites[1].isAsync);
     EXPECT_EQ(CodexHook::onPrompt(sites), &sites[1]);
+}
+
+TEST(CodexHook, takesATimeoutAsCodexDoes) {
+    const CodexHome home;
+    const CodexHook hook(home.paths());
+    const std::pair<const char*, std::optional<std::int64_t>> cases[] = {
+        {"", 600},
+        {R"(,"timeout":0)", 1},
+        {R"(,"timeout":7)", 7},
+        {R"(,"timeout":3.0)", {}},
+        {R"(,"timeout":-1)", {}},
+        {R"(,"timeout":null)", {}}};
+    for (const auto& [stated, timeout] : cases) {
+        const std::string bytes =
+            home.filled(R"({"hooks":{"UserPromptSubmit":[{"matcher":"m","hooks":[{"command":)"
+                        R"("@home/Wendlow.app/Contents/MacOS/wendlow-hook --harness codex")" +
+                        std::string(stated) + "}]}]}}");
+        const auto document = *hook.read(bytes);
+        EXPECT_EQ(hook.sites(document.root(), bytes).at(0).timeout, timeout) << stated;
+        EXPECT_EQ(CodexHook::holdsBrokenTimeout(document.root(), bytes), !timeout) << stated;
+    }
 }
 
 TEST(CodexTrustSlot, isReadFromTheBack) {

@@ -77,6 +77,17 @@ TEST(JSONEdit, setsMembers) {
         {R"({"a":1,"a":2})", root, "a", JSONLiteral::boolean(true), R"({"a":true,"a":2})"},
         {R"({"\u0061":1})", root, "a", two(), R"({"\u0061":2})"},
         {"{\"a\":[/* gone */] /* kept */}", root, "a", two(), "{\"a\":2 /* kept */}", comments},
+        // Behind a comma a new one has its own, below the comments that stand there.
+        {"{\"a\":1,}", root, "b", two(), "{\"a\":1,\"b\":2,}", comments},
+        {"{ \"a\": 1 /* x */ , // y\n}", root, "b", two(), "{ \"a\": 1 /* x */ , \"b\":2, // y\n}",
+         comments},
+        {"{\n  \"a\": 1, // y\n}", root, "b", two(), "{\n  \"a\": 1, // y\n  \"b\": 2,\n}",
+         comments},
+        {"{ \r\n\t\"a\": 1, // y \r\n}", root, "b", two(),
+         "{ \r\n\t\"a\": 1, // y \r\n\t\"b\": 2,\r\n}", comments},
+        {"{\n \"a\": 1, // y\r\r\n}", root, "b", two(), "{\n \"a\": 1, // y\r\r\n \"b\": 2,\r\n}",
+         comments},
+        {"{\n \"a\": 1, /* y */ }", root, "a", two(), "{\n \"a\": 2, /* y */ }", comments},
         // Failures.
         {"[]", root, "a", one(), "the top-level value is not an object"},
         {R"({"a":[1]})", {"a", 0}, "b", one(), "a.[0] is not an object"},
@@ -116,6 +127,15 @@ TEST(JSONEdit, removesMembers) {
         {"{\n  // keep\n  \"a\": 1 /* y */}", "a", "{\n  // keep\n /* y */}"},
         {"{\n  /* keep */\n  \"a\": 1}", "a", "{\n  /* keep */}"},
         {"{ /* x */ \"a\" /* y */ : 1 /* z */ }", "a", "{ /* x */  /* y */ /* z */ }"},
+        // The last one before a comma takes that along, the only one too.
+        {"{\"a\":1,\"b\":2,}", "b", "{\"a\":1,}"},
+        {"{\"a\":1,\"b\":2,}", "a", "{\"b\":2,}"},
+        {"{\n  \"a\": 1, // y\n  \"b\": 2 /* x */, // z\n}", "b",
+         "{\n  \"a\": 1, // y\n /* x */ // z\n}"},
+        {"{\"a\":1,// y\n\"b\":2,}", "b", "{\"a\":1,// y\n}"},
+        {"{ \"a\": 1, }", "a", "{}"},
+        {"{\n  // x\n  \"a\": 1 /* y */, // z\n}", "a", "{\n  // x\n /* y */ // z\n}"},
+        {"{ /* x */ \"a\": 1, }", "a", "{ /* x */  }"},
         // Failures.
         {"{}", "a", "a is not in the top-level value"},
         {R"({"o":[{"a":1}]})", "b", "b is not in o.[0]", {"o", 0}},

@@ -106,7 +106,15 @@ TEST(JSONText, tellsTheFirstFailureAndWhere) {
         {"/", "a value was expected (at byte 0)", comments},
         {"/* x", "the document ended inside a comment (at byte 0)", comments},
         {"[1 /*/", "the document ended inside a comment (at byte 3)", comments},
-        {"{\"a\":1,/**/}", "a member name was expected (at byte 11)", comments},
+        // One comma behind the last, behind something, of whatever list is open.
+        {"{\"a\":1,/**/,}", "a member name was expected (at byte 11)", comments},
+        {"{,}", "a member name was expected (at byte 1)", comments},
+        {"[1,,]", "a value was expected (at byte 3)", comments},
+        {"[,]", "a value was expected (at byte 1)", comments},
+        {"[1,}", "a value was expected (at byte 3)", comments},
+        {"{\"a\":1,]", "a member name was expected (at byte 7)", comments},
+        {"[1,/*", "the document ended inside a comment (at byte 3)", comments},
+        {"1,", "there are bytes after the top-level value (at byte 1)", comments},
     };
     for (const auto& [bytes, told, dialect] : cases) {
         EXPECT_EQ(scanned(bytes, dialect), told) << bytes;
@@ -153,6 +161,7 @@ TEST(JSONText, givesEveryRange) {
         {"/**/[1/* x */,//\r\n2]//", "A4-20[N5-6][N18-19] 0-4 6-13 14-16 20-22", comments},
         {"{\"a\"/*b*/:/*c*/1// d\r}\r\n}\r", "O0-25{a@1=N15-16} 4-9 10-15 16-22", comments},
         {"1 // x\r", "N0-1 2-6", comments},
+        {"{\"a\":[1 , ],/*x*/}", "O0-18{a@1=A5-11[N6-7]} 12-17", comments},
     };
     for (const auto& [bytes, expected, dialect] : cases) {
         EXPECT_EQ(scanned(bytes, dialect), expected) << bytes;

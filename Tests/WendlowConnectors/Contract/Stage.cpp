@@ -107,7 +107,7 @@ Stage::Stage(const std::string& tool) {
     // The longest first: "@hooks" is not "@hook" with an "s".
     std::ranges::stable_sort(m_marks, std::greater(),
                              [](const auto& each) { return each.first.size(); });
-    put(m_paths.hookBinary, "program");
+    put(m_paths.hookBinary, "program", 0755);
     put(m_paths.mcpBinary, "program");
 }
 
@@ -317,11 +317,11 @@ std::string Stage::marked(std::string text) const {
     std::ranges::stable_sort(marks, std::greater(),
                              [](const auto& each) { return each.second.size(); });
     static const std::regex unique("[0-9A-F]{8}[0-9A-F-]{28,}(?=\\.tmp$)");
-    static const std::regex stamp("[0-9]{8}-[0-9]{6}(?=(-[0-9]+)?$)");
+    static const std::regex stamp("(\\.wendlow-backup-)[0-9]{8}-[0-9]{6}");
     if (text.ends_with(".tmp"))
         text = std::regex_replace(text, unique, "…");
     if (text.contains(".wendlow-backup-"))
-        text = std::regex_replace(text, stamp, "…");
+        text = std::regex_replace(text, stamp, "$1…");
     auto signs = pictures;
     std::erase_if(signs, [](const auto& each) { return each.second == "\n"; });
     return replaced(replaced(std::move(text), swapped(marks)), swapped(signs));

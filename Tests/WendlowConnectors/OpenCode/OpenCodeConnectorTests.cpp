@@ -52,6 +52,15 @@ TEST(OpenCodeConnector, asksTheSessionStoreWhichOpenCodeThisIs) {
     run("CREATE TABLE session_v2 (directory, time_updated); CREATE TABLE kv (key, time_updated);"
         "INSERT INTO kv VALUES ('migration.v1-v2', 1)");
     EXPECT_EQ(seen(), usual);
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(database.c_str(), &other), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(seen(), usual);
+    EXPECT_EQ(home.connector().install().observations,
+              (Observations{{database.string(),
+                             "another program is keeping this session store to itself just now, so "
+                             "that it cannot be told which OpenCode it is. Nothing was written"}}));
+    sqlite3_close(other);
     run("INSERT INTO session VALUES ('s', 1800000000000)");
     EXPECT_EQ(seen(), still);
     fs::remove_all(home.paths().configDirectory);

@@ -243,10 +243,26 @@ TEST_F(OpenCodeStore, waitsForALockAWhileAndNoLonger) {
         EXPECT_GT(askWriter(Writer::opencode2), 0.3);
     });
     whileLocked(3, [&](pid_t) {
-        const double waited = askWriter(Writer::unknown);
+        const double waited = askWriter(Writer::locked);
         EXPECT_GT(waited, 1.4);
         EXPECT_LT(waited, 2.5);
     });
+}
+
+TEST_F(OpenCodeStore, leavesNothingBesideADatabaseAtRest) {
+    fill("PRAGMA journal_mode = WAL; " + newTable + "INSERT INTO session_v2 VALUES('/p', 2)");
+    for (const bool hasLog : {false, true}) {
+        if (hasLog)
+            put(file + "-wal", ""); // as a reader that could not take it away again leaves it
+        const auto names = testing::namesIn(paths.dataDirectory);
+        EXPECT_EQ(writer(file), Writer::opencode2);
+        EXPECT_EQ(read(file)->sightings.size(), 1U);
+        EXPECT_EQ(testing::namesIn(paths.dataDirectory), names);
+    }
+    // What a name means in an address means nothing here.
+    const fs::path odd = paths.dataDirectory / "a?b%41#c.db";
+    fs::copy_file(file, odd);
+    EXPECT_EQ(writer(odd), Writer::opencode2);
 }
 
 TEST_F(OpenCodeStore, isNotThere) {
