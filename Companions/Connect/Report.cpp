@@ -23,6 +23,26 @@ JSONLiteral text(std::string_view bytes) {
     return JSONLiteral::string(std::move(repaired));
 }
 
+/// What a terminal would take for a command, written out: a file may hold anything, and names too.
+std::string shown(std::string_view bytes) {
+    std::string result;
+    for (const char *at = bytes.data(), *end = at + bytes.size(); at != end;) {
+        const auto sequence = JSONBytes::utf8Sequence(at, end);
+        const std::string_view one(at, sequence.length);
+        const auto last = static_cast<unsigned char>(one.back());
+        const bool isControl = one.size() == 1
+                                   ? last < 0x20 || last == 0x7f || !sequence.valid
+                                   : !sequence.valid || (one.front() == '\xc2' && last < 0xa0);
+        if (!isControl)
+            result += one;
+        else
+            for (const char byte : one)
+                result += fmt::format("\\x{:02x}", static_cast<unsigned char>(byte));
+        at += sequence.length;
+    }
+    return result;
+}
+
 JSONLiteral list(const Observations& observations) {
     JSONLiteral::Array elements;
     for (const Observation& observation : observations)
@@ -147,7 +167,7 @@ void Report::head(const std::string& name, std::string_view status) {
 }
 
 void Report::line(const std::string& text) {
-    m_lines += fmt::format("  {}\n", text);
+    m_lines += fmt::format("  {}\n", shown(text));
 }
 
 void Report::lines(const Observations& observations) {

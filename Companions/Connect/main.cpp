@@ -64,13 +64,40 @@ std::expected<Connectors::List, std::string> chosen(const Connectors::List& all,
     return result;
 }
 
+/// What there is to say of a tool that this environment keeps elsewhere, where `home` is this
+/// process's own: the environment of another person's home is not known.
+Observations keptElsewhere(const ConnectorIdentity& tool, const std::filesystem::path& home) {
+    constexpr struct {
+        const char* tool;
+        const char* variable;
+        const char*
+            usual; ///< below the home; none: the variable alone makes the tool look elsewhere
+    } places[] = {{"claude-code", "CLAUDE_CONFIG_DIR", nullptr},
+                  {"codex", "CODEX_HOME", ".codex"},
+                  {"opencode", "XDG_CONFIG_HOME", ".config"}};
+    Observations said;
+    for (const auto& [id, variable, usual] : places) {
+        const char* const value = std::getenv(variable);
+        if (id == tool.id && value != nullptr && *value != '\0' && realHome() == home &&
+            (usual == nullptr || home / usual != std::filesystem::path(value)))
+            said.push_back({value, fmt::format("{} keeps {} here, and Wendlow looks in the usual "
+                                               "place only",
+                                               variable, tool.name)});
+    }
+    return said;
+}
+
 /// Does the verb to one tool. Whether it was not refused.
-bool perform(Verb verb, const Connector& connector, Report& report) {
+bool perform(Verb verb, const Connector& connector, const std::filesystem::path& home,
+             Report& report) {
     const ConnectorIdentity identity = connector.identity();
     switch (verb) {
-    case Verb::scan:
-        report.add(connector.scan());
+    case Verb::scan: {
+        ScanReport scan = connector.scan();
+        append(scan.observations, keptElsewhere(identity, home));
+        report.add(scan);
         return true;
+    }
     case Verb::projects:
         report.add(identity, connector.projects());
         return true;
@@ -82,7 +109,8 @@ bool perform(Verb verb, const Connector& connector, Report& report) {
         return true;
     case Verb::install:
     case Verb::remove: {
-        const auto outcome = verb == Verb::install ? connector.install() : connector.remove();
+        auto outcome = verb == Verb::install ? connector.install() : connector.remove();
+        append(outcome.observations, keptElsewhere(identity, home));
         report.add(identity.id, identity.name, outcome);
         return outcome.result != ConnectorOutcome::Result::refused;
     }
@@ -147,7 +175,7 @@ ExitStatus run(const std::vector<std::string_view>& words) {
         accepted = converge(*connectors, {*home, *bundle}, *arguments, report);
     else
         for (const auto& connector : *connectors)
-            accepted = perform(arguments->verb, *connector, report) && accepted;
+            accepted = perform(arguments->verb, *connector, *home, report) && accepted;
     if (!print(stdout, arguments->json ? report.json() : report.lines())) {
         print(stderr, "wendlow-connect: the report could not be written out\n");
         return wasRefused;

@@ -31,7 +31,8 @@ TransactionResult commit(std::vector<PlannedFile> files, const Surroundings& sur
             changes.push_back({.path = std::move(planned.file.path),
                                .label = std::move(planned.file.label),
                                .before = std::move(planned.file.bytes),
-                               .after = std::move(planned.after)});
+                               .after = std::move(planned.after),
+                               .born = planned.born});
     return Transaction::commit(changes, surroundings.now(), surroundings.beforeRename);
 }
 
@@ -97,6 +98,7 @@ void Installation::add(ToolFile toolFile, InstalledBlock installed, const FileRo
     const bool edited = installed.bytes.has_value();
     files.push_back({.file = std::move(toolFile),
                      .what = role.what,
+                     .born = role.born,
                      .edited = edited,
                      .after = std::move(installed.bytes),
                      .lost = std::move(installed.lost)});

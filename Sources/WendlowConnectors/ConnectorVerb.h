@@ -17,12 +17,15 @@
 #include <string_view>
 #include <vector>
 
+#include <sys/types.h>
+
 namespace wendlow {
 
 /// One file as a verb began with it, and what the verb would make of it.
 struct PlannedFile {
     ToolFile file;
     std::string_view what = "entry";  ///< what of ours the file holds, for sentences
+    mode_t born = 0666;               ///< the most that the file permits where it is made
     bool edited = false;              ///< false: the file is right as it stands
     std::optional<std::string> after; ///< of an edited file; nothing: it is to be deleted
     std::vector<std::string> lost;    ///< of what others wrote in it; said with the copy of it
@@ -50,6 +53,8 @@ enum class FileOrder { changedFirst, asPlanned };
 struct FileRole {
     Created file;                    ///< the receipt's case for a file that we made
     std::string_view what = "entry"; ///< what of ours the file holds
+    /// The most that a file which we make permits; 0600 where it may come to hold secrets.
+    mode_t born = 0666;
     /// Whether a file with these bytes holds nothing any more, and the words for that.
     bool (*isEmpty)(std::string_view bytes) = JSONBlock::isEmptyObject;
     std::string_view emptyWords = "is now empty";

@@ -115,7 +115,7 @@ std::expected<void, std::string> ReceiptStore::write(const ConnectorReceipt& rec
     };
     if (const auto made = Disk::createDirectories(file.parent_path(), 0700); !made)
         return failed(file.parent_path(), made.error());
-    if (const auto written = AtomicWrite::write(encode(receipt), file); !written)
+    if (const auto written = AtomicWrite::write(encode(receipt), file, {.born = 0600}); !written)
         return std::unexpected(written.error().description());
     if (const auto set = Disk::setMode(file, 0600); !set)
         return failed(file, set.error());

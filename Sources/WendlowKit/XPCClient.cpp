@@ -1,5 +1,7 @@
 #include "XPCClient.h"
 
+#include <atomic>
+#include <cstdint>
 #include <mutex>
 #include <utility>
 
@@ -26,6 +28,27 @@ WendlowClient::Timed failure(std::string message) {
     return {.response = AnswerCase::Failure{std::move(message)}};
 }
 
+/// A connection, and how much was heard over it.
+struct Line {
+    explicit Line(xpc_connection_t made) : connection(std::move(made)) {}
+
+    /// Takes note of what came of a message.
+    void hear(const Attempt& attempt) {
+        if (!std::holds_alternative<XPCRoundTrip::Silence>(attempt))
+            ++replies;
+    }
+
+    /// Everything that is still under way on it fails.
+    void cancel() {
+        if (!isCancelled.exchange(true))
+            xpc_connection_cancel(connection);
+    }
+
+    const xpc_connection_t connection;
+    std::atomic<std::uint64_t> replies = 0;
+    std::atomic<bool> isCancelled = false;
+};
+
 } // namespace
 
 /// The client's state. Calls in flight share it with the client, and so may outlive the client. The
@@ -51,7 +74,7 @@ public:
                 if (const auto living = queue.lock())
                     living->after(delay, std::move(work));
             };
-        m_connection = dial();
+        m_line = dial();
     }
 
     static QCoro::Task<Timed> exchange(std::shared_ptr<Door> door, GatewayRequest request);
@@ -70,15 +93,23 @@ public:
 private:
     using Shared = std::shared_ptr<Door>;
 
-    static QCoro::Task<> knock(Shared door, xpc_connection_t connection);
+    using SharedLine = std::shared_ptr<Line>;
+
+    /// What becomes of the messages that are still under way on a line that is not used any more.
+    enum class OthersOnIt {
+        stay, ///< their replies may still come: what failed was one message
+        fail, ///< nothing comes there any more
+    };
+
+    static QCoro::Task<> knock(Shared door, SharedLine line);
     static QCoro::Task<Timed> doubleFailure(Shared door, Attempt attempt);
 
-    xpc_connection_t dial() const;
-    xpc_connection_t connection() const {
+    SharedLine dial() const;
+    SharedLine line() const {
         const std::lock_guard guard(m_lock);
-        return m_connection;
+        return m_line;
     }
-    xpc_connection_t redialled(const xpc_connection_t& failed);
+    SharedLine redialled(const SharedLine& failed, OthersOnIt others);
     XPCRoundTrip::Deadline budget() const { return {m_options.redial.budget, m_options.after}; }
     Timed finish(XPCRoundTrip::Answered answer);
     void announceSkew();
@@ -95,7 +126,7 @@ private:
 
     std::mutex m_redialLock; ///< held over a dial, and taken by nothing else
     mutable std::mutex m_lock;
-    xpc_connection_t m_connection;
+    SharedLine m_line;
     xpc_connection_t m_subConnection;
     EventHandler m_onEvent;
     std::optional<DoorFault> m_fault;
@@ -103,21 +134,24 @@ private:
     int m_knocks = 0;
 };
 
-xpc_connection_t XPCClient::Door::dial() const {
+XPCClient::Door::SharedLine XPCClient::Door::dial() const {
     const xpc_connection_t connection = m_options.dial(m_options.machServiceName);
     xpc_connection_resume(connection);
-    return connection;
+    return std::make_shared<Line>(connection);
 }
 
 /// A burst of failures dials once: whoever finds another connection in place uses that.
-xpc_connection_t XPCClient::Door::redialled(const xpc_connection_t& failed) {
+XPCClient::Door::SharedLine XPCClient::Door::redialled(const SharedLine& failed,
+                                                       OthersOnIt others) {
     const std::lock_guard one(m_redialLock);
-    if (xpc_connection_t current = connection(); current != failed)
+    // Cancelled, every message on it would be sent again, and a write be done twice.
+    if (others == OthersOnIt::fail)
+        failed->cancel();
+    if (SharedLine current = line(); current != failed)
         return current;
-    xpc_connection_cancel(failed);
-    xpc_connection_t fresh = dial();
+    SharedLine fresh = dial();
     const std::lock_guard guard(m_lock);
-    m_connection = fresh;
+    m_line = fresh;
     return fresh;
 }
 
@@ -127,15 +161,22 @@ QCoro::Task<WendlowClient::Timed> XPCClient::Door::exchange(Shared door, Gateway
         door->setFault(std::nullopt);
         co_return failure("encode failed");
     }
-    xpc_connection_t connection = door->connection();
-    Attempt attempt =
-        co_await XPCRoundTrip::make(XPCRoundTrip::message(*payload), connection, std::nullopt);
-    if (!std::holds_alternative<XPCRoundTrip::Answered>(attempt)) {
-        connection = door->redialled(connection);
+    SharedLine line = door->line();
+    Attempt attempt = co_await XPCRoundTrip::make(XPCRoundTrip::message(*payload), line->connection,
+                                                  std::nullopt);
+    line->hear(attempt);
+    if (const auto* const failed = std::get_if<XPCRoundTrip::TransportError>(&attempt)) {
+        line = door->redialled(line, failed->isConnections ? OthersOnIt::fail : OthersOnIt::stay);
         if (door->m_history.connected())
-            co_await knock(door, connection);
-        attempt = co_await XPCRoundTrip::make(XPCRoundTrip::message(*payload), connection,
+            co_await knock(door, line);
+        const std::uint64_t before = line->replies;
+        attempt = co_await XPCRoundTrip::make(XPCRoundTrip::message(*payload), line->connection,
                                               door->budget());
+        line->hear(attempt);
+        // A gateway that answers others meanwhile is busy with this one; one that answers nobody is
+        // not asked over this connection again.
+        if (std::holds_alternative<XPCRoundTrip::Silence>(attempt) && line->replies == before)
+            door->redialled(line, OthersOnIt::fail);
     }
     if (auto* const answer = std::get_if<XPCRoundTrip::Answered>(&attempt))
         co_return door->finish(std::move(*answer));
@@ -144,7 +185,7 @@ QCoro::Task<WendlowClient::Timed> XPCClient::Door::exchange(Shared door, Gateway
 
 /// Gives a new connection a moment, and finds a skew out early. Whatever comes of it, the retry
 /// goes out.
-QCoro::Task<> XPCClient::Door::knock(Shared door, xpc_connection_t connection) {
+QCoro::Task<> XPCClient::Door::knock(Shared door, SharedLine line) {
     {
         const std::lock_guard guard(door->m_lock);
         ++door->m_knocks;
@@ -155,7 +196,8 @@ QCoro::Task<> XPCClient::Door::knock(Shared door, xpc_connection_t connection) {
     });
     co_await pause;
     const Attempt attempt = co_await XPCRoundTrip::make(XPCRoundTrip::message(std::nullopt),
-                                                        connection, door->budget());
+                                                        line->connection, door->budget());
+    line->hear(attempt);
     const auto* const answer = std::get_if<XPCRoundTrip::Answered>(&attempt);
     if (answer && isSkewed(answer->wire))
         door->announceSkew();

@@ -21,7 +21,8 @@ namespace wendlow {
 ///
 /// The first attempt of a request has no limit of time: who never gets an answer waits for good. A
 /// failure of transport redials once for all requests that it hit, and each is tried once more,
-/// within the redial's budget.
+/// within the redial's budget. An error that the gateway replies concerns the one request: those
+/// beside it keep waiting, and are not sent again.
 ///
 /// Any thread may call, and needs an event loop to be called back on; no thread is ever held up.
 /// Calls in flight come to their end even when the client goes before them.

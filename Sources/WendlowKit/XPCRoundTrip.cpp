@@ -18,8 +18,8 @@ GatewayResponse badReply() {
 }
 
 Attempt read(const xpc_object_t& reply) {
-    if (xpc_get_type(reply) == xpc_type_t::error)
-        return TransportError{};
+    if (const auto* const error = std::get_if<XPCError>(&reply))
+        return TransportError{error->extent == XPCError::Extent::connection};
     const std::optional<std::int64_t> wire = XPCWire::wireVersion(reply);
     const std::optional<std::chrono::milliseconds> served = XPCWire::servedDuration(reply);
     const std::string* const payload = XPCWire::data(XPCEndpoint::payloadKey, reply);

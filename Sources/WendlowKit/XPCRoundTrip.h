@@ -20,7 +20,9 @@ struct Answered {
     std::optional<std::chrono::milliseconds> daemon = std::nullopt;
     std::optional<std::int64_t> wire = std::nullopt;
 };
-struct TransportError {};
+struct TransportError {
+    bool isConnections = true; ///< false: this message alone was refused
+};
 struct Silence {};
 
 using Attempt = std::variant<Answered, TransportError, Silence>;

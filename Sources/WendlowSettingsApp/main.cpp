@@ -84,5 +84,5 @@ int main(int argc, char** argv) {
             return !isComplete || isComplete(application.models());
         });
     }
-    return QGuiApplication::exec();
+    return TerminationSignals::leave(QGuiApplication::exec());
 }

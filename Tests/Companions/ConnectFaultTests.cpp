@@ -150,9 +150,14 @@ INSTANTIATE_TEST_SUITE_P(With, ConnectFaults, ::testing::Values("ENOSPC", "EIO",
 
 class ConnectKills : public ConnectFaults {};
 
-TEST_P(ConnectKills, LeaveAWayBack) {
+TEST_P(ConnectKills, LeaveAWayBackAndTheNextVerbSweeps) {
     for (const auto& sweep : {install(), remove()})
-        sweep.killAtEachCall(GetParam(), [this] { expectNothingElseLost(); });
+        sweep.killAtEachCall(GetParam(), [&] {
+            expectNothingElseLost();
+            runProgram(sweep.program, sweep.arguments);
+            expectOldOrNew(sweep.files);
+            EXPECT_FALSE(hasTemporary(root));
+        });
 }
 
 INSTANTIATE_TEST_SUITE_P(Happening, ConnectKills, ::testing::Values("before", "after"));

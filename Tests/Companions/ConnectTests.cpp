@@ -70,6 +70,27 @@ TEST_F(Connect, tellsPeopleInLines) {
               "Claude Code\n  HOME/.claude/projects: no session store found\n");
 }
 
+TEST_F(Connect, saysThatItLooksInTheUsualPlaceOnly) {
+    const auto scan = [&](const std::string& home, const std::string& place) {
+        const auto run = testing::runProgram(
+            WENDLOW_CONNECT_PROGRAM, {"--bundle", bundle(), "--home", home, "scan", "codex"},
+            {{"HOME", m_home.path().string()}, {"CODEX_HOME", place}});
+        return run.out.contains(place + ": CODEX_HOME keeps Codex here, and Wendlow looks in the "
+                                        "usual place only");
+    };
+    EXPECT_TRUE(scan(m_home.path(), "/elsewhere"));
+    EXPECT_FALSE(scan(m_home.path(), file(".codex"))); // which is the usual one
+    EXPECT_FALSE(scan("/somebody", "/elsewhere"));     // of whose environment nothing is known
+}
+
+TEST_F(Connect, printsNothingThatATerminalWouldObey) {
+    put(file(".codex/sessions/one.jsonl"),
+        R"({"type":"session_meta","payload":{"cwd":"/a\u001b[2J\u0007\u009b\ré"}})"
+        "\n");
+    EXPECT_THAT(connect("projects codex").out,
+                ::testing::StartsWith("Codex\n  /a\\x1b[2J\\x07\\xc2\\x9b\\x0dé: last active"));
+}
+
 TEST_F(Connect, connectsAndDisconnects) {
     const std::string settings = "{\r\n  \"model\": \"opus\"\r\n}";
     const std::string servers = R"({"numStartups":7,"mcpServers":{"files":{}}})";

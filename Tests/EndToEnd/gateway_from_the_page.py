@@ -177,7 +177,7 @@ class ThePracticeGateway(OnABus):
         found = self.ask(gateway, {"read": {"_0": {"grab": {"id": written["noteID"]["_0"]}}}})
         self.assertEqual(found["thing"]["_0"]["snippet"], "Naïve — and 日本.")
         refused = self.ask(gateway, {"read": {"_0": {"nonsense": {}}}})
-        self.assertEqual(refused, {"failure": {"message": "Unknown ReadRequest case: nonsense"}})
+        self.assertEqual(refused, {"failure": {"message": "Wendlow could not read this request"}})
 
     def test_answers_a_knock_with_its_version(self):
         reply = self.exchange(self.practice(), {"wire": dbus.UInt64(VERSION)})

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "HomeFolder.h"
 #include "PlainText.h"
 #include "ScopeName.h"
 #include "ScopePath.h"
@@ -18,11 +19,12 @@ CREATE TABLE IF NOT EXISTS session_scopes(
     session TEXT PRIMARY KEY, scope TEXT NOT NULL, writer TEXT NOT NULL) WITHOUT ROWID;
 )sql";
 
-/// The folder as it is kept: trimmed, without a slash at its end.
-std::string_view tidyFolder(std::string_view folder) {
-    folder = PlainText::trimmed(folder);
+/// The folder as it is kept, and as a tool names the one it works in: trimmed, from the root on,
+/// without a slash at its end.
+std::string tidyFolder(std::string_view text) {
+    std::string folder = expandingTilde(std::string(PlainText::trimmed(text)));
     while (folder.size() > 1 && folder.ends_with('/'))
-        folder.remove_suffix(1);
+        folder.pop_back();
     return folder;
 }
 
@@ -74,8 +76,8 @@ GatewayResponse ScopeRoom::answer(const NotesCase::ListPaths& /*request*/) {
 }
 
 GatewayResponse ScopeRoom::answer(const NotesCase::MapPath& request) {
-    const std::string folder(tidyFolder(request.folder));
-    if (!folder.starts_with('/') && folder != "~" && !folder.starts_with("~/"))
+    const std::string folder = tidyFolder(request.folder);
+    if (!folder.starts_with('/'))
         return AnswerCase::Failure{fmt::format("“{}” is not the whole path of a folder; nothing "
                                                "was changed",
                                                request.folder)};
@@ -109,10 +111,11 @@ std::string ScopeRoom::scopeOf(const std::optional<std::string>& session,
     std::string scope(ScopePath::root);
     if (!folder)
         return scope;
+    const std::string worksIn = tidyFolder(*folder);
     Statement mapped = m_documents.database().prepare(
         "SELECT folder, scope FROM folder_maps ORDER BY length(folder)");
     while (mapped.step())
-        if (ScopePath::inScope(tidyFolder(*folder), mapped.view(0)))
+        if (ScopePath::inScope(worksIn, mapped.view(0)))
             scope = mapped.text(1);
     return scope;
 }

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <fmt/format.h>
 
+#include "GatewayWire.h"
 #include "WireCodec.h"
 #include "XPC/BusMessage.h"
 #include "XPCEndpoint.h"
@@ -64,8 +65,8 @@ std::expected<GatewayRequest, GatewayResponse> requestIn(const QVariantMap& mess
     const QByteArray payload = message.value(payloadKey).toByteArray();
     auto request =
         WireCodec::decodeRequest({payload.constData(), static_cast<std::size_t>(payload.size())});
-    if (!request)
-        return std::unexpected(AnswerCase::Failure{request.error().sentence});
+    if (!request) // by these words a client tells a gateway that is older than its request
+        return std::unexpected(AnswerCase::Failure{std::string(GatewayWire::malformedRequest)});
     return std::move(*request);
 }
 

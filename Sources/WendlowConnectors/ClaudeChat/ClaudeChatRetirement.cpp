@@ -1,6 +1,7 @@
 #include "ClaudeChat/ClaudeChatRetirement.h"
 
 #include "ClaudeChat/ClaudeChatConfig.h"
+#include "ConfigFile/Leftovers.h"
 #include "ToolFile.h"
 
 #include <utility>
@@ -36,20 +37,22 @@ ConnectorOutcome ClaudeChatRetirement::retire() const {
         return said(Result::unchanged, file.label,
                     "this file holds no Wendlow entry of this profile");
 
+    Observations swept = Leftovers::sweep(file.path, now());
     // Nothing looks at the document from here on: the bytes it points into are moved.
     const std::vector<FileChange> changes{{.path = std::move(file.path),
                                            .label = file.label,
                                            .before = std::move(file.bytes),
                                            .after = std::move(retired->bytes)}};
     auto result = Transaction::commit(changes, now());
-    if (auto* refused = std::get_if<TransactionResult::Refused>(&result.outcome))
-        return {.result = Result::refused,
-                .observations = std::move(refused->observations),
-                .backups = {}};
+    if (auto* refused = std::get_if<TransactionResult::Refused>(&result.outcome)) {
+        append(swept, std::move(refused->observations));
+        return {.result = Result::refused, .observations = std::move(swept), .backups = {}};
+    }
     // Taking a member out always changes the bytes, so nothing is left but a commit.
     auto& committed = std::get<TransactionResult::Committed>(result.outcome);
+    append(swept, std::move(committed.observations));
     ConnectorOutcome outcome{.result = Result::changed,
-                             .observations = std::move(committed.observations),
+                             .observations = std::move(swept),
                              .backups = std::move(committed.backups)};
     for (const std::string& entry : retired->names)
         outcome.observations.push_back(

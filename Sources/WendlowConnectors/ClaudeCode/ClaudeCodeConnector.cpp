@@ -15,7 +15,7 @@ namespace wendlow {
 namespace {
 
 constexpr ConnectorVerb::FileRole hooksRole{.file = Created::settingsFile};
-constexpr ConnectorVerb::FileRole serversRole{.file = Created::mcpFile};
+constexpr ConnectorVerb::FileRole serversRole{.file = Created::mcpFile, .born = 0600};
 
 } // namespace
 

@@ -1,75 +1,80 @@
 #include "ConfigFile/AtomicWrite.h"
 
 #include "ConfigFile/Disk.h"
+#include "ConfigFile/HiddenName.h"
 
 #include <cerrno>
 #include <tuple>
 
-#include <fmt/format.h>
-
 namespace wendlow::AtomicWrite {
 namespace {
 
-/// A random UUID in upper-case text.
-Disk::Result<std::string> uuid() {
-    auto bits = Disk::random();
-    if (!bits)
-        return std::unexpected(bits.error());
-    (*bits)[6] = static_cast<std::uint8_t>(((*bits)[6] & 0x0fU) | 0x40U); // version 4: random
-    (*bits)[8] = static_cast<std::uint8_t>(((*bits)[8] & 0x3fU) | 0x80U); // the usual variant
-    std::string text;
-    for (std::size_t index = 0; index < bits->size(); ++index) {
-        if (index == 4 || index == 6 || index == 8 || index == 10)
-            text += '-';
-        text += fmt::format("{:02X}", (*bits)[index]);
+/// The hidden file never has more than the destination's mode: the bytes may be private. Where that
+/// mode cannot be learnt, they are taken for private.
+Disk::Result<Staged::Lack> create(const Path& hidden, std::string_view bytes, const Path& path,
+                                  mode_t born) {
+    const auto former = Disk::attributes(path);
+    if (former) {
+        auto lost = Disk::createLike(hidden, bytes, *former);
+        if (!lost)
+            return std::unexpected(lost.error());
+        return Staged::Lack{.attributes = *std::move(lost), .links = former->names > 1};
     }
-    return text;
+    const auto created = Disk::create(hidden, bytes, former.error() == ENOENT ? born : mode_t{0600},
+                                      Disk::ModeRule::masked);
+    if (!created)
+        return std::unexpected(created.error());
+    return Staged::Lack{};
 }
 
-/// The destination's own folder, so that the rename stays on one volume.
-Disk::Result<Disk::Path> temporaryPath(const Disk::Path& path) {
-    const auto unique = uuid();
-    if (!unique)
-        return std::unexpected(unique.error());
-    return path.parent_path() /
-           fmt::format(".{}.wendlow-{}.tmp", path.filename().string(), *unique);
-}
-
-/// The temporary file never has more than the destination's mode: the bytes may be private. Where
-/// that mode cannot be learnt, they are taken for private.
-Disk::Result<void> createTemporary(const Disk::Path& temporary, std::string_view bytes,
-                                   const Disk::Path& path) {
-    const auto mode = Disk::mode(path);
-    if (!mode) {
-        const mode_t fallback = mode.error() == ENOENT ? 0666 : 0600;
-        return Disk::create(temporary, bytes, fallback, Disk::ModeRule::masked);
-    }
-    auto created = Disk::create(temporary, bytes, *mode, Disk::ModeRule::masked);
-    // What the umask took away comes back. A file system without modes is no reason not to write.
-    if (created)
-        std::ignore = Disk::setMode(temporary, *mode);
-    return created;
+/// Under a name that tells what it is, should this process be killed before it is taken.
+Disk::Result<Path> numbered(const Path& hidden) {
+    const auto number = Disk::number(hidden);
+    if (!number)
+        return std::unexpected(number.error());
+    auto named = HiddenName::numbered(hidden, *number);
+    if (const auto renamed = Disk::rename(hidden, named); !renamed)
+        return std::unexpected(renamed.error());
+    return named;
 }
 
 } // namespace
 
-std::expected<void, ConfigFileError> write(std::string_view bytes,
-                                           const std::filesystem::path& path,
-                                           const std::function<void()>& beforeRename) {
+void Staged::discard() {
+    if (!m_hidden.empty())
+        std::ignore = Disk::remove(m_hidden);
+}
+
+std::expected<Staged, ConfigFileError> stage(std::string_view bytes, const Path& path,
+                                             mode_t born) {
     const auto failed = [&](int error) {
         return std::unexpected(ConfigFileError::writeFailed(path.string(), Disk::words(error)));
     };
-    const auto temporary = temporaryPath(path);
-    if (!temporary)
-        return failed(temporary.error());
-    if (const auto created = createTemporary(*temporary, bytes, path); !created)
-        return failed(created.error());
-    if (beforeRename)
-        beforeRename();
-    if (const auto renamed = Disk::rename(*temporary, path); !renamed) {
-        std::ignore = Disk::remove(*temporary);
-        return failed(renamed.error());
+    const auto hidden = HiddenName::unique(path);
+    if (!hidden)
+        return failed(hidden.error());
+    auto lack = create(*hidden, bytes, path, born);
+    if (!lack)
+        return failed(lack.error());
+    auto named = numbered(*hidden);
+    if (!named) {
+        std::ignore = Disk::remove(*hidden);
+        return failed(named.error());
     }
+    return Staged(*std::move(named), *std::move(lack));
+}
+
+std::expected<void, ConfigFileError> write(std::string_view bytes, const Path& path,
+                                           const Manner& manner) {
+    auto staged = stage(bytes, path, manner.born);
+    if (!staged)
+        return std::unexpected(staged.error());
+    if (manner.beforeRename)
+        manner.beforeRename();
+    if (const auto renamed = Disk::rename(staged->hidden(), path); !renamed)
+        return std::unexpected(
+            ConfigFileError::writeFailed(path.string(), Disk::words(renamed.error())));
+    staged->take();
     return {};
 }
 

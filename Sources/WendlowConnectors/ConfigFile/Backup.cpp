@@ -81,18 +81,33 @@ Disk::Result<std::optional<std::string>> readSource(const Path& file) {
     return Disk::read(file);
 }
 
-/// Writes the copy under a name that nobody has; the name, with the outcome.
-std::pair<Path, Disk::Result<void>> createCopy(const Path& file, std::string_view bytes,
-                                               Date date) {
-    const mode_t mode = Disk::mode(file).value_or(0600);
+/// Does `make` with one name after another until one is found that nobody has; the name, with the
+/// outcome.
+template<class Make>
+std::pair<Path, Disk::Result<void>> underNewName(const Path& file, Date date, Make make) {
     auto suffix = newSuffix(file, date);
     for (;; suffix = nextSuffix(suffix)) {
         auto copy = folderOf(file) / (prefixOf(file) + suffix);
-        auto created = Disk::create(copy, bytes, mode);
+        auto made = make(copy);
         // In a folder that cannot be listed, the names in use show only here.
-        if (created || created.error() != EEXIST)
-            return {std::move(copy), created};
+        if (made || made.error() != EEXIST)
+            return {std::move(copy), made};
     }
+}
+
+std::pair<Path, Disk::Result<void>> createCopy(const Path& file, std::string_view bytes,
+                                               Date date) {
+    const auto like = Disk::attributes(file);
+    return underNewName(file, date, [&](const Path& copy) -> Disk::Result<void> {
+        if (!like)
+            return Disk::create(copy, bytes, 0600);
+        const auto created = Disk::createLike(copy, bytes, *like);
+        return created ? Disk::Result<void>() : std::unexpected(created.error());
+    });
+}
+
+std::unexpected<ConfigFileError> failed(const Path& copy, std::string reason) {
+    return std::unexpected(ConfigFileError::writeFailed(copy.string(), std::move(reason)));
 }
 
 /// Whether the copy is a way back: a disk may lie, and a power cut may take the name away from
@@ -132,22 +147,33 @@ bool isCopy(std::string_view name, const Path& file) {
     return name.starts_with(prefix);
 }
 
-std::expected<std::optional<Path>, ConfigFileError> make(const Path& file, Date date) {
-    const auto failed = [](const Path& copy, std::string reason) {
-        return std::unexpected(ConfigFileError::writeFailed(copy.string(), std::move(reason)));
-    };
-    const auto bytes = readSource(file);
-    if (!bytes)
-        return failed(folderOf(file) / (prefixOf(file) + stamp(date)), Disk::words(bytes.error()));
-    if (!bytes->has_value())
-        return std::nullopt;
-    auto [copy, created] = createCopy(file, **bytes, date);
+std::expected<std::optional<Path>, ConfigFileError> make(const Path& file, Date date,
+                                                         std::optional<std::string_view> known) {
+    Disk::Result<std::optional<std::string>> read;
+    if (!known) {
+        read = readSource(file);
+        if (!read)
+            return failed(folderOf(file) / (prefixOf(file) + stamp(date)),
+                          Disk::words(read.error()));
+        if (!*read)
+            return std::nullopt;
+        known = **read;
+    }
+    auto [copy, created] = createCopy(file, *known, date);
     if (!created)
         return failed(copy, Disk::words(created.error()));
-    if (auto reason = whyUseless(copy, **bytes)) {
+    if (auto reason = whyUseless(copy, *known)) {
         std::ignore = Disk::remove(copy);
         return failed(copy, *std::move(reason));
     }
+    return std::move(copy);
+}
+
+std::expected<Path, ConfigFileError> adopt(const Path& aside, const Path& file, Date date) {
+    auto [copy, named] =
+        underNewName(file, date, [&](const Path& name) { return Disk::renameToNew(aside, name); });
+    if (!named)
+        return failed(copy, Disk::words(named.error()));
     return std::move(copy);
 }
 

@@ -17,9 +17,14 @@ namespace wendlow::Backup {
 using Path = std::filesystem::path;
 using Date = std::chrono::system_clock::time_point;
 
-/// Copies `file` beside itself, with its exact mode, flushes the copy and reads it back. Nothing
-/// when there is no file to copy. The copy's name sorts after that of every copy that is there.
-std::expected<std::optional<Path>, ConfigFileError> make(const Path& file, Date date);
+/// Copies `file` beside itself, with its exact mode and, as far as this user may, its owner and
+/// access list; flushes the copy and reads it back. Nothing when there is no file to copy. The
+/// copy's name sorts after that of every copy that is there. `known`: the bytes that the file is
+/// known to hold; they are not read again.
+std::expected<std::optional<Path>, ConfigFileError>
+make(const Path& file, Date date, std::optional<std::string_view> known = std::nullopt);
+/// Makes a copy of `file` out of a file beside it, by giving that the name that a new copy has.
+std::expected<Path, ConfigFileError> adopt(const Path& aside, const Path& file, Date date);
 /// "yyyyMMdd-HHmmss" in the machine's time zone.
 std::string stamp(Date date);
 /// The copies of `file`, oldest first.

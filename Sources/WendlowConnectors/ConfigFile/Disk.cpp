@@ -1,7 +1,10 @@
 #include "ConfigFile/Disk.h"
 
+#include "ConfigFile/DiskCalls.h"
+
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -19,53 +22,6 @@ namespace {
 
 constexpr std::size_t pieceSize = std::size_t{256} * 1024;
 constexpr std::size_t smallPieceSize = std::size_t{4} * 1024;
-
-std::unexpected<int> lastError() {
-    return std::unexpected(errno);
-}
-
-Result<void> outcome(int status) {
-    if (status != 0)
-        return lastError();
-    return {};
-}
-
-/// Repeats a call that a signal cut short.
-template<class Call> auto uninterrupted(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
-}
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor() {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int number() const { return m_number; }
-
-    /// Linux lets go of the descriptor even when close fails, so this is never tried twice; one
-    /// that a signal cut short has closed.
-    Result<void> close() {
-        const int status = ::close(std::exchange(m_number, -1));
-        return status != 0 && errno != EINTR ? Result<void>(lastError()) : Result<void>();
-    }
-
-private:
-    int m_number;
-};
-
-int openToRead(const Path& path, int flags) {
-    // Without O_NONBLOCK a pipe at the path would hold us until somebody writes to it.
-    return uninterrupted(
-        [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | flags); });
-}
 
 /// The size of an open file; anything but a regular file is an error.
 Result<std::size_t> fileSize(int descriptor) {
@@ -114,17 +70,6 @@ Result<void> extend(int descriptor, std::string& bytes, std::size_t room,
     return {};
 }
 
-Result<void> writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const auto count =
-            uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
-        if (count < 0)
-            return lastError();
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return {};
-}
-
 /// Visits what is in a folder, in no order.
 template<class Visit> Result<void> list(const Path& folder, Visit visit) {
     const auto closeFolder = [](DIR* open) { ::closedir(open); };
@@ -142,22 +87,6 @@ template<class Visit> Result<void> list(const Path& folder, Visit visit) {
     if (errno != 0)
         return lastError();
     return {};
-}
-
-Result<void> flush(int descriptor) {
-    const int status = uninterrupted([&] { return ::fsync(descriptor); });
-    // Some file systems cannot flush a folder, and say so; that is no failing disk.
-    if (status != 0 && errno != EINVAL && errno != ENOTSUP)
-        return lastError();
-    return {};
-}
-
-Result<void> fillNew(int descriptor, std::string_view bytes, mode_t mode, ModeRule rule) {
-    if (rule == ModeRule::exact && uninterrupted([&] { return ::fchmod(descriptor, mode); }) != 0)
-        return lastError();
-    if (const auto written = writeAll(descriptor, bytes); !written)
-        return written;
-    return flush(descriptor);
 }
 
 } // namespace
@@ -221,6 +150,8 @@ Result<std::optional<std::string>> firstLine(const Path& path, std::size_t limit
     const Descriptor file(openToRead(path, 0));
     if (file.number() < 0)
         return lastError();
+    if (const auto size = fileSize(file.number()); !size)
+        return std::unexpected(size.error());
     std::string bytes;
     for (std::size_t room = std::min(limit, smallPieceSize);; room = std::min(limit, room * 2)) {
         const std::size_t held = bytes.size();
@@ -290,30 +221,13 @@ Result<void> setMode(const Path& path, mode_t mode) {
     return outcome(::chmod(path.c_str(), mode));
 }
 
-Result<void> create(const Path& path, std::string_view bytes, mode_t mode, ModeRule rule) {
-    Descriptor file(uninterrupted([&] {
-        return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
-    }));
-    if (file.number() < 0)
+Result<ino_t> number(const Path& path) {
+    struct stat status{};
+    if (::lstat(path.c_str(), &status) != 0)
         return lastError();
-    auto written = fillNew(file.number(), bytes, mode, rule);
-    if (const auto closed = file.close(); written && !closed)
-        written = closed;
-    if (!written)
-        ::unlink(path.c_str());
-    return written;
-}
-
-Result<void> rename(const Path& from, const Path& to) {
-    return outcome(::rename(from.c_str(), to.c_str()));
-}
-
-Result<void> remove(const Path& path) {
-    return outcome(::unlink(path.c_str()));
-}
-
-Result<void> removeFolder(const Path& path) {
-    return outcome(::rmdir(path.c_str()));
+    if (S_ISREG(status.st_mode))
+        return status.st_ino;
+    return std::unexpected(S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP);
 }
 
 Result<void> createDirectories(const Path& path, mode_t mode) {
@@ -395,17 +309,6 @@ std::vector<Path> filesBelow(const Path& folder, std::string_view suffix) {
     return found;
 }
 
-Result<void> flushFolder(const Path& folder) {
-    Descriptor open(openToRead(folder, O_DIRECTORY));
-    if (open.number() < 0) {
-        // A folder may be open to new files and closed to readers; nothing can flush that one.
-        if (errno == EACCES)
-            return {};
-        return lastError();
-    }
-    return flush(open.number());
-}
-
 Result<Path> realPath(const Path& path) {
     const Descriptor file(::open(path.c_str(), O_PATH | O_CLOEXEC));
     if (file.number() < 0 && errno == ENOENT)
@@ -428,6 +331,10 @@ Result<Path> readLink(const Path& path) {
     if (static_cast<std::size_t>(count) == room.size())
         return std::unexpected(ENAMETOOLONG);
     return Path(std::string_view(room.data(), static_cast<std::size_t>(count)));
+}
+
+bool isRunningElsewhere(pid_t process) {
+    return process != ::getpid() && (::kill(process, 0) == 0 || errno != ESRCH);
 }
 
 Result<std::array<std::uint8_t, 16>> random() {

@@ -63,7 +63,52 @@ enum class ModeRule {
 /// than `mode`. On failure nothing is left at `path` unless removing it failed too.
 Result<void> create(const Path& path, std::string_view bytes, mode_t mode,
                     ModeRule rule = ModeRule::exact);
+
+/// What a file has beside its bytes.
+struct Attributes {
+    struct Extended {
+        std::string name;
+        std::string value;
+    };
+    mode_t mode = 0; ///< the permission bits
+    uid_t owner = 0;
+    gid_t group = 0;
+    nlink_t names = 1;              ///< how many hard links lead to it
+    std::vector<Extended> extended; ///< access lists among them
+    bool areAllKnown = true;        ///< false: `extended` could not be read
+};
+Result<Attributes> attributes(const Path& path); ///< links followed
+/// Gives an open file of ours what another has, as far as this user may, and says what it could not
+/// give, as in "its owner". At no moment may anybody do more with it than with the other.
+std::vector<std::string> give(int file, const Attributes& like);
+/// Writes a file as `create` does, with what another one has, and says as `give` does what it
+/// lacks.
+Result<std::vector<std::string>> createLike(const Path& path, std::string_view bytes,
+                                            const Attributes& like);
+
+/// The number by which a file is known whatever it is called. EISDIR and ENOTSUP: a folder, or a
+/// link or something else that is no file, stands there.
+Result<ino_t> number(const Path& path);
 Result<void> rename(const Path& from, const Path& to);
+/// The same where nothing stands yet; EEXIST where something does.
+Result<void> renameToNew(const Path& from, const Path& to);
+
+/// What became of what a file replaced.
+struct Former {
+    enum class Fate {
+        absent,   ///< nothing stood there
+        setAside, ///< it stands at `aside`
+        lost,     ///< it is gone: the file system can neither exchange files nor link them
+    };
+    Fate fate = Fate::absent;
+    Path aside;
+};
+/// Puts the file `from` in the place of the file at `path`, or where none is, and sets what it
+/// replaces aside, all at once. `spare`, which must not be there, is a name to help with. What is
+/// no file is not replaced.
+Result<Former> replace(const Path& from, const Path& path, const Path& spare);
+/// Moves a file to `aside`, which must not be there. ENOENT: there is none.
+Result<void> takeAway(const Path& path, const Path& aside);
 Result<void> remove(const Path& path);       ///< a file; ENOENT is an error
 Result<void> removeFolder(const Path& path); ///< an empty one; any other is an error
 /// Makes the folder and those above it that are missing, each with exactly `mode`. Folders that are
@@ -89,6 +134,9 @@ Result<void> flushFolder(const Path& folder);
 
 Result<Path> realPath(const Path& path); ///< every link resolved; everything on the way exists
 Result<Path> readLink(const Path& path); ///< what a link says; EINVAL when this is no link
+
+/// Whether a process of this number runs that is not this one. One that cannot be asked runs.
+bool isRunningElsewhere(pid_t process);
 
 /// Random bits from the kernel.
 Result<std::array<std::uint8_t, 16>> random();

@@ -10,6 +10,8 @@
 #include <variant>
 #include <vector>
 
+#include <sys/types.h>
+
 namespace wendlow {
 
 /// One planned change of one file.
@@ -18,6 +20,7 @@ struct FileChange {
     std::string label;                 ///< the path as configured, for sentences
     std::optional<std::string> before; ///< bytes when the plan was made; nothing: no file
     std::optional<std::string> after;  ///< bytes it should have; nothing: deleted
+    mode_t born = 0666;                ///< the most that a file that is made may permit
 };
 
 /// What became of a commit.
@@ -38,8 +41,9 @@ struct TransactionResult {
     std::variant<Committed, Refused, Unchanged> outcome;
 };
 
-/// The only road by which a tool's file changes: looks first, copies first, writes each file
-/// atomically, and puts back what it wrote when a later write fails.
+/// The only road by which a tool's file changes: looks first, copies first, writes everything
+/// beside the files, puts each in its place at once, and puts back what it replaced when a later
+/// one fails. What another program wrote until the last moment is kept as a copy, and told.
 namespace Transaction {
 
 using Date = std::chrono::system_clock::time_point;

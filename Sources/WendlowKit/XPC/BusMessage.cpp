@@ -1,6 +1,7 @@
 #include "XPC/BusMessage.h"
 
 #include <QDBusArgument>
+#include <QDBusError>
 #include <QVariantMap>
 
 namespace wendlow::BusMessage {
@@ -13,6 +14,23 @@ namespace {
 
 const QString exchangeMember = QStringLiteral("Exchange");
 const QString signature = QStringLiteral("a{sv}");
+
+/// What the bus says, or the library in its place, where nobody is there to answer. A peer may give
+/// its errors any of these names, and none means more by it than that it refuses one message.
+XPCError::Extent extent(const QDBusMessage& error) {
+    const bool isPeers = error.service().startsWith(QLatin1Char(':'));
+    switch (QDBusError(error).type()) {
+    case QDBusError::Disconnected:
+    case QDBusError::NoReply:
+    case QDBusError::NoServer:
+    case QDBusError::ServiceUnknown:
+        return isPeers ? XPCError::Extent::message : XPCError::Extent::connection;
+    default:
+        return error.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner")
+                   ? XPCError::Extent::connection
+                   : XPCError::Extent::message;
+    }
+}
 
 QVariant written(const xpc_object_t& value) {
     if (const auto* data = std::get_if<std::string>(&value))
@@ -50,7 +68,7 @@ QDBusMessage call(const QString& name, const xpc_object_t& message) {
 xpc_object_t read(const QDBusMessage& message) {
     if (message.type() != QDBusMessage::ReplyMessage &&
         message.type() != QDBusMessage::SignalMessage)
-        return XPCError{message.errorMessage().toStdString()};
+        return XPCError{message.errorMessage().toStdString(), extent(message)};
     if (message.signature() != signature)
         return XPCOther{};
     XPCDictionary entries;

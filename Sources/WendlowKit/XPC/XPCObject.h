@@ -10,9 +10,16 @@ namespace wendlow {
 
 struct xpc_object_t;
 
-/// A connection that failed, in words for a log.
+/// A message that failed, in words for a log.
 struct XPCError {
+    /// What failed with it.
+    enum class Extent {
+        message,    ///< it alone: whoever answers, answered so
+        connection, ///< everything: the bus has gone, or whoever owned the name
+    };
+
     std::string description;
+    Extent extent = Extent::connection;
 };
 
 /// A value of a type that the messages of this service do not have.

@@ -38,43 +38,38 @@ protected:
         return QCoro::waitFor(gateway->handle(WireCodec::decodeRequest(json).value()));
     }
 
+    /// The page says by which case a request is answered.
+    void expectTold(const std::string& heading, const std::string& name,
+                    const GatewayResponse& response) const {
+        const auto& rows = page.table(heading);
+        const auto row =
+            std::ranges::find(rows, "`" + name + "`", [](auto& each) { return each[0]; });
+        ASSERT_NE(row, rows.end()) << name;
+        EXPECT_THAT(row->at(3), HasSubstr(fmt::format("`{}`", response.caseName()))) << name;
+    }
+
+    const std::map<std::string, std::string> families = {{"read", "ReadRequest"},
+                                                         {"control", "ControlRequest"},
+                                                         {"notes", "NotesRequest"},
+                                                         {"diagnostic", "DiagnosticRequest"}};
     TemporaryHome home;
     std::shared_ptr<PracticeGateway> gateway;
     const Catalogue catalogue;
     const GatewayPage page;
 };
 
-/// The page says by which case a request is answered. Arguments that name nothing are refused at
-/// most; there is nothing that no room serves.
-TEST_F(PracticeGatewayAnswers, AreOfTheCaseThatThePageTells) {
-    const std::pair<const char*, const char*> families[] = {{"read", "ReadRequest"},
-                                                            {"control", "ControlRequest"},
-                                                            {"notes", "NotesRequest"},
-                                                            {"diagnostic", "DiagnosticRequest"}};
-    // What needs no more than its own shape is not refused either.
-    const std::set<std::string> neverRefused = {"addConcept",    "connectApp",
-                                                "disconnectApp", "pause",
-                                                "resume",        "setDiagnosticLogging",
-                                                "setFrameKeep",  "setReelKeep",
-                                                "logUpdate",     "generatePhrase",
-                                                "deleteAll",     "shutdown",
-                                                "selfNames",     "listPaths",
-                                                "scopeBoard",    "log"};
+/// Arguments that name nothing are refused at most; there is nothing that no room serves.
+TEST_F(PracticeGatewayAnswers, AreOfTheCaseThatThePageTellsOrRefusals) {
     for (const auto& [family, heading] : families)
-        for (std::size_t index = 0; index < catalogue.of(family).size(); ++index) {
-            const auto& entry = catalogue.of(family)[index];
-            const std::string told = page.table(heading)[index].at(3);
+        for (const auto& entry : catalogue.of(family))
             for (const auto shape : {Sample::Shape::full, Sample::Shape::bare}) {
                 const std::string request = Sample(catalogue, shape, 0).ofCase(entry);
                 SCOPED_TRACE(request);
                 const GatewayResponse response = ask(family, request);
-                const std::string which(response.caseName());
-                const bool isRefused = which == "failure" && !neverRefused.contains(entry.name);
-                EXPECT_TRUE(isRefused || told.find("`" + which + "`") != std::string::npos)
-                    << which << " where the page tells " << told;
+                if (response.caseName() != "failure")
+                    expectTold(heading, entry.name, response);
                 EXPECT_TRUE(WireCodec::encode(response));
             }
-        }
 }
 
 /// The questions that take no arguments, those that take a day, and the others.
@@ -137,12 +132,72 @@ TEST_F(PracticeGatewayAnswers, AreNotEmptyOnAWorkingDay) {
     take(replaced(std::string(others), {{"MEETING", meeting}, {"SCREEN", screen}}), '\n',
          R"({{"{}":{}}})");
     for (const auto& [verb, request] : requests) {
-        const std::string answer = WireCodec::encode(ask("read", request)).value();
+        const GatewayResponse response = ask("read", request);
+        expectTold("ReadRequest", verb, response);
+        const std::string answer = WireCodec::encode(response).value();
         for (const std::string_view nothing :
              {R"("_0":[]})", R"("_0":{}})", R"({"_0":""})", R"(":{}})", R"({"failure")"})
             EXPECT_THAT(answer, Not(HasSubstr(nothing))) << request;
     }
     EXPECT_EQ(requests.size(), catalogue.of("read").size());
+}
+
+/// In an order in which each finds what it names. What is out of place here is always refused.
+constexpr std::string_view commands =
+    R"(notes write {"text":"a","why":"b","writer":"c","type":"rule","path":"/studio"}
+notes edit {"id":"NOTE","text":"b"}
+notes patch {"id":"NOTE","field":"text","find":"b","replace":"c","replaceAll":false}
+notes editFilters {"id":"NOTE","set":{"d":1}}
+notes delete {"id":"NOTE"}
+notes mapPath {"folder":"/p","path":"/studio"}
+notes setPath {"path":"/studio","writer":"c","session":"s"}
+notes modInstall {"name":"decision-log","writer":"c"}
+notes selfNames {}
+notes listPaths {}
+notes scopeBoard {}
+diagnostic log {"source":"settings","line":"x"}
+control addRule {"value":"works.a","kind":"app","tier":"never"}
+control toggleRule {"id":"RULE","enabled":false}
+control removeRule {"id":"RULE"}
+control addConcept {"_0":"x"}
+control removeConcept {"_0":"x"}
+control forget {"thingID":"41"}
+control deleteUtterance {"meeting":"m","rowid":1,"witness":"w"}
+control connectApp {"_0":"codex"}
+control disconnectApp {"_0":"codex"}
+control pauseFor {"minutes":5}
+control pause {}
+control resume {}
+control setDiagnosticLogging {"_0":true}
+control setFrameKeep {"_0":true}
+control setReelKeep {"_0":true}
+control logUpdate {"line":"x"}
+control requestGrant {"kind":"microphone"}
+control generatePhrase {}
+control revealPhrase {}
+control deleteAll {}
+control shutdown {})";
+/// A phrase is entered where no key is, and here one is.
+const std::set<std::string> alwaysRefused{"export", "storeKeyForMigration", "enterPhrase"};
+
+TEST_F(PracticeGatewayAnswers, AreOfTheCaseThatThePageTellsForEachCommand) {
+    std::string note, rule;
+    std::set<std::string> asked(alwaysRefused);
+    for (const auto item : std::views::split(commands, '\n')) {
+        const std::string line(item.begin(), item.end());
+        const auto family = line.substr(0, line.find(' '));
+        const auto name = line.substr(family.size() + 1, line.find(" {") - family.size() - 1);
+        const auto items = replaced(line.substr(line.find('{')), {{"NOTE", note}, {"RULE", rule}});
+        const auto response = ask(family, fmt::format(R"({{"{}":{}}})", name, items));
+        expectTold(families.at(family), name, response);
+        if (const auto* const id = std::get_if<AnswerCase::NoteID>(&response); id && note.empty())
+            note = id->_0;
+        if (name == "addRule")
+            rule = std::get<AnswerCase::Rules>(ask("read", R"({"getRules":{}})"))._0.back().id;
+        asked.insert(name);
+    }
+    EXPECT_EQ(asked.size(), catalogue.of("control").size() + catalogue.of("notes").size() +
+                                catalogue.of("diagnostic").size());
 }
 
 } // namespace

@@ -87,11 +87,13 @@ struct FaultSweep {
     std::function<void()> prepare; ///< puts the files below `root` as they were
     std::vector<SweptFile> files;
     std::function<Verdict(const ProgramRun&)> verdict;
+    std::string lacks = ""; ///< calls that the disk does not know
 
     FaultyRun run(DiskFault fault) const {
         std::filesystem::remove_all(root);
         prepare();
         fault.root = root.string();
+        fault.lacks = lacks;
         return runFaulty(program, arguments, fault);
     }
 
@@ -162,8 +164,9 @@ struct FaultSweep {
 
     /// Between two of these the disk does not change, and a failing look fails only once.
     static bool mayChange(const std::string& call) {
-        static constexpr std::array names{"open",   "write",  "fsync", "fchmod", "chmod",
-                                          "rename", "unlink", "mkdir", "rmdir"};
+        static constexpr std::array names{"open",   "write",     "fsync",    "fchmod", "chmod",
+                                          "rename", "renameat2", "link",     "unlink", "mkdir",
+                                          "rmdir",  "fchown",    "fsetxattr"};
         return std::ranges::find(names, call.substr(0, call.find(' '))) != names.end();
     }
 };

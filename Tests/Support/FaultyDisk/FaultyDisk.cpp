@@ -13,6 +13,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name, bugprone-macro-parentheses)
@@ -30,12 +31,21 @@ struct Settings {
     Fault fault = faultNamed(text("WENDLOW_FAULT_ERRNO"), text("WENDLOW_FAULT_KILL"));
     bool persists = std::strcmp(text("WENDLOW_FAULT_MODE"), "persist") == 0;
     const char* command = std::getenv("WENDLOW_FAULT_RUN");
+    const char* lacking = text("WENDLOW_FAULT_LACKS");
     std::FILE* trace = std::getenv("WENDLOW_FAULT_TRACE") != nullptr
                            ? std::fopen(std::getenv("WENDLOW_FAULT_TRACE"), "ae")
                            : nullptr;
 
     Settings() { unsetenv("LD_PRELOAD"); } // what the program starts is not watched
 
+    /// What a file system says that does not know a call; 0 for one that does.
+    int lacks(const char* call) const {
+        const char* const found = std::strstr(lacking, call);
+        const char behind = found == nullptr ? 'x' : found[std::strlen(call)];
+        if (behind != ' ' && behind != '\0')
+            return 0;
+        return std::strcmp(call, "renameat2") == 0 ? EINVAL : EPERM;
+    }
     static const char* text(const char* name) {
         const char* value = std::getenv(name);
         return value == nullptr ? "" : value;
@@ -138,6 +148,13 @@ public:
             errno = settings().error;
         return m_fault == Fault::error;
     }
+    /// The same, or the file system does not know the call.
+    bool failsOrLacks(const char* call) const {
+        const int error = m_watched ? settings().lacks(call) : 0;
+        if (error != 0)
+            errno = error;
+        return error != 0 || fails();
+    }
 
 private:
     bool m_watched;
@@ -162,12 +179,14 @@ Effect effectOf(int flags) {
     static const auto real = reinterpret_cast<decltype(&::name)>(::dlsym(RTLD_NEXT, #name))
 
 /// A call that fails with -1 and has nothing else to it.
-#define WRAP(name, effect, subject, parameters, ...)                                               \
-    extern "C" int name parameters {                                                               \
+#define WRAP_AS(type, name, effect, subject, parameters, ...)                                      \
+    extern "C" type name parameters {                                                              \
         NEXT(name);                                                                                \
         Call call(#name, Effect::effect, Subject subject);                                         \
-        return call.fails() ? -1 : real(__VA_ARGS__);                                              \
+        return call.failsOrLacks(#name) ? -1 : real(__VA_ARGS__);                                  \
     }
+#define WRAP(name, effect, subject, parameters, ...)                                               \
+    WRAP_AS(int, name, effect, subject, parameters, __VA_ARGS__)
 
 WRAP(stat, looks, (path), (const char* path, struct stat* status) noexcept, path, status)
 WRAP(lstat, looks, (path), (const char* path, struct stat* status) noexcept, path, status)
@@ -184,6 +203,18 @@ WRAP(unlink, changes, (path), (const char* path) noexcept, path)
 WRAP(unlinkat, changes, (at, path), (int at, const char* path, int flags) noexcept, at, path, flags)
 WRAP(remove, changes, (path), (const char* path) noexcept, path)
 WRAP(rename, changes, (to), (const char* from, const char* to) noexcept, from, to)
+WRAP(renameat2, changes, (to),
+     (int fromAt, const char* from, int toAt, const char* to, unsigned flags) noexcept, fromAt,
+     from, toAt, to, flags)
+WRAP(fchown, changes, (file), (int file, uid_t owner, gid_t group) noexcept, file, owner, group)
+WRAP(fsetxattr, changes, (file),
+     (int file, const char* name, const void* value, size_t size, int flags) noexcept, file, name,
+     value, size, flags)
+WRAP_AS(ssize_t, listxattr, looks, (path), (const char* path, char* room, size_t size) noexcept,
+        path, room, size)
+WRAP_AS(ssize_t, getxattr, looks, (path),
+        (const char* path, const char* name, void* room, size_t size) noexcept, path, name, room,
+        size)
 WRAP(link, needsRoom, (to), (const char* from, const char* to) noexcept, from, to)
 WRAP(symlink, needsRoom, (to), (const char* from, const char* to) noexcept, from, to)
 

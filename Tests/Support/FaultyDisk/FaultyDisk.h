@@ -21,6 +21,7 @@ struct DiskFault {
     Lasting lasting = Lasting::once;
     std::string kill = "";    ///< "before" or "after": the process dies there
     std::string command = ""; ///< a shell command that runs just before the call
+    std::string lacks = "";   ///< what the file system does not know: "renameat2", "link", or both
 };
 
 /// A finished run. When its disk had no fault, with the counted calls in order: "open /path",
@@ -45,6 +46,8 @@ inline FaultyRun runFaulty(const std::filesystem::path& program,
         environment["WENDLOW_FAULT_MODE"] = "persist";
     if (!fault.command.empty())
         environment["WENDLOW_FAULT_RUN"] = fault.command;
+    if (!fault.lacks.empty())
+        environment["WENDLOW_FAULT_LACKS"] = fault.lacks;
     if (fault.at == 0)
         environment["WENDLOW_FAULT_TRACE"] = trace;
     FaultyRun run{runProgram(program, arguments, environment), {}};

@@ -41,13 +41,14 @@ TEST(AtomicWrite, WritesBesideTheFileAndCallsBeforeTheRename) {
         EXPECT_EQ(get(home / temporary), "new");
         EXPECT_EQ(modeOf(home / temporary), 0600U);
     };
-    ASSERT_TRUE(AtomicWrite::write("new", home / "settings.json", look));
+    ASSERT_TRUE(AtomicWrite::write("new", home / "settings.json", {.beforeRename = look}));
     EXPECT_THAT(temporary,
                 MatchesRegex("\\.settings\\.json\\.wendlow-[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]"
-                             "{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}\\.tmp"));
+                             "{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}-[0-9]+-[0-9]+\\.tmp"));
     const auto first = temporary;
-    ASSERT_TRUE(AtomicWrite::write("new", home / "settings.json",
-                                   [&] { temporary = namesIn(home.path()).front(); }));
+    ASSERT_TRUE(AtomicWrite::write("new", home / "settings.json", {.beforeRename = [&] {
+                                       temporary = namesIn(home.path()).front();
+                                   }}));
     EXPECT_NE(temporary, first);
 }
 

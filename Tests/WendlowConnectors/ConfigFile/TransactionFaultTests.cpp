@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(With, TransactionFaultTest, ::testing::Values("ENOSPC",
 
 TEST_F(TransactionFaults, RefusesWhereNewBytesMayNotHaveArrived) {
     std::set<std::string> created;
-    bool isNew = false, isFolder = false;
+    bool isNew = false, isFolder = false, isReplacing = false;
     int tried = 0;
     sweep.forEachCall(
         {.error = "EIO"},
@@ -88,15 +88,18 @@ TEST_F(TransactionFaults, RefusesWhereNewBytesMayNotHaveArrived) {
             EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::refused);
         },
         [&](const std::string& call) {
+            isReplacing = isReplacing || call.starts_with("renameat2 ");
             if (call.starts_with("open ")) {
                 isFolder = call == "open " + root.string();
-                isNew = (call.ends_with(".tmp") || call.contains(".wendlow-backup-")) &&
+                isNew = !isReplacing &&
+                        (call.ends_with(".tmp") || call.contains(".wendlow-backup-")) &&
                         created.insert(call).second;
             }
             return (isNew && (call.starts_with("write ") || call.starts_with("close "))) ||
                    ((isNew || isFolder) && call.starts_with("fsync "));
         });
-    EXPECT_EQ(tried, 6 * 3 + 3) << "three copies, three new files, and the folder of each copy";
+    EXPECT_EQ(tried, 6 * 3 + 4) << "three copies, three new files, the folder for each copy and "
+                                   "after the last file";
 }
 
 TEST_P(TransactionFaultTest, TellsTheTruthOnADiskThatStaysBroken) {
@@ -118,12 +121,24 @@ TEST_F(TransactionFaults, IsNotDisturbedBySignalsAndShortCounts) {
 }
 
 TEST_F(TransactionFaults, LeavesAWayBackWhereverItIsKilled) {
-    for (const auto* when : {"before", "after"})
-        sweep.killAtEachCall(when);
+    for (const auto* lacks : {"", "renameat2", "renameat2 link"})
+        for (const auto* when : {"before", "after"}) {
+            auto lesser = sweep;
+            lesser.lacks = lacks;
+            lesser.killAtEachCall(when);
+        }
 }
 
-TEST_F(TransactionFaults, FlushesBeforeAnythingIsReplaced) {
-    int unflushed = 0, flushedFolders = 0, replaced = 0;
+TEST_F(TransactionFaults, TellsTheTruthWhereFilesCanNeitherBeExchangedNorLinked) {
+    for (const auto* lacks : {"renameat2", "renameat2 link"}) {
+        auto lesser = sweep;
+        lesser.lacks = lacks;
+        lesser.failEachCall("EIO");
+    }
+}
+
+TEST_F(TransactionFaults, FlushesBeforeAnythingIsReplacedAndBeforeAnythingIsLetGo) {
+    int unflushed = 0, flushedFolders = 0, replaced = 0, removed = 0;
     std::string opened;
     for (const auto& call : sweep.run({}).calls) {
         if (call.starts_with("open "))
@@ -133,13 +148,18 @@ TEST_F(TransactionFaults, FlushesBeforeAnythingIsReplaced) {
             unflushed = 0;
             flushedFolders += opened == root ? 1 : 0;
         }
-        if (call.starts_with("rename ") || call.starts_with("unlink ")) {
+        if (call.starts_with("rename")) {
             EXPECT_EQ(unflushed, 0) << call;
             EXPECT_EQ(flushedFolders, 3) << "one copy's name for each file that was there";
-            ++replaced;
+            replaced += call.starts_with("renameat2 ") ? 1 : 0;
+        }
+        if (call.starts_with("unlink ")) {
+            EXPECT_EQ(flushedFolders, 4) << "the names of the new files too";
+            ++removed;
         }
     }
-    EXPECT_EQ(replaced, 5) << "three renames, one deletion, one copy pruned";
+    EXPECT_EQ(replaced, 5) << "two exchanges, a try of one, a new name, a deletion";
+    EXPECT_EQ(removed, 4) << "what three files held before, and one copy pruned";
 }
 
 TEST_F(TransactionFaults, BelievesNoCopyThatItCannotReadBack) {
@@ -159,31 +179,44 @@ TEST_F(TransactionFaults, BelievesNoCopyThatItCannotReadBack) {
     expectTruth(sweep.files, verdict);
 }
 
-TEST_F(TransactionFaults, KeepsWhatAnotherProgramWritesUntilTheCopyOrAfterTheRename) {
-    const auto calls = sweep.run({}).calls;
+/// At no call may another program's write vanish; one that comes after the reading and is replaced
+/// is told.
+TEST_F(TransactionFaults, KeepsWhatAnotherProgramWritesWheneverItDoes) {
     const auto path = (root / "written").string();
-    const auto planned = std::ranges::find(calls, "open " + path);
-    const auto opened = std::find(planned + 1, calls.end(), "open " + path);
-    const auto copied = std::find(opened, calls.end(), "read (open file)");
-    const auto renamed = std::find(copied, calls.end(), "rename " + path);
-    ASSERT_NE(renamed, calls.end());
     struct Write {
-        const char* redirection;
-        std::string before; ///< the commit: what a copy holds
+        const char* lacks;
+        std::string command;
+        std::string before; ///< the exchange: what a copy holds
         std::string after;
     };
-    for (const auto& [redirection, before, after] :
-         {Write{">", "theirs", "theirs"}, Write{">>", "old writtentheirs", "new writtentheirs"}})
-        sweep.forEachCall(
-            {.command = fmt::format("printf theirs {}{}", redirection, path)},
-            [&](const FaultyRun& run, const std::string&) {
-                EXPECT_EQ(verdictOf(run).kind, Verdict::Kind::committed);
-                EXPECT_TRUE(get(path) == after || hasCopy({path, before, {}}));
-            },
-            [&, index = std::ptrdiff_t{0}](const std::string&) mutable {
-                const auto at = calls.begin() + index++;
-                return at <= copied || at > renamed;
+    const std::string moved =
+        fmt::format("printf theirs >{0}.new; chmod 640 {0}.new; mv {0}.new {0}", path);
+    const std::string written = fmt::format("printf theirs >{}", path);
+    const std::string added = fmt::format("printf theirs >>{}", path);
+    // Without an exchange, what is moved there between the two calls that do its work is not kept.
+    for (const auto& [lacks, command, before, after] :
+         {Write{"", moved, "theirs", "theirs"}, Write{"", written, "theirs", "theirs"},
+          Write{"", added, "old writtentheirs", "new writtentheirs"},
+          Write{"renameat2", written, "theirs", "theirs"}}) {
+        auto lesser = sweep;
+        lesser.lacks = lacks;
+        bool isOpen = false, isRead = false;
+        lesser.forEachCall({.command = command}, [&](const FaultyRun& run,
+                                                     const std::string& call) {
+            const auto verdict = verdictOf(run);
+            EXPECT_EQ(verdict.kind, Verdict::Kind::committed);
+            const bool stands = get(path) == after;
+            EXPECT_TRUE(stands || hasCopy({path, before, {}}));
+            EXPECT_FALSE(hasTemporary(root));
+            const bool isTold = std::ranges::any_of(verdict.observations, [](const auto& said) {
+                return said.text.starts_with("another program wrote to the file since it was read");
             });
+            EXPECT_EQ(isTold, isRead && !stands);
+            isOpen = isOpen || call == "open " + path;
+            // A file that is open stays what it is when another takes its name.
+            isRead = isRead || (isOpen && (command == moved || call.starts_with("read ")));
+        });
+    }
 }
 
 } // namespace

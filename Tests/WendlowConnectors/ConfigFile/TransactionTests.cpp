@@ -4,7 +4,11 @@
 #include "Files.h"
 #include "TemporaryHome.h"
 
+#include <array>
+
 #include <gmock/gmock.h>
+#include <sys/xattr.h>
+#include <unistd.h>
 
 namespace wendlow {
 
@@ -192,6 +196,77 @@ TEST_F(TransactionTest, LeavesAloneWhatSomebodyElseWroteMeanwhile) {
     EXPECT_EQ(get(copyOf(a)), "old");
 }
 
+/// The owner and one more user may read and write, nobody else anything: as the kernel keeps it.
+const std::string rights("\2\0\0\0"
+                         "\1\0\6\0\xff\xff\xff\xff"
+                         "\2\0\6\0\x80\x0d\0\0"
+                         "\4\0\0\0\xff\xff\xff\xff"
+                         "\x10\0\6\0\xff\xff\xff\xff"
+                         "\x20\0\0\0\xff\xff\xff\xff",
+                         44);
+
+std::string attributeOf(const fs::path& path, const char* name) {
+    std::array<char, 256> room{};
+    const auto size = ::getxattr(path.c_str(), name, room.data(), room.size());
+    return {room.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0))};
+}
+
+/// What root does to a person's file stays the person's, and so does its copy.
+TEST_F(TransactionTest, KeepsOwnerGroupAccessListAndAttributes) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can give a file away";
+    constexpr const char* list = "system.posix_acl_access";
+    put(a, "old", 0600);
+    ASSERT_EQ(::chown(a.c_str(), 1234, 2345), 0);
+    const bool hasLists = ::setxattr(a.c_str(), list, rights.data(), rights.size(), 0) == 0;
+    const bool hasAttributes = ::setxattr(a.c_str(), "user.mine", "\0x", 2, 0) == 0;
+    const auto mode = modeOf(a);
+    const auto before = namesIn(home.path()).size();
+    EXPECT_THAT(std::get<TransactionResult::Committed>(commit({{a, "~/a", "old", "new"}}).outcome)
+                    .observations,
+                ElementsAre(Observation{copyOf(a), "a copy of the file was made here first"}));
+    EXPECT_EQ(namesIn(home.path()).size(), before + 1);
+    EXPECT_EQ(get(a), "new");
+    for (const auto& path : {a, copyOf(a)}) {
+        struct stat status{};
+        ASSERT_EQ(::stat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_uid, 1234U);
+        EXPECT_EQ(status.st_gid, 2345U);
+        EXPECT_EQ(modeOf(path), mode);
+        if (hasLists) {
+            EXPECT_EQ(attributeOf(path, list), rights);
+        }
+        if (hasAttributes) {
+            EXPECT_EQ(attributeOf(path, "user.mine"), std::string("\0x", 2));
+        }
+    }
+}
+
+/// Who may write a file but not give it away is told, and nobody comes to read what only the old
+/// group could.
+TEST_F(TransactionTest, TellsWhatItCannotKeep) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can become somebody else";
+    put(a, "old", 0676);
+    fs::create_hard_link(a, b);
+    ::chmod(home.path().c_str(), 0777);
+    const Umask umask(0);
+    ASSERT_EQ(::setegid(65534), 0);
+    ASSERT_EQ(::seteuid(65534), 0);
+    const auto result = commit({{a, "~/a", "old", "new"}});
+    ASSERT_EQ(::seteuid(0), 0);
+    ASSERT_EQ(::setegid(0), 0);
+    EXPECT_THAT(
+        std::get<TransactionResult::Committed>(result.outcome).observations,
+        ElementsAre(Observation{"~/a", "this user could not keep everything that this file has "
+                                       "beside its bytes — its owner, its group"},
+                    Observation{"~/a", "this file has other names (hard links), which keep what it "
+                                       "held before"},
+                    Observation{copyOf(a), "a copy of the file was made here first"}));
+    EXPECT_EQ(get(b), "old");
+    EXPECT_EQ(modeOf(a), 0666U);
+}
+
 TEST_F(TransactionTest, SurvivesTheLossOfACopyOrOfTheFolder) {
     put(a, "old");
     EXPECT_EQ(refusal({{a, "a", "old", "new"}, {b, "b", nullopt, "new"}}, atCall(2,
@@ -210,6 +285,28 @@ TEST_F(TransactionTest, SurvivesTheLossOfACopyOrOfTheFolder) {
         refusal({{inside, "x", "old", "new"}}, [&] { fs::remove_all(home / "tool"); }),
         ElementsAre(Observation{"x", "this file was not written, so nothing was changed — " + gone},
                     Observation{"x", "this file was not put back as it was — " + gone}));
+}
+
+/// That a path cannot be read any more does not make the file there another, nor one that never
+/// was.
+TEST_F(TransactionTest, CallsNothingChangedThatItCannotRead) {
+    for (const std::optional<std::string>& before : {std::optional<std::string>("old"), {}}) {
+        const auto folder = home / "tool", file = folder / "x.json";
+        fs::create_directory(folder);
+        if (before)
+            put(file, *before);
+        const auto said = refusal({{file, "x", before, "new"}}, [&] {
+            fs::rename(folder, home / "elsewhere");
+            fs::create_symlink("tool", folder);
+        });
+        EXPECT_THAT(
+            said, ElementsAre(Observation{
+                      "x", "this file was not written, so nothing was changed — " + file.string() +
+                               " could not be written: Too many levels of symbolic links"}));
+        EXPECT_EQ(get(home / "elsewhere/x.json"), before);
+        fs::remove(folder);
+        fs::remove_all(home / "elsewhere");
+    }
 }
 
 } // namespace

@@ -6,6 +6,9 @@
 
 #include <fstream>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 namespace wendlow::testing {
@@ -60,6 +63,43 @@ TEST(Contract, HoldsForAFileOf13MB) {
                    R"("] })";
     const std::string scenario = "put @hooks " + history + "}}\nput @servers {}\nround\n";
     EXPECT_TRUE(Stage("claude-code").play(scenario) == scenario);
+}
+
+/// A pipe that nobody writes to, and a device without an end, wherever a tool keeps a file.
+TEST(Contract, WaitsForNothingThatIsNoFile) {
+    ::alarm(120); // and ends this program where something does wait
+    for (const char* name :
+         {".claude/settings.json", ".claude.json", ".claude/CLAUDE.md", ".claude/memory/a.md",
+          ".claude/projects/-p/memory/MEMORY.md", ".codex/hooks.json", ".codex/config.toml",
+          ".codex/AGENTS.md", ".codex/sessions/a.jsonl", ".cursor/hooks.json", ".cursor/mcp.json",
+          ".cursor/rules/a.mdc", ".config/opencode/opencode.jsonc",
+          ".config/opencode/opencode.json", ".config/opencode/plugins/wendlow.js",
+          "Library/Application Support/Wendlow/Connectors/codex.json",
+          "Library/Application Support/Cursor/User/workspaceStorage/a/workspace.json",
+          "Applications/Cursor.app/Contents/Info.plist"})
+        for (const bool isPipe : {true, false}) {
+            SCOPED_TRACE(name);
+            const TemporaryHome home;
+            for (const char* folder : {".claude", ".codex", ".cursor", ".config/opencode"})
+                std::filesystem::create_directories(home / folder);
+            const auto path = home / name;
+            std::filesystem::create_directories(path.parent_path());
+            if (!isPipe || ::mkfifo(path.c_str(), 0600) != 0)
+                std::filesystem::create_symlink("/dev/zero", path);
+            for (const auto& tool :
+                 Connectors::all(home.path(), home / "Wendlow.app", home / "Applications")) {
+                tool->scan();
+                tool->projects();
+                tool->memoryFiles();
+                tool->staleOwnWiring();
+                tool->install();
+                tool->remove();
+            }
+            const bool isOurs = std::string_view(name).contains("/Wendlow/");
+            EXPECT_TRUE(isOurs || (isPipe ? std::filesystem::is_fifo(path)
+                                          : std::filesystem::is_character_file(path)));
+        }
+    ::alarm(0);
 }
 
 TEST(Contract, NoCommandNamesAProgramThatAShellWouldNotFind) {

@@ -176,7 +176,7 @@ void Stage::act(const std::string& verb) {
         line(std::string(text(outcome.result)));
         tell(outcome.observations);
         const auto copies = std::ranges::count_if(outcome.observations, [](const auto& said) {
-            return said.subject.contains(".wendlow-backup-");
+            return said.text == "a copy of the file was made here first";
         });
         EXPECT_EQ(copies, outcome.backups.size());
         for (const fs::path& copy : outcome.backups)
@@ -316,7 +316,7 @@ std::string Stage::marked(std::string text) const {
     // The longest first: it may hold the others.
     std::ranges::stable_sort(marks, std::greater(),
                              [](const auto& each) { return each.second.size(); });
-    static const std::regex unique("[0-9A-F-]{36}\\.tmp$");
+    static const std::regex unique("[0-9A-F]{8}[0-9A-F-]{28,}\\.tmp$");
     if (text.ends_with(".tmp"))
         text = std::regex_replace(text, unique, "….tmp");
     static const std::regex stamp("(\\.wendlow-backup-)[0-9]{8}-[0-9]{6}");
@@ -330,6 +330,7 @@ std::string Stage::marked(std::string text) const {
 Stage::~Stage() {
     if (m_user) {
         EXPECT_EQ(::seteuid(*m_user), 0);
+        EXPECT_EQ(::setegid(m_group), 0);
     }
 }
 
@@ -343,6 +344,8 @@ void Stage::asNobody() {
     for (const auto& entry : fs::recursive_directory_iterator(m_home.path()))
         EXPECT_EQ(::lchown(entry.path().c_str(), nobody, nobody), 0);
     m_user = ::geteuid();
+    m_group = ::getegid();
+    EXPECT_EQ(::setegid(nobody), 0);
     EXPECT_EQ(::seteuid(nobody), 0);
 }
 

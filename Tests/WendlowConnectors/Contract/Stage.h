@@ -72,6 +72,7 @@ private:
     std::vector<std::pair<std::string, std::string>> m_marks; ///< may hold those behind them
     std::function<void()> m_meanwhile; ///< done before the first rename of the next verb
     std::optional<uid_t> m_user;       ///< who this process was, where it became somebody else
+    gid_t m_group = 0;                 ///< of whom it was then
     std::map<std::string, std::string> m_put; ///< what commands last wrote
     std::set<std::string> m_told;             ///< longer texts that need not be told again
     std::string m_out;

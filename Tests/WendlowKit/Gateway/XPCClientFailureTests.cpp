@@ -80,6 +80,19 @@ TEST_F(XPCClientFailures, EachSayTheirSentence) {
     }
 }
 
+/// Sent again, a write beside a refused one would be done twice.
+TEST_F(XPCClientFailures, LeaveTheRequestsBesideThemAlone) {
+    const auto running = gateway("late-300,late-300,refuse,answer");
+    XPCClient client(options());
+    const std::vector callers{ask(client), ask(client), ask(client)};
+    EXPECT_TRUE(comes([&] {
+        return std::ranges::all_of(callers, [](auto& caller) { return caller->resumed > 0; });
+    }));
+    for (const auto& caller : callers)
+        EXPECT_EQ(caller->text(), "healthy");
+    EXPECT_EQ(seen(), "rrrr");
+}
+
 TEST_F(XPCClientFailures, WithNobodyThereTheDoorIsAbsent) {
     XPCClient client(options());
     EXPECT_EQ(answered(client).text(), absent); // a bus, and nobody on it

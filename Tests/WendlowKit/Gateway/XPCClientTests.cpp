@@ -27,7 +27,9 @@ public:
         asked.push_back({std::move(message), std::move(handler)});
     }
 
-    void fail(std::size_t index) { asked.at(index).handler(XPCError{"gone"}); }
+    void fail(std::size_t index, XPCError::Extent extent = XPCError::Extent::connection) {
+        asked.at(index).handler(XPCError{"gone", extent});
+    }
     void answer(std::size_t index, const std::string& text, std::uint64_t wire = 1) {
         xpc_object_t reply = xpc_dictionary_create();
         XPCWire::set(R"({"text":{"_0":")" + text + R"("}})", "payload", reply);
@@ -108,6 +110,32 @@ TEST_F(OnFakes, ABurstOfFailuresDialsOnceAndOnlyTheRetryHasALimit) {
     EXPECT_EQ(second->resumed, 1);
     EXPECT_EQ(client->lastDoorFault(), DoorFault::silent);
     EXPECT_EQ(client->knocks(), 0);
+}
+
+TEST_F(OnFakes, ARefusalConcernsItsOwnRequestAndSilenceTheWholeConnection) {
+    client = std::make_unique<XPCClient>(options);
+    const auto waiting = ask(*client);
+    const auto refused = ask(*client);
+    dialled[0]->fail(1, XPCError::Extent::message);
+    settle();
+    ASSERT_EQ(dialled.size(), 2U);
+    EXPECT_EQ(dialled[0]->cancelled, 0);
+    EXPECT_EQ(dialled[1]->asked.size(), 1U);
+    const auto other = ask(*client); // over the new connection, as the retry
+    dialled[0]->answer(0, "at last");
+    settle();
+    EXPECT_EQ(waiting->text(), "at last");
+    timers[0].work(); // nothing was heard over the new one
+    settle();
+    EXPECT_EQ(client->lastDoorFault(), DoorFault::silent);
+    EXPECT_EQ(refused->resumed, 1);
+    EXPECT_EQ(other->resumed, 0);
+    EXPECT_EQ(dialled[1]->cancelled, 1);
+    ASSERT_EQ(dialled.size(), 3U);
+    const auto next = ask(*client);
+    dialled[2]->answer(0, "again");
+    settle();
+    EXPECT_EQ(next->text(), "again");
 }
 
 TEST_F(OnFakes, AClientThatWasConnectedKnocksFirstAndAnnouncesASkewOnce) {

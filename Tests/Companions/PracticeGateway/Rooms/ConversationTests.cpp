@@ -150,10 +150,11 @@ TEST(Conversation, CutsAWalkThatIsTooLongFromBelow) {
 }
 
 TEST(Conversation, KeepsScopesFoldersSessionsNamesAndMods) {
+    ::setenv("HOME", "/p", 1);
     TemporaryRooms rooms;
     rooms.hold(R"(
 notes mapPath {"folder":"/p/atlas/","path":"/studio/atlas"} → text /p/atlas maps to /studio/atlas.
-notes mapPath {"folder":"/p","path":"/studio"} → text /p maps to /studio.
+notes mapPath {"folder":"~/","path":"/studio"} → text /p maps to /studio.
 notes mapPath {"folder":"/p","path":"/home"} → text /p maps to /home.
 notes setPath {"path":"/home","writer":"codex","session":"s1"} → text This session works in /home.
 notes write {"text":"at home","why":"","writer":"w","type":"rule","path":"/home"} → noteID m1
@@ -171,7 +172,7 @@ read standingRules {"session":"s1","cwd":"/p/atlas"}
 → standingWalk {"_0":{"path":"/home","levels":[{"path":"/home","rules":["at home"]}],"overflow":0}}
 read standingRules {"cwd":"/p/atlasses"}
 → standingWalk {"_0":{"path":"/home","levels":[{"path":"/home","rules":["at home"]}],"overflow":0}}
-read standingRules {"cwd":"/p/atlas/src","session":"s2"}
+read standingRules {"cwd":"~/atlas/src","session":"s2"}
 → standingWalk {"_0":{"path":"/studio/atlas","levels":[{"path":"/studio/atlas","rules":["on the atlas"]}],"overflow":0}}
 notes selfNames → noteID {"_0":"self-names","echo":["Ann","Bob"]}
 read modsList → text - decision-log · / · rev 2 · files what was decided, with who decided it and why\n
