@@ -1,7 +1,6 @@
 #include "ConnectorVerb.h"
 
 #include "ConfigFile/Backup.h"
-#include "ConfigFile/Leftovers.h"
 
 #include <algorithm>
 #include <ranges>
@@ -23,16 +22,6 @@ struct FileFate {
     bool changes;
     bool heldOurs;
 };
-
-/// Clears away what a killed verb left beside the files and the receipt; what there is to say of
-/// that.
-Observations sweep(const std::vector<PlannedFile>& files, const ReceiptStore& receipts,
-                   const Surroundings& surroundings) {
-    Observations said = Leftovers::sweep(receipts.file, surroundings.now());
-    for (const PlannedFile& planned : files)
-        append(said, Leftovers::sweep(planned.file.path, surroundings.now()));
-    return said;
-}
 
 /// Moves the plan into the transaction; large files are not copied on the way.
 TransactionResult commit(std::vector<PlannedFile> files, const Surroundings& surroundings) {
@@ -90,19 +79,10 @@ void sayFates(const std::vector<FileFate>& files, std::string_view done, Observa
     std::ranges::for_each(files | std::views::filter(std::not_fn(&FileFate::changes)), say);
 }
 
-/// The outcome so far of a transaction that was not refused, `said` in front.
-ConnectorOutcome outcomeOf(TransactionResult::Committed* committed, Observations said) {
-    if (committed == nullptr)
-        return {.observations = std::move(said), .backups = {}};
-    append(said, std::move(committed->observations));
+ConnectorOutcome changed(TransactionResult::Committed& committed) {
     return {.result = Result::changed,
-            .observations = std::move(said),
-            .backups = std::move(committed->backups)};
-}
-
-ConnectorOutcome refusedAfter(Observations said, TransactionResult::Refused& refusal) {
-    append(said, std::move(refusal.observations));
-    return refused(std::move(said));
+            .observations = std::move(committed.observations),
+            .backups = std::move(committed.backups)};
 }
 
 } // namespace
@@ -118,10 +98,10 @@ void Installation::add(ToolFile toolFile, InstalledBlock installed, const FileRo
     const bool edited = installed.bytes.has_value();
     files.push_back({.file = std::move(toolFile),
                      .what = role.what,
+                     .born = role.born,
                      .edited = edited,
                      .after = std::move(installed.bytes),
-                     .lost = std::move(installed.lost),
-                     .born = role.born});
+                     .lost = std::move(installed.lost)});
 }
 
 void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
@@ -159,12 +139,11 @@ void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
 ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
                          ConnectorReceipt receipt, const Surroundings& surroundings) {
     const auto said = fates(installation.files);
-    auto swept = sweep(installation.files, receipts, surroundings);
     auto result = commit(std::move(installation.files), surroundings);
     if (auto* refusal = std::get_if<TransactionResult::Refused>(&result.outcome))
-        return refusedAfter(std::move(swept), *refusal);
+        return refused(std::move(refusal->observations));
     auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
-    ConnectorOutcome outcome = outcomeOf(committed, std::move(swept));
+    ConnectorOutcome outcome = committed != nullptr ? changed(*committed) : ConnectorOutcome{};
     if (committed != nullptr)
         sayLost(said, outcome.backups, outcome.observations);
     append(outcome.observations, std::move(installation.planNotes));
@@ -191,13 +170,12 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
 ConnectorOutcome remove(Removal removal, const ReceiptStore& receipts,
                         const Surroundings& surroundings) {
     const auto said = fates(removal.files);
-    auto swept = sweep(removal.files, receipts, surroundings);
     auto result = commit(std::move(removal.files), surroundings);
     if (auto* refusal = std::get_if<TransactionResult::Refused>(&result.outcome))
-        return refusedAfter(std::move(swept), *refusal);
-    auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome);
-    ConnectorOutcome outcome = outcomeOf(committed, std::move(swept));
-    if (committed != nullptr) {
+        return refused(std::move(refusal->observations));
+    ConnectorOutcome outcome;
+    if (auto* committed = std::get_if<TransactionResult::Committed>(&result.outcome)) {
+        outcome = changed(*committed);
         sayLost(said, outcome.backups, outcome.observations);
         append(outcome.observations, std::move(removal.notes));
         if (removal.afterwards)

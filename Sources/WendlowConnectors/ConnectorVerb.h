@@ -25,11 +25,11 @@ namespace wendlow {
 struct PlannedFile {
     ToolFile file;
     std::string_view what = "entry";  ///< what of ours the file holds, for sentences
+    mode_t born = 0666;               ///< the most that the file permits where it is made
     bool edited = false;              ///< false: the file is right as it stands
     std::optional<std::string> after; ///< of an edited file; nothing: it is to be deleted
     std::vector<std::string> lost;    ///< of what others wrote in it; said with the copy of it
     bool heldOurs = true;             ///< false: nothing is said to have been removed from it
-    mode_t born = 0666;               ///< the most that the file permits where it is made
 
     bool changes() const { return edited && file.bytes != after; }
 };
@@ -53,14 +53,14 @@ enum class FileOrder { changedFirst, asPlanned };
 struct FileRole {
     Created file;                    ///< the receipt's case for a file that we made
     std::string_view what = "entry"; ///< what of ours the file holds
+    /// The most that a file which we make permits; 0600 where it may come to hold secrets.
+    mode_t born = 0666;
     /// Whether a file with these bytes holds nothing any more, and the words for that.
     bool (*isEmpty)(std::string_view bytes) = JSONBlock::isEmptyObject;
     std::string_view emptyWords = "is now empty";
     /// Whether a file that we made and that holds these bytes goes; one that its tool has put
     /// something of its own into may, and is not empty.
     bool (*isLeftover)(std::string_view bytes) = isEmpty;
-    /// The most that a file which we make permits; 0600 where it may come to hold secrets.
-    mode_t born = 0666;
 };
 
 /// A planned installation.

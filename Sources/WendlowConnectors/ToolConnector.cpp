@@ -1,6 +1,7 @@
 #include "ToolConnector.h"
 
 #include "ConfigFile/Disk.h"
+#include "ConfigFile/Leftovers.h"
 #include "HookCommand.h"
 
 #include <algorithm>
@@ -9,6 +10,26 @@
 #include <fmt/format.h>
 
 namespace wendlow {
+
+namespace {
+
+/// Clears away what a killed verb left beside the files and the receipt; what there is to say of
+/// that.
+Observations sweep(const std::vector<PlannedFile>& files, const ReceiptStore& receipts,
+                   const ConnectorVerb::Surroundings& surroundings) {
+    Observations said = Leftovers::sweep(receipts.file, surroundings.now());
+    for (const PlannedFile& planned : files)
+        append(said, Leftovers::sweep(planned.file.path, surroundings.now()));
+    return said;
+}
+
+ConnectorOutcome behind(Observations said, ConnectorOutcome outcome) {
+    append(said, std::move(outcome.observations));
+    outcome.observations = std::move(said);
+    return outcome;
+}
+
+} // namespace
 
 bool Tool::isHere() const {
     return Disk::isDirectory(directory) || std::ranges::any_of(shownBy, Disk::exists);
@@ -68,8 +89,10 @@ ConnectorOutcome ToolConnector::install() const {
     auto plan = here->installation();
     if (!plan)
         return ConnectorVerb::refused(std::move(plan).error());
-    return ConnectorVerb::install(*std::move(plan), ReceiptStore{m_tool.receiptFile},
-                                  here->receipt(), m_surroundings);
+    const ReceiptStore receipts{m_tool.receiptFile};
+    auto swept = sweep(plan->files, receipts, m_surroundings);
+    return behind(std::move(swept), ConnectorVerb::install(*std::move(plan), receipts,
+                                                           here->receipt(), m_surroundings));
 }
 
 ConnectorOutcome ToolConnector::remove() const {
@@ -79,8 +102,10 @@ ConnectorOutcome ToolConnector::remove() const {
     auto plan = here->removal();
     if (!plan)
         return ConnectorVerb::refused(std::move(plan).error());
-    return ConnectorVerb::remove(*std::move(plan), ReceiptStore{m_tool.receiptFile},
-                                 m_surroundings);
+    const ReceiptStore receipts{m_tool.receiptFile};
+    auto swept = sweep(plan->files, receipts, m_surroundings);
+    return behind(std::move(swept),
+                  ConnectorVerb::remove(*std::move(plan), receipts, m_surroundings));
 }
 
 bool ToolConnector::staleOwnWiring() const {

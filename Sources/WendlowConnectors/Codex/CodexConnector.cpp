@@ -27,7 +27,7 @@ bool holdsOnlyWhitespace(std::string_view bytes) {
 
 constexpr ConnectorVerb::FileRole hooksRole{.file = Created::codexHooksFile};
 constexpr ConnectorVerb::FileRole configRole{
-    .file = Created::codexConfigFile, .isEmpty = holdsOnlyWhitespace, .born = 0600};
+    .file = Created::codexConfigFile, .born = 0600, .isEmpty = holdsOnlyWhitespace};
 
 /// The hooks file as a plan leaves it. Points into the plan's bytes.
 class PlannedHooks {

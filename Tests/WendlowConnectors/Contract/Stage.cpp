@@ -316,10 +316,10 @@ std::string Stage::marked(std::string text) const {
     // The longest first: it may hold the others.
     std::ranges::stable_sort(marks, std::greater(),
                              [](const auto& each) { return each.second.size(); });
-    static const std::regex unique("[0-9A-F]{8}[0-9A-F-]{28,}(?=\\.tmp$)");
-    static const std::regex stamp("(\\.wendlow-backup-)[0-9]{8}-[0-9]{6}");
+    static const std::regex unique("[0-9A-F]{8}[0-9A-F-]{28,}\\.tmp$");
     if (text.ends_with(".tmp"))
-        text = std::regex_replace(text, unique, "…");
+        text = std::regex_replace(text, unique, "….tmp");
+    static const std::regex stamp("(\\.wendlow-backup-)[0-9]{8}-[0-9]{6}");
     if (text.contains(".wendlow-backup-"))
         text = std::regex_replace(text, stamp, "$1…");
     auto signs = pictures;
