@@ -71,6 +71,9 @@ T.ItemDelegate {
     onStaleChanged: if (row.stale)
         row.wanted()
 
+    // The menu bar would take it for the text that has the focus, and there is none.
+    Keys.onShortcutOverride: event => event.accepted = event.matches(StandardKey.Copy)
+
     TapHandler {
         acceptedButtons: Qt.RightButton
         gesturePolicy: TapHandler.WithinBounds

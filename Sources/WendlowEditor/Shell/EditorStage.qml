@@ -61,7 +61,14 @@ FocusScope {
 
     // What the page behind a search comes back with shows no ring by itself.
     onSearchingChanged: if (!stage.searching && stage.activeFocus)
-        Qt.callLater(stage.enter)
+        entering.restart()
+
+    // Behind what the change takes from sight and brings there.
+    Timer {
+        id: entering
+        interval: 0
+        onTriggered: stage.enter()
+    }
 
     Keys.onLeftPressed: event => {
         event.accepted = !stage.root.modal;
@@ -100,7 +107,7 @@ FocusScope {
                 trying: stage.root.trying
                 waitingWords: stage.root.waitingWords
                 onTriedAgain: stage.root.tryAgain()
-                onSteppedBack: Qt.callLater(stage.enter)
+                onSteppedBack: entering.restart()
                 onFirstChanged: if (slot.face.open && slot.first)
                     stage.arrive()
                 // A page goes later than what it was loaded into.
