@@ -420,16 +420,5 @@ TEST(EditorRoot, TellsAFaceWhatBefallsIt) {
     EXPECT_FALSE(root.isModal());
 }
 
-TEST(EditorRoot, ABlankStageSaysWhatItKnows) {
-    Window window;
-    window.store.meeting.count = 3;
-    window.root.setFace(EditorFace::meetings);
-    EXPECT_EQ(window.words(),
-              "3 meetings are recorded. A meetings surface lands in a later phase.");
-    window.root.setFace(EditorFace::mods);
-    EXPECT_EQ(window.words(), "This surface isn’t wired to your real data yet.")
-        << "of meetings only the meetings speak";
-}
-
 } // namespace
 } // namespace wendlow::testing
