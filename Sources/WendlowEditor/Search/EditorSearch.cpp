@@ -210,7 +210,7 @@ void EditorSearch::rebuild() {
 }
 
 /// Lays the page out anew, with this hit selected, or else the first.
-void EditorSearch::layOut(std::string kept) {
+void EditorSearch::layOut(const std::string& kept) {
     const auto& board = m_sources.mods.modsBoard();
     const auto paths = FlatScopes::paths(m_sources.scopes.rootScope());
     const SearchPage::Found found{.term = m_hereTerm,

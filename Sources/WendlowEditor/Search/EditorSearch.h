@@ -155,7 +155,7 @@ private:
     QCoro::Task<> run(std::string term);
     QCoro::Task<EditorAnswer> answerTo(EditorAsk ask);
     void show(const EditorAnswer& memories, EditorAnswer moments, Millis millis);
-    void layOut(std::string kept);
+    void layOut(const std::string& kept);
     void moveTo(std::optional<std::size_t> place);
     void fetchDetails();
     QString summary() const;

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
@@ -45,7 +47,7 @@ FocusScope {
         id: hit
         y: row.section.length > 0 ? 32 : 0
         width: parent.width
-        height: row.open ? opened.y + opened.height + 12 : row.twoLines ? 44 : 36
+        height: row.open ? opened.tall + 20 : row.twoLines ? 44 : 36
         focus: true
         hoverEnabled: true
         focusPolicy: Qt.NoFocus
@@ -110,14 +112,21 @@ FocusScope {
                 Accessible.ignored: true
             }
         }
-        SelectableText {
+        // Made when it is wanted: a row is to come quickly.
+        Only {
             id: opened
-            x: 40
-            y: row.twoLines ? 4 : 8
-            width: parent.width - x - 32
-            visible: row.open
-            markup: row.unfolded
-            spoken: row.open ? row.unfoldedText : ""
+
+            readonly property real tall: opened.count > 0 ? opened.itemAt(0)?.height ?? 0 : 0
+
+            wanted: row.open
+
+            SelectableText {
+                x: 40
+                y: row.twoLines ? 4 : 8
+                width: hit.width - x - 32
+                markup: row.unfolded
+                spoken: row.unfoldedText
+            }
         }
         // Where there is more behind it, that is shown under the pointer and at the selection.
         Icon {
