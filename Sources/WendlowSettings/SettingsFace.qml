@@ -14,6 +14,7 @@ FocusScope {
     SettingsSidebar {
         id: sidebar
         root: face.root
+        compact: face.width < 720
         height: parent.height
         focus: true
     }

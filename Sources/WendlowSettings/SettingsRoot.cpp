@@ -30,6 +30,11 @@ void SettingsRoot::refresh() {
         shown->refresh();
 }
 
+void SettingsRoot::started(const PaneModel::Log& log) {
+    for (const auto& [pane, model] : m_models)
+        model->started(log);
+}
+
 bool SettingsRoot::settled() const {
     return std::ranges::all_of(m_models, [](const auto& entry) { return entry.second->settled(); });
 }

@@ -1,5 +1,7 @@
 #include "Appearance.h"
+#include "BusPulse.h"
 #include "FirstFrame.h"
+#include "SessionBus.h"
 #include "SettingsApplication.h"
 #include "SetupLog.h"
 #include "Snapshots.h"
@@ -14,7 +16,9 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,7 +41,7 @@ void drawOffScreen() {
 }
 
 int takeSnapshots(const LaunchOptions& options) {
-    DistributedNotificationCenter silent{QDBusConnection(QStringLiteral("none"))};
+    DistributedNotificationCenter silent;
     SettingsApplication application(
         {.followLooks =
              [](ThemeSource& looks, WindowFactory::Darkness darkness) {
@@ -48,6 +52,69 @@ int takeSnapshots(const LaunchOptions& options) {
          .setupLog = [](const std::string&) {},
          .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())});
     return Snapshots(application, *options.snapshots, options.size).take();
+}
+
+/// The toolkit asks the session bus for a screen reader as its application object is made, and
+/// waits for the answer. From a bus that is there and says nothing, that object is kept away: it
+/// then knows no screen reader, but there are windows.
+class AwayFromSilentBus {
+public:
+    AwayFromSilentBus()
+        : m_silent(sessionBusPulse(std::chrono::seconds(1)) == BusPulse::silent),
+          m_address(qgetenv(variable)), m_wasSet(qEnvironmentVariableIsSet(variable)) {
+        if (m_silent)
+            qputenv(variable, "disabled:");
+    }
+    ~AwayFromSilentBus() {
+        if (m_silent && m_wasSet)
+            qputenv(variable, m_address);
+        else if (m_silent)
+            qunsetenv(variable);
+    }
+    AwayFromSilentBus(const AwayFromSilentBus&) = delete;
+    AwayFromSilentBus& operator=(const AwayFromSilentBus&) = delete;
+
+private:
+    static constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
+
+    const bool m_silent;
+    const QByteArray m_address;
+    const bool m_wasSet;
+};
+
+std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv) {
+    const AwayFromSilentBus away;
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+int runApplication(const LaunchOptions& options) {
+    const TerminationSignals signals;
+    DistributedNotificationCenter notifications;
+    Appearance appearance;
+    SessionBus bus;
+    QObject::connect(&bus, &SessionBus::connected, &notifications,
+                     &DistributedNotificationCenter::listenOn);
+    QObject::connect(&bus, &SessionBus::connected, &appearance, &Appearance::listenOn);
+    bus.dial();
+    SettingsApplication application(
+        {.followLooks =
+             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 SystemLooks::follow(appearance, looks, darkness);
+             },
+         .notifications = notifications,
+         .setupLog = [](const std::string& line) { SetupLog::line(line); },
+         .client = std::make_shared<XPCClient>()});
+    application.show(options.pane, WindowDoor::Front::leave);
+    const WindowKind kind = WindowDescriptions::kindOf(options.pane);
+    if (options.firstFrame) {
+        const auto isComplete = WindowDescriptions::of(kind).isComplete;
+        FirstFrame::reportAndQuit(*application.window(kind), [&application, isComplete] {
+            return !isComplete || isComplete(application.models());
+        });
+    } else {
+        FirstFrame::then(*application.window(kind), [&application] { application.started(); });
+    }
+    return QGuiApplication::exec();
 }
 
 } // namespace
@@ -61,28 +128,6 @@ int main(int argc, char** argv) {
     }
     if (options->snapshots)
         drawOffScreen();
-    QGuiApplication toolkit(argc, argv);
-    if (options->snapshots)
-        return takeSnapshots(*options);
-
-    const TerminationSignals signals;
-    DistributedNotificationCenter notifications(QDBusConnection::sessionBus());
-    const Appearance appearance(QDBusConnection::sessionBus());
-    SettingsApplication application(
-        {.followLooks =
-             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                 SystemLooks::follow(appearance, looks, darkness);
-             },
-         .notifications = notifications,
-         .setupLog = [](const std::string& line) { SetupLog::line(line); },
-         .client = std::make_shared<XPCClient>()});
-    application.show(options->pane, WindowDoor::Front::leave);
-    if (options->firstFrame) {
-        const WindowKind kind = WindowDescriptions::kindOf(options->pane);
-        const auto isComplete = WindowDescriptions::of(kind).isComplete;
-        FirstFrame::reportAndQuit(*application.window(kind), [&application, isComplete] {
-            return !isComplete || isComplete(application.models());
-        });
-    }
-    return QGuiApplication::exec();
+    const auto toolkit = makeToolkit(argc, argv);
+    return options->snapshots ? takeSnapshots(*options) : runApplication(*options);
 }
