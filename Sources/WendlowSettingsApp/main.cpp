@@ -10,6 +10,7 @@
 #include "UnimplementedGateway.h"
 #include "XPCClient.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
@@ -18,8 +19,10 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
@@ -84,26 +87,13 @@ private:
 
 std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv) {
     const AwayFromSilentBus away;
-    return std::make_unique<QGuiApplication>(argc, argv);
+    auto toolkit = std::make_unique<QGuiApplication>(argc, argv);
+    std::ignore = QAccessible::isActive(); // asks now
+    return toolkit;
 }
 
-int runApplication(const LaunchOptions& options) {
-    const TerminationSignals signals;
-    DistributedNotificationCenter notifications;
-    Appearance appearance;
-    SessionBus bus;
-    QObject::connect(&bus, &SessionBus::connected, &notifications,
-                     &DistributedNotificationCenter::listenOn);
-    QObject::connect(&bus, &SessionBus::connected, &appearance, &Appearance::listenOn);
-    bus.dial();
-    SettingsApplication application(
-        {.followLooks =
-             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                 SystemLooks::follow(appearance, looks, darkness);
-             },
-         .notifications = notifications,
-         .setupLog = [](const std::string& line) { SetupLog::line(line); },
-         .client = std::make_shared<XPCClient>()});
+/// Shows the window that is asked for, and runs until the last one is closed.
+int show(SettingsApplication& application, const LaunchOptions& options) {
     application.show(options.pane, WindowDoor::Front::leave);
     const WindowKind kind = WindowDescriptions::kindOf(options.pane);
     if (options.firstFrame) {
@@ -115,6 +105,34 @@ int runApplication(const LaunchOptions& options) {
         FirstFrame::then(*application.window(kind), [&application] { application.started(); });
     }
     return QGuiApplication::exec();
+}
+
+int runApplication(const LaunchOptions& options) {
+    const TerminationSignals signals;
+    DistributedNotificationCenter notifications;
+    Appearance appearance;
+    SessionBus bus;
+    QObject::connect(&bus, &SessionBus::connected, &notifications,
+                     &DistributedNotificationCenter::listenOn);
+    QObject::connect(&bus, &SessionBus::connected, &appearance, &Appearance::listenOn);
+    bus.dial();
+    const auto client = std::make_shared<XPCClient>();
+    int status = 0;
+    {
+        SettingsApplication application(
+            {.followLooks =
+                 [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                     SystemLooks::follow(appearance, looks, darkness);
+                 },
+             .notifications = notifications,
+             .setupLog = [](const std::string& line) { SetupLog::line(line); },
+             .client = client});
+        status = show(application, options);
+    }
+    // What is left is to leave the bus, and its library would wait for a dial that never ends.
+    if (sessionBusPulse(std::chrono::milliseconds(200)) == BusPulse::silent)
+        std::_Exit(status);
+    return status;
 }
 
 } // namespace
