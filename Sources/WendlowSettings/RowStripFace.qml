@@ -13,12 +13,12 @@ Strip {
 
     signal deed(action: int)
 
-    readonly property bool beside: strip.told.lines.length === 0 && strip.width >= 220 + deeds.implicitWidth
+    readonly property bool beside: strip.told.lines.length === 0 && strip.width >= 260 + deeds.width
 
     tone: strip.told.tone
     text: strip.told.headline
     role: strip.told.lines.length > 0 ? Label.Role.SmallStrong : Label.Role.Small
-    reserved: strip.beside && strip.told.actions.length > 0 ? deeds.implicitWidth : 0
+    reserved: strip.beside && strip.told.actions.length > 0 ? deeds.width : 0
 
     Repeater {
         model: strip.told.lines
@@ -70,15 +70,12 @@ Strip {
         height: deeds.height
     }
 
-    Flow {
+    Row {
         id: deeds
 
         parent: strip
-        anchors.right: strip.beside ? strip.right : undefined
-        anchors.rightMargin: 5
-        x: strip.beside ? 0 : 31
+        x: strip.beside ? strip.width - width - 5 : 31
         y: strip.beside ? 6 : strip.height - height - 6
-        width: strip.beside ? implicitWidth : strip.width - 36
 
         Repeater {
             model: strip.told.actions
