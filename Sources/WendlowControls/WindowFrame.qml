@@ -35,6 +35,7 @@ FocusScope {
         anchors.topMargin: Theme.menuBarHeight
         focus: true
     }
+    Announcer {}
     MenuBar {
         id: bar
         width: parent.width

@@ -63,7 +63,7 @@ FocusScope {
     Timer {
         id: handover
         onTriggered: if (row.astray || chevron.activeFocus)
-            row.heir.forceActiveFocus(Qt.TabFocusReason)
+            row.heir.forceActiveFocus(LastInput.reason)
     }
 
     Accessible.role: Accessible.ListItem

@@ -18,6 +18,13 @@ ScrollPage {
 
     Component.onCompleted: pane.model.scan()
 
+    Connections {
+        target: pane.model
+        function onSaid(words: string): void {
+            Speech.say(words);
+        }
+    }
+
     Label {
         role: Label.Role.Title
         width: parent.width

@@ -11,6 +11,12 @@ FocusScope {
 
     required property SettingsRoot root
 
+    // A row looks after its own; what is left is that all of it has gone.
+    FocusKeeper {
+        content: face
+        onLost: if (!stage.item || !(face.Window.activeFocusItem instanceof ConnectedAppRow))
+            sidebar.take()
+    }
     SettingsSidebar {
         id: sidebar
         root: face.root

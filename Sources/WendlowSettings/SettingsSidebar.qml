@@ -28,6 +28,11 @@ FocusScope {
         sidebar.byKey = false;
     }
 
+    // The open place gets the focus.
+    function take(): void {
+        sidebar.forceActiveFocus(LastInput.reason);
+    }
+
     Keys.onUpPressed: sidebar.open(sidebar.root.place - 1)
     Keys.onDownPressed: sidebar.open(sidebar.root.place + 1)
     Keys.onPressed: event => {

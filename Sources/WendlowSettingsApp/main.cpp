@@ -1,6 +1,7 @@
 #include "Appearance.h"
 #include "BusPulse.h"
 #include "FirstFrame.h"
+#include "GatewayPresence.h"
 #include "SessionBus.h"
 #include "SettingsApplication.h"
 #include "SetupLog.h"
@@ -19,7 +20,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -111,28 +111,24 @@ int runApplication(const LaunchOptions& options) {
     const TerminationSignals signals;
     DistributedNotificationCenter notifications;
     Appearance appearance;
+    GatewayPresence gateway;
     SessionBus bus;
     QObject::connect(&bus, &SessionBus::connected, &notifications,
                      &DistributedNotificationCenter::listenOn);
     QObject::connect(&bus, &SessionBus::connected, &appearance, &Appearance::listenOn);
+    QObject::connect(&bus, &SessionBus::connected, &gateway, &GatewayPresence::listenOn);
     bus.dial();
-    const auto client = std::make_shared<XPCClient>();
-    int status = 0;
-    {
-        SettingsApplication application(
-            {.followLooks =
-                 [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                     SystemLooks::follow(appearance, looks, darkness);
-                 },
-             .notifications = notifications,
-             .setupLog = [](const std::string& line) { SetupLog::line(line); },
-             .client = client});
-        status = show(application, options);
-    }
-    // What is left is to leave the bus, and its library would wait for a dial that never ends.
-    if (sessionBusPulse(std::chrono::milliseconds(200)) == BusPulse::silent)
-        std::_Exit(status);
-    return status;
+    SettingsApplication application(
+        {.followLooks =
+             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 SystemLooks::follow(appearance, looks, darkness);
+             },
+         .notifications = notifications,
+         .setupLog = [](const std::string& line) { SetupLog::line(line); },
+         .client = std::make_shared<XPCClient>()});
+    QObject::connect(&gateway, &GatewayPresence::came, &application,
+                     [&application] { application.models().daemonCame(); });
+    return TerminationSignals::leave(show(application, options));
 }
 
 } // namespace
