@@ -5,9 +5,11 @@
 #include "QuitSentinel.h"
 #include "SetupLog.h"
 #include "TemporaryHome.h"
+#include "TerminationSignals.h"
 #include "TextFile.h"
 #include "UpdateOptIn.h"
 
+#include <csignal>
 #include <ctime>
 #include <fstream>
 #include <iomanip>
@@ -16,6 +18,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace wendlow {
 namespace {
@@ -38,6 +41,28 @@ std::vector<std::string> lines(const fs::path& path) {
     for (std::string line; std::getline(text, line);)
         result.push_back(line);
     return result;
+}
+
+/// A process whose event loop never turns, and one that hangs behind it, end after a second.
+TEST(TerminationSignalsDeathTest, EndWhateverStandsStill) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto standStill = [] {
+        for (;;)
+            ::pause();
+    };
+    EXPECT_EXIT(
+        {
+            const TerminationSignals signals;
+            ::raise(SIGTERM);
+            standStill();
+        },
+        ::testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(
+        {
+            TerminationSignals::leave(3);
+            standStill();
+        },
+        ::testing::ExitedWithCode(3), "");
 }
 
 TEST_F(SmallHelpers, SetupLogAppendsDatedLinesForThisPersonAlone) {
