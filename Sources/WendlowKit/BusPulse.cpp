@@ -28,7 +28,7 @@ std::optional<QByteArray> socketName(const QString& busAddress) {
     if (!first.startsWith(transport))
         return std::nullopt;
     for (const QByteArray& pair : first.mid(transport.size()).split(',')) {
-        const QByteArray value = QByteArray::fromPercentEncoding(pair.mid(pair.indexOf('=') + 1));
+        QByteArray value = QByteArray::fromPercentEncoding(pair.mid(pair.indexOf('=') + 1));
         if (pair.startsWith("path="))
             return value;
         if (pair.startsWith("abstract="))

@@ -59,8 +59,10 @@ struct RowStrip {
 
     Tone tone = Tone::information;
     std::string headline;
+    // NOLINTBEGIN(readability-redundant-member-init): they may be left out of a list
     std::vector<ConnectableAppNote> lines = {};
     std::vector<RowAction> actions = {};
+    // NOLINTEND(readability-redundant-member-init)
 
     bool operator==(const RowStrip&) const = default;
 };

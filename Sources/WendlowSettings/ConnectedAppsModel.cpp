@@ -200,11 +200,11 @@ QCoro::Task<> ConnectedAppsModel::run(Tool* tool, RowVerb verb) {
     scanTool(tool);
 }
 
-void ConnectedAppsModel::started(Log log) {
+void ConnectedAppsModel::started(const Log& log) {
     for (const auto& tool : m_tools)
         repair(tool.get(), log);
     if (m_surroundings.retire && !m_tools.empty())
-        retire(m_tools.front().get(), std::move(log));
+        retire(m_tools.front().get(), log);
 }
 
 /// Whether there is anything to repair is found out on the lane too, behind the verbs that a person

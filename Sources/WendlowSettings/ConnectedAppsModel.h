@@ -109,7 +109,7 @@ public:
     /// anyway.
     void refresh() override;
     /// Repairs wiring of ours that has become stale, and shows what has changed by it.
-    void started(Log log) override;
+    void started(const Log& log) override;
     bool settled() const override { return m_scanned && idle(); }
     QString error() const { return m_error; }
     QString endpoint() const { return QString::fromStdString(m_endpoint.value_or(std::string())); }

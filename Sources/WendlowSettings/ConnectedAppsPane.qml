@@ -18,13 +18,6 @@ ScrollPage {
 
     Component.onCompleted: pane.model.scan()
 
-    Connections {
-        target: pane.model
-        function onSaid(words: string): void {
-            Speech.say(words);
-        }
-    }
-
     Label {
         role: Label.Role.Title
         width: parent.width

@@ -57,7 +57,7 @@ std::optional<std::size_t> FilePlace::byteIn(std::string_view sentence) {
     const std::string_view rest = sentence.substr(at + opening.size());
     std::size_t offset = 0;
     const char* const end = std::to_address(rest.end());
-    const auto read = std::from_chars(rest.data(), end, offset);
+    const auto read = std::from_chars(std::to_address(rest.begin()), end, offset);
     if (read.ec != std::errc() || read.ptr == end || *read.ptr != ')')
         return std::nullopt;
     return offset;

@@ -25,7 +25,7 @@ public:
     virtual bool settled() const = 0;
     /// The application has started, and its first window is on the screen: does what a start brings
     /// with it, and tells `log` of it. Called once, and not when pictures are taken.
-    virtual void started(Log log) { Q_UNUSED(log) }
+    virtual void started(const Log& log) { Q_UNUSED(log) }
 
 Q_SIGNALS:
     /// A person who does not see the pane is to hear this.

@@ -42,5 +42,8 @@ FocusScope {
         function onSelectionChanged(): void {
             stage.show();
         }
+        function onSaid(words: string): void {
+            Speech.say(words);
+        }
     }
 }

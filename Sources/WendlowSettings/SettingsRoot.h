@@ -56,6 +56,8 @@ public:
 
 Q_SIGNALS:
     void selectionChanged();
+    /// A person who does not see the window is to hear this.
+    void said(const QString& words);
 
 private:
     const Panes::Models m_models;

@@ -5,6 +5,17 @@
 
 namespace wendlow {
 
+namespace {
+
+/// A pool waits for its thread without end, and a thread that a disk holds cannot be called back:
+/// both stay until the process has gone.
+void leaveBehind(std::unique_ptr<QThreadPool> pool) {
+    static auto* const pools = new std::vector<std::unique_ptr<QThreadPool>>;
+    pools->push_back(std::move(pool));
+}
+
+} // namespace
+
 ToolLane::ToolLane(const std::string& toolId) : m_pool(std::make_unique<QThreadPool>()) {
     m_pool->setObjectName(QStringLiteral("wendlow.settings.connected-apps.") +
                           QString::fromStdString(toolId));
@@ -15,11 +26,8 @@ ToolLane::~ToolLane() {
     waitUntil(QDeadlineTimer(0));
     if (m_pool->activeThreadCount() == 0)
         return;
-    // The pool waits for its thread without end, and a thread that a disk holds cannot be called
-    // back: both stay until the process has gone.
     m_pool->clear();
-    static auto* const leftBehind = new std::vector<std::unique_ptr<QThreadPool>>;
-    leftBehind->push_back(std::move(m_pool));
+    leaveBehind(std::move(m_pool));
 }
 
 void ToolLane::waitUntil(const QDeadlineTimer& limit) {

@@ -23,7 +23,9 @@ struct VerbNote {
     std::vector<std::string> places; ///< for each line where in its file it points; may be empty
     /// The state that the app had when the verb's own scan landed; nothing before that.
     std::optional<ConnectorState> stateWhenSeen = std::nullopt;
-    FileStamps files = {};    ///< the files that it speaks of, as the verb left them
+    /// The files that it speaks of, as the verb left them.
+    // NOLINTNEXTLINE(readability-redundant-member-init): it may be left out of a list
+    FileStamps files = {};
     bool canBeUndone = false; ///< it has changed something, and nobody has since
 
     /// Does the verb, and notes what came of it. Blocks on the disk.
