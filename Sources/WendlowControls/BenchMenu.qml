@@ -28,9 +28,8 @@ Rectangle {
             keys: "Ctrl+3"
             lit: true
         }
-        MenuItem {
+        MenuRule {
             width: parent.width
-            separator: true
         }
         MenuItem {
             width: parent.width

@@ -25,6 +25,8 @@ T.Menu {
         currentIndex: menu.currentIndex
         interactive: false
         keyNavigationEnabled: false
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: menu.title
     }
 
     background: Rectangle {

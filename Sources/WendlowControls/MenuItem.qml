@@ -1,22 +1,23 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// One line of a menu: a tick when it is on, its words, its keys at the right; or a line between groups.
+// One line of a menu: a tick when it is on, its words, its keys at the right.
 T.MenuItem {
     id: item
 
     property string keys
-    property bool separator: false
+    // Which of its letters is underlined, since it chooses the line; -1: none.
+    property int mark: -1
 
     property bool lit: item.highlighted
 
     implicitWidth: Math.max(160, implicitContentWidth)
-    implicitHeight: item.separator ? 9 : 28
+    implicitHeight: 28
     hoverEnabled: true
-    focusPolicy: item.enabled && !item.separator ? Qt.StrongFocus : Qt.NoFocus
-    activeFocusOnTab: item.enabled && !item.separator
+    focusPolicy: item.enabled ? Qt.StrongFocus : Qt.NoFocus
+    activeFocusOnTab: item.enabled
 
-    Accessible.role: item.separator ? Accessible.Separator : Accessible.MenuItem
+    Accessible.role: Accessible.MenuItem
     Accessible.name: item.text
     Accessible.description: item.keys
     Accessible.checkable: item.checkable
@@ -28,12 +29,12 @@ T.MenuItem {
         text: item.text
         keys: item.keys
         ticked: item.checked
-        separator: item.separator
+        mark: item.mark
         lit: item.lit
     }
 
     background: Rectangle {
         radius: Theme.radiusTile
-        color: item.lit && item.enabled && !item.separator ? Theme.accentSoft : "transparent"
+        color: item.lit && item.enabled ? Theme.accentSoft : "transparent"
     }
 }

@@ -8,21 +8,15 @@ Item {
     required property string text
     required property string keys
     required property bool ticked
-    required property bool separator
     required property bool lit
     property int indent: 0
+    property int mark: -1
 
     readonly property bool truncated: words.truncated
     readonly property color ink: face.enabled ? Theme.text : Theme.textSecondOnTint
 
     implicitWidth: words.x + words.implicitWidth + 24 + (shortcut.text.length > 0 ? 24 + shortcut.implicitWidth : 0)
 
-    Hairline {
-        visible: face.separator
-        x: 8
-        width: parent.width - 16
-        anchors.verticalCenter: parent.verticalCenter
-    }
     Icon {
         visible: face.ticked
         x: 7
@@ -30,12 +24,13 @@ Item {
         name: "check"
         color: Theme.textSecondOnTint
     }
-    Label {
+    Marked {
         id: words
         x: 28 + face.indent
         width: Math.min(implicitWidth, face.width - x - 8)
         anchors.verticalCenter: parent.verticalCenter
-        text: face.text
+        plain: face.text
+        mark: face.mark
         color: face.ink
         elide: Text.ElideMiddle
         Accessible.ignored: true

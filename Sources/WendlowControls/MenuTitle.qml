@@ -8,6 +8,8 @@ T.MenuItem {
 
     property bool strong: false
     property bool open: false
+    // Which of its letters is underlined; -1: none.
+    property int mark: -1
 
     // Asked for by key.
     signal asked
@@ -26,11 +28,11 @@ T.MenuItem {
     Keys.onEnterPressed: control.asked()
     Keys.onSpacePressed: control.asked()
 
-    contentItem: Label {
+    contentItem: Marked {
         role: control.strong ? Label.Role.SmallBold : Label.Role.Small
-        text: control.text
+        plain: control.text
+        mark: control.mark
         verticalAlignment: Text.AlignVCenter
-        Accessible.ignored: true
     }
 
     background: Item {

@@ -9,6 +9,8 @@ T.TabButton {
 
     required property string iconName
     required property bool here
+    // Its tile alone, its title in a tooltip.
+    property bool compact: false
 
     property bool lit: control.hovered
     property bool sunk: control.down
@@ -46,6 +48,7 @@ T.TabButton {
             }
         }
         Label {
+            visible: !control.compact
             x: 40
             width: parent.width - x - 8
             anchors.verticalCenter: parent.verticalCenter
@@ -65,5 +68,10 @@ T.TabButton {
             shown: control.ringed
             inside: true
         }
+    }
+
+    Hint {
+        text: control.text
+        wanted: control.compact && (control.hovered || control.visualFocus)
     }
 }

@@ -1,7 +1,8 @@
 import QtQuick
 import WendlowControls
 
-// A sentence that stands above or beside what it speaks of; the tone is in its sign, fill and line.
+// A sentence that stands above or beside what it speaks of; the tone is in its sign, fill and line. What is put
+// into it stands below the sentence.
 Rectangle {
     id: strip
 
@@ -15,12 +16,17 @@ Rectangle {
     property int tone: Strip.Tone.Information
     property string sign: strip.warns ? "warn" : strip.refuses ? "refuse" : "ok"
 
+    property int role: Label.Role.Small
+    // What its user keeps free beside the sentence.
+    property real reserved: 0
+    default property alias more: below.data
+
     signal acted
 
     readonly property bool warns: strip.tone === Strip.Tone.Warning
     readonly property bool refuses: strip.tone === Strip.Tone.Refusal
 
-    implicitHeight: words.height + 22
+    implicitHeight: words.height + below.height + 22
     radius: Theme.radiusButton
     color: strip.warns ? Theme.warningFill : strip.refuses ? Theme.refusalFill : Theme.accentSoft
     border.width: Theme.strokeHairline
@@ -39,12 +45,18 @@ Rectangle {
         id: words
         x: 39
         y: 11
-        width: strip.width - x - (deed.visible ? deed.width + 8 : 13)
-        role: Label.Role.Small
+        width: strip.width - x - strip.reserved - (deed.visible ? deed.width + 8 : 13)
+        role: strip.role
         line: Theme.hintLine
         text: strip.text
         wrapMode: Text.Wrap
         Accessible.ignored: true
+    }
+    Column {
+        id: below
+        x: words.x
+        y: words.y + words.height
+        width: strip.width - x - 13
     }
     Button {
         id: deed

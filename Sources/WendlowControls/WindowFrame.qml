@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQml
+import WendlowControls
 
 // What every window is: the ground, the menu bar at its top, and the window's own content below.
 FocusScope {
@@ -11,19 +12,14 @@ FocusScope {
     required property var menu
 
     default property alias content: stage.data
-    property bool altAlone: false
 
     focus: true
 
-    Keys.onPressed: event => {
-        frame.altAlone = event.key === Qt.Key_Alt;
+    LoneAlt {
+        id: alt
+        within: frame
+        onTapped: bar.enter()
     }
-    Keys.onReleased: event => {
-        if (event.key === Qt.Key_Alt && frame.altAlone)
-            bar.enter();
-        frame.altAlone = false;
-    }
-
     Shortcut {
         sequence: "F10"
         onActivated: bar.enter()
@@ -44,5 +40,6 @@ FocusScope {
         id: bar
         width: parent.width
         source: frame.menu
+        altHeld: alt.held
     }
 }

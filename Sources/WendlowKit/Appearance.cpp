@@ -8,7 +8,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QVariant>
 
@@ -53,8 +52,15 @@ struct Appearance::Setting {
     }
 };
 
-Appearance::Appearance(QDBusConnection connection, QObject* parent)
-    : QObject(parent), m_connection(std::move(connection)) {
+Appearance::Appearance(QObject* parent) : QObject(parent), m_connection(QString()) {}
+
+Appearance::Appearance(const QDBusConnection& connection, QObject* parent) : Appearance(parent) {
+    listenOn(connection);
+}
+
+void Appearance::listenOn(const QDBusConnection& connection) {
+    m_portal.reset();
+    m_connection = connection;
     if (!m_connection.isConnected()) {
         qCInfo(LogCategory::appearance, "there is no session bus, so windows are light");
         return;
@@ -63,9 +69,9 @@ Appearance::Appearance(QDBusConnection connection, QObject* parent)
     // signal's own value is not used either; the portal is asked, so nobody else can tell it.
     m_connection.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
                          SLOT(settingChanged(QString, QString)));
-    auto* const watcher = new QDBusServiceWatcher(service, m_connection,
-                                                  QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &Appearance::askAll);
+    m_portal = std::make_unique<QDBusServiceWatcher>(service, m_connection,
+                                                     QDBusServiceWatcher::WatchForRegistration);
+    connect(m_portal.get(), &QDBusServiceWatcher::serviceRegistered, this, &Appearance::askAll);
     askAll();
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 #include <QDBusConnection>
+#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
 
@@ -21,7 +23,12 @@ class Appearance : public QObject {
     Q_PROPERTY(bool reduceMotion READ reduceMotion NOTIFY reduceMotionChanged)
 
 public:
-    explicit Appearance(QDBusConnection connection, QObject* parent = nullptr);
+    /// Asks nobody until it is given a bus.
+    explicit Appearance(QObject* parent = nullptr);
+    explicit Appearance(const QDBusConnection& connection, QObject* parent = nullptr);
+
+    /// Another bus takes the place of the one before, and is asked anew.
+    void listenOn(const QDBusConnection& connection);
 
     bool dark() const { return m_dark; }
     /// True when the person asked for less motion, in whichever of the two ways a desktop has.
@@ -43,6 +50,7 @@ private:
     void publish();
 
     QDBusConnection m_connection;
+    std::unique_ptr<QDBusServiceWatcher> m_portal;
     std::optional<std::uint32_t> m_colorScheme;
     std::optional<std::uint32_t> m_reducedMotion;
     std::optional<bool> m_enableAnimations;

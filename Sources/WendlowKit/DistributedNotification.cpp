@@ -49,10 +49,19 @@ struct DistributedNotificationCenter::Observer {
     Callback callback;
 };
 
-DistributedNotificationCenter::DistributedNotificationCenter(QDBusConnection connection,
-                                                             QObject* parent)
-    : QObject(parent), m_connection(std::move(connection)) {
+DistributedNotificationCenter::DistributedNotificationCenter(QObject* parent)
+    : QObject(parent), m_connection(QString()) {
     qDBusRegisterMetaType<WireUserInfo>();
+}
+
+DistributedNotificationCenter::DistributedNotificationCenter(const QDBusConnection& connection,
+                                                             QObject* parent)
+    : DistributedNotificationCenter(parent) {
+    listenOn(connection);
+}
+
+void DistributedNotificationCenter::listenOn(const QDBusConnection& connection) {
+    m_connection = connection;
     if (!m_connection.isConnected()) {
         qCWarning(LogCategory::notifications,
                   "there is no session bus, so nothing is posted and nothing is heard");

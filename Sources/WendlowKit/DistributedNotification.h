@@ -43,8 +43,14 @@ public:
     /// delivery. May outlive the centre.
     using Token = std::shared_ptr<const void>;
 
-    explicit DistributedNotificationCenter(QDBusConnection connection, QObject* parent = nullptr);
+    /// Posts nothing and hears nothing until it is given a bus.
+    explicit DistributedNotificationCenter(QObject* parent = nullptr);
+    explicit DistributedNotificationCenter(const QDBusConnection& connection,
+                                           QObject* parent = nullptr);
     ~DistributedNotificationCenter() override;
+
+    /// Another bus takes the place of the one before; observers stay.
+    void listenOn(const QDBusConnection& connection);
 
     /// Never blocks and reports nothing: a notification is heard by whoever is there.
     void post(const DistributedNotification& notification, Delivery delivery = Delivery::whenIdle);

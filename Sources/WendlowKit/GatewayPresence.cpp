@@ -2,20 +2,15 @@
 
 #include "ClientInstance.h"
 
-#include <QDBusServiceWatcher>
-
 namespace wendlow {
 
-GatewayPresence::GatewayPresence(const QDBusConnection& connection, QObject* parent)
-    : QObject(parent) {
-    if (!connection.isConnected())
-        return;
+void GatewayPresence::listenOn(const QDBusConnection& connection) {
     constexpr std::string_view id = ClientInstance::gatewayID;
-    auto* const watcher =
-        new QDBusServiceWatcher(QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size())),
-                                connection, QDBusServiceWatcher::WatchForOwnerChange, this);
+    m_watcher = std::make_unique<QDBusServiceWatcher>(
+        QString::fromUtf8(id.data(), static_cast<qsizetype>(id.size())), connection,
+        QDBusServiceWatcher::WatchForOwnerChange);
     // One may take over from another without a moment between them.
-    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+    connect(m_watcher.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) {
                 if (!owner.isEmpty())
                     Q_EMIT came();

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusServiceWatcher>
 #include <QObject>
+
+#include <memory>
 
 namespace wendlow {
 
@@ -11,10 +14,16 @@ class GatewayPresence final : public QObject {
     Q_OBJECT
 
 public:
-    explicit GatewayPresence(const QDBusConnection& connection, QObject* parent = nullptr);
+    using QObject::QObject;
+
+    /// Another bus takes the place of the one before. Nothing is told before there is one.
+    void listenOn(const QDBusConnection& connection);
 
 Q_SIGNALS:
     void came();
+
+private:
+    std::unique_ptr<QDBusServiceWatcher> m_watcher;
 };
 
 } // namespace wendlow

@@ -4,31 +4,74 @@ import QtQuick
 import WendlowControls
 import WendlowSettings
 
-// What an open row tells: the notes of its files and its last verb, then what the tool itself keeps.
+// What an open row tells: what has happened and what to do about it, what that changed, what the tool's files
+// hold, and then what the tool itself keeps.
 Column {
     id: details
 
     required property string name
+    required property var strips
+    required property var changes
+    required property string changesTitle
     required property var notes
     required property AppInventory inventory
 
     signal copied(path: string)
+    signal deed(action: int, path: string)
 
     topPadding: 4
     bottomPadding: Theme.space16
 
     Repeater {
-        model: details.notes
+        model: details.strips
 
-        delegate: NoteLine {
+        delegate: Item {
+            id: place
+
             required property var modelData
 
             width: details.width
-            sentence: modelData.text
-            subject: modelData.subject
-            shownSubject: modelData.shownSubject
-            onCopied: details.copied(modelData.subject)
+            height: strip.height + Theme.space8
+
+            RowStripFace {
+                id: strip
+                width: place.width
+                told: place.modelData
+                onDeed: action => details.deed(action, place.modelData.path)
+            }
         }
+    }
+    Button {
+        id: fold
+
+        property bool open: false
+
+        visible: details.changesTitle.length > 0
+        x: -8
+        kind: Button.Kind.Quiet
+        small: true
+        iconName: fold.open ? "down" : "right"
+        text: details.changesTitle
+        hint: details.name
+        onClicked: fold.open = !fold.open
+
+        Accessible.checkable: true
+        Accessible.checked: fold.open
+    }
+    NoteList {
+        visible: fold.visible && fold.open
+        width: details.width
+        name: details.changesTitle
+        notes: fold.open ? details.changes : []
+        bottomPadding: Theme.space8
+        onCopied: path => details.copied(path)
+    }
+    NoteList {
+        visible: details.notes.length > 0
+        width: details.width
+        name: qsTr("What the files of %1 hold").arg(details.name)
+        notes: details.notes
+        onCopied: path => details.copied(path)
     }
     Item {
         visible: details.notes.length > 0

@@ -5,7 +5,10 @@ import WendlowControls
 import WendlowSettings
 
 // One AI app: its tile, name and detail, its switch, and below them what is to be told when it is open.
-Column {
+//
+// A scope of its own, so that the focus stays in the row when what had it has gone: the chevron takes it then,
+// and the switch, which is out of reach while it works, gets back what it had.
+FocusScope {
     id: row
 
     required property ConnectedAppsModel model
@@ -20,6 +23,9 @@ Column {
     required property bool busy
     required property bool drifted
     required property bool open
+    required property var strips
+    required property var changes
+    required property string changesTitle
     required property var notes
     required property AppInventory inventory
 
@@ -30,108 +36,159 @@ Column {
         NumberAnimation { duration: Theme.disclosure; easing.type: Easing.OutQuad }
     }
 
+    // Nothing in the row has the focus, but the row does.
+    readonly property bool astray: row.Window.activeFocusItem === row
+    // The switch is to have it when its work is done.
+    property bool owed: false
+    property Item heir: chevron
+
+    function hand(heir: Item, after: int): void {
+        row.heir = heir;
+        handover.interval = after;
+        handover.restart();
+    }
+
+    // Most verbs are over before a hop to the chevron and back could be followed.
+    onAstrayChanged: if (row.astray) {
+        row.owed = row.busy;
+        row.hand(chevron, row.busy ? 400 : 0);
+    }
+    onBusyChanged: if (!row.busy && row.owed) {
+        row.owed = false;
+        row.hand(power, 0);
+    }
+
+    implicitHeight: body.height
+
+    Timer {
+        id: handover
+        onTriggered: if (row.astray || chevron.activeFocus)
+            row.heir.forceActiveFocus(LastInput.reason)
+    }
+
     Accessible.role: Accessible.ListItem
     Accessible.name: row.name
     Accessible.description: row.detail
 
-    Hairline {
-        visible: row.index > 0
+    Column {
+        id: body
         width: row.width
-    }
-    Item {
-        width: row.width
-        height: 60
 
-        AppTile {
-            id: tile
-            x: Theme.cardPadding
-            y: 14
-            asset: row.iconAsset
-            glyph: row.iconGlyph
-        }
-        Label {
-            id: title
-            anchors.left: tile.right
-            anchors.leftMargin: Theme.space12
-            anchors.right: status.left
-            anchors.rightMargin: Theme.space8
-            y: 12
-            role: Label.Role.Strong
-            text: row.name
-            elide: Text.ElideRight
-        }
-        Label {
-            anchors.left: title.left
-            anchors.right: title.right
-            y: 32
-            role: Label.Role.Small
-            text: row.detail
-            color: Theme.textSecond
-            elide: Text.ElideRight
-        }
-        HoverHandler { id: pointer }
-        TapHandler {
-            onTapped: row.model.setOpen(row.appId, !row.open)
+        Hairline {
+            visible: row.index > 0
+            width: row.width
         }
         Item {
-            id: status
-            anchors.right: chevron.left
-            anchors.rightMargin: 6
-            anchors.verticalCenter: parent.verticalCenter
-            width: 16
-            height: 16
+            width: row.width
+            height: 60
 
-            Spinner {
-                visible: row.busy
-                anchors.centerIn: parent
+            HoverFill {
+                anchors.fill: parent
+                anchors.margins: 4
+                radius: Theme.radiusButton
+                lit: pointer.hovered
+                shade: Theme.hover
             }
-            StateMark {
-                visible: row.drifted && !row.busy
-                text: qsTr("Not as Wendlow left it")
+            AppTile {
+                id: tile
+                x: Theme.cardPadding
+                y: 14
+                asset: row.iconAsset
+                glyph: row.iconGlyph
+            }
+            Label {
+                id: title
+                anchors.left: tile.right
+                anchors.leftMargin: Theme.space12
+                anchors.right: status.left
+                anchors.rightMargin: Theme.space8
+                y: 12
+                role: Label.Role.Strong
+                text: row.name
+                elide: Text.ElideRight
+            }
+            Label {
+                id: more
+                anchors.left: title.left
+                anchors.right: title.right
+                y: 32
+                role: Label.Role.Small
+                text: row.detail
+                color: pointer.hovered ? Theme.textSecondOnTint : Theme.textSecond
+                elide: Text.ElideRight
+            }
+            HoverHandler { id: pointer }
+            Hint {
+                text: title.truncated ? row.name + "\n" + row.detail : row.detail
+                wanted: pointer.hovered && (title.truncated || more.truncated)
+            }
+            TapHandler {
+                onTapped: row.model.setOpen(row.appId, !row.open)
+            }
+            Item {
+                id: status
+                anchors.right: chevron.left
+                anchors.rightMargin: 6
+                anchors.verticalCenter: parent.verticalCenter
+                width: 16
+                height: 16
+
+                Spinner {
+                    visible: row.busy
+                    anchors.centerIn: parent
+                }
+                StateMark {
+                    visible: row.drifted && !row.busy
+                    text: qsTr("Not as Wendlow left it")
+                }
+            }
+            Disclosure {
+                id: chevron
+                anchors.right: power.left
+                anchors.rightMargin: Theme.space8
+                anchors.verticalCenter: parent.verticalCenter
+                open: row.open
+                text: row.open ? qsTr("Hide details of %1").arg(row.name) : qsTr("Show details of %1").arg(row.name)
+                onClicked: row.model.setOpen(row.appId, !row.open)
+            }
+            Switch {
+                id: power
+                anchors.right: parent.right
+                anchors.rightMargin: Theme.cardPadding
+                anchors.verticalCenter: parent.verticalCenter
+                enabled: !row.busy
+                on: row.connected
+                text: row.name
+                description: row.detail
+                onClicked: row.connected ? row.model.disconnect(row.appId) : row.model.connect(row.appId)
             }
         }
-        Disclosure {
-            id: chevron
-            anchors.right: power.left
-            anchors.rightMargin: Theme.space8
-            anchors.verticalCenter: parent.verticalCenter
-            open: row.open
-            text: row.open ? qsTr("Hide details of %1").arg(row.name) : qsTr("Show details of %1").arg(row.name)
-            onClicked: row.model.setOpen(row.appId, !row.open)
-        }
-        Switch {
-            id: power
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.cardPadding
-            anchors.verticalCenter: parent.verticalCenter
-            enabled: !row.busy
-            on: row.connected
-            text: row.name
-            description: row.detail
-            onClicked: row.connected ? row.model.disconnect(row.appId) : row.model.connect(row.appId)
-        }
-    }
-    Item {
-        width: row.width
-        height: Math.round(details.height * row.unfolded)
-        visible: row.unfolded > 0
-        opacity: row.unfolded
-        clip: row.unfolded < 1
+        Item {
+            width: row.width
+            height: Math.round(details.height * row.unfolded)
+            visible: row.unfolded > 0
+            opacity: row.unfolded
+            clip: row.unfolded < 1
 
-        Column {
-            id: details
-            x: 64
-            width: parent.width - x - Theme.cardPadding
+            Column {
+                id: details
+                x: 64
+                width: parent.width - x - Theme.cardPadding
 
-            Only {
-                wanted: row.unfolded > 0 || row.open
+                Only {
+                    wanted: row.unfolded > 0 || row.open
 
-                AppDetails {
-                    width: details.width
-                    name: row.name
-                    notes: row.notes
-                    inventory: row.inventory
-                    onCopied: path => row.model.copySubject(path)
+                    AppDetails {
+                        width: details.width
+                        name: row.name
+                        strips: row.strips
+                        changes: row.changes
+                        changesTitle: row.changesTitle
+                        notes: row.notes
+                        inventory: row.inventory
+                        onCopied: path => row.model.copySubject(path)
+                        onDeed: (action, path) => row.model.act(row.appId, action, path)
+                    }
                 }
             }
         }

@@ -1,5 +1,6 @@
 #include "ConnectedAppsList.h"
 
+#include "RowStory.h"
 #include "ShownPath.h"
 
 #include <algorithm>
@@ -31,6 +32,9 @@ QList<int> changedRoles(const ConnectedAppRow& before, const ConnectedAppRow& af
     compare(before.app.busy == after.app.busy, {List::BusyRole});
     compare(before.drifted == after.drifted, {List::DriftedRole});
     compare(before.open == after.open, {List::OpenRole});
+    compare(before.strips == after.strips, {List::StripsRole});
+    compare(before.changes == after.changes, {List::ChangesRole});
+    compare(before.changesTitle == after.changesTitle, {List::ChangesTitleRole});
     compare(before.notes == after.notes, {List::NotesRole});
     return roles;
 }
@@ -116,8 +120,14 @@ QVariant ConnectedAppsList::data(const QModelIndex& index, int role) const {
         return row.drifted;
     case OpenRole:
         return row.open;
+    case StripsRole:
+        return strips(row);
+    case ChangesRole:
+        return notes(row.changes);
+    case ChangesTitleRole:
+        return text(row.changesTitle);
     case NotesRole:
-        return notes(row);
+        return notes(row.notes);
     case InventoryRole:
         return QVariant::fromValue(row.inventory);
     default:
@@ -126,22 +136,47 @@ QVariant ConnectedAppsList::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> ConnectedAppsList::roleNames() const {
-    return {
-        {AppIdRole, "appId"},         {NameRole, "name"},           {DetailRole, "detail"},
-        {IconAssetRole, "iconAsset"}, {IconGlyphRole, "iconGlyph"}, {ConnectedRole, "connected"},
-        {BusyRole, "busy"},           {DriftedRole, "drifted"},     {OpenRole, "open"},
-        {NotesRole, "notes"},         {InventoryRole, "inventory"}};
+    return {{AppIdRole, "appId"},         {NameRole, "name"},
+            {DetailRole, "detail"},       {IconAssetRole, "iconAsset"},
+            {IconGlyphRole, "iconGlyph"}, {ConnectedRole, "connected"},
+            {BusyRole, "busy"},           {DriftedRole, "drifted"},
+            {OpenRole, "open"},           {StripsRole, "strips"},
+            {ChangesRole, "changes"},     {ChangesTitleRole, "changesTitle"},
+            {NotesRole, "notes"},         {InventoryRole, "inventory"}};
 }
 
-QVariantList ConnectedAppsList::notes(const ConnectedAppRow& row) const {
-    QVariantList list;
-    for (const ConnectableAppNote& note : row.notes) {
-        list.append(
+QVariantList ConnectedAppsList::notes(const std::vector<ConnectableAppNote>& list) const {
+    QVariantList maps;
+    for (const ConnectableAppNote& note : list) {
+        maps.append(
             QVariantMap{{QStringLiteral("text"), text(note.text)},
                         {QStringLiteral("subject"), text(note.subject)},
-                        {QStringLiteral("shownSubject"), text(shownPath(note.subject, m_home))}});
+                        {QStringLiteral("shownSubject"), text(shownPath(note.subject, m_home))},
+                        {QStringLiteral("place"), text(note.place)}});
     }
-    return list;
+    return maps;
+}
+
+QVariantList ConnectedAppsList::strips(const ConnectedAppRow& row) const {
+    QVariantList maps;
+    for (const RowStrip& strip : row.strips) {
+        const auto aboutPath = std::ranges::find_if(
+            strip.lines, [](const ConnectableAppNote& line) { return !line.subject.empty(); });
+        const std::string path = aboutPath == strip.lines.end() ? "" : aboutPath->subject;
+        QVariantList actions;
+        for (const RowAction action : strip.actions) {
+            actions.append(QVariantMap{
+                {QStringLiteral("action"), static_cast<int>(action)},
+                {QStringLiteral("words"), text(RowStory::label(action))},
+                {QStringLiteral("hint"), text(RowStory::hint(action, row.app.name, path))}});
+        }
+        maps.append(QVariantMap{{QStringLiteral("tone"), static_cast<int>(strip.tone)},
+                                {QStringLiteral("headline"), text(strip.headline)},
+                                {QStringLiteral("lines"), notes(strip.lines)},
+                                {QStringLiteral("path"), text(path)},
+                                {QStringLiteral("actions"), actions}});
+    }
+    return maps;
 }
 
 } // namespace wendlow

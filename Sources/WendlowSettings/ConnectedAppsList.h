@@ -34,8 +34,13 @@ public:
         BusyRole,
         DriftedRole,
         OpenRole,
-        NotesRole,     ///< a list of maps with `text`, `subject` and `shownSubject`
-        InventoryRole, ///< an `AppInventory`, the same for as long as the row is there
+        /// A list of maps with `tone`, `headline`, `lines` (as `notes`), `path` and `actions`, a
+        /// list of maps with `action`, `words` and `hint`.
+        StripsRole,
+        ChangesRole,      ///< as `notes`: what stands folded
+        ChangesTitleRole, ///< what that is called; empty: there is none
+        NotesRole,        ///< a list of maps with `text`, `subject`, `shownSubject` and `place`
+        InventoryRole,    ///< an `AppInventory`, the same for as long as the row is there
     };
 
     /// `home` is what a shown subject abbreviates to "~"; empty for none.
@@ -54,7 +59,8 @@ private:
     void removeGone(const std::vector<ConnectedAppRow>& wanted);
     void place(int row, const ConnectedAppRow& wanted);
     void update(int row, const ConnectedAppRow& wanted);
-    QVariantList notes(const ConnectedAppRow& row) const;
+    QVariantList notes(const std::vector<ConnectableAppNote>& list) const;
+    QVariantList strips(const ConnectedAppRow& row) const;
 
     const std::string m_home;
     std::vector<ConnectedAppRow> m_rows;

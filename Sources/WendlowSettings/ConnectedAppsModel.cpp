@@ -1,51 +1,77 @@
 #include "ConnectedAppsModel.h"
 
+#include "ClaudeChat/ClaudeDesktop.h"
+#include "FilePlace.h"
+#include "RowStory.h"
+
 #include <QClipboard>
 #include <QCoroFuture>
 #include <QGuiApplication>
 #include <QPointer>
-#include <QtConcurrentRun>
+
+#include <fmt/format.h>
 
 #include <algorithm>
-#include <string_view>
+#include <chrono>
 #include <utility>
 
 namespace wendlow {
 
 namespace {
 
-constexpr std::string_view backupSentence = "a backup was written here before this change";
+using namespace std::chrono_literals;
+
+/// Rows that come one after the other within less than this are a flicker.
+constexpr auto patience = 300ms;
+/// Who closes the last window is not kept waiting.
+constexpr auto quitting = 1s;
+
+QString text(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
 
 RowFacts factsOf(const ScanReport& report) {
     return {report.state, report.facts.unreadable};
 }
 
-ConnectedAppsModel::VerbNote noteOf(const ConnectorOutcome& outcome) {
-    ConnectedAppsModel::VerbNote note{outcome.observations, std::nullopt};
-    for (const std::filesystem::path& backup : outcome.backups)
-        note.lines.push_back({backup.string(), std::string(backupSentence)});
-    return note;
+void logRepairs(const std::vector<Converge::Repair>& repairs, const PaneModel::Log& log) {
+    for (const auto& [name, outcome] : repairs) {
+        log(fmt::format("repair: {}: {}", name, wendlow::text(outcome.result)));
+        for (const Observation& line : outcome.observations)
+            log(fmt::format("repair: {}: {}", line.subject, line.text));
+    }
 }
 
 } // namespace
 
+ConnectedAppsModel::Tool::Tool(std::shared_ptr<Connector> worked)
+    : connector(std::move(worked)), id(connector->identity().id), lane(id) {}
+
 ConnectedAppsModel::ConnectedAppsModel(Connectors::List connectors,
                                        std::optional<std::string> endpoint,
                                        Surroundings surroundings)
-    : m_connectors(std::move(connectors)), m_endpoint(std::move(endpoint)),
-      m_surroundings(std::move(surroundings)), m_apps(m_surroundings.home) {
-    m_lane.setObjectName(QStringLiteral("wendlow.settings.connected-apps"));
-    m_lane.setMaxThreadCount(1);
-    for (const auto& connector : m_connectors)
-        m_inventories.emplace(connector->identity().id,
-                              new AppInventory(connector, m_lane, words(), this));
+    : m_endpoint(std::move(endpoint)), m_surroundings(std::move(surroundings)),
+      m_apps(m_surroundings.home) {
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    QObject::connect(&m_patience, &QTimer::timeout, this, [this] {
+        m_impatient = true;
+        land();
+    });
+    for (auto& connector : connectors) {
+        Tool& tool = *m_tools.emplace_back(std::make_unique<Tool>(std::move(connector)));
+        tool.inventory = new AppInventory(tool.connector, tool.lane.pool(), words(), this);
+    }
 }
 
 ConnectedAppsModel::~ConnectedAppsModel() {
-    ++*m_generation;
-    for (const auto& [id, inventory] : m_inventories)
-        inventory->drop();
-    m_lane.waitForDone();
+    const QDeadlineTimer limit(quitting);
+    for (const auto& tool : m_tools) {
+        ++*tool->generation;
+        tool->inventory->drop();
+    }
+    for (const auto& tool : m_tools)
+        tool->lane.waitUntil(limit);
 }
 
 std::unique_ptr<ConnectedAppsModel> ConnectedAppsModel::forThisMac(
@@ -53,6 +79,10 @@ std::unique_ptr<ConnectedAppsModel> ConnectedAppsModel::forThisMac(
     const std::filesystem::path& applications, Surroundings surroundings) {
     surroundings.home = home;
     if (bundle) {
+        surroundings.retire = [home, bundle = *bundle] {
+            return Converge::retire(home, bundle, Connectors::Profile::production,
+                                    [] { return ClaudeDesktop::isRunning(); });
+        };
         return std::make_unique<ConnectedAppsModel>(Connectors::all(home, *bundle, applications),
                                                     Connectors::mcpCommand(*bundle).string(),
                                                     std::move(surroundings));
@@ -70,110 +100,202 @@ void ConnectedAppsModel::copyToPasteboard(const QString& text) {
     clipboard->setText(text);
 }
 
-template<class Work> auto ConnectedAppsModel::onTheLane(Work work) {
-    return QtConcurrent::run(&m_lane, std::move(work));
-}
-
 void ConnectedAppsModel::scan() {
-    // Nobody waits for it: what it finds lands in the list.
-    scanOnce();
+    // Nobody waits for them: what they find lands in the list.
+    for (const auto& tool : m_tools)
+        scanTool(tool.get());
+    if (m_tools.empty())
+        land();
 }
 
 void ConnectedAppsModel::refresh() {
-    if (idle())
-        scan();
+    for (const auto& tool : m_tools)
+        if (tool->pending == 0 && !tool->inventory->loading())
+            scanTool(tool.get());
+    if (m_tools.empty())
+        land();
 }
 
 void ConnectedAppsModel::connect(const QString& id) {
-    run(id.toStdString(), Verb::connect);
+    run(tool(id.toStdString()), RowVerb::connect);
 }
 
 void ConnectedAppsModel::disconnect(const QString& id) {
-    run(id.toStdString(), Verb::disconnect);
+    run(tool(id.toStdString()), RowVerb::disconnect);
 }
 
-QCoro::Task<> ConnectedAppsModel::scanOnce() {
-    const QPointer<ConnectedAppsModel> alive(this);
-    const auto newest = m_generation;
-    const int mine = ++*newest;
-    ++m_pending;
-    const QFuture<std::vector<ScanReport>> work =
-        onTheLane([connectors = m_connectors, newest, mine] {
-            std::vector<ScanReport> reports;
-            if (*newest != mine)
-                return reports; // it could not land any more
-            for (const auto& connector : connectors)
-                reports.push_back(connector->scan());
-            return reports;
-        });
-    std::vector<ScanReport> reports = co_await work;
-    if (!alive)
-        co_return;
-    --m_pending;
-    if (*newest == mine)
-        land(std::move(reports));
-}
-
-QCoro::Task<> ConnectedAppsModel::run(std::string id, Verb verb) {
-    const QPointer<ConnectedAppsModel> alive(this);
-    const std::shared_ptr<Connector> concerned = connector(id);
+void ConnectedAppsModel::act(const QString& id, int action, const QString& path) {
+    Tool* const concerned = tool(id.toStdString());
     if (!concerned)
-        co_return;
-    // Closed and opened again by the notes of the old verb and the new one, the row would jump.
-    if (const ScanReport* const known = report(id))
-        m_openness.hold(id, isOpen(*known));
-    m_busy.insert(id);
-    m_verbNotes.erase(id);
-    ++m_pending;
-    publish();
-    const QFuture<ConnectorOutcome> work = onTheLane([concerned, verb] {
-        return verb == Verb::connect ? concerned->install() : concerned->remove();
-    });
-    const ConnectorOutcome outcome = co_await work;
-    if (!alive)
-        co_return;
-    --m_pending;
-    m_verbNotes.insert_or_assign(id, noteOf(outcome));
-    m_ended.push_back(id);
-    scan();
+        return;
+    switch (static_cast<RowAction>(action)) {
+    case RowAction::undo:
+        if (concerned->note && concerned->note->canBeUndone)
+            run(concerned,
+                concerned->note->verb == RowVerb::connect ? RowVerb::disconnect : RowVerb::connect);
+        break;
+    case RowAction::connect:
+        run(concerned, RowVerb::connect);
+        break;
+    case RowAction::disconnect:
+        run(concerned, RowVerb::disconnect);
+        break;
+    case RowAction::copyPath:
+        copySubject(path);
+        break;
+    case RowAction::lookAgain:
+        scanTool(concerned);
+        break;
+    }
 }
 
-void ConnectedAppsModel::land(std::vector<ScanReport> reports) {
-    m_reports = std::move(reports);
-    expireNotes();
-    settleEndedVerbs();
-    for (const ScanReport& report : m_reports)
-        m_openness.observe(report.identity.id, factsOf(report));
-    publish(Reread::yes);
-    if (!std::exchange(m_scanned, true))
+QCoro::Task<> ConnectedAppsModel::scanTool(Tool* tool) {
+    const QPointer<ConnectedAppsModel> alive(this);
+    const auto newest = tool->generation;
+    const int mine = ++*newest;
+    ++tool->pending;
+    tool->scanning = true;
+    const auto work =
+        tool->lane.run([connector = tool->connector, newest, mine,
+                        paths = tool->note ? tool->note->paths() : std::vector<std::string>()] {
+            if (*newest != mine)
+                return std::shared_ptr<Look>(); // it could not land any more
+            auto look = std::make_shared<Look>();
+            look->report = connector->scan();
+            look->places = FilePlace::words(look->report.observations);
+            look->files = stampsOf(paths);
+            return look;
+        });
+    const std::shared_ptr<Look> look = co_await work;
+    if (!alive)
+        co_return;
+    --tool->pending;
+    if (*newest != mine || !look)
+        co_return;
+    tool->scanning = false;
+    tool->fresh = std::move(*look);
+    landWhenTold();
+}
+
+QCoro::Task<> ConnectedAppsModel::run(Tool* tool, RowVerb verb) {
+    if (!tool)
+        co_return;
+    const QPointer<ConnectedAppsModel> alive(this);
+    // Closed and opened again by the notes of the old verb and the new one, the row would jump.
+    if (tool->shown)
+        m_openness.hold(tool->id, isOpen(*tool));
+    tool->note.reset();
+    ++tool->verbs;
+    ++tool->pending;
+    publish();
+    const auto work = tool->lane.run([connector = tool->connector, verb] {
+        return std::make_shared<VerbNote>(VerbNote::of(*connector, verb));
+    });
+    const std::shared_ptr<VerbNote> note = co_await work;
+    if (!alive)
+        co_return;
+    --tool->pending;
+    tool->note = std::move(*note);
+    ++tool->ended;
+    scanTool(tool);
+}
+
+void ConnectedAppsModel::started(const Log& log) {
+    for (const auto& tool : m_tools)
+        repair(tool.get(), log);
+    if (m_surroundings.retire && !m_tools.empty())
+        retire(m_tools.front().get(), log);
+}
+
+/// Whether there is anything to repair is found out on the lane too, behind the verbs that a person
+/// has asked for by then: what they have switched off is not stale.
+QCoro::Task<> ConnectedAppsModel::repair(Tool* tool, Log log) {
+    const QPointer<ConnectedAppsModel> alive(this);
+    ++tool->pending;
+    const auto work = tool->lane.run([connector = tool->connector, log] {
+        const auto repairs = Converge::run({connector});
+        logRepairs(repairs, log);
+        return !repairs.empty();
+    });
+    const bool repaired = co_await work;
+    if (!alive)
+        co_return;
+    --tool->pending;
+    if (repaired)
+        scanTool(tool);
+}
+
+QCoro::Task<> ConnectedAppsModel::retire(Tool* tool, Log log) {
+    const QPointer<ConnectedAppsModel> alive(this);
+    ++tool->pending;
+    const auto work =
+        tool->lane.run([retire = m_surroundings.retire, log] { logRepairs(retire(), log); });
+    co_await work;
+    if (alive)
+        --tool->pending;
+}
+
+void ConnectedAppsModel::landWhenTold() {
+    const bool waits =
+        std::ranges::any_of(m_tools, [](const auto& tool) { return tool->scanning; });
+    if (!waits) {
+        m_patience.stop();
+        m_impatient = false;
+        land();
+    } else if (m_impatient) {
+        land();
+    } else if (!m_patience.isActive()) {
+        m_patience.start();
+    }
+}
+
+void ConnectedAppsModel::land() {
+    std::vector<Tool*> settled;
+    for (const auto& tool : m_tools) {
+        if (!tool->fresh)
+            continue;
+        tool->shown = std::exchange(tool->fresh, std::nullopt);
+        if (tool->ended > 0)
+            settled.push_back(tool.get());
+        settle(*tool);
+        m_openness.observe(tool->id, factsOf(tool->shown->report));
+        const bool open = isHere(*tool) && isOpen(*tool);
+        tool->inventory->setOpen(open, Reread::yes);
+    }
+    publish();
+    for (const Tool* const tool : settled)
+        tell(*tool);
+    const bool known =
+        std::ranges::all_of(m_tools, [](const auto& tool) { return tool->shown.has_value(); });
+    if (known && !std::exchange(m_scanned, true))
         Q_EMIT scannedChanged();
     Q_EMIT landed();
 }
 
-void ConnectedAppsModel::expireNotes() {
-    std::erase_if(m_verbNotes, [this](const auto& entry) {
-        const auto& [id, note] = entry;
-        const ScanReport* const now = report(id);
-        if (!now || now->state == ConnectorState::notFound)
-            return true;
-        // Without a stamp the note's verb is still in flight.
-        return note.stateWhenSeen && *note.stateWhenSeen != now->state;
-    });
+/// A scan that lands is always the tool's newest, so it was begun after each verb that has ended. A
+/// verb's own scan may have been overtaken by a later one; whichever lands stamps the note.
+void ConnectedAppsModel::settle(Tool& tool) {
+    const ScanReport& now = tool.shown->report;
+    const int ended = std::exchange(tool.ended, 0);
+    if (tool.note && ended > 0)
+        tool.note->stateWhenSeen = now.state;
+    tool.verbs -= ended;
+    if (ended > 0 && tool.verbs == 0)
+        m_openness.forget(tool.id);
+    if (!tool.note || !tool.note->stateWhenSeen)
+        return; // without a stamp its verb is still in flight
+    const bool others = tool.note->files != tool.shown->files;
+    tool.note->canBeUndone = tool.note->canBeUndone && !others;
+    const bool mended = others && tool.note->result == ConnectorOutcome::Result::refused;
+    if (!isHere(tool) || *tool.note->stateWhenSeen != now.state || mended)
+        tool.note.reset();
 }
 
-/// A scan that lands is always the newest, so it was begun after each of these verbs had ended. One
-/// verb's own scan may be overtaken by another's; stamping by whichever lands keeps a note from
-/// being stamped with the state from before its verb.
-void ConnectedAppsModel::settleEndedVerbs() {
-    for (const std::string& id : std::exchange(m_ended, {})) {
-        const auto note = m_verbNotes.find(id);
-        const ScanReport* const now = report(id);
-        if (note != m_verbNotes.end() && now)
-            note->second.stateWhenSeen = now->state;
-        m_busy.extract(id); // one of them: a second verb may still be in flight
-        if (!m_busy.contains(id))
-            m_openness.forget(id);
-    }
+void ConnectedAppsModel::tell(const Tool& tool) {
+    if (tool.note)
+        Q_EMIT said(text(RowStory::spoken({.name = tool.shown->report.identity.name,
+                                           .state = tool.shown->report.state,
+                                           .verb = &*tool.note})));
 }
 
 InventoryWords ConnectedAppsModel::words() const {
@@ -183,29 +305,23 @@ InventoryWords ConnectedAppsModel::words() const {
 }
 
 bool ConnectedAppsModel::idle() const {
-    return m_pending == 0 && std::ranges::none_of(m_inventories, [](const auto& entry) {
-               return entry.second->loading();
-           });
+    return std::ranges::all_of(m_tools, [](const auto& tool) {
+        return tool->pending == 0 && !tool->fresh && !tool->inventory->loading();
+    });
 }
 
-void ConnectedAppsModel::publish(Reread reread) {
+void ConnectedAppsModel::publish() {
     std::vector<ConnectedAppRow> rows;
-    for (const ScanReport& report : m_reports) {
-        if (report.state != ConnectorState::notFound)
-            rows.push_back(row(report));
+    for (const auto& tool : m_tools) {
+        if (isHere(*tool))
+            rows.push_back(row(*tool));
+        tool->inventory->setOpen(isHere(*tool) && isOpen(*tool), Reread::no);
     }
-    showInventories(rows, reread);
     m_apps.show(rows);
 }
 
-void ConnectedAppsModel::showInventories(const std::vector<ConnectedAppRow>& rows, Reread reread) {
-    for (const auto& [id, inventory] : m_inventories) {
-        const auto row = std::ranges::find(rows, inventory, &ConnectedAppRow::inventory);
-        inventory->setOpen(row != rows.end() && row->open, reread);
-    }
-}
-
-ConnectedAppRow ConnectedAppsModel::row(const ScanReport& report) const {
+ConnectedAppRow ConnectedAppsModel::row(const Tool& tool) const {
+    const ScanReport& report = tool.shown->report;
     const ConnectorIdentity& who = report.identity;
     const std::string asset = ConnectableAppIcon::brandAsset(who.id);
     const bool drawn =
@@ -215,44 +331,53 @@ ConnectedAppRow ConnectedAppsModel::row(const ScanReport& report) const {
         icon.kind = ConnectableAppIcon::Asset{asset};
     else
         icon.kind = ConnectableAppIcon::Glyph{who.symbol};
+    const bool seen = tool.note && tool.note->stateWhenSeen;
+    const RowStory::Subject subject{
+        .name = who.name, .state = report.state, .verb = seen ? &*tool.note : nullptr};
     return {.app = {.id = who.id,
                     .name = who.name,
                     .detail = who.detail,
                     .icon = std::move(icon),
                     .connected = report.state == ConnectorState::connected,
-                    .busy = m_busy.contains(who.id)},
+                    .busy = tool.verbs > 0},
             .drifted = report.state == ConnectorState::drifted,
-            .open = isOpen(report),
-            .notes = notes(who.id),
-            .inventory = m_inventories.at(who.id)};
+            .open = isOpen(tool),
+            .strips = tool.verbs > 0 ? std::vector<RowStrip>() : RowStory::strips(subject),
+            .changes = RowStory::changes(subject),
+            .changesTitle = RowStory::changesTitle(subject),
+            .notes = RowStory::numbered(report.observations, tool.shown->places),
+            .inventory = tool.inventory};
 }
 
-bool ConnectedAppsModel::isOpen(const ScanReport& report) const {
-    const std::string& id = report.identity.id;
-    return m_openness.isOpen(id, factsOf(report),
-                             m_verbNotes.contains(id) ? VerbWords::there : VerbWords::none);
+bool ConnectedAppsModel::isHere(const Tool& tool) {
+    return tool.shown && tool.shown->report.state != ConnectorState::notFound;
+}
+
+bool ConnectedAppsModel::isOpen(const Tool& tool) const {
+    return m_openness.isOpen(tool.id, factsOf(tool.shown->report),
+                             tool.note ? VerbWords::there : VerbWords::none);
 }
 
 std::vector<ConnectableAppNote> ConnectedAppsModel::notes(const std::string& id) const {
-    const ScanReport* const known = report(id);
-    if (!known)
+    const Tool* const known = tool(id);
+    if (!known || !known->shown)
         return {};
-    std::vector<ConnectableAppNote> list;
-    const auto add = [&list](const Observations& lines) {
-        for (const Observation& line : lines)
-            list.push_back({static_cast<int>(list.size()), line.text, line.subject});
-    };
-    if (const auto note = m_verbNotes.find(id); note != m_verbNotes.end())
-        add(note->second.lines);
-    add(known->observations);
-    return list;
+    Observations lines;
+    std::vector<std::string> places;
+    if (known->note) {
+        lines = known->note->lines;
+        places = known->note->places;
+    }
+    append(lines, known->shown->report.observations);
+    places.insert(places.end(), known->shown->places.begin(), known->shown->places.end());
+    return RowStory::numbered(lines, places);
 }
 
 void ConnectedAppsModel::setOpen(const QString& id, bool open) {
-    const ScanReport* const known = report(id.toStdString());
-    if (!known || isOpen(*known) == open)
+    const Tool* const known = tool(id.toStdString());
+    if (!known || !known->shown || isOpen(*known) == open)
         return;
-    m_openness.choose(known->identity.id, open, factsOf(*known));
+    m_openness.choose(known->id, open, factsOf(known->shown->report));
     publish();
 }
 
@@ -266,18 +391,13 @@ void ConnectedAppsModel::copySubject(const QString& text) {
         m_surroundings.copy(text);
     else
         copyToPasteboard(text);
+    Q_EMIT said(QStringLiteral("Copied"));
 }
 
-const ScanReport* ConnectedAppsModel::report(const std::string& id) const {
-    const auto found = std::ranges::find_if(
-        m_reports, [&id](const ScanReport& report) { return report.identity.id == id; });
-    return found == m_reports.end() ? nullptr : &*found;
-}
-
-std::shared_ptr<Connector> ConnectedAppsModel::connector(const std::string& id) const {
-    const auto found = std::ranges::find_if(
-        m_connectors, [&id](const auto& connector) { return connector->identity().id == id; });
-    return found == m_connectors.end() ? nullptr : *found;
+ConnectedAppsModel::Tool* ConnectedAppsModel::tool(const std::string& id) const {
+    const auto found =
+        std::ranges::find_if(m_tools, [&id](const auto& tool) { return tool->id == id; });
+    return found == m_tools.end() ? nullptr : found->get();
 }
 
 QString ConnectedAppsModel::mastheadTitle() {
@@ -305,6 +425,28 @@ QString ConnectedAppsModel::copyWord() {
 QString ConnectedAppsModel::noEndpointSentence() {
     return QStringLiteral("Wendlow is not running from an installed app bundle, so there is no "
                           "command here to copy.");
+}
+
+QString ConnectedAppsModel::emptySentence() const {
+    return m_scanned ? QStringLiteral("No AI apps were found on this Mac.")
+                     : QStringLiteral("Looking for AI apps on this Mac…");
+}
+
+QString ConnectedAppsModel::emptyAdvice() const {
+    if (!m_scanned || m_tools.empty())
+        return {};
+    QStringList names;
+    for (const auto& tool : m_tools)
+        names.append(text(tool->connector->identity().name));
+    const QString last = names.takeLast();
+    const QString list =
+        names.isEmpty() ? last : names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+    return QStringLiteral("Install %1, start it once and come back: Wendlow looks again by itself.")
+        .arg(list);
+}
+
+QString ConnectedAppsModel::lookAgainWords() {
+    return text(RowStory::label(RowAction::lookAgain));
 }
 
 } // namespace wendlow

@@ -3,22 +3,22 @@
 #include "AppInventory.h"
 #include "ConnectedAppsList.h"
 #include "Connectors.h"
+#include "Converge.h"
 #include "PaneModel.h"
 #include "RowOpenness.h"
+#include "ToolLane.h"
+#include "VerbNote.h"
 
 #include <QCoroTask>
-#include <QFuture>
 #include <QString>
-#include <QThreadPool>
+#include <QTimer>
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <atomic>
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -27,16 +27,16 @@ namespace wendlow {
 /// The Connected Apps pane: the AI apps found on this machine, each with its switch and with what
 /// its files and the last verb had to say. An object of the UI thread.
 ///
-/// The connectors are worked on a serial lane of its own, so that no two file edits interleave and
-/// no disk is waited for on the UI thread. Nothing is kept on disk: whether an app is connected is
-/// read back from the tool's own files each time.
+/// Each tool is worked on a serial lane of its own, so that no two edits of its files interleave,
+/// no tool waits for another, and no disk is waited for on the UI thread. Nothing is kept on disk:
+/// whether an app is connected is read back from the tool's own files each time.
 class ConnectedAppsModel final : public PaneModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application makes the model and hands it to the pane.")
 
     Q_PROPERTY(wendlow::ConnectedAppsList* apps READ appsList CONSTANT)
-    /// A first scan has landed; before, an empty list means nothing.
+    /// Each tool has been looked at; before, an empty list means nothing.
     Q_PROPERTY(bool scanned READ scanned NOTIFY scannedChanged)
     Q_PROPERTY(QString error READ error CONSTANT)
     Q_PROPERTY(QString endpoint READ endpoint CONSTANT)
@@ -46,6 +46,10 @@ class ConnectedAppsModel final : public PaneModel {
     Q_PROPERTY(QString endpointCaption READ endpointCaption CONSTANT)
     Q_PROPERTY(QString copyWord READ copyWord CONSTANT)
     Q_PROPERTY(QString noEndpointSentence READ noEndpointSentence CONSTANT)
+    /// What stands in place of the rows while there is none, and what to do about it.
+    Q_PROPERTY(QString emptySentence READ emptySentence NOTIFY scannedChanged)
+    Q_PROPERTY(QString emptyAdvice READ emptyAdvice NOTIFY scannedChanged)
+    Q_PROPERTY(QString lookAgainWords READ lookAgainWords CONSTANT)
 
 public:
     /// What the model asks of the world around it; what is left out has the meaning told here.
@@ -56,24 +60,20 @@ public:
         // NOLINTNEXTLINE(readability-redundant-member-init): it may be left out of a list
         QLocale locale = QLocale();              ///< of dates and sizes; left out: the person's
         std::function<FileDate()> now = nullptr; ///< left out: the system's clock
-    };
-
-    /// What a verb reported, kept beside its row until the app's state has moved on.
-    struct VerbNote {
-        Observations lines;
-        /// The state that the app had when the verb's own scan landed; nothing before that.
-        std::optional<ConnectorState> stateWhenSeen;
+        /// Clears away what is no longer offered; left out: there is nothing of that.
+        std::function<std::vector<Converge::Repair>()> retire = nullptr;
     };
 
     /// `endpoint` is the path of the bridge program, if there is one.
     ConnectedAppsModel(Connectors::List connectors, std::optional<std::string> endpoint,
                        Surroundings surroundings);
-    /// Waits for a verb that is on the lane, or queued there: a change to a person's files is
-    /// finished and never cut. Scans and readings that have not begun are skipped.
+    /// Waits for verbs that are under way or queued, so that a change to a person's files is
+    /// finished; but for no more than a second, since a disk may never answer. Scans and readings
+    /// that have not begun are skipped.
     ~ConnectedAppsModel() override;
 
     /// The model of the running application. No bundle: no connectors, no endpoint, and `error`
-    /// says so. The home folder in `surroundings` is taken from `home`.
+    /// says so. Home folder and retirements in `surroundings` are filled in.
     static std::unique_ptr<ConnectedAppsModel>
     forThisMac(const std::filesystem::path& home,
                const std::optional<std::filesystem::path>& bundle,
@@ -82,7 +82,8 @@ public:
     /// Clears the clipboard and puts the text there.
     static void copyToPasteboard(const QString& text);
 
-    /// Reads the tools' files again. Returns at once; only the newest scan lands.
+    /// Reads the tools' files again. Returns at once; only the newest scan of a tool lands. What
+    /// the tools give lands together, unless one is slow: then the others do not wait.
     Q_INVOKABLE void scan();
     /// Runs the verb for a row and scans after it; an unknown id is ignored. A second verb for the
     /// same row queues behind the first.
@@ -93,6 +94,8 @@ public:
     /// Does nothing without an endpoint.
     Q_INVOKABLE void copyEndpoint();
     Q_INVOKABLE void copySubject(const QString& text);
+    /// What a strip of a row offers; `path` is what that strip is about.
+    Q_INVOKABLE void act(const QString& id, int action, const QString& path);
 
     const std::vector<ConnectedAppRow>& apps() const { return m_apps.rows(); }
     /// The lines of a row: those of its last verb, then those of its files.
@@ -102,8 +105,11 @@ public:
     bool scanned() const { return m_scanned; }
     /// No verb, no scan and no reading of a store is waiting for an answer.
     bool idle() const;
-    /// Scans, unless a verb or a scan is under way, which ends in what is true anyway.
+    /// Scans, but no tool of which a verb, scan or reading is under way, which ends in what is true
+    /// anyway.
     void refresh() override;
+    /// Repairs wiring of ours that has become stale, and shows what has changed by it.
+    void started(const Log& log) override;
     bool settled() const override { return m_scanned && idle(); }
     QString error() const { return m_error; }
     QString endpoint() const { return QString::fromStdString(m_endpoint.value_or(std::string())); }
@@ -113,49 +119,68 @@ public:
     static QString endpointCaption();
     static QString copyWord();
     static QString noEndpointSentence();
+    QString emptySentence() const;
+    QString emptyAdvice() const;
+    static QString lookAgainWords();
 
 Q_SIGNALS:
     void scannedChanged();
-    /// A scan's result has been taken over.
+    /// What scans have found has been taken over.
     void landed();
 
 private:
-    enum class Verb { connect, disconnect };
+    /// What a scan found of a tool, and what stands beside that.
+    struct Look {
+        ScanReport report;
+        std::vector<std::string> places; ///< for each observation where in its file it points
+        FileStamps files;                ///< of the last verb's files
+    };
+    /// One tool, with everything that is known of it.
+    struct Tool {
+        explicit Tool(std::shared_ptr<Connector> worked);
 
-    template<class Work> auto onTheLane(Work work);
-    QCoro::Task<> scanOnce();
-    QCoro::Task<> run(std::string id, Verb verb);
-    void land(std::vector<ScanReport> reports);
-    void expireNotes();
-    void settleEndedVerbs();
-    void publish(Reread reread = Reread::no);
-    void showInventories(const std::vector<ConnectedAppRow>& rows, Reread reread);
+        const std::shared_ptr<Connector> connector;
+        const std::string id;
+        AppInventory* inventory = nullptr; ///< a child of the model
+        std::optional<Look> shown;
+        std::optional<Look> fresh; ///< found, and not taken over yet
+        std::optional<VerbNote> note;
+        int verbs = 0;   ///< in flight, their scan included
+        int ended = 0;   ///< of these, those that wait for their scan alone
+        int pending = 0; ///< verbs, scans and repairs that have not been answered
+        bool scanning = false;
+        /// Counts scans. Shared with the lane, where a scan that is no longer the newest skips its
+        /// work.
+        const std::shared_ptr<std::atomic<int>> generation = std::make_shared<std::atomic<int>>(0);
+        ToolLane lane;
+    };
+
+    QCoro::Task<> scanTool(Tool* tool);
+    QCoro::Task<> run(Tool* tool, RowVerb verb);
+    QCoro::Task<> repair(Tool* tool, Log log);
+    QCoro::Task<> retire(Tool* tool, Log log);
+    void landWhenTold();
+    void land();
+    void settle(Tool& tool);
+    void tell(const Tool& tool);
+    void publish();
     InventoryWords words() const;
-    ConnectedAppRow row(const ScanReport& report) const;
-    bool isOpen(const ScanReport& report) const;
-    const ScanReport* report(const std::string& id) const;
-    std::shared_ptr<Connector> connector(const std::string& id) const;
+    ConnectedAppRow row(const Tool& tool) const;
+    static bool isHere(const Tool& tool);
+    bool isOpen(const Tool& tool) const;
+    Tool* tool(const std::string& id) const;
 
-    const Connectors::List m_connectors;
     const std::optional<std::string> m_endpoint;
     const Surroundings m_surroundings;
     QString m_error;
 
     ConnectedAppsList m_apps;
-    std::vector<ScanReport> m_reports;
-    std::multiset<std::string> m_busy; ///< one entry for each verb in flight
-    std::vector<std::string> m_ended;  ///< verbs that have ended and whose scan has not landed
-    std::map<std::string, VerbNote> m_verbNotes;
     RowOpenness m_openness;
-    std::map<std::string, AppInventory*> m_inventories; ///< one for each connector; children
     bool m_scanned = false;
-    int m_pending = 0;
-
-    /// Counts scans. Shared with the lane, where a scan that is no longer the newest skips its
-    /// work.
-    std::shared_ptr<std::atomic<int>> m_generation = std::make_shared<std::atomic<int>>(0);
-    /// Last, so that it is waited for before anything else of the model goes.
-    QThreadPool m_lane;
+    /// What is found waits for the rest until then.
+    QTimer m_patience;
+    bool m_impatient = false;
+    std::vector<std::unique_ptr<Tool>> m_tools;
 };
 
 } // namespace wendlow

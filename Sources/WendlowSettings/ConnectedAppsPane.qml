@@ -11,6 +11,10 @@ ScrollPage {
     required property ConnectedAppsModel model
 
     readonly property bool failed: pane.model.error.length > 0
+    readonly property bool narrow: pane.width < 600
+
+    sideMargin: pane.narrow ? Theme.space24 : Theme.space48
+    above: pane.narrow ? Theme.space24 : 40
 
     Component.onCompleted: pane.model.scan()
 
@@ -63,18 +67,10 @@ ScrollPage {
                     model: pane.model
                 }
             }
-            Item {
+            NothingFound {
                 visible: apps.count === 0
                 width: parent.width
-                height: 120
-
-                EmptyState {
-                    anchors.centerIn: parent
-                    width: parent.width - 2 * Theme.cardPadding
-                    busy: !pane.model.scanned
-                    iconName: "app"
-                    text: pane.model.scanned ? qsTr("No AI apps were found on this Mac.") : qsTr("Looking for AI apps on this Mac…")
-                }
+                model: pane.model
             }
         }
     }

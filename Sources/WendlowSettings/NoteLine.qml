@@ -10,17 +10,19 @@ Item {
     required property string sentence
     required property string subject
     required property string shownSubject
+    // Where in the file the sentence points; empty: nowhere.
+    property string place
 
     signal copied
 
     // Too narrow for two columns, the sentence stands below its path.
     readonly property bool stacked: note.width < 360
 
-    implicitHeight: words.y + words.height + 3
+    implicitHeight: words.y + words.height + (where.visible ? where.height : 0) + 3
 
     Accessible.role: Accessible.ListItem
     Accessible.name: note.sentence
-    Accessible.description: note.subject
+    Accessible.description: where.visible ? note.subject + ", " + note.place : note.subject
 
     T.AbstractButton {
         id: path
@@ -88,5 +90,16 @@ Item {
         text: note.sentence
         wrapMode: Text.Wrap
         Accessible.ignored: true
+    }
+    Label {
+        id: where
+        visible: note.place.length > 0
+        x: words.x
+        y: words.y + words.height
+        width: words.width
+        role: Label.Role.Small
+        text: note.place
+        color: Theme.textSecond
+        wrapMode: Text.Wrap
     }
 }

@@ -1,7 +1,11 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <QtQmlIntegration/qqmlintegration.h>
+
+#include <functional>
+#include <string>
 
 namespace wendlow {
 
@@ -12,11 +16,20 @@ class PaneModel : public QObject {
     QML_ANONYMOUS
 
 public:
+    using Log = std::function<void(const std::string& line)>;
+
     /// A person is about to see the pane, or comes back to it: reads what may have changed
     /// meanwhile, unless it is at that already. Returns at once.
     virtual void refresh() = 0;
     /// Something has been read, and nothing more is on its way.
     virtual bool settled() const = 0;
+    /// The application has started, and its first window is on the screen: does what a start brings
+    /// with it, and tells `log` of it. Called once, and not when pictures are taken.
+    virtual void started(const Log& log) { Q_UNUSED(log) }
+
+Q_SIGNALS:
+    /// A person who does not see the pane is to hear this.
+    void said(const QString& words);
 };
 
 } // namespace wendlow

@@ -11,9 +11,16 @@ FocusScope {
 
     required property SettingsRoot root
 
+    // A row looks after its own; what is left is that all of it has gone.
+    FocusKeeper {
+        content: face
+        onLost: if (!stage.item || !(face.Window.activeFocusItem instanceof ConnectedAppRow))
+            sidebar.take()
+    }
     SettingsSidebar {
         id: sidebar
         root: face.root
+        compact: face.width < 720
         height: parent.height
         focus: true
     }
@@ -34,6 +41,9 @@ FocusScope {
 
         function onSelectionChanged(): void {
             stage.show();
+        }
+        function onSaid(words: string): void {
+            Speech.say(words);
         }
     }
 }

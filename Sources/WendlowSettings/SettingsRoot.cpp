@@ -13,7 +13,10 @@ QString text(std::string_view utf8) {
 
 } // namespace
 
-SettingsRoot::SettingsRoot(Panes::Models models) : m_models(std::move(models)) {}
+SettingsRoot::SettingsRoot(Panes::Models models) : m_models(std::move(models)) {
+    for (const auto& [pane, model] : m_models)
+        connect(model.get(), &PaneModel::said, this, &SettingsRoot::said);
+}
 
 void SettingsRoot::select(Pane pane) {
     if (std::exchange(m_selection, pane) != pane)
@@ -28,6 +31,11 @@ void SettingsRoot::open(int place) {
 void SettingsRoot::refresh() {
     if (PaneModel* const shown = model(m_selection))
         shown->refresh();
+}
+
+void SettingsRoot::started(const PaneModel::Log& log) {
+    for (const auto& [pane, model] : m_models)
+        model->started(log);
 }
 
 bool SettingsRoot::settled() const {

@@ -38,6 +38,8 @@ public:
 
     /// A person comes to the window, or back to it.
     void refresh();
+    /// The application has started: each pane does what a start brings with it, seen or not.
+    void started(const PaneModel::Log& log);
     /// No model waits for an answer.
     bool settled() const;
 
@@ -54,6 +56,8 @@ public:
 
 Q_SIGNALS:
     void selectionChanged();
+    /// A person who does not see the window is to hear this.
+    void said(const QString& words);
 
 private:
     const Panes::Models m_models;

@@ -11,7 +11,10 @@ FocusScope {
 
     required property SettingsRoot root
 
-    implicitWidth: Theme.sidebarWidth
+    // In a small window the places are their tiles alone.
+    property bool compact: false
+
+    implicitWidth: sidebar.compact ? 63 : Theme.sidebarWidth
 
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Settings")
@@ -23,6 +26,11 @@ FocusScope {
         sidebar.byKey = true;
         sidebar.root.open(place);
         sidebar.byKey = false;
+    }
+
+    // The open place gets the focus.
+    function take(): void {
+        sidebar.forceActiveFocus(LastInput.reason);
     }
 
     Keys.onUpPressed: sidebar.open(sidebar.root.place - 1)
@@ -70,6 +78,7 @@ FocusScope {
                         width: group.width
                         text: place.modelData.title
                         iconName: place.modelData.icon
+                        compact: sidebar.compact
                         here: place.modelData.place === sidebar.root.place
                         focus: place.here
                         focusPolicy: place.here ? Qt.StrongFocus : Qt.ClickFocus
@@ -84,15 +93,22 @@ FocusScope {
     }
 
     Icon {
-        anchors.verticalCenter: foot.top
-        anchors.verticalCenterOffset: 8
-        x: 20
+        id: lock
+        x: sidebar.compact ? 24 : 20
+        y: sidebar.compact ? parent.height - 30 : foot.y + 1
         size: 14
         name: "lock"
         color: Theme.textSecondOnTint
+
+        HoverHandler { id: pointer }
+        Hint {
+            text: sidebar.root.footer
+            wanted: sidebar.compact && pointer.hovered
+        }
     }
     Label {
         id: foot
+        visible: !sidebar.compact
         x: 42
         y: parent.height - height - 16
         width: 120

@@ -46,6 +46,19 @@ long long residentKilobytes() {
 
 } // namespace
 
+void then(QWindow& window, std::function<void()> act) {
+    auto* const quick = qobject_cast<QQuickWindow*>(&window);
+    // The signal may come from the render thread, and a second one before this thread has heard of
+    // the first.
+    QObject::connect(
+        quick, &QQuickWindow::frameSwapped, qApp,
+        [act = std::make_shared<std::function<void()>>(std::move(act))] {
+            if (const auto once = std::exchange(*act, nullptr))
+                once();
+        },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
 void reportAndQuit(QWindow& window, std::function<bool()> isComplete) {
     auto* const quick = qobject_cast<QQuickWindow*>(&window);
     const auto complete = std::make_shared<bool>(false);

@@ -23,9 +23,28 @@ void trigger(const MenuLine& line) {
         line.act();
 }
 
-QVariantMap shown(const MenuLine& line) {
+/// Hands each title its first letter that none before it has.
+class Mnemonics {
+public:
+    int placeIn(const QString& title) {
+        for (int at = 0; at < title.size(); ++at) {
+            const QChar letter = title.at(at).toLower();
+            if (!letter.isLetter() || m_taken.contains(letter))
+                continue;
+            m_taken.append(letter);
+            return at;
+        }
+        return -1;
+    }
+
+private:
+    QString m_taken;
+};
+
+QVariantMap shown(const MenuLine& line, Mnemonics& mnemonics) {
     return {{QStringLiteral("id"), line.id},
             {QStringLiteral("title"), line.title},
+            {QStringLiteral("mnemonic"), mnemonics.placeIn(line.title)},
             {QStringLiteral("shortcut"), line.keys.toString(QKeySequence::NativeText)},
             {QStringLiteral("enabled"), isEnabled(line)},
             {QStringLiteral("checkable"), static_cast<bool>(line.checked)},
@@ -68,12 +87,15 @@ bool MainMenu::contains(const QString& id) const {
 
 QVariantList MainMenu::menus() const {
     QVariantList list;
+    Mnemonics ofTitles;
     for (const auto& entry : m_entries) {
         QVariantList items;
+        Mnemonics ofLines;
         for (const MenuLine& line : entry->menu.lines)
-            items.append(shown(line));
+            items.append(shown(line, ofLines));
         list.append(QVariantMap{{QStringLiteral("id"), entry->menu.id},
                                 {QStringLiteral("title"), entry->menu.title},
+                                {QStringLiteral("mnemonic"), ofTitles.placeIn(entry->menu.title)},
                                 {QStringLiteral("items"), items}});
     }
     return list;

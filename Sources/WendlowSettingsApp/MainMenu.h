@@ -33,9 +33,11 @@ struct MenuDescription {
 /// which work in every window. UI thread.
 class MainMenu final : public QObject {
     Q_OBJECT
-    /// A list of maps with `id`, `title` and `items`; an item is a map with `id`, `title`,
-    /// `shortcut`, `enabled`, `checkable`, `checked` and `separator`. What is enabled and ticked is
-    /// found out when the property is read.
+    /// A list of maps with `id`, `title`, `mnemonic` and `items`; an item is a map with `id`,
+    /// `title`, `mnemonic`, `shortcut`, `enabled`, `checkable`, `checked` and `separator`. What is
+    /// enabled and ticked is found out when the property is read. A mnemonic is the place in the
+    /// title of the letter that stands for it, a different one for each of its neighbours; -1 where
+    /// there is none left.
     Q_PROPERTY(QVariantList menus READ menus NOTIFY menusChanged)
 
 public:

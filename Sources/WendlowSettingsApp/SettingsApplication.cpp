@@ -99,6 +99,10 @@ QWindow& SettingsApplication::present(WindowKind kind) {
     return window;
 }
 
+void SettingsApplication::started() {
+    m_models.settings().started(m_surroundings.setupLog);
+}
+
 WindowFactory::Content SettingsApplication::contentOf(WindowKind kind) {
     const WindowDescription& description = WindowDescriptions::of(kind);
     return {QString::fromUtf8(description.file),

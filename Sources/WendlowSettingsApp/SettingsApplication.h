@@ -39,6 +39,8 @@ public:
 
     /// Brings up a pane; `front` matters to the journey alone.
     void show(WindowDoor::Pane pane, WindowDoor::Front front);
+    /// The first window is on the screen: does what a start brings with it, behind what is seen.
+    void started();
     /// Null while the kind has had no window yet.
     QWindow* window(WindowKind kind) const { return m_windows.window(kind); }
     QWindow& present(WindowKind kind);

@@ -31,10 +31,10 @@ void dress(QWindow& window, const WindowDescription& description) {
     window.setTitle(QString::fromUtf8(description.title));
     window.setFlags(windowFlags(description.styles));
     window.resize(description.size);
-    if (!description.styles.testFlag(WindowStyle::resizable)) {
-        window.setMinimumSize(description.size);
+    const bool resizable = description.styles.testFlag(WindowStyle::resizable);
+    window.setMinimumSize(resizable ? description.least : description.size);
+    if (!resizable)
         window.setMaximumSize(description.size);
-    }
     if (description.side == WindowSide::editor)
         window.setProperty(identifierProperty, QString::fromUtf8(editorSideIdentifier));
 }

@@ -54,7 +54,8 @@ struct WindowDescription {
     WindowStyles styles;
     WindowSide side = WindowSide::plain;
     WindowPlace place = WindowPlace::centred;
-    bool alwaysDark = false; ///< whatever the system says
+    bool alwaysDark = false;  ///< whatever the system says
+    QSize least = {560, 420}; ///< of what can be resized; its face stands at that
     /// What a sibling process or a launch argument asks for it by.
     std::optional<WindowDoor::Pane> door = std::nullopt;
     /// The name of its line in the World menu; empty: it has none.

@@ -1,6 +1,8 @@
 #include "Appearance.h"
+#include "BusPulse.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
+#include "SessionBus.h"
 #include "SettingsApplication.h"
 #include "SetupLog.h"
 #include "Snapshots.h"
@@ -9,14 +11,18 @@
 #include "UnimplementedGateway.h"
 #include "XPCClient.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include <fmt/format.h>
 
+#include <chrono>
 #include <cstdio>
+#include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
@@ -38,7 +44,7 @@ void drawOffScreen() {
 }
 
 int takeSnapshots(const LaunchOptions& options) {
-    DistributedNotificationCenter silent{QDBusConnection(QStringLiteral("none"))};
+    DistributedNotificationCenter silent;
     SettingsApplication application(
         {.followLooks =
              [](ThemeSource& looks, WindowFactory::Darkness darkness) {
@@ -49,6 +55,80 @@ int takeSnapshots(const LaunchOptions& options) {
          .setupLog = [](const std::string&) {},
          .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())});
     return Snapshots(application, *options.snapshots, options.size).take();
+}
+
+/// The toolkit asks the session bus for a screen reader as its application object is made, and
+/// waits for the answer. From a bus that is there and says nothing, that object is kept away: it
+/// then knows no screen reader, but there are windows.
+class AwayFromSilentBus {
+public:
+    AwayFromSilentBus()
+        : m_silent(sessionBusPulse(std::chrono::seconds(1)) == BusPulse::silent),
+          m_address(qgetenv(variable)), m_wasSet(qEnvironmentVariableIsSet(variable)) {
+        if (m_silent)
+            qputenv(variable, "disabled:");
+    }
+    ~AwayFromSilentBus() {
+        if (m_silent && m_wasSet)
+            qputenv(variable, m_address);
+        else if (m_silent)
+            qunsetenv(variable);
+    }
+    AwayFromSilentBus(const AwayFromSilentBus&) = delete;
+    AwayFromSilentBus& operator=(const AwayFromSilentBus&) = delete;
+
+private:
+    static constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
+
+    const bool m_silent;
+    const QByteArray m_address;
+    const bool m_wasSet;
+};
+
+std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv) {
+    const AwayFromSilentBus away;
+    auto toolkit = std::make_unique<QGuiApplication>(argc, argv);
+    std::ignore = QAccessible::isActive(); // asks now
+    return toolkit;
+}
+
+/// Shows the window that is asked for, and runs until the last one is closed.
+int show(SettingsApplication& application, const LaunchOptions& options) {
+    application.show(options.pane, WindowDoor::Front::leave);
+    const WindowKind kind = WindowDescriptions::kindOf(options.pane);
+    if (options.firstFrame) {
+        const auto isComplete = WindowDescriptions::of(kind).isComplete;
+        FirstFrame::reportAndQuit(*application.window(kind), [&application, isComplete] {
+            return !isComplete || isComplete(application.models());
+        });
+    } else {
+        FirstFrame::then(*application.window(kind), [&application] { application.started(); });
+    }
+    return QGuiApplication::exec();
+}
+
+int runApplication(const LaunchOptions& options) {
+    const TerminationSignals signals;
+    DistributedNotificationCenter notifications;
+    Appearance appearance;
+    GatewayPresence gateway;
+    SessionBus bus;
+    QObject::connect(&bus, &SessionBus::connected, &notifications,
+                     &DistributedNotificationCenter::listenOn);
+    QObject::connect(&bus, &SessionBus::connected, &appearance, &Appearance::listenOn);
+    QObject::connect(&bus, &SessionBus::connected, &gateway, &GatewayPresence::listenOn);
+    bus.dial();
+    SettingsApplication application(
+        {.followLooks =
+             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 SystemLooks::follow(appearance, looks, darkness);
+             },
+         .notifications = notifications,
+         .setupLog = [](const std::string& line) { SetupLog::line(line); },
+         .client = std::make_shared<XPCClient>()});
+    QObject::connect(&gateway, &GatewayPresence::came, &application,
+                     [&application] { application.models().daemonCame(); });
+    return TerminationSignals::leave(show(application, options));
 }
 
 } // namespace
@@ -62,31 +142,6 @@ int main(int argc, char** argv) {
     }
     if (options->snapshots)
         drawOffScreen();
-    QGuiApplication toolkit(argc, argv);
-    if (options->snapshots)
-        return takeSnapshots(*options);
-
-    const TerminationSignals signals;
-    DistributedNotificationCenter notifications(QDBusConnection::sessionBus());
-    const Appearance appearance(QDBusConnection::sessionBus());
-    SettingsApplication application(
-        {.followLooks =
-             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                 SystemLooks::follow(appearance, looks, darkness);
-             },
-         .notifications = notifications,
-         .setupLog = [](const std::string& line) { SetupLog::line(line); },
-         .client = std::make_shared<XPCClient>()});
-    const GatewayPresence gateway(QDBusConnection::sessionBus());
-    QObject::connect(&gateway, &GatewayPresence::came, &application,
-                     [&application] { application.models().daemonCame(); });
-    application.show(options->pane, WindowDoor::Front::leave);
-    if (options->firstFrame) {
-        const WindowKind kind = WindowDescriptions::kindOf(options->pane);
-        const auto isComplete = WindowDescriptions::of(kind).isComplete;
-        FirstFrame::reportAndQuit(*application.window(kind), [&application, isComplete] {
-            return !isComplete || isComplete(application.models());
-        });
-    }
-    return TerminationSignals::leave(QGuiApplication::exec());
+    const auto toolkit = makeToolkit(argc, argv);
+    return options->snapshots ? takeSnapshots(*options) : runApplication(*options);
 }

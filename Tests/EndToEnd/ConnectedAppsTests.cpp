@@ -1,5 +1,6 @@
 #include "Support/ClaudeCodeHome.h"
 #include "Support/Desktop.h"
+#include "Support/KeyWalk.h"
 
 #include <gtest/gtest.h>
 
@@ -51,10 +52,12 @@ TEST_F(ConnectedApps, TheSwitchConnectsAndGivesTheBytesBack) {
     desktop.click(toggle->extents().center());
     ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
     EXPECT_TRUE(isConnected());
+    EXPECT_TRUE(application.findNamed(u"Connected. Restart Claude Code to use it."_s));
+    const auto fold = application.find(u"push button"_s, u"What changed"_s);
+    ASSERT_TRUE(fold && fold->act(u"Press"_s));
     for (const auto& sentence :
          {u"a copy of the file was made here first"_s,
           u"the Wendlow entry was written to this file"_s,
-          u"a backup was written here before this change"_s,
           u"the Wendlow hook entry here runs %1/Contents/MacOS/wendlow-hook --harness claude-code"_s
               .arg(QLatin1String(bundle)),
           u"the Wendlow MCP server entry here runs %1/Contents/MacOS/wendlow-mcp"_s.arg(
@@ -66,24 +69,53 @@ TEST_F(ConnectedApps, TheSwitchConnectsAndGivesTheBytesBack) {
     ASSERT_TRUE(eventually([&] { return !toggle->isChecked() && toggle->isEnabled(); }));
     EXPECT_TRUE(isAsBefore());
     EXPECT_FALSE(hasReceipt());
+    const auto undone = [&](bool connected) {
+        const auto undo = application.find(u"push button"_s, u"Undo"_s);
+        return undo && undo->act(u"Press"_s) &&
+               eventually([&] { return toggle->isChecked() == connected; });
+    };
+    ASSERT_TRUE(undone(true));
+    EXPECT_TRUE(isConnected());
+    ASSERT_TRUE(undone(false));
+    EXPECT_TRUE(isAsBefore());
     EXPECT_TRUE(application.findNamed(u"the Wendlow entry was removed from this file"_s));
     EXPECT_TRUE(application.findNamed(u"this file holds no Wendlow hook entry"_s));
 }
 
-TEST_F(ConnectedApps, TheKeyboardAloneIsEnough) {
+/// Through every place that the keys come to: round the window, into a row and out of it, over a
+/// verb and its undoing, and through the menus, of which Edit has no line to choose.
+TEST_F(ConnectedApps, TheKeyboardAloneIsEnoughAndItsFocusIsAlwaysInSight) {
     RunningApplication application(desktop, {u"--window=settings"_s});
     ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
+    const KeyWalk walk(desktop, application, u"Wendlow"_s);
+    const auto pressed = [&walk](const QStringList& keys) {
+        return walk.press(keys).join(u'\n').toStdString();
+    };
+    EXPECT_EQ(pressed({u"Home"_s, u"Down"_s, u"Down"_s, u"Up"_s}), "");
     const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
     ASSERT_TRUE(toggle);
     bool reached = false;
     for (int presses = 0; presses < 12 && !reached; ++presses) {
-        desktop.press({u"Tab"_s});
+        EXPECT_EQ(pressed({u"Tab"_s}), "");
         reached = toggle->isFocused();
     }
     ASSERT_TRUE(reached) << "no number of tabs leads to the switch";
-    desktop.press({u"space"_s});
+    EXPECT_EQ(pressed({u"space"_s}), "");
     ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
     EXPECT_TRUE(isConnected());
+    EXPECT_EQ(walk.focused().join(u','), u"check box Claude Code"_s);
+    EXPECT_EQ(pressed({u"Tab"_s}), "");
+    EXPECT_EQ(walk.focused().join(u','), u"push button Undo"_s);
+    EXPECT_EQ(pressed({u"space"_s}), "");
+    EXPECT_TRUE(eventually([&] { return !toggle->isChecked() && toggle->isFocused(); }));
+    EXPECT_TRUE(isAsBefore());
+    EXPECT_EQ(pressed({u"Tab"_s, u"Tab"_s, u"space"_s, u"shift+Tab"_s, u"shift+Tab"_s,
+                       u"shift+Tab"_s, u"Return"_s, u"Return"_s}),
+              "");
+    EXPECT_EQ(pressed(QStringList(12, u"Tab"_s)), "");
+    EXPECT_EQ(pressed({u"F10"_s, u"Down"_s, u"Right"_s, u"Down"_s, u"Right"_s, u"Left"_s, u"Left"_s,
+                       u"Escape"_s, u"alt+e"_s, u"Escape"_s, u"alt+i"_s, u"Escape"_s}),
+              "");
 }
 
 TEST_F(ConnectedApps, AFileThatDoesNotReadSaysSoByItselfAndStaysAsItWas) {
@@ -98,9 +130,36 @@ TEST_F(ConnectedApps, AFileThatDoesNotReadSaysSoByItselfAndStaysAsItWas) {
     desktop.click(toggle->extents().center());
     EXPECT_TRUE(application.findNamed(
         u"this file did not read as JSON, so nothing was written — "_s + cause));
+    const auto refusal = application.findNamed(u"Claude Code was not connected."_s);
+    ASSERT_TRUE(refusal);
+    EXPECT_TRUE(application.findNamed(u"line 4, column 48"_s));
+    EXPECT_TRUE(application.find(u"push button"_s, u"Copy path"_s));
     EXPECT_FALSE(toggle->isChecked());
     EXPECT_EQ(settings(), ClaudeCodeHome::settings);
     EXPECT_EQ(servers(), broken);
+
+    put(desktop.home() / ".claude.json", ClaudeCodeHome::servers);
+    const auto again = application.find(u"push button"_s, u"Look again"_s);
+    ASSERT_TRUE(again && again->act(u"Press"_s));
+    EXPECT_TRUE(eventually([&] { return !refusal->isShowing(); })) << "it has been mended";
+}
+
+TEST_F(ConnectedApps, WhatWasChangedSinceIsTakenOutFromItsOpenRow) {
+    RunningApplication application(desktop, {u"--window=settings"_s});
+    const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
+    ASSERT_TRUE(toggle) << application.errors().toStdString();
+    desktop.click(toggle->extents().center());
+    ASSERT_TRUE(eventually([&] { return toggle->isChecked(); }));
+    put(desktop.home() / ".claude.json", ClaudeCodeHome::servers); // half of it is gone
+    const auto general = application.find(u"page tab"_s, u"General"_s);
+    ASSERT_TRUE(general);
+    desktop.click(general->extents().center());
+    desktop.press({u"Down"_s}); // back, which looks again
+    EXPECT_TRUE(application.findNamed(u"Claude Code is not as Wendlow left it."_s));
+    const auto out = application.find(u"push button"_s, u"Disconnect"_s);
+    ASSERT_TRUE(out && out->act(u"Press"_s));
+    EXPECT_TRUE(eventually([&] { return isAsBefore(); }));
+    EXPECT_TRUE(application.findNamed(u"Disconnected. Restart Claude Code to finish."_s));
 }
 
 TEST_F(ConnectedApps, CodexIsConnectedDisconnectedAndConnectedAgain) {

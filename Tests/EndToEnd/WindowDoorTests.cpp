@@ -83,9 +83,39 @@ TEST_F(Door, TheWorldMenuComesWithTheEditorAndGoesWithIt) {
     EXPECT_TRUE(other.waitForFinished());
 }
 
+TEST_F(Door, WorksWithABusThatIsSlowAndWithTheOneThatFollowsIt) {
+    desktop.bus().wedge();
+    RunningApplication application(desktop, {u"--window=stats"_s});
+    EXPECT_TRUE(eventually([&] { return desktop.hasWindow(u"Stats"_s); }))
+        << "no window comes while the bus stands still";
+    desktop.bus().goOn();
+    const auto asked = [&](const QString& pane) {
+        return eventually([&] {
+            post({u"--object"_s, pane});
+            return journal().contains("door: menu asked for " + pane.toStdString() + "\n");
+        });
+    };
+    EXPECT_TRUE(asked(u"settings"_s));
+    EXPECT_TRUE(eventually([&] { return desktop.hasWindow(u"Wendlow"_s); }));
+    desktop.bus().restart();
+    EXPECT_TRUE(asked(u"editor"_s)) << "nobody listens to the new bus";
+    EXPECT_TRUE(eventually([&] { return desktop.hasWindow(u"Memories"_s); }));
+}
+
+TEST_F(Door, ClosesAtOnceWhileTheBusStandsStill) {
+    desktop.bus().wedge();
+    RunningApplication application(desktop, {u"--window=stats"_s});
+    ASSERT_TRUE(eventually([&] { return desktop.hasWindow(u"Stats"_s); }));
+    desktop.press({u"ctrl+w"_s});
+    EXPECT_TRUE(application.waitForEnd());
+}
+
 TEST_F(Door, ClosingTheLastWindowQuits) {
     RunningApplication application(desktop, {u"--window=stats"_s});
     ASSERT_TRUE(application.window(u"Stats"_s)) << application.errors().toStdString();
+    EXPECT_TRUE(eventually([&] {
+        return journal().contains("repair: Claude Chat retirement: unchanged\n");
+    })) << "nothing is repaired at the start";
     desktop.press({u"ctrl+w"_s});
     EXPECT_TRUE(application.waitForEnd());
 }

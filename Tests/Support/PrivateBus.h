@@ -61,6 +61,12 @@ public:
     void wedge() const { ::kill(m_daemon, SIGSTOP); }
     void goOn() const { ::kill(m_daemon, SIGCONT); }
 
+    /// The bus dies, and another one is there in its place.
+    void restart() {
+        stop();
+        m_address.clear();
+        start(m_folder / "bus.conf");
+    }
     /// The bus dies before its test does.
     void stop() {
         if (m_daemon <= 0)
@@ -96,6 +102,8 @@ private:
         while (::read(ends[0], &character, 1) == 1 && character != '\n')
             m_address += character;
         ::close(ends[0]);
+        // As a session's address is: another bus may come to listen there.
+        m_address = m_address.substr(0, m_address.find(",guid="));
         if (m_address.empty()) {
             stop();
             std::ostringstream reason;

@@ -72,6 +72,10 @@ public:
                 {u"description"_s, face->text(QAccessible::Description)},
                 {u"checked"_s, face->state().checked != 0}};
     }
+    Q_INVOKABLE static bool isSeparator(QQuickItem* item) {
+        QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(item);
+        return face && face->role() == QAccessible::Separator;
+    }
     /// A screen reader comes or goes.
     Q_INVOKABLE static void read(bool active) { QAccessible::setActive(active); }
     /// Does what a screen reader does to press an item.

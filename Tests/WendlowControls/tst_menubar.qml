@@ -13,8 +13,9 @@ Item {
 
         property var chosen: []
         property var menus: [
-            { id: "app", title: "Wendlow", items: [{ id: "about", title: "About" }, { separator: true }, { id: "off", title: "Off", enabled: false }, { id: "quit", title: "Quit", shortcut: "Ctrl+Q" }] },
-            { id: "edit", title: "Edit", items: [{ id: "copy", title: "Copy", checkable: true, checked: true }] }
+            { id: "app", title: "Wendlow", mnemonic: 0, items: [{ id: "about", title: "About", mnemonic: 0 }, { separator: true }, { id: "off", title: "Off", enabled: false }, { id: "quit", title: "Quit", shortcut: "Ctrl+Q" }] },
+            { id: "off", title: "Off", mnemonic: 0, items: [{ id: "undo", title: "Undo", mnemonic: 0, enabled: false }] },
+            { id: "edit", title: "Edit", mnemonic: 0, items: [{ id: "copy", title: "Copy", mnemonic: 1, checkable: true, checked: true }] }
         ]
 
         function trigger(menu: string, item: string): void {
@@ -28,7 +29,7 @@ Item {
         anchors.fill: parent
         menu: mainMenu
 
-        Button { id: work; text: "Work"; focus: true }
+        Button { id: work; text: "Work"; focus: true; Keys.onLeftPressed: {} }
     }
 
     TestCase {
@@ -46,6 +47,11 @@ Item {
         function cleanup(): void {
             bar.close();
         }
+        // What a person sees the keys go to.
+        function ringed(): var {
+            const lines = bar.current ? Array.from({ length: bar.current.count }, (none, at) => bar.current.itemAt(at)) : [];
+            return [work, title(0), title(1), title(2), ...lines].filter(item => item.activeFocus && item.visible && item.enabled);
+        }
         function title(index: int): Item {
             return Array.from(bar.children).find(child => child instanceof Row).children[index];
         }
@@ -53,7 +59,11 @@ Item {
         function test_keys_data(): var {
             return [
                 { tag: "lines that cannot be chosen are skipped", keys: [Qt.Key_F10, Qt.Key_Down, Qt.Key_Down, Qt.Key_Return], chosen: ["app/quit"] },
-                { tag: "from menu to menu", keys: [Qt.Key_F10, Qt.Key_Down, Qt.Key_Right, Qt.Key_Return], chosen: ["edit/copy"] },
+                { tag: "from menu to menu, by way of one without a line to choose", keys: [Qt.Key_F10, Qt.Key_Down, Qt.Key_Right, Qt.Key_Right, Qt.Key_Return], chosen: ["edit/copy"] },
+                { tag: "and back", keys: [Qt.Key_F10, Qt.Key_Right, Qt.Key_Down, Qt.Key_Left, Qt.Key_Return], chosen: ["app/about"] },
+                { tag: "escape from such a one", keys: [Qt.Key_F10, Qt.Key_Right, Qt.Key_Down, Qt.Key_Escape], chosen: [] },
+                { tag: "letters", keys: [Qt.Key_E | Qt.AltModifier, Qt.Key_O], chosen: ["edit/copy"] },
+                { tag: "a letter of what cannot be chosen", keys: [Qt.Key_O | Qt.AltModifier, Qt.Key_U, Qt.Key_Escape], chosen: [] },
                 { tag: "round the end", keys: [Qt.Key_F10, Qt.Key_Left, Qt.Key_Down, Qt.Key_Return], chosen: ["edit/copy"] },
                 { tag: "alt alone", keys: [Qt.Key_Alt, Qt.Key_Down, Qt.Key_Return], chosen: ["app/about"] },
                 { tag: "escape from a menu", keys: [Qt.Key_F10, Qt.Key_Down, Qt.Key_Escape], chosen: [] }
@@ -61,8 +71,9 @@ Item {
         }
         function test_keys(data: var): void {
             for (const key of data.keys) {
-                keyClick(key);
+                keyClick(key & ~Qt.AltModifier, key & Qt.AltModifier);
                 wait(1);
+                compare(ringed().length, 1, "the focus is in sight at one place");
             }
             tryCompare(bar, "openIndex", -1);
             compare(mainMenu.chosen, data.chosen);
@@ -70,10 +81,12 @@ Item {
         }
 
         function test_altWithAnotherKeyIsNoVisit(): void {
-            keyPress(Qt.Key_Alt);
-            keyClick(Qt.Key_X, Qt.AltModifier);
-            keyRelease(Qt.Key_Alt);
-            verify(work.activeFocus);
+            for (const taken of [Qt.Key_X, Qt.Key_Left]) {
+                keyPress(Qt.Key_Alt);
+                keyClick(taken, Qt.AltModifier);
+                keyRelease(Qt.Key_Alt);
+                verify(work.activeFocus);
+            }
         }
 
         function test_pointer(): void {
@@ -82,8 +95,10 @@ Item {
             mouseClick(title(0));
             tryCompare(bar, "openIndex", -1);
             mouseClick(title(0));
-            mouseMove(title(1), 5, 5);
-            tryCompare(bar, "openIndex", 1);
+            compare([0, 1].map(at => bench.isSeparator(bar.current.itemAt(at))), [false, true]);
+            compare(bench.spoken(bar.current.contentItem).name, "Wendlow");
+            mouseMove(title(2), 5, 5);
+            tryCompare(bar, "openIndex", 2);
             const line = bar.current.itemAt(0);
             tryVerify(() => line.width > 0 && bar.current.opened);
             compare(bench.spoken(line).name, "Copy");

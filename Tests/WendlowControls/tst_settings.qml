@@ -85,6 +85,24 @@ Item {
             mouseClick(toggle);
             bench.endVerb();
             tryVerify(() => toggle.enabled && !spinner());
+            verify(toggle.activeFocus);
+        }
+
+        // A deed takes away the strip that it stood in; the keys are at the switch then, and at the chevron
+        // while that is out of reach.
+        function test_theKeysStayInTheirRow(): void {
+            const toggle = here("Cursor", "Switch_");
+            here("Cursor is not as Wendlow left it.", "RowStripFace_");
+            here("Disconnect", "Button_").forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            tryVerify(() => toggle.enabled && toggle.visualFocus, 5000);
+            const fold = here("What changed", "Button_");
+            compare(named("What changed", "NoteList_"), null);
+            mouseClick(fold);
+            here("What changed", "NoteList_");
+            verify(bench.spoken(fold).checked);
+            bench.root.open(0);
+            bench.root.open(1);
         }
 
         function test_notesAreOnePressAway(): void {
@@ -127,7 +145,8 @@ Item {
             compare(bench.copied[bench.copied.length - 1], "/home/ada/p2310");
             keyClick(Qt.Key_PageUp);
             verify(here(line(2298), "InventoryLine_").activeFocus);
-            mouseClick(here("Show fewer", "Button_"));
+            here("Show fewer", "Button_").forceActiveFocus();
+            keyClick(Qt.Key_Space);
             compare(list.count, 8);
             mouseClick(here("Hide details of Codex", "Disclosure_"));
             tryVerify(() => named("Projects of Codex", "QQuickListView") === null);
@@ -137,10 +156,10 @@ Item {
             const row = here("Cursor", "ConnectedAppRow_");
             const toggle = here("Cursor", "Switch_");
             const copy = here("Copy", "Button_");
-            for (const width of [640, 1600, 980]) {
+            for (const [width, column] of [[560, 449], [640, 529], [1600, 660], [980, 660]]) {
                 scene.width = width;
                 wait(0);
-                compare(row.width, Math.min(660, width - 224 - 96) - 2);
+                compare(row.width, column - 2);
                 compare(toggle.mapToItem(row, 0, 0).x + 36, row.width - 20);
                 verify(copy.mapToItem(face, 0, 0).x + copy.width < width);
             }

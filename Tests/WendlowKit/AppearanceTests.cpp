@@ -1,6 +1,7 @@
 #include "Appearance.h"
 
 #include "PrivateBus.h"
+#include "SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
@@ -113,6 +114,22 @@ TEST_F(Appearances, AreAskedForWhenThePortalComesLater) {
     EXPECT_FALSE(appearance.reduceMotion());
     portal.appear();
     EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.reduceMotion(); }));
+}
+
+TEST_F(Appearances, AreAskedForAgainWhenTheBusHasBeenReplaced) {
+    Appearance appearance;
+    SessionBus session;
+    QObject::connect(&session, &SessionBus::connected, &appearance, &Appearance::listenOn);
+    QSignalSpy connections(&session, &SessionBus::connected);
+    session.dial();
+    EXPECT_TRUE(connections.wait());
+    bus.restart();
+    EXPECT_TRUE(connections.wait());
+    FakePortal other{connected("other portal")};
+    other.values[scheme] = 1U;
+    other.appear();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.dark(); }));
+    QDBusConnection::disconnectFromBus(u"other portal"_s);
 }
 
 TEST(AppearanceWithoutABus, IsLightAndMoves) {

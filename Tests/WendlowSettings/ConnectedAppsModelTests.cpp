@@ -1,7 +1,10 @@
 #include "ConnectedAppsModel.h"
+#include "Files.h"
 #include "MockConnector.h"
+#include "TemporaryHome.h"
 
 #include <QAbstractItemModelTester>
+#include <QElapsedTimer>
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
@@ -9,6 +12,9 @@
 #include <QTimer>
 
 #include <gmock/gmock.h>
+
+#include <mutex>
+#include <set>
 
 namespace wendlow {
 namespace {
@@ -77,6 +83,14 @@ struct Pane {
         }
         return texts;
     }
+    /// What the first strip of the first row says; empty: it has none.
+    std::string headline() const {
+        return row(0).strips.empty() ? "" : row(0).strips.front().headline;
+    }
+    void act(RowAction action) const {
+        model->act(u"claude-code"_s, static_cast<int>(action), {});
+        EXPECT_TRUE(settled(*model));
+    }
 };
 
 TEST(ConnectedAppsModel, ShowsOneRowForEachToolThatIsHere) {
@@ -121,55 +135,146 @@ TEST(ConnectedAppsModel, OfTwoQuickScansOnlyTheLaterLands) {
     EXPECT_TRUE(model.apps().at(0).app.connected);
 }
 
-TEST(ConnectedAppsModel, AnAppThatIsGoneTakesItsRowAndItsNoteAlong) {
-    Pane pane;
-    pane.scan();
-    pane.code->becomes(State::connected, {}, {.verbObservations = Observations{{"f", "written"}}});
-    pane.connect("claude-code");
-    EXPECT_THAT(pane.words("claude-code"), ElementsAre("written"));
-    pane.code->becomes(State::notFound);
-    pane.scan();
-    EXPECT_EQ(pane.removals.count(), 1);
-    ASSERT_EQ(pane.model->apps().size(), 1U);
-    pane.code->becomes(State::connected);
-    pane.scan();
-    EXPECT_EQ(pane.row(0).app.id, "claude-code") << "it comes back in its old place";
-    EXPECT_THAT(pane.words("claude-code"), ElementsAre()) << "its note does not";
-}
-
 TEST(ConnectedAppsModel, AVerbsNoteStaysUntilTheStateMovesOn) {
     Pane pane;
     pane.scan();
     pane.code->becomes(State::drifted, Observations{{"f", driftWords}},
-                       {.verbObservations = Observations{{"f", "one block was written"}},
-                        .backups = std::vector<std::filesystem::path>{"/b/1"}});
+                       {.verbObservations = Observations{{"f", "one block was written"},
+                                                         {"/b/1", "a copy was made here"}},
+                        .backups = std::vector<std::filesystem::path>{"/b/1", "/b/2"}});
+    // Its own scan is overtaken by the next one.
+    pane.model->connect(u"claude-code"_s);
     pane.connect("claude-code");
-    EXPECT_THAT(pane.words("claude-code"),
-                ElementsAre("one block was written", "a backup was written here before this change",
-                            driftWords));
-    EXPECT_EQ(pane.model->notes("claude-code").at(1).subject, "/b/1");
-    EXPECT_FALSE(pane.row(0).app.connected) << "a drifted app's switch is off";
-    EXPECT_TRUE(pane.row(0).drifted);
-    EXPECT_FALSE(pane.row(0).app.busy);
+    for (int scans = 0; scans < 2; ++scans, pane.scan()) {
+        EXPECT_THAT(pane.words("claude-code"),
+                    ElementsAre("one block was written", "a copy was made here",
+                                "a backup was written here before this change", driftWords));
+        EXPECT_EQ(pane.model->notes("claude-code").at(2).subject, "/b/2") << "each told once";
+        EXPECT_EQ(pane.row(0).changes.size(), 3U);
+        EXPECT_FALSE(pane.row(0).app.connected) << "a drifted app's switch is off";
+        EXPECT_FALSE(pane.row(0).app.busy);
+    }
+    pane.code->becomes(State::notFound);
     pane.scan();
-    EXPECT_EQ(pane.words("claude-code").size(), 3U) << "nothing has changed since the verb";
+    EXPECT_EQ(pane.removals.count(), 1);
+    EXPECT_EQ(pane.row(0).app.id, "codex");
     pane.code->becomes(State::connected, Observations{});
     pane.scan();
-    EXPECT_THAT(pane.words("claude-code"), ElementsAre());
+    EXPECT_EQ(pane.row(0).app.id, "claude-code") << "it comes back in its old place";
+    EXPECT_THAT(pane.words("claude-code"), ElementsAre()) << "its note does not";
     EXPECT_THAT(pane.words("nobody"), ElementsAre());
 }
 
-TEST(ConnectedAppsModel, ANoteWhoseScanWasOvertakenIsStampedByTheScanThatLands) {
+TEST(ConnectedAppsModel, TheLastVerbCanBeUndoneUntilSomebodyElseHasWritten) {
+    const testing::TemporaryHome home;
+    const auto file = testing::put(home / "settings.json", "{}");
+    const auto undoable = [](const Pane& pane) {
+        return pane.row(0).strips.at(0).actions == std::vector{RowAction::undo};
+    };
     Pane pane;
+    QStringList said;
+    QObject::connect(pane.model.get(), &PaneModel::said,
+                     [&said](const QString& words) { said.append(words); });
+    pane.code->becomes(State::connected, {},
+                       {.verbObservations = Observations{{file.string(), "it was written"}}});
     pane.scan();
-    // Code's own scan is overtaken by the one after Codex's verb, queued behind it.
-    pane.code->becomes(State::connected, {}, {.verbObservations = Observations{{"f", "written"}}});
-    pane.model->connect(u"claude-code"_s);
-    pane.connect("codex");
+    pane.act(RowAction::undo);
+    EXPECT_THAT(pane.code->log(), ElementsAre("scan")) << "there is nothing to undo";
+    pane.connect("claude-code");
+    EXPECT_EQ(pane.headline(), "Connected. Restart Claude Code to use it.");
+    EXPECT_EQ(said.join(u'|'), u"Connected. Restart Claude Code to use it."_s);
     pane.scan();
-    EXPECT_THAT(pane.words("claude-code"), ElementsAre("written"));
-    EXPECT_FALSE(pane.row(0).app.busy);
-    EXPECT_FALSE(pane.row(1).app.busy);
+    ASSERT_TRUE(undoable(pane));
+    pane.code->becomes(State::found);
+    pane.act(RowAction::undo);
+    EXPECT_EQ(pane.headline(), "Disconnected. Restart Claude Code to finish.");
+    EXPECT_EQ(std::ranges::count(pane.code->log(), "remove"), 1);
+    ASSERT_TRUE(undoable(pane)) << "what was undone can be done again";
+    testing::put(file, "{\"theirs\": 1}");
+    pane.scan();
+    EXPECT_FALSE(undoable(pane));
+    pane.act(RowAction::undo);
+    EXPECT_EQ(std::ranges::count(pane.code->log(), "install"), 1);
+}
+
+TEST(ConnectedAppsModel, ARefusalTellsThePlaceInTheFileUntilThatIsMended) {
+    const testing::TemporaryHome home;
+    const auto file = testing::put(home / "settings.json", "{\r\n  \"ä\": }");
+    Pane pane;
+    pane.code->becomes(
+        State::found, {},
+        {.refuses = true,
+         .verbObservations = Observations{{file.string(), "a value was expected (at byte 10)"}}});
+    pane.scan();
+    pane.connect("claude-code");
+    const RowStrip strip = pane.row(0).strips.at(0);
+    EXPECT_EQ(strip.tone, RowStrip::Tone::refusal);
+    EXPECT_EQ(strip.lines.at(0).place, "line 2, column 7");
+    EXPECT_EQ(strip.actions, (std::vector{RowAction::copyPath, RowAction::lookAgain}));
+    pane.act(RowAction::lookAgain);
+    EXPECT_EQ(pane.headline(), "Claude Code was not connected.");
+    testing::put(file, "{}");
+    pane.act(RowAction::lookAgain);
+    EXPECT_EQ(pane.headline(), "");
+}
+
+TEST(ConnectedAppsModel, WhatIsNotAsWeLeftItCanBeTakenOut) {
+    Pane pane;
+    pane.code->becomes(State::drifted);
+    pane.scan();
+    EXPECT_TRUE(pane.row(0).open);
+    EXPECT_EQ(pane.headline(), "Claude Code is not as Wendlow left it.");
+    pane.act(RowAction::disconnect);
+    pane.act(RowAction::connect);
+    EXPECT_EQ(std::ranges::count(pane.code->log(), "remove"), 1);
+    EXPECT_EQ(std::ranges::count(pane.code->log(), "install"), 1);
+}
+
+TEST(ConnectedAppsModel, ASlowToolHoldsBackNoOtherAndNotTheEnd) {
+    QSemaphore go;
+    const auto slow = hooked({}, [&go] { go.acquire(); });
+    const auto quick = Pane::mock("codex", "Codex");
+    auto model = std::make_unique<ConnectedAppsModel>(Connectors::List{slow, quick}, std::nullopt,
+                                                      ConnectedAppsModel::Surroundings{});
+    model->scan();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return model->apps().size() == 1; }, 5000));
+    EXPECT_FALSE(model->scanned()) << "one of them is still to be looked at";
+    quick->becomes(State::connected);
+    model->connect(u"codex"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model->apps().at(0).app.connected; }, 5000));
+    QElapsedTimer clock;
+    clock.start();
+    model.reset();
+    EXPECT_LT(clock.elapsed(), 2000);
+    EXPECT_GE(clock.elapsed(), 900) << "what it does may be a change to a file";
+    go.release(9); // it is let go with nobody there
+    QTest::qWait(20);
+}
+
+TEST(ConnectedAppsModel, RepairsAtTheStartWhatIsStaleAndNothingElse) {
+    const auto stale = std::make_shared<MockConnector>(
+        ConnectorIdentity{"cursor", "Cursor", "", ""},
+        MockConnector::Script{.observations = {{"/f", "it was written"}}, .staleOwnWiring = true});
+    const auto current = Pane::mock("codex", "Codex");
+    ConnectedAppsModel::Surroundings around;
+    around.retire = [] { return std::vector<Converge::Repair>{{"Claude Chat retirement", {}}}; };
+    ConnectedAppsModel model({stale, current}, std::nullopt, around);
+    std::mutex lock;
+    std::multiset<std::string> lines;
+    model.disconnect(u"cursor"_s); // is done before, and what it left is what is looked at
+    model.started([&](const std::string& line) {
+        const std::lock_guard guard(lock);
+        lines.insert(line);
+    });
+    ASSERT_TRUE(settled(model));
+    EXPECT_THAT(current->log(), ElementsAre());
+    auto calls = stale->log();
+    std::erase_if(calls, [](const std::string& call) { return call.ends_with("s"); });
+    EXPECT_EQ(calls.front() + ' ' + calls.back(), "remove scan") << "the row shows what changed";
+    EXPECT_EQ(std::ranges::count(calls, "install"), 1);
+    EXPECT_THAT(lines, ElementsAre("repair: /f: it was written",
+                                   "repair: Claude Chat retirement: unchanged",
+                                   "repair: Cursor: changed"));
 }
 
 TEST(ConnectedAppsModel, ASecondVerbQueuesAndTheRowStaysBusyUntilBothAreDone) {
@@ -235,12 +340,12 @@ TEST(ConnectedAppsModel, WhileAVerbRunsItsOldNoteIsGoneAndItsRowStaysAsItIs) {
         ASSERT_TRUE(settled(model));
         begun.acquire();
         EXPECT_TRUE(row().open);
-        EXPECT_EQ(row().notes.size(), 1U);
+        EXPECT_EQ(row().changes.size(), 1U);
         model.setOpen(u"cursor"_s, open);
         model.disconnect(u"cursor"_s);
         begun.acquire();
         EXPECT_TRUE(row().app.busy);
-        EXPECT_EQ(row().notes.size(), 0U) << "it told of another verb";
+        EXPECT_EQ(row().changes.size(), 0U) << "it told of another verb";
         EXPECT_EQ(row().open, open) << "it jumped";
         go.release(2);
         ASSERT_TRUE(settled(model));
@@ -323,6 +428,10 @@ TEST(ConnectedAppsModel, CopiesTheEndpointOnlyWhereThereIsOne) {
     bare->scan();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bare->scanned(); }, 5000));
     EXPECT_EQ(pane.copied.size(), 2);
+    EXPECT_EQ(pane.model->emptyAdvice(), QString()) << "nobody has looked yet";
+    pane.scan();
+    EXPECT_EQ(pane.model->emptyAdvice(), u"Install Claude Code or Codex, start it once and come "
+                                         "back: Wendlow looks again by itself."_s);
     EXPECT_TRUE(bare->apps().empty());
     EXPECT_EQ(bare->error(), u"Wendlow is not running from an installed app bundle, "
                              "so there is no binary here to point an app at."_s);

@@ -74,6 +74,12 @@ TEST(WorldMenu, SwitchesWorldsTicksTheCurrentOneAndOpensBenches) {
     for (int notification = 0; notification < 3; ++notification)
         EXPECT_EQ(shell.titlesWith(&shell.bench), u"Wendlow Edit World Window"_s);
     EXPECT_EQ(changes.count(), 1);
+    QString letters;
+    for (const QVariant& each : shell.menu.menus()) {
+        const QVariantMap titled = each.toMap();
+        letters += titled[u"title"_s].toString().at(titled[u"mnemonic"_s].toInt());
+    }
+    EXPECT_EQ(letters, u"WEoi"_s) << "each has a letter of its own";
     const auto press = [&shell](const char* line) {
         shell.menu.trigger(u"world"_s, QString::fromLatin1(line));
         return linesWith(shell.menu, "world", "checked").join(u'|');
@@ -163,7 +169,7 @@ TEST(EditActions, ActOnTheTextThatAPersonIsInAlsoWhileAMenuHasTheFocus) {
 /// The door, with what it made happen.
 struct Door {
     QStringList happened;
-    DistributedNotificationCenter center{QDBusConnection(u"none"_s)};
+    DistributedNotificationCenter center;
     FrontWindow frontWindow;
     SettingsDelegate delegate{
         center,

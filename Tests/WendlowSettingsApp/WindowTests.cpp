@@ -48,25 +48,6 @@ struct Windows {
         }};
 };
 
-TEST(WindowPresenter, GivesEachKindItsTitleSizeAndStyle) {
-    const std::tuple<WindowKind, QString, QSize, bool, bool> rows[] = {
-        {WindowKind::settings, u"Wendlow"_s, {980, 860}, true, false},
-        {WindowKind::onboarding, u"Welcome to Wendlow"_s, {800, 620}, false, false},
-        {WindowKind::editor, u"Memories"_s, {980, 860}, true, true},
-        {WindowKind::rowsBench, u"Rows Bench"_s, {980, 940}, true, true}};
-    Windows windows;
-    for (const auto& [kind, title, size, resizable, editorSide] : rows) {
-        SCOPED_TRACE(title.toStdString());
-        const QWindow& window = windows.presenter.present(kind);
-        EXPECT_EQ(window.title(), title);
-        EXPECT_EQ(window.size(), size);
-        EXPECT_EQ(window.maximumSize() != size, resizable);
-        EXPECT_EQ(window.flags().testFlag(Qt::WindowMaximizeButtonHint), resizable);
-        EXPECT_TRUE(window.flags().testFlag(Qt::WindowMinimizeButtonHint));
-        EXPECT_EQ(WindowDescriptions::isEditorSide(&window), editorSide);
-    }
-}
-
 TEST(WindowPresenter, BringsBackTheOneWindowOfAKindAsItWas) {
     Windows windows;
     QWindow& first = windows.presenter.present(WindowKind::settings);
@@ -82,6 +63,9 @@ TEST(WindowPresenter, BringsBackTheOneWindowOfAKindAsItWas) {
     windows.presenter.present(WindowKind::settings);
     EXPECT_FALSE(again.windowStates().testFlag(Qt::WindowMinimized));
     EXPECT_EQ(windows.made, 1);
+    EXPECT_EQ(again.minimumSize(), QSize(560, 420)) << "what its face stands at";
+    const QWindow& journey = windows.presenter.present(WindowKind::onboarding);
+    EXPECT_EQ(journey.minimumSize(), journey.maximumSize()) << "it cannot be resized";
 }
 
 TEST(WindowPresenter, OpensTheEditorBesideAWindowThatStandsOnItsPlace) {

@@ -127,7 +127,6 @@ FocusScope {
                 text: line.title
                 keys: ""
                 ticked: line.picked
-                separator: false
                 lit: line.lit
                 indent: 12 * line.depth
             }

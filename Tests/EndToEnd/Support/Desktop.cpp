@@ -102,6 +102,13 @@ void Desktop::click(const QPoint& point) const {
          QStringLiteral("click"), QStringLiteral("1")});
 }
 
+bool Desktop::hasWindow(const QString& title) const {
+    return !run(QStringLiteral("xdotool"),
+                {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                 QStringLiteral("--name"), QLatin1Char('^') + title + QLatin1Char('$')})
+                .isEmpty();
+}
+
 void Desktop::press(const QStringList& keys) const {
     run(QStringLiteral("xdotool"),
         QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("40")} + keys);

@@ -29,12 +29,16 @@ public:
     const TemporaryHome& home() const { return m_home; }
     const QProcessEnvironment& environment() const { return m_environment; }
     QString busAddress() const;
+    PrivateBus& bus() { return m_bus; }
     const QDBusConnection& accessibility() const { return *m_accessibility; }
 
     /// Moves the pointer there and presses its first button, as a hand would.
     void click(const QPoint& point) const;
     /// Presses keys by their X names, such as "Tab" or "ctrl+w".
     void press(const QStringList& keys) const;
+    /// Whether a window of this title is on the screen, as the window manager has it: for when
+    /// there is no bus to ask.
+    bool hasWindow(const QString& title) const;
     /// Runs a program in this desktop's environment; its standard output.
     QString run(const QString& program, const QStringList& arguments) const;
 
