@@ -20,7 +20,7 @@ apart=(unshare --net --pid --fork --kill-child --mount-proc)
 
 folder=$PWD/build/real-tools
 mkdir -p "$folder/tools"
-cp -p Tests/RealTools/package.json Tests/RealTools/package-lock.json "$folder/tools"
+cp -p Scripts/real-tools/package.json Scripts/real-tools/package-lock.json "$folder/tools"
 # Their install scripts are not run: the programs lie in the packages.
 [ "$folder/tools/node_modules/.package-lock.json" -nt "$folder/tools/package-lock.json" ] ||
     npm ci --prefix "$folder/tools" --ignore-scripts --no-audit --no-fund --loglevel=error
@@ -29,4 +29,4 @@ cmake --build --preset dev --target wendlow-connect wendlow-hook wendlow-mcp
 
 rm -rf "$folder/work"
 mkdir "$folder/work"
-exec "${apart[@]}" python3 Tests/RealTools/Run.py "$folder/tools" "$PWD/build/dev/Wendlow.app" "$folder/work" "$@"
+exec "${apart[@]}" python3 Scripts/real-tools/Run.py "$folder/tools" "$PWD/build/dev/Wendlow.app" "$folder/work" "$@"
