@@ -24,6 +24,8 @@ Item {
     readonly property Item overlay: T.Overlay.overlay
 
     function giveBack(): void {
+        if (sheet.open)
+            return;
         if (sheet.before !== null && sheet.before.visible)
             sheet.before.forceActiveFocus(Qt.PopupFocusReason);
         sheet.before = null;
@@ -58,43 +60,49 @@ Item {
             color: Theme.scrim
 
             Behavior on opacity {
+                enabled: Theme.disclosure > 0
+
                 NumberAnimation {
                     duration: Theme.disclosure
                     easing.type: Easing.OutQuad
                 }
             }
         }
-        enter: Transition {
-            NumberAnimation {
-                property: "opacity"
-                from: 0
-                to: 1
-                duration: Theme.disclosure
-                easing.type: Easing.OutQuad
-            }
-            NumberAnimation {
-                target: rise
-                property: "y"
-                from: 8
-                to: 0
-                duration: Theme.disclosure
-                easing.type: Easing.OutQuad
-            }
-        }
-        exit: Transition {
-            NumberAnimation {
-                property: "opacity"
-                to: 0
-                duration: Theme.disclosure
-                easing.type: Easing.OutQuad
-            }
-        }
-
-        contentItem: panel
+        enter: Theme.disclosure > 0 ? rising : null
+        exit: Theme.disclosure > 0 ? fading : null
+        contentItem: sheet.panel
     }
-    FocusScope {
-        id: panel
+    Transition {
+        id: rising
 
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.disclosure
+            easing.type: Easing.OutQuad
+        }
+        NumberAnimation {
+            target: rise
+            property: "y"
+            from: 8
+            to: 0
+            duration: Theme.disclosure
+            easing.type: Easing.OutQuad
+        }
+    }
+    Transition {
+        id: fading
+
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.disclosure
+            easing.type: Easing.OutQuad
+        }
+    }
+    // As a property it has no parent, and the popup takes it in.
+    readonly property Item panel: FocusScope {
         focus: true
 
         Accessible.role: Accessible.Dialog

@@ -168,9 +168,11 @@ FacePage {
         RuleComposer {
             model: page.face.composer
             onClosed: {
-                sheet.wanted = false;
-                if (!page.Window.activeFocusItem || page.Window.activeFocusItem === page.Window.contentItem)
+                const focused = page.Window.activeFocusItem;
+                if (!sheet.asked && (focused === null || focused === page.Window.contentItem))
                     list.forceActiveFocus(Qt.TabFocusReason);
+                // It may have been opened again meanwhile.
+                sheet.wanted = sheet.asked;
             }
         }
     }
