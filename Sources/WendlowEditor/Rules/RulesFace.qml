@@ -131,6 +131,8 @@ FacePage {
 
             x: page.margin
             width: page.column
+            // In the order of the screen for a screen reader too, and not in that in which rows were made.
+            z: row.index
             face: page.face
             chosen: row.ListView.isCurrentItem && list.activeFocus
             ringed: row.chosen && list.byKey
