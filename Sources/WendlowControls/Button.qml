@@ -11,6 +11,8 @@ T.Button {
     property int kind: Button.Kind.Secondary
     property bool small: false
     property bool busy: false
+    // At work as well, but it keeps the focus that it has; whoever hears of its press does nothing then.
+    property bool working: false
     property string iconName
     // What a screen reader hears besides the word, when the word alone does not say what is meant.
     property string hint
@@ -35,7 +37,7 @@ T.Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: button.text
-    Accessible.description: button.hint
+    Accessible.description: button.working ? qsTr("Working…") : button.hint
     Accessible.onPressAction: if (button.enabled)
         button.clicked()
     Keys.onReturnPressed: button.clicked()
@@ -44,7 +46,7 @@ T.Button {
     contentItem: ButtonFace {
         text: button.text
         iconName: button.iconName
-        busy: button.busy
+        busy: button.busy || button.working
         role: button.small ? Label.Role.SmallStrong : Label.Role.Strong
         ink: button.ink
     }

@@ -11,7 +11,9 @@ Item {
     required property int role
     required property color ink
 
-    implicitWidth: row.width
+    readonly property int lead: face.busy ? 22 : face.iconName.length > 0 ? 24 : 0
+
+    implicitWidth: word.implicitWidth + face.lead
     implicitHeight: row.height
 
     Row {
@@ -31,7 +33,10 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
         }
         Label {
+            id: word
+            width: Math.min(word.implicitWidth, face.width - face.lead)
             role: face.role
+            elide: Text.ElideRight
             text: face.text
             color: face.ink
             Accessible.ignored: true

@@ -18,10 +18,12 @@ T.CheckBox {
     implicitHeight: 32
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
-    checkState: row.on ? Qt.Checked : Qt.Unchecked
+    // Not `checkState`: what is set by that alone is never told to a screen reader.
+    checked: row.on
     nextCheckState: () => row.checkState
 
     Accessible.name: row.count.length > 0 ? row.text + ", " + row.count : row.text
+    Accessible.checked: row.on
     Accessible.onPressAction: row.clicked()
     Accessible.onToggleAction: row.clicked()
     Keys.onReturnPressed: row.clicked()

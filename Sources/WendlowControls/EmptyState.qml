@@ -7,6 +7,8 @@ Column {
 
     required property string text
     property string iconName
+    // What can be done next, if that is not plain.
+    property string next
     property bool busy: false
     property bool failed: false
 
@@ -29,6 +31,13 @@ Column {
         role: Label.Role.Small
         text: empty.text
         color: empty.failed ? Theme.text : Theme.textSecond
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+    }
+    Label {
+        width: empty.width
+        visible: empty.next.length > 0
+        text: empty.next
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
     }

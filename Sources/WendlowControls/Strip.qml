@@ -10,6 +10,8 @@ Rectangle {
     required property string text
     // What can be done about it, if anything: a word at the right.
     property string action
+    // It is being done.
+    property bool acting: false
     property int tone: Strip.Tone.Information
     property string sign: strip.warns ? "warn" : strip.refuses ? "refuse" : "ok"
 
@@ -53,6 +55,8 @@ Rectangle {
         kind: Button.Kind.Quiet
         small: true
         text: strip.action
-        onClicked: strip.acted()
+        working: strip.acting
+        onClicked: if (!strip.acting)
+            strip.acted()
     }
 }

@@ -20,10 +20,12 @@ T.CheckBox {
     implicitHeight: 20
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
-    checkState: toggle.on ? Qt.Checked : Qt.Unchecked
+    // Not `checkState`: what is set by that alone is never told to a screen reader.
+    checked: toggle.on
     nextCheckState: () => toggle.checkState
 
     Accessible.name: toggle.text
+    Accessible.checked: toggle.on
     // Qt 6.4 tells a screen reader nothing of what is disabled, so the words do.
     Accessible.description: toggle.enabled ? toggle.description : qsTr("Working…")
     Accessible.onPressAction: if (toggle.enabled)

@@ -39,6 +39,7 @@ FocusScope {
         anchors.topMargin: Theme.menuBarHeight
         focus: true
     }
+    Announcer {}
     MenuBar {
         id: bar
         width: parent.width

@@ -57,6 +57,7 @@ EditorSnapshots::EditorSnapshots(QQuickItem& content, EditorHost& host, EditorWo
 
 void EditorSnapshots::take() {
     const EditorWorld before = m_worlds.world();
+    m_host.setPosing(true);
     takeDaemon(World::silent, std::make_shared<SilentGateway>());
     takeDaemon(World::warming, std::make_shared<WarmingGateway>());
     takeDaemon(World::refusing, std::make_shared<UnimplementedGateway>());
@@ -66,15 +67,19 @@ void EditorSnapshots::take() {
     takeScopes();
     takeFaces(root(), World::full);
     takeSearch();
+    m_host.setPosing(false);
+    save("made-up");
     m_worlds.switchWorld(before);
 }
 
 void EditorSnapshots::takeAtWidth(const QString& suffix) {
     const EditorWorld before = m_worlds.world();
+    m_host.setPosing(true);
     m_suffix = suffix;
     m_worlds.switchWorld(EditorWorld::powerUser);
     takeFaces(root(), World::full);
     takeSearch();
+    m_host.setPosing(false);
     m_worlds.switchWorld(before);
     m_suffix.clear();
 }
@@ -132,6 +137,7 @@ void EditorSnapshots::takeDaemon(World world, std::shared_ptr<Gateway> gateway) 
     auto& worlds = m_daemons.emplace_back(std::make_unique<EditorWorlds>(
         std::make_shared<InProcessClient>(std::move(gateway)), EditorWorld::realData));
     auto& host = m_hosts.emplace_back(std::make_unique<EditorHost>(*worlds));
+    host->setPosing(true);
     m_content.setProperty("host", QVariant::fromValue(host.get()));
     takeFaces(*host->root(), world);
     m_content.setProperty("host", QVariant::fromValue(&m_host));

@@ -28,6 +28,11 @@ EditorHost& WindowModels::editor() {
     return *m_editor;
 }
 
+void WindowModels::daemonCame() {
+    if (m_worlds)
+        m_worlds->daemonCame();
+}
+
 SettingsRoot& WindowModels::settings() {
     if (!m_settings) {
         m_settings =

@@ -20,6 +20,9 @@ public:
     EditorHost& editor();
     SettingsRoot& settings();
 
+    /// There is a daemon again: what could not be read without it is read now.
+    void daemonCame();
+
     /// None that has been made waits for something that a picture is to show.
     bool settled() const;
 

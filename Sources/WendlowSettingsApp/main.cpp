@@ -1,5 +1,6 @@
 #include "Appearance.h"
 #include "FirstFrame.h"
+#include "GatewayPresence.h"
 #include "SettingsApplication.h"
 #include "SetupLog.h"
 #include "Snapshots.h"
@@ -76,6 +77,9 @@ int main(int argc, char** argv) {
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
          .client = std::make_shared<XPCClient>()});
+    const GatewayPresence gateway(QDBusConnection::sessionBus());
+    QObject::connect(&gateway, &GatewayPresence::came, &application,
+                     [&application] { application.models().daemonCame(); });
     application.show(options->pane, WindowDoor::Front::leave);
     if (options->firstFrame) {
         const WindowKind kind = WindowDescriptions::kindOf(options->pane);

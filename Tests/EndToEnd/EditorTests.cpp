@@ -1,7 +1,8 @@
-#include "Support/Desktop.h"
+#include "Support/KeyWalk.h"
 #include "Support/RunningGateway.h"
 
 #include <QJsonArray>
+#include <QThread>
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -148,12 +149,14 @@ TEST_F(Editor, CountsWhatTheGatewayHolds) {
         for (QString path = row["path"_L1].toString(); path.size() > 1;
              path.truncate(path.lastIndexOf(u'/')))
             scopes.insert(path);
+    const auto mods =
+        gateway.ask(R"({"read":{"_0":{"modBoard":{}}}})")["_0"_L1]["mods"_L1].toArray().size();
     ASSERT_GT(types.size(), 3);
     EXPECT_TRUE(shows(u"page tab"_s, {u"Memories, %1"_s.arg(memories), types[0], types[1], types[2],
                                       u"%1 more"_s.arg(types.size() - 3),
                                       u"Meetings, %1"_s.arg((u'\n' + meetings).count("\n- "_L1)),
                                       u"Moments, %1"_s.arg(moments), u"Rules, %1"_s.arg(rules),
-                                      u"Mods"_s, u"Scopes, %1"_s.arg(scopes.size())}))
+                                      u"Mods, %1"_s.arg(mods), u"Scopes, %1"_s.arg(scopes.size())}))
         << names(u"page tab"_s).join(u'|').toStdString();
     EXPECT_EQ(names(u"page tab"_s).size(), 10) << "none is scrolled away";
     EXPECT_TRUE(shows(u"list item"_s, types));
@@ -208,6 +211,11 @@ TEST_F(Editor, FindsAndOpensAMemoryByKeyAlone) {
     EXPECT_TRUE(row->description().contains(why) || says(u"Why: "_s + why));
     EXPECT_THAT(nameless(), ::testing::IsEmpty());
     desktop.press({u"Escape"_s});
+    EXPECT_TRUE(application->find(u"heading"_s, u"Results for “backup”"_s));
+    const KeyWalk walk(desktop, *application, u"Memories"_s);
+    EXPECT_TRUE(eventually([&] { return walk.focused() == QStringList(u"list item "_s + title); }))
+        << walk.focused().join(u", "_s).toStdString();
+    desktop.press({u"Escape"_s, u"Escape"_s});
     EXPECT_TRUE(eventually([&] { return !opened(); }));
     desktop.press({u"Escape"_s});
     EXPECT_TRUE(application->find(u"heading"_s, u"Memories"_s));
@@ -237,6 +245,20 @@ TEST_F(Editor, NarrowsATypeByAFilterAndAScope) {
     for (const auto& row : narrowed["rows"_L1].toArray())
         titles.append(row["title"_L1].toString());
     EXPECT_TRUE(shows(u"list item"_s, titles));
+    // A box that was ticked when it was made is told as it is turned.
+    press(key);
+    press(key);
+    const QString box =
+        u"%1, %2"_s.arg(value["value"_L1].toString()).arg(value["count"_L1].toInteger());
+    const auto isTicked = [&] {
+        const auto found = application->find(u"check box"_s, box);
+        return found && found->isChecked();
+    };
+    EXPECT_TRUE(isTicked());
+    press(box);
+    EXPECT_TRUE(eventually([&] { return !isTicked(); }));
+    press(box);
+    EXPECT_TRUE(eventually(isTicked));
     press(u"clear"_s);
     EXPECT_TRUE(says(u"%1 memories"_s.arg(whole["total"_L1].toInteger())));
     press(u"scope: /"_s);
@@ -269,6 +291,7 @@ TEST_F(Editor, OutlivesTheGatewayInMidSearch) {
     gateway.kill();
     EXPECT_TRUE(says(u"Wendlow isn't running — start it to access your memory."_s));
     gateway.start();
+    EXPECT_TRUE(showsHits("zeppelins north")) << "it is searched again by itself";
     write(u" mast"_s);
     EXPECT_TRUE(showsHits("zeppelins north mast"));
     EXPECT_FALSE(
@@ -283,6 +306,10 @@ TEST_F(Editor, SaysHowTheGatewayFailsAndReadsAgainWhenTold) {
     };
     EXPECT_TRUE(says(u"Wendlow isn't running — start it to access your memory."_s));
     EXPECT_THAT(nameless(), ::testing::IsEmpty());
+    // It is read again by itself as soon as there is somebody to ask.
+    gateway.start();
+    EXPECT_TRUE(eventually([&] { return names(u"list item"_s).size() > 3; }));
+    EXPECT_TRUE(eventually([&] { return names(u"alert"_s).isEmpty(); }));
     for (const auto& [replies, words] :
          {std::pair("refuse", "Wendlow is running but refused this connection — this binary isn't "
                               "signed with the daemon's expected identity (sign it: "
@@ -309,6 +336,97 @@ TEST_F(Editor, SaysHowTheGatewayFailsAndReadsAgainWhenTold) {
     gateway.start();
     desktop.press({u"ctrl+4"_s});
     EXPECT_TRUE(eventually([&] { return names(u"list item"_s).size() > 3; }));
+}
+
+TEST_F(Editor, IsReadInTheOrderInWhichItIsSeen) {
+    gateway.start();
+    open();
+    const auto inOrder = [&](const QString& role) {
+        const auto window = application->window(u"Memories"_s);
+        std::vector<int> tops;
+        for (const Accessible& thing : window->all(
+                 [&](const Accessible& each) { return each.isShowing() && each.role() == role; }))
+            tops.push_back(thing.extents().y());
+        return tops.size() > 3 && std::ranges::is_sorted(tops);
+    };
+    const auto door = application->findNamed(u"%1 more"_s.arg(names(u"list item"_s).size() - 3));
+    ASSERT_TRUE(door && door->act(u"Press"_s));
+    EXPECT_TRUE(eventually([&] { return inOrder(u"page tab"_s); })) << "the types behind the door";
+    press(names(u"list item"_s)[0]);
+    for (const char* const key : {"End", "Prior", "Home", "Next", "Next", "Prior", "Prior"}) {
+        desktop.press({QLatin1String(key)});
+        EXPECT_TRUE(eventually([&] { return inOrder(u"list item"_s); })) << key;
+    }
+}
+
+TEST_F(Editor, EveryKeyLeavesTheFocusAtOneThingInSight) {
+    gateway.start();
+    open();
+    const KeyWalk walk(desktop, *application, u"Memories"_s);
+    const auto times = [](int count, const char* key) {
+        return QStringList(count, QLatin1String(key));
+    };
+    const auto keys = [](const char* line) {
+        return QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts);
+    };
+    const std::pair<const char*, QStringList> walks[] = {
+        {"the rail and its door", keys("Tab Tab Return Down Down Up Right Left shift+Tab Tab")},
+        {"the cards", keys("ctrl+1 ctrl+4 Right Right Down End Home Return")},
+        {"the rows", keys("Down End Home Next Prior Return Menu Down Escape shift+F10 Escape "
+                          "ctrl+c Down Up Escape")},
+        {"all of a list", times(14, "Tab") + times(14, "shift+Tab")},
+        {"the filters", keys("Right Down Right space Down Escape Left Escape")},
+        {"back to the cards", keys("Right Escape Escape Right Return Escape")},
+        {"a search", keys("b a c k u p Down Down Up Next Prior Tab Tab Return Escape Down Return "
+                          "alt+Left Home End Return Escape Escape Escape")},
+        {"the faces to come", keys("ctrl+f Tab") + times(9, "Down") + keys("Right Left Up Right")},
+        {"the scopes", keys("ctrl+f Tab Right shift+Tab space Down End Home Escape space Return")},
+        {"made-up worlds", keys("ctrl+3 Right Return Down shift+Tab ctrl+1 Tab Right Tab Tab "
+                                "ctrl+2 shift+Tab Return")},
+        {"the menu", keys("F10 Right Escape")}};
+    for (const auto& [where, path] : walks)
+        EXPECT_EQ(walk.press(path).join(u'\n').toStdString(), "") << where;
+    gateway.kill();
+    desktop.press({u"ctrl+1"_s, u"ctrl+4"_s});
+    EXPECT_TRUE(says(u"Wendlow isn't running — start it to access your memory."_s));
+    EXPECT_EQ(walk.press(keys("Right Tab Tab Return Tab shift+Tab Return space"))
+                  .join(u'\n')
+                  .toStdString(),
+              "");
+    gateway.start();
+    EXPECT_TRUE(eventually([&] { return names(u"list item"_s).size() > 3; }));
+    EXPECT_EQ(walk.press(keys("Down Tab")).join(u'\n').toStdString(), "");
+}
+
+TEST_F(Editor, SaysAloudWhatTheFocusDoesNotShow) {
+    gateway.start();
+    open();
+    const auto isSaid = [&](const QString& words) {
+        return eventually([&] {
+            return std::ranges::any_of(names(u"notification"_s),
+                                       [&](const QString& name) { return name.endsWith(words); });
+        });
+    };
+    write(u"backup"_s);
+    ASSERT_TRUE(showsHits("backup"));
+    EXPECT_TRUE(isSaid(u" results for “backup”"_s));
+    desktop.press({u"Down"_s});
+    const auto hit = application->find(u"list item"_s, hits("backup")[1].title);
+    ASSERT_TRUE(hit);
+    EXPECT_TRUE(isSaid(hit->name() + u", "_s + hit->description()));
+    desktop.press({u"Return"_s});
+    EXPECT_TRUE(eventually([&] {
+        desktop.press({u"ctrl+c"_s});
+        QThread::msleep(400); // what is said again and again is said once it rests
+        return names(u"notification"_s).contains(u"Copied"_s);
+    }));
+    gateway.wedge();
+    desktop.press({u"alt+Left"_s});
+    EXPECT_TRUE(application->find(u"heading"_s, u"Results for “backup”"_s));
+    desktop.press({u"ctrl+f"_s, u"BackSpace"_s});
+    write(u"harbour"_s);
+    EXPECT_TRUE(isSaid(u"Still waiting for Wendlow…"_s)) << "of a gateway that says nothing";
+    EXPECT_TRUE(says(u"Searching memories…"_s) && says(u"Try again"_s));
 }
 
 } // namespace

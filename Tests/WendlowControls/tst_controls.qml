@@ -19,6 +19,7 @@ TestCase {
 
     Component { id: switches; Switch { property int asked: 0; on: false; text: "Recording"; onClicked: asked += 1 } }
     Component { id: buttons; Button { property int asked: 0; text: "Save"; onClicked: asked += 1 } }
+    Component { id: checkRows; CheckRow { width: 200; on: false; text: "Ines"; count: "3" } }
     Component { id: chips; Chip { text: "owner" } }
     Component { id: disclosures; Disclosure { text: "Claude Code" } }
     Component { id: fills; HoverFill { lit: false; shade: "#ff0000" } }
@@ -83,6 +84,28 @@ TestCase {
             mouseClick(opener);
             opener.open = atFirst;
             compare(bench.spoken(opener).checked, atFirst, "closed by something else");
+        }
+    }
+
+    // What a person turns is told as turned, also where it was on when it was made.
+    function test_aScreenReaderHearsWhatIsOn_data(): var {
+        const all = [];
+        for (const [kind, component] of [["switch", switches], ["row", checkRows]])
+            for (const atFirst of [true, false])
+                for (const late of [true, false])
+                    all.push({ tag: kind + (atFirst ? ", on" : ", off") + (late ? ", read later" : ""), component, atFirst, late });
+        return all;
+    }
+    function test_aScreenReaderHearsWhatIsOn(data: var): void {
+        bench.read(!data.late);
+        const box = createTemporaryObject(data.component, scene, { on: data.atFirst });
+        bench.read(true);
+        compare(bench.spoken(box).checked, data.atFirst);
+        box.clicked.connect(() => box.on = !box.on);
+        for (const on of [!data.atFirst, data.atFirst, !data.atFirst]) {
+            mouseClick(box);
+            compare(box.on, on);
+            compare(bench.spoken(box).checked, on);
         }
     }
 

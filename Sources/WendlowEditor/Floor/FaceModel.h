@@ -61,6 +61,10 @@ public:
     virtual bool sharesScopes() const { return false; }
     virtual bool showsScopeChip() const { return true; }
     virtual bool isModal() const { return false; }
+    /// Whether what a search finds of it is shown on it.
+    virtual bool opensHits() const { return true; }
+    /// It stands as the hit that led here has left it: a step back is one to the results.
+    virtual bool isAsRevealed() const { return true; }
 
     /// Something that it shows may read differently now. Also told while another face is open, for
     /// what the rail shows.

@@ -6,9 +6,15 @@ FocusScope {
     property int margin: 0
     property int column: 0
     property bool trying: false
-    // Where the focus goes when the stage is entered by key; none: to the bar above.
+    // Said where the daemon has been silent for long; else empty.
+    property string waitingWords
+    // Where the focus goes when the stage is entered; none: there is nothing yet.
     property Item first: null
+    // Where it is until there is; none: at the bar above.
+    property Item meanwhile: null
 
     // What failed, or was not ready, is to be tried once more.
     signal triedAgain
+    // What was open has been closed, with what was pressed for it: the focus is to go to what is there now.
+    signal steppedBack
 }

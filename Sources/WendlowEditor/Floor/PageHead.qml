@@ -10,12 +10,14 @@ Item {
     property string backTo
 
     property alias trailing: slot.data
+    readonly property Item chevron: back
 
     signal back
 
     implicitHeight: 28
 
     IconButton {
+        id: back
         x: -26
         y: 2
         size: 24

@@ -14,7 +14,25 @@ GatewayResponse closed() {
     return AnswerCase::Failure{"The window was closed before this was sent."};
 }
 
+bool changesNothing(const GatewayRequest& request) {
+    return std::holds_alternative<GatewayCase::Read>(request) ||
+           request.verb() == NotesCase::ScopeBoard::verb;
+}
+
 } // namespace
+
+/// A request that has been sent: answered, or given up, whichever is first.
+struct EditorLink::Call {
+    std::optional<WendlowClient::Timed> answer;
+    Waiting<bool> ended;
+
+    void end(WendlowClient::Timed with) {
+        if (answer)
+            return;
+        answer = std::move(with);
+        ended.resumeAll(true);
+    }
+};
 
 EditorLink::EditorLink(std::shared_ptr<WendlowClient> client, Note note, Clock clock)
     : m_client(std::move(client)), m_note(std::move(note)), m_clock(std::move(clock)) {}
@@ -46,15 +64,32 @@ QCoro::Task<EditorLink::Reply> EditorLink::serializedLeg(GatewayRequest request,
     }
     m_busy = true;
     leg.sent = m_clock();
-    // Both are held here: the link may go while its client still waits for the daemon.
-    const std::shared_ptr<WendlowClient> client = m_client;
+    const auto call = std::make_shared<Call>();
+    m_call = changesNothing(request) ? call : nullptr;
+    // Held here: the link may go while its client still waits for the daemon.
     const Clock clock = m_clock;
-    WendlowClient::Timed answer = co_await client->sendTimed(std::move(request));
+    // Runs on by itself, and ends with the daemon's answer, whether or not anybody still waits.
+    [[maybe_unused]] const auto task = exchange(m_client, std::move(request), call);
+    if (!call->answer)
+        co_await call->ended;
+    WendlowClient::Timed answer = *std::move(call->answer);
     leg.replied = clock();
     leg.daemon = answer.daemon;
-    if (!life.expired())
+    if (!life.expired()) {
+        m_call.reset();
         passOn();
+    }
     co_return Reply{std::move(answer.response), leg};
+}
+
+QCoro::Task<> EditorLink::exchange(std::shared_ptr<WendlowClient> client, GatewayRequest request,
+                                   std::shared_ptr<Call> call) {
+    call->end(co_await client->sendTimed(std::move(request)));
+}
+
+void EditorLink::abandon() {
+    if (const auto call = std::exchange(m_call, nullptr))
+        call->end({.response = AnswerCase::Failure{"Wendlow has not answered."}, .daemon = {}});
 }
 
 void EditorLink::report(const LinkLeg& leg, const std::string& verb,

@@ -56,9 +56,16 @@ public:
     void report(const LinkLeg& leg, const std::string& verb,
                 std::optional<LinkLeg::Instant> rendered = std::nullopt) const;
     LinkLeg::Instant now() const { return m_clock(); }
+    /// What was asked and is not answered yet comes to nothing: who asked gets a failure, and the
+    /// next one's turn comes. What changes something is waited for, for it may have done so.
+    void abandon();
 
 private:
     enum class Turn { begins, neverComes };
+    struct Call;
+
+    static QCoro::Task<> exchange(std::shared_ptr<WendlowClient> client, GatewayRequest request,
+                                  std::shared_ptr<Call> call);
 
     void passOn();
 
@@ -66,6 +73,7 @@ private:
     Note m_note;
     Clock m_clock;
     bool m_busy = false;
+    std::shared_ptr<Call> m_call; ///< under way, if it may be abandoned
     Waiting<Turn> m_now;
     Waiting<Turn> m_later;
     Lifetime m_life;

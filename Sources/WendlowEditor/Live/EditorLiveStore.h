@@ -45,6 +45,7 @@ public:
     LiveTiles& tiles() override { return m_tiles; }
     void switchWorld(EditorWorld /*world*/) override {}
     void resetWorld() override;
+    void stopWaiting() override { m_link.abandon(); }
 
 private:
     class OpenSteps;

@@ -24,6 +24,11 @@ Column {
         return next !== null;
     }
 
+    // What was pressed goes from sight.
+    function goTo(index: int): void {
+        keys.itemAt(Math.min(index, keys.count - 1))?.forceActiveFocus(LastInput.reason);
+    }
+
     // Out of the panel, to the chip that it belongs to.
     function leavePanel(): void {
         for (let at = 0; at < keys.count; ++at)
@@ -95,7 +100,11 @@ Column {
                     small: true
                     text: qsTr("%1 more").arg(bar.model.moreChips)
                     hint: qsTr("Shows all filters")
-                    onClicked: bar.model.showAllChips()
+                    onClicked: {
+                        const before = keys.count;
+                        bar.model.showAllChips();
+                        bar.goTo(before);
+                    }
                 }
             }
         }
@@ -107,7 +116,10 @@ Column {
             small: true
             text: qsTr("clear")
             hint: qsTr("Clears all filters")
-            onClicked: bar.model.clearAll()
+            onClicked: {
+                bar.model.clearAll();
+                bar.goTo(0);
+            }
         }
     }
     Only {

@@ -13,13 +13,29 @@ bool has(const std::vector<EditorCount>& census, const std::string& name) {
     return std::ranges::find(census, name, &EditorCount::name) != census.end();
 }
 
+/// What was there stays in its order, what is new comes behind.
+std::vector<EditorCount> keepOrder(const std::vector<EditorCount>& before,
+                                   std::vector<EditorCount> now) {
+    const auto placeOf = [&before](const EditorCount& each) {
+        return std::ranges::find(before, each.name, &EditorCount::name) - before.begin();
+    };
+    std::ranges::stable_sort(now, {}, placeOf);
+    return now;
+}
+
 } // namespace
 
 void FilterBarModel::show(const EditorAsk& ask, const EditorAnswer& answer) {
     m_ask = ask;
-    m_scopes = answer.scopeCounts;
-    m_keys = answer.filterKeyCounts;
-    m_counts = answer.filterValueCounts;
+    // Counted anew with each pick, they would go from under the pointer.
+    const bool isPicking = m_ask.hasChips();
+    m_scopes = isPicking ? keepOrder(m_scopes, answer.scopeCounts) : answer.scopeCounts;
+    m_keys = isPicking ? keepOrder(m_keys, answer.filterKeyCounts) : answer.filterKeyCounts;
+    auto counts = answer.filterValueCounts;
+    for (auto& [key, values] : counts)
+        if (isPicking)
+            values = keepOrder(m_counts[key], std::move(values));
+    m_counts = std::move(counts);
     // What is picked can be unpicked, whether or not the answer still counts it.
     for (const auto& [key, picks] : m_ask.filters) {
         if (!has(m_keys, key))
@@ -37,6 +53,9 @@ void FilterBarModel::show(const EditorAsk& ask, const EditorAnswer& answer) {
 void FilterBarModel::startAfresh() {
     m_openPanel.reset();
     m_showAll = false;
+    m_keys.clear();
+    m_scopes.clear();
+    m_counts.clear();
 }
 
 std::size_t FilterBarModel::picksOf(const std::string& key) const {

@@ -14,6 +14,9 @@ Rectangle {
     required property int tallest
 
     readonly property int columns: panel.width >= 560 ? 3 : panel.width >= 340 ? 2 : 1
+    // Where the rows scroll, "clear" has a line of its own below them.
+    readonly property bool scrolls: panel.lines * 32 + 18 > panel.tallest
+    readonly property int foot: panel.scrolls && panel.model.panelPicked ? 34 : 0
     readonly property int lines: Math.ceil((values.count + (panel.model.panelPicked ? 1 : 0)) / panel.columns)
 
     // The focus is to go back to the chip.
@@ -26,10 +29,10 @@ Rectangle {
 
     function go(index: int): void {
         values.positionViewAtIndex(index, GridView.Contain);
-        values.itemAtIndex(index)?.forceActiveFocus(Qt.TabFocusReason);
+        values.itemAtIndex(index)?.forceActiveFocus(LastInput.reason);
     }
 
-    implicitHeight: Math.max(48, Math.min(panel.lines * 32 + 18, panel.tallest))
+    implicitHeight: Math.max(50 + panel.foot, Math.min(panel.lines * 32 + 18, panel.tallest))
     radius: Theme.radiusCard
     color: Theme.surface
     border.width: Theme.strokeHairline
@@ -63,17 +66,19 @@ Rectangle {
         x: 9
         y: 9
         width: parent.width - 18
-        height: parent.height - 18
+        height: parent.height - 18 - panel.foot
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: Math.floor(values.width / panel.columns)
         cellHeight: 32
         keyNavigationEnabled: false
         // "clear" takes the last cell.
-        bottomMargin: panel.model.panelPicked && values.count % panel.columns === 0 ? 32 : 0
+        bottomMargin: panel.foot === 0 && panel.model.panelPicked && values.count % panel.columns === 0 ? 32 : 0
         model: panel.model.values
 
         T.ScrollBar.vertical: ScrollBar {}
+
+        ReadingOrder { rows: values.contentItem }
 
         delegate: CheckRow {
             id: value
@@ -109,6 +114,9 @@ Rectangle {
         small: true
         text: qsTr("clear")
         hint: qsTr("Clears %1").arg(panel.model.panelLabel)
-        onClicked: panel.model.clearPanel()
+        onClicked: {
+            panel.model.clearPanel();
+            panel.go(0);
+        }
     }
 }

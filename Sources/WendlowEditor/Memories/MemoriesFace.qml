@@ -74,9 +74,10 @@ FocusScope {
         column: face.column
         focus: true
         rowHeight: 56
-        model: face.model.lines
+        lines: face.model.lines
         Accessible.name: face.model.countLine
         onToggled: index => face.model.toggle(index)
         onAppeared: index => face.model.rowAppeared(index)
+        onEndAsked: face.model.goToEnd()
     }
 }

@@ -37,6 +37,7 @@ void MemoriesModel::show(const EditorAsk& ask, const SharedAnswer& answer,
     if (other) {
         m_visibleCount = pageStep;
         m_waitsForMore = false;
+        m_goesToEnd = false;
     }
     if (std::exchange(m_term, term) != term)
         m_built = {};
@@ -47,6 +48,8 @@ void MemoriesModel::show(const EditorAsk& ask, const SharedAnswer& answer,
         m_requestDetails({m_openID});
     if (other)
         Q_EMIT turned();
+    if (m_goesToEnd && m_answer->ready() && m_answer->ask->limit > m_answer->total)
+        showEnd();
     // Whoever scrolls faster than the store answers has the last row in sight by now, and it does
     // not appear a second time.
     if (m_waitsForMore && std::ssize(m_answer->rows) > m_visibleCount)
@@ -58,6 +61,7 @@ void MemoriesModel::startAfresh() {
     m_openID.clear();
     m_appeared.clear();
     m_waitsForMore = false;
+    m_goesToEnd = false;
     m_built = {};
     m_filters.startAfresh();
 }
@@ -144,6 +148,24 @@ void MemoriesModel::serveAppeared() {
     m_waitsForMore = last && !more;
     if (last && more)
         setVisibleCount(m_visibleCount + pageStep);
+}
+
+void MemoriesModel::goToEnd() {
+    if (!m_answer->ask || !m_answer->ask->sameQuery(m_ask))
+        return;
+    const auto held = std::ssize(m_answer->rows);
+    m_goesToEnd = held < m_answer->total;
+    if (m_goesToEnd)
+        setVisibleCount(m_answer->total);
+    else
+        showEnd();
+}
+
+void MemoriesModel::showEnd() {
+    m_goesToEnd = false;
+    if (std::ssize(m_answer->rows) > m_visibleCount)
+        setVisibleCount(std::ssize(m_answer->rows));
+    Q_EMIT revealed(m_lines.rowCount() - 1);
 }
 
 void MemoriesModel::sortBy(const QString& word) {

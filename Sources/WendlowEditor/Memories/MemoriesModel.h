@@ -53,9 +53,14 @@ public:
     Q_INVOKABLE void toggle(int index);
     /// Gives whether a memory was open.
     bool closeOpen();
+    /// Of the memory that is open; empty for none.
+    const std::string& openID() const { return m_openID; }
+    /// Reads on as far as there is to read, and brings the last memory into sight.
+    Q_INVOKABLE void goToEnd();
 
     MemoryLines* lines() { return &m_lines; }
     FilterBarModel* filters() { return &m_filters; }
+    const FilterBarModel& filters() const { return m_filters; }
     QString countLine() const;
     QVariantList sorts() const;
     QString emptyWords() const;
@@ -75,6 +80,7 @@ private:
     void refold(const std::string& memoryID);
     void serveAppeared();
     void setVisibleCount(std::int64_t count);
+    void showEnd();
 
     const ChangeAsk m_changeAsk;
     const RequestDetails m_requestDetails;
@@ -90,6 +96,7 @@ private:
     std::string m_unfoldedID; ///< of the memory whose line is open; empty for none
     EditorRows m_built;       ///< what the lines show; none where they are to be made anew
     std::set<int> m_appeared;
+    bool m_goesToEnd = false;    ///< the last memory is to come into sight when it has been read
     bool m_waitsForMore = false; ///< the last row is in sight, and no more are held
 };
 

@@ -14,8 +14,8 @@ FacePage {
     readonly property bool grid: memory.face.shape === MemoryFaceModel.Grid
     readonly property ListView list: lists.count > 0 ? (lists.itemAt(0) as MemoriesFace)?.list ?? null : groups.count > 0 ? (groups.itemAt(0) as StatusGroupedList)?.list ?? null : null
 
-    // To the rows, if there are some or some to come.
-    first: !memory.face.reading && (memory.grid ? cards.count : memory.list?.count ?? 0) === 0 ? null : memory.grid ? cards : memory.list
+    first: memory.grid ? (cards.count > 0 ? cards : null) : (memory.list?.count ?? 0) > 0 ? memory.list : null
+    meanwhile: memory.grid ? null : head.chevron
 
     PageHead {
         id: head
@@ -25,26 +25,27 @@ FacePage {
         title: memory.face.heading
         hasBack: !memory.grid
         backTo: qsTr("Memories")
-        onBack: memory.face.close()
+        onBack: {
+            memory.face.close();
+            memory.steppedBack();
+        }
         trailing: QuietProgress { running: memory.face.refreshing || memory.trying }
     }
-    Strip {
+    StateStrip {
         id: strip
         x: memory.margin
         anchors.top: head.bottom
-        anchors.topMargin: Theme.space16
+        anchors.topMargin: strip.visible ? Theme.space16 : 0
         width: memory.column
-        visible: memory.face.strip.length > 0
-        height: visible ? implicitHeight : 0
-        tone: memory.face.stripWarns ? Strip.Tone.Warning : Strip.Tone.Information
-        sign: memory.face.stripWarns ? "warn" : "clock"
-        text: memory.face.strip
-        action: qsTr("Try again")
+        words: memory.face.strip
+        warns: memory.face.stripWarns
+        waitingWords: memory.face.reading ? memory.waitingWords : ""
+        trying: memory.trying
         onActed: memory.triedAgain()
     }
     Item {
         id: below
-        anchors.top: strip.visible ? strip.bottom : head.bottom
+        anchors.top: strip.bottom
         anchors.bottom: parent.bottom
         width: parent.width
 

@@ -62,6 +62,7 @@ void MemoryFaceModel::startAfresh() {
     m_groups.startAfresh();
     m_wanted.reset();
     m_found.reset();
+    m_revealedID.clear();
     m_markedTerm.clear();
 }
 
@@ -99,6 +100,7 @@ void MemoryFaceModel::reveal(const FoundHit& found, EditorAsk& ask) {
     if (!found.memory)
         return;
     m_wanted = found.memory;
+    m_revealedID = found.memory->memory.id;
     m_markedTerm = found.term;
 }
 
@@ -177,6 +179,13 @@ void MemoryFaceModel::openCard(int index) {
         open(m_cards.row(index).id);
 }
 
+bool MemoryFaceModel::isAsRevealed() const {
+    if (!m_openType)
+        return true;
+    const std::string& open = isWorkItem(*m_openType) ? m_groups.openID() : m_list.openID();
+    return (open.empty() || open == m_revealedID) && !m_list.filters().panelOpen();
+}
+
 bool MemoryFaceModel::back() {
     if (!m_openType)
         return false;
@@ -200,6 +209,12 @@ QString MemoryFaceModel::heading() const {
 
 QString MemoryFaceModel::emptyWords() const {
     return EditorWords::empty(*m_answer, !m_cards.rows().empty());
+}
+
+QString MemoryFaceModel::nextStep() const {
+    if (!m_answer->ready() || !m_source.memoryTypeCounts().empty() || m_answer->total > 0)
+        return {};
+    return QStringLiteral("Connect an AI tool in Settings. What it remembers will be here.");
 }
 
 bool MemoryFaceModel::reading() const {

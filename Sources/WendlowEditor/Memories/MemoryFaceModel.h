@@ -24,6 +24,8 @@ class MemoryFaceModel final : public FaceModel {
     Q_PROPERTY(wendlow::StatusGroupedModel* groups READ groups CONSTANT)
     /// In place of cards; empty where there are some.
     Q_PROPERTY(QString emptyWords READ emptyWords NOTIFY changed)
+    /// What a person may do where nothing is remembered yet; else empty.
+    Q_PROPERTY(QString nextStep READ nextStep NOTIFY changed)
     Q_PROPERTY(bool reading READ reading NOTIFY changed)
     /// What is on screen is being asked for again.
     Q_PROPERTY(bool refreshing READ refreshing NOTIFY changed)
@@ -57,6 +59,7 @@ public:
     std::optional<std::int64_t> railCount() const override;
     /// A type; none: all of them.
     void openPlace(const std::string& place, EditorAsk& ask) override;
+    bool isAsRevealed() const override;
     bool isFilled() const override { return !m_cards.rows().empty(); }
     FacePictures pictures() override;
 
@@ -71,6 +74,7 @@ public:
     MemoriesModel* list() { return &m_list; }
     StatusGroupedModel* groups() { return &m_groups; }
     QString emptyWords() const;
+    QString nextStep() const;
     bool reading() const;
     bool refreshing() const { return reading() && m_answer->ask.has_value(); }
     QString strip() const;
@@ -107,6 +111,7 @@ private:
     std::int64_t m_generation = 0;
     std::optional<std::string> m_openType;
     std::optional<EditorMemoryHit> m_wanted; ///< still to be opened
+    std::string m_revealedID;                ///< of the memory that a search led to; empty for none
     std::optional<Found> m_found;
     std::string m_markedTerm; ///< of the search that led here; empty for none
 };

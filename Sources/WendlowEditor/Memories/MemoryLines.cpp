@@ -17,6 +17,14 @@ namespace {
 constexpr std::string_view memoryPrefix = "m:";
 constexpr int passageRadius = 44;
 
+/// The whole memory. Where nobody has given it a title, its first line is that, and stands once.
+std::string wordsOf(const MemoryLine& line) {
+    const std::string& body = line.detail->body;
+    if (body.empty() || body.starts_with(line.title))
+        return body.empty() ? line.title : body;
+    return line.title + "\n\n" + body;
+}
+
 } // namespace
 
 MemoryLine MemoryLine::of(const EditorMemoryHit& hit) {
@@ -109,6 +117,26 @@ void MemoryLines::append(std::vector<MemoryLine> lines, const MemoryDetails& det
 void MemoryLines::change(int index, MemoryLine line, const MemoryDetails& details) {
     fill(line, &row(index), details);
     KeyedListModel::change(index, std::move(line));
+}
+
+const MemoryLine* MemoryLines::known(int index) const {
+    return holds(index) && row(index).detail ? &row(index) : nullptr;
+}
+
+QString MemoryLines::textOf(int index) const {
+    const MemoryLine* const line = known(index);
+    return line != nullptr ? RowText::plain(wordsOf(*line)) : QString();
+}
+
+QString MemoryLines::textWithWhy(int index) const {
+    const MemoryLine* const line = known(index);
+    if (line == nullptr || line->detail->why.empty())
+        return textOf(index);
+    return RowText::plain(wordsOf(*line) + "\n\nWhy: " + line->detail->why);
+}
+
+QString MemoryLines::idOf(int index) const {
+    return holds(index) && !row(index).head ? RowText::plain(row(index).memoryID()) : QString();
 }
 
 /// Nothing is to be said of it that it does not show.

@@ -44,7 +44,8 @@ struct MemoryLine {
 /// newer words are known, so that a refresh does not empty it. UI thread.
 class MemoryLines final : public KeyedListModel<MemoryLine> {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("The lists make their lines.")
 
 public:
     enum Role {
@@ -78,6 +79,11 @@ public:
     void append(std::vector<MemoryLine> lines, const MemoryDetails& details);
     /// Shows this in place of the line of this index, of the same memory.
     void change(int index, MemoryLine line, const MemoryDetails& details);
+    /// The whole memory of a line, to be copied; empty where its words are not known.
+    Q_INVOKABLE QString textOf(int index) const;
+    Q_INVOKABLE QString textWithWhy(int index) const;
+    /// Of the memory; empty for a head.
+    Q_INVOKABLE QString idOf(int index) const;
     /// Takes over what has come to be known, or is known no more.
     void learn(const MemoryDetails& details);
 
@@ -87,6 +93,8 @@ public:
 private:
     /// Gives a line its why and body: those that are known, else those of the line before it.
     static void fill(MemoryLine& line, const MemoryLine* before, const MemoryDetails& details);
+    /// Null: there is none, or its words are not known.
+    const MemoryLine* known(int index) const;
     static bool isUpToDate(const MemoryLine& line, const MemoryDetails& details);
     void noteUnknown(int from);
     std::string subline(const MemoryLine& line) const;

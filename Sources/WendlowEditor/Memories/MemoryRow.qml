@@ -45,10 +45,15 @@ T.ItemDelegate {
     // Opened, and what it has to say is there: then the row is the whole memory, from its title on.
     readonly property bool unfolded: row.open && !row.head && row.known
 
+    // Just copied, and says so for a moment.
+    property bool copied: false
+
     // Why and body are needed, or needed anew.
     signal wanted
+    // What there is to do with it, at this point.
+    signal menuAsked(point at)
 
-    implicitHeight: opened.visible ? Math.max(row.lineHeight, opened.y + opened.height) : row.lineHeight
+    implicitHeight: Math.max(row.lineHeight, opened.tall > 0 ? opened.begin + opened.tall : 0)
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     text: row.title
@@ -65,6 +70,12 @@ T.ItemDelegate {
         row.wanted()
     onStaleChanged: if (row.stale)
         row.wanted()
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        gesturePolicy: TapHandler.WithinBounds
+        onTapped: point => row.menuAsked(point.position)
+    }
 
     background: Item {
         Rectangle {
@@ -105,11 +116,20 @@ T.ItemDelegate {
             name: row.open ? "down" : "right"
             color: Theme.textSecondOnTint
         }
+        // That a memory opens is shown where somebody is about to open it.
+        Icon {
+            visible: !row.head && row.tinted
+            x: row.textX - 12
+            y: words.y + 4
+            size: 12
+            name: row.open ? "down" : "right"
+            color: Theme.textSecondOnTint
+        }
         Label {
             id: words
             x: row.textX
             y: row.head ? 18 : row.twoLines ? 9 : 10
-            width: row.head ? Math.min(implicitWidth, parent.width - x - 60) : date.x - x - 16
+            width: row.head ? Math.min(implicitWidth, parent.width - x - 60) : parent.width - x - date.implicitWidth - 28
             role: row.head ? Label.Role.Strong : Label.Role.Body
             text: row.head ? row.title : row.unfolded && row.tip !== row.title ? row.tip : row.titleMarkup
             textFormat: text === row.titleMarkup ? Text.StyledText : Text.PlainText
@@ -133,7 +153,7 @@ T.ItemDelegate {
             visible: row.twoLines && !row.head && !row.unfolded
             x: row.textX
             y: 30
-            width: date.x - x - 16
+            width: words.width
             role: Label.Role.Small
             text: row.sublineMarkup
             textFormat: Text.StyledText
@@ -148,62 +168,74 @@ T.ItemDelegate {
             x: parent.width - width - 12
             y: (row.lineHeight - height) / 2
             role: Label.Role.Small
+            visible: !row.copied
             text: row.day
             color: row.tinted ? Theme.textSecondOnTint : Theme.textSecond
             Accessible.ignored: true
         }
-        Column {
+        Label {
+            x: parent.width - width - 12
+            y: date.y
+            visible: row.copied
+            role: Label.Role.Small
+            text: qsTr("Copied")
+            color: Theme.accent
+            Accessible.ignored: true
+        }
+        // Made when it is wanted: hardly any row is ever opened.
+        Only {
             id: opened
-            x: row.textX
-            // In place of the second line, so that opening moves no word of the two.
-            y: row.unfolded ? words.y + words.height + (row.twoLines ? 0 : 4) : row.lineHeight
-            width: date.x - x - 16
-            visible: row.open && !row.head
-            bottomPadding: 16
-            spacing: 8
 
-            Label {
-                visible: row.why.length > 0
-                width: parent.width
-                role: Label.Role.Small
-                line: Theme.hintLine
-                text: row.why
-                textFormat: Text.StyledText
-                color: Theme.textSecondOnTint
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignLeft
-                Accessible.name: qsTr("Why: %1").arg(row.whyText)
-            }
-            Label {
-                visible: row.body.length > 0
-                width: parent.width
-                text: row.body
-                textFormat: Text.StyledText
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignLeft
-                Accessible.name: row.bodyText
-            }
-            Label {
-                visible: row.facts.length > 0
-                width: parent.width
-                role: Label.Role.Fine
-                text: row.facts
-                color: Theme.textSecondOnTint
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignLeft
-            }
-            Label {
-                visible: row.missing
-                width: parent.width
-                role: Label.Role.Small
-                text: qsTr("The rest of this memory could not be read. Open it again to ask once more.")
-                color: Theme.textSecondOnTint
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignLeft
-            }
-            QuietProgress {
-                visible: running
-                running: opened.visible && !row.known && !row.missing
+            readonly property real tall: opened.count > 0 ? opened.itemAt(0)?.height ?? 0 : 0
+            // In place of the second line, so that opening moves no word of the two.
+            readonly property real begin: row.unfolded ? words.y + words.height + (row.twoLines ? 0 : 4) : row.lineHeight
+
+            wanted: row.open && !row.head
+
+            Column {
+                x: row.textX
+                y: opened.begin
+                width: date.x - x - 16
+                bottomPadding: 16
+                spacing: 8
+
+                SelectableText {
+                    visible: row.why.length > 0
+                    width: parent.width
+                    role: Label.Role.Small
+                    line: Theme.hintLine
+                    markup: row.why
+                    spoken: qsTr("Why: %1").arg(row.whyText)
+                    color: Theme.textSecondOnTint
+                }
+                SelectableText {
+                    visible: row.body.length > 0
+                    width: parent.width
+                    markup: row.body
+                    spoken: row.bodyText
+                }
+                Label {
+                    visible: row.facts.length > 0
+                    width: parent.width
+                    role: Label.Role.Fine
+                    text: row.facts
+                    color: Theme.textSecondOnTint
+                    wrapMode: Text.Wrap
+                    horizontalAlignment: Text.AlignLeft
+                }
+                Label {
+                    visible: row.missing
+                    width: parent.width
+                    role: Label.Role.Small
+                    text: qsTr("The rest of this memory could not be read. Open it again to ask once more.")
+                    color: Theme.textSecondOnTint
+                    wrapMode: Text.Wrap
+                    horizontalAlignment: Text.AlignLeft
+                }
+                QuietProgress {
+                    visible: running
+                    running: !row.known && !row.missing
+                }
             }
         }
     }

@@ -3,12 +3,14 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
+import WendlowEditorMemories
 
 // A list of memories, with the heads of their groups where there are some. The arrows go from line to line,
-// Return opens and closes.
+// Return opens and closes, Ctrl+C copies; more is in a menu.
 ListView {
     id: list
 
+    required property MemoryLines lines
     required property int rowHeight
     // The lines stand in it; the list itself takes the whole stage, for the wheel and its bar.
     required property int margin
@@ -17,10 +19,13 @@ ListView {
 
     property bool byKey: false
     property int hoverIndex: -1
-    property bool pressed: false
+
+    property int copiedIndex: -1
 
     signal toggled(int index)
     signal appeared(int index)
+    // To the last line, of which there may be more than are here.
+    signal endAsked
 
     // Brings a line into sight with the focus at it.
     function show(index: int): void {
@@ -65,6 +70,29 @@ ListView {
         return index === list.hoverIndex || (index === list.currentIndex && list.activeFocus);
     }
 
+    // What has been copied is told where it was copied from.
+    function copy(text: string): void {
+        if (!Clipboard.copy(text))
+            return;
+        list.copiedIndex = list.currentIndex;
+        over.restart();
+        Speech.say(qsTr("Copied"));
+    }
+
+    function openMenu(x: real, y: real): void {
+        if (list.currentItem === null || (list.currentItem as MemoryRow).head)
+            return;
+        menu.at = Qt.point(x, y + list.contentY);
+        menu.wanted = true;
+    }
+
+    // A menu leaves the focus nowhere.
+    function leaveMenu(): void {
+        menu.wanted = false;
+        list.forceActiveFocus(LastInput.reason);
+    }
+
+    model: list.lines
     clip: true
     activeFocusOnTab: list.count > 0 || list.activeFocus
     boundsBehavior: Flickable.StopAtBounds
@@ -73,8 +101,63 @@ ListView {
     cacheBuffer: 200
     // A row that scrolls in takes the place of one that scrolled out, much faster than it is made.
     reuseItems: true
-    onActiveFocusChanged: if (list.activeFocus && !list.pressed)
-        list.byKey = true
+    onActiveFocusChanged: if (list.activeFocus)
+        list.byKey = LastInput.byKey
+    onCountChanged: if (list.currentIndex < 0 && list.count > 0)
+        list.currentIndex = 0
+
+    ReadingOrder { rows: list.contentItem }
+    // A menu that is taken away before it has closed takes the focus along.
+    Timer {
+        id: leave
+        interval: 0
+        onTriggered: list.leaveMenu()
+    }
+    Timer {
+        id: over
+        interval: 1500
+        onTriggered: list.copiedIndex = -1
+    }
+    Only {
+        id: menu
+
+        property point at
+
+        wanted: false
+
+        Item {
+            x: menu.at.x
+            y: menu.at.y
+
+            Menu {
+                id: choices
+
+                readonly property bool known: (list.currentItem as MemoryRow)?.known ?? false
+
+                Component.onCompleted: {
+                    choices.open();
+                    choices.currentIndex = LastInput.byKey ? 0 : -1;
+                }
+                onClosed: leave.restart()
+
+                MenuItem {
+                    text: qsTr("Copy")
+                    keys: qsTr("Ctrl+C")
+                    enabled: choices.known
+                    onTriggered: list.copy(list.lines.textOf(list.currentIndex))
+                }
+                MenuItem {
+                    text: qsTr("Copy with Why")
+                    enabled: choices.known
+                    onTriggered: list.copy(list.lines.textWithWhy(list.currentIndex))
+                }
+                MenuItem {
+                    text: qsTr("Copy ID")
+                    onTriggered: list.copy(list.lines.idOf(list.currentIndex))
+                }
+            }
+        }
+    }
 
     T.ScrollBar.vertical: ScrollBar {}
 
@@ -89,21 +172,33 @@ ListView {
 
     Keys.onPressed: event => {
         list.byKey = true;
+        if (event.matches(StandardKey.Copy)) {
+            list.copy(list.lines.textOf(list.currentIndex));
+            event.accepted = true;
+            return;
+        }
+        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier) {
+            const line = list.currentItem;
+            if (line !== null)
+                list.openMenu(list.margin + 24, Math.max(0, line.y - list.contentY + Math.min(line.height, list.rowHeight) - 8));
+            event.accepted = true;
+            return;
+        }
         if (list.readOn(list.readingStep(event.key))) {
             event.accepted = true;
             return;
         }
-        const last = list.count - 1;
         const page = Math.max(1, Math.floor(list.height / list.rowHeight) - 1);
         const steps = {
             [Qt.Key_Home]: 0,
-            [Qt.Key_End]: last,
             [Qt.Key_PageUp]: Math.max(0, list.currentIndex - page),
-            [Qt.Key_PageDown]: Math.min(last, list.currentIndex + page)
+            [Qt.Key_PageDown]: Math.min(list.count - 1, list.currentIndex + page)
         };
-        event.accepted = event.key in steps;
-        if (event.accepted)
+        event.accepted = event.key in steps || event.key === Qt.Key_End;
+        if (event.key in steps)
             list.show(steps[event.key]);
+        else if (event.accepted)
+            list.endAsked();
     }
     Keys.onReturnPressed: list.toggled(list.currentIndex)
     Keys.onEnterPressed: list.toggled(list.currentIndex)
@@ -126,12 +221,18 @@ ListView {
             else if (list.hoverIndex === row.index)
                 list.hoverIndex = -1;
         }
+        copied: row.index === list.copiedIndex
         onPressed: {
-            list.pressed = true;
             list.byKey = false;
             list.currentIndex = row.index;
             list.forceActiveFocus(Qt.MouseFocusReason);
-            list.pressed = false;
+        }
+        onMenuAsked: point => {
+            list.byKey = false;
+            list.currentIndex = row.index;
+            list.forceActiveFocus(Qt.MouseFocusReason);
+            const place = row.mapToItem(list, point.x, point.y);
+            list.openMenu(place.x, place.y);
         }
         onClicked: list.toggled(row.index)
         // What a row unfolds is in sight.

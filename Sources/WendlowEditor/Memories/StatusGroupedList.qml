@@ -38,9 +38,10 @@ FocusScope {
         focus: true
         rowHeight: 40
         indent: 20
-        model: face.model.lines
+        lines: face.model.lines
         Accessible.name: qsTr("By status")
         onToggled: index => face.model.toggle(index)
+        onEndAsked: rows.show(rows.count - 1)
         bottomMargin: Theme.space24 + (missing.visible ? 28 : 0)
 
         // Behind the last line, and scrolled with it. A footer would do, but Qt 6.4 cannot make a bound one.

@@ -35,6 +35,8 @@ public:
     Q_INVOKABLE void toggle(int index);
     /// Gives whether a memory was open.
     bool closeOpen();
+    /// Of the memory that is open; empty for none.
+    const std::string& openID() const { return m_openID; }
 
     bool showArchived() const { return m_showArchived; }
     MemoryLines* lines() { return &m_lines; }

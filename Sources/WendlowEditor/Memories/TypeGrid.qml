@@ -20,6 +20,7 @@ FocusScope {
         width: parent.width
         busy: grid.face.reading
         text: grid.face.emptyWords
+        next: grid.face.nextStep
     }
 
     GridView {
@@ -43,10 +44,12 @@ FocusScope {
         cellHeight: 100
         highlightMoveDuration: 0
         model: grid.face.cards
-        onActiveFocusChanged: if (cards.activeFocus && !cards.byPress)
-            cards.byKey = true
+        onActiveFocusChanged: if (cards.activeFocus)
+            cards.byKey = LastInput.byKey
+        onCountChanged: if (cards.currentIndex < 0 && cards.count > 0)
+            cards.currentIndex = 0
 
-        property bool byPress: false
+        ReadingOrder { rows: cards.contentItem }
 
         T.ScrollBar.vertical: ScrollBar {
             parent: grid.parent

@@ -8,6 +8,7 @@
 #include "Store/PageSource.h"
 #include "Store/ScopeSource.h"
 
+#include <QTimer>
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <chrono>
@@ -37,6 +38,10 @@ class EditorSearch final : public QObject {
     Q_PROPERTY(QString noMatches READ noMatches NOTIFY changed)
     /// Why not everything could be searched; empty when it was.
     Q_PROPERTY(QString trouble READ trouble NOTIFY changed)
+    /// It takes so long that what was found here is shown before the daemon has answered.
+    Q_PROPERTY(bool slow READ slow NOTIFY changed)
+    /// The heading of the page that a hit was opened from; empty: there is none to go back to.
+    Q_PROPERTY(QString trail READ trail NOTIFY changed)
     /// The place of the selected hit, -1 for none.
     Q_PROPERTY(int selection READ selectionIndex NOTIFY changed)
     Q_PROPERTY(wendlow::SearchHitList* hits READ hits CONSTANT)
@@ -54,10 +59,16 @@ public:
         MeetingSource& meetings;
         ModSource& mods;
         ScopeSource& scopes;
+        /// Whether a hit of this face is shown there; else it opens where it stands. None: each is.
+        std::function<bool(EditorFace)> opensOn = nullptr;
+    };
+    struct Clocks {
+        Clock steady = std::chrono::steady_clock::now;
+        std::chrono::milliseconds noticeable{250}; ///< what takes longer is slow
     };
 
     /// All of these must outlive it.
-    EditorSearch(Sources sources, EditorDetails& details, Clock clock);
+    EditorSearch(Sources sources, EditorDetails& details, Clocks clocks);
     ~EditorSearch() override { m_life.end(); }
 
     /// What is searched for while this text is in the field: a single letter neither begins a
@@ -69,32 +80,47 @@ public:
     const std::string& term() const { return m_term; }
     bool searching() const { return !m_term.empty(); }
     bool busy() const { return m_busy; }
+    bool slow() const { return m_slow; }
     QString heading() const;
     QString timing() const;
     QString noMatches() const;
     QString trouble() const;
+    QString trail() const;
     std::optional<std::size_t> selection() const { return m_selection; }
     int selectionIndex() const { return m_selection ? static_cast<int>(*m_selection) : -1; }
     SearchHitList* hits() { return &m_hits; }
     const SearchSections& sections() const { return m_sections; }
-    std::optional<Millis> millis() const { return m_millis; }
+    std::optional<Millis> millis() const { return m_found.millis; }
     /// By -1 or 1.
     Q_INVOKABLE void moveBy(int by);
+    /// This hit, or the nearest that there is.
+    Q_INVOKABLE void select(int index);
     /// Opens the selected hit. While its page is still to come, what is selected is of the term
     /// before: then the first hit is opened once the page is there, unless the term changes again.
+    /// A hit that was found here and then chosen is opened at once.
     Q_INVOKABLE void commit();
-    /// Opens this one of the hits that are shown.
+    /// Opens this one of the hits that are shown, or closes it where it is open in its place.
     Q_INVOKABLE void openHit(int index);
     /// Null: nothing is selected.
     const SearchHit* selected() const;
     const SearchHit* hit(int index) const;
     Q_INVOKABLE void clear();
+    /// Closes the hit that is open in its place. Gives whether there was one.
+    bool foldUp();
+    /// Shows the page again that a hit was opened from, with that hit selected. Gives whether there
+    /// was one.
+    bool goBack();
+    /// The place that a hit has led to has been left.
+    void forgetTrail();
+    /// Searches once more for the same; what is shown stays meanwhile.
+    void again();
     /// What the sources show beside the two questions may read differently now.
     void rebuild();
     /// Asks no more.
     void retire();
-    /// Why and body have been forgotten: those of the hits are fetched anew.
-    void fetchDetails();
+    /// The store has been read anew, and why and body have been forgotten: those of the hits are
+    /// fetched, and what could not be searched is searched again.
+    void storeRead();
 
 Q_SIGNALS:
     void changed();
@@ -102,31 +128,59 @@ Q_SIGNALS:
     void opened(const wendlow::FoundHit& found, bool byKey);
     /// The two questions have been answered, or are asked no more.
     void settled();
+    /// A key has selected this hit.
+    void walked(const QString& words);
+    /// A page is complete: what it holds, for whoever does not see it.
+    void told(const QString& words);
 
 private:
+    /// What the daemon has found.
+    struct Found {
+        std::string term; ///< for which; empty: nothing has been answered
+        EditorMemoryHits memories;
+        std::vector<EditorMoment> moments;
+        EditorAnswerState state;
+        std::optional<Millis> millis;
+    };
+    struct Trail {
+        Found found;
+        std::string hit;    ///< that was opened
+        bool stale = false; ///< the store has been read anew since
+    };
+
     void setTerm(std::string term);
+    void begin();
+    void end();
+    void showWhatIsHere();
     QCoro::Task<> run(std::string term);
     QCoro::Task<EditorAnswer> answerTo(EditorAsk ask);
-    void show(const EditorAnswer& memories, EditorAnswer moments);
+    void show(const EditorAnswer& memories, EditorAnswer moments, Millis millis);
+    void layOut(std::string kept);
+    void moveTo(std::optional<std::size_t> place);
+    void fetchDetails();
+    QString summary() const;
     void forget();
     void open(int index, bool byKey);
+    void unfold(int index);
     /// The memory of this id among those that were found.
     std::optional<EditorMemoryHit> memory(std::string_view id) const;
 
     const Sources m_sources;
     EditorDetails& m_details;
-    const Clock m_clock;
+    const Clocks m_clocks;
     SearchHitList m_hits;
     std::string m_text;
     std::string m_term;
-    std::string m_answeredTerm; ///< what the page is to
-    EditorMemoryHits m_memories;
-    std::vector<EditorMoment> m_moments;
-    EditorAnswerState m_state;
+    Found m_found;
+    std::string m_hereTerm; ///< what was looked for here; that of `m_found` unless that is slow
     SearchSections m_sections;
     std::optional<std::size_t> m_selection;
-    std::optional<Millis> m_millis;
+    std::string m_unfolded; ///< the id of the hit that is open in its place; empty for none
+    std::optional<Trail> m_trail;
+    QTimer m_notice; ///< runs while an answer is not late yet
     bool m_busy = false;
+    bool m_slow = false;
+    bool m_chose = false;   ///< the selection is a person's, made since the search began
     bool m_commits = false; ///< the first hit is to be opened when the page is there
     bool m_retired = false;
     std::uint64_t m_task = 0; ///< a task of another number is cancelled

@@ -16,9 +16,17 @@ FocusScope {
     required property int column
     // The title of what lies behind.
     required property string backTo
+    property bool trying: false
+    property string waitingWords
+
+    // Where the focus goes when the page is entered.
+    readonly property Item first: list.count > 0 ? list : head.chevron
+
+    signal triedAgain
 
     // Beside the heading there is no room for more.
     readonly property bool narrow: page.column < 560
+    readonly property int rowsOfAPage: Math.max(1, Math.floor(list.height / 44) - 1)
 
     PageHead {
         id: head
@@ -29,7 +37,7 @@ FocusScope {
         hasBack: true
         backTo: page.backTo
         onBack: page.search.clear()
-        trailing: QuietProgress { running: page.search.busy }
+        trailing: QuietProgress { running: page.search.busy || page.trying }
     }
     Label {
         id: timing
@@ -39,15 +47,17 @@ FocusScope {
         text: page.search.timing
         color: Theme.textSecond
     }
-    Strip {
+    StateStrip {
         id: strip
         x: page.margin
         anchors.top: page.narrow ? timing.bottom : head.bottom
-        anchors.topMargin: Theme.space16
+        anchors.topMargin: strip.visible ? Theme.space16 : 0
         width: page.column
-        visible: page.search.trouble.length > 0
-        tone: Strip.Tone.Warning
-        text: page.search.trouble
+        words: page.search.trouble
+        warns: true
+        waitingWords: page.search.busy ? page.waitingWords : ""
+        trying: page.trying
+        onActed: page.triedAgain()
     }
     StageWords {
         anchors.centerIn: parent
@@ -60,13 +70,14 @@ FocusScope {
     ListView {
         id: list
         width: parent.width
-        anchors.top: strip.visible ? strip.bottom : page.narrow ? timing.bottom : head.bottom
+        anchors.top: strip.bottom
+        anchors.topMargin: strip.visible ? 8 : 0
         anchors.bottom: parent.bottom
         clip: true
         focus: true
         activeFocusOnTab: list.count > 0 || list.activeFocus
         boundsBehavior: Flickable.StopAtBounds
-        bottomMargin: Theme.space24
+        bottomMargin: Theme.space24 + (searching.visible ? 36 : 0)
         keyNavigationEnabled: false
         highlightFollowsCurrentItem: true
         highlightMoveDuration: 0
@@ -86,6 +97,37 @@ FocusScope {
         Keys.onDownPressed: page.search.moveBy(1)
         Keys.onReturnPressed: page.search.commit()
         Keys.onEnterPressed: page.search.commit()
+        Keys.onPressed: event => {
+            const at = page.search.selection;
+            const steps = {
+                [Qt.Key_Home]: 0,
+                [Qt.Key_End]: list.count - 1,
+                [Qt.Key_PageUp]: at - page.rowsOfAPage,
+                [Qt.Key_PageDown]: at + page.rowsOfAPage
+            };
+            event.accepted = event.key in steps;
+            if (event.accepted)
+                page.search.select(steps[event.key]);
+        }
+
+        ReadingOrder { rows: list.contentItem }
+
+        // Behind the last hit: what was found here is there, and the rest is to come.
+        Row {
+            id: searching
+            parent: list.contentItem
+            x: page.margin
+            y: list.originY + list.contentHeight + 12
+            spacing: Theme.space8
+            visible: page.search.slow
+
+            Spinner {}
+            Label {
+                role: Label.Role.Small
+                text: qsTr("Searching memories…")
+                color: Theme.textSecond
+            }
+        }
 
         delegate: SearchRow {
             id: hit

@@ -4,7 +4,8 @@
 
 namespace wendlow {
 
-void SearchHitList::show(const SearchSections& sections, const std::string& term) {
+void SearchHitList::show(const SearchSections& sections, const std::string& term,
+                         const Unfolded& unfolded) {
     std::vector<SearchHitRow> rows;
     for (const SearchSection& section : sections)
         for (const SearchHit& hit : section.hits)
@@ -13,7 +14,11 @@ void SearchHitList::show(const SearchSections& sections, const std::string& term
                             .section = &hit == &section.hits.front() ? RowText::line(section.title)
                                                                      : QString(),
                             .titleMarkup = RowText::markedLine(hit.title, term),
-                            .subtitleMarkup = RowText::markedLine(hit.subtitle, term)});
+                            .subtitleMarkup = RowText::markedLine(hit.subtitle, term),
+                            .unfolded = hit.id == unfolded.id ? unfolded.words : std::string(),
+                            .unfoldedMarkup = hit.id == unfolded.id
+                                                  ? RowText::markedText(unfolded.words, term)
+                                                  : QString()});
     take(std::move(rows));
 }
 
@@ -37,6 +42,10 @@ QVariant SearchHitList::data(const QModelIndex& index, int role) const {
         return RowText::tip(here.hit.title);
     case SymbolRole:
         return RowText::plain(here.hit.symbol);
+    case UnfoldedRole:
+        return here.unfoldedMarkup;
+    case UnfoldedTextRole:
+        return RowText::plain(here.unfolded);
     default:
         return {};
     }
@@ -55,6 +64,8 @@ QList<int> SearchHitList::changedRoles(const SearchHitRow& before,
         roles << SubtitleMarkupRole;
     if (before.hit.symbol != after.hit.symbol)
         roles << SymbolRole;
+    if (before.unfoldedMarkup != after.unfoldedMarkup)
+        roles << UnfoldedRole << UnfoldedTextRole;
     if (before.section != after.section)
         roles << SectionRole;
     // To none all would be counted, and a hit may change in what nothing shows.
@@ -68,7 +79,9 @@ QHash<int, QByteArray> SearchHitList::roleNames() const {
             {SubtitleRole, "subtitle"},
             {SubtitleMarkupRole, "subtitleMarkup"},
             {TipRole, "tip"},
-            {SymbolRole, "symbol"}};
+            {SymbolRole, "symbol"},
+            {UnfoldedRole, "unfolded"},
+            {UnfoldedTextRole, "unfoldedText"}};
 }
 
 } // namespace wendlow

@@ -16,6 +16,8 @@ struct SearchHitRow {
     QString section; ///< the title above it; empty but for the first of a section
     QString titleMarkup;
     QString subtitleMarkup;
+    std::string unfolded; ///< all that is known of it; empty but where it is open in its place
+    QString unfoldedMarkup;
 
     bool operator==(const SearchHitRow&) const = default;
 };
@@ -35,11 +37,17 @@ public:
         SubtitleMarkupRole,
         TipRole,
         SymbolRole,
+        UnfoldedRole, ///< markup, all lines; empty unless it is open in its place
+        UnfoldedTextRole,
     };
 
     using KeyedListModel::KeyedListModel;
 
-    void show(const SearchSections& sections, const std::string& term);
+    struct Unfolded {
+        std::string id; ///< of a hit; empty for none
+        std::string words;
+    };
+    void show(const SearchSections& sections, const std::string& term, const Unfolded& unfolded);
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;

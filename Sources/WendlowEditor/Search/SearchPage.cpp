@@ -17,6 +17,7 @@ namespace {
 constexpr int passageRadius = 44; ///< characters to either side of what was found
 constexpr std::string_view between = " · ";
 constexpr std::string_view memoryPrefix = "memory:";
+constexpr std::string_view rulePrefix = "rule:";
 
 std::string joined(const std::vector<std::string>& parts, std::string_view separator) {
     std::string line;
@@ -43,7 +44,7 @@ SearchHit memoryHit(const EditorMemoryHit& hit, const SearchPage::Found& found) 
 }
 
 SearchHit ruleHit(const EditorMemoryHit& hit, const SearchPage::Found& found) {
-    return {.id = "rule:" + hit.memory.id,
+    return {.id = std::string(rulePrefix) + hit.memory.id,
             .destination = SearchDestination::Rule{hit.scopeID},
             .title = hit.memory.title,
             .subtitle = SearchPage::memorySubtitle(hit, found.term, found.details),
@@ -56,13 +57,23 @@ bool speaksOf(const EditorMeeting& meeting, std::string_view term) {
            std::ranges::any_of(meeting.speakers, holds);
 }
 
+/// As moments say theirs, where the daemon has worded it as a date.
+std::string dayOf(const EditorMeeting& meeting) {
+    const QString text = QString::fromStdString(meeting.day + "T" + meeting.from);
+    const QDateTime begin = QDateTime::fromString(text, QStringLiteral("yyyy-MM-ddTHH:mm"));
+    if (!begin.isValid())
+        return meeting.day;
+    const auto seconds = static_cast<double>(begin.toSecsSinceEpoch());
+    return DateWords::dateAndTime(editorDate(seconds)).toStdString();
+}
+
 SearchHit meetingHit(const EditorMeeting& meeting) {
     return {.id = "meeting:" + meeting.id,
             .destination = SearchDestination::Meeting{meeting.id},
             .title = meeting.title.value_or(
                 fmt::format("{} · {}–{}", meeting.day, meeting.from, meeting.to)),
             .subtitle =
-                joined({meeting.day, meeting.duration, joined(meeting.speakers, ", ")}, between),
+                joined({dayOf(meeting), meeting.duration, joined(meeting.speakers, ", ")}, between),
             .symbol = "person.2.fill"};
 }
 
@@ -168,8 +179,39 @@ std::string SearchPage::memorySubtitle(const EditorMemoryHit& hit, std::string_v
     return fallback;
 }
 
+bool SearchPage::isFoundHere(const SearchHit& hit) {
+    using namespace SearchDestination;
+    return std::holds_alternative<Meeting>(hit.destination) ||
+           std::holds_alternative<Mod>(hit.destination) ||
+           std::holds_alternative<Scope>(hit.destination);
+}
+
+std::string SearchPage::unfolded(const SearchHit& hit, const Found& found) {
+    const auto with = [&hit](const std::vector<std::string>& more) {
+        std::vector<std::string> parts{hit.title, hit.subtitle};
+        parts.insert(parts.end(), more.begin(), more.end());
+        return joined(parts, "\n");
+    };
+    if (const std::string rule = ruleOf(hit); !rule.empty()) {
+        const auto detail = found.details.find(rule);
+        if (detail != found.details.end() && detail->second)
+            return joined({detail->second->body.starts_with(hit.title) ? "" : hit.title,
+                           detail->second->body, detail->second->why},
+                          "\n");
+    }
+    for (const EditorMoment& moment : found.moments)
+        if (momentHit(moment, found.term).id == hit.id)
+            return with(
+                {moment.abstract.value_or(""), DateWords::dateAndTime(moment.at).toStdString()});
+    return with({});
+}
+
 std::string SearchPage::memoryOf(const SearchHit& hit) {
     return hit.id.starts_with(memoryPrefix) ? hit.id.substr(memoryPrefix.size()) : std::string();
+}
+
+std::string SearchPage::ruleOf(const SearchHit& hit) {
+    return hit.id.starts_with(rulePrefix) ? hit.id.substr(rulePrefix.size()) : std::string();
 }
 
 std::vector<const SearchHit*> SearchPage::flat(const SearchSections& sections) {

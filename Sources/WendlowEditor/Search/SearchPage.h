@@ -46,8 +46,18 @@ SearchSections build(const Found& found);
 std::string memorySubtitle(const EditorMemoryHit& hit, std::string_view term,
                            const MemoryDetails& details);
 
-/// The id of the memory that a hit shows; empty where it shows something else.
+/// All that is known of a hit, for one that opens where it stands.
+std::string unfolded(const SearchHit& hit, const Found& found);
+
+/// Whether it was found here, and not by the daemon.
+bool isFoundHere(const SearchHit& hit);
+
+/// The id of the memory that a hit leads to; empty where it leads to something else.
 std::string memoryOf(const SearchHit& hit);
+
+/// The id of the memory that is the rule that a hit leads to; empty where it leads to something
+/// else.
+std::string ruleOf(const SearchHit& hit);
 
 /// All hits in their order. Valid as long as `sections` is.
 std::vector<const SearchHit*> flat(const SearchSections& sections);

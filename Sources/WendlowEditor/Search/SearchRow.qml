@@ -2,8 +2,9 @@ import QtQuick
 import QtQuick.Templates as T
 import WendlowControls
 
-// A hit of the search, and above the first of its kind what it is.
-Item {
+// A hit of the search, and above the first of its kind what it is. One whose face is still to come opens
+// where it stands.
+FocusScope {
     id: row
 
     required property int index
@@ -14,6 +15,8 @@ Item {
     required property string subtitleMarkup
     required property string tip
     required property string symbol
+    required property string unfolded
+    required property string unfoldedText
     required property bool chosen
     required property bool ringed
 
@@ -21,6 +24,8 @@ Item {
     readonly property bool tinted: row.chosen || hit.hovered
 
     signal opened
+
+    readonly property bool open: row.unfolded.length > 0
 
     implicitHeight: hit.y + hit.height
 
@@ -40,7 +45,8 @@ Item {
         id: hit
         y: row.section.length > 0 ? 32 : 0
         width: parent.width
-        height: row.twoLines ? 44 : 36
+        height: row.open ? opened.y + opened.height + 12 : row.twoLines ? 44 : 36
+        focus: true
         hoverEnabled: true
         focusPolicy: Qt.NoFocus
         text: row.title
@@ -72,7 +78,7 @@ Item {
 
             Icon {
                 x: 12
-                anchors.verticalCenter: parent.verticalCenter
+                y: row.twoLines ? 14 : 10
                 name: row.symbol
                 color: row.chosen ? Theme.accent : row.tinted ? Theme.textSecondOnTint : Theme.textSecond
             }
@@ -80,7 +86,8 @@ Item {
                 id: words
                 x: 40
                 y: row.twoLines ? 4 : 8
-                width: parent.width - x - 12
+                width: parent.width - x - 32
+                visible: !row.open
                 text: row.titleMarkup
                 textFormat: Text.StyledText
                 elide: Text.ElideRight
@@ -91,8 +98,8 @@ Item {
             Label {
                 x: 40
                 y: 23
-                width: parent.width - x - 12
-                visible: row.twoLines
+                width: parent.width - x - 32
+                visible: row.twoLines && !row.open
                 role: Label.Role.Small
                 text: row.subtitleMarkup
                 textFormat: Text.StyledText
@@ -103,11 +110,29 @@ Item {
                 Accessible.ignored: true
             }
         }
+        SelectableText {
+            id: opened
+            x: 40
+            y: row.twoLines ? 4 : 8
+            width: parent.width - x - 32
+            visible: row.open
+            markup: row.unfolded
+            spoken: row.open ? row.unfoldedText : ""
+        }
+        // Where there is more behind it, that is shown under the pointer and at the selection.
+        Icon {
+            x: parent.width - 12 - width
+            y: row.twoLines ? 16 : 12
+            visible: row.tinted
+            size: 12
+            name: row.open ? "down" : "right"
+            color: Theme.textSecondOnTint
+        }
         Hint {
             anchors.leftMargin: words.x
             leading: true
             text: row.tip
-            wanted: hit.hovered && words.truncated
+            wanted: (hit.hovered || row.ringed) && words.truncated && !row.open
         }
     }
 }

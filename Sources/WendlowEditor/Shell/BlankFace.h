@@ -23,6 +23,7 @@ public:
     EditorKind kind() const override;
     bool sharesScopes() const override { return m_face == EditorFace::moments; }
     bool showsScopeChip() const override { return m_face != EditorFace::scopes; }
+    bool opensHits() const override { return false; }
     void show(const FaceView& view) override;
     void reveal(const FoundHit& found, EditorAsk& ask) override;
     std::optional<std::int64_t> railCount() const override;

@@ -21,15 +21,11 @@ FacePage {
         anchors.top: words.bottom
         anchors.topMargin: Theme.space16
         anchors.horizontalCenter: parent.horizontalCenter
-        visible: blank.face.gaveUp && !blank.trying
+        visible: blank.face.gaveUp
         small: true
+        working: blank.trying
         text: qsTr("Try again")
-        onClicked: blank.triedAgain()
-    }
-    QuietProgress {
-        anchors.top: words.bottom
-        anchors.topMargin: Theme.space16
-        anchors.horizontalCenter: parent.horizontalCenter
-        running: blank.trying
+        onClicked: if (!blank.trying)
+            blank.triedAgain()
     }
 }

@@ -12,9 +12,13 @@ Item {
     required property int margin
     required property int column
     required property bool showsChip
+    // The results that led here; empty for none.
+    required property string trail
 
     // The focus is to go to the rail.
     signal exited
+    // To the results that led here.
+    signal returned
 
     // Takes the focus to the chip, where it is shown.
     function enter(byKey: bool): void {
@@ -33,12 +37,24 @@ Item {
 
     implicitHeight: 48
 
+    Button {
+        id: back
+        x: bar.margin - 8
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.min(implicitWidth, bar.column / 2)
+        visible: bar.trail.length > 0
+        kind: Button.Kind.Quiet
+        small: true
+        iconName: "left"
+        text: bar.trail
+        onClicked: bar.returned()
+    }
     Chip {
         id: chip
-        x: bar.margin
+        x: back.visible ? back.x + back.width + 8 : bar.margin
         anchors.verticalCenter: parent.verticalCenter
         visible: bar.showsChip
-        widest: Math.min(420, bar.column)
+        widest: Math.min(420, bar.margin + bar.column - chip.x)
         lead: qsTr("scope:")
         text: bar.model.label
         picked: bar.model.narrowed

@@ -58,6 +58,19 @@ int EditorFaceBarModel::pickedIndex() const {
     return found == rows().end() ? 0 : static_cast<int>(found - rows().begin());
 }
 
+int EditorFaceBarModel::lineFor(const QString& typed, int from) const {
+    const auto begins = [&typed](const ScopeChoice& line) {
+        const QStringList parts = QString::fromStdString(line.id).split(u'/', Qt::SkipEmptyParts);
+        return std::ranges::any_of(parts, [&](const QString& part) {
+            return part.startsWith(typed, Qt::CaseInsensitive);
+        });
+    };
+    for (int step = 0; step < rowCount(); ++step)
+        if (const int at = (from + step) % rowCount(); begins(row(at)))
+            return at;
+    return -1;
+}
+
 QVariant EditorFaceBarModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};

@@ -57,6 +57,9 @@ public:
     Q_INVOKABLE void manageScopes();
     /// Where the menu begins: at what is picked.
     Q_INVOKABLE int pickedIndex() const;
+    /// The line, from this one on and around, a part of whose path begins with what is typed; -1
+    /// for none.
+    Q_INVOKABLE int lineFor(const QString& typed, int from) const;
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;

@@ -28,6 +28,19 @@ void EditorHost::renew() {
     Q_EMIT rootChanged();
 }
 
+bool EditorHost::isMadeUp() const {
+    return !m_posing && m_worlds.world() != EditorWorld::realData;
+}
+
+void EditorHost::setPosing(bool posing) {
+    if (std::exchange(m_posing, posing) != posing)
+        Q_EMIT rootChanged();
+}
+
+void EditorHost::backToRealData() {
+    m_worlds.switchWorld(EditorWorld::realData);
+}
+
 void EditorHost::letGo() {
     std::erase_if(m_before, [](const auto& root) { return !root->isSeen(); });
 }

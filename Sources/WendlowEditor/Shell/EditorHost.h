@@ -16,12 +16,20 @@ class EditorHost final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The application makes the host and hands it to the window.")
     Q_PROPERTY(wendlow::EditorRoot* root READ root NOTIFY rootChanged)
+    /// A picture is taken: what is made up is not marked, and the focus may be nowhere.
+    Q_PROPERTY(bool posing READ isPosing NOTIFY rootChanged)
+    /// What is shown is made up, and is to be marked so.
+    Q_PROPERTY(bool madeUp READ isMadeUp NOTIFY rootChanged)
 
 public:
     explicit EditorHost(EditorWorlds& worlds, EditorClocks clocks = {});
     ~EditorHost() override;
 
     EditorRoot* root() const { return m_root.get(); }
+    bool isMadeUp() const;
+    bool isPosing() const { return m_posing; }
+    void setPosing(bool posing);
+    Q_INVOKABLE void backToRealData();
 
 Q_SIGNALS:
     void rootChanged();
@@ -32,6 +40,7 @@ private:
 
     EditorWorlds& m_worlds;
     const EditorClocks m_clocks;
+    bool m_posing = false;
     std::vector<std::unique_ptr<EditorRoot>> m_before; ///< that are still looked at
     std::unique_ptr<EditorRoot> m_root;
 };

@@ -10,6 +10,10 @@ EditorQueryKey EditorPage::key() const {
     return {.world = m_store.world(), .generation = m_store.generation(), .ask = m_ask};
 }
 
+bool EditorPage::isPending() const {
+    return !m_retired && std::holds_alternative<EditorAnswerStateCase::Pending>(m_answer.state);
+}
+
 void EditorPage::setAsk(EditorAsk ask) {
     if (!ask.sameQuery(m_ask)) {
         ask.limit = EditorAsk::page;

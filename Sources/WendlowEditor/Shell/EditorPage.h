@@ -25,6 +25,7 @@ public:
 
     const EditorAsk& ask() const { return m_ask; }
     const EditorAnswer& answer() const { return m_answer; }
+    bool isPending() const;
     /// The answer as a face is to show it: a store that has given up has failed.
     const SharedAnswer& shown() const { return m_shown; }
     EditorQueryKey key() const;

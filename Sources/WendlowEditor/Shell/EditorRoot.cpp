@@ -1,5 +1,6 @@
 #include "Shell/EditorRoot.h"
 
+#include "Floor/EditorWords.h"
 #include "Floor/FlatScopes.h"
 
 #include <QQmlEngine>
@@ -9,11 +10,14 @@
 namespace wendlow {
 
 EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks, const MakeFaces& makeFaces)
-    : m_store(store), m_page(store), m_search({.pages = store.pages(),
-                                               .meetings = store.meetings(),
-                                               .mods = store.mods(),
-                                               .scopes = store.scopes()},
-                                              m_page.details(), std::move(clocks.steady)),
+    : m_store(store), m_page(store),
+      m_search({.pages = store.pages(),
+                .meetings = store.meetings(),
+                .mods = store.mods(),
+                .scopes = store.scopes(),
+                .opensOn = [this](EditorFace face) { return model(face).opensHits(); }},
+               m_page.details(),
+               {.steady = std::move(clocks.steady), .noticeable = clocks.noticeable}),
       m_faces(makeFaces(store, {.ask = [this](EditorAsk ask) { setAsk(std::move(ask)); },
                                 .requestDetails =
                                     [this](const std::vector<std::string>& ids) {
@@ -22,6 +26,7 @@ EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks, const MakeFaces&
                                 .today = std::move(clocks.today)})),
       m_rail({.open =
                   [this](EditorFace face, const std::string& place) {
+                      m_search.forgetTrail();
                       applyFace(face);
                       change([&](EditorAsk& ask) { openFace()->openPlace(place, ask); });
                       m_page.settle();
@@ -47,11 +52,20 @@ EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks, const MakeFaces&
     connect(&m_store, &EditorStore::changed, this, &EditorRoot::storeChanged);
     connect(&m_page, &EditorPage::changed, this, &EditorRoot::publish);
     connect(&m_page.details(), &EditorDetails::changed, this, &EditorRoot::showFaces);
+    connect(&m_search, &EditorSearch::changed, this, &EditorRoot::watchTheWait);
     connect(&m_search, &EditorSearch::changed, this, &EditorRoot::changed);
+    connect(&m_search, &EditorSearch::told, this, &EditorRoot::told);
     connect(&m_search, &EditorSearch::opened, this, [this](const FoundHit& found, bool byKey) {
         open(found);
         if (byKey)
             Q_EMIT arrived();
+    });
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(clocks.patience);
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        m_late = true;
+        Q_EMIT changed();
+        Q_EMIT told(waitingWords());
     });
     showScopes();
     // In this order: the link serves one at a time, and the page is what is waited for.
@@ -65,6 +79,7 @@ void EditorRoot::retire() {
     disconnect(&m_store, nullptr, this, nullptr);
     m_page.retire();
     m_search.retire();
+    watchTheWait();
 }
 
 void EditorRoot::seenBy(QObject* view) {
@@ -78,13 +93,39 @@ void EditorRoot::seenBy(QObject* view) {
 void EditorRoot::storeChanged(EditorChanges what) {
     if (what.testFlag(EditorChange::scopes))
         showScopes();
-    m_trying = m_trying && m_store.loading();
     m_page.storeChanged(what);
+    m_trying = m_trying && (m_store.loading() || m_page.isPending());
     if (what & (EditorChange::scopes | EditorChange::meetings | EditorChange::mods))
         m_search.rebuild();
+    if (!what.testFlag(EditorChange::generation))
+        return;
     // Behind the page, for that is what is waited for.
-    if (what.testFlag(EditorChange::generation))
-        m_search.fetchDetails();
+    m_search.storeRead();
+    if (!m_store.loading() && !gaveUp())
+        m_store.mods().loadMods();
+}
+
+void EditorRoot::watchTheWait() {
+    if (!isWaiting()) {
+        m_patience.stop();
+        m_late = false;
+    } else if (!m_late && !m_patience.isActive()) {
+        m_patience.start();
+    }
+}
+
+QString EditorRoot::waitingWords() const {
+    return m_late ? QStringLiteral("Still waiting for Wendlow…") : QString();
+}
+
+/// Once for each trouble, however often it is shown.
+void EditorRoot::tellTrouble() {
+    const auto& state = m_page.shown()->state;
+    if (std::holds_alternative<EditorAnswerStateCase::Pending>(state))
+        return;
+    const QString words = EditorWords::strip(state).words;
+    if (std::exchange(m_toldTrouble, words) != words && !words.isEmpty())
+        Q_EMIT told(words);
 }
 
 void EditorRoot::showScopes() {
@@ -92,6 +133,8 @@ void EditorRoot::showScopes() {
 }
 
 void EditorRoot::publish() {
+    m_trying = m_trying && (m_store.loading() || m_page.isPending());
+    watchTheWait();
     showFaces();
     std::vector<std::pair<EditorFace, std::vector<RailRow>>> rows;
     rows.reserve(m_faces.size());
@@ -100,6 +143,7 @@ void EditorRoot::publish() {
     m_rail.show(std::move(rows));
     m_bar.show(m_scopePaths, m_page.ask().scopes);
     Q_EMIT changed();
+    tellTrouble();
 }
 
 void EditorRoot::showFaces() {
@@ -119,11 +163,15 @@ template<class Call> void EditorRoot::change(const Call& call) {
 }
 
 void EditorRoot::setAsk(EditorAsk ask) {
+    // Another type is another place, though it be on the same face.
+    if (ask.type != m_page.ask().type)
+        m_search.forgetTrail();
     m_page.setAsk(std::move(ask));
     m_page.settle();
 }
 
 void EditorRoot::setFace(EditorFace face) {
+    m_search.forgetTrail();
     applyFace(face);
     m_page.settle();
 }
@@ -166,15 +214,40 @@ bool EditorRoot::beginsSearch(const QString& typed) const {
 
 void EditorRoot::tryAgain() {
     m_trying = true;
+    const bool late = std::exchange(m_late, false);
+    if ((late && m_search.busy()) || !m_search.trouble().isEmpty())
+        m_search.again();
+    if (late)
+        m_store.stopWaiting();
     m_store.resetWorld();
-    m_trying = m_store.loading();
+    m_trying = m_store.loading() || m_page.isPending();
+    watchTheWait();
     Q_EMIT changed();
 }
 
+void EditorRoot::lookAgain() {
+    if (m_store.world() != EditorWorld::realData || m_store.loading() || m_page.isPending())
+        return;
+    const bool isEmpty = m_page.shown()->ready() && m_store.pages().memoryTypeCounts().empty();
+    if (gaveUp() || isEmpty)
+        m_store.resetWorld();
+}
+
 bool EditorRoot::back() {
-    if (m_search.text().isEmpty())
-        return openFace()->back();
-    m_search.clear();
+    if (!m_search.text().isEmpty()) {
+        if (!m_search.foldUp())
+            m_search.clear();
+        return true;
+    }
+    if (!isModal() && openFace()->isAsRevealed() && backToResults())
+        return true;
+    return openFace()->back();
+}
+
+bool EditorRoot::backToResults() {
+    if (!m_search.goBack())
+        return false;
+    Q_EMIT returned();
     return true;
 }
 

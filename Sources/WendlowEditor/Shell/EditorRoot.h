@@ -7,6 +7,7 @@
 #include "Shell/FaceList.h"
 #include "Shell/RailModel.h"
 
+#include <QTimer>
 #include <QVariantList>
 
 #include <chrono>
@@ -21,6 +22,8 @@ namespace wendlow {
 struct EditorClocks {
     EditorSearch::Clock steady = std::chrono::steady_clock::now;
     std::function<EditorDate()> today = std::chrono::system_clock::now;
+    std::chrono::milliseconds noticeable{250}; ///< what takes longer is slow
+    std::chrono::milliseconds patience{5000};  ///< and what takes longer than this is silent
 };
 
 /// What a window asks and sees of one store: the faces, the one of them that is open, the search.
@@ -37,6 +40,8 @@ class EditorRoot final : public QObject {
     Q_PROPERTY(bool modal READ isModal NOTIFY changed)
     /// What failed is being tried again.
     Q_PROPERTY(bool trying READ isTrying NOTIFY changed)
+    /// Said where the daemon has been silent for long; else empty.
+    Q_PROPERTY(QString waitingWords READ waitingWords NOTIFY changed)
     Q_PROPERTY(wendlow::RailModel* rail READ rail CONSTANT)
     Q_PROPERTY(wendlow::EditorFaceBarModel* bar READ bar CONSTANT)
     Q_PROPERTY(wendlow::EditorSearch* search READ search CONSTANT)
@@ -69,12 +74,18 @@ public:
     Q_INVOKABLE bool beginsSearch(const QString& typed) const;
     /// Reads everything afresh, for a store that has failed tries nothing again by itself.
     Q_INVOKABLE void tryAgain();
-    /// One step back: out of the search, else of what is open. Gives whether there was one.
+    /// The window is in front again: a store that has given up or holds nothing is read once more.
+    Q_INVOKABLE void lookAgain();
+    /// One step back: out of the search, to the results that led here, else of what is open. Gives
+    /// whether there was one.
     Q_INVOKABLE bool back();
+    /// To the results that led here. Gives whether there are some.
+    Q_INVOKABLE bool backToResults();
 
     QVariantList faces() const;
     bool isModal() const { return !m_search.searching() && openFace()->isModal(); }
     bool isTrying() const { return m_trying; }
+    QString waitingWords() const;
     bool gaveUp() const { return m_store.storeError().has_value(); }
     /// The open face shows something, or that there is nothing to show.
     bool isFilled() const { return gaveUp() || openFace()->isFilled(); }
@@ -86,11 +97,18 @@ Q_SIGNALS:
     void changed();
     /// A key has opened a hit: the focus is to go there.
     void arrived();
+    /// The results are there again: the focus is to go there.
+    void returned();
+    /// Words for whoever does not see the window.
+    void told(const QString& words);
     /// The last view has gone.
     void unseen();
 
 private:
     void storeChanged(EditorChanges what);
+    bool isWaiting() const { return m_page.isPending() || m_search.busy(); }
+    void watchTheWait();
+    void tellTrouble();
     void showFaces();
     void showScopes();
     void publish();
@@ -106,6 +124,9 @@ private:
     EditorFaceBarModel m_bar;
     std::vector<std::string> m_scopePaths; ///< of the tree, as it was last read
     bool m_trying = false;
+    bool m_late = false;   ///< what is waited for has taken longer than anybody is patient
+    QTimer m_patience;     ///< runs while it is not yet
+    QString m_toldTrouble; ///< why the page is not what it should be, as it was said last
     int m_views = 0;
 };
 

@@ -15,8 +15,25 @@ FocusScope {
         stage.enter();
     }
 
+    // What had the focus has gone.
+    function recover(): void {
+        if (rail.activeFocus)
+            rail.enterHere();
+        else
+            stage.enter();
+    }
+
+    // A step back takes from sight what it steps out of, and with it the focus or at least its ring.
+    function settle(before: Item): void {
+        if (stage.activeFocus && view.Window.activeFocusItem !== before)
+            stage.enter();
+    }
+
     Keys.onEscapePressed: event => {
+        const before = view.Window.activeFocusItem;
         event.accepted = view.root.back();
+        if (stage.activeFocus)
+            Qt.callLater(view.settle, before);
     }
     Keys.onPressed: event => {
         const plain = (event.modifiers & ~Qt.ShiftModifier & ~Qt.KeypadModifier) === 0;
@@ -30,12 +47,38 @@ FocusScope {
         function onArrived(): void {
             view.enterStage();
         }
+        function onReturned(): void {
+            view.enterStage();
+        }
+        function onTold(words: string): void {
+            Speech.say(words);
+        }
+    }
+    Connections {
+        target: view.root.search
+        // What has the focus speaks for itself.
+        function onWalked(words: string): void {
+            if (rail.typing)
+                Speech.say(words);
+        }
+    }
+    Connections {
+        target: view.Window.window
+        function onActiveChanged(): void {
+            if (view.Window.active)
+                view.root.lookAgain();
+        }
     }
 
     Shortcut {
         sequence: "Ctrl+F"
         enabled: !view.root.modal
         onActivated: rail.enterSearch()
+    }
+    Shortcut {
+        sequence: "Alt+Left"
+        enabled: !view.root.modal && view.root.search.trail.length > 0 && !view.root.search.searching
+        onActivated: view.root.backToResults()
     }
 
     RailView {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import WendlowControls
 import WendlowEditor
 import WendlowEditorFloor
@@ -32,22 +33,35 @@ FocusScope {
         return null;
     }
 
+    // What has the focus in place of what the stage is about, until that is there.
+    property Item standIn: null
+
     // Takes the focus to what the stage is about.
     function enter(): void {
-        const first = stage.page()?.first ?? null;
-        if (stage.searching)
-            stage.forceActiveFocus(Qt.TabFocusReason);
-        else if (first)
-            first.forceActiveFocus(Qt.TabFocusReason);
+        const page = stage.searching ? results.itemAt(0) as SearchFace : stage.page();
+        const goal = page?.first ?? page?.meanwhile ?? null;
+        stage.standIn = null;
+        if (goal)
+            goal.forceActiveFocus(LastInput.reason);
         else
-            bar.enter(true);
+            bar.enter(LastInput.byKey);
+        // What had the focus already takes no notice of being given it once more.
+        const control = stage.Window.activeFocusItem as T.Control;
+        if (control)
+            control.focusReason = LastInput.reason;
+        if (!page?.first)
+            stage.standIn = stage.Window.activeFocusItem;
     }
 
-    // What is pressed for it goes from sight, so that the focus does not stay there.
-    function tryAgain(): void {
-        stage.root.tryAgain();
-        stage.enter();
+    // What the stage is about has come.
+    function arrive(): void {
+        if (stage.standIn && stage.standIn.activeFocus)
+            stage.enter();
     }
+
+    // What the page behind a search comes back with shows no ring by itself.
+    onSearchingChanged: if (!stage.searching && stage.activeFocus)
+        Qt.callLater(stage.enter)
 
     Keys.onLeftPressed: event => {
         event.accepted = !stage.root.modal;
@@ -68,6 +82,8 @@ FocusScope {
             column: stage.column
             model: stage.root.bar
             showsChip: stage.root.face.showsScopeChip
+            trail: stage.root.search.trail
+            onReturned: stage.root.backToResults()
             onExited: stage.exited()
         }
         Repeater {
@@ -82,13 +98,18 @@ FocusScope {
                 margin: stage.margin
                 column: stage.column
                 trying: stage.root.trying
-                onTriedAgain: stage.tryAgain()
+                waitingWords: stage.root.waitingWords
+                onTriedAgain: stage.root.tryAgain()
+                onSteppedBack: Qt.callLater(stage.enter)
+                onFirstChanged: if (slot.face.open && slot.first)
+                    stage.arrive()
                 // A page goes later than what it was loaded into.
                 onLoaded: stage.root.seenBy(slot.item)
             }
         }
     }
     Only {
+        id: results
         wanted: stage.searching
 
         SearchFace {
@@ -97,6 +118,9 @@ FocusScope {
             column: stage.column
             search: stage.root.search
             backTo: stage.root.face.title
+            trying: stage.root.trying
+            waitingWords: stage.root.waitingWords
+            onTriedAgain: stage.root.tryAgain()
             focus: true
         }
     }

@@ -36,6 +36,12 @@ void EditorWorlds::switchWorld(EditorWorld world) {
         Q_EMIT worldChanged();
 }
 
+void EditorWorlds::daemonCame() {
+    // Another world reads the real data when it is left.
+    if (m_world == EditorWorld::realData)
+        startLoading();
+}
+
 void EditorWorlds::resetWorld() {
     store().resetWorld();
 }

@@ -28,6 +28,8 @@ public:
     void switchWorld(EditorWorld world);
     /// Reads the current world afresh.
     void resetWorld();
+    /// There is a daemon again: what the one before could not answer is asked anew.
+    void daemonCame();
 
 Q_SIGNALS:
     void worldChanged();

@@ -11,11 +11,14 @@ Loader {
     required property int margin
     required property int column
     required property bool trying
+    required property string waitingWords
 
     readonly property FaceModel face: slot.modelData as FaceModel
     readonly property FacePage page: slot.item as FacePage
+    readonly property Item first: slot.page?.first ?? null
 
     signal triedAgain
+    signal steppedBack
 
     function make(): void {
         if (slot.face.open && slot.item === null)
@@ -40,6 +43,9 @@ Loader {
         function onTriedAgain(): void {
             slot.triedAgain();
         }
+        function onSteppedBack(): void {
+            slot.steppedBack();
+        }
     }
     Binding {
         target: slot.page
@@ -55,5 +61,10 @@ Loader {
         target: slot.page
         property: "trying"
         value: slot.trying
+    }
+    Binding {
+        target: slot.page
+        property: "waitingWords"
+        value: slot.waitingWords
     }
 }

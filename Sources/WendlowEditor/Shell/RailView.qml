@@ -15,6 +15,8 @@ FocusScope {
     // While a key is at work: what it opens shows its ring.
     property bool byKey: false
 
+    readonly property bool typing: field.activeFocus
+
     // The focus is to go to the stage.
     signal exited
 
@@ -37,7 +39,13 @@ FocusScope {
 
     function enterHere(): void {
         const item = places.itemAtIndex(rail.root.rail.hereIndex) ?? field;
-        item.forceActiveFocus(Qt.TabFocusReason);
+        item.forceActiveFocus(LastInput.reason);
+    }
+
+    // Behind the door there was, the first place that it has shown.
+    function focusAt(index: int): void {
+        places.positionViewAtIndex(index, ListView.Contain);
+        (places.itemAtIndex(index) ?? field).forceActiveFocus(LastInput.reason);
     }
 
     function arrow(event: var, by: int): void {
@@ -78,6 +86,13 @@ FocusScope {
         Keys.onEscapePressed: event => {
             event.accepted = rail.root.back();
         }
+        Keys.onPressed: event => {
+            const search = rail.root.search;
+            const page = 8;
+            event.accepted = search.searching && (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown);
+            if (event.accepted)
+                search.select(search.selection + (event.key === Qt.Key_PageUp ? -page : page));
+        }
     }
 
     ListView {
@@ -98,6 +113,8 @@ FocusScope {
 
         T.ScrollBar.vertical: ScrollBar {}
 
+        ReadingOrder { rows: places.contentItem }
+
         delegate: RailRow {
             id: place
 
@@ -105,7 +122,13 @@ FocusScope {
             elsewhere: rail.root.search.searching
             // What has the focus stays where the tabulator key finds it.
             focusPolicy: place.activeFocus || place.here || place.kind === RailModel.Heading || place.kind === RailModel.More ? Qt.StrongFocus : Qt.ClickFocus
-            onClicked: rail.root.rail.activate(place.index)
+            onClicked: {
+                const index = place.index;
+                const isDoor = place.kind === RailModel.More;
+                rail.root.rail.activate(index);
+                if (isDoor)
+                    Qt.callLater(rail.focusAt, index);
+            }
             Keys.onRightPressed: rail.exited()
             // The focus goes along with what is open.
             onHereChanged: if (place.here && places.activeFocus) {

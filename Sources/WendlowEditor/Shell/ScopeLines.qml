@@ -19,6 +19,22 @@ FocusScope {
         content.model.choose(index);
     }
 
+    // To the next line that is meant by what is typed in one go.
+    function look(letter: string): void {
+        const first = pause.running ? content.typed : "";
+        content.typed = first + letter;
+        pause.restart();
+        const found = content.model.lineFor(content.typed, lines.currentIndex + (first.length > 0 ? 0 : 1));
+        if (found >= 0)
+            lines.currentIndex = found;
+    }
+
+    property string typed
+    Timer {
+        id: pause
+        interval: 1000
+    }
+
     function manage(byKey: bool): void {
         content.leftByKey = byKey;
         content.model.manageScopes();
@@ -53,6 +69,8 @@ FocusScope {
 
         T.ScrollBar.vertical: ScrollBar {}
 
+        ReadingOrder { rows: lines.contentItem }
+
         Accessible.role: Accessible.PopupMenu
         Accessible.name: qsTr("Scopes")
 
@@ -67,9 +85,12 @@ FocusScope {
                 [Qt.Key_PageUp]: Math.max(0, lines.currentIndex - 10),
                 [Qt.Key_PageDown]: Math.min(last, lines.currentIndex + 10)
             };
-            event.accepted = event.key in steps;
-            if (event.accepted)
+            const letter = event.text.length > 0 && event.text > " " && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier));
+            event.accepted = event.key in steps || letter;
+            if (event.key in steps)
                 lines.currentIndex = steps[event.key];
+            else if (letter)
+                content.look(event.text);
         }
 
         delegate: T.MenuItem {
@@ -85,6 +106,8 @@ FocusScope {
             width: lines.width
             implicitHeight: 28
             hoverEnabled: true
+            // The tabulator key goes from the list to what is below it, not from line to line.
+            focusPolicy: Qt.NoFocus
             // One line is lit, whether the pointer or a key came to it last.
             onHoveredChanged: if (line.hovered)
                 lines.currentIndex = line.index

@@ -56,6 +56,8 @@ public:
     virtual void switchWorld(EditorWorld world) = 0;
     /// Reads everything afresh.
     virtual void resetWorld() = 0;
+    /// What is being read and does not come is waited for no more.
+    virtual void stopWaiting() {}
 
 Q_SIGNALS:
     /// Once for each event, with all that it changed. The sources have told theirs by then.

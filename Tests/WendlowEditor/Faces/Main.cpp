@@ -5,6 +5,8 @@
 #include "ThemeSource.h"
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
@@ -22,9 +24,12 @@ using namespace Qt::StringLiterals;
 class Bench : public QObject {
     Q_OBJECT
     Q_PROPERTY(wendlow::EditorHost* host READ host CONSTANT)
+    Q_PROPERTY(QString clipboard READ clipboard WRITE setClipboard)
 
 public:
     EditorHost* host() { return &m_host; }
+    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
+    static void setClipboard(const QString& text) { QGuiApplication::clipboard()->setText(text); }
     Q_INVOKABLE wendlow::MemoryFaceModel* memories() {
         return static_cast<MemoryFaceModel*>(&m_host.root()->model(EditorFace::memory));
     }

@@ -109,11 +109,11 @@ Item {
             const list = bench.memories().list.lines;
             const title = list.data(list.index(1, 0), Qt.DisplayRole);
             const open = () => said("StaticText").some(line => line.startsWith("Why: "));
-            verify(bench.press(face, title));
-            tryVerify(open, 2000, "by press");
             const row = bench.middle(face, title);
             mouseClick(scene, row.x, row.y);
-            tryVerify(() => !open(), 2000, "by click");
+            tryVerify(open, 2000, "by click");
+            verify(bench.press(face, title));
+            tryVerify(() => !open(), 2000, "by press");
             write("backup");
             const hits = root.search.hits;
             const first = hits.data(hits.index(0, 0), Qt.DisplayRole);
@@ -168,7 +168,7 @@ Item {
             keyClick(Qt.Key_Return);
             verify(list.currentItem.open);
             keyClick(Qt.Key_Escape);
-            verify(!list.currentItem.open);
+            verify(root.search.searching, "it stands as it was found");
         }
 
         function test_theArrowsReadATallMemoryBeforeTheyLeaveIt(): void {
@@ -178,7 +178,7 @@ Item {
             write("tide");
             keyClick(Qt.Key_Return);
             const list = scene.Window.activeFocusItem.ListView.view;
-            scene.height = 270;
+            scene.height = 310;
             keyClick(Qt.Key_Return);
             keyClick(Qt.Key_Return);
             tryVerify(() => list.currentItem.height > list.height, 2000, "it is taller than the list: " + list.currentItem.height + " " + list.height);
@@ -265,6 +265,82 @@ Item {
             verify(focused().ringed);
             compare(focused().picks, 1);
             compare(bench.openType(), "decision", "Escape closed the panel alone");
+        }
+
+        // By a ring, as a text being typed, or as the line of a menu.
+        function showsFocus(item) {
+            return item.ringed === true || item.parent.ringed === true || item.cursorVisible === true || item.lit === true || item.highlighted === true;
+        }
+        // Any keys in any order: what has the focus is there, is seen, and shows it.
+        function test_whateverIsPressedTheFocusIsSeen_data(): var {
+            return [1, 2, 3, 4].map(seed => ({ tag: "walk " + seed, seed }));
+        }
+        function test_whateverIsPressedTheFocusIsSeen(data: var): void {
+            const keys = ["Tab", "Tab", "Tab", "Backtab", "Up", "Down", "Down", "Left", "Right", "Right", "Return", "Return", "Space", "Escape", "Home", "End", "PageDown", "PageUp", "Menu", "B", "A"];
+            const walked = [];
+            let state = data.seed;
+            for (let at = 0; at < 250; ++at) {
+                state = (state * 1103515245 + 12345) % 2147483648;
+                const key = keys[Math.floor(state / 65536) % keys.length];
+                walked.push(key);
+                const before = String(scene.Window.activeFocusItem);
+                keyClick(Qt["Key_" + key]);
+                wait(1);
+                const focused = scene.Window.activeFocusItem;
+                const where = () => walked.slice(-6).join(" ") + " at " + focused + " " + (focused?.text ?? "") + " after " + before;
+                verify(focused && focused.visible && focused.width > 0, "nothing is seen: " + where());
+                verify(showsFocus(focused), "no ring: " + where());
+            }
+        }
+
+        function test_aDoorGivesTheFocusToTheFirstPlaceBehindIt(): void {
+            verify(bench.press(face, "4 more"));
+            tryVerify(() => scene.Window.activeFocusItem.title === "decisions");
+        }
+
+        function test_aMemoryIsCopiedFromItsRow(): void {
+            bench.world("someData");
+            wait(0);
+            face.forceActiveFocus();
+            write("tide");
+            keyClick(Qt.Key_Return);
+            tryVerify(() => scene.Window.activeFocusItem.known);
+            const row = scene.Window.activeFocusItem;
+            for (const [keys, begins] of [[[], row.title], [[Qt.Key_Menu, Qt.Key_Return], row.title], [[Qt.Key_Menu, Qt.Key_Down, Qt.Key_Return], row.title], [[Qt.Key_Menu, Qt.Key_Down, Qt.Key_Down, Qt.Key_Return], "/"]]) {
+                bench.clipboard = "";
+                if (keys.length === 0)
+                    keyClick(Qt.Key_C, Qt.ControlModifier);
+                for (const key of keys) {
+                    keyClick(key);
+                    wait(1);
+                }
+                tryVerify(() => bench.clipboard.startsWith(begins), 2000, keys + ": " + bench.clipboard);
+                compare(bench.clipboard.includes("\n\nWhy: "), keys.length === 3);
+                tryVerify(() => row.copied && row.activeFocus && row.ringed, 2000, "told where it was copied from");
+            }
+        }
+
+        function test_whatIsMadeUpSaysSoAndLeadsBack(): void {
+            says("AlertMessage", "These memories are made up.");
+            verify(bench.press(face, "Back to my real data"));
+            tryVerify(() => !said("AlertMessage").includes("These memories are made up."));
+            tryVerify(() => scene.Window.activeFocusItem?.visible === true && scene.Window.activeFocusItem.width > 0);
+        }
+
+        function test_aHitLeadsBackToItsResults(): void {
+            write("backup");
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Return);
+            verify(!root.search.searching);
+            says("Button", "Results for “backup”*");
+            for (const back of [() => keyClick(Qt.Key_Escape), () => keyClick(Qt.Key_Left, Qt.AltModifier), () => verify(bench.press(face, "Results for “backup”"))]) {
+                back();
+                verify(root.search.searching);
+                compare(root.search.selection, 1);
+                tryVerify(() => showsFocus(scene.Window.activeFocusItem));
+                keyClick(Qt.Key_Return);
+                verify(!root.search.searching);
+            }
         }
 
         function test_scrollingShowsPageAfterPage(): void {

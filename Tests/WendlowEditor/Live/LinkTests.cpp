@@ -66,6 +66,31 @@ TEST(EditorLink, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
     EXPECT_THAT(notes, ElementsAre(::testing::HasSubstr("read.grab")));
 }
 
+TEST(EditorLink, waitsNoMoreForWhatOnlyReads) {
+    const auto client = std::make_shared<ScriptedClient>();
+    EditorLink link(client);
+    Log log;
+    const auto read = ask(link, "read", Lane::now, log);
+    const auto next = ask(link, "next", Lane::now, log);
+    link.abandon();
+    EXPECT_THAT(log, ElementsAre("read:Wendlow has not answered."));
+    EXPECT_EQ(client->sent().size(), 2U) << "the next one's turn has come";
+    client->answer(AnswerCase::Failure{"late"});
+    EXPECT_EQ(log.size(), 1U);
+    client->answer(AnswerCase::Failure{"b"});
+    EXPECT_EQ(log.back(), "next:b");
+    const auto write = [&]() -> QCoro::Task<> {
+        const GatewayRequest request = NotesRequest(NotesCase::MapPath{});
+        const auto reply = co_await link.send(request, Lane::now);
+        log.push_back(std::get<AnswerCase::Failure>(reply.response).message);
+    };
+    const auto written = write();
+    link.abandon();
+    EXPECT_EQ(log.size(), 2U) << "it may have been done";
+    client->answer(AnswerCase::Failure{"done"});
+    EXPECT_EQ(log.back(), "done");
+}
+
 /// Browses whose answers the test gives, and what each caller got.
 struct Browsing {
     Browsing() : browses([this](EditorAsk ask) { return answered(std::move(ask)); }) {}

@@ -159,8 +159,11 @@ TEST(MemoriesModel, EachStateSaysItsOwn) {
     Face grid(std::nullopt);
     grid.show();
     EXPECT_EQ(grid.model.emptyWords(), "Reading your memories…");
+    EXPECT_EQ(grid.model.nextStep(), "");
     grid.settle({});
     EXPECT_EQ(grid.model.emptyWords(), "Nothing here yet.");
+    EXPECT_EQ(grid.model.nextStep(),
+              "Connect an AI tool in Settings. What it remembers will be here.");
     EXPECT_FALSE(grid.model.isFilled());
     grid.pages.types = {{.name = "entry", .count = 3}, {.name = "rule", .count = 9}};
     grid.show();
@@ -203,6 +206,24 @@ TEST(MemoriesModel, GoesOnForWhoScrollsFasterThanTheStoreAnswers) {
         if (held == 12)
             face.readOn();
     }
+}
+
+TEST(MemoriesModel, ItsEndIsTheLastOfAllThatThereAre) {
+    Face face;
+    const QSignalSpy revealed(&face.list(), &MemoriesModel::revealed);
+    face.answer = settled(face.ask, memories(50));
+    face.answer.total = 4000;
+    face.show();
+    face.list().goToEnd();
+    EXPECT_EQ(face.ask.limit, 4012);
+    EXPECT_EQ(revealed.count(), 0) << "they are to come";
+    face.settle(memories(4000));
+    ASSERT_EQ(revealed.count(), 1);
+    EXPECT_EQ(revealed[0][0], 3999);
+    face.list().goToEnd();
+    EXPECT_EQ(revealed.count(), 2) << "at once, for they are there";
+    face.settle(memories(4001));
+    EXPECT_EQ(revealed.count(), 2);
 }
 
 TEST(MemoriesModel, ReadingOnTouchesNoRowThatIsThere) {
@@ -252,8 +273,17 @@ TEST(MemoriesModel, ARowOpensToItsWhyAndBody) {
     EXPECT_EQ(face.line(0, MemoryLines::WhyRole), "One<br>two.");
     EXPECT_EQ(face.line(0, MemoryLines::BodyRole), "The <b>backup</b> &amp; more");
     EXPECT_EQ(face.line(0, MemoryLines::FactsRole), "/work · with Jonas · area press · owner Ines");
+    EXPECT_EQ(face.lines().textOf(0), "Keep <two> copies\n\nThe backup & more");
+    EXPECT_EQ(face.lines().textWithWhy(0),
+              "Keep <two> copies\n\nThe backup & more\n\nWhy: One\ntwo.");
+    EXPECT_EQ(face.lines().idOf(0), "x");
     face.list().toggle(0);
     EXPECT_EQ(face.line(0, MemoryLines::BodyRole), "");
+    hit.memory.title = "The backup";
+    face.settle({hit, memory("unread")});
+    EXPECT_EQ(face.lines().textOf(0), "The backup & more") << "its first line stands once";
+    EXPECT_EQ(face.lines().textOf(1), "") << "half a memory is not copied";
+    EXPECT_EQ(face.lines().idOf(2), "");
 }
 
 TEST(MemoryFace, CountsWhatTheLastAnswerAboutMemoriesCounted) {
@@ -341,6 +371,24 @@ TEST(FilterBar, PicksMakeFiltersAndLeaveNoTrace) {
     EXPECT_THAT(face.ask.scopes, ElementsAre("/a")) << "the scope is no filter";
     bar.clearPanel();
     EXPECT_EQ(face.ask, before);
+}
+
+TEST(FilterBar, KeepsItsOrderWhileItIsPickedFrom) {
+    Face face;
+    const auto count = [&](const std::vector<std::string>& keys) {
+        face.answer = settled(face.ask);
+        for (const std::string& key : keys)
+            face.answer.filterKeyCounts.push_back({.name = key, .count = 1});
+        face.answer.filterValueCounts["a"] = {{.name = keys[0], .count = 2}, {.name = keys[1]}};
+        face.show();
+        return face.column(*face.filters().chips(), FilterChips::LabelRole).join(u' ');
+    };
+    EXPECT_EQ(count({"a", "b", "c"}), "scope a b c");
+    face.filters().togglePanel(QStringLiteral("a"));
+    face.filters().toggleValue(0);
+    EXPECT_EQ(count({"c", "new", "b", "a"}), "scope a b c new");
+    face.filters().clearAll();
+    EXPECT_EQ(count({"c", "b", "a"}), "scope c b a") << "as the daemon counts them";
 }
 
 TEST(FilterBar, HundredsOfKeysStandBehindADoor) {

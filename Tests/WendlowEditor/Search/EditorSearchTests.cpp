@@ -32,9 +32,13 @@ struct Searching {
     ScriptedMods mods;
     ScriptedScopes scopes;
     EditorDetails details{pages};
-    EditorSearch search{{.pages = pages, .meetings = meetings, .mods = mods, .scopes = scopes},
+    EditorSearch search{{.pages = pages,
+                         .meetings = meetings,
+                         .mods = mods,
+                         .scopes = scopes,
+                         .opensOn = [](EditorFace face) { return face == EditorFace::memory; }},
                         details,
-                        [this] { return now; }};
+                        {.steady = [this] { return now; }, .noticeable = 0ms}};
     QAbstractItemModelTester tester{search.hits()};
     std::vector<std::string> opened; ///< titles, with a star where a key did it
 
@@ -163,9 +167,85 @@ TEST(EditorSearch, TheSelectionStopsAtTheEndsAndStaysWithItsHit) {
     meetings.list.reset();
     search.rebuild();
     EXPECT_EQ(search.selectionIndex(), 2);
+    EXPECT_EQ(search.hits()->row(2).hit.title, "/mara");
+    search.select(99);
+    search.select(-5);
+    EXPECT_EQ(search.selectionIndex(), 0);
+}
+
+TEST(EditorSearch, AHitThatWasOpenedLeadsBackToItsPage) {
+    Searching window;
+    auto& search = window.search;
+    EXPECT_FALSE(search.goBack());
+    window.searchFor("mara", memories(4));
+    search.select(2);
     search.commit();
-    EXPECT_THAT(opened, ElementsAre("/mara*"));
+    EXPECT_THAT(window.opened, ElementsAre("Number 2*"));
     EXPECT_FALSE(search.searching());
+    EXPECT_EQ(search.trail(), "Results for “mara”");
+    const auto asked = window.pages.asked.size();
+    EXPECT_TRUE(search.goBack());
+    EXPECT_EQ(window.pages.asked.size(), asked) << "nothing has changed";
+    EXPECT_EQ(search.text(), "mara");
+    EXPECT_EQ(search.selectionIndex(), 2);
+    EXPECT_EQ(search.trail(), "");
+    // What the store held has changed meanwhile: the page is there at once, and read anew.
+    search.commit();
+    search.storeRead();
+    EXPECT_TRUE(search.goBack());
+    EXPECT_TRUE(search.busy());
+    EXPECT_EQ(window.titles().size(), 4U);
+    EditorMemoryHits fewer = memories(4);
+    fewer.erase(fewer.begin());
+    window.find(fewer);
+    EXPECT_EQ(search.selectionIndex(), 1) << "the same row";
+    search.commit();
+    search.forgetTrail();
+    EXPECT_FALSE(search.goBack());
+}
+
+TEST(EditorSearch, AHitOfAFaceToComeOpensInItsPlace) {
+    Searching window;
+    auto& search = window.search;
+    window.meetings.list = {{.id = "m", .title = "Mara's talk", .speakers = {"Ada"}}};
+    window.searchFor("mara", {memory("r", "rule", "Ask Mara")});
+    const auto unfolded = [&](int row) {
+        return search.hits()->data(search.hits()->index(row), SearchHitList::UnfoldedTextRole);
+    };
+    search.openHit(0);
+    EXPECT_EQ(unfolded(0), "Mara's talk\nAda");
+    search.openHit(1);
+    window.explain("She knows.");
+    EXPECT_EQ(unfolded(0), "") << "one at a time";
+    EXPECT_EQ(unfolded(1), "Ask Mara\nShe knows.");
+    EXPECT_THAT(window.opened, IsEmpty());
+    EXPECT_EQ(search.selectionIndex(), 1);
+    EXPECT_TRUE(search.foldUp());
+    EXPECT_EQ(unfolded(1), "");
+    EXPECT_FALSE(search.foldUp());
+}
+
+TEST(EditorSearch, WhatIsFoundHereDoesNotWaitForTheDaemon) {
+    Searching window;
+    auto& search = window.search;
+    window.scopes.root.children = {{.id = "/mara", .title = "mara"}, {.id = "/jo", .title = "jo"}};
+    search.setText("mara");
+    EXPECT_THAT(window.titles(), IsEmpty()) << "it may be quick";
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(search.slow());
+    EXPECT_THAT(window.titles(), ElementsAre("/mara"));
+    EXPECT_EQ(search.selectionIndex(), -1) << "Return waits for the page";
+    search.moveBy(1);
+    window.find({memory("a", "note", "New")});
+    EXPECT_FALSE(search.slow());
+    EXPECT_THAT(window.titles(), ElementsAre("New", "/mara"));
+    EXPECT_EQ(search.selectionIndex(), 1) << "what was chosen stays so";
+    search.setText("jo");
+    QCoreApplication::processEvents();
+    EXPECT_THAT(window.titles(), ElementsAre("New", "/jo")) << "what was found stays meanwhile";
+    search.select(1);
+    search.commit();
+    EXPECT_NE(search.hits()->row(1).unfolded, "") << "it is of this term";
 }
 
 TEST(EditorSearch, AHitIsOfTheTermThatIsSearchedForNow) {
@@ -198,7 +278,7 @@ TEST(EditorSearch, WhyAndBodyComeForTheTermThatIsSearchedForNow) {
     EXPECT_THAT(pages.detailsAsked, ElementsAre("decision0", "new"));
     // The store has been read anew while they were under way.
     details.clear();
-    search.fetchDetails();
+    search.storeRead();
     pages.answerDetail(EditorMemoryDetail{.id = "new", .why = "old backups", .body = {}});
     EXPECT_EQ(window.subtitle(), "note · /");
     pages.answerDetail(EditorMemoryDetail{.id = "new", .why = "the backups", .body = {}});

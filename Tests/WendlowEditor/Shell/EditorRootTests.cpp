@@ -106,6 +106,81 @@ TEST(EditorRoot, ShowsAStoreThatHasGivenUpAsFailedUntilItHasNot) {
     EXPECT_FALSE(root.isTrying());
 }
 
+TEST(EditorRoot, SaysThatItStillWaitsAndLetsGoOfItWhenTold) {
+    ScriptedStore store;
+    EditorRoot root(store, {.patience = std::chrono::milliseconds(0)});
+    QStringList told;
+    QObject::connect(&root, &EditorRoot::told, [&](const QString& words) { told.append(words); });
+    EXPECT_EQ(root.waitingWords(), "");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(root.waitingWords(), "Still waiting for Wendlow…");
+    EXPECT_EQ(told.join(u'|'), "Still waiting for Wendlow…");
+    root.tryAgain();
+    EXPECT_EQ(store.stops, 1) << "or what is asked now would wait behind it";
+    EXPECT_EQ(root.waitingWords(), "");
+    store.page.settle();
+    store.page.answer(EditorAnswer::failed("No.", store.page.asked.back()));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(root.waitingWords(), "") << "it has come";
+    EXPECT_EQ(told.back(), "No.");
+    root.tryAgain();
+    EXPECT_EQ(store.stops, 1) << "nothing is stuck";
+    EXPECT_TRUE(root.isTrying());
+    store.page.settle();
+    EXPECT_FALSE(root.isTrying());
+}
+
+TEST(EditorRoot, LooksAgainWhereThereIsNothing) {
+    Window window;
+    auto& store = window.store;
+    EXPECT_EQ(store.mod.loads, 0);
+    window.root.lookAgain();
+    EXPECT_EQ(store.generationNow, 1);
+    EXPECT_EQ(store.mod.loads, 1) << "behind the page";
+    window.root.lookAgain();
+    EXPECT_EQ(store.generationNow, 1) << "it is looking";
+    store.page.types = {{.name = "note", .count = 1}};
+    store.page.settle();
+    window.root.lookAgain();
+    EXPECT_EQ(store.generationNow, 1);
+    store.error = "The door is shut.";
+    window.root.lookAgain();
+    EXPECT_EQ(store.generationNow, 2);
+    EXPECT_EQ(store.mod.loads, 1) << "nobody is there to ask";
+}
+
+TEST(EditorRoot, AHitLeadsBackToItsResultsAsLongAsItsPlaceIsOpen) {
+    Window window;
+    auto& [store, root, face, list] = window;
+    const auto open = [&] {
+        root.search()->clear();
+        while (store.page.isWaiting())
+            store.page.settle(memories(3));
+        window.search("number", memories(3));
+        root.search()->openHit(1);
+        if (store.page.isWaiting())
+            store.page.settle(memories(3));
+    };
+    open();
+    EXPECT_TRUE(root.back());
+    EXPECT_TRUE(root.search()->searching());
+    EXPECT_EQ(root.search()->selectionIndex(), 1);
+    open();
+    list.toggle(0);
+    EXPECT_TRUE(root.back());
+    EXPECT_FALSE(root.search()->searching()) << "what was opened since is closed first";
+    EXPECT_TRUE(root.back());
+    EXPECT_TRUE(root.search()->searching());
+    for (const auto& leave :
+         {std::function([&] { root.rail()->activate(0); }), std::function([&] { face.close(); }),
+          std::function([&] { root.setFace(EditorFace::mods); })}) {
+        open();
+        leave();
+        EXPECT_EQ(root.search()->trail(), "");
+        EXPECT_FALSE(root.backToResults());
+    }
+}
+
 TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
     ScriptedStore store;
     {

@@ -81,6 +81,10 @@ TEST(FaceBar, SaysWhichScopesAndPicksOne) {
     store.tell();
     EXPECT_EQ(bar.rowCount(), 5002);
     EXPECT_EQ(spoken(rail).last(), "Scopes, 5001");
+    EXPECT_EQ(bar.lineFor("S4999", 5), 5001);
+    EXPECT_EQ(bar.lineFor("s1", 4), 12) << "the next";
+    EXPECT_EQ(bar.lineFor("s2", 5001), 4) << "and around";
+    EXPECT_EQ(bar.lineFor("x", 0), -1);
     bar.choose(2);
     EXPECT_EQ(bar.label(), "/s0");
     EXPECT_EQ(bar.pickedIndex(), 2);
@@ -122,8 +126,19 @@ TEST(EditorWorlds, EachWorldHasItsOwnRoot) {
     EXPECT_GT(memoriesOf(host).cards()->rowCount(), 5);
     worlds.resetWorld();
     EXPECT_EQ(worlds.seeded().generation(), generation + 3);
-    worlds.switchWorld(EditorWorld::realData);
+    EXPECT_TRUE(host.isMadeUp());
+    host.backToRealData();
     EXPECT_EQ(worlds.world(), EditorWorld::realData);
+    EXPECT_FALSE(host.isMadeUp());
+    QCoreApplication::processEvents();
+    while (client->isWaiting())
+        client->answer(client->sent().back().find("scopeBoard") != std::string::npos
+                           ? GatewayResponse(AnswerCase::ScopeBoard())
+                           : AnswerCase::TextBrowse());
+    const auto sent = client->sent().size();
+    worlds.daemonCame();
+    QCoreApplication::processEvents();
+    EXPECT_GT(client->sent().size(), sent) << "there is somebody to ask now";
 }
 
 TEST(EditorHost, HoldsARootAsLongAsItIsLookedAt) {

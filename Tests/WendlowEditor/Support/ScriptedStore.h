@@ -108,11 +108,12 @@ public:
 class ScriptedMods final : public ModSource {
 public:
     std::optional<EditorModsBoard> board;
+    int loads = 0;
 
     const std::optional<EditorModsBoard>& modsBoard() const override { return board; }
     bool modsLoaded() const override { return true; }
     std::optional<std::string> modsError() const override { return std::nullopt; }
-    void loadMods() override {}
+    void loadMods() override { ++loads; }
 };
 
 class ScriptedScopes final : public ScopeSource {
@@ -181,6 +182,7 @@ public:
     std::int64_t generationNow = 0;
     std::optional<std::string> error;
     bool loadingNow = false;
+    int stops = 0;
     ScriptedPages page;
     ScriptedMeetings meeting;
     ScriptedMods mod;
@@ -207,6 +209,7 @@ public:
     ScriptedTiles& tiles() override { return tile; }
     void switchWorld(EditorWorld /*world*/) override {}
     void resetWorld() override { grow(); }
+    void stopWaiting() override { ++stops; }
 };
 
 } // namespace wendlow::testing
