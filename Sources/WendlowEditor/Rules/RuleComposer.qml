@@ -19,8 +19,9 @@ Sheet {
         const row = choices.itemAt(choice);
         if (row === null)
             return;
-        composer.model.picked = choice;
+        // In this order: what has the focus cannot cease to be a stop of Tab.
         row.forceActiveFocus(Qt.TabFocusReason);
+        composer.model.picked = choice;
     }
 
     Label {

@@ -48,7 +48,6 @@ FacePage {
         id: list
 
         property bool byKey: false
-        property bool pressed: false
 
         // To a stop, with the focus.
         function go(index: int): void {
@@ -82,12 +81,14 @@ FacePage {
         keyNavigationEnabled: false
         model: page.face.rows
         onCountChanged: settling.restart()
-        onActiveFocusChanged: if (list.activeFocus && !list.pressed) {
-            list.byKey = true;
+        onActiveFocusChanged: if (list.activeFocus) {
+            list.byKey = LastInput.byKey;
             list.settle();
         }
 
         T.ScrollBar.vertical: ScrollBar {}
+
+        ReadingOrder { rows: list.contentItem }
 
         Accessible.role: Accessible.List
         Accessible.name: page.face.listName
@@ -131,19 +132,15 @@ FacePage {
 
             x: page.margin
             width: page.column
-            // In the order of the screen for a screen reader too, and not in that in which rows were made.
-            z: row.index
             face: page.face
             chosen: row.ListView.isCurrentItem && list.activeFocus
             ringed: row.chosen && list.byKey
             onPressed: row.claimed()
             onClaimed: {
-                list.pressed = true;
-                list.byKey = false;
+                list.byKey = LastInput.byKey;
                 if (row.stop)
                     list.currentIndex = row.index;
-                list.forceActiveFocus(Qt.MouseFocusReason);
-                list.pressed = false;
+                (list.currentItem ?? list).forceActiveFocus(LastInput.reason);
             }
         }
     }

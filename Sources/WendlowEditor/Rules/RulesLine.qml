@@ -47,6 +47,9 @@ T.ItemDelegate {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     text: row.words
+    // A field that goes with the focus leaves it to its row.
+    onEditingChanged: if (!row.editing && row.chosen)
+        row.claimed()
 
     Accessible.ignored: !row.listed
     Accessible.name: row.words.length > 0 ? row.words : row.lead
