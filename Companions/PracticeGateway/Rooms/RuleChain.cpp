@@ -72,14 +72,14 @@ std::expected<RuleManner, std::string> RuleManner::parse(std::string_view words)
 
 std::string RuleChain::card(const RuleManner& manner) const {
     std::string card;
-    if (manner.warning)
-        card += "⚠ Wendlow — the Delivery pass has not run since yesterday, so this card is old.\n";
     if (unreadable > 0)
         card +=
             fmt::format("⚠ Wendlow — {} here {} a rules-file tag that names no module and {} "
                         "no session.\n",
                         unreadable == 1 ? "1 rule" : fmt::format("{} rules", unreadable),
                         unreadable == 1 ? "has" : "have", unreadable == 1 ? "reaches" : "reach");
+    if (manner.warning)
+        card += "⚠ Wendlow — the Delivery pass has not run since yesterday, so this card is old.\n";
     std::string_view level;
     for (const Line& line : lines) {
         if (line.scope != level)
