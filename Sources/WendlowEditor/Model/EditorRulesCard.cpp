@@ -17,10 +17,11 @@ constexpr std::string_view headingEnd = " rules:";
 /// A path without empty pieces: "/" before each of them, and nothing for none.
 std::string tidied(std::string_view path) {
     std::string made;
+    made.reserve(path.size() + 1);
     while (!path.empty()) {
         const auto end = std::min(path.find('/'), path.size());
         if (end > 0)
-            made.append("/").append(path.substr(0, end));
+            (made += '/') += path.substr(0, end);
         path.remove_prefix(std::min(end + 1, path.size()));
     }
     return made;
@@ -32,13 +33,33 @@ std::string unescaped(std::string_view text) {
     std::string plain;
     plain.reserve(text.size());
     while (!text.empty()) {
+        const auto mark = std::min(text.find('&'), text.size());
+        plain += text.substr(0, mark);
+        text.remove_prefix(mark);
+        if (text.empty())
+            break;
         const auto entity = std::ranges::find_if(
             entities, [&](const auto& each) { return text.starts_with(each.first); });
         const bool found = entity != entities.end();
-        plain += found ? entity->second : text.front();
+        plain += found ? entity->second : '&';
         text.remove_prefix(found ? entity->first.size() : 1);
     }
     return plain;
+}
+
+/// What stands between the quotes of an attribute, as it is written.
+std::optional<std::string_view> written(std::string_view name, std::string_view line) {
+    constexpr std::string_view opening = "=\"";
+    for (auto at = line.find(name); at != std::string_view::npos; at = line.find(name, at + 1)) {
+        const std::string_view rest = line.substr(at + name.size());
+        if (!rest.starts_with(opening))
+            continue;
+        const auto end = rest.find('"', opening.size());
+        if (end == std::string_view::npos)
+            return std::nullopt;
+        return rest.substr(opening.size(), end - opening.size());
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -46,6 +67,8 @@ std::string unescaped(std::string_view text) {
 EditorRulesCard EditorRulesCard::parse(std::string scope, std::string card) {
     EditorRulesCard made{.scope = std::move(scope), .raw = std::move(card)};
     std::optional<std::string_view> heading;
+    // About as many as there are: a large card's lines are not to be moved about as they grow.
+    made.inlineRules.reserve(made.raw.size() / 64);
     for (std::string_view rest = made.raw; !rest.empty();) {
         const auto end = std::min(rest.find('\n'), rest.size());
         const std::string_view line = Blanks::trimmed(rest.substr(0, end));
@@ -78,15 +101,17 @@ void EditorRulesCard::takeTag(std::string_view line) {
     if (!line.starts_with('<') || !line.ends_with("/>"))
         return;
     const auto name = tagName(line);
-    auto trigger = attribute("trigger", line);
-    auto file = attribute("file", line);
-    const auto rev = decimalInteger(attribute("rev", line).value_or(""));
-    if (name && trigger && file && rev)
-        files.push_back({.scope = fileScope(*file),
-                         .name = std::string(*name),
-                         .trigger = *std::move(trigger),
-                         .file = *std::move(file),
-                         .rev = *rev});
+    const auto trigger = written("trigger", line);
+    const auto file = written("file", line);
+    const auto rev = decimalInteger(written("rev", line).value_or(""));
+    if (!name || !trigger || !file || !rev)
+        return;
+    EditorRulesFileEntry& entry = files.emplace_back();
+    entry.name = *name;
+    entry.trigger = unescaped(*trigger);
+    entry.file = unescaped(*file);
+    entry.scope = fileScope(entry.file);
+    entry.rev = *rev;
 }
 
 bool EditorRulesCard::isNewShape() const {
@@ -119,22 +144,17 @@ std::optional<EditorRuleLine> EditorRulesCard::ruleLine(std::string_view line,
     const auto mark = line.rfind(opening);
     if (mark == std::string_view::npos || mark + opening.size() == line.size())
         return std::nullopt;
-    return EditorRuleLine{.id = std::string(line.substr(mark + opening.size())),
-                          .text = std::string(Blanks::trimmed(line.substr(0, mark))),
-                          .scope = std::string(scope)};
+    std::optional<EditorRuleLine> made(std::in_place);
+    made->id = line.substr(mark + opening.size());
+    made->text = Blanks::trimmed(line.substr(0, mark));
+    made->scope = scope;
+    return made;
 }
 
 std::optional<std::string> EditorRulesCard::attribute(std::string_view name,
                                                       std::string_view line) {
-    const std::string opening = std::string(name).append("=\"");
-    const auto start = line.find(opening);
-    if (start == std::string_view::npos)
-        return std::nullopt;
-    line.remove_prefix(start + opening.size());
-    const auto end = line.find('"');
-    if (end == std::string_view::npos)
-        return std::nullopt;
-    return unescaped(line.substr(0, end));
+    const auto value = written(name, line);
+    return value ? std::optional(unescaped(*value)) : std::nullopt;
 }
 
 std::optional<std::string_view> EditorRulesCard::tagName(std::string_view line) {
