@@ -8,6 +8,9 @@
 
 namespace wendlow {
 
+// GCC wants an initializer for each field that a designated list may leave out.
+// NOLINTBEGIN(readability-redundant-member-init)
+
 /// A line of the face of the rules.
 struct RulesRow {
     enum class Kind {
@@ -48,6 +51,8 @@ struct RulesRow {
                kind == Kind::group || canAdd || canRetry;
     }
 };
+
+// NOLINTEND(readability-redundant-member-init)
 
 /// What the face of the rules says of a picture.
 namespace RulesPage {
