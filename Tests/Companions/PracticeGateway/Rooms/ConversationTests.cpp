@@ -154,7 +154,8 @@ TEST(Conversation, AnswersAboutRulesAsItIsToldTo) {
         {"other-scope", false, R"("path":"/a")"},
         {"no-card", true, R"({"standingWalk":{}})"},
         {"other-path", false, R"({"standingWalk":{"_0":{"path":"/","levels")"},
-        {"warning,other-path", true, R"("card":"⚠ Wendlow — the Delivery pass)"},
+        {"warning,other-path", true,
+         R"(\n⚠ Wendlow — the Delivery pass has not run since yesterday, so this card is old.\nGlobal)"},
         {"overflow", false, R"("rules":["s"]}],"overflow":1})"},
     };
     for (const auto& [words, card, says] : ways) {
