@@ -44,6 +44,11 @@ std::expected<void, std::string> PracticeGateway::fill(FillSize size) {
     return m_rooms->fill(size);
 }
 
+void PracticeGateway::answerRules(RuleManner manner) {
+    m_lane.waitForDone();
+    m_rooms->rules().setManner(manner);
+}
+
 QCoro::Task<GatewayResponse> PracticeGateway::handle(GatewayRequest request) {
     const auto shutDown = isShutdown(request) ? m_hooks.shutDown : nullptr;
     const QFuture<GatewayResponse> future = QtConcurrent::run(

@@ -13,6 +13,7 @@
 #include "Clock.h"
 #include "Fill/FillSize.h"
 #include "GatewayEvent.h"
+#include "RuleChain.h"
 
 namespace wendlow {
 
@@ -43,6 +44,8 @@ public:
     /// Fills an empty database; any other is left as it is. Before the first request. The error is
     /// a sentence.
     std::expected<void, std::string> fill(FillSize size);
+    /// How it answers about rules. Before the first request.
+    void answerRules(RuleManner manner);
 
     /// The calling thread needs an event loop; it gets the answer.
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;

@@ -51,6 +51,7 @@ int main(int count, char** words) {
     if (options->fill)
         if (const auto filled = (*gateway)->fill(*options->fill); !filled)
             return complain(couldNotStart, filled.error());
+    (*gateway)->answerRules(options->rules);
     GatewayService service(*gateway, bus, options->misbehaviour);
     face = &service;
     QTimer clock;

@@ -36,5 +36,6 @@ Flickable {
 
         BenchStates { width: 760 }
         BenchParts { width: 376 }
+        BenchForms { width: 376 }
     }
 }

@@ -11,9 +11,10 @@ Flickable {
     property int columnWidth: 660
     property int sideMargin: Theme.space48
     property int above: 40
+    property int below: page.sideMargin
 
     contentWidth: page.width
-    contentHeight: column.y + column.implicitHeight + page.sideMargin
+    contentHeight: column.y + column.implicitHeight + page.below
     boundsBehavior: Flickable.StopAtBounds
     pixelAligned: true
     clip: page.contentHeight > page.height

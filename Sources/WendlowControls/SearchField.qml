@@ -45,33 +45,7 @@ T.TextField {
         field.forceActiveFocus(Qt.MouseFocusReason);
     }
 
-    // Stands still while it is typed at, and blinks when it rests.
-    cursorDelegate: Rectangle {
-        id: caret
-
-        property bool lit: true
-
-        width: 1
-        color: Theme.accent
-        visible: field.cursorVisible && caret.lit
-
-        Timer {
-            id: blink
-            interval: 500
-            repeat: true
-            running: field.cursorVisible && !Theme.reduceMotion
-            onTriggered: caret.lit = !caret.lit
-            onRunningChanged: caret.lit = true
-        }
-        Connections {
-            target: field
-            function onCursorPositionChanged(): void {
-                caret.lit = true;
-                if (blink.running)
-                    blink.restart();
-            }
-        }
-    }
+    cursorDelegate: Caret { field: field }
 
     background: Rectangle {
         radius: Theme.radiusButton

@@ -47,6 +47,7 @@ public:
                         m_daemon);
     }
     DocumentStore& documents() { return m_documents; }
+    RuleRoom& rules() { return m_rules; }
 
 private:
     void fillState();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -43,14 +45,32 @@ std::string attribute(std::string_view text) {
 }
 
 /// Where the module lies below the root of all rules: its scope is its folder.
-std::string fileOf(const RuleChain::Module& module) {
+std::string fileOf(const RuleChain::Module& module, const RuleManner& manner) {
+    if (manner.olderCard)
+        return module.name + ".md";
     const std::string_view folder = std::string_view(module.scope).substr(1);
     return fmt::format("{}{}{}.md", folder, folder.empty() ? "" : "/", module.name);
 }
 
 } // namespace
 
-std::string RuleChain::card() const {
+std::expected<RuleManner, std::string> RuleManner::parse(std::string_view words) {
+    static constexpr std::pair<std::string_view, bool RuleManner::*> ways[] = {
+        {"older-card", &RuleManner::olderCard}, {"other-scope", &RuleManner::otherScope},
+        {"no-card", &RuleManner::noCard},       {"other-path", &RuleManner::otherPath},
+        {"warning", &RuleManner::warning},      {"overflow", &RuleManner::overflow}};
+    RuleManner manner;
+    for (const auto piece : std::views::split(words, ',')) {
+        const std::string_view word(piece.begin(), piece.end());
+        const auto way = std::ranges::find(ways, word, [](const auto& each) { return each.first; });
+        if (way == std::end(ways))
+            return std::unexpected(std::string(word));
+        manner.*(way->second) = true;
+    }
+    return manner;
+}
+
+std::string RuleChain::card(const RuleManner& manner) const {
     std::string card;
     if (unreadable > 0)
         card +=
@@ -58,6 +78,8 @@ std::string RuleChain::card() const {
                         "no session.\n",
                         unreadable == 1 ? "1 rule" : fmt::format("{} rules", unreadable),
                         unreadable == 1 ? "has" : "have", unreadable == 1 ? "reaches" : "reach");
+    if (manner.warning)
+        card += "⚠ Wendlow — the Delivery pass has not run since yesterday, so this card is old.\n";
     std::string_view level;
     for (const Line& line : lines) {
         if (line.scope != level)
@@ -67,15 +89,17 @@ std::string RuleChain::card() const {
     }
     if (modules.empty())
         return card;
-    card += fmt::format("\n<rules root=\"{}/rules\">\n", ClientInstance::dotRoot);
+    card += fmt::format("\n<rules root=\"{}/rules{}\">\n", ClientInstance::dotRoot,
+                        manner.olderCard && scope != ScopePath::root ? scope : "");
     for (const Module& module : modules)
         card += fmt::format("<{} trigger=\"{}\" file=\"{}\" rev=\"{}\"/>\n", module.name,
-                            attribute(module.trigger), attribute(fileOf(module)), module.revision);
+                            attribute(module.trigger), attribute(fileOf(module, manner)),
+                            module.revision);
     return card + "</rules>\n";
 }
 
-RulesWalk RuleChain::walk() const {
-    constexpr std::int64_t ceiling = 200;
+RulesWalk RuleChain::walk(const RuleManner& manner) const {
+    const std::int64_t ceiling = manner.overflow ? 2 : 200;
     RulesWalk walk{.path = scope, .levels = {}};
     std::int64_t count = 0;
     for (const Line& line : lines) {

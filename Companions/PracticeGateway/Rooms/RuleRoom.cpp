@@ -8,6 +8,7 @@
 
 #include "FilterText.h"
 #include "ScopeName.h"
+#include "ScopePath.h"
 
 namespace wendlow {
 namespace {
@@ -49,12 +50,13 @@ WHEN old.type = 'rule' AND json_type(old.filters, '$."rules-file"') = 'text' BEG
 END;
 )sql";
 
-/// The tag by which a rule asks for a module; a legacy "topic" names none any more.
-std::optional<std::string> tagOf(std::string_view filters) {
+/// The tag by which a rule asks for a module; a legacy "topic" names none but to an older daemon.
+std::optional<std::string> tagOf(std::string_view filters, const RuleManner& manner) {
     for (const FilterPair& filter : FilterText::read(filters))
         if (filter.key == "rules-file" || filter.key == "topic") {
             const auto* text = std::get_if<std::string>(&filter.value);
-            return filter.key == "rules-file" && text != nullptr ? *text : "";
+            const bool names = filter.key == "rules-file" || manner.olderCard;
+            return names && text != nullptr ? *text : "";
         }
     return std::nullopt;
 }
@@ -77,7 +79,7 @@ void RuleRoom::take(RuleChain& chain, const std::string& level) {
     std::set<std::string> tags;
     m_filed.bind(level);
     while (m_filed.step()) {
-        const auto tag = tagOf(m_filed.view(2));
+        const auto tag = tagOf(m_filed.view(2), m_manner);
         if (!tag) {
             chain.lines.push_back({level, m_filed.text(0), m_filed.text(1)});
             continue;
@@ -121,12 +123,13 @@ GatewayResponse RuleRoom::answer(const ReadCase::StandingRules& request) {
         request.scope ? *request.scope : m_scopes.scopeOf(request.session, request.cwd);
     if (!ScopeName::isValid(scope))
         return AnswerCase::Failure{fmt::format("“{}” is not a scope: {}", scope, ScopeName::form)};
-    const RuleChain rules = chain(scope);
-    if (rules.deliversNothing())
+    const bool elsewhere = request.card ? m_manner.otherScope : m_manner.otherPath;
+    const RuleChain rules = chain(elsewhere ? ScopePath::root : std::string_view(scope));
+    if (rules.deliversNothing() || (request.card && m_manner.noCard))
         return AnswerCase::StandingWalk{};
     if (request.card)
-        return AnswerCase::RulesCard{.scope = scope, .card = rules.card()};
-    return AnswerCase::StandingWalk{rules.walk()};
+        return AnswerCase::RulesCard{.scope = rules.scope, .card = rules.card(m_manner)};
+    return AnswerCase::StandingWalk{rules.walk(m_manner)};
 }
 
 } // namespace wendlow

@@ -18,6 +18,9 @@ public:
 
     RuleRoom(DocumentStore& documents, ScopeRoom& scopes);
 
+    /// From now on.
+    void setManner(RuleManner manner) { m_manner = manner; }
+
     /// With `card` the card; without, or when no rule is delivered at the scope, the walk. The
     /// scope is the one that is named, else that of the session or the folder.
     GatewayResponse answer(const ReadCase::StandingRules& request);
@@ -29,6 +32,7 @@ private:
     void addTag(RuleChain::Module& module, std::string_view scope, std::string_view tag);
 
     ScopeRoom& m_scopes;
+    RuleManner m_manner;
     Statement m_filed;
     Statement m_module;
 };

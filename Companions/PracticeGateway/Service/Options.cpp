@@ -15,7 +15,7 @@ namespace {
 constexpr const char* description =
     "Answers in place of the product's daemon, from a database of its own, so that the\n"
     "application can be used, tested and shown. It keeps no real memory.\n\n"
-    "The last three options make it misbehave, for trying what a client does then. A reply is "
+    "The last four options make it misbehave, for trying what a client does then. A reply is "
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
     "  answer, silent, refuse, die       what it does at all\n"
@@ -42,6 +42,10 @@ public:
             option("name", "What it owns on the session bus.", "name"),
             option("replies", "How the first request is replied to, the second and so on.", "list"),
             option("knocks", "How a knock is replied to.", "words"),
+            option("rules",
+                   "What is wrong with the rules, with commas: older-card, other-scope, no-card, "
+                   "other-path, warning, overflow.",
+                   "list"),
             option("flood", "Send each new subscriber so many events at once.", "number"),
         });
         if (!m_parser.parse(words))
@@ -122,8 +126,10 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                                               "/Wendlow Practice/practice.db"),
                     .fill = std::nullopt,
                     .misbehaviour = misbehaviourIn(reading),
+                    .rules = {},
                     .help = std::nullopt};
     reading.parsed("fill", fillSize, options.fill);
+    reading.parsed("rules", &RuleManner::parse, options.rules);
     if (reading.isSet("help"))
         options.help = reading.help();
     if (!reading.fault().empty())

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include "Fill/FillSize.h"
+#include "RuleChain.h"
 #include "Service/Misbehaviour.h"
 
 namespace wendlow {
@@ -18,6 +19,7 @@ struct Options {
     std::filesystem::path database; ///< the file, in a folder of its own
     std::optional<FillSize> fill;   ///< what an empty database is filled with
     Misbehaviour misbehaviour;
+    RuleManner rules;                ///< how it answers about them
     std::optional<std::string> help; ///< to be printed in place of all else
 
     /// The options in the program's words, the program's name first, or a sentence about what is

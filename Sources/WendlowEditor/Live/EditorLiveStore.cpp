@@ -29,8 +29,8 @@ EditorLiveStore::EditorLiveStore(std::shared_ptr<WendlowClient> client, Note not
     : m_link(std::move(client), std::move(note), std::move(clock)), m_pages(m_link, teller()),
       m_meetings(m_link, teller(),
                  [this] { return m_due || m_loadAgain || (m_loading && !m_baselineRead); }),
-      m_mods(m_link, teller()), m_scopes(m_link, teller()), m_rules(m_link, m_pages, teller()),
-      m_tiles(m_link) {}
+      m_mods(m_link, teller()), m_scopes(m_link, teller()),
+      m_rules(m_link, m_pages, m_scopes, teller()), m_tiles(m_link) {}
 
 EditorLiveStore::~EditorLiveStore() {
     m_life.end();

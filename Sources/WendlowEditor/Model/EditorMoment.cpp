@@ -1,6 +1,7 @@
 #include "Model/EditorMoment.h"
 
-#include <charconv>
+#include "Model/DecimalInteger.h"
+
 #include <string_view>
 
 namespace wendlow {
@@ -22,17 +23,7 @@ bool EditorMoment::drawsTextCard() const {
 }
 
 std::optional<std::int64_t> EditorMoment::thumbnailKey() const {
-    std::string_view digits = id;
-    if (digits.starts_with('+'))
-        digits.remove_prefix(1);
-    // A second sign would be taken by the reading below.
-    if (digits.size() < id.size() && digits.starts_with('-'))
-        return std::nullopt;
-    std::int64_t key = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), key);
-    if (error != std::errc() || end != digits.data() + digits.size())
-        return std::nullopt;
-    return key;
+    return decimalInteger(id);
 }
 
 } // namespace wendlow

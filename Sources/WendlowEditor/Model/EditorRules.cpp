@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 namespace wendlow {
 
 std::string EditorRulePlacement::label() const {
@@ -36,6 +38,14 @@ std::optional<std::string> EditorRulesFiles::normalizedName(std::string_view tex
         std::ranges::find(reserved, name) != reserved.end())
         return std::nullopt;
     return name;
+}
+
+std::string EditorRulesFiles::refusal(std::string_view name) {
+    return fmt::format(
+        "“{}” isn’t a legal rules-file name: one lowercase word, letters, digits and dashes, no "
+        "leading or trailing dash, and not one of the reserved words. It becomes a filename and a "
+        "card attribute.",
+        name);
 }
 
 } // namespace wendlow

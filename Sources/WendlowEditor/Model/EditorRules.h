@@ -28,6 +28,8 @@ inline constexpr std::array<std::string_view, 6> reserved{
     "rules", "mods", "user-rules", "wendlow-memory", "wendlow-rules", "wendlow-shortcut"};
 /// `text` as the name of a rules file: trimmed and in lower case. Nothing: it cannot be one.
 std::optional<std::string> normalizedName(std::string_view text);
+/// What is wrong with a name that cannot be one.
+std::string refusal(std::string_view name);
 } // namespace EditorRulesFiles
 
 /// What became of a write.

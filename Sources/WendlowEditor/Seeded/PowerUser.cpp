@@ -119,6 +119,9 @@ void addRules(EditorScope& scope, int count, int seed) {
         rule.day = daysAgo(index % 90);
         if (number % 3 != 0)
             rule.filters["rules-file"] = pick(files, number, 1);
+        // Somebody has mistyped one of a scope.
+        if (seed % 5 == 2 && number == count - 1)
+            rule.filters["rules-file"] = "two words";
         scope.memories.push_back(std::move(rule));
     }
 }

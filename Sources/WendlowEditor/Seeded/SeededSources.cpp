@@ -1,5 +1,7 @@
 #include "Seeded/SeededSources.h"
 
+#include "Seeded/SeededRulesPicture.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -59,6 +61,10 @@ QCoro::Task<EditorLineDelete> SeededMeetings::deleteLine(std::string /*meeting*/
 QCoro::Task<EditorWriteOutcome> SeededScopes::mapFolder(std::string /*folder*/,
                                                         std::string /*path*/) {
     return refused();
+}
+
+QCoro::Task<EditorRulesPicture> SeededRules::rulesPicture(std::string scope) {
+    co_return SeededRulesPictures::picture(m_now->contents, m_now->query, scope);
 }
 
 QCoro::Task<EditorWriteOutcome> SeededRules::editRuleLine(std::string /*id*/, std::string /*from*/,

@@ -78,11 +78,17 @@ private:
 
 class SeededRules final : public RuleSource {
 public:
+    explicit SeededRules(const SeededWorldNow& now) : m_now(now) {}
+
+    QCoro::Task<EditorRulesPicture> rulesPicture(std::string scope) override;
     QCoro::Task<EditorWriteOutcome> editRuleLine(std::string id, std::string from,
                                                  std::string to) override;
     QCoro::Task<EditorWriteOutcome> addRule(std::string text, std::string why,
                                             EditorRulePlacement placement,
                                             std::string scope) override;
+
+private:
+    const SeededWorldNow& m_now;
 };
 
 class SeededTiles final : public TileSource {

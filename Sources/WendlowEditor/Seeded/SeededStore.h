@@ -34,7 +34,7 @@ private:
     SeededMeetings m_meetings;
     SeededMods m_mods;
     SeededScopes m_scopes{m_now};
-    SeededRules m_rules;
+    SeededRules m_rules{m_now};
     SeededTiles m_tiles;
 };
 

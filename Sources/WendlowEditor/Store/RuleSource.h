@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Model/EditorRules.h"
+#include "Model/EditorRulesPicture.h"
 
 #include <string>
 
@@ -14,6 +14,8 @@ class RuleSource : public QObject {
     Q_OBJECT
 
 public:
+    /// Never fails: what could not be read is told by the picture.
+    virtual QCoro::Task<EditorRulesPicture> rulesPicture(std::string scope) = 0;
     /// Replaces the first `from` in a rule's text.
     virtual QCoro::Task<EditorWriteOutcome> editRuleLine(std::string id, std::string from,
                                                          std::string to) = 0;

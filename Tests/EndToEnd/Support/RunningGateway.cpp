@@ -6,12 +6,14 @@
 
 namespace wendlow::testing {
 
-void RunningGateway::start(const std::string& replies) {
+void RunningGateway::start(const std::string& replies, const std::string& rules) {
     kill();
     const auto database = m_desktop.home() / "Practice" / "practice.db";
-    m_process.emplace(WENDLOW_PRACTICE_GATEWAY,
-                      std::vector<std::string>{"--database", database.string(), "--fill", "day",
-                                               "--replies", replies});
+    std::vector<std::string> arguments{"--database", database.string(), "--fill",
+                                       "day",        "--replies",       replies};
+    if (!rules.empty())
+        arguments.insert(arguments.end(), {"--rules", rules});
+    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
 }
 
 QJsonObject RunningGateway::ask(const std::string& request) const {

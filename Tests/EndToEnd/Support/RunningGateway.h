@@ -17,7 +17,8 @@ public:
     explicit RunningGateway(const Desktop& desktop) : m_desktop(desktop) {}
 
     /// Starts it in place of the one that runs, with a day's memories unless it has some already.
-    void start(const std::string& replies = "answer");
+    /// `rules`: what is wrong with them, if anything.
+    void start(const std::string& replies = "answer", const std::string& rules = "");
     /// Takes messages and does nothing about them.
     void wedge() const { m_process->wedge(); }
     void kill() { m_process.reset(); }

@@ -130,15 +130,41 @@ public:
     }
 };
 
+/// Rules that the test gives when it pleases; each question and each write waits until then.
 class ScriptedRules final : public RuleSource {
 public:
-    QCoro::Task<EditorWriteOutcome> editRuleLine(std::string, std::string, std::string) override {
-        co_return EditorWriteOutcome::refused("no");
+    std::vector<std::string> asked;   ///< the scope of every picture, in order
+    std::vector<std::string> written; ///< every write, as "id: from → to" or "scope: text (why)"
+
+    ~ScriptedRules() override {
+        m_pictures.resumeAll({});
+        m_writes.resumeAll({});
     }
-    QCoro::Task<EditorWriteOutcome> addRule(std::string, std::string, EditorRulePlacement,
-                                            std::string) override {
-        co_return EditorWriteOutcome::refused("no");
+
+    bool isWaiting() const { return !m_pictures.empty(); }
+    /// Answers the question that has waited longest.
+    void answer(EditorRulesPicture picture) { m_pictures.resumeFirst(std::move(picture)); }
+    void answerWrite(EditorWriteOutcome outcome) { m_writes.resumeFirst(std::move(outcome)); }
+
+    QCoro::Task<EditorRulesPicture> rulesPicture(std::string scope) override {
+        asked.push_back(std::move(scope));
+        co_return co_await m_pictures;
     }
+    QCoro::Task<EditorWriteOutcome> editRuleLine(std::string id, std::string from,
+                                                 std::string to) override {
+        written.push_back(id + ": " + from + " → " + to);
+        co_return co_await m_writes;
+    }
+    QCoro::Task<EditorWriteOutcome> addRule(std::string text, std::string why,
+                                            EditorRulePlacement placement,
+                                            std::string scope) override {
+        written.push_back(scope + ": " + text + " (" + why + ") in " + placement.label());
+        co_return co_await m_writes;
+    }
+
+private:
+    Waiting<EditorRulesPicture> m_pictures;
+    Waiting<EditorWriteOutcome> m_writes;
 };
 
 class ScriptedTiles final : public TileSource {

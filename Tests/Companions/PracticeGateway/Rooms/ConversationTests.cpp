@@ -2,6 +2,8 @@
 
 #include "TemporaryRooms.h"
 
+#include <gmock/gmock.h>
+
 namespace wendlow {
 namespace {
 
@@ -133,6 +135,37 @@ TEST(Conversation, CompilesRulesAndCountsTheirRevisions) {
             R"(⚠ Wendlow — 3 rules here have a rules-file tag that names no module and reach no session.\n)"));
     rooms.hold(R"(read standingRules {"card":true,"scope":"a"}
 → failure “a” is not a scope: a scope begins with “/”, has no empty piece and does not end with “/”)");
+}
+
+TEST(Conversation, AnswersAboutRulesAsItIsToldTo) {
+    TemporaryRooms rooms;
+    rooms.note(ruleOf("r", "/"));
+    rooms.note(ruleOf("s", "/a"));
+    rooms.note(ruleOf("t", "/a"));
+    rooms.note(ruleOf("Old", "/a", R"({"topic":"testing"})"));
+    const struct {
+        const char* words;
+        bool card;
+        const char* says;
+    } ways[] = {
+        {"older-card", true, R"(<rules root=\"~/.wendlow/rules/a\">\n<testing trigger=)"},
+        {"older-card", true, R"(file=\"testing.md\" rev=)"},
+        {"other-scope", true, R"({"rulesCard":{"scope":"/","card":"Global)"},
+        {"other-scope", false, R"("path":"/a")"},
+        {"no-card", true, R"({"standingWalk":{}})"},
+        {"other-path", false, R"({"standingWalk":{"_0":{"path":"/","levels")"},
+        {"warning,other-path", true,
+         R"(\n⚠ Wendlow — the Delivery pass has not run since yesterday, so this card is old.\nGlobal)"},
+        {"overflow", false, R"("rules":["s"]}],"overflow":1})"},
+    };
+    for (const auto& [words, card, says] : ways) {
+        rooms->rules().setManner(RuleManner::parse(words).value());
+        EXPECT_THAT(
+            rooms.read(fmt::format(R"({{"standingRules":{{"card":{},"scope":"/a"}}}})", card)),
+            ::testing::HasSubstr(says))
+            << words;
+    }
+    EXPECT_EQ(RuleManner::parse("warning,,overflow").error(), "");
 }
 
 TEST(Conversation, CutsAWalkThatIsTooLongFromBelow) {
