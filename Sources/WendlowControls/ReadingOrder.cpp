@@ -30,10 +30,11 @@ void ReadingOrder::setRows(QQuickItem* rows) {
 
 void ReadingOrder::followWindow() {
     disconnect(m_frames);
-    // Before each frame: whatever has brought rows elsewhere asks for one.
+    // After each frame: whatever brings rows elsewhere asks for one, and a list places its rows
+    // only as the frame is made.
     if (m_rows && m_rows->window())
         m_frames =
-            connect(m_rows->window(), &QQuickWindow::afterAnimating, this, &ReadingOrder::sort);
+            connect(m_rows->window(), &QQuickWindow::frameSwapped, this, &ReadingOrder::sort);
 }
 
 void ReadingOrder::sort() const {
