@@ -19,7 +19,7 @@ namespace wendlow {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Stopwatch = std::chrono::steady_clock;
 
 QString key(std::string_view name) {
     return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
@@ -158,9 +158,10 @@ QCoro::Task<> GatewayService::exchange(QDBusMessage call, QVariantMap message, R
     if (manner.wire)
         reply.insert(wireKey, QVariant::fromValue<qulonglong>(*manner.wire));
     if (message.contains(payloadKey)) {
-        const auto started = Clock::now();
+        const auto started = Stopwatch::now();
         std::string json = co_await answer(m_gateway, std::move(message));
-        const auto served = std::chrono::floor<std::chrono::milliseconds>(Clock::now() - started);
+        const auto served =
+            std::chrono::floor<std::chrono::milliseconds>(Stopwatch::now() - started);
         reply.insert(servedKey, static_cast<qulonglong>(served.count()));
         if (manner.payload != ReplyManner::Payload::absent)
             reply.insert(payloadKey, bytes(manner.payloadFor(std::move(json))));

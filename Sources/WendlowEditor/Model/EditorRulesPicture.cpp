@@ -41,8 +41,8 @@ std::string words(const EditorRulesGap& gap) {
 
 EditorRuleGrouping EditorRulesFiles::placement(const std::map<std::string, std::string>& filters,
                                                Topics topics) {
-    const EditorRuleGrouping unreadable{"unreadable rules-file tag — delivering nothing",
-                                        EditorRuleTier::undelivered};
+    EditorRuleGrouping unreadable{"unreadable rules-file tag — delivering nothing",
+                                  EditorRuleTier::undelivered};
     if (const auto tag = filters.find("rules-file"); tag != filters.end()) {
         auto name = normalizedName(tag->second);
         return name ? EditorRuleGrouping{*std::move(name), EditorRuleTier::file} : unreadable;

@@ -53,7 +53,7 @@ EditorRulesPicture withoutCard(EditorRulesPicture picture, EditorRulesGap gap) {
 /// place of theirs.
 FacePictures RulesFaceModel::pictures() {
     const auto held = std::make_shared<EditorRulesPicture>();
-    const auto ofDaemon = [this, held](auto change) {
+    const auto ofDaemon = [this, held](const auto& change) {
         return [this, held, change] {
             *held = *m_picture;
             take(m_scope, change(*m_picture));
@@ -68,7 +68,7 @@ FacePictures RulesFaceModel::pictures() {
             m_actions.ask(std::move(next));
         };
     };
-    const auto gap = [&](EditorRulesGap what) {
+    const auto gap = [&](const EditorRulesGap& what) {
         return ofDaemon(
             [what](EditorRulesPicture picture) { return withoutCard(std::move(picture), what); });
     };
