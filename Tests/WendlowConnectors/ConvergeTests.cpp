@@ -1,7 +1,5 @@
 #include "Converge.h"
-#include "Files.h"
 #include "MockConnector.h"
-#include "TemporaryHome.h"
 
 #include <gmock/gmock.h>
 
@@ -28,28 +26,6 @@ TEST(Converge, installsWhatIsStaleAndLeavesTheRestAlone) {
     EXPECT_THAT(repairs.front().outcome.observations, ElementsAre(Observation{"f", "done"}));
     EXPECT_THAT(healthy->log(), IsEmpty());
     EXPECT_THAT(stale->log(), ElementsAre("install"));
-}
-
-TEST(Converge, leavesTheDesktopAppsFileAloneWhileTheAppRuns) {
-    const testing::TemporaryHome home;
-    const auto file = home / "Library/Application Support/Claude/claude_desktop_config.json";
-    const std::string wired =
-        R"({"mcpServers":{"wendlow":{"command":"/Wendlow.app/Contents/MacOS/wendlow-mcp"}}})";
-    testing::put(file, wired);
-    const auto run = [&](bool isClaudeRunning) {
-        return Converge::run(home.path(), home / "Wendlow.app", "/Applications",
-                             Connectors::Profile::production, [=] { return isClaudeRunning; });
-    };
-    const Observation left{file.string(),
-                           "Claude is running, so this file was left as it is until Claude quits"};
-    const Converge::Repair repair{"Claude Chat retirement",
-                                  {ConnectorOutcome::Result::unchanged, {left}, {}}};
-    EXPECT_THAT(run(true), ElementsAre(repair));
-    EXPECT_EQ(testing::get(file), wired);
-    const auto repairs = run(false);
-    ASSERT_EQ(repairs.size(), 1U);
-    EXPECT_EQ(repairs[0].outcome.result, ConnectorOutcome::Result::changed);
-    EXPECT_EQ(testing::get(file), R"({"mcpServers":{}})");
 }
 
 TEST(Connectors, standInTheirFixedOrder) {

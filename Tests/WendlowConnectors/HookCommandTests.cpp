@@ -3,12 +3,10 @@
 #include "InstalledBundle.h"
 #include "TemporaryHome.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace wendlow {
 namespace {
-
-using ::testing::ElementsAre;
 
 TEST(BundleCommand, takesAFlagOffOnlyWhereItsValueIsOneWord) {
     const std::pair<std::string_view, std::string_view> cases[] = {

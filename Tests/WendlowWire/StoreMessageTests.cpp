@@ -78,10 +78,6 @@ TEST(StoreMessage, SaysEachPartOnlyWhereItHolds) {
          "Wendlow was refused at 1 item(s) in its folder, so it does not know what is in those (b) "
          "(it checked 3 store file(s) beside data.db). " +
              std::string(moved)},
-        {PhraseWrongWordCount{.expected = 12, .got = 11},
-         "a recovery phrase is 12 words — this one has 11"},
-        {PhraseUnknownWord{"abbot"},
-         "\"abbot\" is not one of the recovery words — check its spelling"},
         {KeychainRefused{-25308}, "the Keychain refused (OSStatus -25308)"},
     };
     for (const auto& [message, text] : rows)

@@ -3,9 +3,6 @@
 #include "TemporaryHome.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace wendlow {
@@ -15,36 +12,7 @@ using ClaudeDesktop::isRunning;
 using testing::put;
 namespace fs = std::filesystem;
 
-TEST(ClaudeDesktop, isKnownByItsProcess) {
-    const testing::TemporaryHome home;
-    const fs::path program = home / "Claude";
-    fs::copy_file("/bin/sleep", program);
-    std::string name = program.string(), duration = "60";
-    char* const words[] = {name.data(), duration.data(), nullptr};
-    pid_t child = 0;
-    ASSERT_EQ(::posix_spawn(&child, program.c_str(), nullptr, nullptr, words, environ), 0);
-    // A folder of processes with this one alone: others of the same name may come and go.
-    const fs::path processes = home / "processes";
-    fs::create_directory(processes);
-    fs::create_directory_symlink(fs::path("/proc") / std::to_string(child),
-                                 processes / std::to_string(child));
-    // For a moment a new program has no command line yet.
-    for (int tries = 0; testing::get(processes / std::to_string(child) / "cmdline") == ""; ++tries)
-        ASSERT_LT(tries, 1'000'000);
-    EXPECT_TRUE(isRunning(processes));
-    EXPECT_TRUE(isRunning());
-    fs::remove(program); // replaced by an update
-    EXPECT_TRUE(isRunning(processes));
-
-    ::kill(child, SIGKILL);
-    siginfo_t ended{};
-    ASSERT_EQ(::waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT), 0);
-    EXPECT_FALSE(isRunning(processes)) << "ended, and not yet collected";
-    ::waitpid(child, nullptr, 0);
-    EXPECT_FALSE(isRunning(processes));
-}
-
-TEST(ClaudeDesktop, isNotTakenForAnother) {
+TEST(ClaudeDesktop, isKnownByItsProcessAndNotTakenForAnother) {
     struct Case {
         const char* program; ///< nothing: it hides it
         std::string words;   ///< NUL written as "|"
@@ -58,6 +26,9 @@ TEST(ClaudeDesktop, isNotTakenForAnother) {
     const Case cases[] = {
         {"/opt/Claude/Claude", "Claude|", none, me, true},
         {"/usr/bin/claude-desktop", "x|", none, me, true},
+        {"/opt/Claude/Claude (deleted)", "Claude|", none, me, true}, // replaced by an update
+        // Ended, and not yet collected: as a kernel thread, it has no program and no words.
+        {nullptr, "", "com.anthropic.claudefordesktop-17.scope\n", me, false},
         {"/opt/Claude/Claude", "Claude|", none, me + 1, false},
         {nullptr, "/opt/Claude/Claude|--flag|", none, me, true},
         {nullptr, "/bin/sh|/opt/Claude|", none, me, false},
@@ -69,7 +40,6 @@ TEST(ClaudeDesktop, isNotTakenForAnother) {
         // The command line tool, native and by its runtime.
         {"/me/.local/bin/claude", "claude|", none, me, false},
         {"/usr/bin/node", "node|/usr/bin/claude|", none, me, false},
-        {nullptr, "", none, me, false}, // a kernel thread
     };
     for (const auto& one : cases) {
         const testing::TemporaryHome processes;

@@ -127,39 +127,6 @@ TEST_F(TransactionTest, LooksBeforeItTouches) {
     EXPECT_EQ(namesIn(home.path()), before);
 }
 
-TEST_F(TransactionTest, UndoesWhatItDidWhenALaterFileFails) {
-    const struct {
-        const char* name;
-        std::optional<std::string> before, after;
-    } cases[] = {
-        {"written", "old", "new"}, {"created", nullopt, "new"}, {"deleted", "old", nullopt}};
-    for (const auto& [name, before, after] : cases) {
-        SCOPED_TRACE(name);
-        const TemporaryHome folder;
-        const auto file = folder / "file", second = folder / "second";
-        put(copyOf(file), "from an earlier time");
-        if (before)
-            put(file, *before, 0600);
-        put(second, "2");
-        const int renames = after ? 2 : 1;
-        EXPECT_THAT(refusal({{file, "~/file", before, after}, {second, "~/second", "2", "3"}},
-                            atCall(renames, [&] { block(second); })),
-                    ElementsAre(Observation{"~/second",
-                                            "this file was not written, so nothing was changed — " +
-                                                blocked(second)},
-                                Observation{"~/second", "this file was not put back as it was — " +
-                                                            blocked(second)},
-                                Observation{copyOf(second).string(), kept}));
-        EXPECT_EQ(get(file), before);
-        if (before) {
-            EXPECT_EQ(modeOf(file), 0600U);
-        }
-        EXPECT_THAT(Backup::all(file), ElementsAre(copyOf(file)));
-        EXPECT_EQ(get(copyOf(file)), "from an earlier time");
-        EXPECT_EQ(get(copyOf(second)), "2");
-    }
-}
-
 TEST_F(TransactionTest, PutsBackWhatItFoundAndNotWhatWasPlanned) {
     put(a, "the tool's own rewrite");
     put(b, "appeared since");

@@ -7,7 +7,6 @@ namespace wendlow {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::Not;
 using testing::TemporaryRooms;
 
 constexpr double start = 1'795'250'700; // 2026-11-21 08:45 UTC

@@ -14,112 +14,34 @@ namespace {
 using ::testing::HasSubstr;
 using testing::TemporaryRooms;
 
-constexpr std::string_view memory =
-    R"({"write":{"text":"kept","why":"","writer":"w","type":"note","path":"/"}})";
-
-/// A process that does `work` until it is killed. What it writes to its pipe is what it was told.
-class Victim {
-public:
-    template<class Work> explicit Victim(const Work& work) {
-        int ends[2] = {};
-        EXPECT_EQ(::pipe(ends), 0);
-        m_process = ::fork();
-        if (m_process == 0) {
-            work(ends[1]);
-            ::_exit(1);
-        }
-        ::close(ends[1]);
-        m_told = ends[0];
-    }
-    Victim(const Victim&) = delete;
-    Victim& operator=(const Victim&) = delete;
-    ~Victim() { ::close(m_told); }
-
-    char next() const {
-        char byte = 0;
-        return ::read(m_told, &byte, 1) == 1 ? byte : '\0';
-    }
-    /// How many more bytes were told before the end.
-    int kill() const {
-        ::kill(m_process, SIGKILL);
-        int status = 0;
-        ::waitpid(m_process, &status, 0);
-        EXPECT_TRUE(WIFSIGNALED(status)) << "it had ended by itself";
-        int count = 0;
-        while (next() != '\0')
-            ++count;
-        return count;
-    }
-
-private:
-    pid_t m_process = 0;
-    int m_told = -1;
-};
-
-constexpr std::string_view documents = "SELECT count(*) FROM documents";
-
-bool isSound(TemporaryRooms& rooms) {
-    rooms->documents().database().execute(
-        "INSERT INTO document_words(document_words, rank) VALUES('integrity-check', 1)");
-    return rooms.figure("SELECT integrity_check = 'ok' FROM pragma_integrity_check") == 1;
-}
-
-TEST(PracticeDatabase, KeepsEveryWriteThatWasAnsweredWhenItsProcessIsKilled) {
-    for (int round = 1; round <= 3; ++round) {
-        TemporaryRooms rooms;
-        rooms.close();
-        const Victim victim([&](int pipe) {
-            rooms.reopen();
-            while (rooms.note(memory).starts_with(R"({"noteID")"))
-                if (::write(pipe, "w", 1) != 1)
-                    return;
-        });
-        int answered = 0;
-        while (answered < 40 * round && victim.next() == 'w')
-            ++answered;
-        answered += victim.kill();
-        rooms.reopen();
-        EXPECT_TRUE(isSound(rooms));
-        // The one that was under way may have been written and not yet answered.
-        const auto kept = rooms.figure(documents);
-        EXPECT_TRUE(kept == answered || kept == answered + 1) << kept << " of " << answered;
-        EXPECT_THAT(rooms.read(R"({"textBrowse":{"term":"kept","limit":1}})"),
-                    HasSubstr(fmt::format(R"("total":{},)", kept)));
-    }
-}
-
+/// Pages of it are in the file by then; it is far from its end.
 TEST(PracticeDatabase, HoldsNothingOfAFillThatWasKilled) {
     TemporaryRooms rooms;
     rooms.close();
-    const Victim victim([&](int pipe) {
+    const pid_t child = ::fork();
+    if (child == 0) {
         rooms.reopen();
-        [[maybe_unused]] const auto told = ::write(pipe, "w", 1);
         static_cast<void>(rooms->fill(FillSize::power));
-    });
-    ASSERT_EQ(victim.next(), 'w');
-    // Long enough that pages of the fill are in the file; far from its end.
+        ::_exit(1);
+    }
     const auto wal = rooms.file().string() + "-wal";
     for (int look = 0; look < 2000; ++look) {
         if (std::filesystem::exists(wal) && std::filesystem::file_size(wal) > 1'000'000)
             break;
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-    victim.kill();
+    ::kill(child, SIGKILL);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status)) << "it had ended by itself";
     rooms.reopen();
+    constexpr std::string_view documents = "SELECT count(*) FROM documents";
     EXPECT_EQ(rooms.figure(documents), 0);
-    EXPECT_TRUE(isSound(rooms));
+    rooms->documents().database().execute(
+        "INSERT INTO document_words(document_words, rank) VALUES('integrity-check', 1)");
+    EXPECT_EQ(rooms.figure("SELECT integrity_check = 'ok' FROM pragma_integrity_check"), 1);
     ASSERT_TRUE(rooms->fill(FillSize::day).has_value());
     EXPECT_EQ(rooms.figure(documents), 300 + 150 + 6);
-}
-
-TEST(PracticeDatabase, IsPrivateToThePerson) {
-    TemporaryRooms rooms;
-    rooms.note(memory);
-    EXPECT_EQ(testing::modeOf(rooms.file().parent_path()), 0700U);
-    EXPECT_EQ(testing::namesIn(rooms.file().parent_path()),
-              (std::vector<std::string>{"data.db", "data.db-shm", "data.db-wal"}));
-    for (const char* const suffix : {"", "-wal", "-shm"})
-        EXPECT_EQ(testing::modeOf(rooms.file().string() + suffix), 0600U) << suffix;
 }
 
 TEST(PracticeDatabase, SaysWhyItCannotBeOpened) {

@@ -123,6 +123,13 @@ TEST_F(TextBrowse, CountsForEachPanelWhatElseCouldBePicked) {
           "area 3: storage 2 search 1; week 2: 3 1 3 1", "memory 2, meeting 0, moment 0"}},
         {R"("kind":"memory","filters":[{"key":"nobody","value":"x"},{"key":"area","value":"no"}])",
          {"/0 narrowed newest", "", "", "", "meeting 0, memory 0, moment 0"}},
+        // Of several picks each panel leaves out its own alone.
+        {R"("kind":"memory","type":"note","scopes":["/a"],"filters":[{"key":"area","value":"storage"},{"key":"area","value":"search"}])",
+         {"n2 n1/2 narrowed newest", "note 2, fact 1", "/a 1, /a/b 1",
+          "area 2: search 1 storage 1; week 1: 3 1", "memory 3, meeting 0, moment 0"}},
+        {R"("kind":"memory","filters":[{"key":"area","value":"storage"},{"key":"week","value":3}])",
+         {"n1/1 narrowed newest", "note 1", "/a 1", "week 2: 3 1 3 1; area 1: storage 1",
+          "memory 1, meeting 0, moment 0"}},
         {R"("kind":"memory","type":"poem")",
          {"/0 newest", "fact 2, note 2", "", "", "memory 4, meeting 1, moment 1"}},
         {R"("term":"backup","order":"newest")",
@@ -211,6 +218,50 @@ TEST_F(TextBrowse, ForgetsWhatWasTakenBack) {
     EXPECT_EQ(rowsOf(browse(rooms, "")), before);
     rooms.reopen();
     EXPECT_EQ(rowsOf(browse(rooms, "")), before);
+}
+
+TEST(BrowseCensus, HoldsThousandsOfScopesAndHundredsOfKeys) {
+    TemporaryRooms rooms;
+    Transaction transaction(rooms->documents().database());
+    for (int place = 0; place < 5000; ++place)
+        rooms->documents().put({.id = std::to_string(place),
+                                .type = "note",
+                                .scope = fmt::format("/s{}/t", place),
+                                .title = "one of many",
+                                .filters = {{fmt::format("k{}", place % 300),
+                                             FilterValue(static_cast<double>(place))}}});
+    transaction.commit();
+    const auto picking = [&](int keys) {
+        std::vector<std::string> picks;
+        for (int key = 0; key < keys; ++key)
+            picks.push_back(fmt::format(R"({{"key":"k{0}","value":{0}}})", key));
+        return browse(rooms, fmt::format(R"("term":"many","filters":[{}])", fmt::join(picks, ",")));
+    };
+    EXPECT_EQ(picking(299).total, 0); // nothing can satisfy them
+    const auto one = picking(1);
+    EXPECT_EQ(one.total, 1);
+    EXPECT_EQ(one.byFilter.at(0).values.size(), 17U); // those beside the picked one
+    const auto all = picking(0);
+    EXPECT_EQ(all.byScope.size(), 5000U);
+    EXPECT_EQ(all.byFilter.size(), 300U);
+    EXPECT_EQ(all.byFilter.front().key, "k0");
+    EXPECT_EQ(std::ranges::count(rooms.note(R"({"scopeBoard":{}})"), '{'), 2 + 10'001 + 5'000);
+}
+
+TEST(BrowseCensus, RanksATitleBeforeAReasonBeforeABody) {
+    TemporaryRooms rooms;
+    const auto put = [&](const char* id, const char* title, const char* why, const char* body) {
+        rooms->documents().put(
+            {.id = id, .type = "note", .title = title, .why = why, .body = body});
+    };
+    put("title", "Herons wade", "Seen at dawn", "Nothing more to say");
+    put("why", "Birds seen", "Herons came back", "Nothing more to say");
+    put("body", "Birds seen", "Seen at dawn", "Herons, it was said");
+    const auto answer = browse(rooms, R"("term":"herons")");
+    ASSERT_EQ(rowsOf(answer), "title why body/3 narrowed relevance");
+    EXPECT_EQ(answer.rows[0].score, 1);
+    EXPECT_GT(answer.rows[1].score, answer.rows[2].score);
+    EXPECT_GT(answer.rows[2].score, 0);
 }
 
 } // namespace
