@@ -12,10 +12,10 @@ using ::testing::ElementsAre;
 using testing::failure;
 using ::testing::HasSubstr;
 using testing::LiveDaemon;
+using testing::LiveStore;
 using testing::page;
 
-TEST(LivePages, asksAndReadsPagesAsTheWireHasThem) {
-    LiveDaemon live;
+TEST_F(LiveStore, asksAndReadsPagesAsTheWireHasThem) {
     EditorAsk ask{.term = "x"};
     ask.kind = EditorKind::moment;
     ask.sort = EditorMemorySort::oldest;
@@ -35,8 +35,8 @@ TEST(LivePages, asksAndReadsPagesAsTheWireHasThem) {
     FilterKeyCensus census{.key = "n", .count = 9, .values = {}};
     census.values = {{FilterValue("3"), 1}, {FilterValue(2.5), 4}, {FilterValue(3.0), 5}};
     wire._0.byFilter = {census};
-    const EditorAnswer answer = live.now(live.store->pages().query(ask, EditorAsker::page), wire);
-    EXPECT_EQ(live.client->sent().back(),
+    const EditorAnswer answer = now(store->pages().query(ask, EditorAsker::page), wire);
+    EXPECT_EQ(client->sent().back(),
               R"({"read":{"_0":{"textBrowse":{"term":"x","scopes":["/a","/b"],"limit":1,)"
               R"("kind":"moment","order":"oldest","filters":[{"key":"done","value":"true"},)"
               R"({"key":"size","value":"2"},{"key":"size","value":3},{"key":"size","value":"3"}],)"
@@ -149,15 +149,14 @@ TEST(LiveRooms, SayWhatIsWrongWithAnAnswer) {
                             strange(""), HasSubstr("an older Wendlow daemon"), door, door));
 }
 
-TEST(LiveMods, tellAnOlderDaemonFromOneThatIsBusy) {
-    LiveDaemon live;
-    ModSource& mods = live.store->mods();
+TEST_F(LiveStore, tellAnOlderDaemonFromOneThatIsBusy) {
+    ModSource& mods = store->mods();
     for (const GatewayResponse& older : {GatewayResponse(AnswerCase::Unimplemented{"mod_board"}),
                                          failure(std::string(GatewayWire::malformedRequest))}) {
         mods.loadMods();
         mods.loadMods();
-        live.answer("modBoard", older);
-        EXPECT_FALSE(live.client->isWaiting());
+        answer("modBoard", older);
+        EXPECT_FALSE(client->isWaiting());
         EXPECT_EQ(mods.modsError(), "This Mac is still running an older Wendlow daemon, which "
                                     "cannot answer for your mods yet. Quitting and reopening "
                                     "Wendlow picks up the new one.");
@@ -167,7 +166,7 @@ TEST(LiveMods, tellAnOlderDaemonFromOneThatIsBusy) {
     board._0.mods = {
         {.slug = "a", .scope = "/s", .rev = 2, .hint = "h", .files = {"f"}, .behaviors = {}}};
     mods.loadMods();
-    live.answer("modBoard", board);
+    answer("modBoard", board);
     EXPECT_EQ(mods.modsError(), std::nullopt);
     EXPECT_TRUE(mods.modsLoaded());
     EXPECT_THAT(mods.modsBoard()->mods,
@@ -234,39 +233,37 @@ TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
     }
 }
 
-TEST(LiveRooms, WriteAndReadAgainWhatTheWriteMoved) {
-    LiveDaemon live;
-    EditorStore& store = *live.store;
+TEST_F(LiveStore, WriteAndReadAgainWhatTheWriteMoved) {
     std::optional<EditorWriteOutcome> outcome;
-    auto rule = live.keep(store.rules().addRule("t", "w", {.file = "style"}, "/s"), outcome);
-    live.answer(R"({"notes":{"_0":{"write":{"text":"t","why":"w","writer":"wendlow-editor",)"
-                R"("type":"rule","path":"/s","filters":{"rules-file":"style"}}}}})",
-                AnswerCase::NoteID{"n1"});
-    EXPECT_EQ(store.generation(), 1);
+    auto rule = keep(store->rules().addRule("t", "w", {.file = "style"}, "/s"), outcome);
+    answer(R"({"notes":{"_0":{"write":{"text":"t","why":"w","writer":"wendlow-editor",)"
+           R"("type":"rule","path":"/s","filters":{"rules-file":"style"}}}}})",
+           AnswerCase::NoteID{"n1"});
+    EXPECT_EQ(store->generation(), 1);
     EXPECT_FALSE(outcome) << "the counts are read first";
-    live.answer("textBrowse", page(9, {{"rule", 9}}));
+    answer("textBrowse", page(9, {{"rule", 9}}));
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("Saved n1."));
-    EXPECT_EQ(store.pages().memoryTypeCounts()[0].count, 9);
+    EXPECT_EQ(store->pages().memoryTypeCounts()[0].count, 9);
 
-    auto illegal = live.keep(store.rules().addRule("t", "w", {.file = "Mods"}, "/s"), outcome);
+    auto illegal = keep(store->rules().addRule("t", "w", {.file = "Mods"}, "/s"), outcome);
     EXPECT_THAT(outcome->words, ::testing::StartsWith("“Mods” isn’t a legal rules-file name: one"));
     EXPECT_FALSE(outcome->ok());
 
-    auto map = live.keep(store.scopes().mapFolder("/home/p", "/work"), outcome);
-    live.answer(R"("mapPath":{"folder":"/home/p","path":"/work"})", AnswerCase::Text{"mapped"});
+    auto map = keep(store->scopes().mapFolder("/home/p", "/work"), outcome);
+    answer(R"("mapPath":{"folder":"/home/p","path":"/work"})", AnswerCase::Text{"mapped"});
     AnswerCase::ScopeBoard board;
     board._0 = {{.path = "/work", .folders = {"/home/p"}, .kinds = {}}};
-    live.answer("scopeBoard", board);
+    answer("scopeBoard", board);
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("mapped"));
-    EXPECT_EQ(store.scopes().scopeBoard().size(), 1U);
+    EXPECT_EQ(store->scopes().scopeBoard().size(), 1U);
 
-    auto edit = live.keep(store.rules().editRuleLine("7", "a", "b"), outcome);
-    live.answer(R"("patch":{"id":"7","field":"text","find":"a","replace":"b","replaceAll":false})",
-                AnswerCase::Text{"done"});
+    auto edit = keep(store->rules().editRuleLine("7", "a", "b"), outcome);
+    answer(R"("patch":{"id":"7","field":"text","find":"a","replace":"b","replaceAll":false})",
+           AnswerCase::Text{"done"});
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("done"));
-    EXPECT_EQ(store.generation(), 3);
+    EXPECT_EQ(store->generation(), 3);
     using enum EditorChange;
-    EXPECT_THAT(live.changes, ElementsAre(generation, counts, generation, scopes, generation));
+    EXPECT_THAT(changes, ElementsAre(generation, counts, generation, scopes, generation));
 }
 
 TEST(ScopeTree, keepsThePathsThatTheDaemonSays) {
@@ -288,35 +285,32 @@ TEST(ScopeTree, keepsThePathsThatTheDaemonSays) {
     EXPECT_THAT(root.folderPaths, ElementsAre("/r"));
 }
 
-TEST(LiveTiles, fetchWhatIsOnScreenNow) {
-    LiveDaemon live;
-    LiveTiles& tiles = live.store->tiles();
+TEST_F(LiveStore, fetchWhatIsOnScreenNow) {
+    LiveTiles& tiles = store->tiles();
     std::vector<std::int64_t> arrived;
     QObject::connect(&tiles, &TileSource::tileArrived,
                      [&](std::int64_t key) { arrived.push_back(key); });
     tiles.showTiles({1, 2, 3});
-    EXPECT_EQ(live.store->pendingTileCount(), 2U);
+    EXPECT_EQ(store->pendingTileCount(), 2U);
     tiles.showTiles({4});
-    std::optional<EditorAnswer> answer;
-    const auto typed =
-        live.keep(live.store->pages().query({.term = "x"}, EditorAsker::search), answer);
-    live.answer(R"("getThumbnail":{"momentID":1})", AnswerCase::Image{"AAEC", "image/png"});
+    std::optional<EditorAnswer> found;
+    const auto typed = keep(store->pages().query({.term = "x"}, EditorAsker::search), found);
+    answer(R"("getThumbnail":{"momentID":1})", AnswerCase::Image{"AAEC", "image/png"});
     EXPECT_EQ(tiles.tiles().at(1).image, std::string("\0\1\2", 3));
-    live.answer("textBrowse", failure("a person goes before pictures"));
+    answer("textBrowse", failure("a person goes before pictures"));
     // 2 and 3 have scrolled away. The daemon has no small picture of 4, and no door for the large.
-    live.answer(R"("getThumbnail":{"momentID":4})", AnswerCase::Image{"TWFu!", "image/png"});
-    live.answer(R"("getScreen":{"momentID":4,"window":""})",
-                AnswerCase::Unimplemented{"screen_get"});
+    answer(R"("getThumbnail":{"momentID":4})", AnswerCase::Image{"TWFu!", "image/png"});
+    answer(R"("getScreen":{"momentID":4,"window":""})", AnswerCase::Unimplemented{"screen_get"});
     EXPECT_EQ(tiles.tiles().at(4).image, std::nullopt);
     tiles.showTiles({4, 5});
-    live.answer(R"("getThumbnail":{"momentID":5})", failure("none"));
-    EXPECT_FALSE(live.client->isWaiting()) << "the door is closed, and 4 is not asked again";
+    answer(R"("getThumbnail":{"momentID":5})", failure("none"));
+    EXPECT_FALSE(client->isWaiting()) << "the door is closed, and 4 is not asked again";
     EXPECT_THAT(arrived, ElementsAre(1, 4, 5));
-    EXPECT_TRUE(live.changes.empty()) << "a picture publishes nothing else";
-    live.open();
+    EXPECT_TRUE(changes.empty()) << "a picture publishes nothing else";
+    open();
     tiles.showTiles({6});
-    live.answer("getThumbnail", failure("none"));
-    live.answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
+    answer("getThumbnail", failure("none"));
+    answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
     EXPECT_EQ(tiles.tiles().at(6).image, std::string("\0", 1));
 }
 

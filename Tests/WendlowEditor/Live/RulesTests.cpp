@@ -6,6 +6,7 @@ namespace {
 using testing::failure;
 using ::testing::HasSubstr;
 using testing::LiveDaemon;
+using testing::LiveStore;
 using testing::page;
 
 GatewayResponse card(std::string scope) {
@@ -68,11 +69,10 @@ TEST(LiveRules, tellWhyTheThreeViewsDiffer) {
     EXPECT_EQ(whole.card->inlineRules[0], (EditorRuleLine{"7", "Ask", "/work/a"}));
 }
 
-TEST(LiveRules, askOnlyForWhatIsFiledWhereThereIsNoScope) {
-    LiveDaemon live;
-    live.open();
-    const auto made = live.now(live.store->rules().rulesPicture("/nowhere"), failure("read only"));
-    EXPECT_THAT(live.client->sent().back(), HasSubstr(R"("scopes":["/nowhere"],"limit":500)"));
+TEST_F(LiveStore, askOnlyForWhatIsFiledWhereThereIsNoScope) {
+    open();
+    const auto made = now(store->rules().rulesPicture("/nowhere"), failure("read only"));
+    EXPECT_THAT(client->sent().back(), HasSubstr(R"("scopes":["/nowhere"],"limit":500)"));
     EXPECT_THAT(words(*made.gap), HasSubstr("card for /nowhere can’t be asked for"));
     EXPECT_EQ(made.filedState, EditorAnswerState(EditorAnswerStateCase::Failed{"read only"}));
 }

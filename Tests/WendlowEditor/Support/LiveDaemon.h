@@ -77,5 +77,6 @@ struct LiveDaemon {
     std::shared_ptr<ScriptedClient> client;
     std::unique_ptr<EditorLiveStore> store;
 };
+struct LiveStore : ::testing::Test, LiveDaemon {};
 
 } // namespace wendlow::testing
