@@ -40,54 +40,54 @@ struct Window {
     }
     QString words() const { return static_cast<BlankFace*>(root.openFace())->words(); }
 };
+struct EmptyWindow : ::testing::Test, Window {};
+struct FullWindow : ::testing::Test, Window {
+    FullWindow() : Window(memories(3)) {}
+};
 
-TEST(EditorRoot, AsksOnceForEachKeyAndKeepsTheRowsMeanwhile) {
-    Window window(memories(3));
-    auto& page = window.store.page;
-    EXPECT_EQ(window.store.meeting.loads, 1);
+TEST_F(FullWindow, AsksOnceForEachKeyAndKeepsTheRowsMeanwhile) {
+    auto& page = store.page;
+    EXPECT_EQ(store.meeting.loads, 1);
     EXPECT_EQ(page.asked.size(), 1U);
     EXPECT_EQ(page.asked[0].limit, 50);
     EXPECT_THAT(page.askers, ElementsAre(EditorAsker::page));
-    window.store.tell();
+    store.tell();
     EXPECT_EQ(page.asked.size(), 1U) << "the key is the same";
-    window.root.page().details().request({"decision0"}, EditorAsker::page);
+    root.page().details().request({"decision0"}, EditorAsker::page);
     page.answerDetail(EditorMemoryDetail{.id = "decision0", .why = "w", .body = "b"});
 
-    window.store.grow();
-    EXPECT_THAT(window.root.page().details().known(), IsEmpty());
+    store.grow();
+    EXPECT_THAT(root.page().details().known(), IsEmpty());
     EXPECT_EQ(page.asked.size(), 2U);
-    EXPECT_TRUE(window.pending());
-    EXPECT_EQ(window.rows(), 3U) << "a refresh does not empty the page";
+    EXPECT_TRUE(pending());
+    EXPECT_EQ(rows(), 3U) << "a refresh does not empty the page";
     page.settle(memories(4));
-    EXPECT_EQ(window.rows(), 4U);
-    EXPECT_TRUE(window.answer().ready());
+    EXPECT_EQ(rows(), 4U);
+    EXPECT_TRUE(answer().ready());
 }
 
-TEST(EditorRoot, DropsWhatIsLateOrAnswersSomethingElse) {
-    Window window(memories(3));
-    const EditorAsk first = window.ask([](EditorAsk& ask) { ask.scopes = {"/a"}; });
-    window.root.setAsk(first);
-    window.root.setAsk(window.ask([](EditorAsk& ask) { ask.scopes = {"/b"}; }));
-    window.store.page.answer(settled(first, memories(1)));
-    window.store.page.answer(EditorAnswer::pending());
-    EXPECT_EQ(window.rows(), 3U) << "the one is late, the other to no ask";
-    EXPECT_TRUE(window.pending());
-    EXPECT_FALSE(window.store.page.isWaiting()) << "nothing is asked twice";
-    window.store.grow();
-    window.store.page.settle(memories(5));
-    EXPECT_EQ(window.rows(), 5U);
+TEST_F(FullWindow, DropsWhatIsLateOrAnswersSomethingElse) {
+    const EditorAsk first = ask([](EditorAsk& ask) { ask.scopes = {"/a"}; });
+    root.setAsk(first);
+    root.setAsk(ask([](EditorAsk& ask) { ask.scopes = {"/b"}; }));
+    store.page.answer(settled(first, memories(1)));
+    store.page.answer(EditorAnswer::pending());
+    EXPECT_EQ(rows(), 3U) << "the one is late, the other to no ask";
+    EXPECT_TRUE(pending());
+    EXPECT_FALSE(store.page.isWaiting()) << "nothing is asked twice";
+    store.grow();
+    store.page.settle(memories(5));
+    EXPECT_EQ(rows(), 5U);
 }
 
-TEST(EditorRoot, ShowsAStoreThatHasGivenUpAsFailedUntilItHasNot) {
-    Window window(memories(3));
-    auto& [store, root, face, list] = window;
+TEST_F(FullWindow, ShowsAStoreThatHasGivenUpAsFailedUntilItHasNot) {
     store.error = "The door is shut.";
     store.tell(EditorChange::error);
     EXPECT_EQ(face.strip(), "The door is shut.");
     EXPECT_TRUE(root.gaveUp());
-    EXPECT_TRUE(window.answer().ready());
+    EXPECT_TRUE(answer().ready());
     root.setFace(EditorFace::mods);
-    EXPECT_EQ(window.words(), "The door is shut.");
+    EXPECT_EQ(words(), "The door is shut.");
     root.setFace(EditorFace::memory);
 
     store.loadingNow = true;
@@ -130,33 +130,29 @@ TEST(EditorRoot, SaysThatItStillWaitsAndLetsGoOfItWhenTold) {
     EXPECT_FALSE(root.isTrying());
 }
 
-TEST(EditorRoot, LooksAgainWhereThereIsNothing) {
-    Window window;
-    auto& store = window.store;
+TEST_F(EmptyWindow, LooksAgainWhereThereIsNothing) {
     EXPECT_EQ(store.mod.loads, 0);
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 1);
     EXPECT_EQ(store.mod.loads, 1) << "behind the page";
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 1) << "it is looking";
     store.page.types = {{.name = "note", .count = 1}};
     store.page.settle();
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 1);
     store.error = "The door is shut.";
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 2);
     EXPECT_EQ(store.mod.loads, 1) << "nobody is there to ask";
 }
 
-TEST(EditorRoot, AHitLeadsBackToItsResultsAsLongAsItsPlaceIsOpen) {
-    Window window;
-    auto& [store, root, face, list] = window;
+TEST_F(EmptyWindow, AHitLeadsBackToItsResultsAsLongAsItsPlaceIsOpen) {
     const auto open = [&] {
         root.search()->clear();
         while (store.page.isWaiting())
             store.page.settle(memories(3));
-        window.search("number", memories(3));
+        search("number", memories(3));
         root.search()->openHit(1);
         if (store.page.isWaiting())
             store.page.settle(memories(3));
@@ -195,32 +191,28 @@ TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
     EXPECT_THAT(store.page.detailsAsked, ElementsAre("a"));
 }
 
-TEST(EditorRoot, AsksNothingOnceItHasRetired) {
-    Window window(memories(3));
-    window.search("backup", memories(1));
-    const auto asked = window.store.page.asked.size();
-    const auto details = window.store.page.detailsAsked.size();
-    window.root.retire();
-    EXPECT_FALSE(window.root.search()->searching());
-    window.root.search()->setText("backups");
-    window.face.open("decision");
-    window.root.setFace(EditorFace::mods);
-    window.store.grow();
-    window.root.page().details().request({"x"}, EditorAsker::page);
-    EXPECT_EQ(window.store.page.asked.size(), asked);
-    EXPECT_EQ(window.store.page.detailsAsked.size(), details);
+TEST_F(FullWindow, AsksNothingOnceItHasRetired) {
+    search("backup", memories(1));
+    const auto asked = store.page.asked.size();
+    const auto details = store.page.detailsAsked.size();
+    root.retire();
+    EXPECT_FALSE(root.search()->searching());
+    root.search()->setText("backups");
+    face.open("decision");
+    root.setFace(EditorFace::mods);
+    store.grow();
+    root.page().details().request({"x"}, EditorAsker::page);
+    EXPECT_EQ(store.page.asked.size(), asked);
+    EXPECT_EQ(store.page.detailsAsked.size(), details);
 }
 
-TEST(EditorRoot, WhatASearchFoundIsReadAnewWithTheStore) {
-    Window window;
-    window.search("backup", {memory("a")});
-    window.store.grow();
-    EXPECT_THAT(window.store.page.detailsAsked, ElementsAre("a", "a"));
+TEST_F(EmptyWindow, WhatASearchFoundIsReadAnewWithTheStore) {
+    search("backup", {memory("a")});
+    store.grow();
+    EXPECT_THAT(store.page.detailsAsked, ElementsAre("a", "a"));
 }
 
-TEST(EditorRoot, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
-    Window window;
-    auto& [store, root, face, list] = window;
+TEST_F(EmptyWindow, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
     face.open("decision");
     store.page.settle(memories(2));
     const auto says = [&](int role) {
@@ -283,22 +275,21 @@ TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
     }
 }
 
-TEST(EditorRoot, AnotherQuestionBeginsOnItsFirstPage) {
-    Window window;
-    const auto far = window.ask([](EditorAsk& ask) { ask.limit = 5112; });
-    window.root.setAsk(far);
-    window.root.setAsk(far);
-    EXPECT_EQ(window.root.page().ask().limit, 5112);
-    window.root.setAsk(window.ask([&](EditorAsk& ask) {
+TEST_F(EmptyWindow, AnotherQuestionBeginsOnItsFirstPage) {
+    const auto far = ask([](EditorAsk& ask) { ask.limit = 5112; });
+    root.setAsk(far);
+    root.setAsk(far);
+    EXPECT_EQ(root.page().ask().limit, 5112);
+    root.setAsk(ask([&](EditorAsk& ask) {
         ask.sort = EditorMemorySort::oldest;
         ask.filters = {{"owner", {EditorPick("Ines")}}};
     }));
-    EXPECT_EQ(window.root.page().ask().limit, 50);
-    window.face.open("decision");
+    EXPECT_EQ(root.page().ask().limit, 50);
+    face.open("decision");
     EditorAsk wanted{.term = {}};
     wanted.type = "decision";
     wanted.sort = EditorMemorySort::oldest;
-    EXPECT_EQ(window.root.page().ask(), wanted) << "and another type without filters";
+    EXPECT_EQ(root.page().ask(), wanted) << "and another type without filters";
 }
 
 TEST(EditorRoot, AHitOpensItsPlace) {
@@ -332,18 +323,17 @@ TEST(EditorRoot, AHitOpensItsPlace) {
     }
 }
 
-TEST(EditorRoot, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
-    Window window;
-    window.search("number 30", {memories(31).back()});
-    window.root.search()->openHit(0);
-    window.store.page.settle(memories(60));
-    const auto& lines = window.list.lines()->rows();
+TEST_F(EmptyWindow, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
+    search("number 30", {memories(31).back()});
+    root.search()->openHit(0);
+    store.page.settle(memories(60));
+    const auto& lines = list.lines()->rows();
     ASSERT_EQ(lines.size(), 36U) << "whole pages up to it";
     EXPECT_TRUE(lines[30].open);
-    const auto* const model = window.list.lines();
+    const auto* const model = list.lines();
     EXPECT_EQ(model->data(model->index(30), MemoryLines::TitleMarkupRole),
               "<b>Number</b> <b>30</b>");
-    EXPECT_THAT(window.store.page.detailsAsked, Contains("decision30"));
+    EXPECT_THAT(store.page.detailsAsked, Contains("decision30"));
 }
 
 TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
