@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Store/EditorStore.h"
+#include "Seeded/SeededSources.h"
 #include "Store/Waiting.h"
 
 #include <chrono>
@@ -167,14 +167,6 @@ private:
     Waiting<EditorWriteOutcome> m_writes;
 };
 
-class ScriptedTiles final : public TileSource {
-public:
-    std::map<std::int64_t, EditorTile> known;
-
-    const std::map<std::int64_t, EditorTile>& tiles() const override { return known; }
-    void showTiles(std::vector<std::int64_t> /*keys*/) override {}
-};
-
 /// A store of scripted sources. A face's own test fakes its source alone.
 class ScriptedStore final : public EditorStore {
 public:
@@ -188,7 +180,7 @@ public:
     ScriptedMods mod;
     ScriptedScopes scope;
     ScriptedRules rule;
-    ScriptedTiles tile;
+    SeededTiles tile;
 
     /// What has changed is told; by itself, all of it.
     void tell(EditorChanges what = EditorChanges::fromInt(63)) { EditorStore::tell(what); }
@@ -206,7 +198,7 @@ public:
     ScriptedMods& mods() override { return mod; }
     ScriptedScopes& scopes() override { return scope; }
     ScriptedRules& rules() override { return rule; }
-    ScriptedTiles& tiles() override { return tile; }
+    SeededTiles& tiles() override { return tile; }
     void switchWorld(EditorWorld /*world*/) override {}
     void resetWorld() override { grow(); }
     void stopWaiting() override { ++stops; }
