@@ -44,7 +44,7 @@ TEST(LiveRules, tellWhyTheThreeViewsDiffer) {
     const Case cases[] = {
         {card("/work/a"), walk("/work/a"), true, true, ""},
         {card("/"), walk("/work/a"), false, true,
-         "Wendlow was asked about /work/a and answered about /,"},
+         "Wendlow was asked about /work/a and answered about /, so nothing"},
         {none, none, false, true, "Nothing is compiled at /work/a yet."},
         {failure("no"), failure("never"), false, false, "no"},
         {strange, walk("/b"), false, false, "Wendlow answered the rules card with something"},
@@ -73,7 +73,8 @@ TEST_F(LiveStore, askOnlyForWhatIsFiledWhereThereIsNoScope) {
     open();
     const auto made = now(store->rules().rulesPicture("/nowhere"), failure("read only"));
     EXPECT_THAT(client->sent().back(), HasSubstr(R"("scopes":["/nowhere"],"limit":500)"));
-    EXPECT_THAT(words(*made.gap), HasSubstr("card for /nowhere can’t be asked for"));
+    EXPECT_THAT(words(*made.gap),
+                HasSubstr("card for /nowhere can’t be asked for: this window’s scope board"));
     EXPECT_EQ(made.filedState, EditorAnswerState(EditorAnswerStateCase::Failed{"read only"}));
 }
 
