@@ -14,11 +14,7 @@ using ::testing::IsEmpty;
 using namespace std::chrono_literals;
 
 TEST(EditorSearch, ASingleLetterNeitherBeginsNorEndsASearch) {
-    struct Case {
-        const char* text;
-        const char* current;
-        const char* term;
-    };
+    using Case = std::array<const char*, 3>;
     for (const auto& [text, current, term] :
          {Case{"b", "", ""}, Case{"ba b", "ba", "ba b"}, Case{"b c", "ba", "ba"},
           Case{" \t ", "ba", ""}, Case{"  ba ", "", "  ba "}, Case{"é", "ba", "ba"}})

@@ -44,41 +44,37 @@ TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
                                              .mods = &mods,
                                              .scopePaths = paths,
                                              .details = details});
-    const std::string date = DateWords::dateAndTime(editorDate(0)).toStdString();
+    const QString date = DateWords::dateAndTime(editorDate(0));
     const QDateTime ten(QDate(2026, 1, 2), QTime(10, 0));
     const auto seconds = static_cast<double>(ten.toSecsSinceEpoch());
-    const std::string begin = DateWords::dateAndTime(editorDate(seconds)).toStdString();
+    const QString begin = DateWords::dateAndTime(editorDate(seconds));
     std::string page;
     for (const auto& [title, hits] : sections) {
         page += "# " + title + "\n";
         for (const auto& hit : hits)
             page += hit.id + " | " + hit.title + " | " + hit.subtitle + " | " + hit.symbol + "\n";
     }
-    EXPECT_EQ(page, "# tickets\n"
-                    "memory:1 | Boat shed | ticket · /work | doc.text.fill\n"
-                    "memory:5 | y | why a BOAT | doc.text.fill\n"
-                    "# entries\n"
-                    "memory:3 | x | the body has a boat in it | doc.text.fill\n"
-                    "memory:6 | z | entry · /work | doc.text.fill\n"
-                    "# Meetings\n"
-                    "meeting:meeting:boatcall:1 | 2026-01-02 · 10:00–11:00 | " +
-                        begin +
-                        " · 1 h · Ada, Lin | person.2.fill\n"
-                        "meeting:b | Plain | 2026-01-03 · BOATSWAIN | person.2.fill\n"
-                        "# Moments\n"
-                        "moment:m1 | Boat talk | " +
-                        date +
-                        " | square.stack.3d.down.right\n"
-                        "moment:m2 | " +
-                        date +
-                        " | about a boat | square.stack.3d.down.right\n"
-                        "moment:m3 | Boat | as the daemon says | square.stack.3d.down.right\n"
-                        "# Rules\n"
-                        "rule:2 | On boats | rule · /work | scroll.fill\n"
-                        "# Mods\n"
-                        "app:/boat:tidy | tidy | /boat · tidies | square.grid.2x2.fill\n"
-                        "# Scopes\n"
-                        "scope:/boat | /boat |  | network\n");
+    const QString expected = R"(# tickets
+memory:1 | Boat shed | ticket · /work | doc.text.fill
+memory:5 | y | why a BOAT | doc.text.fill
+# entries
+memory:3 | x | the body has a boat in it | doc.text.fill
+memory:6 | z | entry · /work | doc.text.fill
+# Meetings
+meeting:meeting:boatcall:1 | 2026-01-02 · 10:00–11:00 | %1 · 1 h · Ada, Lin | person.2.fill
+meeting:b | Plain | 2026-01-03 · BOATSWAIN | person.2.fill
+# Moments
+moment:m1 | Boat talk | %2 | square.stack.3d.down.right
+moment:m2 | %2 | about a boat | square.stack.3d.down.right
+moment:m3 | Boat | as the daemon says | square.stack.3d.down.right
+# Rules
+rule:2 | On boats | rule · /work | scroll.fill
+# Mods
+app:/boat:tidy | tidy | /boat · tidies | square.grid.2x2.fill
+# Scopes
+scope:/boat | /boat |  | network
+)";
+    EXPECT_EQ(page, expected.arg(begin, date).toStdString());
     EXPECT_EQ(std::get<SearchDestination::Rule>(sections[4].hits[0].destination).scope, "/work");
 }
 
