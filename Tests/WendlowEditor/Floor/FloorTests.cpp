@@ -14,12 +14,7 @@ using ::testing::IsEmpty;
 using Segments = std::vector<MatchSegment>;
 
 TEST(TextMatch, marksWordsWhateverTheirCaseAndAccents) {
-    struct Case {
-        const char* text;
-        const char* term;
-        Segments segments;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, Segments> cases[] = {
         {"", "cafe", {}},
         {"no match", "cafe", {{"no match"}}},
         {"a b", "a", {{"a b"}}},
@@ -54,10 +49,7 @@ TEST(TextMatch, givesALineAroundTheFirstWordThatStandsThere) {
 }
 
 TEST(RowText, ShowsWhatAnybodyMayHaveWritten) {
-    struct Case {
-        std::string text;
-        std::string line;
-    };
+    using Case = std::pair<std::string, std::string>;
     for (const auto& [text, line] :
          {Case{"two\nlines\ttab\r\n", "two lines tab  "}, Case{"\xff", "\xef\xbf\xbd"},
           Case{"ערב טוב", "ערב טוב"}, Case{"👩‍👩‍👧 <b>", "👩‍👩‍👧 <b>"},

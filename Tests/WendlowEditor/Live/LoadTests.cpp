@@ -125,6 +125,7 @@ TEST(EditorLiveStore, letsTheMeetingsWaitForTheBaselineOfALoadThatIsDue) {
 }
 
 TEST(EditorLiveStore, readsTheMeetingsAgainWhereTheyWereSentForBeforeTheLoad) {
+    const AnswerCase::Text old{"- old · today · 1 h · Ada · 3 lines"};
     for (const bool before : {true, false}) {
         LiveDaemon live;
         if (!before)
@@ -132,17 +133,13 @@ TEST(EditorLiveStore, readsTheMeetingsAgainWhereTheyWereSentForBeforeTheLoad) {
         live.store->meetings().loadMeetings();
         live.time += std::chrono::seconds(1);
         live.store->resetWorld();
-        if (before)
-            live.answer("meetingList", AnswerCase::Text{"- old · today · 1 h · Ada · 3 lines"});
-        else
-            live.answer("getThumbnail", AnswerCase::Image{"AA==", "image/png"});
+        live.answer(before ? "meetingList" : "getThumbnail",
+                    before ? GatewayResponse(old) : AnswerCase::Image{"AA==", "image/png"});
         live.answer("scopeBoard", AnswerCase::ScopeBoard());
         EXPECT_FALSE(live.store->meetings().meetingsLoaded());
-        if (!before)
-            live.answer("meetingList", noMeetings);
-        live.answer("textBrowse", page(0));
-        if (before)
-            live.answer("meetingList", noMeetings);
+        const GatewayResponse none = noMeetings, counts = page(0);
+        live.answer(before ? "textBrowse" : "meetingList", before ? counts : none);
+        live.answer(before ? "meetingList" : "textBrowse", before ? none : counts);
         EXPECT_FALSE(live.client->isWaiting());
         EXPECT_EQ(live.store->meetings().meetingCount(), 0);
         EXPECT_TRUE(live.store->meetings().meetingsLoaded());
