@@ -19,19 +19,24 @@ GatewayRequest request() {
 /// What came back to each caller, in the order in which they came back.
 using Log = std::vector<std::string>;
 
-QCoro::Task<> ask(EditorLink& link, const char* id, Lane lane, Log& log) {
-    const auto reply = co_await link.send(request(), lane);
-    log.push_back(std::string(id) + ":" + std::get<AnswerCase::Failure>(reply.response).message);
-}
+struct EditorLinkAsked : ::testing::Test {
+    QCoro::Task<> ask(const char* id, Lane lane) {
+        const auto reply = co_await link.send(request(), lane);
+        log.push_back(std::string(id) + ":" +
+                      std::get<AnswerCase::Failure>(reply.response).message);
+    }
 
-TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
-    const auto client = std::make_shared<ScriptedClient>();
-    EditorLink link(client);
-    Log log;
-    const QCoro::Task<> tasks[] = {
-        ask(link, "bulk1", Lane::later, log), ask(link, "bulk2", Lane::later, log),
-        ask(link, "bulk3", Lane::later, log), ask(link, "person1", Lane::now, log),
-        ask(link, "person2", Lane::now, log)};
+    const std::shared_ptr<ScriptedClient> client = std::make_shared<ScriptedClient>();
+    Log log, notes;
+    LinkLeg::Instant time;
+    EditorLink link{client, [this](std::string line) { notes.push_back(std::move(line)); },
+                    [this] { return time; }};
+};
+
+TEST_F(EditorLinkAsked, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
+    const QCoro::Task<> tasks[] = {ask("bulk1", Lane::later), ask("bulk2", Lane::later),
+                                   ask("bulk3", Lane::later), ask("person1", Lane::now),
+                                   ask("person2", Lane::now)};
     for (const char* const answer : {"a", "b", "c", "d", "e"}) {
         EXPECT_EQ(client->sent().size(), log.size() + 1) << "one at a time";
         client->answer(AnswerCase::Failure{answer});
@@ -40,14 +45,8 @@ TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
     EXPECT_FALSE(client->isWaiting());
 }
 
-TEST(EditorLink, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
-    const auto client = std::make_shared<ScriptedClient>();
-    LinkLeg::Instant time;
-    Log notes;
-    EditorLink link(
-        client, [&](std::string line) { notes.push_back(std::move(line)); },
-        [&time] { return time; });
-    const auto take = [&link](LinkLeg& leg) -> QCoro::Task<> {
+TEST_F(EditorLinkAsked, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
+    const auto take = [this](LinkLeg& leg) -> QCoro::Task<> {
         const auto reply = co_await link.send(request(), Lane::now);
         leg = reply.leg;
     };
@@ -66,12 +65,9 @@ TEST(EditorLink, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
     EXPECT_THAT(notes, ElementsAre(::testing::HasSubstr("read.grab")));
 }
 
-TEST(EditorLink, waitsNoMoreForWhatOnlyReads) {
-    const auto client = std::make_shared<ScriptedClient>();
-    EditorLink link(client);
-    Log log;
-    const auto read = ask(link, "read", Lane::now, log);
-    const auto next = ask(link, "next", Lane::now, log);
+TEST_F(EditorLinkAsked, waitsNoMoreForWhatOnlyReads) {
+    const auto read = ask("read", Lane::now);
+    const auto next = ask("next", Lane::now);
     link.abandon();
     EXPECT_THAT(log, ElementsAre("read:Wendlow has not answered."));
     EXPECT_EQ(client->sent().size(), 2U) << "the next one's turn has come";
