@@ -132,13 +132,7 @@ TEST(MemoriesModel, SaysHowManyByWhatCutsThem) {
 
 TEST(MemoriesModel, EachStateSaysItsOwn) {
     using namespace EditorAnswerStateCase;
-    struct Case {
-        EditorAnswerState state;
-        int rows;
-        const char* term;
-        const char* strip;
-        const char* empty;
-    };
+    using Case = std::tuple<EditorAnswerState, int, const char*, const char*, const char*>;
     const char* const warming =
         "Searching your memories will be ready in a moment — the index is still building.";
     for (const auto& [state, rows, term, strip, empty] :

@@ -239,11 +239,7 @@ TEST_F(EmptyWindow, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
 }
 
 TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
-    struct Case {
-        EditorFace from, to;
-        bool keepsScopes;
-        EditorKind kind;
-    };
+    using Case = std::tuple<EditorFace, EditorFace, bool, EditorKind>;
     using enum EditorFace;
     for (const auto& [from, to, keepsScopes, kind] :
          {Case{memory, moments, true, EditorKind::moment},

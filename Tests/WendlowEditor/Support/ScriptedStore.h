@@ -141,7 +141,6 @@ public:
         m_writes.resumeAll({});
     }
 
-    bool isWaiting() const { return !m_pictures.empty(); }
     /// Answers the question that has waited longest.
     void answer(EditorRulesPicture picture) { m_pictures.resumeFirst(std::move(picture)); }
     void answerWrite(EditorWriteOutcome outcome) { m_writes.resumeFirst(std::move(outcome)); }
@@ -170,7 +169,6 @@ private:
 /// A store of scripted sources. A face's own test fakes its source alone.
 class ScriptedStore final : public EditorStore {
 public:
-    EditorWorld worldNow = EditorWorld::realData;
     std::int64_t generationNow = 0;
     std::optional<std::string> error;
     bool loadingNow = false;
@@ -189,7 +187,7 @@ public:
         tell(EditorChange::generation);
     }
 
-    EditorWorld world() const override { return worldNow; }
+    EditorWorld world() const override { return EditorWorld::realData; }
     std::int64_t generation() const override { return generationNow; }
     std::optional<std::string> storeError() const override { return error; }
     bool loading() const override { return loadingNow; }
