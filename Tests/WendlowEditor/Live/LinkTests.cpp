@@ -1,6 +1,7 @@
 #include "Live/EditorBrowses.h"
 #include "Live/EditorLink.h"
 #include "Support/ScriptedClient.h"
+#include "Support/ScriptedStore.h"
 
 #include <gmock/gmock.h>
 
@@ -89,15 +90,6 @@ TEST_F(EditorLinkAsked, waitsNoMoreForWhatOnlyReads) {
 
 /// Browses whose answers the test gives, and what each caller got.
 struct Browsing {
-    Browsing() : browses([this](EditorAsk ask) { return answered(std::move(ask)); }) {}
-
-    QCoro::Task<EditorAnswer> answered(EditorAsk ask) {
-        asked.push_back(ask.term);
-        EditorAnswer answer = co_await waiting;
-        answer.ask = std::move(ask);
-        co_return answer;
-    }
-    void answer() { waiting.resumeFirst({.state = EditorAnswerStateCase::Settled{}}); }
     QCoro::Task<> query(std::string term) {
         // On a line of its own: GCC 12 destroys an aggregate twice that is built around co_await.
         EditorAsk ask{.term = term};
@@ -105,10 +97,10 @@ struct Browsing {
         got.push_back(term + ":" + (answer.ask ? answer.ask->term : "pending"));
     }
 
-    std::vector<std::string> asked;
     Log got;
-    Waiting<EditorAnswer> waiting;
-    EditorBrowses browses;
+    testing::ScriptedPages pages;
+    EditorBrowses browses{
+        [this](EditorAsk ask) { return pages.query(std::move(ask), EditorAsker::page); }};
 };
 
 TEST(EditorBrowses, keepABurstToTheOneUnderWayAndTheLatest) {
@@ -118,15 +110,16 @@ TEST(EditorBrowses, keepABurstToTheOneUnderWayAndTheLatest) {
         tasks.push_back(browsing.query("k" + std::to_string(key)));
     EXPECT_EQ(browsing.got.size(), 58U);
     EXPECT_EQ(browsing.got.back(), "k58:pending");
-    browsing.answer();
-    browsing.answer();
-    EXPECT_THAT(browsing.asked, ElementsAre("k0", "k59"));
+    browsing.pages.settle();
+    browsing.pages.settle();
+    EXPECT_THAT(browsing.pages.asked,
+                ElementsAre(EditorAsk{.term = "k0"}, EditorAsk{.term = "k59"}));
     // The first caller started the run and gets the newest answer too.
     EXPECT_EQ(browsing.got[58], "k59:k59");
     EXPECT_EQ(browsing.got[59], "k0:k59");
     const QCoro::Task<> again[] = {browsing.query("later"), browsing.query("later")};
-    browsing.answer();
-    EXPECT_THAT(browsing.asked, ElementsAre("k0", "k59", "later")) << "the same only once";
+    browsing.pages.settle();
+    EXPECT_EQ(browsing.pages.asked.size(), 3U) << "the same only once";
     EXPECT_EQ(browsing.got.size(), 62U);
     EXPECT_EQ(browsing.got.back(), "later:later");
 }
