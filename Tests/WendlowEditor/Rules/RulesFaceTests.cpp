@@ -85,11 +85,6 @@ struct Face {
     }
     int at(const char* id) { return model.rows()->indexOf(id); }
     bool isEditing(const char* id) { return model.rows()->row(at(id)).editing; }
-    void type(const char* id, const char* text) {
-        model.activate(at(id));
-        model.setDraft(at(id), QString::fromUtf8(text));
-        model.commit(at(id));
-    }
     std::string outcome() { return model.outcome().toStdString(); }
 };
 struct RulesFace : ::testing::Test, Face {};
@@ -260,7 +255,9 @@ TEST_F(RulesFace, waitsForABoardUnlessNoneComes) {
 TEST_F(RulesFace, editsARuleInPlace) {
     rules.answer(picture());
     model.activate(at("stack///Ask first"));
-    type("card/m1", "Ask first");
+    model.activate(at("card/m1"));
+    model.setDraft(at("card/m1"), u"Ask first"_s);
+    model.commit(at("card/m1"));
     EXPECT_THAT(rules.written, IsEmpty()) << "it has not changed";
     model.setDraft(at("card/m1"), u"Ask twice"_s);
     model.commit(at("card/m1"));

@@ -281,12 +281,7 @@ TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
     EditorMoment told{.id = "m3", .at = editorDate(0), .title = "Boat"};
     told.passage = "as the daemon says";
     std::vector<EditorMeeting> meetings{
-        {.id = "meeting:boatcall:1",
-         .day = "2026-01-02",
-         .from = "10:00",
-         .to = "11:00",
-         .duration = "1 h",
-         .speakers = {"Ada", "Lin"}},
+        {"meeting:boatcall:1", {}, {}, "2026-01-02", "10:00", "11:00", "1 h", {"Ada", "Lin"}},
         {.id = "b", .title = "Plain", .day = "2026-01-03", .speakers = {"BOATSWAIN"}},
         {.id = "c", .title = "Nothing"}};
     const std::vector<EditorInstalledMod> mods{{.slug = "tidy", .scope = "/boat", .hint = "tidies"},

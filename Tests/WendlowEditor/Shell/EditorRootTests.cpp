@@ -400,15 +400,13 @@ TEST(Rail, CountsWhatIsKnownAndOpensItsPlaces) {
 TEST(FaceBar, SaysWhichScopesAndPicksOne) {
     Window window({}, types(1));
     auto& [store, root, face, list] = window;
-    RailModel& rail = *root.rail();
-    const QAbstractItemModelTester railTester(&rail);
     auto& bar = *root.bar();
     const QAbstractItemModelTester barTester(&bar);
     for (int at = 0; at < 5000; ++at)
         store.scope.root.children.push_back({.id = "/s" + std::to_string(at), .title = "s"});
     store.tell();
     EXPECT_EQ(bar.rowCount(), 5002);
-    EXPECT_EQ(spoken(rail).last(), "Scopes, 5001");
+    EXPECT_EQ(spoken(*root.rail()).last(), "Scopes, 5001");
     EXPECT_EQ(bar.lineFor("S4999", 5), 5001);
     EXPECT_EQ(bar.lineFor("s1", 4), 12) << "the next";
     EXPECT_EQ(bar.lineFor("s2", 5001), 4) << "and around";
