@@ -112,9 +112,7 @@ Item {
         }
 
         function test_aMemoryThatCannotBeReadSaysSo(): void {
-            createTemporaryObject(other, scene, {
-                root: bench.withoutDetails()
-            });
+            createTemporaryObject(other, scene, { root: bench.withoutDetails() });
             says("StaticText", "The rest of this memory could not be read. Open it again to ask once more.");
         }
 

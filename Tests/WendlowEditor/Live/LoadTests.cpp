@@ -40,10 +40,7 @@ TEST_F(LiveStore, opensOnWhatTheDaemonHoldsAndTellsEachEventOnce) {
 }
 
 TEST_F(LiveStore, saysWhyItHasNothingToShowAndAtOnceThatItHas) {
-    struct Case {
-        GatewayResponse scopes, browse;
-        std::string error;
-    };
+    using Case = std::tuple<GatewayResponse, GatewayResponse, std::string>;
     const std::string strange = "something this mod does not understand.";
     const AnswerCase::TextBrowse warming;
     const Case cases[] = {

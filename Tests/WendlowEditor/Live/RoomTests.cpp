@@ -197,10 +197,7 @@ TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
     fresh._0.lines = {{.rowid = 5, .speaker = "Ada", .at = 1.5, .text = "hm", .witness = "w"}};
     EditorTranscript words{.id = "m", .title = "T", .who = {"Ada"}};
     words.lines = {{.id = 5, .speaker = "Ada", .text = "hm", .witness = "w", .at = 1.5}};
-    struct Row {
-        std::vector<GatewayResponse> answers;
-        EditorLineDelete outcome;
-    };
+    using Row = std::pair<std::vector<GatewayResponse>, EditorLineDelete>;
     const AnswerCase::LineDelete gone{LineDeleteOutcome::deleted};
     const Row rows[] = {
         {{gone, fresh}, Case::Deleted{words}},
