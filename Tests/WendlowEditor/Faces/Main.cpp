@@ -53,9 +53,12 @@ public:
     /// line each. What it may press is marked with a star.
     Q_INVOKABLE static QStringList spoken(QQuickItem* item) {
         QStringList lines;
-        if (QAccessibleInterface* const face =
-                QAccessible::queryAccessibleInterface(item->window()))
-            gather(*face, lines);
+        const auto roles = QMetaEnum::fromType<QAccessible::Role>();
+        walk(QAccessible::queryAccessibleInterface(item->window()), [&](auto& child) {
+            lines.append(QString::fromUtf8(roles.valueToKey(child.role())) + u' ' +
+                         child.text(QAccessible::Name) + (pressable(child) ? u"*"_s : QString()));
+            return false;
+        });
         return lines;
     }
     /// Presses the thing of this name as a screen reader does.
@@ -103,33 +106,24 @@ private:
         return actions &&
                actions->actionNames().contains(QAccessibleActionInterface::pressAction());
     }
-    static QString role(QAccessible::Role role) {
-        return QString::fromUtf8(QMetaEnum::fromType<QAccessible::Role>().valueToKey(role));
-    }
-    static void gather(QAccessibleInterface& face, QStringList& lines) {
-        for (int at = 0; at < face.childCount(); ++at) {
-            QAccessibleInterface* const child = face.child(at);
-            if (!child || child->state().invisible)
-                continue;
-            lines.append(role(child->role()) + u' ' + child->text(QAccessible::Name) +
-                         (pressable(*child) ? u"*"_s : QString()));
-            gather(*child, lines);
-        }
-    }
-    static QAccessibleInterface* find(QQuickItem* item, const QString& name) {
-        return find(QAccessible::queryAccessibleInterface(item->window()), name);
-    }
-    static QAccessibleInterface* find(QAccessibleInterface* face, const QString& name) {
+    using Looking = std::function<bool(QAccessibleInterface&)>;
+    /// The first thing in sight below that is the one looked for.
+    static QAccessibleInterface* walk(QAccessibleInterface* face, const Looking& isIt) {
         for (int at = 0; face && at < face->childCount(); ++at) {
             QAccessibleInterface* const child = face->child(at);
             if (!child || child->state().invisible)
                 continue;
-            if (child->text(QAccessible::Name) == name && pressable(*child))
+            if (isIt(*child))
                 return child;
-            if (QAccessibleInterface* const inner = find(child, name))
+            if (QAccessibleInterface* const inner = walk(child, isIt))
                 return inner;
         }
         return nullptr;
+    }
+    static QAccessibleInterface* find(QQuickItem* item, const QString& name) {
+        return walk(QAccessible::queryAccessibleInterface(item->window()), [&](auto& child) {
+            return child.text(QAccessible::Name) == name && pressable(child);
+        });
     }
     static void gatherIndents(const QQuickItem& item, QList<int>& all) {
         if (item.isVisible() && item.property("indent").isValid() &&

@@ -26,9 +26,9 @@ Item {
         }
     }
 
-    TestCase {
+    EditorCase {
         name: "Editor"
-        when: windowShown
+        view: face
 
         readonly property EditorRoot root: bench.host.root
 
@@ -36,22 +36,8 @@ Item {
             ThemeSource.reduceMotion = true;
             scene.width = 980;
             scene.height = 832;
-            bench.world("powerUser");
-            wait(0);
-            face.forceActiveFocus();
+            enter("powerUser");
             keyClick(Qt.Key_F, Qt.ControlModifier);
-        }
-
-        // The lines of what a screen reader finds that begin so.
-        function said(role) {
-            return bench.spoken(face).filter(line => line.startsWith(role + " ")).map(line => line.slice(role.length + 1));
-        }
-        function says(role, name) {
-            tryVerify(() => said(role).includes(name), 2000, role + " " + name + " in " + bench.spoken(face).join("\n"));
-        }
-        function write(text) {
-            for (const letter of text)
-                keyClick(letter);
         }
 
         function test_aScreenReaderFindsEverythingNamed(): void {
@@ -79,21 +65,17 @@ Item {
             says("StaticText", "Showing 50 of 273 — scroll the flat list for the rest.");
             verify(bench.press(face, "Mods, 0") || bench.press(face, "Mods"));
             says("StaticText", "This surface isn’t wired to your real data yet.");
-            for (const line of bench.spoken(face))
-                verify(!/^(PageTab|ListItem|Button|CheckBox|RadioButton|EditableText|MenuItem) \*?$/.test(line), "without a name: " + line);
+            everythingIsNamed();
         }
 
         function test_typingAnywhereSearchesAndEscapeGoesBack(): void {
-            keyClick(Qt.Key_Tab);
-            keyClick(Qt.Key_Down);
+            keys("Tab Down");
             compare(bench.openType(), "finding");
             write("backup");
             compare(root.search.text, "backup");
             verify(root.search.searching);
             says("Heading", "Results for “backup”");
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Up);
+            keys("Down Down Up");
             compare(root.search.selection, 1);
             compare(bench.openType(), "finding", "the arrows are the search's");
             keyClick(Qt.Key_Escape);
@@ -130,9 +112,7 @@ Item {
         }
 
         function test_aMemoryThatCannotBeReadSaysSo(): void {
-            createTemporaryObject(other, scene, {
-                root: bench.withoutDetails()
-            });
+            createTemporaryObject(other, scene, { root: bench.withoutDetails() });
             says("StaticText", "The rest of this memory could not be read. Open it again to ask once more.");
         }
 
@@ -150,37 +130,31 @@ Item {
         }
 
         function test_returnOpensAHitWithTheFocusAtIt(): void {
-            bench.world("someData");
-            wait(0);
-            face.forceActiveFocus();
+            enter("someData");
             write("tide");
             const hit = root.search.hits.data(root.search.hits.index(0, 0), Qt.DisplayRole);
             keyClick(Qt.Key_Return);
             compare(bench.openType(), "finding");
             tryVerify(() => said("StaticText").some(line => line.startsWith("Their backup runs")), 2000, "it is unfolded");
-            const list = scene.Window.activeFocusItem.ListView.view;
+            const list = focused().ListView.view;
             compare(list.currentItem.title, hit);
             verify(list.currentItem.open);
             verify(list.currentItem.ringed, "the focus is to be seen");
             keyClick(Qt.Key_Return);
             verify(!list.currentItem.open);
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Return);
+            keys("Down Return");
             verify(list.currentItem.open);
             keyClick(Qt.Key_Escape);
             verify(root.search.searching, "it stands as it was found");
         }
 
         function test_theArrowsReadATallMemoryBeforeTheyLeaveIt(): void {
-            bench.world("someData");
-            wait(0);
-            face.forceActiveFocus();
+            enter("someData");
             write("tide");
             keyClick(Qt.Key_Return);
-            const list = scene.Window.activeFocusItem.ListView.view;
+            const list = focused().ListView.view;
             scene.height = 310;
-            keyClick(Qt.Key_Return);
-            keyClick(Qt.Key_Return);
+            keys("Return Return");
             tryVerify(() => list.currentItem.height > list.height, 2000, "it is taller than the list: " + list.currentItem.height + " " + list.height);
             tryVerify(() => list.contentY === list.currentItem.y, 2000, "from its beginning on");
             const id = list.currentIndex;
@@ -204,33 +178,25 @@ Item {
             compare(bench.face(), "scopes");
             keyClick(Qt.Key_Up, Qt.ShiftModifier);
             compare(bench.face(), "scopes");
-            bench.world("powerUser");
-            wait(0);
-            face.forceActiveFocus();
-            keyClick(Qt.Key_Tab);
-            keyClick(Qt.Key_Right);
-            verify(scene.Window.activeFocusItem.ringed, "a card has the focus");
-            keyClick(Qt.Key_Right);
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Return);
+            enter("powerUser");
+            keys("Tab Right");
+            verify(focused().ringed, "a card has the focus");
+            keys("Right Down Return");
             compare(bench.openType(), "note");
         }
 
         function test_theScopeMenuPicksOneAndGivesTheFocusBack(): void {
             verify(bench.press(face, "scope: /"));
             compare(root.bar.pickerOpen, true);
-            tryVerify(() => scene.Window.activeFocusItem !== null);
+            tryVerify(() => focused() !== null);
             wait(0);
             compare(bench.indents(face).slice(0, 4), [0, 0, 12, 24], "all scopes, the root, what is in it");
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Return);
+            keys("Down Down Down Return");
             compare(root.bar.pickerOpen, false);
             compare(root.bar.label, "/work/ferry");
             says("Button", "scope: /work/ferry*");
-            tryVerify(() => scene.Window.activeFocusItem.ringed === true, 2000, "the chip has the focus again");
-            compare(scene.Window.activeFocusItem.text, "/work/ferry");
+            tryVerify(() => focused().ringed === true, 2000, "the chip has the focus again");
+            compare(focused().text, "/work/ferry");
             keyClick(Qt.Key_Space);
             compare(root.bar.pickerOpen, true);
             wait(0);
@@ -245,14 +211,12 @@ Item {
             bench.open("decision");
             wait(0);
             verify(bench.press(face, "owner"));
-            const focused = () => scene.Window.activeFocusItem;
             verify(bench.press(face, "owner"));
             for (let at = 0; at < 30 && focused().text !== "owner"; ++at)
                 keyClick(Qt.Key_Tab);
             keyClick(Qt.Key_Right);
             compare(focused().text, "source");
-            keyClick(Qt.Key_Left);
-            keyClick(Qt.Key_Down);
+            keys("Left Down");
             tryCompare(bench.memories().list.filters, "panelOpen", true);
             compare(focused().on, false, "the first value has it");
             keyClick(Qt.Key_Right);
@@ -283,29 +247,27 @@ Item {
                 state = (state * 1103515245 + 12345) % 2147483648;
                 const key = keys[Math.floor(state / 65536) % keys.length];
                 walked.push(key);
-                const before = String(scene.Window.activeFocusItem);
+                const before = String(focused());
                 keyClick(Qt["Key_" + key]);
                 wait(1);
-                const focused = scene.Window.activeFocusItem;
-                const where = () => walked.slice(-6).join(" ") + " at " + focused + " " + (focused?.text ?? "") + " after " + before;
-                verify(focused && focused.visible && focused.width > 0, "nothing is seen: " + where());
-                verify(showsFocus(focused), "no ring: " + where());
+                const item = focused();
+                const where = () => walked.slice(-6).join(" ") + " at " + item + " " + (item?.text ?? "") + " after " + before;
+                verify(item && item.visible && item.width > 0, "nothing is seen: " + where());
+                verify(showsFocus(item), "no ring: " + where());
             }
         }
 
         function test_aDoorGivesTheFocusToTheFirstPlaceBehindIt(): void {
             verify(bench.press(face, "4 more"));
-            tryVerify(() => scene.Window.activeFocusItem.title === "decisions");
+            tryVerify(() => focused().title === "decisions");
         }
 
         function test_aMemoryIsCopiedFromItsRow(): void {
-            bench.world("someData");
-            wait(0);
-            face.forceActiveFocus();
+            enter("someData");
             write("tide");
             keyClick(Qt.Key_Return);
-            tryVerify(() => scene.Window.activeFocusItem.known);
-            const row = scene.Window.activeFocusItem;
+            tryVerify(() => focused().known);
+            const row = focused();
             for (const [keys, begins] of [[[], row.title], [[Qt.Key_Menu, Qt.Key_Return], row.title], [[Qt.Key_Menu, Qt.Key_Down, Qt.Key_Return], row.title], [[Qt.Key_Menu, Qt.Key_Down, Qt.Key_Down, Qt.Key_Return], "/"]]) {
                 bench.clipboard = "";
                 if (keys.length === 0)
@@ -324,20 +286,19 @@ Item {
             says("AlertMessage", "These memories are made up.");
             verify(bench.press(face, "Back to my real data"));
             tryVerify(() => !said("AlertMessage").includes("These memories are made up."));
-            tryVerify(() => scene.Window.activeFocusItem?.visible === true && scene.Window.activeFocusItem.width > 0);
+            tryVerify(() => focused()?.visible === true && focused().width > 0);
         }
 
         function test_aHitLeadsBackToItsResults(): void {
             write("backup");
-            keyClick(Qt.Key_Down);
-            keyClick(Qt.Key_Return);
+            keys("Down Return");
             verify(!root.search.searching);
             says("Button", "Results for “backup”*");
             for (const back of [() => keyClick(Qt.Key_Escape), () => keyClick(Qt.Key_Left, Qt.AltModifier), () => verify(bench.press(face, "Results for “backup”"))]) {
                 back();
                 verify(root.search.searching);
                 compare(root.search.selection, 1);
-                tryVerify(() => showsFocus(scene.Window.activeFocusItem));
+                tryVerify(() => showsFocus(focused()));
                 keyClick(Qt.Key_Return);
                 verify(!root.search.searching);
             }
@@ -346,12 +307,10 @@ Item {
         function test_theEndOfAListIsItsLastMemory(): void {
             bench.open("decision");
             wait(0);
-            keyClick(Qt.Key_Tab);
-            keyClick(Qt.Key_Right);
-            keyClick(Qt.Key_End);
-            tryVerify(() => scene.Window.activeFocusItem.index === 273);
+            keys("Tab Right End");
+            tryVerify(() => focused().index === 273);
             keyClick(Qt.Key_Home);
-            compare(scene.Window.activeFocusItem.index, 0);
+            compare(focused().index, 0);
         }
     }
 }

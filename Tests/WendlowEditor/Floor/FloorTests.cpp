@@ -14,12 +14,7 @@ using ::testing::IsEmpty;
 using Segments = std::vector<MatchSegment>;
 
 TEST(TextMatch, marksWordsWhateverTheirCaseAndAccents) {
-    struct Case {
-        const char* text;
-        const char* term;
-        Segments segments;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, Segments> cases[] = {
         {"", "cafe", {}},
         {"no match", "cafe", {{"no match"}}},
         {"a b", "a", {{"a b"}}},
@@ -54,10 +49,7 @@ TEST(TextMatch, givesALineAroundTheFirstWordThatStandsThere) {
 }
 
 TEST(RowText, ShowsWhatAnybodyMayHaveWritten) {
-    struct Case {
-        std::string text;
-        std::string line;
-    };
+    using Case = std::pair<std::string, std::string>;
     for (const auto& [text, line] :
          {Case{"two\nlines\ttab\r\n", "two lines tab  "}, Case{"\xff", "\xef\xbf\xbd"},
           Case{"ערב טוב", "ערב טוב"}, Case{"👩‍👩‍👧 <b>", "👩‍👩‍👧 <b>"},
@@ -91,7 +83,7 @@ TEST(RulesScope, IsOnePath) {
     EXPECT_EQ(rulesScope({}, {row("/a", false)}), "/");
 }
 
-struct Details {
+struct EditorDetailsAsked : ::testing::Test {
     ScriptedPages pages;
     EditorDetails details{pages};
 
@@ -109,50 +101,47 @@ struct Details {
     }
 };
 
-TEST(EditorDetails, ComeTogetherAndAreAskedForOnce) {
-    Details window;
-    window.request({"a", "b"});
-    window.request({"b", "a"});
-    window.answer("a", "one");
-    EXPECT_EQ(window.why("a"), "not known") << "not before both are there";
-    window.pages.answerDetail(std::nullopt);
-    EXPECT_EQ(window.why("a"), "one");
-    EXPECT_EQ(window.why("b"), "nothing came");
-    window.request({"a", "b"});
-    EXPECT_EQ(window.why("b"), "not known") << "it is under way again";
-    window.answer("b", "two");
-    EXPECT_EQ(window.why("b"), "two");
-    EXPECT_THAT(window.pages.detailsAsked, ElementsAre("a", "b", "b"));
+TEST_F(EditorDetailsAsked, ComeTogetherAndAreAskedForOnce) {
+    request({"a", "b"});
+    request({"b", "a"});
+    answer("a", "one");
+    EXPECT_EQ(why("a"), "not known") << "not before both are there";
+    pages.answerDetail(std::nullopt);
+    EXPECT_EQ(why("a"), "one");
+    EXPECT_EQ(why("b"), "nothing came");
+    request({"a", "b"});
+    EXPECT_EQ(why("b"), "not known") << "it is under way again";
+    answer("b", "two");
+    EXPECT_EQ(why("b"), "two");
+    EXPECT_THAT(pages.detailsAsked, ElementsAre("a", "b", "b"));
 }
 
 /// What was read before a write is not what there is now.
-TEST(EditorDetails, WhatWasUnderWayWhenAllWasForgottenComesToNothing) {
-    Details window;
-    window.request({"a", "b"});
-    window.details.clear();
-    window.request({"a"});
-    window.answer("a", "old");
-    EXPECT_EQ(window.why("a"), "not known");
-    window.answer("a", "new");
-    EXPECT_EQ(window.why("a"), "new");
-    EXPECT_THAT(window.pages.detailsAsked, ElementsAre("a", "a"));
+TEST_F(EditorDetailsAsked, WhatWasUnderWayWhenAllWasForgottenComesToNothing) {
+    request({"a", "b"});
+    details.clear();
+    request({"a"});
+    answer("a", "old");
+    EXPECT_EQ(why("a"), "not known");
+    answer("a", "new");
+    EXPECT_EQ(why("a"), "new");
+    EXPECT_THAT(pages.detailsAsked, ElementsAre("a", "a"));
 }
 
-TEST(EditorDetails, OneAskersChangeOfMindHoldsUpNoOther) {
-    Details window;
-    window.request({"a", "b", "c"}, EditorAsker::search);
-    window.request({"b"}, EditorAsker::page);
-    window.details.abandon(EditorAsker::search);
-    window.request({"d"}, EditorAsker::search);
-    window.answer("a", "left");
-    window.answer("b", "one");
-    window.answer("d", "two");
-    EXPECT_FALSE(window.pages.detailWaits()) << "c is asked for no more";
-    EXPECT_EQ(window.why("b") + window.why("d"), "onetwo");
-    window.details.retire();
-    window.request({"e"});
-    EXPECT_FALSE(window.pages.detailWaits());
-    EXPECT_THAT(window.details.known(), IsEmpty());
+TEST_F(EditorDetailsAsked, OneAskersChangeOfMindHoldsUpNoOther) {
+    request({"a", "b", "c"}, EditorAsker::search);
+    request({"b"}, EditorAsker::page);
+    details.abandon(EditorAsker::search);
+    request({"d"}, EditorAsker::search);
+    answer("a", "left");
+    answer("b", "one");
+    answer("d", "two");
+    EXPECT_FALSE(pages.detailWaits()) << "c is asked for no more";
+    EXPECT_EQ(why("b") + why("d"), "onetwo");
+    details.retire();
+    request({"e"});
+    EXPECT_FALSE(pages.detailWaits());
+    EXPECT_THAT(details.known(), IsEmpty());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Live/EditorBrowses.h"
 #include "Live/EditorLink.h"
 #include "Support/ScriptedClient.h"
+#include "Support/ScriptedStore.h"
 
 #include <gmock/gmock.h>
 
@@ -19,19 +20,24 @@ GatewayRequest request() {
 /// What came back to each caller, in the order in which they came back.
 using Log = std::vector<std::string>;
 
-QCoro::Task<> ask(EditorLink& link, const char* id, Lane lane, Log& log) {
-    const auto reply = co_await link.send(request(), lane);
-    log.push_back(std::string(id) + ":" + std::get<AnswerCase::Failure>(reply.response).message);
-}
+struct EditorLinkAsked : ::testing::Test {
+    QCoro::Task<> ask(const char* id, Lane lane) {
+        const auto reply = co_await link.send(request(), lane);
+        log.push_back(std::string(id) + ":" +
+                      std::get<AnswerCase::Failure>(reply.response).message);
+    }
 
-TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
-    const auto client = std::make_shared<ScriptedClient>();
-    EditorLink link(client);
-    Log log;
-    const QCoro::Task<> tasks[] = {
-        ask(link, "bulk1", Lane::later, log), ask(link, "bulk2", Lane::later, log),
-        ask(link, "bulk3", Lane::later, log), ask(link, "person1", Lane::now, log),
-        ask(link, "person2", Lane::now, log)};
+    const std::shared_ptr<ScriptedClient> client = std::make_shared<ScriptedClient>();
+    Log log, notes;
+    LinkLeg::Instant time;
+    EditorLink link{client, [this](std::string line) { notes.push_back(std::move(line)); },
+                    [this] { return time; }};
+};
+
+TEST_F(EditorLinkAsked, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
+    const QCoro::Task<> tasks[] = {ask("bulk1", Lane::later), ask("bulk2", Lane::later),
+                                   ask("bulk3", Lane::later), ask("person1", Lane::now),
+                                   ask("person2", Lane::now)};
     for (const char* const answer : {"a", "b", "c", "d", "e"}) {
         EXPECT_EQ(client->sent().size(), log.size() + 1) << "one at a time";
         client->answer(AnswerCase::Failure{answer});
@@ -40,14 +46,8 @@ TEST(EditorLink, letsAPersonGoBeforeBulkAndKeepsTheOrderWithinALane) {
     EXPECT_FALSE(client->isWaiting());
 }
 
-TEST(EditorLink, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
-    const auto client = std::make_shared<ScriptedClient>();
-    LinkLeg::Instant time;
-    Log notes;
-    EditorLink link(
-        client, [&](std::string line) { notes.push_back(std::move(line)); },
-        [&time] { return time; });
-    const auto take = [&link](LinkLeg& leg) -> QCoro::Task<> {
+TEST_F(EditorLinkAsked, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
+    const auto take = [this](LinkLeg& leg) -> QCoro::Task<> {
         const auto reply = co_await link.send(request(), Lane::now);
         leg = reply.leg;
     };
@@ -66,12 +66,9 @@ TEST(EditorLink, tellsWhenARequestWasWhereAndSaysWhatWasSlow) {
     EXPECT_THAT(notes, ElementsAre(::testing::HasSubstr("read.grab")));
 }
 
-TEST(EditorLink, waitsNoMoreForWhatOnlyReads) {
-    const auto client = std::make_shared<ScriptedClient>();
-    EditorLink link(client);
-    Log log;
-    const auto read = ask(link, "read", Lane::now, log);
-    const auto next = ask(link, "next", Lane::now, log);
+TEST_F(EditorLinkAsked, waitsNoMoreForWhatOnlyReads) {
+    const auto read = ask("read", Lane::now);
+    const auto next = ask("next", Lane::now);
     link.abandon();
     EXPECT_THAT(log, ElementsAre("read:Wendlow has not answered."));
     EXPECT_EQ(client->sent().size(), 2U) << "the next one's turn has come";
@@ -93,15 +90,6 @@ TEST(EditorLink, waitsNoMoreForWhatOnlyReads) {
 
 /// Browses whose answers the test gives, and what each caller got.
 struct Browsing {
-    Browsing() : browses([this](EditorAsk ask) { return answered(std::move(ask)); }) {}
-
-    QCoro::Task<EditorAnswer> answered(EditorAsk ask) {
-        asked.push_back(ask.term);
-        EditorAnswer answer = co_await waiting;
-        answer.ask = std::move(ask);
-        co_return answer;
-    }
-    void answer() { waiting.resumeFirst({.state = EditorAnswerStateCase::Settled{}}); }
     QCoro::Task<> query(std::string term) {
         // On a line of its own: GCC 12 destroys an aggregate twice that is built around co_await.
         EditorAsk ask{.term = term};
@@ -109,10 +97,10 @@ struct Browsing {
         got.push_back(term + ":" + (answer.ask ? answer.ask->term : "pending"));
     }
 
-    std::vector<std::string> asked;
     Log got;
-    Waiting<EditorAnswer> waiting;
-    EditorBrowses browses;
+    testing::ScriptedPages pages;
+    EditorBrowses browses{
+        [this](EditorAsk ask) { return pages.query(std::move(ask), EditorAsker::page); }};
 };
 
 TEST(EditorBrowses, keepABurstToTheOneUnderWayAndTheLatest) {
@@ -122,15 +110,16 @@ TEST(EditorBrowses, keepABurstToTheOneUnderWayAndTheLatest) {
         tasks.push_back(browsing.query("k" + std::to_string(key)));
     EXPECT_EQ(browsing.got.size(), 58U);
     EXPECT_EQ(browsing.got.back(), "k58:pending");
-    browsing.answer();
-    browsing.answer();
-    EXPECT_THAT(browsing.asked, ElementsAre("k0", "k59"));
+    browsing.pages.settle();
+    browsing.pages.settle();
+    EXPECT_THAT(browsing.pages.asked,
+                ElementsAre(EditorAsk{.term = "k0"}, EditorAsk{.term = "k59"}));
     // The first caller started the run and gets the newest answer too.
     EXPECT_EQ(browsing.got[58], "k59:k59");
     EXPECT_EQ(browsing.got[59], "k0:k59");
     const QCoro::Task<> again[] = {browsing.query("later"), browsing.query("later")};
-    browsing.answer();
-    EXPECT_THAT(browsing.asked, ElementsAre("k0", "k59", "later")) << "the same only once";
+    browsing.pages.settle();
+    EXPECT_EQ(browsing.pages.asked.size(), 3U) << "the same only once";
     EXPECT_EQ(browsing.got.size(), 62U);
     EXPECT_EQ(browsing.got.back(), "later:later");
 }

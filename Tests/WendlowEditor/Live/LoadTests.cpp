@@ -9,42 +9,38 @@ using ::testing::ElementsAre;
 using testing::failure;
 using ::testing::HasSubstr;
 using testing::LiveDaemon;
+using testing::LiveStore;
 using testing::page;
 using enum EditorChange;
 
 const AnswerCase::Text noMeetings{""};
 
-TEST(EditorLiveStore, opensOnWhatTheDaemonHoldsAndTellsEachEventOnce) {
-    LiveDaemon live;
-    auto& store = *live.store;
-    EXPECT_FALSE(store.scopes().boardRead() || store.loading());
-    live.openToMeetings();
-    EXPECT_TRUE(store.loading());
-    live.answer("meetingList", AnswerCase::Text{"- meeting:call:1 · today · 1 h · Ada · 3 lines"});
-    EXPECT_FALSE(store.loading());
-    EXPECT_THAT(live.changes,
+TEST_F(LiveStore, opensOnWhatTheDaemonHoldsAndTellsEachEventOnce) {
+    EXPECT_FALSE(store->scopes().boardRead() || store->loading());
+    openToMeetings();
+    EXPECT_TRUE(store->loading());
+    answer("meetingList", AnswerCase::Text{"- meeting:call:1 · today · 1 h · Ada · 3 lines"});
+    EXPECT_FALSE(store->loading());
+    EXPECT_THAT(changes,
                 ElementsAre(meetings | mods | error, counts, scopes, meetings, generation | error));
-    EXPECT_EQ(store.generation(), 1);
-    EXPECT_EQ(store.pages().momentCount(), 7);
-    EXPECT_EQ(store.meetings().meetingCount(), 1);
-    EXPECT_THAT(store.pages().memoryTypeCounts(),
+    EXPECT_EQ(store->generation(), 1);
+    EXPECT_EQ(store->pages().momentCount(), 7);
+    EXPECT_EQ(store->meetings().meetingCount(), 1);
+    EXPECT_THAT(store->pages().memoryTypeCounts(),
                 ElementsAre(EditorCount{"note", 3}, EditorCount{"rule", 1}));
-    EXPECT_TRUE(store.scopes().boardRead());
-    ASSERT_NE(store.scopes().rootScope().find("/work/a"), nullptr);
-    EXPECT_THAT(store.scopes().rootScope().find("/work/a")->folderPaths, ElementsAre("/home/p/a"));
-    const auto above = store.scopes().ancestors("/work/a/deeper");
+    EXPECT_TRUE(store->scopes().boardRead());
+    ASSERT_NE(store->scopes().rootScope().find("/work/a"), nullptr);
+    EXPECT_THAT(store->scopes().rootScope().find("/work/a")->folderPaths, ElementsAre("/home/p/a"));
+    const auto above = store->scopes().ancestors("/work/a/deeper");
     ASSERT_EQ(above.size(), 3U);
     EXPECT_EQ(above[1]->id, "/work");
-    EXPECT_EQ(store.scopes().ancestors("/").size(), 0U);
-    EXPECT_EQ(store.scopes().ancestors("/none/a").size(), 1U);
-    EXPECT_EQ(store.scopes().scopeBoard()[0].kinds[0], (EditorCount{"note", 3}));
+    EXPECT_EQ(store->scopes().ancestors("/").size(), 0U);
+    EXPECT_EQ(store->scopes().ancestors("/none/a").size(), 1U);
+    EXPECT_EQ(store->scopes().scopeBoard()[0].kinds[0], (EditorCount{"note", 3}));
 }
 
-TEST(EditorLiveStore, saysWhyItHasNothingToShowAndAtOnceThatItHas) {
-    struct Case {
-        GatewayResponse scopes, browse;
-        std::string error;
-    };
+TEST_F(LiveStore, saysWhyItHasNothingToShowAndAtOnceThatItHas) {
+    using Case = std::tuple<GatewayResponse, GatewayResponse, std::string>;
     const std::string strange = "something this mod does not understand.";
     const AnswerCase::TextBrowse warming;
     const Case cases[] = {
@@ -55,62 +51,59 @@ TEST(EditorLiveStore, saysWhyItHasNothingToShowAndAtOnceThatItHas) {
         {failure("no board"), page(1), "no board"},
         {AnswerCase::Ok(), page(1), "Wendlow answered the scope board with " + strange},
     };
-    LiveDaemon live;
-    live.open();
+    open();
     for (const auto& [scopes, browse, error] : cases) {
         SCOPED_TRACE(error);
-        live.store->resetWorld();
-        const auto before = live.store->generation();
-        live.answer("scopeBoard", scopes);
-        live.answer("textBrowse", browse);
-        EXPECT_EQ(live.store->storeError(), error);
-        EXPECT_FALSE(live.store->loaded() || live.store->loading());
-        EXPECT_FALSE(live.client->isWaiting());
-        EXPECT_EQ(live.store->generation(), before + 1);
-        EXPECT_NE(live.store->scopes().rootScope().find("/work/a"), nullptr) << "it stays";
-        live.openToMeetings();
-        EXPECT_EQ(live.store->storeError(), std::nullopt) << "though the meetings take their time";
-        EXPECT_EQ(live.changes.back(), EditorChange::scopes | EditorChange::error);
-        live.answer("meetingList", noMeetings);
+        store->resetWorld();
+        const auto before = store->generation();
+        answer("scopeBoard", scopes);
+        answer("textBrowse", browse);
+        EXPECT_EQ(store->storeError(), error);
+        EXPECT_FALSE(store->loaded() || store->loading());
+        EXPECT_FALSE(client->isWaiting());
+        EXPECT_EQ(store->generation(), before + 1);
+        EXPECT_NE(store->scopes().rootScope().find("/work/a"), nullptr) << "it stays";
+        openToMeetings();
+        EXPECT_EQ(store->storeError(), std::nullopt) << "though the meetings take their time";
+        EXPECT_EQ(changes.back(), EditorChange::scopes | EditorChange::error);
+        answer("meetingList", noMeetings);
     }
 }
 
-TEST(EditorLiveStore, givesThePageTheSearchAndTheBaselineAPlaceEach) {
-    LiveDaemon live;
+TEST_F(LiveStore, givesThePageTheSearchAndTheBaselineAPlaceEach) {
     std::optional<EditorAnswer> listed, typed;
     EditorAsk list{.term = {}}, term{.term = "x"};
-    live.store->resetWorld();
-    const auto one = live.keep(live.store->pages().query(list, EditorAsker::page), listed);
-    const auto two = live.keep(live.store->pages().query(term, EditorAsker::search), typed);
-    live.answer("scopeBoard", AnswerCase::ScopeBoard());
-    live.answer(R"("limit":50)", page(9, {{"note", 9}}));
+    store->resetWorld();
+    const auto one = keep(store->pages().query(list, EditorAsker::page), listed);
+    const auto two = keep(store->pages().query(term, EditorAsker::search), typed);
+    answer("scopeBoard", AnswerCase::ScopeBoard());
+    answer(R"("limit":50)", page(9, {{"note", 9}}));
     EXPECT_EQ(listed->ask, list);
-    live.answer(R"("term":"x")", failure("too many words"));
+    answer(R"("term":"x")", failure("too many words"));
     EXPECT_EQ(typed->ask, term);
-    live.answer(R"("limit":1,)", page(4, {{"note", 4}}));
-    live.answer("meetingList", noMeetings);
-    EXPECT_TRUE(live.store->loaded());
-    EXPECT_EQ(live.store->pages().memoryTypeCounts()[0].count, 4);
+    answer(R"("limit":1,)", page(4, {{"note", 4}}));
+    answer("meetingList", noMeetings);
+    EXPECT_TRUE(store->loaded());
+    EXPECT_EQ(store->pages().memoryTypeCounts()[0].count, 4);
 }
 
-TEST(EditorLiveStore, readsOnceMoreHoweverOftenItIsAskedWhileReading) {
-    LiveDaemon live;
+TEST_F(LiveStore, readsOnceMoreHoweverOftenItIsAskedWhileReading) {
     for (int call = 0; call < 5; ++call)
-        live.store->resetWorld();
+        store->resetWorld();
     for (int round = 0; round < 2; ++round) {
-        EXPECT_TRUE(live.store->loading());
-        live.answer("scopeBoard", AnswerCase::ScopeBoard());
-        live.answer("textBrowse", page(0));
-        live.answer("meetingList", failure("not now"));
+        EXPECT_TRUE(store->loading());
+        answer("scopeBoard", AnswerCase::ScopeBoard());
+        answer("textBrowse", page(0));
+        answer("meetingList", failure("not now"));
     }
-    EXPECT_FALSE(live.client->isWaiting() || live.store->loading());
-    EXPECT_EQ(live.store->generation(), 2);
-    EXPECT_EQ(live.store->meetings().meetingsError(), "not now");
-    live.store->meetings().loadMeetings();
-    live.store->meetings().loadMeetings();
-    live.answer("meetingList", noMeetings);
-    live.store->meetings().loadMeetings();
-    EXPECT_FALSE(live.client->isWaiting()) << "they have been read";
+    EXPECT_FALSE(client->isWaiting() || store->loading());
+    EXPECT_EQ(store->generation(), 2);
+    EXPECT_EQ(store->meetings().meetingsError(), "not now");
+    store->meetings().loadMeetings();
+    store->meetings().loadMeetings();
+    answer("meetingList", noMeetings);
+    store->meetings().loadMeetings();
+    EXPECT_FALSE(client->isWaiting()) << "they have been read";
 }
 
 TEST(EditorLiveStore, letsTheMeetingsWaitForTheBaselineOfALoadThatIsDue) {
@@ -129,6 +122,7 @@ TEST(EditorLiveStore, letsTheMeetingsWaitForTheBaselineOfALoadThatIsDue) {
 }
 
 TEST(EditorLiveStore, readsTheMeetingsAgainWhereTheyWereSentForBeforeTheLoad) {
+    const AnswerCase::Text old{"- old · today · 1 h · Ada · 3 lines"};
     for (const bool before : {true, false}) {
         LiveDaemon live;
         if (!before)
@@ -136,17 +130,13 @@ TEST(EditorLiveStore, readsTheMeetingsAgainWhereTheyWereSentForBeforeTheLoad) {
         live.store->meetings().loadMeetings();
         live.time += std::chrono::seconds(1);
         live.store->resetWorld();
-        if (before)
-            live.answer("meetingList", AnswerCase::Text{"- old · today · 1 h · Ada · 3 lines"});
-        else
-            live.answer("getThumbnail", AnswerCase::Image{"AA==", "image/png"});
+        live.answer(before ? "meetingList" : "getThumbnail",
+                    before ? GatewayResponse(old) : AnswerCase::Image{"AA==", "image/png"});
         live.answer("scopeBoard", AnswerCase::ScopeBoard());
         EXPECT_FALSE(live.store->meetings().meetingsLoaded());
-        if (!before)
-            live.answer("meetingList", noMeetings);
-        live.answer("textBrowse", page(0));
-        if (before)
-            live.answer("meetingList", noMeetings);
+        const GatewayResponse none = noMeetings, counts = page(0);
+        live.answer(before ? "textBrowse" : "meetingList", before ? counts : none);
+        live.answer(before ? "meetingList" : "textBrowse", before ? none : counts);
         EXPECT_FALSE(live.client->isWaiting());
         EXPECT_EQ(live.store->meetings().meetingCount(), 0);
         EXPECT_TRUE(live.store->meetings().meetingsLoaded());

@@ -12,10 +12,10 @@ using ::testing::ElementsAre;
 using testing::failure;
 using ::testing::HasSubstr;
 using testing::LiveDaemon;
+using testing::LiveStore;
 using testing::page;
 
-TEST(LivePages, asksAndReadsPagesAsTheWireHasThem) {
-    LiveDaemon live;
+TEST_F(LiveStore, asksAndReadsPagesAsTheWireHasThem) {
     EditorAsk ask{.term = "x"};
     ask.kind = EditorKind::moment;
     ask.sort = EditorMemorySort::oldest;
@@ -35,8 +35,8 @@ TEST(LivePages, asksAndReadsPagesAsTheWireHasThem) {
     FilterKeyCensus census{.key = "n", .count = 9, .values = {}};
     census.values = {{FilterValue("3"), 1}, {FilterValue(2.5), 4}, {FilterValue(3.0), 5}};
     wire._0.byFilter = {census};
-    const EditorAnswer answer = live.now(live.store->pages().query(ask, EditorAsker::page), wire);
-    EXPECT_EQ(live.client->sent().back(),
+    const EditorAnswer answer = now(store->pages().query(ask, EditorAsker::page), wire);
+    EXPECT_EQ(client->sent().back(),
               R"({"read":{"_0":{"textBrowse":{"term":"x","scopes":["/a","/b"],"limit":1,)"
               R"("kind":"moment","order":"oldest","filters":[{"key":"done","value":"true"},)"
               R"({"key":"size","value":"2"},{"key":"size","value":3},{"key":"size","value":"3"}],)"
@@ -149,15 +149,14 @@ TEST(LiveRooms, SayWhatIsWrongWithAnAnswer) {
                             strange(""), HasSubstr("an older Wendlow daemon"), door, door));
 }
 
-TEST(LiveMods, tellAnOlderDaemonFromOneThatIsBusy) {
-    LiveDaemon live;
-    ModSource& mods = live.store->mods();
+TEST_F(LiveStore, tellAnOlderDaemonFromOneThatIsBusy) {
+    ModSource& mods = store->mods();
     for (const GatewayResponse& older : {GatewayResponse(AnswerCase::Unimplemented{"mod_board"}),
                                          failure(std::string(GatewayWire::malformedRequest))}) {
         mods.loadMods();
         mods.loadMods();
-        live.answer("modBoard", older);
-        EXPECT_FALSE(live.client->isWaiting());
+        answer("modBoard", older);
+        EXPECT_FALSE(client->isWaiting());
         EXPECT_EQ(mods.modsError(), "This Mac is still running an older Wendlow daemon, which "
                                     "cannot answer for your mods yet. Quitting and reopening "
                                     "Wendlow picks up the new one.");
@@ -167,7 +166,7 @@ TEST(LiveMods, tellAnOlderDaemonFromOneThatIsBusy) {
     board._0.mods = {
         {.slug = "a", .scope = "/s", .rev = 2, .hint = "h", .files = {"f"}, .behaviors = {}}};
     mods.loadMods();
-    live.answer("modBoard", board);
+    answer("modBoard", board);
     EXPECT_EQ(mods.modsError(), std::nullopt);
     EXPECT_TRUE(mods.modsLoaded());
     EXPECT_THAT(mods.modsBoard()->mods,
@@ -176,15 +175,7 @@ TEST(LiveMods, tellAnOlderDaemonFromOneThatIsBusy) {
 
 TEST(MeetingList, isReadAsTheDaemonWordsIt) {
     const std::vector<EditorMeeting> expected{
-        {.id = "a",
-         .title = "Plan",
-         .titleSource = "model",
-         .day = "2026-11-21",
-         .from = "10:00",
-         .to = "10:30",
-         .duration = "30 min",
-         .speakers = {"Ada", "Lin"},
-         .lines = 12},
+        {"a", "Plan", "model", "2026-11-21", "10:00", "10:30", "30 min", {"Ada", "Lin"}, 12},
         {.id = "b", .day = "2026-11-21", .from = "10:00", .duration = "5 min"},
         {.id = "c", .day = "today", .duration = "1 h", .lines = 7},
         {.id = "d", .day = "x", .from = "1–2–3", .duration = "1 h", .speakers = {"bare"}}};
@@ -206,10 +197,7 @@ TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
     fresh._0.lines = {{.rowid = 5, .speaker = "Ada", .at = 1.5, .text = "hm", .witness = "w"}};
     EditorTranscript words{.id = "m", .title = "T", .who = {"Ada"}};
     words.lines = {{.id = 5, .speaker = "Ada", .text = "hm", .witness = "w", .at = 1.5}};
-    struct Row {
-        std::vector<GatewayResponse> answers;
-        EditorLineDelete outcome;
-    };
+    using Row = std::pair<std::vector<GatewayResponse>, EditorLineDelete>;
     const AnswerCase::LineDelete gone{LineDeleteOutcome::deleted};
     const Row rows[] = {
         {{gone, fresh}, Case::Deleted{words}},
@@ -234,39 +222,106 @@ TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
     }
 }
 
-TEST(LiveRooms, WriteAndReadAgainWhatTheWriteMoved) {
-    LiveDaemon live;
-    EditorStore& store = *live.store;
+TEST_F(LiveStore, WriteAndReadAgainWhatTheWriteMoved) {
     std::optional<EditorWriteOutcome> outcome;
-    auto rule = live.keep(store.rules().addRule("t", "w", {.file = "style"}, "/s"), outcome);
-    live.answer(R"({"notes":{"_0":{"write":{"text":"t","why":"w","writer":"wendlow-editor",)"
-                R"("type":"rule","path":"/s","filters":{"rules-file":"style"}}}}})",
-                AnswerCase::NoteID{"n1"});
-    EXPECT_EQ(store.generation(), 1);
+    auto rule = keep(store->rules().addRule("t", "w", {.file = "style"}, "/s"), outcome);
+    answer(R"({"notes":{"_0":{"write":{"text":"t","why":"w","writer":"wendlow-editor",)"
+           R"("type":"rule","path":"/s","filters":{"rules-file":"style"}}}}})",
+           AnswerCase::NoteID{"n1"});
+    EXPECT_EQ(store->generation(), 1);
     EXPECT_FALSE(outcome) << "the counts are read first";
-    live.answer("textBrowse", page(9, {{"rule", 9}}));
+    answer("textBrowse", page(9, {{"rule", 9}}));
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("Saved n1."));
-    EXPECT_EQ(store.pages().memoryTypeCounts()[0].count, 9);
+    EXPECT_EQ(store->pages().memoryTypeCounts()[0].count, 9);
 
-    auto illegal = live.keep(store.rules().addRule("t", "w", {.file = "Mods"}, "/s"), outcome);
+    auto illegal = keep(store->rules().addRule("t", "w", {.file = "Mods"}, "/s"), outcome);
     EXPECT_THAT(outcome->words, ::testing::StartsWith("“Mods” isn’t a legal rules-file name: one"));
     EXPECT_FALSE(outcome->ok());
 
-    auto map = live.keep(store.scopes().mapFolder("/home/p", "/work"), outcome);
-    live.answer(R"("mapPath":{"folder":"/home/p","path":"/work"})", AnswerCase::Text{"mapped"});
+    auto map = keep(store->scopes().mapFolder("/home/p", "/work"), outcome);
+    answer(R"("mapPath":{"folder":"/home/p","path":"/work"})", AnswerCase::Text{"mapped"});
     AnswerCase::ScopeBoard board;
     board._0 = {{.path = "/work", .folders = {"/home/p"}, .kinds = {}}};
-    live.answer("scopeBoard", board);
+    answer("scopeBoard", board);
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("mapped"));
-    EXPECT_EQ(store.scopes().scopeBoard().size(), 1U);
+    EXPECT_EQ(store->scopes().scopeBoard().size(), 1U);
 
-    auto edit = live.keep(store.rules().editRuleLine("7", "a", "b"), outcome);
-    live.answer(R"("patch":{"id":"7","field":"text","find":"a","replace":"b","replaceAll":false})",
-                AnswerCase::Text{"done"});
+    auto edit = keep(store->rules().editRuleLine("7", "a", "b"), outcome);
+    answer(R"("patch":{"id":"7","field":"text","find":"a","replace":"b","replaceAll":false})",
+           AnswerCase::Text{"done"});
     EXPECT_EQ(outcome, EditorWriteOutcome::wrote("done"));
-    EXPECT_EQ(store.generation(), 3);
+    EXPECT_EQ(store->generation(), 3);
     using enum EditorChange;
-    EXPECT_THAT(live.changes, ElementsAre(generation, counts, generation, scopes, generation));
+    EXPECT_THAT(changes, ElementsAre(generation, counts, generation, scopes, generation));
+}
+
+GatewayResponse card(std::string scope) {
+    return AnswerCase::RulesCard{.scope = std::move(scope),
+                                 .card = "/work/a rules:\n- Ask  ·m:7·\n<rules root=\"~/r\">\n"};
+}
+
+GatewayResponse walk(std::string path) {
+    return AnswerCase::StandingWalk{
+        RulesWalk{.path = std::move(path), .levels = {{"/work/a", {"Ask"}}}, .overflow = 2}};
+}
+
+/// The store with a scope "/work/a", asked for the rules there and answered so.
+EditorRulesPicture picture(const GatewayResponse& ofCard, const GatewayResponse& ofWalk) {
+    LiveDaemon live;
+    live.open();
+    std::optional<EditorRulesPicture> result;
+    const auto kept = live.keep(live.store->rules().rulesPicture("/work/a"), result);
+    live.answer(R"({"standingRules":{"card":true,"scope":"/work/a"}})", ofCard);
+    live.answer(R"({"standingRules":{"card":false,"scope":"/work/a"}})", ofWalk);
+    auto filed = page(1);
+    filed._0.rows = {
+        {.id = "m7", .type = "rule", .scope = "/work/a", .title = "Ask", .filters = {}}};
+    live.answer(R"("type":"rule","scopes":["/work/a"],"limit":500)", filed);
+    return *std::move(result);
+}
+
+TEST(LiveRules, tellWhyTheThreeViewsDiffer) {
+    const GatewayResponse strange = AnswerCase::Ok(), none = AnswerCase::StandingWalk{};
+    struct Case {
+        GatewayResponse card, walk;
+        bool hasCard, hasStack;
+        const char* gap; ///< that its words begin so; empty for none
+    };
+    const Case cases[] = {
+        {card("/work/a"), walk("/work/a"), true, true, ""},
+        {card("/"), walk("/work/a"), false, true,
+         "Wendlow was asked about /work/a and answered about /, so nothing"},
+        {none, none, false, true, "Nothing is compiled at /work/a yet."},
+        {failure("no"), failure("never"), false, false, "no"},
+        {strange, walk("/b"), false, false, "Wendlow answered the rules card with something"},
+        {card("/work/a"), walk("/b"), true, false,
+         "Wendlow was asked about /work/a and answered about /b,"},
+        {card("/work/a"), failure("gone"), true, false, "gone"},
+        {card("/work/a"), strange, true, false, ""},
+    };
+    for (const auto& [ofCard, ofWalk, hasCard, hasStack, gap] : cases) {
+        const EditorRulesPicture made = picture(ofCard, ofWalk);
+        SCOPED_TRACE(gap);
+        EXPECT_EQ(made.card.has_value(), hasCard);
+        EXPECT_EQ(made.stack.has_value(), hasStack);
+        EXPECT_EQ(made.gap.has_value(), *gap != '\0');
+        EXPECT_THAT(made.gap ? words(*made.gap) : "", ::testing::StartsWith(gap));
+        ASSERT_EQ(made.filed.size(), 1U) << "what is filed is shown under every gap";
+        EXPECT_EQ(made.filed[0].rules[0].id, "m7");
+    }
+    const EditorRulesPicture whole = picture(card("/work/a"), walk("/work/a"));
+    EXPECT_EQ(whole.stack->overflow, 2);
+    EXPECT_EQ(whole.stack->levels[0].rules[0], (EditorRuleLine{"", "Ask", "/work/a"}));
+    EXPECT_EQ(whole.card->inlineRules[0], (EditorRuleLine{"7", "Ask", "/work/a"}));
+}
+
+TEST_F(LiveStore, askOnlyForWhatIsFiledWhereThereIsNoScope) {
+    open();
+    const auto made = now(store->rules().rulesPicture("/nowhere"), failure("read only"));
+    EXPECT_THAT(client->sent().back(), HasSubstr(R"("scopes":["/nowhere"],"limit":500)"));
+    EXPECT_THAT(words(*made.gap),
+                HasSubstr("card for /nowhere can’t be asked for: this window’s scope board"));
+    EXPECT_EQ(made.filedState, EditorAnswerState(EditorAnswerStateCase::Failed{"read only"}));
 }
 
 TEST(ScopeTree, keepsThePathsThatTheDaemonSays) {
@@ -288,35 +343,32 @@ TEST(ScopeTree, keepsThePathsThatTheDaemonSays) {
     EXPECT_THAT(root.folderPaths, ElementsAre("/r"));
 }
 
-TEST(LiveTiles, fetchWhatIsOnScreenNow) {
-    LiveDaemon live;
-    LiveTiles& tiles = live.store->tiles();
+TEST_F(LiveStore, fetchWhatIsOnScreenNow) {
+    LiveTiles& tiles = store->tiles();
     std::vector<std::int64_t> arrived;
     QObject::connect(&tiles, &TileSource::tileArrived,
                      [&](std::int64_t key) { arrived.push_back(key); });
     tiles.showTiles({1, 2, 3});
-    EXPECT_EQ(live.store->pendingTileCount(), 2U);
+    EXPECT_EQ(store->pendingTileCount(), 2U);
     tiles.showTiles({4});
-    std::optional<EditorAnswer> answer;
-    const auto typed =
-        live.keep(live.store->pages().query({.term = "x"}, EditorAsker::search), answer);
-    live.answer(R"("getThumbnail":{"momentID":1})", AnswerCase::Image{"AAEC", "image/png"});
+    std::optional<EditorAnswer> found;
+    const auto typed = keep(store->pages().query({.term = "x"}, EditorAsker::search), found);
+    answer(R"("getThumbnail":{"momentID":1})", AnswerCase::Image{"AAEC", "image/png"});
     EXPECT_EQ(tiles.tiles().at(1).image, std::string("\0\1\2", 3));
-    live.answer("textBrowse", failure("a person goes before pictures"));
+    answer("textBrowse", failure("a person goes before pictures"));
     // 2 and 3 have scrolled away. The daemon has no small picture of 4, and no door for the large.
-    live.answer(R"("getThumbnail":{"momentID":4})", AnswerCase::Image{"TWFu!", "image/png"});
-    live.answer(R"("getScreen":{"momentID":4,"window":""})",
-                AnswerCase::Unimplemented{"screen_get"});
+    answer(R"("getThumbnail":{"momentID":4})", AnswerCase::Image{"TWFu!", "image/png"});
+    answer(R"("getScreen":{"momentID":4,"window":""})", AnswerCase::Unimplemented{"screen_get"});
     EXPECT_EQ(tiles.tiles().at(4).image, std::nullopt);
     tiles.showTiles({4, 5});
-    live.answer(R"("getThumbnail":{"momentID":5})", failure("none"));
-    EXPECT_FALSE(live.client->isWaiting()) << "the door is closed, and 4 is not asked again";
+    answer(R"("getThumbnail":{"momentID":5})", failure("none"));
+    EXPECT_FALSE(client->isWaiting()) << "the door is closed, and 4 is not asked again";
     EXPECT_THAT(arrived, ElementsAre(1, 4, 5));
-    EXPECT_TRUE(live.changes.empty()) << "a picture publishes nothing else";
-    live.open();
+    EXPECT_TRUE(changes.empty()) << "a picture publishes nothing else";
+    open();
     tiles.showTiles({6});
-    live.answer("getThumbnail", failure("none"));
-    live.answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
+    answer("getThumbnail", failure("none"));
+    answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
     EXPECT_EQ(tiles.tiles().at(6).image, std::string("\0", 1));
 }
 

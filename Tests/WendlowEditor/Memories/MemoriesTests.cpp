@@ -90,25 +90,25 @@ struct Face {
     }
     void readOn() { appears(lines().rowCount() - 1); }
 };
+struct MemoriesFace : ::testing::Test, Face {};
 
-TEST(MemoriesModel, IsAlwaysAPageAhead) {
-    Face face;
-    face.settle(memories(50));
-    face.appears(10);
-    EXPECT_EQ(face.lines().rowCount(), 12);
-    EXPECT_THAT(face.requested, ElementsAre("decision10"));
+TEST_F(MemoriesFace, IsAlwaysAPageAhead) {
+    settle(memories(50));
+    appears(10);
+    EXPECT_EQ(lines().rowCount(), 12);
+    EXPECT_THAT(requested, ElementsAre("decision10"));
     for (const int shown : {24, 36, 48}) {
-        face.list().rowAppeared(face.lines().rowCount() - 1);
-        EXPECT_EQ(face.lines().rowCount(), shown - 12) << "not while the list lays itself out";
-        face.readOn();
-        EXPECT_EQ(face.lines().rowCount(), shown);
+        list().rowAppeared(lines().rowCount() - 1);
+        EXPECT_EQ(lines().rowCount(), shown - 12) << "not while the list lays itself out";
+        readOn();
+        EXPECT_EQ(lines().rowCount(), shown);
     }
-    EXPECT_EQ(face.changes, 1) << "the limit stays up to 38 rows";
-    EXPECT_EQ(face.ask.limit, 60);
-    face.readOn();
-    EXPECT_EQ(face.lines().rowCount(), 50);
-    face.readOn();
-    EXPECT_EQ(face.list().visibleCount(), 60) << "no more rows are held";
+    EXPECT_EQ(changes, 1) << "the limit stays up to 38 rows";
+    EXPECT_EQ(ask.limit, 60);
+    readOn();
+    EXPECT_EQ(lines().rowCount(), 50);
+    readOn();
+    EXPECT_EQ(list().visibleCount(), 60) << "no more rows are held";
 }
 
 TEST(MemoriesModel, SaysHowManyByWhatCutsThem) {
@@ -132,13 +132,7 @@ TEST(MemoriesModel, SaysHowManyByWhatCutsThem) {
 
 TEST(MemoriesModel, EachStateSaysItsOwn) {
     using namespace EditorAnswerStateCase;
-    struct Case {
-        EditorAnswerState state;
-        int rows;
-        const char* term;
-        const char* strip;
-        const char* empty;
-    };
+    using Case = std::tuple<EditorAnswerState, int, const char*, const char*, const char*>;
     const char* const warming =
         "Searching your memories will be ready in a moment — the index is still building.";
     for (const auto& [state, rows, term, strip, empty] :
@@ -173,117 +167,110 @@ TEST(MemoriesModel, EachStateSaysItsOwn) {
     EXPECT_EQ(grid.model.openType(), "entry");
 }
 
-TEST(MemoriesModel, ARefreshMovesOnlyWhatHasMoved) {
-    Face face;
-    face.details["decision3"] = {.id = "decision3", .why = "Because.", .body = ""};
-    face.settle(memories(12));
-    const QPersistentModelIndex focused(face.lines().index(3));
-    const QSignalSpy removed(&face.lines(), &QAbstractItemModel::rowsRemoved);
+TEST_F(MemoriesFace, ARefreshMovesOnlyWhatHasMoved) {
+    details["decision3"] = {.id = "decision3", .why = "Because.", .body = ""};
+    settle(memories(12));
+    const QPersistentModelIndex focused(lines().index(3));
+    const QSignalSpy removed(&lines(), &QAbstractItemModel::rowsRemoved);
     EditorMemoryHits rows = memories(12);
     rows.erase(rows.begin() + 7);
     rows.insert(rows.begin(), memory("new"));
     std::rotate(rows.begin(), rows.begin() + 11, rows.end());
-    face.details.clear();
-    face.settle(rows);
+    details.clear();
+    settle(rows);
     ASSERT_EQ(removed.count(), 1);
     EXPECT_EQ(removed[0][1].toInt() + removed[0][2].toInt(), 14) << "the seventh alone";
     EXPECT_EQ(focused.row(), 5);
-    EXPECT_EQ(face.line(5, MemoryLines::SublineRole), "Because.") << "until newer is known";
-    EXPECT_EQ(face.line(5, MemoryLines::StaleRole), true);
+    EXPECT_EQ(line(5, MemoryLines::SublineRole), "Because.") << "until newer is known";
+    EXPECT_EQ(line(5, MemoryLines::StaleRole), true);
     // What an answer holds twice is shown twice, and one type's rows are never another's.
-    face.settle({memory("a"), memory("a"), memory("b")});
-    EXPECT_EQ(face.lines().rowCount(), 3);
-    face.model.open("finding");
-    EXPECT_EQ(face.lines().rowCount(), 0);
+    settle({memory("a"), memory("a"), memory("b")});
+    EXPECT_EQ(lines().rowCount(), 3);
+    model.open("finding");
+    EXPECT_EQ(lines().rowCount(), 0);
 }
 
-TEST(MemoriesModel, GoesOnForWhoScrollsFasterThanTheStoreAnswers) {
-    Face face;
+TEST_F(MemoriesFace, GoesOnForWhoScrollsFasterThanTheStoreAnswers) {
     for (const auto& [held, shown] : {std::pair{12, 12}, {50, 24}, {51, 24}}) {
-        face.settle(memories(held));
+        settle(memories(held));
         QCoreApplication::processEvents();
-        EXPECT_EQ(face.list().visibleCount(), shown) << "once for each time at the last row";
+        EXPECT_EQ(list().visibleCount(), shown) << "once for each time at the last row";
         if (held == 12)
-            face.readOn();
+            readOn();
     }
 }
 
-TEST(MemoriesModel, ItsEndIsTheLastOfAllThatThereAre) {
-    Face face;
-    const QSignalSpy revealed(&face.list(), &MemoriesModel::revealed);
-    face.answer = settled(face.ask, memories(50));
-    face.answer.total = 4000;
-    face.show();
-    face.list().goToEnd();
-    EXPECT_EQ(face.ask.limit, 4012);
+TEST_F(MemoriesFace, ItsEndIsTheLastOfAllThatThereAre) {
+    const QSignalSpy revealed(&list(), &MemoriesModel::revealed);
+    answer = settled(ask, memories(50));
+    answer.total = 4000;
+    show();
+    list().goToEnd();
+    EXPECT_EQ(ask.limit, 4012);
     EXPECT_EQ(revealed.count(), 0) << "they are to come";
-    face.settle(memories(4000));
+    settle(memories(4000));
     ASSERT_EQ(revealed.count(), 1);
     EXPECT_EQ(revealed[0][0], 3999);
-    face.list().goToEnd();
+    list().goToEnd();
     EXPECT_EQ(revealed.count(), 2) << "at once, for they are there";
-    face.settle(memories(4001));
+    settle(memories(4001));
     EXPECT_EQ(revealed.count(), 2);
 }
 
-TEST(MemoriesModel, ReadingOnTouchesNoRowThatIsThere) {
-    Face face;
+TEST_F(MemoriesFace, ReadingOnTouchesNoRowThatIsThere) {
     QStringList seen;
-    QObject::connect(&face.lines(), &QAbstractItemModel::rowsInserted,
+    QObject::connect(&lines(), &QAbstractItemModel::rowsInserted,
                      [&](const QModelIndex&, int first, int last) {
                          seen.append(QStringLiteral("+%1-%2").arg(first).arg(last));
                      });
-    QObject::connect(&face.lines(), &QAbstractItemModel::rowsRemoved,
-                     [&] { seen.append("removed"); });
-    QObject::connect(
-        &face.lines(), &QAbstractItemModel::dataChanged,
-        [&](const QModelIndex& first) { seen.append(QStringLiteral("~%1").arg(first.row())); });
+    QObject::connect(&lines(), &QAbstractItemModel::rowsRemoved, [&] { seen.append("removed"); });
+    QObject::connect(&lines(), &QAbstractItemModel::dataChanged, [&](const QModelIndex& first) {
+        seen.append(QStringLiteral("~%1").arg(first.row()));
+    });
     const auto seenBy = [&](const std::function<void()>& act) {
         seen.clear();
         act();
         return seen.join(u' ');
     };
     EditorMemoryHits rows = memories(60);
-    EXPECT_EQ(seenBy([&] { face.settle(memories(50)); }), "+0-11");
-    EXPECT_EQ(seenBy([&] { face.readOn(); }), "+12-23");
-    EXPECT_EQ(seenBy([&] { face.settle(rows); }), "");
-    EXPECT_EQ(seenBy([&] { face.list().toggle(3); }), "~3");
-    face.details["decision5"] = {.id = "decision5", .why = "Because.", .body = ""};
-    EXPECT_EQ(seenBy([&] { face.show(); }), "~5");
-    EXPECT_EQ(seenBy([&] { face.list().toggle(4); }), "~3 ~4");
+    EXPECT_EQ(seenBy([&] { settle(memories(50)); }), "+0-11");
+    EXPECT_EQ(seenBy([&] { readOn(); }), "+12-23");
+    EXPECT_EQ(seenBy([&] { settle(rows); }), "");
+    EXPECT_EQ(seenBy([&] { list().toggle(3); }), "~3");
+    details["decision5"] = {.id = "decision5", .why = "Because.", .body = ""};
+    EXPECT_EQ(seenBy([&] { show(); }), "~5");
+    EXPECT_EQ(seenBy([&] { list().toggle(4); }), "~3 ~4");
     rows[0].memory.title = "Another";
-    EXPECT_EQ(seenBy([&] { face.settle(rows); }), "~0");
+    EXPECT_EQ(seenBy([&] { settle(rows); }), "~0");
 }
 
-TEST(MemoriesModel, ARowOpensToItsWhyAndBody) {
-    Face face;
+TEST_F(MemoriesFace, ARowOpensToItsWhyAndBody) {
     EditorMemoryHit hit = memory("x", "decision", "Keep <two> copies", "/work");
     hit.memory.filters = {{"area", "press"}, {"owner", "Ines"}, {"with", "Jonas"}};
-    face.ask.term = "backup";
-    face.answer = settled(face.ask, {hit});
-    face.answer.filterKeyCounts = {{.name = "with", .count = 3}, {.name = "status", .count = 1}};
-    face.show();
-    face.list().toggle(0);
-    EXPECT_THAT(face.requested, ElementsAre("x"));
-    EXPECT_EQ(face.line(0, MemoryLines::KnownRole), false);
-    face.details["x"] = {.id = "x", .why = "One\ntwo.", .body = "The backup & more"};
-    face.show();
-    EXPECT_EQ(face.line(0, MemoryLines::SublineRole), "The backup & more");
-    EXPECT_EQ(face.line(0, MemoryLines::TitleMarkupRole), "Keep &lt;two&gt; copies");
-    EXPECT_EQ(face.line(0, MemoryLines::WhyRole), "One<br>two.");
-    EXPECT_EQ(face.line(0, MemoryLines::BodyRole), "The <b>backup</b> &amp; more");
-    EXPECT_EQ(face.line(0, MemoryLines::FactsRole), "/work · with Jonas · area press · owner Ines");
-    EXPECT_EQ(face.lines().textOf(0), "Keep <two> copies\n\nThe backup & more");
-    EXPECT_EQ(face.lines().textWithWhy(0),
-              "Keep <two> copies\n\nThe backup & more\n\nWhy: One\ntwo.");
-    EXPECT_EQ(face.lines().idOf(0), "x");
-    face.list().toggle(0);
-    EXPECT_EQ(face.line(0, MemoryLines::BodyRole), "");
+    ask.term = "backup";
+    answer = settled(ask, {hit});
+    answer.filterKeyCounts = {{.name = "with", .count = 3}, {.name = "status", .count = 1}};
+    show();
+    list().toggle(0);
+    EXPECT_THAT(requested, ElementsAre("x"));
+    EXPECT_EQ(line(0, MemoryLines::KnownRole), false);
+    details["x"] = {.id = "x", .why = "One\ntwo.", .body = "The backup & more"};
+    show();
+    EXPECT_EQ(line(0, MemoryLines::SublineRole), "The backup & more");
+    EXPECT_EQ(line(0, MemoryLines::TitleMarkupRole), "Keep &lt;two&gt; copies");
+    EXPECT_EQ(line(0, MemoryLines::WhyRole), "One<br>two.");
+    EXPECT_EQ(line(0, MemoryLines::BodyRole), "The <b>backup</b> &amp; more");
+    EXPECT_EQ(line(0, MemoryLines::FactsRole), "/work · with Jonas · area press · owner Ines");
+    EXPECT_EQ(lines().textOf(0), "Keep <two> copies\n\nThe backup & more");
+    EXPECT_EQ(lines().textWithWhy(0), "Keep <two> copies\n\nThe backup & more\n\nWhy: One\ntwo.");
+    EXPECT_EQ(lines().idOf(0), "x");
+    list().toggle(0);
+    EXPECT_EQ(line(0, MemoryLines::BodyRole), "");
     hit.memory.title = "The backup";
-    face.settle({hit, memory("unread")});
-    EXPECT_EQ(face.lines().textOf(0), "The backup & more") << "its first line stands once";
-    EXPECT_EQ(face.lines().textOf(1), "") << "half a memory is not copied";
-    EXPECT_EQ(face.lines().idOf(2), "");
+    settle({hit, memory("unread")});
+    EXPECT_EQ(lines().textOf(0), "The backup & more") << "its first line stands once";
+    EXPECT_EQ(lines().textOf(1), "") << "half a memory is not copied";
+    EXPECT_EQ(lines().idOf(2), "");
 }
 
 TEST(MemoryFace, CountsWhatTheLastAnswerAboutMemoriesCounted) {
@@ -311,97 +298,89 @@ TEST(MemoryFace, CountsWhatTheLastAnswerAboutMemoriesCounted) {
     EXPECT_EQ(narrowed(EditorKind::memory, 0), "MEMORIES 30; entries 0 dimmed");
 }
 
-TEST(MemoriesModel, AnotherQuestionBeginsOnItsFirstPage) {
-    Face face;
-    face.settle(memories(50));
-    face.readOn();
-    face.readOn();
-    face.list().sortBy(QStringLiteral("nonsense"));
-    face.list().sortBy(QStringLiteral("oldest"));
-    EXPECT_EQ(face.ask.sort, EditorMemorySort::oldest);
-    EXPECT_TRUE(face.list().sorts()[1].toMap()[QStringLiteral("picked")].toBool());
-    face.readOn();
-    EXPECT_EQ(face.lines().rowCount(), 36) << "what is there stays meanwhile and is not read on";
-    face.settle(memories(50));
-    EXPECT_EQ(face.lines().rowCount(), 12);
-    face.readOn();
-    EXPECT_EQ(face.lines().rowCount(), 24);
+TEST_F(MemoriesFace, AnotherQuestionBeginsOnItsFirstPage) {
+    settle(memories(50));
+    readOn();
+    readOn();
+    list().sortBy(QStringLiteral("nonsense"));
+    list().sortBy(QStringLiteral("oldest"));
+    EXPECT_EQ(ask.sort, EditorMemorySort::oldest);
+    EXPECT_TRUE(list().sorts()[1].toMap()[QStringLiteral("picked")].toBool());
+    readOn();
+    EXPECT_EQ(lines().rowCount(), 36) << "what is there stays meanwhile and is not read on";
+    settle(memories(50));
+    EXPECT_EQ(lines().rowCount(), 12);
+    readOn();
+    EXPECT_EQ(lines().rowCount(), 24);
 }
 
-TEST(FilterBar, PicksMakeFiltersAndLeaveNoTrace) {
-    Face face;
-    auto& bar = face.filters();
+TEST_F(MemoriesFace, PicksMakeFiltersAndLeaveNoTrace) {
+    auto& bar = filters();
     const auto count = [&] {
-        face.answer = settled(face.ask);
-        face.answer.filterKeyCounts = {{.name = "project", .count = 9},
-                                       {.name = "scope", .count = 1}};
-        face.answer.filterValueCounts = {
+        answer = settled(ask);
+        answer.filterKeyCounts = {{.name = "project", .count = 9}, {.name = "scope", .count = 1}};
+        answer.filterValueCounts = {
             {"project", {{.name = "atlas", .count = 5}, {.name = "3", .count = 4}}}};
-        face.answer.scopeCounts = {{.name = "/a", .count = 2}};
-        face.show();
+        answer.scopeCounts = {{.name = "/a", .count = 2}};
+        show();
     };
-    const auto labels = [&] {
-        return face.column(*bar.chips(), FilterChips::LabelRole).join(u' ');
-    };
+    const auto labels = [&] { return column(*bar.chips(), FilterChips::LabelRole).join(u' '); };
     count();
     EXPECT_EQ(labels(), "scope project scope");
-    const EditorAsk before = face.ask;
+    const EditorAsk before = ask;
     bar.togglePanel(QStringLiteral("scope"));
     bar.togglePanel(QStringLiteral("project"));
-    EXPECT_THAT(face.column(*bar.chips(), FilterChips::OpenRole),
-                ElementsAre("false", "true", "false"))
+    EXPECT_THAT(column(*bar.chips(), FilterChips::OpenRole), ElementsAre("false", "true", "false"))
         << "opening a second closes the first";
-    face.ask.offset = 7;
-    face.show();
+    ask.offset = 7;
+    show();
     bar.toggleValue(0);
     bar.toggleValue(1);
-    EXPECT_EQ(face.ask.offset, 0);
-    EXPECT_THAT(names(face.ask.filters.at("project")), ElementsAre("3", "atlas"));
+    EXPECT_EQ(ask.offset, 0);
+    EXPECT_THAT(names(ask.filters.at("project")), ElementsAre("3", "atlas"));
     // An answer that counts them no more leaves them to be unpicked.
-    face.settle({});
+    settle({});
     EXPECT_EQ(labels(), "scope project");
-    EXPECT_THAT(face.column(*bar.values(), FilterValues::PickedRole), ElementsAre("true", "true"));
+    EXPECT_THAT(column(*bar.values(), FilterValues::PickedRole), ElementsAre("true", "true"));
     bar.toggleValue(0);
     bar.toggleValue(0);
-    EXPECT_EQ(face.ask, before) << "a key without picks is gone";
+    EXPECT_EQ(ask, before) << "a key without picks is gone";
     bar.togglePanel(QString::fromUtf8(FilterBarModel::scopeKey));
     count();
     bar.toggleValue(0);
     bar.clearAll();
-    EXPECT_THAT(face.ask.scopes, ElementsAre("/a")) << "the scope is no filter";
+    EXPECT_THAT(ask.scopes, ElementsAre("/a")) << "the scope is no filter";
     bar.clearPanel();
-    EXPECT_EQ(face.ask, before);
+    EXPECT_EQ(ask, before);
 }
 
-TEST(FilterBar, KeepsItsOrderWhileItIsPickedFrom) {
-    Face face;
+TEST_F(MemoriesFace, KeepsItsOrderWhileItIsPickedFrom) {
     const auto count = [&](const std::vector<std::string>& keys) {
-        face.answer = settled(face.ask);
+        answer = settled(ask);
         for (const std::string& key : keys)
-            face.answer.filterKeyCounts.push_back({.name = key, .count = 1});
-        face.answer.filterValueCounts["a"] = {{.name = keys[0], .count = 2}, {.name = keys[1]}};
-        face.show();
-        return face.column(*face.filters().chips(), FilterChips::LabelRole).join(u' ');
+            answer.filterKeyCounts.push_back({.name = key, .count = 1});
+        answer.filterValueCounts["a"] = {{.name = keys[0], .count = 2}, {.name = keys[1]}};
+        show();
+        return column(*filters().chips(), FilterChips::LabelRole).join(u' ');
     };
     EXPECT_EQ(count({"a", "b", "c"}), "scope a b c");
-    face.filters().togglePanel(QStringLiteral("a"));
-    face.filters().toggleValue(0);
+    filters().togglePanel(QStringLiteral("a"));
+    filters().toggleValue(0);
     EXPECT_EQ(count({"c", "new", "b", "a"}), "scope a b c new");
-    face.filters().clearAll();
+    filters().clearAll();
     EXPECT_EQ(count({"c", "b", "a"}), "scope c b a") << "as the daemon counts them";
 }
 
-TEST(FilterBar, HundredsOfKeysStandBehindADoor) {
-    Face face;
-    face.answer = settled(face.ask);
+TEST_F(MemoriesFace, HundredsOfKeysStandBehindADoor) {
+    answer = settled(ask);
     for (int at = 0; at < 300; ++at)
-        face.answer.filterKeyCounts.push_back({.name = "key" + std::to_string(at), .count = 1});
-    face.ask.filters = {{"key299", {EditorPick("x")}}};
-    face.show();
-    EXPECT_EQ(face.filters().chips()->rowCount(), 17) << "what is picked is always in sight";
-    EXPECT_EQ(face.filters().moreChips(), 284);
-    face.filters().showAllChips();
-    EXPECT_EQ(face.filters().chips()->rowCount(), 301);
+        answer.filterKeyCounts.push_back({.name = "key" + std::to_string(at), .count = 1});
+    ask.filters = {{"key299", {EditorPick("x")}}};
+    show();
+    EXPECT_EQ(filters().chips()->rowCount(), 17) << "what is picked is always in sight";
+    EXPECT_EQ(filters().moreChips(), 284);
+    filters().showAllChips();
+    EXPECT_EQ(filters().chips()->rowCount(), 301);
 }
 
 EditorMemoryHit work(const char* id, std::map<std::string, std::string> filters) {

@@ -21,12 +21,7 @@ TEST(EditorDate, holdsWhatTheClockCannot) {
 TEST(EditorMoment, knowsWhichToolItComesFromAndHowItIsDrawn) {
     const std::string mark = "one.tarnbeck.wendlow.transcript.";
     using Text = std::optional<std::string>;
-    struct Case {
-        Text bundle;
-        bool framed;
-        Text sessionTool, agentTool;
-        bool isTranscript, drawsTextCard;
-    };
+    using Case = std::tuple<Text, bool, Text, Text, bool, bool>;
     for (const auto& [bundle, framed, sessionTool, agentTool, isTranscript, drawsTextCard] :
          {Case{mark + "codex", true, "claude", "codex", true, true},
           Case{mark, true, {}, {}, false, false},

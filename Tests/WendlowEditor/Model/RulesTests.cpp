@@ -7,7 +7,6 @@ namespace wendlow {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 std::string spoken(const std::vector<EditorRuleLine>& lines) {
@@ -60,12 +59,7 @@ TEST(EditorRulesCard, readsTheTagsOfItsModules) {
 }
 
 TEST(EditorRulesCard, tellsAnOlderDaemonsShape) {
-    struct Case {
-        const char* scope;
-        const char* root;
-        const char* file;
-        bool isNew;
-    };
+    using Case = std::tuple<const char*, const char*, const char*, bool>;
     for (const auto& [scope, root, file, isNew] :
          {Case{"/a/b", "~/r/a/b", "one.md", false}, Case{"/a/b", "~/r", "one.md", true},
           Case{"/a/b", "~/r/xa/b", "one.md", true}, Case{"/a/b", "~/r/a/b", "a/one.md", true},
@@ -124,17 +118,6 @@ TEST(EditorRulesPicture, groupsWhatIsFiledByHowItIsDelivered) {
     EXPECT_EQ(groups(false),
               "0inline rules: m1; 1unreadable rules-file tag — delivering nothing: m3; "
               "2Old Habits: m2; 2style: m4; 3alpha: m5 m6; 3zeta: m0; ---11-");
-}
-
-TEST(EditorRulesPicture, saysEachGapInItsSentence) {
-    namespace Gap = EditorRulesGapCase;
-    EXPECT_THAT(words(Gap::UnaddressableScope{"/x"}),
-                HasSubstr("card for /x can’t be asked for: this window’s scope board"));
-    EXPECT_THAT(words(Gap::ScopeMismatch{"/x", "/"}),
-                HasSubstr("asked about /x and answered about /, so nothing"));
-    EXPECT_THAT(words(Gap::ScopeMismatch{"/x", "/"}), HasSubstr("rules filed at /x are below"));
-    EXPECT_THAT(words(Gap::NothingCompiled{"/x"}), HasSubstr("Nothing is compiled at /x yet."));
-    EXPECT_EQ(words(Gap::Failed{"read only"}), "read only");
 }
 
 TEST(SeededRulesPictures, showAllThreeViewsOfAWorld) {

@@ -85,13 +85,9 @@ struct Face {
     }
     int at(const char* id) { return model.rows()->indexOf(id); }
     bool isEditing(const char* id) { return model.rows()->row(at(id)).editing; }
-    void type(const char* id, const char* text) {
-        model.activate(at(id));
-        model.setDraft(at(id), QString::fromUtf8(text));
-        model.commit(at(id));
-    }
     std::string outcome() { return model.outcome().toStdString(); }
 };
+struct RulesFace : ::testing::Test, Face {};
 
 TEST(Characters, areWhatAPersonCounts) {
     const std::pair<const char*, int> cases[] = {{"", 0},
@@ -123,14 +119,13 @@ TEST(EditorRulesCost, isEstimatedAsTheCompilerDoes) {
     EXPECT_EQ(EditorRulesCost::inlineTier(card), (EditorRulesCost{3, (characters + 3) / 4}));
 }
 
-TEST(RulesFace, showsWhatIsDeliveredReceivedAndFiled) {
-    Face face;
-    EXPECT_EQ(face.model.emptyWords(), u"Reading your rules…");
-    face.rules.answer(picture());
-    EXPECT_THAT(face.rules.asked, ElementsAre("/a"));
-    EXPECT_EQ(face.model.emptyWords(), u"");
+TEST_F(RulesFace, showsWhatIsDeliveredReceivedAndFiled) {
+    EXPECT_EQ(model.emptyWords(), u"Reading your rules…");
+    rules.answer(picture());
+    EXPECT_THAT(rules.asked, ElementsAre("/a"));
+    EXPECT_EQ(model.emptyWords(), u"");
     EXPECT_THAT(
-        face.lines(),
+        lines(),
         ElementsAre(
             "# Rules riding every prompt [1 rule · ~8 tokens riding every prompt]",
             "= Ask first [/a]",
@@ -143,7 +138,7 @@ TEST(RulesFace, showsWhatIsDeliveredReceivedAndFiled) {
             "* inline rules [1, no rules module — these ride every prompt, verbatim]",
             "= Ask first []", "* import [1]", "= Count rows [/a/b]"));
     // Stops are what can be looked at or used; a step beyond the last stays.
-    const RulesRows& rows = *face.model.rows();
+    const RulesRows& rows = *model.rows();
     EXPECT_EQ(rows.stop(-1, 1), 1);
     EXPECT_EQ(rows.stop(1, 1), 4);
     EXPECT_EQ(rows.stop(9, 1), 10) << "a rule can be filed from there";
@@ -152,7 +147,7 @@ TEST(RulesFace, showsWhatIsDeliveredReceivedAndFiled) {
     EXPECT_EQ(rows.stop(4, -7), 1);
 }
 
-TEST(RulesFace, saysWhatIsWrongAndWhatThereIsNot) {
+TEST_F(RulesFace, saysWhatIsWrongAndWhatThereIsNot) {
     namespace Gap = EditorRulesGapCase;
     using namespace EditorAnswerStateCase;
     struct Case {
@@ -206,133 +201,127 @@ TEST(RulesFace, saysWhatIsWrongAndWhatThereIsNot) {
                                       "anywhere yet."));
 }
 
-TEST(RulesFace, narrowsWhatIsFiledByATerm) {
-    Face face;
-    face.rules.answer(picture());
-    face.ask.term = "ROWS";
-    face.show();
-    EXPECT_THAT(face.rules.asked, ElementsAre("/a")) << "it is no other question";
-    EXPECT_THAT(face.all(),
-                HasSubstr("# Rules filed here []\n* import [1]\n= Count rows [/a/b]\n"));
-    face.ask.term = "zeppelin";
-    face.show();
-    EXPECT_THAT(face.all(), HasSubstr("- Nothing matches “zeppelin” in the rules filed here. []"));
-    EXPECT_EQ(face.at("group/3/import"), -1);
+TEST_F(RulesFace, narrowsWhatIsFiledByATerm) {
+    rules.answer(picture());
+    ask.term = "ROWS";
+    show();
+    EXPECT_THAT(rules.asked, ElementsAre("/a")) << "it is no other question";
+    EXPECT_THAT(all(), HasSubstr("# Rules filed here []\n* import [1]\n= Count rows [/a/b]\n"));
+    ask.term = "zeppelin";
+    show();
+    EXPECT_THAT(all(), HasSubstr("- Nothing matches “zeppelin” in the rules filed here. []"));
+    EXPECT_EQ(at("group/3/import"), -1);
 }
 
-TEST(RulesFace, readsAgainWhenItsKeyChangesAndKeepsThePictureMeanwhile) {
-    Face face;
-    face.show();
-    ++face.generation;
-    face.show();
-    EXPECT_EQ(face.rules.asked.size(), 2U);
-    face.rules.answer({});
-    EXPECT_EQ(face.model.rows()->rowCount(), 0) << "an answer to another key is dropped";
-    face.rules.answer(picture());
-    const std::string before = face.all();
-    face.ask.scopes = {"/b"};
-    face.show();
-    EXPECT_EQ(face.all(), before);
-    EXPECT_TRUE(face.model.refreshing());
-    face.rules.answer(picture());
-    EXPECT_FALSE(face.model.refreshing());
-    EXPECT_EQ(face.model.listName(), u"Rules at /b");
+TEST_F(RulesFace, readsAgainWhenItsKeyChangesAndKeepsThePictureMeanwhile) {
+    show();
+    ++generation;
+    show();
+    EXPECT_EQ(rules.asked.size(), 2U);
+    rules.answer({});
+    EXPECT_EQ(model.rows()->rowCount(), 0) << "an answer to another key is dropped";
+    rules.answer(picture());
+    const std::string before = all();
+    ask.scopes = {"/b"};
+    show();
+    EXPECT_EQ(all(), before);
+    EXPECT_TRUE(model.refreshing());
+    rules.answer(picture());
+    EXPECT_FALSE(model.refreshing());
+    EXPECT_EQ(model.listName(), u"Rules at /b");
     // Behind another face nothing is read, and then only what has changed.
-    face.model.setOpen(false);
-    ++face.generation;
-    face.show();
-    EXPECT_EQ(face.rules.asked.size(), 3U);
-    face.model.setOpen(true);
-    face.show();
-    face.show();
-    EXPECT_EQ(face.rules.asked.size(), 4U);
-    EXPECT_EQ(face.model.railCount(), std::nullopt);
+    model.setOpen(false);
+    ++generation;
+    show();
+    EXPECT_EQ(rules.asked.size(), 3U);
+    model.setOpen(true);
+    show();
+    show();
+    EXPECT_EQ(rules.asked.size(), 4U);
+    EXPECT_EQ(model.railCount(), std::nullopt);
 }
 
-TEST(RulesFace, waitsForABoardUnlessNoneComes) {
-    Face face;
-    face.rules.answer({});
-    face.scopes.read = false;
-    face.ask.scopes.clear();
-    face.show();
-    EXPECT_EQ(face.rules.asked.size(), 1U);
-    face.answer.state = EditorAnswerStateCase::Failed{"gone"};
-    face.show();
-    EXPECT_THAT(face.rules.asked, ElementsAre("/a", "/"));
+TEST_F(RulesFace, waitsForABoardUnlessNoneComes) {
+    rules.answer({});
+    scopes.read = false;
+    ask.scopes.clear();
+    show();
+    EXPECT_EQ(rules.asked.size(), 1U);
+    answer.state = EditorAnswerStateCase::Failed{"gone"};
+    show();
+    EXPECT_THAT(rules.asked, ElementsAre("/a", "/"));
 }
 
-TEST(RulesFace, editsARuleInPlace) {
-    Face face;
-    face.rules.answer(picture());
-    face.model.activate(face.at("stack///Ask first"));
-    face.type("card/m1", "Ask first");
-    EXPECT_THAT(face.rules.written, IsEmpty()) << "it has not changed";
-    face.model.setDraft(face.at("card/m1"), u"Ask twice"_s);
-    face.model.commit(face.at("card/m1"));
-    face.model.commit(face.at("card/m1"));
-    EXPECT_THAT(face.rules.written, ElementsAre("m1: Ask first → Ask twice"));
-    EXPECT_TRUE(face.model.rows()->row(face.at("card/m1")).busy);
-    face.rules.answerWrite(EditorWriteOutcome::wrote("Saved m1."));
-    EXPECT_FALSE(face.isEditing("card/m1"));
-    EXPECT_EQ(face.outcome(), "Saved m1.");
-    EXPECT_FALSE(face.model.refused());
+TEST_F(RulesFace, editsARuleInPlace) {
+    rules.answer(picture());
+    model.activate(at("stack///Ask first"));
+    model.activate(at("card/m1"));
+    model.setDraft(at("card/m1"), u"Ask first"_s);
+    model.commit(at("card/m1"));
+    EXPECT_THAT(rules.written, IsEmpty()) << "it has not changed";
+    model.setDraft(at("card/m1"), u"Ask twice"_s);
+    model.commit(at("card/m1"));
+    model.commit(at("card/m1"));
+    EXPECT_THAT(rules.written, ElementsAre("m1: Ask first → Ask twice"));
+    EXPECT_TRUE(model.rows()->row(at("card/m1")).busy);
+    rules.answerWrite(EditorWriteOutcome::wrote("Saved m1."));
+    EXPECT_FALSE(isEditing("card/m1"));
+    EXPECT_EQ(outcome(), "Saved m1.");
+    EXPECT_FALSE(model.refused());
     // Until the picture has been read again nobody sees the old words come back.
-    EXPECT_EQ(face.model.rows()->row(face.at("card/m1")).text, "Ask twice");
-    EXPECT_EQ(face.model.rows()->row(face.at("filed/m1")).text, "Ask twice");
-    face.ask.scopes = {"/b"};
-    face.show();
-    EXPECT_EQ(face.outcome(), "") << "the rule goes from sight";
+    EXPECT_EQ(model.rows()->row(at("card/m1")).text, "Ask twice");
+    EXPECT_EQ(model.rows()->row(at("filed/m1")).text, "Ask twice");
+    ask.scopes = {"/b"};
+    show();
+    EXPECT_EQ(outcome(), "") << "the rule goes from sight";
 }
 
-TEST(RulesFace, losesNoWordsToWhatHappensMeanwhile) {
-    Face face;
-    face.rules.answer(picture());
-    const int row = face.at("filed/m2");
-    face.model.activate(row);
-    face.model.setDraft(row, u"Count rows twice"_s);
+TEST_F(RulesFace, losesNoWordsToWhatHappensMeanwhile) {
+    rules.answer(picture());
+    const int row = at("filed/m2");
+    model.activate(row);
+    model.setDraft(row, u"Count rows twice"_s);
     // Somebody else changes the rule, and what is typed stays.
-    ++face.generation;
-    face.show();
+    ++generation;
+    show();
     auto other = picture();
     other.filed[1].rules[0].text = "Count columns";
-    face.rules.answer(other);
-    EXPECT_EQ(face.model.draft(row), u"Count rows twice");
-    face.model.commit(row);
-    EXPECT_THAT(face.rules.written, ElementsAre("m2: Count rows → Count rows twice"))
+    rules.answer(other);
+    EXPECT_EQ(model.draft(row), u"Count rows twice");
+    model.commit(row);
+    EXPECT_THAT(rules.written, ElementsAre("m2: Count rows → Count rows twice"))
         << "what the other has written is not overwritten unseen";
-    face.rules.answerWrite(EditorWriteOutcome::refused("“Count rows” does not stand there"));
-    EXPECT_TRUE(face.model.refused());
-    EXPECT_FALSE(face.isEditing("filed/m2"));
-    EXPECT_EQ(face.model.rows()->row(row).text, "Count columns");
+    rules.answerWrite(EditorWriteOutcome::refused("“Count rows” does not stand there"));
+    EXPECT_TRUE(model.refused());
+    EXPECT_FALSE(isEditing("filed/m2"));
+    EXPECT_EQ(model.rows()->row(row).text, "Count columns");
     // What was refused is not lost: editing goes on with it, now from what the rule says.
-    face.model.activate(row);
-    EXPECT_EQ(face.model.draft(row), u"Count rows twice");
-    face.model.commit(row);
-    EXPECT_EQ(face.rules.written.back(), "m2: Count columns → Count rows twice");
+    model.activate(row);
+    EXPECT_EQ(model.draft(row), u"Count rows twice");
+    model.commit(row);
+    EXPECT_EQ(rules.written.back(), "m2: Count columns → Count rows twice");
     // A daemon that never answers does not hold the field, and its late answer ends no other edit.
-    EXPECT_TRUE(face.model.back());
-    EXPECT_FALSE(face.isEditing("filed/m2"));
-    face.model.activate(row);
-    face.rules.answerWrite(EditorWriteOutcome::refused("gone"));
-    EXPECT_TRUE(face.isEditing("filed/m2"));
-    EXPECT_EQ(face.outcome(), "gone");
-    face.model.leaveEdit(row);
-    EXPECT_FALSE(face.model.back());
-    EXPECT_EQ(face.rules.written.size(), 2U);
+    EXPECT_TRUE(model.back());
+    EXPECT_FALSE(isEditing("filed/m2"));
+    model.activate(row);
+    rules.answerWrite(EditorWriteOutcome::refused("gone"));
+    EXPECT_TRUE(isEditing("filed/m2"));
+    EXPECT_EQ(outcome(), "gone");
+    model.leaveEdit(row);
+    EXPECT_FALSE(model.back());
+    EXPECT_EQ(rules.written.size(), 2U);
 }
 
-TEST(RulesFace, maySurviveNeitherItsReadNorItsWrite) {
-    Face face;
-    auto& rules = face.rules;
+TEST_F(RulesFace, maySurviveNeitherItsReadNorItsWrite) {
     rules.answer(picture());
     {
-        RulesFaceModel gone(rules, face.scopes, face.pages, {});
+        RulesFaceModel gone(rules, scopes, pages, {});
         gone.setOpen(true);
-        gone.show({.ask = face.ask,
+        gone.show({.ask = ask,
                    .answer = std::make_shared<const EditorAnswer>(),
                    .counted = false,
                    .generation = 1,
-                   .details = face.details});
+                   .details = details});
         rules.answer(picture());
         gone.activate(gone.rows()->indexOf("card/m1"));
         gone.setDraft(gone.rows()->indexOf("card/m1"), u"x"_s);
@@ -340,34 +329,29 @@ TEST(RulesFace, maySurviveNeitherItsReadNorItsWrite) {
         gone.newRule();
     }
     rules.answerWrite(EditorWriteOutcome::wrote("late"));
-    EXPECT_EQ(face.outcome(), "");
+    EXPECT_EQ(outcome(), "");
 }
 
-TEST(RulesFace, bringsAFoundRuleIntoSight) {
-    Face face;
-    face.rules.answer(picture());
+TEST_F(RulesFace, bringsAFoundRuleIntoSight) {
+    rules.answer(picture());
     std::vector<int> revealed;
-    QObject::connect(&face.model, &RulesFaceModel::revealed,
-                     [&](int row) { revealed.push_back(row); });
+    QObject::connect(&model, &RulesFaceModel::revealed, [&](int row) { revealed.push_back(row); });
     FoundHit found;
     found.hit.destination = SearchDestination::Rule{"/b"};
     found.memory = memory("m2", "rule");
-    face.model.reveal(found, face.ask);
-    EXPECT_THAT(face.ask.scopes, ElementsAre("/b"));
-    face.show();
+    model.reveal(found, ask);
+    EXPECT_THAT(ask.scopes, ElementsAre("/b"));
+    show();
     EXPECT_THAT(revealed, IsEmpty());
-    face.rules.answer(picture());
-    EXPECT_THAT(revealed, ElementsAre(face.at("filed/m2")));
+    rules.answer(picture());
+    EXPECT_THAT(revealed, ElementsAre(at("filed/m2")));
 }
 
 TEST(RuleComposer, canSaveWhatIsWholeAndLegal) {
-    const std::optional<EditorRulePlacement> everywhere = EditorRulePlacement{}, none;
+    const std::optional<EditorRulePlacement> everywhere = EditorRulePlacement{};
     EXPECT_TRUE(RuleComposerModel::canSave("a", "b", everywhere));
-    EXPECT_TRUE(RuleComposerModel::canSave("a", "b", EditorRulePlacement{" Style-2 "}));
     EXPECT_FALSE(RuleComposerModel::canSave(" \t", "b", everywhere));
     EXPECT_FALSE(RuleComposerModel::canSave("a", " ", everywhere));
-    EXPECT_FALSE(RuleComposerModel::canSave("a", "b", none));
-    EXPECT_FALSE(RuleComposerModel::canSave("a", "b", EditorRulePlacement{"a_b"}));
     // An older card's modules may all be picked, a newer one's only where they are compiled.
     auto card = picture().card;
     EXPECT_THAT(RulesPage::pickable(card, "/a"), ElementsAre("import"));
@@ -377,14 +361,13 @@ TEST(RuleComposer, canSaveWhatIsWholeAndLegal) {
     EXPECT_THAT(RulesPage::pickable({}, "/a"), IsEmpty());
 }
 
-TEST(RuleComposer, staysWithItsWordsWhereItIsRefused) {
-    Face face;
-    face.model.newRule();
-    EXPECT_FALSE(face.model.isModal()) << "there is no picture yet";
-    face.rules.answer(picture());
-    RuleComposerModel& composer = *face.model.composer();
-    face.model.activate(face.at("section/filed"));
-    EXPECT_TRUE(face.model.isModal());
+TEST_F(RulesFace, staysWithItsWordsWhereItIsRefused) {
+    model.newRule();
+    EXPECT_FALSE(model.isModal()) << "there is no picture yet";
+    rules.answer(picture());
+    RuleComposerModel& composer = *model.composer();
+    model.activate(at("section/filed"));
+    EXPECT_TRUE(model.isModal());
     EXPECT_EQ(composer.title(), u"New rule at /a");
     EXPECT_EQ(composer.choices(), QStringList({u"inline (no rules module — rides every prompt)"_s,
                                                u"import"_s, u"a new rules module:"_s}));
@@ -399,32 +382,32 @@ TEST(RuleComposer, staysWithItsWordsWhereItIsRefused) {
     EXPECT_EQ(composer.nameFault(), u"");
     composer.save();
     composer.save();
-    EXPECT_THAT(face.rules.written, ElementsAre("/a: Ask (Why not) in words"));
+    EXPECT_THAT(rules.written, ElementsAre("/a: Ask (Why not) in words"));
     EXPECT_TRUE(composer.isBusy());
-    face.rules.answerWrite(EditorWriteOutcome::refused("read only"));
+    rules.answerWrite(EditorWriteOutcome::refused("read only"));
     EXPECT_TRUE(composer.isOpen() && !composer.isBusy());
     EXPECT_EQ(composer.refusal(), u"read only");
     EXPECT_EQ(composer.text(), u" Ask \t");
     composer.pick(1);
     composer.save();
     EXPECT_EQ(composer.refusal(), u"");
-    EXPECT_EQ(face.rules.written.back(), "/a: Ask (Why not) in import");
-    face.rules.answerWrite(EditorWriteOutcome::wrote("Saved m3."));
-    EXPECT_FALSE(face.model.isModal());
-    EXPECT_EQ(face.outcome(), "Saved m3.");
+    EXPECT_EQ(rules.written.back(), "/a: Ask (Why not) in import");
+    rules.answerWrite(EditorWriteOutcome::wrote("Saved m3."));
+    EXPECT_FALSE(model.isModal());
+    EXPECT_EQ(outcome(), "Saved m3.");
     // One that is left while it is being written is written all the same, and told.
-    face.model.newRule();
+    model.newRule();
     EXPECT_EQ(composer.text(), u"");
     composer.setText(u"a"_s);
     composer.setWhy(u"b"_s);
     composer.pick(0);
     composer.save();
-    EXPECT_TRUE(face.model.back());
-    face.model.newRule();
+    EXPECT_TRUE(model.back());
+    model.newRule();
     composer.setText(u"Another"_s);
-    face.rules.answerWrite(EditorWriteOutcome::refused("gone"));
+    rules.answerWrite(EditorWriteOutcome::refused("gone"));
     EXPECT_TRUE(composer.isOpen() && composer.refusal().isEmpty());
-    EXPECT_EQ(face.outcome(), "gone");
+    EXPECT_EQ(outcome(), "gone");
 }
 
 } // namespace

@@ -1,4 +1,6 @@
+#include "DateWords.h"
 #include "Search/EditorSearch.h"
+#include "Search/SearchPage.h"
 #include "Support/ScriptedStore.h"
 
 #include <QAbstractItemModelTester>
@@ -14,18 +16,14 @@ using ::testing::IsEmpty;
 using namespace std::chrono_literals;
 
 TEST(EditorSearch, ASingleLetterNeitherBeginsNorEndsASearch) {
-    struct Case {
-        const char* text;
-        const char* current;
-        const char* term;
-    };
+    using Case = std::array<const char*, 3>;
     for (const auto& [text, current, term] :
          {Case{"b", "", ""}, Case{"ba b", "ba", "ba b"}, Case{"b c", "ba", "ba"},
           Case{" \t ", "ba", ""}, Case{"  ba ", "", "  ba "}, Case{"é", "ba", "ba"}})
         EXPECT_EQ(EditorSearch::reacting(text, current), term) << '"' << text << '"';
 }
 
-struct Searching {
+struct EditorSearching : ::testing::Test {
     std::chrono::steady_clock::time_point now{};
     ScriptedPages pages;
     ScriptedMeetings meetings;
@@ -42,7 +40,7 @@ struct Searching {
     QAbstractItemModelTester tester{search.hits()};
     std::vector<std::string> opened; ///< titles, with a star where a key did it
 
-    Searching() {
+    EditorSearching() {
         QObject::connect(&search, &EditorSearch::opened, [this](const FoundHit& found, bool byKey) {
             opened.push_back(found.hit.title + (byKey ? "*" : ""));
         });
@@ -72,9 +70,7 @@ struct Searching {
     std::string subtitle() { return search.hits()->row(0).hit.subtitle; }
 };
 
-TEST(EditorSearch, AsksForMemoriesThenMomentsAndShowsBothAtOnce) {
-    Searching window;
-    auto& [now, pages, meetings, mods, scopes, details, search, tester, opened] = window;
+TEST_F(EditorSearching, AsksForMemoriesThenMomentsAndShowsBothAtOnce) {
     search.setText("backup");
     EXPECT_EQ(search.heading(), "Results for “backup”");
     EXPECT_TRUE(search.busy());
@@ -82,35 +78,33 @@ TEST(EditorSearch, AsksForMemoriesThenMomentsAndShowsBothAtOnce) {
     wanted.limit = 24;
     EXPECT_EQ(pages.asked.back(), wanted);
     now += 12900us;
-    pages.answer(window.found(memories(20)));
+    pages.answer(found(memories(20)));
     wanted.kind = EditorKind::moment;
     wanted.limit = 5;
     EXPECT_EQ(pages.asked.back(), wanted);
     EXPECT_THAT(pages.askers, Each(EditorAsker::search));
-    EXPECT_THAT(window.titles(), IsEmpty()) << "not before both have come";
+    EXPECT_THAT(titles(), IsEmpty()) << "not before both have come";
     EXPECT_EQ(search.noMatches(), "");
     now += 31ms;
-    EditorAnswer moments = window.found({});
+    EditorAnswer moments = found({});
     moments.moments = {{.id = "7", .title = "backup-plan.md"}};
     pages.answer(moments);
     EXPECT_EQ(search.timing(), "memories 12 ms · moments 31 ms");
-    EXPECT_EQ(window.titles().size(), 6U) << "five of a type, and the moment";
+    EXPECT_EQ(titles().size(), 6U) << "five of a type, and the moment";
     EXPECT_EQ(search.selectionIndex(), 0);
     EXPECT_FALSE(search.busy());
-    window.explain("The backup did it.");
+    explain("The backup did it.");
     EXPECT_EQ(pages.detailsAsked.size(), 16U) << "the first of them";
-    EXPECT_EQ(window.subtitle(), "The backup did it.");
+    EXPECT_EQ(subtitle(), "The backup did it.");
 }
 
-TEST(EditorSearch, WhatDidNotSearchIsNoHit) {
-    Searching window;
-    auto& [now, pages, meetings, mods, scopes, details, search, tester, opened] = window;
+TEST_F(EditorSearching, WhatDidNotSearchIsNoHit) {
     search.setText("backup");
-    EditorAnswer whole = window.found(memories(3));
+    EditorAnswer whole = found(memories(3));
     whole.narrowed = false;
     pages.answer(whole);
     pages.settle();
-    EXPECT_THAT(window.titles(), IsEmpty());
+    EXPECT_THAT(titles(), IsEmpty());
     EXPECT_EQ(search.noMatches(), "No matches for “backup”.");
     EXPECT_EQ(search.selectionIndex(), -1);
 
@@ -121,38 +115,34 @@ TEST(EditorSearch, WhatDidNotSearchIsNoHit) {
     EXPECT_EQ(search.noMatches(), "") << "nobody looked";
 
     search.setText("backup plans");
-    pages.answer(window.found(memories(1)));
+    pages.answer(found(memories(1)));
     pages.answer(EditorAnswer::failed("Gone.", pages.asked.back()));
-    EXPECT_EQ(window.titles().size(), 1U);
+    EXPECT_EQ(titles().size(), 1U);
     EXPECT_EQ(search.trouble(), "Gone.") << "half a page is not the whole";
 
     search.setText("backup plan");
     pages.answer(settled(EditorAsk{.term = "else"}, memories(2)));
     pages.settle();
-    EXPECT_THAT(window.titles(), IsEmpty()) << "an answer to another question";
+    EXPECT_THAT(titles(), IsEmpty()) << "an answer to another question";
     EXPECT_EQ(search.trouble(), "Wendlow answered with something this mod does not understand.");
 }
 
-TEST(EditorSearch, EmptyingTheFieldEmptiesThePageAtOnce) {
-    Searching window;
-    auto& search = window.search;
-    window.searchFor("backup", memories(3));
+TEST_F(EditorSearching, EmptyingTheFieldEmptiesThePageAtOnce) {
+    searchFor("backup", memories(3));
     search.setText("backup plan");
-    EXPECT_EQ(window.titles().size(), 3U) << "the page stays until the next is complete";
+    EXPECT_EQ(titles().size(), 3U) << "the page stays until the next is complete";
     search.setText("");
-    EXPECT_THAT(window.titles(), IsEmpty());
+    EXPECT_THAT(titles(), IsEmpty());
     EXPECT_FALSE(search.searching());
     EXPECT_EQ(search.timing(), "");
-    window.pages.settle(memories(3));
-    EXPECT_THAT(window.titles(), IsEmpty()) << "late";
+    pages.settle(memories(3));
+    EXPECT_THAT(titles(), IsEmpty()) << "late";
 }
 
-TEST(EditorSearch, TheSelectionStopsAtTheEndsAndStaysWithItsHit) {
-    Searching window;
-    auto& [now, pages, meetings, mods, scopes, details, search, tester, opened] = window;
+TEST_F(EditorSearching, TheSelectionStopsAtTheEndsAndStaysWithItsHit) {
     search.moveBy(1);
     EXPECT_EQ(search.selectionIndex(), -1) << "there is nothing";
-    window.searchFor("mara", memories(2));
+    searchFor("mara", memories(2));
     search.moveBy(-1);
     EXPECT_EQ(search.selectionIndex(), 0);
     search.moveBy(1);
@@ -161,7 +151,7 @@ TEST(EditorSearch, TheSelectionStopsAtTheEndsAndStaysWithItsHit) {
     scopes.root.children = {{.id = "/mara", .title = "mara"}};
     meetings.list = {{.id = "m", .title = "Talk", .speakers = {"Mara"}}};
     search.rebuild();
-    EXPECT_THAT(window.titles(), ElementsAre("Number 0", "Number 1", "Talk", "/mara"));
+    EXPECT_THAT(titles(), ElementsAre("Number 0", "Number 1", "Talk", "/mara"));
     search.moveBy(1);
     search.moveBy(1);
     meetings.list.reset();
@@ -173,19 +163,17 @@ TEST(EditorSearch, TheSelectionStopsAtTheEndsAndStaysWithItsHit) {
     EXPECT_EQ(search.selectionIndex(), 0);
 }
 
-TEST(EditorSearch, AHitThatWasOpenedLeadsBackToItsPage) {
-    Searching window;
-    auto& search = window.search;
+TEST_F(EditorSearching, AHitThatWasOpenedLeadsBackToItsPage) {
     EXPECT_FALSE(search.goBack());
-    window.searchFor("mara", memories(4));
+    searchFor("mara", memories(4));
     search.select(2);
     search.commit();
-    EXPECT_THAT(window.opened, ElementsAre("Number 2*"));
+    EXPECT_THAT(opened, ElementsAre("Number 2*"));
     EXPECT_FALSE(search.searching());
     EXPECT_EQ(search.trail(), "Results for “mara”");
-    const auto asked = window.pages.asked.size();
+    const auto asked = pages.asked.size();
     EXPECT_TRUE(search.goBack());
-    EXPECT_EQ(window.pages.asked.size(), asked) << "nothing has changed";
+    EXPECT_EQ(pages.asked.size(), asked) << "nothing has changed";
     EXPECT_EQ(search.text(), "mara");
     EXPECT_EQ(search.selectionIndex(), 2);
     EXPECT_EQ(search.trail(), "");
@@ -194,68 +182,62 @@ TEST(EditorSearch, AHitThatWasOpenedLeadsBackToItsPage) {
     search.storeRead();
     EXPECT_TRUE(search.goBack());
     EXPECT_TRUE(search.busy());
-    EXPECT_EQ(window.titles().size(), 4U);
+    EXPECT_EQ(titles().size(), 4U);
     EditorMemoryHits fewer = memories(4);
     fewer.erase(fewer.begin());
-    window.find(fewer);
+    find(fewer);
     EXPECT_EQ(search.selectionIndex(), 1) << "the same row";
     search.commit();
     search.forgetTrail();
     EXPECT_FALSE(search.goBack());
 }
 
-TEST(EditorSearch, AHitOfAFaceToComeOpensInItsPlace) {
-    Searching window;
-    auto& search = window.search;
-    window.meetings.list = {{.id = "m", .title = "Mara's talk", .speakers = {"Ada"}}};
-    window.searchFor("mara", {memory("r", "rule", "Ask Mara")});
+TEST_F(EditorSearching, AHitOfAFaceToComeOpensInItsPlace) {
+    meetings.list = {{.id = "m", .title = "Mara's talk", .speakers = {"Ada"}}};
+    searchFor("mara", {memory("r", "rule", "Ask Mara")});
     const auto unfolded = [&](int row) {
         return search.hits()->data(search.hits()->index(row), SearchHitList::UnfoldedTextRole);
     };
     search.openHit(0);
     EXPECT_EQ(unfolded(0), "Mara's talk\nAda");
     search.openHit(1);
-    window.explain("She knows.");
+    explain("She knows.");
     EXPECT_EQ(unfolded(0), "") << "one at a time";
     EXPECT_EQ(unfolded(1), "Ask Mara\nShe knows.");
-    EXPECT_THAT(window.opened, IsEmpty());
+    EXPECT_THAT(opened, IsEmpty());
     EXPECT_EQ(search.selectionIndex(), 1);
     EXPECT_TRUE(search.foldUp());
     EXPECT_EQ(unfolded(1), "");
     EXPECT_FALSE(search.foldUp());
 }
 
-TEST(EditorSearch, WhatIsFoundHereDoesNotWaitForTheDaemon) {
-    Searching window;
-    auto& search = window.search;
-    window.scopes.root.children = {{.id = "/mara", .title = "mara"}, {.id = "/jo", .title = "jo"}};
+TEST_F(EditorSearching, WhatIsFoundHereDoesNotWaitForTheDaemon) {
+    scopes.root.children = {{.id = "/mara", .title = "mara"}, {.id = "/jo", .title = "jo"}};
     search.setText("mara");
-    EXPECT_THAT(window.titles(), IsEmpty()) << "it may be quick";
+    EXPECT_THAT(titles(), IsEmpty()) << "it may be quick";
     QCoreApplication::processEvents();
     EXPECT_TRUE(search.slow());
-    EXPECT_THAT(window.titles(), ElementsAre("/mara"));
+    EXPECT_THAT(titles(), ElementsAre("/mara"));
     EXPECT_EQ(search.selectionIndex(), -1) << "Return waits for the page";
     search.moveBy(1);
-    window.find({memory("a", "note", "New")});
+    find({memory("a", "note", "New")});
     EXPECT_FALSE(search.slow());
-    EXPECT_THAT(window.titles(), ElementsAre("New", "/mara"));
+    EXPECT_THAT(titles(), ElementsAre("New", "/mara"));
     EXPECT_EQ(search.selectionIndex(), 1) << "what was chosen stays so";
     search.setText("jo");
     QCoreApplication::processEvents();
-    EXPECT_THAT(window.titles(), ElementsAre("New", "/jo")) << "what was found stays meanwhile";
+    EXPECT_THAT(titles(), ElementsAre("New", "/jo")) << "what was found stays meanwhile";
     search.select(1);
     search.commit();
     EXPECT_NE(search.hits()->row(1).unfolded, "") << "it is of this term";
 }
 
-TEST(EditorSearch, AHitIsOfTheTermThatIsSearchedForNow) {
-    Searching window;
-    auto& [now, pages, meetings, mods, scopes, details, search, tester, opened] = window;
-    window.searchFor("backup", {memory("a", "note", "Old")});
+TEST_F(EditorSearching, AHitIsOfTheTermThatIsSearchedForNow) {
+    searchFor("backup", {memory("a", "note", "Old")});
     search.setText("backups");
     search.commit();
     EXPECT_THAT(opened, IsEmpty()) << "what is selected is of the term before";
-    window.find({memory("b", "note", "New"), memory("c", "note", "Newer")});
+    find({memory("b", "note", "New"), memory("c", "note", "Newer")});
     EXPECT_THAT(opened, ElementsAre("New*"));
     opened.clear();
     // Who types on has not meant it.
@@ -263,26 +245,87 @@ TEST(EditorSearch, AHitIsOfTheTermThatIsSearchedForNow) {
     search.commit();
     search.setText("backs");
     pages.settle(); // of the term before
-    window.find({memory("b", "note", "New")});
+    find({memory("b", "note", "New")});
     EXPECT_THAT(opened, IsEmpty());
     search.openHit(0);
     EXPECT_THAT(opened, ElementsAre("New"));
 }
 
-TEST(EditorSearch, WhyAndBodyComeForTheTermThatIsSearchedForNow) {
-    Searching window;
-    auto& [now, pages, meetings, mods, scopes, details, search, tester, opened] = window;
-    window.searchFor("backup", memories(9));
-    window.searchFor("backups", {memory("new", "note", "New")});
+TEST_F(EditorSearching, WhyAndBodyComeForTheTermThatIsSearchedForNow) {
+    searchFor("backup", memories(9));
+    searchFor("backups", {memory("new", "note", "New")});
     pages.answerDetail(EditorMemoryDetail{.id = "decision0", .why = "left", .body = {}});
     EXPECT_THAT(pages.detailsAsked, ElementsAre("decision0", "new"));
     // The store has been read anew while they were under way.
     details.clear();
     search.storeRead();
     pages.answerDetail(EditorMemoryDetail{.id = "new", .why = "old backups", .body = {}});
-    EXPECT_EQ(window.subtitle(), "note · /");
+    EXPECT_EQ(subtitle(), "note · /");
     pages.answerDetail(EditorMemoryDetail{.id = "new", .why = "the backups", .body = {}});
-    EXPECT_EQ(window.subtitle(), "the backups");
+    EXPECT_EQ(subtitle(), "the backups");
+}
+
+TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
+    const EditorMemoryHits memories{
+        memory("1", "ticket", "Boat shed", "/work"), memory("2", "rule", "On boats", "/work"),
+        memory("3", "entry", "x", "/work"),          memory("4", "mod", "boat", "/work"),
+        memory("5", "ticket", "y", "/work"),         memory("6", "entry", "z", "/work")};
+    const MemoryDetails details{{"1", EditorMemoryDetail{"1", "boat why", ""}},
+                                {"3", EditorMemoryDetail{"3", "", "the body has a boat in it"}},
+                                {"4", std::nullopt},
+                                {"5", EditorMemoryDetail{"5", "why a BOAT", "boat body"}}};
+    EditorMoment titled{.id = "m1", .at = editorDate(0), .title = "Boat talk"};
+    titled.abstract = "about a boat";
+    EditorMoment bare{.id = "m2", .at = editorDate(0)};
+    bare.abstract = "about a boat";
+    EditorMoment told{.id = "m3", .at = editorDate(0), .title = "Boat"};
+    told.passage = "as the daemon says";
+    std::vector<EditorMeeting> meetings{
+        {"meeting:boatcall:1", {}, {}, "2026-01-02", "10:00", "11:00", "1 h", {"Ada", "Lin"}},
+        {.id = "b", .title = "Plain", .day = "2026-01-03", .speakers = {"BOATSWAIN"}},
+        {.id = "c", .title = "Nothing"}};
+    const std::vector<EditorInstalledMod> mods{{.slug = "tidy", .scope = "/boat", .hint = "tidies"},
+                                               {.slug = "other"}};
+    const std::vector<std::string> paths{"/", "/boat", "/work"};
+    const auto sections = SearchPage::build({.term = "boat",
+                                             .memories = memories,
+                                             .moments = {titled, bare, told},
+                                             .meetings = meetings,
+                                             .mods = &mods,
+                                             .scopePaths = paths,
+                                             .details = details});
+    const QString date = DateWords::dateAndTime(editorDate(0));
+    const QDateTime ten(QDate(2026, 1, 2), QTime(10, 0));
+    const auto seconds = static_cast<double>(ten.toSecsSinceEpoch());
+    const QString begin = DateWords::dateAndTime(editorDate(seconds));
+    std::string page;
+    for (const auto& [title, hits] : sections) {
+        page += "# " + title + "\n";
+        for (const auto& hit : hits)
+            page += hit.id + " | " + hit.title + " | " + hit.subtitle + " | " + hit.symbol + "\n";
+    }
+    const QString expected = R"(# tickets
+memory:1 | Boat shed | ticket · /work | doc.text.fill
+memory:5 | y | why a BOAT | doc.text.fill
+# entries
+memory:3 | x | the body has a boat in it | doc.text.fill
+memory:6 | z | entry · /work | doc.text.fill
+# Meetings
+meeting:meeting:boatcall:1 | 2026-01-02 · 10:00–11:00 | %1 · 1 h · Ada, Lin | person.2.fill
+meeting:b | Plain | 2026-01-03 · BOATSWAIN | person.2.fill
+# Moments
+moment:m1 | Boat talk | %2 | square.stack.3d.down.right
+moment:m2 | %2 | about a boat | square.stack.3d.down.right
+moment:m3 | Boat | as the daemon says | square.stack.3d.down.right
+# Rules
+rule:2 | On boats | rule · /work | scroll.fill
+# Mods
+app:/boat:tidy | tidy | /boat · tidies | square.grid.2x2.fill
+# Scopes
+scope:/boat | /boat |  | network
+)";
+    EXPECT_EQ(page, expected.arg(begin, date).toStdString());
+    EXPECT_EQ(std::get<SearchDestination::Rule>(sections[4].hits[0].destination).scope, "/work");
 }
 
 } // namespace

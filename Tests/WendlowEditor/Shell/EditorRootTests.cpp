@@ -22,7 +22,10 @@ struct Window {
     MemoriesModel& list = *face.list();
 
     /// The store has answered the first question.
-    explicit Window(EditorMemoryHits rows = {}) { store.page.settle(std::move(rows)); }
+    explicit Window(EditorMemoryHits rows = {}, std::vector<EditorCount> types = {}) {
+        store.page.types = std::move(types);
+        store.page.settle(std::move(rows));
+    }
     const EditorAnswer& answer() { return root.page().answer(); }
     std::size_t rows() { return answer().rows.size(); }
     bool pending() {
@@ -40,54 +43,54 @@ struct Window {
     }
     QString words() const { return static_cast<BlankFace*>(root.openFace())->words(); }
 };
+struct EmptyWindow : ::testing::Test, Window {};
+struct FullWindow : ::testing::Test, Window {
+    FullWindow() : Window(memories(3)) {}
+};
 
-TEST(EditorRoot, AsksOnceForEachKeyAndKeepsTheRowsMeanwhile) {
-    Window window(memories(3));
-    auto& page = window.store.page;
-    EXPECT_EQ(window.store.meeting.loads, 1);
+TEST_F(FullWindow, AsksOnceForEachKeyAndKeepsTheRowsMeanwhile) {
+    auto& page = store.page;
+    EXPECT_EQ(store.meeting.loads, 1);
     EXPECT_EQ(page.asked.size(), 1U);
     EXPECT_EQ(page.asked[0].limit, 50);
     EXPECT_THAT(page.askers, ElementsAre(EditorAsker::page));
-    window.store.tell();
+    store.tell();
     EXPECT_EQ(page.asked.size(), 1U) << "the key is the same";
-    window.root.page().details().request({"decision0"}, EditorAsker::page);
+    root.page().details().request({"decision0"}, EditorAsker::page);
     page.answerDetail(EditorMemoryDetail{.id = "decision0", .why = "w", .body = "b"});
 
-    window.store.grow();
-    EXPECT_THAT(window.root.page().details().known(), IsEmpty());
+    store.grow();
+    EXPECT_THAT(root.page().details().known(), IsEmpty());
     EXPECT_EQ(page.asked.size(), 2U);
-    EXPECT_TRUE(window.pending());
-    EXPECT_EQ(window.rows(), 3U) << "a refresh does not empty the page";
+    EXPECT_TRUE(pending());
+    EXPECT_EQ(rows(), 3U) << "a refresh does not empty the page";
     page.settle(memories(4));
-    EXPECT_EQ(window.rows(), 4U);
-    EXPECT_TRUE(window.answer().ready());
+    EXPECT_EQ(rows(), 4U);
+    EXPECT_TRUE(answer().ready());
 }
 
-TEST(EditorRoot, DropsWhatIsLateOrAnswersSomethingElse) {
-    Window window(memories(3));
-    const EditorAsk first = window.ask([](EditorAsk& ask) { ask.scopes = {"/a"}; });
-    window.root.setAsk(first);
-    window.root.setAsk(window.ask([](EditorAsk& ask) { ask.scopes = {"/b"}; }));
-    window.store.page.answer(settled(first, memories(1)));
-    window.store.page.answer(EditorAnswer::pending());
-    EXPECT_EQ(window.rows(), 3U) << "the one is late, the other to no ask";
-    EXPECT_TRUE(window.pending());
-    EXPECT_FALSE(window.store.page.isWaiting()) << "nothing is asked twice";
-    window.store.grow();
-    window.store.page.settle(memories(5));
-    EXPECT_EQ(window.rows(), 5U);
+TEST_F(FullWindow, DropsWhatIsLateOrAnswersSomethingElse) {
+    const EditorAsk first = ask([](EditorAsk& ask) { ask.scopes = {"/a"}; });
+    root.setAsk(first);
+    root.setAsk(ask([](EditorAsk& ask) { ask.scopes = {"/b"}; }));
+    store.page.answer(settled(first, memories(1)));
+    store.page.answer(EditorAnswer::pending());
+    EXPECT_EQ(rows(), 3U) << "the one is late, the other to no ask";
+    EXPECT_TRUE(pending());
+    EXPECT_FALSE(store.page.isWaiting()) << "nothing is asked twice";
+    store.grow();
+    store.page.settle(memories(5));
+    EXPECT_EQ(rows(), 5U);
 }
 
-TEST(EditorRoot, ShowsAStoreThatHasGivenUpAsFailedUntilItHasNot) {
-    Window window(memories(3));
-    auto& [store, root, face, list] = window;
+TEST_F(FullWindow, ShowsAStoreThatHasGivenUpAsFailedUntilItHasNot) {
     store.error = "The door is shut.";
     store.tell(EditorChange::error);
     EXPECT_EQ(face.strip(), "The door is shut.");
     EXPECT_TRUE(root.gaveUp());
-    EXPECT_TRUE(window.answer().ready());
+    EXPECT_TRUE(answer().ready());
     root.setFace(EditorFace::mods);
-    EXPECT_EQ(window.words(), "The door is shut.");
+    EXPECT_EQ(words(), "The door is shut.");
     root.setFace(EditorFace::memory);
 
     store.loadingNow = true;
@@ -130,33 +133,29 @@ TEST(EditorRoot, SaysThatItStillWaitsAndLetsGoOfItWhenTold) {
     EXPECT_FALSE(root.isTrying());
 }
 
-TEST(EditorRoot, LooksAgainWhereThereIsNothing) {
-    Window window;
-    auto& store = window.store;
+TEST_F(EmptyWindow, LooksAgainWhereThereIsNothing) {
     EXPECT_EQ(store.mod.loads, 0);
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 1);
     EXPECT_EQ(store.mod.loads, 1) << "behind the page";
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 1) << "it is looking";
     store.page.types = {{.name = "note", .count = 1}};
     store.page.settle();
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 1);
     store.error = "The door is shut.";
-    window.root.lookAgain();
+    root.lookAgain();
     EXPECT_EQ(store.generationNow, 2);
     EXPECT_EQ(store.mod.loads, 1) << "nobody is there to ask";
 }
 
-TEST(EditorRoot, AHitLeadsBackToItsResultsAsLongAsItsPlaceIsOpen) {
-    Window window;
-    auto& [store, root, face, list] = window;
+TEST_F(EmptyWindow, AHitLeadsBackToItsResultsAsLongAsItsPlaceIsOpen) {
     const auto open = [&] {
         root.search()->clear();
         while (store.page.isWaiting())
             store.page.settle(memories(3));
-        window.search("number", memories(3));
+        search("number", memories(3));
         root.search()->openHit(1);
         if (store.page.isWaiting())
             store.page.settle(memories(3));
@@ -195,32 +194,28 @@ TEST(EditorRoot, GoesWhileEverythingIsUnderWay) {
     EXPECT_THAT(store.page.detailsAsked, ElementsAre("a"));
 }
 
-TEST(EditorRoot, AsksNothingOnceItHasRetired) {
-    Window window(memories(3));
-    window.search("backup", memories(1));
-    const auto asked = window.store.page.asked.size();
-    const auto details = window.store.page.detailsAsked.size();
-    window.root.retire();
-    EXPECT_FALSE(window.root.search()->searching());
-    window.root.search()->setText("backups");
-    window.face.open("decision");
-    window.root.setFace(EditorFace::mods);
-    window.store.grow();
-    window.root.page().details().request({"x"}, EditorAsker::page);
-    EXPECT_EQ(window.store.page.asked.size(), asked);
-    EXPECT_EQ(window.store.page.detailsAsked.size(), details);
+TEST_F(FullWindow, AsksNothingOnceItHasRetired) {
+    search("backup", memories(1));
+    const auto asked = store.page.asked.size();
+    const auto details = store.page.detailsAsked.size();
+    root.retire();
+    EXPECT_FALSE(root.search()->searching());
+    root.search()->setText("backups");
+    face.open("decision");
+    root.setFace(EditorFace::mods);
+    store.grow();
+    root.page().details().request({"x"}, EditorAsker::page);
+    EXPECT_EQ(store.page.asked.size(), asked);
+    EXPECT_EQ(store.page.detailsAsked.size(), details);
 }
 
-TEST(EditorRoot, WhatASearchFoundIsReadAnewWithTheStore) {
-    Window window;
-    window.search("backup", {memory("a")});
-    window.store.grow();
-    EXPECT_THAT(window.store.page.detailsAsked, ElementsAre("a", "a"));
+TEST_F(EmptyWindow, WhatASearchFoundIsReadAnewWithTheStore) {
+    search("backup", {memory("a")});
+    store.grow();
+    EXPECT_THAT(store.page.detailsAsked, ElementsAre("a", "a"));
 }
 
-TEST(EditorRoot, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
-    Window window;
-    auto& [store, root, face, list] = window;
+TEST_F(EmptyWindow, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
     face.open("decision");
     store.page.settle(memories(2));
     const auto says = [&](int role) {
@@ -244,11 +239,7 @@ TEST(EditorRoot, AnOpenMemoryThatCannotBeReadSaysSoUntilItIsOpenedAgain) {
 }
 
 TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
-    struct Case {
-        EditorFace from, to;
-        bool keepsScopes;
-        EditorKind kind;
-    };
+    using Case = std::tuple<EditorFace, EditorFace, bool, EditorKind>;
     using enum EditorFace;
     for (const auto& [from, to, keepsScopes, kind] :
          {Case{memory, moments, true, EditorKind::moment},
@@ -283,67 +274,56 @@ TEST(EditorRoot, AChangeOfFaceDecidesWhatStays) {
     }
 }
 
-TEST(EditorRoot, AnotherQuestionBeginsOnItsFirstPage) {
-    Window window;
-    const auto far = window.ask([](EditorAsk& ask) { ask.limit = 5112; });
-    window.root.setAsk(far);
-    window.root.setAsk(far);
-    EXPECT_EQ(window.root.page().ask().limit, 5112);
-    window.root.setAsk(window.ask([&](EditorAsk& ask) {
+TEST_F(EmptyWindow, AnotherQuestionBeginsOnItsFirstPage) {
+    const auto far = ask([](EditorAsk& ask) { ask.limit = 5112; });
+    root.setAsk(far);
+    root.setAsk(far);
+    EXPECT_EQ(root.page().ask().limit, 5112);
+    root.setAsk(ask([&](EditorAsk& ask) {
         ask.sort = EditorMemorySort::oldest;
         ask.filters = {{"owner", {EditorPick("Ines")}}};
     }));
-    EXPECT_EQ(window.root.page().ask().limit, 50);
-    window.face.open("decision");
+    EXPECT_EQ(root.page().ask().limit, 50);
+    face.open("decision");
     EditorAsk wanted{.term = {}};
     wanted.type = "decision";
     wanted.sort = EditorMemorySort::oldest;
-    EXPECT_EQ(window.root.page().ask(), wanted) << "and another type without filters";
+    EXPECT_EQ(root.page().ask(), wanted) << "and another type without filters";
 }
 
 TEST(EditorRoot, AHitOpensItsPlace) {
-    struct Case {
-        SearchHit::Destination destination;
-        EditorFace face;
-        Scopes scopes = {};
-    };
     using enum EditorFace;
-    for (const auto& [destination, face, scopes] :
+    using Case = std::pair<SearchHit::Destination, EditorFace>;
+    for (const auto& [destination, face] :
          {Case{SearchDestination::Memory{"ticket"}, memory},
-          Case{SearchDestination::Rule{"/work"}, rules, {"/work"}},
+          Case{SearchDestination::Rule{"/work"}, rules},
           Case{SearchDestination::Moment{"7"}, moments},
           Case{SearchDestination::Meeting{"m"}, meetings},
-          Case{SearchDestination::Scope{"/x"}, EditorFace::scopes},
-          Case{SearchDestination::Mod{}, mods}}) {
+          Case{SearchDestination::Scope{"/x"}, scopes}, Case{SearchDestination::Mod{}, mods}}) {
         Window window;
         window.root.search()->setText("backup");
-        FoundHit found{.hit = {.id = "x",
-                               .destination = destination,
-                               .title = {},
-                               .subtitle = {},
-                               .symbol = {}},
-                       .memory = {},
-                       .term = "backup"};
+        FoundHit found;
+        found.hit.destination = destination;
+        found.term = "backup";
         window.root.open(found);
         EXPECT_EQ(window.root.face(), face);
         EXPECT_EQ(window.face.openType().value_or(""), face == memory ? "ticket" : "");
-        EXPECT_EQ(window.root.page().ask().scopes, scopes);
+        EXPECT_EQ(window.root.page().ask().scopes, face == rules ? Scopes{"/work"} : Scopes());
         EXPECT_EQ(window.root.search()->text(), "");
     }
 }
 
-TEST(EditorRoot, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
-    Window window;
-    window.search("number 30", {memories(31).back()});
-    window.root.search()->openHit(0);
-    window.store.page.settle(memories(60));
-    const auto& lines = window.list.lines()->rows();
+TEST_F(EmptyWindow, AHitOfAMemoryUnfoldsItWithTheWordsMarked) {
+    search("number 30", {memories(31).back()});
+    root.search()->openHit(0);
+    store.page.settle(memories(60));
+    const auto& lines = list.lines()->rows();
     ASSERT_EQ(lines.size(), 36U) << "whole pages up to it";
     EXPECT_TRUE(lines[30].open);
-    const auto* const model = window.list.lines();
+    const auto* const model = list.lines();
     EXPECT_EQ(model->data(model->index(30), MemoryLines::TitleMarkupRole),
               "<b>Number</b> <b>30</b>");
-    EXPECT_THAT(window.store.page.detailsAsked, Contains("decision30"));
+    EXPECT_THAT(store.page.detailsAsked, Contains("decision30"));
 }
 
 TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
@@ -369,6 +349,79 @@ TEST(EditorRoot, AHitThatWasNotReadStandsInFrontUntilSomethingElseIsAsked) {
         window.store.page.settle(memories(40, type));
         EXPECT_EQ(lines[first].id, "m:" + type + "0");
     }
+}
+
+QStringList spoken(const QAbstractItemModel& model) {
+    QStringList all;
+    for (int row = 0; row < model.rowCount(); ++row)
+        all.append(model.data(model.index(row, 0), RailModel::SpokenRole).toString());
+    return all;
+}
+
+std::vector<EditorCount> types(int ordinary) {
+    std::vector<EditorCount> all{{.name = "rule", .count = 57}, {.name = "mod", .count = 2}};
+    for (int at = 0; at < ordinary; ++at)
+        all.push_back({.name = "type" + std::to_string(at), .count = 100 - at});
+    return all;
+}
+
+TEST(Rail, CountsWhatIsKnownAndOpensItsPlaces) {
+    Window window({}, types(5));
+    auto& [store, root, face, list] = window;
+    RailModel& rail = *root.rail();
+    const QAbstractItemModelTester railTester(&rail);
+    store.scope.read = false;
+    store.tell();
+    EXPECT_EQ(spoken(rail).join(u'|'), "Memories, 490|type0s, 100|type1s, 99|type2s, 98|2 more|"
+                                       "Meetings|Moments|Rules, 57|Mods|Scopes");
+    store.page.moments = 38214;
+    store.meeting.count = 143;
+    store.mod.board = EditorModsBoard{.mods = {{.slug = "a"}, {.slug = "b"}}};
+    store.scope.read = true;
+    store.tell();
+    EXPECT_EQ(spoken(rail).mid(5).join(u'|'),
+              "Meetings, 143|Moments, 38214|Rules, 57|Mods, 2|Scopes, 1");
+    QList<int> apart;
+    for (int row = 0; row < rail.rowCount(); ++row)
+        if (rail.data(rail.index(row), RailModel::ApartRole).toBool())
+            apart.append(row);
+    EXPECT_THAT(apart, ElementsAre(5)) << "the faces stand apart from the places of the first";
+    EXPECT_EQ(rail.hereIndex(), 0);
+    rail.activate(2);
+    EXPECT_EQ(rail.hereIndex(), 2);
+    face.open("type4");
+    EXPECT_EQ(rail.hereIndex(), 0) << "not in sight";
+    rail.activate(4);
+    EXPECT_EQ(rail.hereIndex(), 5) << "all types are shown now";
+    rail.activate(7);
+    EXPECT_EQ(root.face(), EditorFace::moments);
+}
+
+TEST(FaceBar, SaysWhichScopesAndPicksOne) {
+    Window window({}, types(1));
+    auto& [store, root, face, list] = window;
+    auto& bar = *root.bar();
+    const QAbstractItemModelTester barTester(&bar);
+    for (int at = 0; at < 5000; ++at)
+        store.scope.root.children.push_back({.id = "/s" + std::to_string(at), .title = "s"});
+    store.tell();
+    EXPECT_EQ(bar.rowCount(), 5002);
+    EXPECT_EQ(spoken(*root.rail()).last(), "Scopes, 5001");
+    EXPECT_EQ(bar.lineFor("S4999", 5), 5001);
+    EXPECT_EQ(bar.lineFor("s1", 4), 12) << "the next";
+    EXPECT_EQ(bar.lineFor("s2", 5001), 4) << "and around";
+    EXPECT_EQ(bar.lineFor("x", 0), -1);
+    bar.choose(2);
+    EXPECT_EQ(bar.label(), "/s0");
+    EXPECT_EQ(bar.pickedIndex(), 2);
+    EditorAsk two = root.page().ask();
+    two.scopes.insert("/s1");
+    root.setAsk(two);
+    EXPECT_EQ(bar.label(), "2 scopes");
+    bar.choose(0);
+    EXPECT_TRUE(root.page().ask().scopes.empty());
+    bar.manageScopes();
+    EXPECT_EQ(root.face(), EditorFace::scopes);
 }
 
 /// A face that may lie over the page, and has an ask of its own.
@@ -410,10 +463,8 @@ TEST(EditorRoot, TellsAFaceWhatBefallsIt) {
     EXPECT_TRUE(root.isModal());
     EXPECT_FALSE(root.beginsSearch(QStringLiteral("b"))) << "something lies over the page";
     EXPECT_TRUE(root.back());
-    FoundHit found{
-        .hit = {.id = {}, .destination = {}, .title = "/a", .subtitle = {}, .symbol = {}},
-        .memory = {},
-        .term = {}};
+    FoundHit found;
+    found.hit.title = "/a";
     found.hit.destination = SearchDestination::Scope{"/a"};
     root.open(found);
     EXPECT_EQ(log.join(u' '), "back /a");

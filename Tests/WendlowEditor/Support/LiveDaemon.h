@@ -28,11 +28,7 @@ inline AnswerCase::TextBrowse page(std::int64_t total, std::vector<NameCount> ty
 
 /// The live store over a daemon whose answers the test gives.
 struct LiveDaemon {
-    LiveDaemon()
-        : client(std::make_shared<ScriptedClient>()),
-          store(std::make_unique<EditorLiveStore>(
-              client, [this](std::string line) { notes.push_back(std::move(line)); },
-              [this] { return time; })) {
+    LiveDaemon() {
         QObject::connect(store.get(), &EditorStore::changed,
                          [this](EditorChanges what) { changes.push_back(what); });
     }
@@ -74,8 +70,11 @@ struct LiveDaemon {
     std::vector<std::string> notes;
     std::vector<EditorChanges> changes;
     LinkLeg::Instant time;
-    std::shared_ptr<ScriptedClient> client;
-    std::unique_ptr<EditorLiveStore> store;
+    std::shared_ptr<ScriptedClient> client = std::make_shared<ScriptedClient>();
+    std::unique_ptr<EditorLiveStore> store = std::make_unique<EditorLiveStore>(
+        client, [this](std::string line) { notes.push_back(std::move(line)); },
+        [this] { return time; });
 };
+struct LiveStore : ::testing::Test, LiveDaemon {};
 
 } // namespace wendlow::testing

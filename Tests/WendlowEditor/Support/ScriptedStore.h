@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Store/EditorStore.h"
+#include "Seeded/SeededSources.h"
 #include "Store/Waiting.h"
 
 #include <chrono>
@@ -141,7 +141,6 @@ public:
         m_writes.resumeAll({});
     }
 
-    bool isWaiting() const { return !m_pictures.empty(); }
     /// Answers the question that has waited longest.
     void answer(EditorRulesPicture picture) { m_pictures.resumeFirst(std::move(picture)); }
     void answerWrite(EditorWriteOutcome outcome) { m_writes.resumeFirst(std::move(outcome)); }
@@ -167,18 +166,9 @@ private:
     Waiting<EditorWriteOutcome> m_writes;
 };
 
-class ScriptedTiles final : public TileSource {
-public:
-    std::map<std::int64_t, EditorTile> known;
-
-    const std::map<std::int64_t, EditorTile>& tiles() const override { return known; }
-    void showTiles(std::vector<std::int64_t> /*keys*/) override {}
-};
-
 /// A store of scripted sources. A face's own test fakes its source alone.
 class ScriptedStore final : public EditorStore {
 public:
-    EditorWorld worldNow = EditorWorld::realData;
     std::int64_t generationNow = 0;
     std::optional<std::string> error;
     bool loadingNow = false;
@@ -188,7 +178,7 @@ public:
     ScriptedMods mod;
     ScriptedScopes scope;
     ScriptedRules rule;
-    ScriptedTiles tile;
+    SeededTiles tile;
 
     /// What has changed is told; by itself, all of it.
     void tell(EditorChanges what = EditorChanges::fromInt(63)) { EditorStore::tell(what); }
@@ -197,7 +187,7 @@ public:
         tell(EditorChange::generation);
     }
 
-    EditorWorld world() const override { return worldNow; }
+    EditorWorld world() const override { return EditorWorld::realData; }
     std::int64_t generation() const override { return generationNow; }
     std::optional<std::string> storeError() const override { return error; }
     bool loading() const override { return loadingNow; }
@@ -206,7 +196,7 @@ public:
     ScriptedMods& mods() override { return mod; }
     ScriptedScopes& scopes() override { return scope; }
     ScriptedRules& rules() override { return rule; }
-    ScriptedTiles& tiles() override { return tile; }
+    SeededTiles& tiles() override { return tile; }
     void switchWorld(EditorWorld /*world*/) override {}
     void resetWorld() override { grow(); }
     void stopWaiting() override { ++stops; }
