@@ -1,5 +1,4 @@
-#include "Support/Desktop.h"
-#include "Support/RunningGateway.h"
+#include "Support/OnADesktop.h"
 
 #include <QJsonArray>
 
@@ -12,30 +11,14 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// The rules in the real window, held against what the gateway holds.
-class Rules : public ::testing::Test {
+class Rules : public OnADesktop {
 protected:
-    void SetUp() override { ASSERT_TRUE(desktop.isReady()); }
-
     void open() {
         application.emplace(desktop, QStringList{u"--window=editor"_s});
         const auto window = application->window(u"Memories"_s);
         ASSERT_TRUE(window) << application->errors().toStdString();
         ASSERT_TRUE(eventually([&] { return window->isActive(); }));
         press(u"Rules, %1"_s.arg(rules().size()));
-    }
-    bool says(const QString& name) const { return application->findNamed(name).has_value(); }
-    bool is(const char* role, const QString& name) const {
-        return application->find(QString::fromUtf8(role), name).has_value();
-    }
-    void press(const QString& name) const {
-        const auto thing = application->findNamed(name);
-        ASSERT_TRUE(thing && thing->act(u"Press"_s)) << name.toStdString();
-    }
-    void write(const QString& text) const {
-        QStringList keys;
-        for (const QChar letter : text)
-            keys.append(letter == u' ' ? u"space"_s : QString(letter));
-        desktop.press(keys);
     }
     void pickScope(const QString& scope) const {
         press(u"scope: /"_s);
@@ -51,10 +34,6 @@ protected:
                 return row.toObject();
         return {};
     }
-
-    Desktop desktop;
-    RunningGateway gateway{desktop};
-    std::optional<RunningApplication> application;
 };
 
 TEST_F(Rules, AreEditedAndAddedByKeyAlone) {

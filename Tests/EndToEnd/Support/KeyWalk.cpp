@@ -97,26 +97,4 @@ QStringList KeyWalk::press(const QStringList& keys) const {
     return faults;
 }
 
-QString spokenTree(const Accessible& top, int depth) {
-    QString lines;
-    for (const Accessible& child : top.children()) {
-        if (!child.isShowing())
-            continue;
-        QStringList states;
-        for (const auto& [name, is] : {std::pair("focused", child.isFocused()),
-                                       {"checked", child.isChecked()},
-                                       {"focusable", child.isFocusable()},
-                                       {"disabled", !child.isEnabled()}})
-            if (is)
-                states.append(QLatin1String(name));
-        lines += QString(2 * depth, u' ') + described(child);
-        if (!child.description().isEmpty())
-            lines += u" — "_s + child.description();
-        if (!states.isEmpty())
-            lines += u" ["_s + states.join(u' ') + u']';
-        lines += u'\n' + spokenTree(child, depth + 1);
-    }
-    return lines;
-}
-
 } // namespace wendlow::testing
