@@ -61,20 +61,6 @@ TEST(DoorRedial, TellsItsBudgetInWholeSeconds) {
         EXPECT_EQ(XPCRoundTrip::timerMilliseconds(limit).count(), timer);
 }
 
-TEST(ClientLineage, IsStaleForAReplacedProgramOfTheFamilyOnly) {
-    const ClientLineage foreign = Foreign{};
-    const std::tuple<bool, ClientLineage::Occupant, ClientLineage> rows[] = {
-        {true, {"works.fenmoor.wendlow.settings", "2.0"}, Stale{"2.0"}},
-        {true, {"works.fenmoor.wendlow", std::nullopt}, Stale{}},
-        {true, {"works.fenmoor.wendlowish", "2.0"}, foreign},
-        {true, {"works.fenmoor.wendlo", "2.0"}, foreign},
-        {true, {std::nullopt, "2.0"}, foreign},
-        {false, {"works.fenmoor.wendlow.settings", "2.0"}, foreign}};
-    for (const auto& [replaced, occupant, lineage] : rows)
-        EXPECT_EQ(ClientLineage::judge(replaced, occupant), lineage)
-            << occupant.bundleID.value_or("none");
-}
-
 TEST(ClientLineage, ReadsTheBundleAroundAPath) {
     const testing::TemporaryHome home;
     const auto folder = home / "Contents/MacOS";
@@ -99,6 +85,7 @@ TEST(ClientLineage, ReadsTheBundleAroundAPath) {
     EXPECT_EQ(ClientLineage::occupantBundle(program), (Occupant{"works.fenmoor.wendlow", "3.1"}));
     EXPECT_EQ(ClientLineage::occupantBundle(home / "Contents/bin/program"), Occupant{});
 
+    EXPECT_EQ(ClientLineage::judge(true, {std::nullopt, "2.0"}), ClientLineage(Foreign{}));
     EXPECT_EQ(ClientLineage::probe(std::nullopt), ClientLineage(Foreign{}));
     EXPECT_EQ(ClientLineage::probe(program), ClientLineage(Foreign{})); // nothing lies there
     std::ofstream(program) << "new";
