@@ -10,6 +10,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+const QString before = u"Never remove a backup before it has been read back"_s;
+
 /// The rules in the real window, held against what the gateway holds.
 class Rules : public OnADesktop {
 protected:
@@ -42,7 +44,6 @@ TEST_F(Rules, AreEditedAndAddedByKeyAlone) {
     EXPECT_TRUE(is("heading", u"Rules riding every prompt"_s));
     EXPECT_TRUE(is("heading", u"Rules filed at every scope"_s));
     // The first rule of the root rides every prompt, and is the first stop.
-    const QString before = u"Never remove a backup before it has been read back"_s;
     const QString id = rule(before)["id"_L1].toString();
     ASSERT_TRUE(is("list item", before));
     desktop.press({u"Tab"_s, u"Right"_s, u"Return"_s});
@@ -88,8 +89,7 @@ TEST_F(Rules, SayEachGapInItsSentence) {
     EXPECT_TRUE(is("heading", u"The stack a session receives at /studio/atlas"_s));
     // What is filed begins below what is in sight.
     const auto walk = [&](const QString& key) {
-        const auto first = application->find(
-            u"list item"_s, u"Never remove a backup before it has been read back"_s);
+        const auto first = application->find(u"list item"_s, before);
         ASSERT_TRUE(first);
         desktop.click(first->extents().center());
         desktop.press({key});
@@ -147,7 +147,6 @@ TEST_F(Rules, SayEachGapInItsSentence) {
 TEST_F(Rules, LoseNoWordsToADaemonThatGoes) {
     gateway.start();
     open();
-    const QString before = u"Never remove a backup before it has been read back"_s;
     const QString gone = u"Wendlow isn't running — start it to access your memory."_s;
     ASSERT_TRUE(is("list item", before));
     desktop.press({u"Tab"_s, u"Right"_s, u"Return"_s});

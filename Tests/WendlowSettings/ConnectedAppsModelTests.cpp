@@ -397,10 +397,8 @@ TEST(ConnectedAppsModel, CopiesTheEndpointOnlyWhereThereIsOne) {
     pane.model->copySubject(u"/b/1"_s);
     EXPECT_EQ(pane.copied.join(u' '), u"/opt/Wendlow.app/Contents/MacOS/wendlow-mcp /b/1"_s);
 
-    ConnectedAppsModel::Surroundings around;
-    around.copy = [&pane](const QString& text) { pane.copied.append(text); };
     const auto bare =
-        ConnectedAppsModel::forThisMac("/nowhere", std::nullopt, "/Applications", around);
+        ConnectedAppsModel::forThisMac("/nowhere", std::nullopt, "/Applications", pane.around);
     bare->copyEndpoint();
     bare->scan();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bare->scanned(); }, 5000));

@@ -46,9 +46,8 @@ KeyWalk::KeyWalk(const Desktop& desktop, const RunningApplication& application, 
 
 QStringList KeyWalk::focused() const {
     QStringList all;
-    const auto window = m_application.window(m_title);
     std::vector<Accessible> found;
-    if (window)
+    if (const auto window = m_application.window(m_title))
         gather(*window, found);
     for (const Accessible& thing : found)
         all.append(described(thing));
@@ -63,19 +62,16 @@ QString KeyWalk::fault() const {
     gather(*window, found);
     if (found.empty())
         return u"nothing has the focus"_s;
-    QStringList all;
-    for (const Accessible& thing : found)
-        all.append(described(thing));
     if (found.size() > 1)
-        return u"several have the focus: "_s + all.join(u", "_s);
+        return u"several have the focus: "_s + focused().join(u", "_s);
     const Accessible& thing = found.front();
     if (onlyHolds(thing))
-        return u"only something around others has the focus: "_s + all.front();
+        return u"only something around others has the focus: "_s + described(thing);
     if (thing.name().trimmed().isEmpty())
-        return u"what has the focus has no name: "_s + all.front();
+        return u"what has the focus has no name: "_s + described(thing);
     const QRect place = thing.extents();
     if (place.isEmpty() || !window->extents().intersects(place))
-        return u"what has the focus is out of sight: "_s + all.front();
+        return u"what has the focus is out of sight: "_s + described(thing);
     return {};
 }
 
