@@ -162,39 +162,6 @@ TEST_F(ConnectedApps, WhatWasChangedSinceIsTakenOutFromItsOpenRow) {
     EXPECT_TRUE(application.findNamed(u"Disconnected. Restart Claude Code to finish."_s));
 }
 
-TEST_F(ConnectedApps, CodexIsConnectedDisconnectedAndConnectedAgain) {
-    const auto config = desktop.home() / ".codex/config.toml";
-    const auto hooks = desktop.home() / ".codex/hooks.json";
-    const std::string ownConfig =
-        "# mine\r\nmodel = \"o5\"\r\n\r\n[tui]\r\ntheme = 'dark' # no end";
-    const std::string ownHooks =
-        R"({"hooks": {"UserPromptSubmit": [{"hooks": [{"type": "command", "command": "~/bin/greet.sh"}]}]}})";
-    put(config, ownConfig);
-    put(hooks, ownHooks);
-    RunningApplication application(desktop, {u"--window=settings"_s});
-    const auto toggle = application.find(u"check box"_s, u"Codex"_s);
-    ASSERT_TRUE(toggle) << application.errors().toStdString();
-
-    std::string connectedConfig;
-    for (int round = 0; round < 2; ++round) {
-        desktop.click(toggle->extents().center());
-        ASSERT_TRUE(eventually([&] { return toggle->isChecked() && toggle->isEnabled(); }));
-        EXPECT_TRUE(application.findNamed(
-            u"the trusted hash recorded here matches the Wendlow hook entry"_s));
-        // The person's hook stands first, so ours is trusted at the second place.
-        const auto bytes = get(config).value_or("");
-        EXPECT_TRUE(bytes.starts_with(ownConfig + "\r\n\r\n[mcp_servers.wendlow]\r\n")) << bytes;
-        EXPECT_NE(bytes.find(hooks.string() + ":user_prompt_submit:1:0\"]\r\n"), std::string::npos);
-        EXPECT_EQ(connectedConfig.empty() ? bytes : connectedConfig, bytes);
-        connectedConfig = bytes;
-
-        desktop.click(toggle->extents().center());
-        ASSERT_TRUE(eventually([&] { return !toggle->isChecked() && toggle->isEnabled(); }));
-        EXPECT_EQ(get(config), ownConfig);
-        EXPECT_EQ(get(hooks), ownHooks);
-    }
-}
-
 TEST_F(ConnectedApps, ARowOpensToWhatTheToolKeeps) {
     const std::string work = (desktop.home() / "Work").string();
     put(desktop.home() / "Work/notes.txt", "");
@@ -227,18 +194,6 @@ TEST_F(ConnectedApps, ARowOpensToWhatTheToolKeeps) {
     desktop.press({u"Return"_s});
     EXPECT_TRUE(application.findNamed(u"no memory files found"_s));
     EXPECT_FALSE(project->isShowing());
-}
-
-TEST_F(ConnectedApps, TheSameWithoutAWindow) {
-    const auto program = QLatin1String(bundle) + u"/Contents/MacOS/wendlow-connect"_s;
-    const auto report = desktop.run(program, {u"install"_s, u"claude-code"_s, u"--json"_s});
-    EXPECT_TRUE(report.contains(u"\"result\":\"changed\""_s) ||
-                report.contains(u"\"result\": \"changed\""_s))
-        << report.toStdString();
-    EXPECT_TRUE(isConnected());
-    desktop.run(program, {u"remove"_s});
-    EXPECT_TRUE(isAsBefore());
-    EXPECT_FALSE(hasReceipt());
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-#include "Support/Desktop.h"
-#include "Support/RunningGateway.h"
+#include "Support/OnADesktop.h"
 
 #include <QJsonArray>
 
@@ -11,31 +10,17 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The rules in the real window, held against what the gateway holds.
-class Rules : public ::testing::Test {
-protected:
-    void SetUp() override { ASSERT_TRUE(desktop.isReady()); }
+const QString before = u"Never remove a backup before it has been read back"_s;
 
+/// The rules in the real window, held against what the gateway holds.
+class Rules : public OnADesktop {
+protected:
     void open() {
         application.emplace(desktop, QStringList{u"--window=editor"_s});
         const auto window = application->window(u"Memories"_s);
         ASSERT_TRUE(window) << application->errors().toStdString();
         ASSERT_TRUE(eventually([&] { return window->isActive(); }));
         press(u"Rules, %1"_s.arg(rules().size()));
-    }
-    bool says(const QString& name) const { return application->findNamed(name).has_value(); }
-    bool is(const char* role, const QString& name) const {
-        return application->find(QString::fromUtf8(role), name).has_value();
-    }
-    void press(const QString& name) const {
-        const auto thing = application->findNamed(name);
-        ASSERT_TRUE(thing && thing->act(u"Press"_s)) << name.toStdString();
-    }
-    void write(const QString& text) const {
-        QStringList keys;
-        for (const QChar letter : text)
-            keys.append(letter == u' ' ? u"space"_s : QString(letter));
-        desktop.press(keys);
     }
     void pickScope(const QString& scope) const {
         press(u"scope: /"_s);
@@ -51,10 +36,6 @@ protected:
                 return row.toObject();
         return {};
     }
-
-    Desktop desktop;
-    RunningGateway gateway{desktop};
-    std::optional<RunningApplication> application;
 };
 
 TEST_F(Rules, AreEditedAndAddedByKeyAlone) {
@@ -63,7 +44,6 @@ TEST_F(Rules, AreEditedAndAddedByKeyAlone) {
     EXPECT_TRUE(is("heading", u"Rules riding every prompt"_s));
     EXPECT_TRUE(is("heading", u"Rules filed at every scope"_s));
     // The first rule of the root rides every prompt, and is the first stop.
-    const QString before = u"Never remove a backup before it has been read back"_s;
     const QString id = rule(before)["id"_L1].toString();
     ASSERT_TRUE(is("list item", before));
     desktop.press({u"Tab"_s, u"Right"_s, u"Return"_s});
@@ -109,8 +89,7 @@ TEST_F(Rules, SayEachGapInItsSentence) {
     EXPECT_TRUE(is("heading", u"The stack a session receives at /studio/atlas"_s));
     // What is filed begins below what is in sight.
     const auto walk = [&](const QString& key) {
-        const auto first = application->find(
-            u"list item"_s, u"Never remove a backup before it has been read back"_s);
+        const auto first = application->find(u"list item"_s, before);
         ASSERT_TRUE(first);
         desktop.click(first->extents().center());
         desktop.press({key});
@@ -168,7 +147,6 @@ TEST_F(Rules, SayEachGapInItsSentence) {
 TEST_F(Rules, LoseNoWordsToADaemonThatGoes) {
     gateway.start();
     open();
-    const QString before = u"Never remove a backup before it has been read back"_s;
     const QString gone = u"Wendlow isn't running — start it to access your memory."_s;
     ASSERT_TRUE(is("list item", before));
     desktop.press({u"Tab"_s, u"Right"_s, u"Return"_s});

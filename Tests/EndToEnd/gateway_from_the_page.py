@@ -95,7 +95,7 @@ class OnABus(unittest.TestCase):
         program = subprocess.Popen(words, env=self.environment, stdout=subprocess.PIPE,
                                    stderr=subprocess.PIPE, text=True)
         GLib.child_watch_add(GLib.PRIORITY_DEFAULT, program.pid, self.ended)
-        limit = GLib.timeout_add_seconds(PATIENCE, self.fail_late, program)
+        limit = GLib.timeout_add_seconds(PATIENCE, program.kill)
         self.loop.run()
         GLib.source_remove(limit)
         out, error = program.communicate()
@@ -104,11 +104,6 @@ class OnABus(unittest.TestCase):
     def ended(self, _process, status):
         self.status = status
         self.loop.quit()
-
-    @staticmethod
-    def fail_late(program):
-        program.kill()
-        return GLib.SOURCE_REMOVE
 
     def practice(self, *options):
         gateway = subprocess.Popen([PRACTICE, *options], env=self.environment,
@@ -153,10 +148,6 @@ class APageGateway(OnABus):
             self.assertEqual(set(message), {"payload", "wire"})
             self.assertEqual(from_bytes(message["payload"]), HEALTH)
             self.assertEqual(message["wire"], VERSION)
-
-    def test_is_absent_when_nobody_owns_the_name(self):
-        code, out, _ = self.run_program(ASK, json.dumps(HEALTH))
-        self.assertEqual((code, json.loads(out)["fault"]), (1, "absent"))
 
     def test_of_another_version_is_told_apart(self):
         PageGateway(self.bus).version = 2

@@ -56,24 +56,9 @@ TEST(DoorRedial, TellsItsBudgetInWholeSeconds) {
                                           {0s, 1},
                                           {-5s, 1}})
         EXPECT_EQ((DoorRedial{.budget = budget, .pause = 0s}.budgetSeconds()), seconds);
-    EXPECT_EQ(DoorRedial::standard, (DoorRedial{.budget = 3s, .pause = 100ms}));
     for (const auto& [limit, timer] :
          {std::pair<std::chrono::nanoseconds, int>{1999us, 1}, {3s, 3000}, {0s, 1}, {-1s, 1}})
         EXPECT_EQ(XPCRoundTrip::timerMilliseconds(limit).count(), timer);
-}
-
-TEST(ClientLineage, IsStaleForAReplacedProgramOfTheFamilyOnly) {
-    const ClientLineage foreign = Foreign{};
-    const std::tuple<bool, ClientLineage::Occupant, ClientLineage> rows[] = {
-        {true, {"works.fenmoor.wendlow.settings", "2.0"}, Stale{"2.0"}},
-        {true, {"works.fenmoor.wendlow", std::nullopt}, Stale{}},
-        {true, {"works.fenmoor.wendlowish", "2.0"}, foreign},
-        {true, {"works.fenmoor.wendlo", "2.0"}, foreign},
-        {true, {std::nullopt, "2.0"}, foreign},
-        {false, {"works.fenmoor.wendlow.settings", "2.0"}, foreign}};
-    for (const auto& [replaced, occupant, lineage] : rows)
-        EXPECT_EQ(ClientLineage::judge(replaced, occupant), lineage)
-            << occupant.bundleID.value_or("none");
 }
 
 TEST(ClientLineage, ReadsTheBundleAroundAPath) {
@@ -100,6 +85,7 @@ TEST(ClientLineage, ReadsTheBundleAroundAPath) {
     EXPECT_EQ(ClientLineage::occupantBundle(program), (Occupant{"works.fenmoor.wendlow", "3.1"}));
     EXPECT_EQ(ClientLineage::occupantBundle(home / "Contents/bin/program"), Occupant{});
 
+    EXPECT_EQ(ClientLineage::judge(true, {std::nullopt, "2.0"}), ClientLineage(Foreign{}));
     EXPECT_EQ(ClientLineage::probe(std::nullopt), ClientLineage(Foreign{}));
     EXPECT_EQ(ClientLineage::probe(program), ClientLineage(Foreign{})); // nothing lies there
     std::ofstream(program) << "new";
@@ -124,24 +110,20 @@ TEST(MenuHealth, IsDecidedByTheAnswerAndTheFault) {
         {text("resumes 3:00 PM"), std::nullopt, Attention{"resumes 3:00 PM"}},
         {text("the disk is full"), DoorFault::skew, Attention{"the disk is full"}},
         {AnswerCase::Ok{}, std::nullopt, Attention{"Wendlow sent an answer we couldn't read"}}};
-    for (const auto& [answer, fault, health] : rows) {
-        const MenuHealth decided = MenuHealth::decide(answer, fault, ClientProfile::production);
-        EXPECT_EQ(decided, health);
-        EXPECT_EQ(decided.isAlert(), std::holds_alternative<Attention>(health));
-        EXPECT_EQ(decided.isPaused(), std::holds_alternative<Paused>(health));
-    }
+    for (const auto& [answer, fault, health] : rows)
+        EXPECT_EQ(MenuHealth::decide(answer, fault, ClientProfile::production), health);
 }
 
 TEST(RefusalNotice, IsForAnOldRefusalAndOnce) {
     using namespace RefusalNotice;
-    EXPECT_EQ(decide({DoorFault::refused, Seconds(45.0), false}), Action::report);
-    for (const auto& [fault, age, reported] :
-         {std::tuple<std::optional<DoorFault>, std::optional<Seconds>, bool>{DoorFault::refused,
-                                                                             Seconds(44.9), false},
-          {DoorFault::refused, Seconds(45.0), true},
-          {DoorFault::refused, std::nullopt, false},
-          {DoorFault::silent, Seconds(90), false}})
-        EXPECT_EQ(decide({fault, age, reported}), Action::wait);
+    const std::pair<State, Action> rows[] = {
+        {{DoorFault::refused, Seconds(45.0), false}, Action::report},
+        {{DoorFault::refused, Seconds(44.9), false}, Action::wait},
+        {{DoorFault::refused, Seconds(45.0), true}, Action::wait},
+        {{DoorFault::refused, std::nullopt, false}, Action::wait},
+        {{DoorFault::silent, Seconds(90), false}, Action::wait}};
+    for (const auto& [state, action] : rows)
+        EXPECT_EQ(decide(state), action);
 }
 
 TEST(SmallDeciders, NameTheServiceAndTheTitle) {

@@ -92,7 +92,7 @@ TEST(JourneyPresenter, StartsAnewInTheSameWindowAndTellsTheOthers) {
     for (int time = 1; time <= 2; ++time) {
         windows.posted.clear();
         window.close();
-        windows.journey.present(Front::leave);
+        windows.journey.present(time == 1 ? Front::leave : Front::bring);
         EXPECT_THAT(windows.posted, ElementsAre("0", "1")) << "time " << time;
         EXPECT_TRUE(window.isVisible());
         EXPECT_EQ(windows.renewed, time);

@@ -14,16 +14,6 @@ namespace {
 
 constexpr auto accessibleInterface = "org.a11y.atspi.Accessible";
 
-/// Bits of the state set, as the accessibility bus numbers them.
-enum StateBit : unsigned {
-    active = 1,
-    checked = 4,
-    enabled = 8,
-    focusable = 11,
-    focused = 12,
-    showing = 25
-};
-
 /// What is answered first; nothing where there is no answer.
 QVariant call(const QDBusConnection& bus, const QString& service, const QString& path,
               const char* interface, const char* method, const QVariantList& arguments = {}) {
@@ -104,25 +94,6 @@ bool Accessible::state(unsigned bit) const {
     const auto words = reply.isValid() ? qdbus_cast<QList<uint>>(reply) : QList<uint>();
     const auto word = static_cast<qsizetype>(bit / 32);
     return word < words.size() && ((words.at(word) >> (bit % 32)) & 1U) != 0;
-}
-
-bool Accessible::isActive() const {
-    return state(StateBit::active);
-}
-bool Accessible::isChecked() const {
-    return state(StateBit::checked);
-}
-bool Accessible::isEnabled() const {
-    return state(StateBit::enabled);
-}
-bool Accessible::isFocusable() const {
-    return state(StateBit::focusable);
-}
-bool Accessible::isFocused() const {
-    return state(StateBit::focused);
-}
-bool Accessible::isShowing() const {
-    return state(StateBit::showing);
 }
 
 bool Accessible::act(const QString& action) const {

@@ -21,12 +21,13 @@ public:
     QString description() const;
     QString role() const;  ///< the role's name, such as "push button"
     QRect extents() const; ///< in screen coordinates
-    bool isActive() const; ///< the window that keys go to
-    bool isChecked() const;
-    bool isEnabled() const;
-    bool isFocusable() const;
-    bool isFocused() const;
-    bool isShowing() const;
+    // By the bits of the state set, as the accessibility bus numbers them.
+    bool isActive() const { return state(1); } ///< the window that keys go to
+    bool isChecked() const { return state(4); }
+    bool isEnabled() const { return state(8); }
+    bool isFocusable() const { return state(11); }
+    bool isFocused() const { return state(12); }
+    bool isShowing() const { return state(25); }
     /// Does what the thing offers under this name ("Press", "Toggle").
     bool act(const QString& action) const;
     std::vector<Accessible> children() const;

@@ -9,6 +9,8 @@
 namespace wendlow::testing {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int patience = 10000; // milliseconds; a slow machine is no fault
 
 QString text(const std::filesystem::path& path) {
@@ -39,33 +41,29 @@ Desktop::Desktop() {
         if (real.contains(QLatin1String(kept)))
             m_environment.insert(QLatin1String(kept), real.value(QLatin1String(kept)));
     }
-    m_environment.insert(QStringLiteral("HOME"), text(m_home.path()));
-    m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), text(runtime));
-    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress());
-    m_environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
-    m_environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-    m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    m_environment.insert(u"HOME"_s, text(m_home.path()));
+    m_environment.insert(u"XDG_RUNTIME_DIR"_s, text(runtime));
+    m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, busAddress());
+    m_environment.insert(u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, u"1"_s);
+    m_environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
+    m_environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
 
     m_screen.setProcessEnvironment(m_environment);
-    m_screen.start(QStringLiteral("Xvfb"),
-                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                    QStringLiteral("0"), QStringLiteral("1400x1000x24"),
-                    QStringLiteral("-nolisten"), QStringLiteral("tcp"),
-                    QStringLiteral("-noreset")});
+    m_screen.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1400x1000x24"_s,
+                               u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
     if (!m_screen.waitForReadyRead(patience))
         return;
     const QByteArray display = m_screen.readLine().trimmed();
-    m_environment.insert(QStringLiteral("DISPLAY"),
-                         QLatin1Char(':') + QString::fromLatin1(display));
+    m_environment.insert(u"DISPLAY"_s, u':' + QString::fromLatin1(display));
 
     m_windowManager.setProcessEnvironment(m_environment);
-    m_windowManager.start(QStringLiteral("openbox"), QStringList());
+    m_windowManager.start(u"openbox"_s, QStringList());
     if (!m_windowManager.waitForStarted(patience))
         return;
     // The test's bus starts no service by itself, so that none of the real session is ever reached.
     m_accessibilityLauncher.setProcessEnvironment(m_environment);
-    m_accessibilityLauncher.start(QStringLiteral("/usr/libexec/at-spi-bus-launcher"),
-                                  {QStringLiteral("--launch-immediately")});
+    m_accessibilityLauncher.start(u"/usr/libexec/at-spi-bus-launcher"_s,
+                                  {u"--launch-immediately"_s});
     eventually([&] {
         m_accessibility = accessibilityBus(busAddress());
         return m_accessibility.has_value();
@@ -80,8 +78,8 @@ Desktop::~Desktop() {
             process->waitForFinished(2000);
         }
     }
-    QDBusConnection::disconnectFromBus(QStringLiteral("e2e-accessibility"));
-    QDBusConnection::disconnectFromBus(QStringLiteral("e2e-session"));
+    QDBusConnection::disconnectFromBus(u"e2e-accessibility"_s);
+    QDBusConnection::disconnectFromBus(u"e2e-session"_s);
 }
 
 QString Desktop::busAddress() const {
@@ -97,21 +95,17 @@ QString Desktop::run(const QString& program, const QStringList& arguments) const
 }
 
 void Desktop::click(const QPoint& point) const {
-    run(QStringLiteral("xdotool"),
-        {QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y()),
-         QStringLiteral("click"), QStringLiteral("1")});
+    run(u"xdotool"_s, {u"mousemove"_s, QString::number(point.x()), QString::number(point.y()),
+                       u"click"_s, u"1"_s});
 }
 
 bool Desktop::hasWindow(const QString& title) const {
-    return !run(QStringLiteral("xdotool"),
-                {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                 QStringLiteral("--name"), QLatin1Char('^') + title + QLatin1Char('$')})
+    return !run(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u'^' + title + u'$'})
                 .isEmpty();
 }
 
 void Desktop::press(const QStringList& keys) const {
-    run(QStringLiteral("xdotool"),
-        QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("40")} + keys);
+    run(u"xdotool"_s, QStringList{u"key"_s, u"--delay"_s, u"40"_s} + keys);
 }
 
 RunningApplication::RunningApplication(const Desktop& desktop, const QStringList& arguments)
@@ -145,8 +139,7 @@ QString RunningApplication::errors() {
 
 std::optional<Accessible> RunningApplication::root() const {
     for (const Accessible& application : accessibleApplications(m_desktop.accessibility())) {
-        if (application.name() == QStringLiteral("wendlow-settings") ||
-            application.name() == QStringLiteral("Wendlow"))
+        if (application.name() == u"wendlow-settings"_s || application.name() == u"Wendlow"_s)
             return application;
     }
     return std::nullopt;

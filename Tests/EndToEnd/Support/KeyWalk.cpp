@@ -46,9 +46,8 @@ KeyWalk::KeyWalk(const Desktop& desktop, const RunningApplication& application, 
 
 QStringList KeyWalk::focused() const {
     QStringList all;
-    const auto window = m_application.window(m_title);
     std::vector<Accessible> found;
-    if (window)
+    if (const auto window = m_application.window(m_title))
         gather(*window, found);
     for (const Accessible& thing : found)
         all.append(described(thing));
@@ -63,19 +62,16 @@ QString KeyWalk::fault() const {
     gather(*window, found);
     if (found.empty())
         return u"nothing has the focus"_s;
-    QStringList all;
-    for (const Accessible& thing : found)
-        all.append(described(thing));
     if (found.size() > 1)
-        return u"several have the focus: "_s + all.join(u", "_s);
+        return u"several have the focus: "_s + focused().join(u", "_s);
     const Accessible& thing = found.front();
     if (onlyHolds(thing))
-        return u"only something around others has the focus: "_s + all.front();
+        return u"only something around others has the focus: "_s + described(thing);
     if (thing.name().trimmed().isEmpty())
-        return u"what has the focus has no name: "_s + all.front();
+        return u"what has the focus has no name: "_s + described(thing);
     const QRect place = thing.extents();
     if (place.isEmpty() || !window->extents().intersects(place))
-        return u"what has the focus is out of sight: "_s + all.front();
+        return u"what has the focus is out of sight: "_s + described(thing);
     return {};
 }
 
@@ -95,28 +91,6 @@ QStringList KeyWalk::press(const QStringList& keys) const {
             faults.append(u"%1 (%2): %3"_s.arg(keys.at(at)).arg(at + 1).arg(wrong));
     }
     return faults;
-}
-
-QString spokenTree(const Accessible& top, int depth) {
-    QString lines;
-    for (const Accessible& child : top.children()) {
-        if (!child.isShowing())
-            continue;
-        QStringList states;
-        for (const auto& [name, is] : {std::pair("focused", child.isFocused()),
-                                       {"checked", child.isChecked()},
-                                       {"focusable", child.isFocusable()},
-                                       {"disabled", !child.isEnabled()}})
-            if (is)
-                states.append(QLatin1String(name));
-        lines += QString(2 * depth, u' ') + described(child);
-        if (!child.description().isEmpty())
-            lines += u" — "_s + child.description();
-        if (!states.isEmpty())
-            lines += u" ["_s + states.join(u' ') + u']';
-        lines += u'\n' + spokenTree(child, depth + 1);
-    }
-    return lines;
 }
 
 } // namespace wendlow::testing

@@ -27,8 +27,4 @@ private:
     const QString m_title;
 };
 
-/// The tree below a thing as a screen reader walks it: a line for each thing that shows, with its
-/// role, its name and its states, indented by depth.
-QString spokenTree(const Accessible& top, int depth = 0);
-
 } // namespace wendlow::testing

@@ -16,6 +16,7 @@ namespace wendlow::testing {
 using namespace std::chrono_literals;
 
 inline constexpr auto patience = 20s;
+inline const std::string absent = "Wendlow isn't running — start it to access your memory.";
 
 inline GatewayRequest health() {
     return ReadRequest(ReadCase::Health{});

@@ -13,7 +13,6 @@ using namespace testing;
 
 using XPCClientFailures = OnABus;
 
-const std::string absent = "Wendlow isn't running — start it to access your memory.";
 const std::string refused =
     "Wendlow is running but refused this connection — this binary isn't signed with the daemon's "
     "expected identity (sign it: Scripts/sign.sh).";
