@@ -8,6 +8,7 @@ import WendlowControls
 QtObject {
     readonly property bool dark: ThemeSource.dark
     readonly property bool reduceMotion: ThemeSource.reduceMotion
+    readonly property real textScale: ThemeSource.textScale
 
     // Grounds
     readonly property color ground: dark ? "#1A2027" : "#F6F5F2"
@@ -78,12 +79,12 @@ QtObject {
         face(11, Font.DemiBold, 0.6),
         face(22, Font.Normal, -0.35)
     ]
-    readonly property var lines: [48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16, 16, 28]
+    readonly property var lines: [48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16, 16, 28].map(line => scaled(line))
     // Qt puts what a fixed line has over below its words. Pushed down by this, the middle between small
     // letters and capitals stands in the middle of the line.
     readonly property var leads: [-1, 0, 0, 1, 1, 1, 0, 0, 0, 1, 1, 1, 1, 0]
     // In strips and hints small words stand a little wider apart.
-    readonly property int hintLine: 18
+    readonly property int hintLine: scaled(18)
 
     readonly property int space4: 4
     readonly property int space8: 8
@@ -105,10 +106,10 @@ QtObject {
     readonly property real strokeControl: 1.5
     readonly property int strokeFocus: 2
 
-    readonly property int menuBarHeight: 28
+    readonly property int menuBarHeight: scaled(28)
     readonly property int sidebarWidth: 224
-    readonly property int buttonHeight: 32
-    readonly property int smallButtonHeight: 28
+    readonly property int buttonHeight: scaled(32)
+    readonly property int smallButtonHeight: scaled(28)
 
     // Milliseconds. With reduced motion everything is at its end at once.
     readonly property int fadeOut: reduceMotion ? 0 : 120
@@ -117,10 +118,16 @@ QtObject {
     readonly property int toolTipDelay: 500
     readonly property int spinnerTurn: 1000
 
+    // What holds words grows with them: the height of a row, of a field, a column of figures. Gaps and
+    // what is only drawn stay.
+    function scaled(size: real): int {
+        return Math.round(size * textScale);
+    }
+
     function face(size: int, weight: int, tracking: real): font {
         return Qt.font({
             family: "Inter",
-            pixelSize: size,
+            pixelSize: scaled(size),
             weight: weight,
             letterSpacing: tracking,
             hintingPreference: Font.PreferNoHinting

@@ -3,6 +3,8 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 
+#include <algorithm>
+
 namespace wendlow {
 
 ThemeSource::ThemeSource(QObject* parent) : QObject(parent) {}
@@ -29,6 +31,15 @@ void ThemeSource::setReduceMotion(bool reduceMotion) {
     }
     m_reduceMotion = reduceMotion;
     Q_EMIT reduceMotionChanged();
+}
+
+void ThemeSource::setTextScale(double textScale) {
+    const double scale = textScale > 1 ? std::min(textScale, 2.0) : 1.0;
+    if (m_textScale == scale) {
+        return;
+    }
+    m_textScale = scale;
+    Q_EMIT textScaleChanged();
 }
 
 } // namespace wendlow

@@ -19,6 +19,8 @@ class ThemeSource : public QObject {
     /// Whether every motion is at its end at once; starts false.
     Q_PROPERTY(
         bool reduceMotion READ reduceMotion WRITE setReduceMotion NOTIFY reduceMotionChanged FINAL)
+    /// How many times its own size every word has; 1 to 2, starts at 1.
+    Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY textScaleChanged FINAL)
 
 public:
     explicit ThemeSource(QObject* parent = nullptr);
@@ -33,13 +35,19 @@ public:
     [[nodiscard]] bool reduceMotion() const { return m_reduceMotion; }
     void setReduceMotion(bool reduceMotion);
 
+    [[nodiscard]] double textScale() const { return m_textScale; }
+    /// What is outside 1 to 2 becomes the nearer of both; what is no number, 1.
+    void setTextScale(double textScale);
+
 Q_SIGNALS:
     void darkChanged();
     void reduceMotionChanged();
+    void textScaleChanged();
 
 private:
     bool m_dark = false;
     bool m_reduceMotion = false;
+    double m_textScale = 1;
 };
 
 } // namespace wendlow
