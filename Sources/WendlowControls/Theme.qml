@@ -115,6 +115,7 @@ QtObject {
     readonly property int fadeOut: reduceMotion ? 0 : 120
     readonly property int switchTurn: reduceMotion ? 0 : 140
     readonly property int disclosure: reduceMotion ? 0 : 160
+    readonly property int counting: reduceMotion ? 0 : 180
     readonly property int toolTipDelay: 500
     readonly property int spinnerTurn: 1000
 

@@ -1,10 +1,9 @@
 #include "EditorSnapshots.h"
 
-#include "Store/Waiting.h"
+#include "SilentGateway.h"
 #include "UnimplementedGateway.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QQuickWindow>
 
@@ -13,18 +12,6 @@
 namespace wendlow {
 
 namespace {
-
-/// A daemon that never gets round to an answer.
-class SilentGateway final : public Gateway {
-public:
-    ~SilentGateway() override { m_waiting.resumeAll(AnswerCase::Failure{"gone"}); }
-    QCoro::Task<GatewayResponse> handle(GatewayRequest /*request*/) override {
-        co_return co_await m_waiting;
-    }
-
-private:
-    Waiting<GatewayResponse> m_waiting;
-};
 
 /// A daemon whose search index is not ready.
 class WarmingGateway final : public Gateway {
@@ -35,13 +22,6 @@ public:
         co_return AnswerCase::TextBrowse{};
     }
 };
-
-/// That something takes long is shown only once it does.
-void waitUntilNoticed() {
-    constexpr int noticeable = 400;
-    for (const QDeadlineTimer limit(noticeable); !limit.hasExpired();)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-}
 
 void showAllPlaces(RailModel& rail) {
     for (int row = 0; row < rail.rowCount(); ++row)
@@ -103,7 +83,7 @@ void EditorSnapshots::takeFaces(EditorRoot& root, World world) {
             if (picture.stand)
                 picture.stand();
             if (world != World::empty && world != World::full)
-                waitUntilNoticed();
+                SilentGateway::waitUntilNoticed();
             save(picture.name);
             if (picture.leave)
                 picture.leave();

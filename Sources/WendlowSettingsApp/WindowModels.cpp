@@ -31,6 +31,8 @@ EditorHost& WindowModels::editor() {
 void WindowModels::daemonCame() {
     if (m_worlds)
         m_worlds->daemonCame();
+    if (m_stats)
+        m_stats->daemonCame();
 }
 
 SettingsRoot& WindowModels::settings() {
@@ -45,8 +47,14 @@ SettingsRoot& WindowModels::settings() {
     return *m_settings;
 }
 
+StatsRoot& WindowModels::stats() {
+    if (!m_stats)
+        m_stats = std::make_unique<StatsRoot>(m_client);
+    return *m_stats;
+}
+
 bool WindowModels::settled() const {
-    return !m_settings || m_settings->settled();
+    return (!m_settings || m_settings->settled()) && (!m_stats || m_stats->settled());
 }
 
 } // namespace wendlow

@@ -3,6 +3,7 @@
 #include "Client.h"
 #include "SettingsRoot.h"
 #include "Shell/EditorHost.h"
+#include "StatsRoot.h"
 
 #include <memory>
 
@@ -19,6 +20,7 @@ public:
     EditorWorlds& worlds();
     EditorHost& editor();
     SettingsRoot& settings();
+    StatsRoot& stats();
 
     /// There is a daemon again: what could not be read without it is read now.
     void daemonCame();
@@ -31,6 +33,7 @@ private:
     std::unique_ptr<EditorWorlds> m_worlds;
     std::unique_ptr<EditorHost> m_editor;
     std::unique_ptr<SettingsRoot> m_settings;
+    std::unique_ptr<StatsRoot> m_stats;
 };
 
 } // namespace wendlow

@@ -2,6 +2,7 @@
 
 #include "EditorSnapshots.h"
 #include "Pane.h"
+#include "StatsSnapshots.h"
 #include "WindowModels.h"
 
 #include <QQuickItem>
@@ -21,6 +22,22 @@ void takeSettings(const PictureSession& session, WindowModels& models) {
             });
     }
     root.select(first);
+}
+
+void takeStats(const PictureSession& session, WindowModels& models) {
+    auto* const content = session.window.property("content").value<QQuickItem*>();
+    StatsSnapshots snapshots(*content, models.stats(), [&](const QString& name) {
+        session.save(name, PictureSession::Focus::away);
+    });
+    snapshots.take();
+    if (session.sizeIsGiven)
+        return;
+    const QSize own = session.window.size();
+    for (const QSize size : {QSize(560, 420), QSize(560, 1180), QSize(1600, 1000)}) {
+        session.window.resize(size);
+        snapshots.takeAtSize(QStringLiteral("-%1x%2").arg(size.width()).arg(size.height()));
+    }
+    session.window.resize(own);
 }
 
 void takeEditor(const PictureSession& session, WindowModels& models) {

@@ -25,6 +25,7 @@ struct PictureSession {
 namespace WindowPictures {
 
 void takeSettings(const PictureSession& session, WindowModels& models);
+void takeStats(const PictureSession& session, WindowModels& models);
 void takeEditor(const PictureSession& session, WindowModels& models);
 
 } // namespace WindowPictures

@@ -29,6 +29,7 @@ Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowEditorPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsAppPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowStatsPlugin)
 
 using namespace wendlow;
 
