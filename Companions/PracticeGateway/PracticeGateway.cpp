@@ -44,6 +44,21 @@ std::expected<void, std::string> PracticeGateway::fill(FillSize size) {
     return m_rooms->fill(size);
 }
 
+void PracticeGateway::passTime() {
+    m_lane.start([this] {
+        try {
+            m_rooms->passTime();
+        } catch (const std::exception&) {
+            // A database that went bad is told to whoever asks next.
+        }
+    });
+}
+
+void PracticeGateway::answerDays(DayManner manner) {
+    m_lane.waitForDone();
+    m_days = manner;
+}
+
 void PracticeGateway::answerRules(RuleManner manner) {
     m_lane.waitForDone();
     m_rooms->rules().setManner(manner);
@@ -65,6 +80,7 @@ void PracticeGateway::lookAtFront() {
 
 GatewayResponse PracticeGateway::answer(const GatewayRequest& request) try {
     GatewayResponse response = Dispatch::answer(request, m_rooms->all());
+    m_days.change(response);
     if (std::holds_alternative<GatewayCase::Control>(request))
         pushFront();
     return response;

@@ -11,6 +11,7 @@
 
 #include "Client.h"
 #include "Clock.h"
+#include "DayManner.h"
 #include "Fill/FillSize.h"
 #include "GatewayEvent.h"
 #include "RuleChain.h"
@@ -41,11 +42,16 @@ public:
     /// Waits for the requests that were taken.
     ~PracticeGateway() override;
 
-    /// Fills an empty database; any other is left as it is. Before the first request. The error is
-    /// a sentence.
+    /// Fills an empty database; in any other the days that were filled go on to now. Before the
+    /// first request. The error is a sentence.
     std::expected<void, std::string> fill(FillSize size);
+    /// The day goes on by the time that has passed since the last call. Whatever is asked behind it
+    /// knows of it.
+    void passTime();
     /// How it answers about rules. Before the first request.
     void answerRules(RuleManner manner);
+    /// How it answers about days. Before the first request.
+    void answerDays(DayManner manner);
 
     /// The calling thread needs an event loop; it gets the answer.
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;
@@ -59,9 +65,10 @@ private:
     void pushFront();
 
     const Hooks m_hooks;
-    // Both of the lane's thread.
+    // These are of the lane's thread.
     const std::unique_ptr<PracticeRooms> m_rooms;
     std::optional<FrontRecording> m_front;
+    DayManner m_days;
     QThreadPool m_lane; ///< last, so that it ends first
 };
 

@@ -52,11 +52,16 @@ int main(int count, char** words) {
         if (const auto filled = (*gateway)->fill(*options->fill); !filled)
             return complain(couldNotStart, filled.error());
     (*gateway)->answerRules(options->rules);
+    (*gateway)->answerDays(options->days);
     GatewayService service(*gateway, bus, options->misbehaviour);
     face = &service;
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&] { (*gateway)->lookAtFront(); });
     clock.start(std::chrono::seconds(1));
+    QTimer passing;
+    QObject::connect(&passing, &QTimer::timeout, [&] { (*gateway)->passTime(); });
+    if (options->live.count() > 0)
+        passing.start(options->live);
     QObject::connect(&service, &GatewayService::lost, qApp, &QCoreApplication::quit);
     if (const auto started = service.start(options->name); !started)
         return complain(couldNotStart, started.error());

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "DatabaseError.h"
+#include "Fill/DaysGoOn.h"
 #include "Fill/MemoryFill.h"
 #include "Fill/WorkFill.h"
 
@@ -34,8 +35,12 @@ PracticeRooms::open(const std::filesystem::path& file, const Clock& clock) try {
 
 std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     Statement any = m_database->prepare("SELECT 1 FROM documents");
-    if (any.step())
+    if (any.step()) {
+        Transaction transaction(*m_database);
+        DaysGoOn(m_ledger, m_clock).catchUp();
+        transaction.commit();
         return {};
+    }
     {
         Transaction transaction(*m_database);
         MemoryFill(m_documents, m_mods, m_clock).fill(size);
@@ -49,6 +54,12 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     return {};
 } catch (const std::exception& error) {
     return std::unexpected(std::string("the database could not be filled — ") + error.what());
+}
+
+void PracticeRooms::passTime() {
+    Transaction transaction(*m_database);
+    DaysGoOn(m_ledger, m_clock).pass();
+    transaction.commit();
 }
 
 void PracticeRooms::fillState() {

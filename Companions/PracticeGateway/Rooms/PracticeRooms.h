@@ -37,8 +37,12 @@ public:
     static std::expected<std::unique_ptr<PracticeRooms>, std::string>
     open(const std::filesystem::path& file, const Clock& clock);
 
-    /// Fills a database in which nothing is yet, wholly or not at all; leaves any other as it is.
+    /// Fills a database in which nothing is yet, wholly or not at all. Leaves any other as it is,
+    /// but that days that were filled once go on to now.
     std::expected<void, std::string> fill(FillSize size);
+
+    /// The last filled day goes on by the time that has passed since the last call.
+    void passTime();
 
     /// Every room, for the dispatch.
     auto all() {

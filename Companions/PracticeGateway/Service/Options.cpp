@@ -1,5 +1,6 @@
 #include "Service/Options.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 
@@ -15,7 +16,7 @@ namespace {
 constexpr const char* description =
     "Answers in place of the product's daemon, from a database of its own, so that the\n"
     "application can be used, tested and shown. It keeps no real memory.\n\n"
-    "The last four options make it misbehave, for trying what a client does then. A reply is "
+    "The last five options make it misbehave, for trying what a client does then. A reply is "
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
     "  answer, silent, refuse, die       what it does at all\n"
@@ -39,12 +40,17 @@ public:
             option("help", "Say this."),
             option("database", "The file it keeps all in, in a private folder of its own.", "path"),
             option("fill", "Fill an empty database: day, or power for one of years.", "size"),
+            option("live", "Let the day go on each so many milliseconds.", "number"),
             option("name", "What it owns on the session bus.", "name"),
             option("replies", "How the first request is replied to, the second and so on.", "list"),
             option("knocks", "How a knock is replied to.", "words"),
             option("rules",
                    "What is wrong with the rules, with commas: older-card, other-scope, no-card, "
                    "other-path, warning, overflow.",
+                   "list"),
+            option("days",
+                   "What is odd about days, with commas: no-times, many-apps, negative, enormous, "
+                   "odd-names, no-pictures.",
                    "list"),
             option("flood", "Send each new subscriber so many events at once.", "number"),
         });
@@ -125,11 +131,15 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                                     .value_or(ClientInstance::defaultSupport() +
                                               "/Wendlow Practice/practice.db"),
                     .fill = std::nullopt,
+                    .live = std::chrono::milliseconds(
+                        std::min<std::uint64_t>(reading.number("live").value_or(0), INT32_MAX)),
                     .misbehaviour = misbehaviourIn(reading),
                     .rules = {},
+                    .days = {},
                     .help = std::nullopt};
     reading.parsed("fill", fillSize, options.fill);
     reading.parsed("rules", &RuleManner::parse, options.rules);
+    reading.parsed("days", &DayManner::parse, options.days);
     if (reading.isSet("help"))
         options.help = reading.help();
     if (!reading.fault().empty())

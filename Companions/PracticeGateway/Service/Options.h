@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <expected>
 #include <filesystem>
 #include <optional>
@@ -7,6 +8,7 @@
 
 #include <QStringList>
 
+#include "DayManner.h"
 #include "Fill/FillSize.h"
 #include "RuleChain.h"
 #include "Service/Misbehaviour.h"
@@ -15,11 +17,13 @@ namespace wendlow {
 
 /// The command line of the practice gateway.
 struct Options {
-    std::string name;               ///< what it owns on the bus
-    std::filesystem::path database; ///< the file, in a folder of its own
-    std::optional<FillSize> fill;   ///< what an empty database is filled with
+    std::string name;                  ///< what it owns on the bus
+    std::filesystem::path database;    ///< the file, in a folder of its own
+    std::optional<FillSize> fill;      ///< what an empty database is filled with
+    std::chrono::milliseconds live{0}; ///< after how long the day goes on; 0: it stands still
     Misbehaviour misbehaviour;
     RuleManner rules;                ///< how it answers about them
+    DayManner days;                  ///< and about days
     std::optional<std::string> help; ///< to be printed in place of all else
 
     /// The options in the program's words, the program's name first, or a sentence about what is
