@@ -48,23 +48,7 @@ protected:
             return !all.isEmpty() && all == wanted.mid(0, all.size());
         });
     }
-    /// The roles of what can be reached by key or has something to tell, and has no name. A scroll
-    /// bar tells by its value.
-    QStringList nameless() const {
-        static const QStringList telling{u"push button"_s,  u"toggle button"_s, u"check box"_s,
-                                         u"radio button"_s, u"page tab"_s,      u"list item"_s,
-                                         u"menu item"_s,    u"heading"_s,       u"label"_s,
-                                         u"text"_s,         u"alert"_s,         u"list"_s};
-        QStringList roles;
-        const auto window = application->window(u"Memories"_s);
-        for (const Accessible& thing : window->all([](const Accessible& each) {
-                 return each.isShowing() && each.name().trimmed().isEmpty();
-             }))
-            if ((thing.isFocusable() && thing.role() != u"scroll bar"_s) ||
-                telling.contains(thing.role()))
-                roles.append(thing.role());
-        return roles;
-    }
+    QStringList nameless() const { return OnADesktop::nameless(u"Memories"_s); }
     struct Hit {
         QString title, id, type;
     };

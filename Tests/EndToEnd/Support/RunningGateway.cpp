@@ -6,13 +6,16 @@
 
 namespace wendlow::testing {
 
-void RunningGateway::start(const std::string& replies, const std::string& rules) {
+void RunningGateway::start(const std::string& replies, const std::string& rules,
+                           const std::string& days) {
     kill();
     const auto database = m_desktop.home() / "Practice" / "practice.db";
     std::vector<std::string> arguments{"--database", database.string(), "--fill",
                                        "day",        "--replies",       replies};
     if (!rules.empty())
         arguments.insert(arguments.end(), {"--rules", rules});
+    if (!days.empty())
+        arguments.insert(arguments.end(), {"--days", days});
     m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
 }
 

@@ -17,8 +17,9 @@ public:
     explicit RunningGateway(const Desktop& desktop) : m_desktop(desktop) {}
 
     /// Starts it in place of the one that runs, with a day's memories unless it has some already.
-    /// `rules`: what is wrong with them, if anything.
-    void start(const std::string& replies = "answer", const std::string& rules = "");
+    /// `rules`: what is wrong with them, if anything; `days`: what is odd about these.
+    void start(const std::string& replies = "answer", const std::string& rules = "",
+               const std::string& days = "");
     /// Takes messages and does nothing about them.
     void wedge() const { m_process->wedge(); }
     void kill() { m_process.reset(); }
