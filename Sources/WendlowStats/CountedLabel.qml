@@ -16,9 +16,10 @@ Label {
 
     Accessible.name: label.figure.words
 
-    NumberAnimation on part {
+    NumberAnimation {
         id: count
-        running: false
+        target: label
+        property: "part"
         from: 0
         to: 1
         duration: Theme.counting

@@ -40,9 +40,10 @@ Item {
 
     Accessible.ignored: true
 
-    NumberAnimation on grown {
+    NumberAnimation {
         id: growth
-        running: false
+        target: bar
+        property: "grown"
         from: 0
         to: 1
         duration: Theme.counting
