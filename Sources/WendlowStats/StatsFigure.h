@@ -22,7 +22,7 @@ class StatsFigure final : public QObject {
     Q_PROPERTY(QString label READ label CONSTANT)
 
 public:
-    explicit StatsFigure(QString label = {}) : m_label(std::move(label)) {}
+    explicit StatsFigure(QString label) : m_label(std::move(label)) {}
 
     void show(std::optional<Dashboard::Figure> figure);
 

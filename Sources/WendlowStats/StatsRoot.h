@@ -108,7 +108,7 @@ private:
 
     DashboardModel m_model;
     bool m_appeared = false;
-    StatsFigure m_total;
+    StatsFigure m_total{QString()};
     StatsFigure m_streak;
     StatsBarList m_apps{nullptr};
     StatsBarList m_web{nullptr};
