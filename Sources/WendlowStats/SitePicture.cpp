@@ -1,11 +1,14 @@
 #include "SitePicture.h"
 
+#include <utility>
+
 namespace wendlow {
 
-void SitePicture::setPicture(const QImage& picture) {
-    if (m_picture == picture)
+void SitePicture::setPicture(const QVariant& picture) {
+    auto image = picture.value<QImage>();
+    if (m_picture == image)
         return;
-    m_picture = picture;
+    m_picture = std::move(image);
     redraw();
     Q_EMIT pictureChanged();
 }

@@ -3,6 +3,7 @@
 #include "DrawnItem.h"
 
 #include <QImage>
+#include <QVariant>
 #include <QtQml/qqmlregistration.h>
 
 namespace wendlow {
@@ -12,15 +13,16 @@ namespace wendlow {
 class SitePicture : public wendlow::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QImage picture READ picture WRITE setPicture NOTIFY pictureChanged FINAL)
+    /// A `QImage`, for which QML has no type.
+    Q_PROPERTY(QVariant picture READ picture WRITE setPicture NOTIFY pictureChanged FINAL)
     /// Nothing to draw.
     Q_PROPERTY(bool empty READ isEmpty NOTIFY pictureChanged FINAL)
 
 public:
     explicit SitePicture(QQuickItem* parent = nullptr) : DrawnItem(parent) {}
 
-    const QImage& picture() const { return m_picture; }
-    void setPicture(const QImage& picture);
+    QVariant picture() const { return m_picture; }
+    void setPicture(const QVariant& picture);
     bool isEmpty() const { return m_picture.isNull(); }
 
 Q_SIGNALS:

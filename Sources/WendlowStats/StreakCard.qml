@@ -13,7 +13,7 @@ Card {
     implicitHeight: words.y + words.height + (card.oneLine ? Theme.space24 : below.height)
 
     Accessible.role: Accessible.StaticText
-    Accessible.name: [card.root.streak.words, card.root.streak.label, card.root.streakTag].filter(each => each.length > 0).join(", ")
+    Accessible.name: card.root.streak.words + ", " + card.root.streak.label + (card.root.streakTag.length > 0 ? ", " + card.root.streakTag : "")
 
     Column {
         id: words
