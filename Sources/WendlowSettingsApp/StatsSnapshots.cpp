@@ -9,10 +9,13 @@
 namespace wendlow {
 
 StatsSnapshots::StatsSnapshots(QQuickItem& content, StatsRoot& root, Save save)
-    : m_content(content), m_root(root), m_save(std::move(save)) {}
+    : m_content(content), m_root(root), m_save(std::move(save)) {
+    m_content.setProperty("posing", true);
+}
 
 StatsSnapshots::~StatsSnapshots() {
     m_content.setProperty("root", QVariant::fromValue(&m_root));
+    m_content.setProperty("posing", false);
 }
 
 StatsRoot& StatsSnapshots::pose(std::shared_ptr<Gateway> gateway) {

@@ -33,7 +33,7 @@ void takeStats(const PictureSession& session, WindowModels& models) {
     if (session.sizeIsGiven)
         return;
     const QSize own = session.window.size();
-    for (const QSize size : {QSize(560, 420), QSize(560, 1180), QSize(1600, 1000)}) {
+    for (const QSize size : {QSize(560, 420), QSize(560, 1280), QSize(1600, 1000)}) {
         session.window.resize(size);
         snapshots.takeAtSize(QStringLiteral("-%1x%2").arg(size.width()).arg(size.height()));
     }

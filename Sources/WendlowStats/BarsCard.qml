@@ -26,6 +26,7 @@ Card {
         x: Theme.space24 + 1
         y: 20
         width: card.width - 2 * x
+        height: Theme.lines[Label.Role.Heading]
         role: Label.Role.Heading
         text: card.title
         elide: Text.ElideRight

@@ -61,6 +61,7 @@ FocusScope {
     Button {
         id: again
 
+        readonly property bool loading: bar.root.loading
         property bool late: false
 
         anchors.right: parent.right
@@ -70,13 +71,13 @@ FocusScope {
         small: true
         text: qsTr("Refresh")
         // A load can be begun again while it is under way; what is quick shows no sign.
-        working: bar.root.loading && again.late
+        working: again.loading && again.late
+        onLoadingChanged: again.late = false
         onClicked: bar.root.refresh()
 
         Timer {
             interval: 250
-            running: bar.root.loading
-            onRunningChanged: again.late = false
+            running: again.loading
             onTriggered: again.late = true
         }
     }

@@ -9,7 +9,7 @@ StatsReading {
     required property string name
     required property string beside
 
-    implicitWidth: rest.x + rest.implicitWidth
+    implicitWidth: title.x + title.implicitWidth + 6 + rest.implicitWidth
     implicitHeight: Theme.lines[Label.Role.Small]
 
     Rectangle {

@@ -10,6 +10,8 @@ FocusScope {
     id: face
 
     required property StatsRoot root
+    // A picture is taken, and the focus may be nowhere.
+    property bool posing: false
 
     // One column in place of two where there is no room for both.
     readonly property bool narrow: face.width < Theme.scaled(700)
@@ -37,7 +39,8 @@ FocusScope {
     // A row goes with its day, and the way back to today with being there.
     FocusKeeper {
         content: face
-        onLost: bar.take()
+        onLost: if (!face.posing)
+            bar.take()
     }
     Connections {
         target: face.root

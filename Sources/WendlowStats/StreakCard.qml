@@ -36,12 +36,14 @@ Card {
         }
         CountedLabel {
             width: parent.width
+            height: Theme.lines[Label.Role.Display]
             role: Label.Role.Display
             figure: card.root.streak
             Accessible.ignored: true
         }
         Label {
-            width: parent.width
+            // So narrow that both lines are about as long.
+            width: card.oneLine ? parent.width : Math.min(parent.width, Theme.scaled(160))
             height: (card.oneLine ? 1 : 2) * Theme.lines[Label.Role.Body]
             text: card.root.streak.label
             color: Theme.textSecond

@@ -24,6 +24,7 @@ Card {
 
         Label {
             width: parent.width
+            height: Theme.lines[Label.Role.Eyebrow]
             role: Label.Role.Eyebrow
             text: card.root.eyebrow
             color: Theme.textSecond
@@ -36,11 +37,13 @@ Card {
         }
         CountedLabel {
             width: parent.width
+            height: Theme.lines[Label.Role.Display]
             role: Label.Role.Display
             figure: card.root.total
         }
         Label {
             width: parent.width
+            height: Theme.lines[Label.Role.Body]
             text: qsTr("you and your AI, moving things forward")
             color: Theme.textSecond
             elide: Text.ElideRight
@@ -74,7 +77,7 @@ Card {
                         required property int index
                         required property var modelData
 
-                        width: Math.min(implicitWidth, words.width)
+                        width: Math.min(implicitWidth, card.stacked ? words.width : Math.floor((words.width - Theme.space24) / 2))
                         ink: index === 0 ? Theme.accent : Theme.accentMid
                         name: modelData.name
                         beside: modelData.beside
