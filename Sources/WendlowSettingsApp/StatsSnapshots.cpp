@@ -4,6 +4,8 @@
 #include "SilentGateway.h"
 #include "UnimplementedGateway.h"
 
+#include <QCoreApplication>
+
 #include <utility>
 
 namespace wendlow {
@@ -16,6 +18,8 @@ StatsSnapshots::StatsSnapshots(QQuickItem& content, StatsRoot& root, Save save)
 StatsSnapshots::~StatsSnapshots() {
     m_content.setProperty("root", QVariant::fromValue(&m_root));
     m_content.setProperty("posing", false);
+    // What showed the posed ones goes before they do.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 StatsRoot& StatsSnapshots::pose(std::shared_ptr<Gateway> gateway) {

@@ -145,7 +145,7 @@ TEST_F(Stats, StandUpToAnyDaemon) {
     const std::pair<const char*, QString> oddities[] = {{"no-times", u"no app data"_s},
                                                         {"negative", u"no web data"_s},
                                                         {"enormous", u"2562047788015215h 30m"_s},
-                                                        {"many-apps,odd-names", u"🧭"_s},
+                                                        {"many-apps,odd-names", u"🧭, "_s},
                                                         {"no-pictures", u"YOUR WORKING DAY"_s}};
     for (const auto& [days, words] : oddities) {
         gateway.start("answer", "", days);

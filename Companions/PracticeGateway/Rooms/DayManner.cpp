@@ -54,8 +54,11 @@ void DayManner::change(DayPresence& presence) const {
         return;
     constexpr std::size_t endless = 5000;
     const std::string names[] = {"Two Words", "🧭", std::string(endless, 'm'), "two\nlines of it"};
-    for (std::size_t at = 0; at < std::min(std::size(names), presence.apps.size()); ++at)
-        presence.apps[at].app = names[at];
+    // Of what a card of apps lists: browsers have one of their own.
+    auto name = std::begin(names);
+    for (DayPresence::App& app : presence.apps)
+        if (!app.isBrowser && name != std::end(names))
+            app.app = *name++;
 }
 
 void DayManner::change(WebReport& web) const {
