@@ -20,7 +20,7 @@ void DaysGoOn::catchUp() {
 
 void DaysGoOn::pass() {
     constexpr double shortPause = 60; ///< between two looks
-    constexpr std::int64_t longEnough = 12 * 60;
+    constexpr std::int64_t longEnough = 720;
     const auto last = m_ledger.last();
     if (!last || m_now <= last->end)
         return;
