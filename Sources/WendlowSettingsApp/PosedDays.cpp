@@ -31,9 +31,9 @@ struct Named {
 struct PosedDay {
     std::int64_t attended = 0;
     std::int64_t unattended = 0;
-    std::vector<Named> apps = {};
+    std::vector<Named> apps;
     std::int64_t browser = 0;
-    std::vector<Named> sites = {};
+    std::vector<Named> sites;
     AttentionReport attention = {};
     std::optional<DayStretchReport::FocusRun> streak = std::nullopt;
 };

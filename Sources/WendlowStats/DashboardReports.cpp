@@ -85,6 +85,7 @@ std::vector<FocusRun> focusOf(const DayStretchReport& report) {
 
 std::vector<Session> sessionsOf(const TopSessionsReport& report) {
     std::vector<Session> sessions;
+    sessions.reserve(report.sessions.size());
     for (const auto& [title, seconds, chapterId] : report.sessions)
         sessions.push_back({title, seconds, chapterId});
     return sessions;

@@ -131,25 +131,25 @@ std::vector<AppShare> listedApps(const Today& today) {
 DayCardFace appsFace(const std::optional<Today>& today) {
     using Kind = DayCardFace::Kind;
     if (!today)
-        return {Kind::loading};
+        return {Kind::loading, {}};
     const bool any = std::ranges::any_of(
         today->apps, [](const AppShare& app) { return !app.isBrowser && hasTime(app.active); });
-    return any ? DayCardFace{Kind::loaded} : DayCardFace{Kind::empty, u"no app data"_s};
+    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, u"no app data"_s};
 }
 
 DayCardFace webFace(const std::optional<Web>& web) {
     using Kind = DayCardFace::Kind;
     if (!web)
-        return {Kind::loading};
+        return {Kind::loading, {}};
     const bool any = std::ranges::any_of(web->sites, hasTime, &WebSite::active);
-    return any ? DayCardFace{Kind::loaded} : DayCardFace{Kind::empty, u"no web data"_s};
+    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, u"no web data"_s};
 }
 
 DayCardFace attentionFace(const std::optional<Attention>& attention) {
     using Kind = DayCardFace::Kind;
     const bool any = attention && (attention->aiSeconds != 0 || attention->humansSeconds != 0 ||
                                    attention->scrollingSeconds != 0);
-    return any ? DayCardFace{Kind::loaded} : DayCardFace{Kind::empty, u"no attention data"_s};
+    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, u"no attention data"_s};
 }
 
 QString appsTitle(const std::optional<Today>& today) {

@@ -44,7 +44,7 @@ struct DayCardFace {
     enum class Kind { empty, loading, loaded };
 
     Kind kind = Kind::loading;
-    QString words = {}; ///< of an empty one
+    QString words; ///< of an empty one
     bool operator==(const DayCardFace&) const = default;
 };
 

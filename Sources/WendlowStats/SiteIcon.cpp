@@ -11,7 +11,7 @@ namespace wendlow::SiteIcon {
 
 namespace {
 
-constexpr std::size_t mostBytes = 256 * 1024;
+constexpr std::size_t mostBytes = 1 << 18;
 constexpr int mostPixels = 512; ///< of a side
 
 /// What only draws, and neither scripts nor refers to anything else.

@@ -14,7 +14,7 @@ namespace wendlow {
 struct StatsBar {
     std::string id;
     Dashboard::Bar bar;
-    QImage picture = {}; ///< of a site that has one
+    QImage picture; ///< of a site that has one
     bool operator==(const StatsBar&) const = default;
 };
 

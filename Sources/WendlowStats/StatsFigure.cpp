@@ -5,7 +5,7 @@
 namespace wendlow {
 
 void StatsFigure::show(std::optional<Dashboard::Figure> figure) {
-    if (std::exchange(m_figure, std::move(figure)) != m_figure)
+    if (std::exchange(m_figure, figure) != m_figure)
         Q_EMIT changed();
 }
 

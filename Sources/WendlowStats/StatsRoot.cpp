@@ -119,7 +119,7 @@ void StatsRoot::showToday() {
         const auto listed = Dashboard::listedApps(*today);
         auto made = Dashboard::appBars(listed, barCount);
         for (std::size_t at = 0; at < made.size(); ++at)
-            bars.push_back({.id = listed[at].name, .bar = std::move(made[at])});
+            bars.push_back({.id = listed[at].name, .bar = std::move(made[at]), .picture = {}});
     }
     m_apps.show(std::move(bars));
     m_total.show(today ? std::optional(time(Dashboard::sum(today->attended, today->unattended)))

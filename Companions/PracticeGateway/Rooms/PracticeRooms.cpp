@@ -56,10 +56,13 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     return std::unexpected(std::string("the database could not be filled — ") + error.what());
 }
 
-void PracticeRooms::passTime() {
+std::expected<void, std::string> PracticeRooms::passTime() try {
     Transaction transaction(*m_database);
     DaysGoOn(m_ledger, m_clock).pass();
     transaction.commit();
+    return {};
+} catch (const std::exception& error) {
+    return std::unexpected(std::string("the day could not go on — ") + error.what());
 }
 
 void PracticeRooms::fillState() {

@@ -41,8 +41,9 @@ public:
     /// but that days that were filled once go on to now.
     std::expected<void, std::string> fill(FillSize size);
 
-    /// The last filled day goes on by the time that has passed since the last call.
-    void passTime();
+    /// The last filled day goes on by the time that has passed since the last call. The error
+    /// is a sentence.
+    std::expected<void, std::string> passTime();
 
     /// Every room, for the dispatch.
     auto all() {
