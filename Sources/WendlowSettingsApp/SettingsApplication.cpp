@@ -126,3 +126,5 @@ QWindow& SettingsApplication::showAbout() {
 }
 
 } // namespace wendlow
+
+#include "moc_SettingsApplication.cpp"
