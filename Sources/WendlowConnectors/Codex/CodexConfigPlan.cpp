@@ -136,7 +136,7 @@ CodexConfigPlan::removed(std::string_view bytes, const TOMLDocument& document,
 
 CodexTrust::Judgement CodexConfigPlan::judge(const TOMLDocument& document,
                                              const CodexTrust::Keys& occupied) const {
-    return m_trust.judge(document, occupied, m_hooks.receiptSlots, m_hooks.known, m_hooks.isLive);
+    return m_trust.judge(document, occupied, m_hooks.receiptSlots, m_hooks.isKnown, m_hooks.isLive);
 }
 
 } // namespace wendlow
