@@ -19,8 +19,9 @@ class MCPServer;
 class Conversation {
 public:
     /// A daemon that is silent may keep an answer for good, and whoever closed the input waits for
-    /// this process to go.
-    static constexpr std::chrono::seconds patience{30};
+    /// this process to go: a script that moves a scope gives it 30 seconds, and would end with its
+    /// work half done and nothing said.
+    static constexpr std::chrono::seconds patience{25};
 
     /// `server` must outlive it.
     explicit Conversation(const MCPServer& server);
