@@ -121,13 +121,22 @@ public:
     EditorScope root = EditorScope::root();
     std::vector<EditorScopeRow> board;
     bool read = true;
+    std::vector<std::string> mapped; ///< every mapping, as "folder → path"
+
+    ~ScriptedScopes() override { m_mappings.resumeAll({}); }
+
+    void answerMapping(EditorWriteOutcome outcome) { m_mappings.resumeFirst(std::move(outcome)); }
 
     const EditorScope& rootScope() const override { return root; }
     const std::vector<EditorScopeRow>& scopeBoard() const override { return board; }
     bool boardRead() const override { return read; }
-    QCoro::Task<EditorWriteOutcome> mapFolder(std::string, std::string) override {
-        co_return EditorWriteOutcome::refused("no");
+    QCoro::Task<EditorWriteOutcome> mapFolder(std::string folder, std::string path) override {
+        mapped.push_back(folder + " → " + path);
+        co_return co_await m_mappings;
     }
+
+private:
+    Waiting<EditorWriteOutcome> m_mappings;
 };
 
 /// Rules that the test gives when it pleases; each question and each write waits until then.
