@@ -37,7 +37,10 @@ public:
         m_parser.setApplicationDescription(QString::fromUtf8(description));
         m_parser.addOptions({
             option("help", "Say this."),
-            option("database", "The file it keeps all in, in a private folder of its own.", "path"),
+            QCommandLineOption({QStringLiteral("store"), QStringLiteral("database")},
+                               QStringLiteral("The file it keeps all in, in a private folder of "
+                                              "its own; a script may read it beside."),
+                               QStringLiteral("path")),
             option("fill", "Fill an empty database: day, or power for one of years.", "size"),
             option("name", "What it owns on the session bus.", "name"),
             option("replies", "How the first request is replied to, the second and so on.", "list"),
@@ -121,9 +124,8 @@ std::expected<FillSize, std::string> fillSize(std::string_view word) {
 std::expected<Options, std::string> Options::parse(const QStringList& words) {
     Reading reading(words);
     Options options{.name = reading.text("name").value_or(std::string(ClientInstance::gatewayID)),
-                    .database = reading.text("database")
-                                    .value_or(ClientInstance::defaultSupport() +
-                                              "/Wendlow Practice/practice.db"),
+                    .database = reading.text("store").value_or(ClientInstance::defaultSupport() +
+                                                               "/Wendlow Practice/practice.db"),
                     .fill = std::nullopt,
                     .misbehaviour = misbehaviourIn(reading),
                     .rules = {},

@@ -8,12 +8,15 @@ namespace wendlow::testing {
 
 void RunningGateway::start(const std::string& replies, const std::string& rules) {
     kill();
-    const auto database = m_desktop.home() / "Practice" / "practice.db";
-    std::vector<std::string> arguments{"--database", database.string(), "--fill",
-                                       "day",        "--replies",       replies};
+    std::vector<std::string> arguments{"--store", store().string(), "--fill",
+                                       "day",     "--replies",      replies};
     if (!rules.empty())
         arguments.insert(arguments.end(), {"--rules", rules});
     m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
+}
+
+std::filesystem::path RunningGateway::store() const {
+    return m_desktop.home() / "Library/Application Support/Wendlow/data.db";
 }
 
 QJsonObject RunningGateway::ask(const std::string& request) const {

@@ -5,6 +5,7 @@
 
 #include <QJsonObject>
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -22,6 +23,8 @@ public:
     /// Takes messages and does nothing about them.
     void wedge() const { m_process->wedge(); }
     void kill() { m_process.reset(); }
+    /// Its file, where the daemon's would be.
+    std::filesystem::path store() const;
 
     /// What `wendlow-ask` prints as the answer to a request, without the name of its case.
     QJsonObject ask(const std::string& request) const;

@@ -7,6 +7,7 @@
 
 #include "Fill/Content.h"
 #include "Fill/Vocabulary.h"
+#include "HomeFolder.h"
 #include "ModShelf.h"
 
 namespace wendlow {
@@ -143,7 +144,7 @@ void MemoryFill::rules() {
 void MemoryFill::folders() {
     for (const Project& project : Content::projects())
         m_documents.database().run("INSERT INTO folder_maps(folder, scope) VALUES(?, ?)",
-                                   project.folder, project.scope);
+                                   expandingTilde(std::string(project.folder)), project.scope);
 }
 
 void MemoryFill::mods() {
