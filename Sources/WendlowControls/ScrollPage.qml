@@ -8,7 +8,7 @@ Flickable {
     id: page
 
     default property alias content: column.data
-    property int columnWidth: 660
+    property int columnWidth: Theme.scaled(660)
     property int sideMargin: Theme.space48
     property int above: 40
     property int below: page.sideMargin
@@ -20,6 +20,24 @@ Flickable {
     clip: page.contentHeight > page.height
 
     T.ScrollBar.vertical: ScrollBar {}
+
+    // What is read stays in its place while the words grow or shrink. The column grows with the next frame.
+    readonly property real textScale: Theme.textScale
+    onTextScaleChanged: {
+        growing.place = page.contentY / Math.max(1, page.contentHeight);
+        growing.restart();
+    }
+    onContentHeightChanged: if (growing.running)
+        page.moveTo(growing.place * page.contentHeight)
+
+    Timer {
+        id: growing
+
+        property real place
+
+        interval: 100
+        onTriggered: page.follow()
+    }
 
     function moveTo(position: real): void {
         page.contentY = Math.max(0, Math.min(position, page.contentHeight - page.height));
@@ -41,13 +59,14 @@ Flickable {
     }
 
     Keys.onPressed: event => {
+        const step = Theme.scaled(40);
         const steps = {
-            [Qt.Key_PageUp]: page.contentY - page.height + 40,
-            [Qt.Key_PageDown]: page.contentY + page.height - 40,
+            [Qt.Key_PageUp]: page.contentY - page.height + step,
+            [Qt.Key_PageDown]: page.contentY + page.height - step,
             [Qt.Key_Home]: 0,
             [Qt.Key_End]: page.contentHeight,
-            [Qt.Key_Up]: page.contentY - 40,
-            [Qt.Key_Down]: page.contentY + 40
+            [Qt.Key_Up]: page.contentY - step,
+            [Qt.Key_Down]: page.contentY + step
         };
         event.accepted = event.key in steps;
         if (event.accepted)
