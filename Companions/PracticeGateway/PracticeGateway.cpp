@@ -44,6 +44,16 @@ std::expected<void, std::string> PracticeGateway::fill(FillSize size) {
     return m_rooms->fill(size);
 }
 
+void PracticeGateway::addMoment() {
+    m_lane.start([this] {
+        try {
+            m_rooms->addMoment();
+        } catch (const std::exception&) {
+            // A database that went bad is told to whoever asks next.
+        }
+    });
+}
+
 void PracticeGateway::answerRules(RuleManner manner) {
     m_lane.waitForDone();
     m_rooms->rules().setManner(manner);

@@ -44,6 +44,8 @@ public:
     /// Fills an empty database; any other is left as it is. Before the first request. The error is
     /// a sentence.
     std::expected<void, std::string> fill(FillSize size);
+    /// One more moment comes. Whatever is asked behind it knows of it.
+    void addMoment();
     /// How it answers about rules. Before the first request.
     void answerRules(RuleManner manner);
 

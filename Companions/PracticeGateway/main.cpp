@@ -57,6 +57,10 @@ int main(int count, char** words) {
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&] { (*gateway)->lookAtFront(); });
     clock.start(std::chrono::seconds(1));
+    QTimer moments;
+    QObject::connect(&moments, &QTimer::timeout, [&] { (*gateway)->addMoment(); });
+    if (options->live.count() > 0)
+        moments.start(options->live);
     QObject::connect(&service, &GatewayService::lost, qApp, &QCoreApplication::quit);
     if (const auto started = service.start(options->name); !started)
         return complain(couldNotStart, started.error());

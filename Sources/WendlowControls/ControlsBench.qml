@@ -40,5 +40,6 @@ Flickable {
         BenchStates { width: bench.widest }
         BenchParts { width: Theme.scaled(376) }
         BenchForms { width: Theme.scaled(376) }
+        BenchLightbox { width: Theme.scaled(376) }
     }
 }

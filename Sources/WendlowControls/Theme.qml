@@ -54,6 +54,9 @@ QtObject {
     readonly property color inkOnDestructive: dark ? "#230D0A" : "#FFFFFF"
     readonly property color scrim: dark ? Qt.rgba(0.035, 0.047, 0.063, 0.58) : Qt.rgba(0.122, 0.137, 0.157, 0.28)
 
+    // Behind what is shown large, dark by day too
+    readonly property color stage: Qt.rgba(0.035, 0.047, 0.063, dark ? 0.88 : 0.78)
+
     // The icon tiles of a sidebar, top and bottom of their gradient
     readonly property color tileTop: dark ? "#5B6570" : "#8B8D8B"
     readonly property color tileBottom: dark ? "#48525C" : "#717472"

@@ -18,6 +18,9 @@ QDateTime local(Date date);
 /// `now` and "Nov 2024" in any other.
 QString day(Date date, Date now, const QLocale& locale);
 
+/// With its weekday: "Wednesday, November 18" in the year of `now`, and with the year in any other.
+QString weekday(const QDate& day, const QDate& today, const QLocale& locale = {});
+
 /// Day and time, the month abbreviated: "Nov 19, 2026, 2:02 PM".
 QString dateAndTime(Date date, const QLocale& locale = {});
 

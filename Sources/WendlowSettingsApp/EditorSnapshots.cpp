@@ -85,6 +85,10 @@ void EditorSnapshots::takeAtWidth(const QString& suffix) {
 }
 
 void EditorSnapshots::save(const char* state, Focus focus) {
+    constexpr int longestWait = 5000;
+    for (const QDeadlineTimer limit(longestWait);
+         !root().openFace()->isStill() && !limit.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
     m_save(QStringLiteral("editor-") + QLatin1String(state) + m_suffix, focus);
 }
 

@@ -1,5 +1,6 @@
 #include "Appearance.h"
 #include "BusPulse.h"
+#include "ExportedScreens.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
 #include "SessionBus.h"
@@ -128,6 +129,11 @@ int runApplication(const LaunchOptions& options) {
          .client = std::make_shared<XPCClient>()});
     QObject::connect(&gateway, &GatewayPresence::came, &application,
                      [&application] { application.models().daemonCame(); });
+    // Pictures that were written for other programs are there for as long as this runs.
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &application, [] {
+        if (const auto screens = ExportedScreens::live())
+            screens->clear();
+    });
     return TerminationSignals::leave(show(application, options));
 }
 

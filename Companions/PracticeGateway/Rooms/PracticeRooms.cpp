@@ -51,6 +51,12 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     return std::unexpected(std::string("the database could not be filled — ") + error.what());
 }
 
+void PracticeRooms::addMoment() {
+    Transaction transaction(*m_database);
+    WorkFill(m_documents, m_ledger, m_moments, m_meetings, m_keep, m_clock).addMoment();
+    transaction.commit();
+}
+
 void PracticeRooms::fillState() {
     m_grants.grantAll();
     m_phrase.makeKey("a fixed key");

@@ -40,6 +40,9 @@ public:
     /// Fills a database in which nothing is yet, wholly or not at all; leaves any other as it is.
     std::expected<void, std::string> fill(FillSize size);
 
+    /// One more moment, of now.
+    void addMoment();
+
     /// Every room, for the dispatch.
     auto all() {
         return std::tie(m_memories, m_search, m_recall, m_rules, m_scopes, m_mods, m_keep,

@@ -1,5 +1,6 @@
 #include "Service/Options.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 
@@ -41,7 +42,11 @@ public:
                                QStringLiteral("The file it keeps all in, in a private folder of "
                                               "its own; a script may read it beside."),
                                QStringLiteral("path")),
-            option("fill", "Fill an empty database: day, or power for one of years.", "size"),
+            option("fill",
+                   "Fill an empty database: day, power for one of years, moments for a day with "
+                   "50,000 moments.",
+                   "size"),
+            option("live", "Let another moment come each so many milliseconds.", "number"),
             option("name", "What it owns on the session bus.", "name"),
             option("replies", "How the first request is replied to, the second and so on.", "list"),
             option("knocks", "How a knock is replied to.", "words"),
@@ -116,6 +121,8 @@ std::expected<FillSize, std::string> fillSize(std::string_view word) {
         return FillSize::day;
     if (word == "power")
         return FillSize::power;
+    if (word == "moments")
+        return FillSize::moments;
     return std::unexpected(std::string(word));
 }
 
@@ -127,6 +134,8 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                     .database = reading.text("store").value_or(ClientInstance::defaultSupport() +
                                                                "/Wendlow Practice/practice.db"),
                     .fill = std::nullopt,
+                    .live = std::chrono::milliseconds(
+                        std::min<std::uint64_t>(reading.number("live").value_or(0), INT32_MAX)),
                     .misbehaviour = misbehaviourIn(reading),
                     .rules = {},
                     .help = std::nullopt};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <expected>
 #include <filesystem>
 #include <optional>
@@ -15,9 +16,10 @@ namespace wendlow {
 
 /// The command line of the practice gateway.
 struct Options {
-    std::string name;               ///< what it owns on the bus
-    std::filesystem::path database; ///< the file, in a folder of its own
-    std::optional<FillSize> fill;   ///< what an empty database is filled with
+    std::string name;                  ///< what it owns on the bus
+    std::filesystem::path database;    ///< the file, in a folder of its own
+    std::optional<FillSize> fill;      ///< what an empty database is filled with
+    std::chrono::milliseconds live{0}; ///< after how long another moment comes; 0: none comes
     Misbehaviour misbehaviour;
     RuleManner rules;                ///< how it answers about them
     std::optional<std::string> help; ///< to be printed in place of all else

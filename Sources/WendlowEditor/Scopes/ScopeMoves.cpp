@@ -44,3 +44,5 @@ QHash<int, QByteArray> ScopeMoves::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_ScopeMoves.cpp"

@@ -203,3 +203,5 @@ QString ScopeSheetModel::fault() const {
 }
 
 } // namespace wendlow
+
+#include "moc_ScopeSheetModel.cpp"

@@ -208,3 +208,5 @@ QString ScopesFaceModel::scriptPath() const {
 }
 
 } // namespace wendlow
+
+#include "moc_ScopesFaceModel.cpp"

@@ -111,3 +111,5 @@ QHash<int, QByteArray> ScopesRows::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_ScopesRows.cpp"

@@ -9,7 +9,8 @@ namespace wendlow::testing {
 void RunningGateway::start(const std::string& replies, const std::string& rules) {
     kill();
     std::vector<std::string> arguments{"--store", store().string(), "--fill",
-                                       "day",     "--replies",      replies};
+                                       fill,      "--replies",      replies};
+    arguments.insert(arguments.end(), options.begin(), options.end());
     if (!rules.empty())
         arguments.insert(arguments.end(), {"--rules", rules});
     m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
@@ -29,8 +30,8 @@ QJsonObject RunningGateway::ask(const std::string& request) const {
     return response.isEmpty() ? response : response.begin()->toObject();
 }
 
-QJsonObject RunningGateway::browse(const std::string& fields) const {
-    return ask(fmt::format(R"({{"read":{{"_0":{{"textBrowse":{{"kind":"memory",{}}}}}}}}})",
+QJsonObject RunningGateway::browse(const std::string& fields, const std::string& kind) const {
+    return ask(fmt::format(R"({{"read":{{"_0":{{"textBrowse":{{"kind":"{}",{}}}}}}}}})", kind,
                            fields))
         .value(QStringLiteral("_0"))
         .toObject();

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace wendlow::testing {
 
@@ -20,6 +21,8 @@ public:
     /// Starts it in place of the one that runs, with a day's memories unless it has some already.
     /// `rules`: what is wrong with them, if anything.
     void start(const std::string& replies = "answer", const std::string& rules = "");
+    std::string fill = "day";         ///< what it begins with
+    std::vector<std::string> options; ///< more of them
     /// Takes messages and does nothing about them.
     void wedge() const { m_process->wedge(); }
     void kill() { m_process.reset(); }
@@ -28,8 +31,8 @@ public:
 
     /// What `wendlow-ask` prints as the answer to a request, without the name of its case.
     QJsonObject ask(const std::string& request) const;
-    /// The answer to a browse of memories by these fields.
-    QJsonObject browse(const std::string& fields) const;
+    /// The answer to a browse by these fields.
+    QJsonObject browse(const std::string& fields, const std::string& kind = "memory") const;
 
 private:
     const Desktop& m_desktop;

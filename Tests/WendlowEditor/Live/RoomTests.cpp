@@ -46,8 +46,8 @@ TEST_F(LiveStore, asksAndReadsPagesAsTheWireHasThem) {
                 ElementsAre(std::pair<const std::string, std::string>("b", "true"),
                             std::pair<const std::string, std::string>("n", "2.5")));
     EXPECT_EQ(hit.memory.day.time_since_epoch(), std::chrono::milliseconds(1500));
-    EXPECT_EQ(answer.moments.at(0).bundle, "com.example");
-    EXPECT_TRUE(answer.moments.at(0).framed);
+    EXPECT_EQ(answer.moments[0].bundle, "com.example");
+    EXPECT_TRUE(answer.moments[0].framed);
     EXPECT_EQ(answer.order, EditorMemorySort::newest);
     EXPECT_THAT(answer.filterValueCounts.at("n"),
                 ElementsAre(EditorCount{"3", 6, {FilterValue("3"), FilterValue(3.0)}},
@@ -370,6 +370,11 @@ TEST_F(LiveStore, fetchWhatIsOnScreenNow) {
     answer("getThumbnail", failure("none"));
     answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
     EXPECT_EQ(tiles.tiles().at(6).image, std::string("\0", 1));
+    // One of 200 MB is not even read.
+    tiles.showTiles({7});
+    answer("getThumbnail", AnswerCase::Image{std::string(200'000'000, 'A'), "image/png"});
+    answer("getScreen", failure("none"));
+    EXPECT_EQ(tiles.tiles().at(7).image, std::nullopt);
 }
 
 } // namespace

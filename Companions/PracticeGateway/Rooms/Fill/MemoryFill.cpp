@@ -65,7 +65,7 @@ void MemoryFill::fill(FillSize size) {
     // The ones above are of the number too.
     const auto others = Vocabulary::standingRules().size() + Vocabulary::awkwardTexts().size() + 1 +
                         ModShelf::names().size();
-    if (size == FillSize::day)
+    if (size != FillSize::power)
         memories(300 - others, 45);
     else
         memories(100'000 - others, 3 * year);
