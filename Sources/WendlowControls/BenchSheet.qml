@@ -7,16 +7,27 @@ import QtQuick
 Item {
     id: bench
 
+    // What pops up sizes what is in it once, before it is taken out.
+    property bool still: false
+
     implicitHeight: Theme.scaled(252)
 
     Component.onCompleted: sheet.panel.parent = bench
 
+    Timer {
+        running: true
+        interval: 0
+        onTriggered: bench.still = true
+    }
+
     Binding {
+        when: bench.still
         target: sheet.panel
         property: "width"
         value: bench.width
     }
     Binding {
+        when: bench.still
         target: sheet.panel
         property: "height"
         value: bench.height

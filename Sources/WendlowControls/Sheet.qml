@@ -27,7 +27,7 @@ Item {
         if (sheet.open)
             return;
         if (sheet.before !== null && sheet.before.visible)
-            sheet.before.forceActiveFocus(Qt.PopupFocusReason);
+            sheet.before.forceActiveFocus(LastInput.reason);
         sheet.before = null;
         sheet.closed();
     }

@@ -13,6 +13,9 @@ FacePage {
 
     required property ScopesFaceModel face
 
+    // Then the button stands beside the title, and the words below have all of the column.
+    readonly property bool narrow: page.column < Theme.scaled(480)
+
     first: list.count > 0 ? list : null
     meanwhile: add
     Component.onCompleted: {
@@ -24,7 +27,7 @@ FacePage {
         id: head
         x: page.margin
         y: 24
-        width: page.column
+        width: page.column - (page.narrow ? add.width : 0)
         title: page.face.heading
         trailing: QuietProgress { running: page.trying }
     }
@@ -33,7 +36,7 @@ FacePage {
         x: page.margin
         anchors.top: head.bottom
         anchors.topMargin: 6
-        width: page.column - add.width - Theme.space16
+        width: page.column - (page.narrow ? 0 : add.width + Theme.space16)
         text: page.face.intro
         color: Theme.textSecond
         wrapMode: Text.Wrap
@@ -42,7 +45,7 @@ FacePage {
     Button {
         id: add
         x: page.margin + page.column - width + 8
-        y: intro.y + Math.round((Theme.lines[Label.Role.Body] - height) / 2)
+        y: page.narrow ? head.y + Math.round((head.height - height) / 2) : intro.y + Math.round((Theme.lines[Label.Role.Body] - height) / 2)
         kind: Button.Kind.Quiet
         small: true
         text: qsTr("+ New scope")
@@ -101,6 +104,11 @@ FacePage {
             if (page.face.selected >= 0)
                 list.currentIndex = page.face.selected;
         }
+        function see(action: Item): void {
+            const top = action.mapToItem(list.contentItem, 0, 0).y - Theme.space8;
+            const bottom = top + action.height + Theme.space16;
+            list.contentY = Math.max(bottom - list.height, Math.min(top, list.contentY));
+        }
         function enter(): void {
             (list.currentItem ?? list).forceActiveFocus(LastInput.reason);
         }
@@ -125,6 +133,8 @@ FacePage {
                 page.face.selected = Math.max(0, list.currentIndex);
         }
         Component.onCompleted: list.follow()
+        // A strip above it takes of its height.
+        onHeightChanged: unfolding.restart()
 
         T.ScrollBar.vertical: ScrollBar {}
 
@@ -168,6 +178,7 @@ FacePage {
                 page.face.selected = row.index;
                 row.forceActiveFocus(LastInput.reason);
             }
+            onReached: action => list.see(action)
             // What a row unfolds is in sight.
             onImplicitHeightChanged: if (row.selected)
                 unfolding.restart()
@@ -176,8 +187,13 @@ FacePage {
         Timer {
             id: unfolding
             interval: 0
-            onTriggered: if (page.face.selected >= 0)
-                list.positionViewAtIndex(page.face.selected, ListView.Contain)
+            onTriggered: {
+                if (page.face.selected >= 0)
+                    list.positionViewAtIndex(page.face.selected, ListView.Contain);
+                const action = list.activeFocus ? list.Window.activeFocusItem as Button : null;
+                if (action !== null)
+                    list.see(action);
+            }
         }
     }
     Hairline {

@@ -27,6 +27,8 @@ T.ItemDelegate {
 
     // The list is to select this row, and to have the focus.
     signal claimed
+    // One of the actions has the focus: it is to be in sight, in a list lower than the row too.
+    signal reached(Item action)
 
     readonly property int line: Theme.scaled(36)
     readonly property int folderLine: Theme.scaled(20)
@@ -165,6 +167,8 @@ T.ItemDelegate {
             Button {
                 id: map
                 small: true
+                onActiveFocusChanged: if (map.activeFocus)
+                    row.reached(map)
                 text: qsTr("Map folder…")
                 KeyNavigation.right: rename
                 onClicked: row.face.mapFolder()
@@ -172,6 +176,8 @@ T.ItemDelegate {
             Button {
                 id: rename
                 small: true
+                onActiveFocusChanged: if (rename.activeFocus)
+                    row.reached(rename)
                 text: qsTr("Rename… (writes a script)")
                 KeyNavigation.left: map
                 KeyNavigation.right: retire
@@ -180,6 +186,8 @@ T.ItemDelegate {
             Button {
                 id: retire
                 small: true
+                onActiveFocusChanged: if (retire.activeFocus)
+                    row.reached(retire)
                 text: qsTr("Retire… (writes a script)")
                 KeyNavigation.left: rename
                 onClicked: row.face.retire()

@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <mutex>
+
 #include <gmock/gmock.h>
 
 namespace wendlow::testing {
@@ -27,6 +29,7 @@ struct Face {
     EditorAsk ask{.term = {}};
     EditorAnswer answer;
     MemoryDetails details;
+    std::mutex writing; ///< who holds it holds up the thread that writes
     ScopesFaceModel model{scopes, {.ask = {}, .requestDetails = {}, .today = noon}, [this] {
                               return EditorMigrationWriter::Place{.directory = home / "migrations",
                                                                   .mcp = "/mcp"};
@@ -213,11 +216,13 @@ TEST_F(ScopesFace, writesTheScriptAndSaysWhereItIs) {
     sheet.commit();
     EXPECT_TRUE(sheet.pathFails() && sheet.isOpen());
     sheet.setPath(u"/a"_s);
+    writing.lock();
     sheet.commit();
     EXPECT_FALSE(sheet.isOpen());
     model.retire();
     EXPECT_TRUE(sheet.isBusy()) << "one script after the other";
     model.back();
+    writing.unlock();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.script().isEmpty(); }));
     EXPECT_FALSE(sheet.isBusy());
     const QString path = model.scriptPath();
@@ -236,8 +241,10 @@ TEST_F(ScopesFace, writesTheScriptAndSaysWhereItIs) {
     scopes.board[1].folders = {"/p\nq"};
     Q_EMIT scopes.changed();
     model.retire();
+    writing.lock();
     sheet.commit();
     EXPECT_EQ(model.script(), u"");
+    writing.unlock();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !model.script().isEmpty(); }));
     EXPECT_EQ(model.script(),
               u"a name in this move holds a line break or another control character, "
