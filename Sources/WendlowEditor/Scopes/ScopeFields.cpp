@@ -40,8 +40,7 @@ std::string faultOfRename(std::string_view from, std::string_view to) {
 std::string faultOfRetire(std::string_view scope, std::string_view destination) {
     std::string fault = faultOfScope(destination);
     if (fault.empty() && EditorScopePaths::inScope(destination, scope))
-        fault = fmt::format("What goes from {} can’t move to {} itself or to a scope below it.",
-                            scope, scope);
+        fault = "Its contents can’t move to itself or below it.";
     return fault;
 }
 

@@ -10,14 +10,9 @@ Strip {
 
     readonly property bool written: strip.face.scriptPath.length > 0
 
-    // It goes from sight, and had the focus.
-    signal left
-
     height: implicitHeight
     tone: strip.written ? Strip.Tone.Information : Strip.Tone.Warning
     text: strip.face.script
-    onVisibleChanged: if (!strip.visible && copy.activeFocus || open.activeFocus)
-        strip.left()
 
     function copyPath(): void {
         if (!Clipboard.copy(strip.face.scriptPath))
@@ -41,14 +36,12 @@ Strip {
             y: 2
 
             Button {
-                id: copy
                 kind: Button.Kind.Quiet
                 small: true
                 text: copied.running ? qsTr("Copied") : qsTr("Copy path")
                 onClicked: strip.copyPath()
             }
             Button {
-                id: open
                 kind: Button.Kind.Quiet
                 small: true
                 text: qsTr("Open folder")

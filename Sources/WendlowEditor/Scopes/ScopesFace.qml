@@ -53,7 +53,8 @@ FacePage {
         x: page.margin
         anchors.top: intro.bottom
         width: page.column
-        topPadding: Theme.space16
+        topPadding: Theme.space12
+        bottomPadding: Theme.space8
         spacing: Theme.space12
 
         StateStrip {
@@ -68,7 +69,6 @@ FacePage {
             width: parent.width
             visible: page.face.script.length > 0
             face: page.face
-            onLeft: list.enter()
         }
         Strip {
             width: parent.width

@@ -48,9 +48,9 @@ FacePictures ScopesFaceModel::pictures() {
         take(board, true);
         select(m_rows.indexOf(moved));
     };
-    const auto opened = [this](auto open, const char* path) {
-        return [this, open, path] {
-            (this->*open)();
+    const auto moving = [this](const ScopeSheet::Any& sheet, const char* path) {
+        return [this, sheet, path] {
+            m_sheet.begin(sheet);
             m_sheet.setPath(QString::fromUtf8(path));
         };
     };
@@ -86,31 +86,6 @@ FacePictures ScopesFaceModel::pictures() {
     pictures.push_back({.name = "scopes-selected", .widths = Widths::every, .stand = [this, show] {
                             show(deepened(m_scopes.scopeBoard()));
                         }});
-    pictures.push_back({.name = "scopes-map", .stand = folder("")});
-    pictures.push_back({.name = "scopes-map-fault", .stand = folder("work/pier")});
-    pictures.push_back({.name = "scopes-map-refused",
-                        .stand =
-                            [this, folder] {
-                                folder("/home/me/work/pier")();
-                                m_sheet.commit();
-                            },
-                        .leave = close});
-    pictures.push_back({.name = "scopes-new",
-                        .stand = opened(&ScopesFaceModel::newScope, "/work/pier"),
-                        .leave = close});
-    pictures.push_back({.name = "scopes-rename",
-                        .widths = Widths::every,
-                        .stand = opened(&ScopesFaceModel::rename, "/work/port"),
-                        .leave = close});
-    pictures.push_back({.name = "scopes-rename-fault",
-                        .stand = opened(&ScopesFaceModel::rename, "work/port"),
-                        .leave = close});
-    pictures.push_back({.name = "scopes-retire",
-                        .stand = opened(&ScopesFaceModel::retire, "/work"),
-                        .leave = close});
-    pictures.push_back({.name = "scopes-retire-fault",
-                        .stand = opened(&ScopesFaceModel::retire, "/work/harbour/cranes"),
-                        .leave = close});
     pictures.push_back({.name = "scopes-written",
                         .widths = Widths::every,
                         .stand = ended(EditorWriteOutcome::wrote(
@@ -130,6 +105,31 @@ FacePictures ScopesFaceModel::pictures() {
                                 Q_EMIT changed();
                             },
                         .leave = clear});
+    pictures.push_back({.name = "scopes-map", .stand = folder("")});
+    pictures.push_back({.name = "scopes-map-fault", .stand = folder("work/pier")});
+    pictures.push_back({.name = "scopes-map-refused",
+                        .stand =
+                            [this, folder] {
+                                folder("/home/me/work/pier")();
+                                m_sheet.commit();
+                            },
+                        .leave = close});
+    pictures.push_back({.name = "scopes-new",
+                        .stand = moving(ScopeSheet::NewScope{}, "/work/pier"),
+                        .leave = close});
+    pictures.push_back({.name = "scopes-rename",
+                        .widths = Widths::every,
+                        .stand = moving(ScopeSheet::Rename{"/work"}, "/projects"),
+                        .leave = close});
+    pictures.push_back({.name = "scopes-rename-fault",
+                        .stand = moving(ScopeSheet::Rename{"/work"}, "projects"),
+                        .leave = close});
+    pictures.push_back({.name = "scopes-retire",
+                        .stand = moving(ScopeSheet::Retire{"/work"}, "/"),
+                        .leave = close});
+    pictures.push_back({.name = "scopes-retire-fault",
+                        .stand = moving(ScopeSheet::Retire{"/work"}, "/work/harbour"),
+                        .leave = close});
     pictures.push_back({.name = "scopes-many", .stand = [show] { show(crowded()); }});
     pictures.push_back({.name = "scopes-rename-many",
                         .stand =

@@ -34,7 +34,11 @@ T.ItemDelegate {
     readonly property int indent: 12 + Math.min(16 * row.depth, Math.round(row.width / 4))
     readonly property color quiet: row.selected || row.hovered ? Theme.textSecondOnTint : Theme.textSecond
 
-    implicitHeight: row.line + lines.height + (actions.count > 0 ? actions.itemAt(0)?.height ?? 0 : 0) + 1
+    // The folders begin where the words above them end.
+    readonly property int below: paths.count > 0 ? lines.height - 6 : 0
+    readonly property real pathWidth: above.implicitWidth + name.implicitWidth
+
+    implicitHeight: row.line + row.below + (actions.count > 0 ? actions.itemAt(0)?.height ?? 0 : 0) + 1
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
     text: row.path
@@ -91,7 +95,7 @@ T.ItemDelegate {
         id: counts
         x: row.width - width - 12
         y: Math.round((row.line - height) / 2)
-        width: Math.min(implicitWidth, Math.round(row.width * 0.45))
+        width: Math.min(implicitWidth, Math.max(Math.round(row.width * 0.45), Math.floor(row.width - row.indent - row.pathWidth - 12 - Theme.space16)))
         role: Label.Role.Small
         text: row.counts
         color: row.quiet
@@ -102,9 +106,9 @@ T.ItemDelegate {
     Column {
         id: lines
         x: row.indent
-        y: row.line - Theme.space4
+        y: row.line - 6
         width: row.width - x - 12
-        bottomPadding: paths.count > 0 ? Theme.space4 : -Theme.space4
+        bottomPadding: Theme.space8
 
         Repeater {
             id: paths
@@ -153,10 +157,9 @@ T.ItemDelegate {
 
         Flow {
             x: row.indent
-            y: row.line + lines.height
+            y: row.line + row.below
             width: row.width - x - 12
             spacing: Theme.space8
-            topPadding: Theme.space4
             bottomPadding: Theme.space12
 
             Button {

@@ -17,6 +17,8 @@ Item {
 
     // The focus is to go to the rail.
     signal exited
+    // The focus is to go to what the stage is about.
+    signal passed
     // To the results that led here.
     signal returned
 
@@ -31,8 +33,12 @@ Item {
     // A menu leaves the focus nowhere, unless what was pressed instead has taken it.
     function settle(byKey: bool): void {
         const focused = bar.Window.activeFocusItem;
-        if (!focused || focused === bar.Window.contentItem)
+        if (focused && focused !== bar.Window.contentItem)
+            return;
+        if (bar.showsChip)
             bar.enter(byKey);
+        else
+            bar.passed();
     }
 
     implicitHeight: 48

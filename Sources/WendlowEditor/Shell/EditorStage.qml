@@ -92,6 +92,7 @@ FocusScope {
             trail: stage.root.search.trail
             onReturned: stage.root.backToResults()
             onExited: stage.exited()
+            onPassed: stage.enter()
         }
         Repeater {
             id: slots
