@@ -29,7 +29,7 @@ public:
     void fill();
     Outcome next();
     /// The line that `next` has found, once.
-    std::string take() { return std::move(m_line); }
+    std::string take() { return std::exchange(m_line, {}); }
 
 private:
     void add(std::string_view bytes);
