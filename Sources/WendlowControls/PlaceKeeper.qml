@@ -9,28 +9,32 @@ Item {
     // A ListView or GridView.
     required property var view
 
-    readonly property real textScale: Theme.textScale
+    property int row: -1
+    property int mode: ListView.Contain
+    property int framesToGrow: 0
 
-    // The rows have their new size by now or not, but stand where they stood.
-    onTextScaleChanged: {
-        const view = keeper.view;
-        const current = view.currentItem;
-        const seen = current && current.y < view.contentY + view.height && current.y + current.height > view.contentY;
-        moving.row = seen ? view.currentIndex : view.indexAt(view.contentX + view.width / 2, view.contentY + 1);
-        moving.mode = seen ? ListView.Contain : ListView.Beginning;
-        moving.restart();
+    Connections {
+        target: Theme
+        // The rows have their new size by now or not, but stand where they stood.
+        function onTextScaleChanged(): void {
+            const view = keeper.view;
+            const current = view.currentItem;
+            // The list may have become lower already, by what grows above it.
+            const bottom = view.contentY + view.height * 1.25;
+            const seen = current && current.y < bottom && current.y + current.height > view.contentY;
+            keeper.row = seen ? view.currentIndex : view.indexAt(view.contentX + view.width / 2, view.contentY + 1);
+            keeper.mode = seen ? ListView.Contain : ListView.Beginning;
+            keeper.framesToGrow = keeper.row > 0 ? 2 : 0;
+        }
     }
-
-    Timer {
-        id: moving
-
-        property int row
-        property int mode
-
-        interval: 0
-        onTriggered: if (moving.row > 0) {
+    // What stands around the list grows with the next frame, and what that brings to light with the one behind it.
+    Connections {
+        target: keeper.Window.window
+        enabled: keeper.framesToGrow > 0
+        function onFrameSwapped(): void {
+            keeper.framesToGrow -= 1;
             keeper.view.forceLayout();
-            keeper.view.positionViewAtIndex(moving.row, moving.mode);
+            keeper.view.positionViewAtIndex(keeper.row, keeper.mode);
         }
     }
 }

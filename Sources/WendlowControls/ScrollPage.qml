@@ -21,22 +21,28 @@ Flickable {
 
     T.ScrollBar.vertical: ScrollBar {}
 
-    // What is read stays in its place while the words grow or shrink. The column grows with the next frame.
-    readonly property real textScale: Theme.textScale
-    onTextScaleChanged: {
-        growing.place = page.contentY / Math.max(1, page.contentHeight);
-        growing.restart();
+    // What is read stays in its place while the words grow or shrink. The column grows with the next frame, and what
+    // that brings to light with the one behind it.
+    property real place: 0
+    property int framesToGrow: 0
+
+    onContentHeightChanged: if (page.framesToGrow > 0)
+        page.moveTo(page.place * page.contentHeight)
+
+    Connections {
+        target: Theme
+        function onTextScaleChanged(): void {
+            page.place = page.contentY / Math.max(1, page.contentHeight);
+            page.framesToGrow = 2;
+        }
     }
-    onContentHeightChanged: if (growing.running)
-        page.moveTo(growing.place * page.contentHeight)
-
-    Timer {
-        id: growing
-
-        property real place
-
-        interval: 100
-        onTriggered: page.follow()
+    Connections {
+        target: page.Window.window
+        enabled: page.framesToGrow > 0
+        function onFrameSwapped(): void {
+            page.framesToGrow -= 1;
+            page.follow();
+        }
     }
 
     function moveTo(position: real): void {

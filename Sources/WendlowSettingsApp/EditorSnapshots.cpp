@@ -72,7 +72,7 @@ void EditorSnapshots::take() {
     m_worlds.switchWorld(before);
 }
 
-void EditorSnapshots::takeAtWidth(const QString& suffix) {
+void EditorSnapshots::takeSome(const QString& suffix) {
     const EditorWorld before = m_worlds.world();
     m_host.setPosing(true);
     m_suffix = suffix;

@@ -48,14 +48,15 @@ int takeSnapshots(const LaunchOptions& options) {
     DistributedNotificationCenter silent;
     SettingsApplication application(
         {.followLooks =
-             [](ThemeSource& looks, WindowFactory::Darkness darkness) {
+             [&options](ThemeSource& looks, WindowFactory::Darkness darkness) {
                  looks.setReduceMotion(true);
+                 looks.setTextScale(options.textScale.value_or(1));
                  looks.setDark(darkness == WindowFactory::Darkness::always);
              },
          .notifications = silent,
          .setupLog = [](const std::string&) {},
          .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())});
-    return Snapshots(application, *options.snapshots, options.size).take();
+    return Snapshots(application, options).take();
 }
 
 /// The toolkit asks the session bus for a screen reader as its application object is made, and
@@ -121,8 +122,8 @@ int runApplication(const LaunchOptions& options) {
     bus.dial();
     SettingsApplication application(
         {.followLooks =
-             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                 SystemLooks::follow(appearance, looks, darkness);
+             [&appearance, &options](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 SystemLooks::follow(appearance, looks, darkness, options.textScale);
              },
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },

@@ -41,7 +41,7 @@ Item {
             bar.passed();
     }
 
-    implicitHeight: 48
+    implicitHeight: Theme.scaled(48)
 
     Button {
         id: back
@@ -60,7 +60,7 @@ Item {
         x: back.visible ? back.x + back.width + 8 : bar.margin
         anchors.verticalCenter: parent.verticalCenter
         visible: bar.showsChip
-        widest: Math.min(420, bar.margin + bar.column - chip.x)
+        widest: Math.min(Theme.scaled(420), bar.margin + bar.column - chip.x)
         lead: qsTr("scope:")
         text: bar.model.label
         picked: bar.model.narrowed

@@ -1,8 +1,10 @@
 #include "Memories/MemoryFaceModel.h"
+#include "QmlWarnings.h"
 #include "Shell/EditorHost.h"
 #include "Support/ScriptedClient.h"
 #include "Support/ScriptedStore.h"
 #include "ThemeSource.h"
+#include "WordsInPlace.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -19,6 +21,15 @@ Q_IMPORT_QML_PLUGIN(WendlowEditorPlugin)
 
 using namespace wendlow;
 using namespace Qt::StringLiterals;
+
+/// A daemon that understands nothing.
+class RefusingGateway final : public Gateway {
+public:
+    QCoro::Task<GatewayResponse> handle(GatewayRequest /*request*/) override {
+        co_return AnswerCase::Failure{
+            "Wendlow answered with something this mod does not understand."};
+    }
+};
 
 /// What the QML tests cannot reach by themselves.
 class Bench : public QObject {
@@ -40,6 +51,33 @@ public:
         for (const EditorWorld world : editorWorlds)
             if (const auto seed = seedWorld(world); seed && text(*seed) == name.toStdString())
                 m_worlds.switchWorld(world);
+    }
+    /// Over a daemon that refuses everything, or over the made-up worlds.
+    Q_INVOKABLE wendlow::EditorHost* hostOf(bool isRefused) {
+        return isRefused ? &m_refusedHost : &m_host;
+    }
+    /// Brings the window into each state of its world of which there is a picture, and calls.
+    Q_INVOKABLE void pose(const QString& world, const QJSValue& each) {
+        using World = FacePicture::World;
+        const World posed = world == u"refused"_s   ? World::refusing
+                            : world == u"dayZero"_s ? World::empty
+                                                    : World::full;
+        EditorRoot& root = *hostOf(posed == World::refusing)->root();
+        for (const EditorFace face : EditorFaces::all) {
+            root.setFace(face);
+            for (const FacePicture& picture : root.model(face).pictures()) {
+                if (picture.world != posed)
+                    continue;
+                if (picture.stand)
+                    picture.stand();
+                std::ignore = each.call({QString::fromUtf8(picture.name)});
+                if (picture.leave)
+                    picture.leave();
+            }
+        }
+    }
+    Q_INVOKABLE static QStringList outOfPlace(QQuickItem* item) {
+        return testing::WordsInPlace::faults(*item);
     }
     Q_INVOKABLE void open(const QString& type) { memories()->open(type.toStdString()); }
     Q_INVOKABLE QString openType() {
@@ -87,7 +125,15 @@ public:
         gatherIndents(*item->window()->contentItem(), all);
         return all;
     }
-    void keep() { QQmlEngine::setObjectOwnership(&m_scriptedRoot, QQmlEngine::CppOwnership); }
+    /// What is not as it should be, once.
+    Q_INVOKABLE QStringList warnings() { return m_warnings.taken(); }
+    void listen(QQmlEngine& engine) { m_warnings.listen(engine); }
+    void keep() {
+        for (QObject* const mine :
+             {static_cast<QObject*>(&m_scriptedRoot), static_cast<QObject*>(&m_host),
+              static_cast<QObject*>(&m_refusedHost)})
+            QQmlEngine::setObjectOwnership(mine, QQmlEngine::CppOwnership);
+    }
     /// A window over a store that cannot give why and body, with a memory opened.
     Q_INVOKABLE wendlow::EditorRoot* withoutDetails() {
         auto& face = static_cast<MemoryFaceModel&>(m_scriptedRoot.model(EditorFace::memory));
@@ -133,8 +179,12 @@ private:
             gatherIndents(*child, all);
     }
 
+    testing::QmlWarnings m_warnings;
     EditorWorlds m_worlds{std::make_shared<testing::ScriptedClient>(), EditorWorld::powerUser};
     EditorHost m_host{m_worlds};
+    EditorWorlds m_refused{std::make_shared<InProcessClient>(std::make_shared<RefusingGateway>()),
+                           EditorWorld::realData};
+    EditorHost m_refusedHost{m_refused};
     testing::ScriptedStore m_scripted;
     EditorRoot m_scriptedRoot{m_scripted};
 };
@@ -144,6 +194,7 @@ class Setup : public QObject {
 
 public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine* engine) {
+        m_bench.listen(*engine);
         engine->setImportPathList(engine->importPathList() << u":/qt/qml"_s);
         QAccessible::setActive(true);
         m_bench.keep();
