@@ -34,7 +34,9 @@ public:
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override {
         if (request.verb() == NotesCase::ScopeBoard::verb)
             co_return AnswerCase::ScopeBoard{m_board};
-        co_return AnswerCase::TextBrowse{{.ready = true, .total = 0}};
+        TextBrowseAnswer nothing;
+        nothing.ready = true;
+        co_return AnswerCase::TextBrowse{std::move(nothing)};
     }
 
 private:
