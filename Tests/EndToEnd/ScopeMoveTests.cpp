@@ -68,7 +68,9 @@ protected:
         QStringList paths;
         for (const auto& row : board())
             paths.append(row["path"_L1].toString());
-        desktop.press(QStringList{u"Home"_s} + QStringList(paths.indexOf(scope), u"Down"_s));
+        const auto place = paths.indexOf(scope);
+        ASSERT_GE(place, 0) << scope.toStdString();
+        desktop.press(QStringList{u"Home"_s} + QStringList(place, u"Down"_s));
         ASSERT_TRUE(is("list item", scope));
     }
     /// Writes the script of a move by the window; `path` is typed over what the field proposes.
