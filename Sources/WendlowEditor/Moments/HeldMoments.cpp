@@ -30,8 +30,7 @@ std::size_t HeldMoments::fold(const EditorMoments& answer) {
 }
 
 /// Whether no moment of this id was there; the places of those that are, are those in `list`.
-bool HeldMoments::insert(const EditorMoments& list, const EditorMoment& moment,
-                         std::size_t place) {
+bool HeldMoments::insert(const EditorMoments& list, const EditorMoment& moment, std::size_t place) {
     const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>()(moment.id));
     const std::size_t mask = m_slots.size() - 1;
     for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
