@@ -12,7 +12,7 @@ FocusScope {
     required property bool shown
     required property int place
     required property int column
-    required property real top
+    required property real rowTop
     required property bool current
     required property string title
     required property string time

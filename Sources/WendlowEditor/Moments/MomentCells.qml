@@ -26,11 +26,11 @@ FocusScope {
     readonly property real pitch: (cells.column + cells.gap) / cells.columns
     readonly property int cellWidth: Math.floor(cells.pitch) - cells.gap
     readonly property int pictureHeight: Math.round(cells.cellWidth * 138 / 220)
-    readonly property int top: head.y + head.height + Theme.space16
+    readonly property int firstTop: head.y + head.height + Theme.space16
     readonly property int headHeight: Theme.scaled(20) + 24
 
     function measure(): void {
-        cells.grid.measure(cells.columns, cells.pictureHeight + 8 + Theme.lines[Label.Role.Small], 20, cells.top, Theme.space12, cells.headHeight);
+        cells.grid.measure(cells.columns, cells.pictureHeight + 8 + Theme.lines[Label.Role.Small], 20, cells.firstTop, Theme.space12, cells.headHeight);
         const scale = cells.Screen.devicePixelRatio;
         cells.face.tiles.setSize(Qt.size(Math.round(cells.cellWidth * scale), Math.round(cells.pictureHeight * scale)), Theme.radiusButton * scale);
     }
@@ -49,7 +49,7 @@ FocusScope {
             return;
         const top = cells.grid.topOf(place);
         const row = cells.pictureHeight + 8 + Theme.lines[Label.Role.Small];
-        const above = place < cells.columns ? cells.top : cells.headHeight + 8;
+        const above = place < cells.columns ? cells.firstTop : cells.headHeight + 8;
         if (top - above < view.contentY)
             view.contentY = Math.max(0, top - above);
         else if (top + row + Theme.space16 > view.contentY + view.height)
@@ -73,7 +73,7 @@ FocusScope {
     onActiveFocusChanged: cells.find()
     onColumnsChanged: cells.measure()
     onPictureHeightChanged: cells.measure()
-    onTopChanged: cells.measure()
+    onFirstTopChanged: cells.measure()
     onVisibleChanged: cells.look()
     Component.onCompleted: {
         cells.face.turned.connect(cells.begin);
@@ -171,11 +171,11 @@ FocusScope {
             model: cells.grid.heads
 
             Label {
-                required property real top
+                required property real rowTop
                 required property string title
 
                 x: cells.margin
-                y: top + 12
+                y: rowTop + 12
                 width: cells.column
                 role: Label.Role.Heading
                 text: title
@@ -194,7 +194,7 @@ FocusScope {
 
                 // Whole pixels, as the column's edges do.
                 x: cells.margin + Math.round(cell.column * cells.pitch)
-                y: cell.top
+                y: cell.rowTop
                 width: cells.cellWidth
                 height: cells.pictureHeight + 8 + Theme.lines[Label.Role.Small]
                 pictureHeight: cells.pictureHeight

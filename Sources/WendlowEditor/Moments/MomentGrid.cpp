@@ -357,7 +357,7 @@ QVariant MomentGrid::data(const QModelIndex& index, int role) const {
 
 QHash<int, QByteArray> MomentGrid::roleNames() const {
     return {{ShownRole, "shown"},       {PlaceRole, "place"},      {ColumnRole, "column"},
-            {TopRole, "top"},           {CurrentRole, "current"},  {TitleRole, "title"},
+            {TopRole, "rowTop"},        {CurrentRole, "current"},  {TitleRole, "title"},
             {TimeRole, "time"},         {KeyRole, "key"},          {ShadeRole, "shade"},
             {TextCardRole, "textCard"}, {BadgeRole, "badge"},      {AbstractRole, "body"},
             {FilesRole, "files"},       {FilesTipRole, "filesTip"}};

@@ -36,7 +36,7 @@ public:
         return role == TopRole ? QVariant(head.top) : QVariant(head.title);
     }
     QHash<int, QByteArray> roleNames() const override {
-        return {{TopRole, "top"}, {TitleRole, "title"}};
+        return {{TopRole, "rowTop"}, {TitleRole, "title"}};
     }
 };
 

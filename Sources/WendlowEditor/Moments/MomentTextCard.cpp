@@ -1,8 +1,8 @@
 #include "Moments/MomentTextCard.h"
 
 #include "DateWords.h"
+#include "Floor/EditorTranscriptTool.h"
 #include "Floor/RowText.h"
-#include "Model/EditorTranscriptTool.h"
 
 #include <QLocale>
 #include <QStringList>

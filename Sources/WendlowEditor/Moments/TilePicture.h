@@ -17,7 +17,7 @@ class TilePicture : public QQuickItem {
     /// The moment's number; empty: it has no picture.
     Q_PROPERTY(QString key READ key WRITE setKey NOTIFY keyChanged REQUIRED)
     /// All of it, as the room has opened it, and until that is there what a cell shows.
-    Q_PROPERTY(bool whole MEMBER m_whole CONSTANT)
+    Q_PROPERTY(bool whole MEMBER m_whole NOTIFY wholeChanged)
     /// Of the whole picture; empty until it is there.
     Q_PROPERTY(QSize naturalSize READ naturalSize NOTIFY filledChanged)
     /// Something is drawn.
@@ -37,6 +37,7 @@ Q_SIGNALS:
     void roomChanged();
     void keyChanged();
     void filledChanged();
+    void wholeChanged();
     /// A picture that was waited for has come.
     void arrived();
 

@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-/// The AI tool of a transcript as a person knows it.
 namespace wendlow::EditorTranscriptTool {
 
-/// By the tool's part of a transcript's mark; one that is not known keeps its own name.
+/// The name by which a person knows the tool that a transcript comes from. One that is not known
+/// goes by its own name, begun in upper case.
 std::string name(std::string_view raw);
 
 } // namespace wendlow::EditorTranscriptTool
