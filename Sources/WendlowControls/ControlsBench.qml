@@ -37,5 +37,6 @@ Flickable {
         BenchStates { width: 760 }
         BenchParts { width: 376 }
         BenchForms { width: 376 }
+        BenchPanels { width: 760 }
     }
 }
