@@ -50,7 +50,7 @@ Column {
                         lit: row.modelData[1]
                         ringed: row.modelData[2]
                         text: "Nov 19, 2:02 PM"
-                        help: row.leads ? qsTr("Open this run's report") : qsTr("There is none")
+                        help: row.ringed ? "" : row.leads ? qsTr("Open this run's report") : qsTr("There is none")
 
                         Label {
                             x: 8

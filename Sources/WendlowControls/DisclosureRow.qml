@@ -11,6 +11,8 @@ T.ItemDelegate {
     property bool leads: true
     // What it leads to, or why to nothing.
     property string help
+    // In its tooltip, where more has to be said.
+    property string tipped: row.help
     property bool lit: row.hovered
     property bool sunk: row.down
     property bool ringed: row.visualFocus
@@ -54,7 +56,7 @@ T.ItemDelegate {
         color: row.tinted ? Theme.textSecondOnTint : Theme.textSecond
     }
     Hint {
-        text: row.help
+        text: row.tipped
         leading: true
         wanted: row.hovered || row.ringed
     }

@@ -1,4 +1,5 @@
 import QtQuick
+import WendlowControls
 
 // Words that can be selected with the pointer and copied, in one of the roles of the type scale.
 TextEdit {

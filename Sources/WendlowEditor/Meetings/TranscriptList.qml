@@ -32,6 +32,7 @@ ListView {
             break;
         case Qt.Key_Home:
             list.positionViewAtBeginning();
+            list.contentY = list.originY - list.topMargin;
             return true;
         case Qt.Key_End:
             list.positionViewAtEnd();

@@ -56,7 +56,17 @@ ModsLine {
             x: 12
             y: row.gap + row.above
             width: row.width - 2 * x
-            line: row
+            text: row.words
+            lane: row.beside
+            outcome: row.outcome
+            tone: row.tone
+            turns: row.trailing
+            tip: row.tip
+            leads: row.opens
+            help: row.help
+            ringed: row.ringed
+            onPressed: row.pressed()
+            onClicked: row.acted()
         }
     }
     Component {

@@ -7,44 +7,43 @@ import WendlowEditorMods
 DisclosureRow {
     id: run
 
-    required property ModsLine line
+    required property string lane
+    required property string outcome
+    required property int tone
+    required property string turns
+    // All of it, where it may be cut.
+    required property string tip
 
     // Too little room for one line.
-    readonly property bool narrow: run.width < Theme.scaled(run.line.beside.length > 0 ? 520 : 440)
+    readonly property bool narrow: run.width < Theme.scaled(run.lane.length > 0 ? 520 : 440)
     readonly property int room: run.width - 36
     readonly property color second: run.tinted ? Theme.textSecondOnTint : Theme.textSecond
 
     implicitHeight: Theme.scaled(run.narrow ? 48 : 32)
     focusPolicy: Qt.NoFocus
-    text: run.line.words
-    leads: run.line.opens
-    help: ended.truncated || lane.truncated ? run.line.tip + " — " + run.line.help : run.line.help
-    lit: run.hovered
-    ringed: run.line.ringed
+    tipped: ended.truncated || place.truncated ? run.tip + " — " + run.help : run.help
     // The line of the list says it all.
     Accessible.ignored: true
-    onPressed: run.line.pressed()
-    onClicked: run.line.acted()
 
     Label {
         id: when
         x: 8
         y: run.narrow ? Theme.scaled(6) : Math.round((run.height - height) / 2)
-        width: run.narrow ? Math.min(implicitWidth, run.room - turns.width - 8) : Theme.scaled(132)
+        width: run.narrow ? Math.min(implicitWidth, run.room - count.width - 8) : Theme.scaled(132)
         role: Label.Role.Small
-        text: run.line.words
+        text: run.text
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
     }
     Label {
-        id: lane
+        id: place
         x: run.narrow ? 8 : when.x + when.width + Theme.space8
         y: run.narrow ? ended.y : when.y
         visible: text.length > 0
         width: visible ? Math.min(implicitWidth, Math.round(run.room * (run.narrow ? 0.5 : 0.32))) : 0
         role: Label.Role.Small
-        text: run.line.beside
+        text: run.lane
         color: run.second
         elide: Text.ElideMiddle
         horizontalAlignment: Text.AlignLeft
@@ -52,18 +51,18 @@ DisclosureRow {
     }
     RunTone {
         id: ended
-        x: run.narrow ? (lane.visible ? lane.x + lane.width + Theme.space12 : 8) : lane.visible ? when.x + when.width + Theme.space8 + Math.round(run.room * 0.32) + Theme.space12 : when.x + when.width + Theme.space8
+        x: run.narrow ? (place.visible ? place.x + place.width + Theme.space12 : 8) : place.visible ? when.x + when.width + Theme.space8 + Math.round(run.room * 0.32) + Theme.space12 : when.x + when.width + Theme.space8
         y: run.narrow ? when.y + when.height + 4 : when.y
-        width: (run.narrow ? run.room + 8 : turns.x - Theme.space8) - x
-        tone: run.line.tone
-        text: run.line.outcome
+        width: (run.narrow ? run.room + 8 : count.x - Theme.space8) - x
+        tone: run.tone
+        text: run.outcome
     }
     Label {
-        id: turns
+        id: count
         x: 8 + run.room - width
         y: when.y
         role: Label.Role.Small
-        text: run.line.trailing
+        text: run.turns
         color: run.second
         Accessible.ignored: true
     }
