@@ -2,18 +2,24 @@
 
 #include <QJsonDocument>
 
+#include <utility>
+
 #include <fmt/format.h>
 
 namespace wendlow::testing {
 
 void RunningGateway::start(const std::string& replies, const std::string& rules) {
+    std::vector<std::string> options{"--replies", replies};
+    if (!rules.empty())
+        options.insert(options.end(), {"--rules", rules});
+    startWith(std::move(options));
+}
+
+void RunningGateway::startWith(std::vector<std::string> options) {
     kill();
     const auto database = m_desktop.home() / "Practice" / "practice.db";
-    std::vector<std::string> arguments{"--database", database.string(), "--fill",
-                                       "day",        "--replies",       replies};
-    if (!rules.empty())
-        arguments.insert(arguments.end(), {"--rules", rules});
-    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
+    options.insert(options.end(), {"--database", database.string(), "--fill", "day"});
+    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, options);
 }
 
 QJsonObject RunningGateway::ask(const std::string& request) const {
