@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <QThreadPool>
 
@@ -13,6 +14,8 @@
 #include "Clock.h"
 #include "Fill/FillSize.h"
 #include "GatewayEvent.h"
+#include "MeetingRoom.h"
+#include "ModRoom.h"
 #include "RuleChain.h"
 
 namespace wendlow {
@@ -48,6 +51,10 @@ public:
     void addMoment();
     /// How it answers about rules. Before the first request.
     void answerRules(RuleManner manner);
+    /// What happens to lines of meetings that are to be deleted. Before the first request.
+    void meddleWithLines(std::vector<LineManner> manners);
+    /// How it answers about mods. Before the first request.
+    void answerMods(ModManner manner);
 
     /// The calling thread needs an event loop; it gets the answer.
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;

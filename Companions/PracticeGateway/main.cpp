@@ -52,6 +52,8 @@ int main(int count, char** words) {
         if (const auto filled = (*gateway)->fill(*options->fill); !filled)
             return complain(couldNotStart, filled.error());
     (*gateway)->answerRules(options->rules);
+    (*gateway)->meddleWithLines(options->lines);
+    (*gateway)->answerMods(options->mods);
     GatewayService service(*gateway, bus, options->misbehaviour);
     face = &service;
     QTimer clock;

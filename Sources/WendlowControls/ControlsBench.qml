@@ -41,5 +41,6 @@ Flickable {
         BenchParts { width: Theme.scaled(376) }
         BenchForms { width: Theme.scaled(376) }
         BenchLightbox { width: Theme.scaled(376) }
+        BenchPanels { width: bench.widest }
     }
 }

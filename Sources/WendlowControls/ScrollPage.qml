@@ -56,6 +56,9 @@ Flickable {
             if (up !== column)
                 continue;
             const spot = item.mapToItem(page.contentItem, 0, 0);
+            // What is taller than the page is read where it is.
+            if (item.height + 48 > page.height && spot.y < page.contentY + page.height - 48 && spot.y + item.height > page.contentY)
+                return;
             if (spot.y - 24 < page.contentY)
                 page.moveTo(spot.y - 24);
             else if (spot.y + item.height + 24 > page.contentY + page.height)

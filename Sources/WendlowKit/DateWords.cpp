@@ -109,6 +109,12 @@ QString dateAndTime(Date date, const QLocale& locale) {
            locale.toString(wanted.time(), QLocale::ShortFormat);
 }
 
+QString dayAndTime(Date date, const QLocale& locale) {
+    const QDateTime wanted = local(date);
+    return locale.toString(wanted.date(), shortened(locale, u'y')) + QStringLiteral(", ") +
+           locale.toString(wanted.time(), QLocale::ShortFormat);
+}
+
 QString exact(Date date, const QLocale& locale) {
     const QDateTime wanted = local(date);
     return locale.toString(wanted.date(), QLocale::LongFormat) + QStringLiteral(", ") +

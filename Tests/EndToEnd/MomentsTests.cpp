@@ -103,7 +103,7 @@ TEST_F(Moments, AreScrolledFromTheNewestToTheOldestAndOpenedInAViewer) {
 }
 
 TEST_F(Moments, KeepComingWhileTheWindowIsOpen) {
-    gateway.options = {"--live", "400"};
+    gateway.more = {"--live", "400"};
     gateway.start();
     open();
     const auto place = [&] {

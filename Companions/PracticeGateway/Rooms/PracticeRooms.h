@@ -51,6 +51,8 @@ public:
     }
     DocumentStore& documents() { return m_documents; }
     RuleRoom& rules() { return m_rules; }
+    ModRoom& mods() { return m_mods; }
+    MeetingRoom& meetings() { return m_meetings; }
 
 private:
     void fillState();

@@ -16,7 +16,7 @@ namespace {
 constexpr const char* description =
     "Answers in place of the product's daemon, from a database of its own, so that the\n"
     "application can be used, tested and shown. It keeps no real memory.\n\n"
-    "The last four options make it misbehave, for trying what a client does then. A reply is "
+    "The last six options make it misbehave, for trying what a client does then. A reply is "
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
     "  answer, silent, refuse, die       what it does at all\n"
@@ -53,6 +53,12 @@ public:
             option("rules",
                    "What is wrong with the rules, with commas: older-card, other-scope, no-card, "
                    "other-path, warning, overflow.",
+                   "list"),
+            option("lines",
+                   "What happens to a line right before the first delete of one, the second and so "
+                   "on, with commas: stay, change, move, go, twin.",
+                   "list"),
+            option("mods", "What is special about the mods, with commas: none, every-outcome.",
                    "list"),
             option("flood", "Send each new subscriber so many events at once.", "number"),
         });
@@ -138,9 +144,13 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                         std::min<std::uint64_t>(reading.number("live").value_or(0), INT32_MAX)),
                     .misbehaviour = misbehaviourIn(reading),
                     .rules = {},
+                    .lines = {},
+                    .mods = {},
                     .help = std::nullopt};
     reading.parsed("fill", fillSize, options.fill);
     reading.parsed("rules", &RuleManner::parse, options.rules);
+    reading.parsed("lines", &LineManners::parse, options.lines);
+    reading.parsed("mods", &ModManner::parse, options.mods);
     if (reading.isSet("help"))
         options.help = reading.help();
     if (!reading.fault().empty())

@@ -5,10 +5,13 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <QStringList>
 
 #include "Fill/FillSize.h"
+#include "MeetingRoom.h"
+#include "ModRoom.h"
 #include "RuleChain.h"
 #include "Service/Misbehaviour.h"
 
@@ -22,6 +25,8 @@ struct Options {
     std::chrono::milliseconds live{0}; ///< after how long another moment comes; 0: none comes
     Misbehaviour misbehaviour;
     RuleManner rules;                ///< how it answers about them
+    std::vector<LineManner> lines;   ///< what happens to them
+    ModManner mods;                  ///< how it answers about them
     std::optional<std::string> help; ///< to be printed in place of all else
 
     /// The options in the program's words, the program's name first, or a sentence about what is

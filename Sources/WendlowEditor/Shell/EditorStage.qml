@@ -105,6 +105,7 @@ FocusScope {
                 anchors.topMargin: bar.height
                 margin: stage.margin
                 column: stage.column
+                over: stage
                 trying: stage.root.trying
                 waitingWords: stage.root.waitingWords
                 onTriedAgain: stage.root.tryAgain()

@@ -2,18 +2,24 @@
 
 #include <QJsonDocument>
 
+#include <utility>
+
 #include <fmt/format.h>
 
 namespace wendlow::testing {
 
 void RunningGateway::start(const std::string& replies, const std::string& rules) {
-    kill();
-    std::vector<std::string> arguments{"--store", store().string(), "--fill",
-                                       fill,      "--replies",      replies};
-    arguments.insert(arguments.end(), options.begin(), options.end());
+    std::vector<std::string> options{"--replies", replies};
     if (!rules.empty())
-        arguments.insert(arguments.end(), {"--rules", rules});
-    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
+        options.insert(options.end(), {"--rules", rules});
+    startWith(std::move(options));
+}
+
+void RunningGateway::startWith(std::vector<std::string> options) {
+    kill();
+    options.insert(options.end(), {"--store", store().string(), "--fill", fill});
+    options.insert(options.end(), more.begin(), more.end());
+    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, options);
 }
 
 std::filesystem::path RunningGateway::store() const {

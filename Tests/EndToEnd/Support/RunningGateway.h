@@ -21,8 +21,10 @@ public:
     /// Starts it in place of the one that runs, with a day's memories unless it has some already.
     /// `rules`: what is wrong with them, if anything.
     void start(const std::string& replies = "answer", const std::string& rules = "");
-    std::string fill = "day";         ///< what it begins with
-    std::vector<std::string> options; ///< more of them
+    /// The same, with these options.
+    void startWith(std::vector<std::string> options);
+    std::string fill = "day";      ///< what it begins with
+    std::vector<std::string> more; ///< options, with each start
     /// Takes messages and does nothing about them.
     void wedge() const { m_process->wedge(); }
     void kill() { m_process.reset(); }

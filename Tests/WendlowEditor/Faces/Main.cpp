@@ -119,6 +119,16 @@ public:
         QAccessibleInterface* const found = find(item, name);
         return found ? QPointF(found->rect().center() - item->window()->position()) : QPointF();
     }
+    /// The same of what stands in another thing.
+    Q_INVOKABLE static QPointF middleOf(QQuickItem* item, const QString& outer,
+                                        const QString& name) {
+        QAccessibleInterface* const found =
+            walk(QAccessible::queryAccessibleInterface(item->window()), [&](auto& child) {
+                return child.text(QAccessible::Name) == name && child.parent() &&
+                       child.parent()->text(QAccessible::Name) == outer;
+            });
+        return found ? QPointF(found->rect().center() - item->window()->position()) : QPointF();
+    }
     /// How far the lines of the open menu are indented.
     Q_INVOKABLE static QList<int> indents(QQuickItem* item) {
         QList<int> all;
@@ -130,9 +140,51 @@ public:
     void listen(QQmlEngine& engine) { m_warnings.listen(engine); }
     void keep() {
         for (QObject* const mine :
-             {static_cast<QObject*>(&m_scriptedRoot), static_cast<QObject*>(&m_host),
-              static_cast<QObject*>(&m_refusedHost)})
+             {static_cast<QObject*>(&m_scriptedRoot), static_cast<QObject*>(&m_ledgerRoot),
+              static_cast<QObject*>(&m_host), static_cast<QObject*>(&m_refusedHost)})
             QQmlEngine::setObjectOwnership(mine, QQmlEngine::CppOwnership);
+    }
+    /// A window over a store with meetings and mods, at this face.
+    Q_INVOKABLE wendlow::EditorRoot* ledger(const QString& face) {
+        m_ledger.meeting.asked.clear();
+        m_ledger.meeting.loaded = true;
+        m_ledger.meeting.list.emplace();
+        for (const char* const title : {"Atlas", "Budget", "Council"})
+            m_ledger.meeting.list->push_back({.id = title, .title = title, .lines = 3});
+        EditorModRun run{.mod = "sweep", .outcome = EditorRunOutcome::of("ok")};
+        run.report = std::string(4000, 'x') + " the end";
+        EditorModRun bare{.mod = "sweep", .outcome = EditorRunOutcome::of("authFailure")};
+        m_ledger.mod.board = EditorModsBoard{
+            .mods = {{.slug = "sweep", .files = {"mod.md"}}}, .rejected = {}, .runs = {run, bare}};
+        m_ledger.tell();
+        for (const EditorFace other :
+             {EditorFace::memory, *EditorFaces::fromText(face.toStdString())})
+            m_ledgerRoot.setFace(other);
+        return &m_ledgerRoot;
+    }
+    Q_INVOKABLE QStringList asked() {
+        QStringList all;
+        for (const std::string& each : m_ledger.meeting.asked)
+            all.append(QString::fromStdString(each));
+        return all;
+    }
+    /// The transcript that is waited for has so many lines.
+    Q_INVOKABLE void answerTranscript(int lines) {
+        m_said = EditorTranscript();
+        for (int at = 0; at < lines; ++at)
+            m_said.lines.push_back({.id = at,
+                                    .speaker = "Mara",
+                                    .text = "Line " + std::to_string(at),
+                                    .witness = "w"});
+        m_ledger.meeting.answer(m_said);
+    }
+    /// The line of this row has been deleted.
+    Q_INVOKABLE void answerDelete(int row) {
+        m_said = m_said.removing(row);
+        m_ledger.meeting.answerDelete(EditorLineDeleteCase::Deleted{m_said});
+    }
+    Q_INVOKABLE void refuseDelete() {
+        m_ledger.meeting.answerDelete(EditorLineDeleteCase::Failed{"gone"});
     }
     /// A window over a store that cannot give why and body, with a memory opened.
     Q_INVOKABLE wendlow::EditorRoot* withoutDetails() {
@@ -187,6 +239,9 @@ private:
     EditorHost m_refusedHost{m_refused};
     testing::ScriptedStore m_scripted;
     EditorRoot m_scriptedRoot{m_scripted};
+    testing::ScriptedStore m_ledger;
+    EditorRoot m_ledgerRoot{m_ledger};
+    EditorTranscript m_said;
 };
 
 class Setup : public QObject {

@@ -66,7 +66,7 @@ Item {
             tryVerify(() => said("ListItem").some(line => /^doing, \d+\*$/.test(line)));
             says("StaticText", "Showing 50 of 273 — scroll the flat list for the rest.");
             verify(bench.press(face, "Mods, 0") || bench.press(face, "Mods"));
-            says("StaticText", "This surface isn’t wired to your real data yet.");
+            says("StaticText", "This world models no mods. Switch to your real data to see the registry.");
             everythingIsNamed();
         }
 

@@ -219,7 +219,33 @@ TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
                         answer);
         EXPECT_EQ(result, outcome);
         EXPECT_EQ(live.store->generation(), std::holds_alternative<Case::Deleted>(outcome) ? 1 : 0);
+        EXPECT_FALSE(live.client->isWaiting()) << "a list that is not known is not read again";
     }
+}
+
+TEST_F(LiveStore, CountsTheLinesOfItsMeetingsAgainWhereOneHasGone) {
+    open();
+    const auto lines = [this](int count) {
+        return AnswerCase::Text{"- m · today · 1 h · Ada · " + std::to_string(count) + " lines"};
+    };
+    const auto shown = [this] { return (*store->meetings().meetings())[0].lines; };
+    const AnswerCase::LineDelete gone{LineDeleteOutcome::deleted};
+    std::optional<EditorLineDelete> first, second;
+    const auto one = keep(store->meetings().deleteLine("m", 5, "w"), first);
+    answer("deleteUtterance", gone);
+    answer("meetingTranscript", AnswerCase::Transcript());
+    EXPECT_TRUE(first) << "nobody waits for the list";
+    EXPECT_EQ(shown(), 3);
+    EXPECT_TRUE(store->meetings().meetingsLoaded());
+    // Another line goes while the list is on its way: that one counts it still.
+    const auto two = keep(store->meetings().deleteLine("m", 6, "w"), second);
+    answer("meetingList", lines(2));
+    EXPECT_EQ(shown(), 2);
+    answer("deleteUtterance", gone);
+    answer("meetingTranscript", AnswerCase::Transcript());
+    answer("meetingList", lines(1));
+    EXPECT_EQ(shown(), 1);
+    EXPECT_FALSE(client->isWaiting());
 }
 
 TEST_F(LiveStore, WriteAndReadAgainWhatTheWriteMoved) {
