@@ -59,6 +59,16 @@ void PracticeGateway::answerRules(RuleManner manner) {
     m_rooms->rules().setManner(manner);
 }
 
+void PracticeGateway::meddleWithLines(std::vector<LineManner> manners) {
+    m_lane.waitForDone();
+    m_rooms->meetings().setManners(std::move(manners));
+}
+
+void PracticeGateway::answerMods(ModManner manner) {
+    m_lane.waitForDone();
+    m_rooms->mods().setManner(manner);
+}
+
 QCoro::Task<GatewayResponse> PracticeGateway::handle(GatewayRequest request) {
     const auto shutDown = isShutdown(request) ? m_hooks.shutDown : nullptr;
     const QFuture<GatewayResponse> future = QtConcurrent::run(

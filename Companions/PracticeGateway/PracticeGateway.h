@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <QThreadPool>
 
@@ -14,6 +15,8 @@
 #include "DayManner.h"
 #include "Fill/FillSize.h"
 #include "GatewayEvent.h"
+#include "MeetingRoom.h"
+#include "ModRoom.h"
 #include "RuleChain.h"
 
 namespace wendlow {
@@ -45,13 +48,17 @@ public:
     /// Fills an empty database; in any other the days that were filled go on to now. Before the
     /// first request. The error is a sentence.
     std::expected<void, std::string> fill(FillSize size);
-    /// The day goes on by the time that has passed since the last call. Whatever is asked behind it
-    /// knows of it.
+    /// The day goes on by the time that has passed since the last call, and one more moment comes.
+    /// Whatever is asked behind it knows of it.
     void passTime();
     /// How it answers about rules. Before the first request.
     void answerRules(RuleManner manner);
     /// How it answers about days. Before the first request.
     void answerDays(DayManner manner);
+    /// What happens to lines of meetings that are to be deleted. Before the first request.
+    void meddleWithLines(std::vector<LineManner> manners);
+    /// How it answers about mods. Before the first request.
+    void answerMods(ModManner manner);
 
     /// The calling thread needs an event loop; it gets the answer.
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;

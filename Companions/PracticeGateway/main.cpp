@@ -53,6 +53,8 @@ int main(int count, char** words) {
             return complain(couldNotStart, filled.error());
     (*gateway)->answerRules(options->rules);
     (*gateway)->answerDays(options->days);
+    (*gateway)->meddleWithLines(options->lines);
+    (*gateway)->answerMods(options->mods);
     GatewayService service(*gateway, bus, options->misbehaviour);
     face = &service;
     QTimer clock;

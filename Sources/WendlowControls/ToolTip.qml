@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 T.ToolTip {
     id: tip
 
-    property int widest: 480
+    property int widest: Theme.scaled(480)
     // Begins where its parent does, and not in its middle.
     property bool leading: false
 

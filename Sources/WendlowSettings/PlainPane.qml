@@ -20,7 +20,7 @@ ScrollPage {
     }
     Card {
         width: parent.width
-        height: 120
+        height: Theme.scaled(120)
 
         EmptyState {
             anchors.centerIn: parent

@@ -86,3 +86,5 @@ QString SettingsRoot::footer() {
 }
 
 } // namespace wendlow
+
+#include "moc_SettingsRoot.cpp"

@@ -52,7 +52,7 @@ void EditorSnapshots::take() {
     m_worlds.switchWorld(before);
 }
 
-void EditorSnapshots::takeAtWidth(const QString& suffix) {
+void EditorSnapshots::takeSome(const QString& suffix) {
     const EditorWorld before = m_worlds.world();
     m_host.setPosing(true);
     m_suffix = suffix;
@@ -65,6 +65,10 @@ void EditorSnapshots::takeAtWidth(const QString& suffix) {
 }
 
 void EditorSnapshots::save(const char* state, Focus focus) {
+    constexpr int longestWait = 5000;
+    for (const QDeadlineTimer limit(longestWait);
+         !root().openFace()->isStill() && !limit.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
     m_save(QStringLiteral("editor-") + QLatin1String(state) + m_suffix, focus);
 }
 

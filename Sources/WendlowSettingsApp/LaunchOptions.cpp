@@ -22,6 +22,15 @@ std::optional<PixelSize> pixelSize(std::string_view text) {
     return size;
 }
 
+/// "1.5"; nothing for what is no number, or one that the windows do not stand.
+std::optional<double> scaleOf(std::string_view text) {
+    double scale = 0;
+    const char* const end = std::to_address(text.end());
+    const auto read = std::from_chars(std::to_address(text.begin()), end, scale);
+    const bool isRead = read.ec == std::errc() && read.ptr == end;
+    return isRead && scale >= 1 && scale <= 2 ? std::optional(scale) : std::nullopt;
+}
+
 } // namespace
 
 std::expected<LaunchOptions, std::string>
@@ -41,6 +50,11 @@ LaunchOptions::parse(std::span<const std::string> arguments) {
             options.size = next == arguments.end() ? std::nullopt : pixelSize(*next);
             if (!options.size)
                 return std::unexpected("--size needs a size such as 1280x800");
+            argument = next;
+        } else if (*argument == "--text-scale") {
+            options.textScale = next == arguments.end() ? std::nullopt : scaleOf(*next);
+            if (!options.textScale)
+                return std::unexpected("--text-scale needs a number from 1 to 2 such as 1.5");
             argument = next;
         }
     }

@@ -1,5 +1,6 @@
 #include "Appearance.h"
 #include "BusPulse.h"
+#include "ExportedScreens.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
 #include "SessionBus.h"
@@ -48,14 +49,15 @@ int takeSnapshots(const LaunchOptions& options) {
     DistributedNotificationCenter silent;
     SettingsApplication application(
         {.followLooks =
-             [](ThemeSource& looks, WindowFactory::Darkness darkness) {
+             [&options](ThemeSource& looks, WindowFactory::Darkness darkness) {
                  looks.setReduceMotion(true);
+                 looks.setTextScale(options.textScale.value_or(1));
                  looks.setDark(darkness == WindowFactory::Darkness::always);
              },
          .notifications = silent,
          .setupLog = [](const std::string&) {},
          .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())});
-    return Snapshots(application, *options.snapshots, options.size).take();
+    return Snapshots(application, options).take();
 }
 
 /// The toolkit asks the session bus for a screen reader as its application object is made, and
@@ -121,14 +123,19 @@ int runApplication(const LaunchOptions& options) {
     bus.dial();
     SettingsApplication application(
         {.followLooks =
-             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                 SystemLooks::follow(appearance, looks, darkness);
+             [&appearance, &options](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 SystemLooks::follow(appearance, looks, darkness, options.textScale);
              },
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
          .client = std::make_shared<XPCClient>()});
     QObject::connect(&gateway, &GatewayPresence::came, &application,
                      [&application] { application.models().daemonCame(); });
+    // Pictures that were written for other programs are there for as long as this runs.
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &application, [] {
+        if (const auto screens = ExportedScreens::live())
+            screens->clear();
+    });
     return TerminationSignals::leave(show(application, options));
 }
 

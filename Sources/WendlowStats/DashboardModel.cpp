@@ -216,3 +216,5 @@ void DashboardModel::lookAtClock() {
 }
 
 } // namespace wendlow
+
+#include "moc_DashboardModel.cpp"

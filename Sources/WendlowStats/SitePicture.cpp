@@ -21,3 +21,5 @@ QImage SitePicture::draw(QSizeF size, qreal pixelRatio) const {
 }
 
 } // namespace wendlow
+
+#include "moc_SitePicture.cpp"

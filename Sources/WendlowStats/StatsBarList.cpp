@@ -55,3 +55,5 @@ QHash<int, QByteArray> StatsBarList::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_StatsBarList.cpp"

@@ -18,3 +18,5 @@ QString StatsFigure::at(double part) const {
 }
 
 } // namespace wendlow
+
+#include "moc_StatsFigure.cpp"

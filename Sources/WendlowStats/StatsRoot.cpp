@@ -209,3 +209,5 @@ QVariantList StatsRoot::band() {
 }
 
 } // namespace wendlow
+
+#include "moc_StatsRoot.cpp"

@@ -11,9 +11,9 @@ using Arguments = std::vector<std::string>;
 using WindowDoor::Pane;
 
 TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
-    const auto options = LaunchOptions::parse(
-        Arguments{"--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb",
-                  "--first-frame", "--snapshots", "out", "--size", "1280x800"});
+    const auto options = LaunchOptions::parse(Arguments{
+        "--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb", "--first-frame",
+        "--snapshots", "out", "--size", "1280x800", "--text-scale", "1.5"});
     ASSERT_TRUE(options.has_value());
     LaunchOptions expected;
     EXPECT_EQ(LaunchOptions::parse(Arguments{}), expected);
@@ -21,6 +21,7 @@ TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
     expected.firstFrame = true;
     expected.snapshots = "out";
     expected.size = PixelSize{1280, 800};
+    expected.textScale = 1.5;
     EXPECT_EQ(*options, expected);
 }
 
@@ -33,6 +34,11 @@ TEST(LaunchOptions, RefusesWhatItCannotDoInWords) {
         EXPECT_EQ(LaunchOptions::parse(Arguments{"--size", size}),
                   std::unexpected("--size needs a size such as 1280x800"))
             << size;
+    EXPECT_FALSE(LaunchOptions::parse(Arguments{"--text-scale"}).has_value());
+    for (const char* scale : {"big", "0.9", "2.1", "1,5", "nan", ""})
+        EXPECT_EQ(LaunchOptions::parse(Arguments{"--text-scale", scale}),
+                  std::unexpected("--text-scale needs a number from 1 to 2 such as 1.5"))
+            << scale;
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "MeetingRoom.h"
 
 #include <algorithm>
+#include <iterator>
+#include <ranges>
 #include <utility>
 
 #include <fmt/format.h>
@@ -54,6 +56,24 @@ bool holds(std::string_view text, std::string_view lowerCasedWord) {
 }
 
 } // namespace
+
+std::expected<std::vector<LineManner>, std::string> LineManners::parse(std::string_view words) {
+    static constexpr std::pair<std::string_view, LineManner> ways[] = {
+        {"stay", LineManner::stay},
+        {"change", LineManner::change},
+        {"move", LineManner::move},
+        {"go", LineManner::go},
+        {"twin", LineManner::twin}};
+    std::vector<LineManner> manners;
+    for (const auto piece : std::views::split(words, ',')) {
+        const std::string_view word(piece.begin(), piece.end());
+        const auto way = std::ranges::find(ways, word, [](const auto& each) { return each.first; });
+        if (way == std::end(ways))
+            return std::unexpected(std::string(word));
+        manners.push_back(way->second);
+    }
+    return manners;
+}
 
 std::string_view MeetingRoom::schema() {
     return tables;
@@ -215,6 +235,8 @@ GatewayResponse MeetingRoom::answer(const ReadCase::MeetingLive& /*request*/) {
 
 GatewayResponse MeetingRoom::answer(const ControlCase::DeleteUtterance& request) {
     const auto found = find(request.meeting);
+    if (found)
+        meddle(*found, request.rowid);
     const auto said = found ? lines(found->number) : std::vector<TranscriptLineRow>{};
     const auto line = std::ranges::find(said, request.rowid, &TranscriptLineRow::rowid);
     if (line == said.end())
@@ -226,6 +248,28 @@ GatewayResponse MeetingRoom::answer(const ControlCase::DeleteUtterance& request)
     wordDocument(*found);
     transaction.commit();
     return AnswerCase::LineDelete{LineDeleteOutcome::deleted};
+}
+
+/// What is to happen to the row before it is deleted.
+void MeetingRoom::meddle(const Found& found, std::int64_t row) {
+    const LineManner manner = m_manners.empty() ? LineManner::stay : m_manners.front();
+    if (m_manners.size() > 1)
+        m_manners.erase(m_manners.begin());
+    if (manner == LineManner::stay)
+        return;
+    PracticeDatabase& database = m_documents.database();
+    Transaction transaction(database);
+    if (manner == LineManner::change)
+        database.run("UPDATE utterances SET text = text || ' — or so.' WHERE line = ?", row);
+    const int copies = manner == LineManner::move ? 1 : manner == LineManner::twin ? 2 : 0;
+    for (int copy = 0; copy < copies; ++copy)
+        database.run("INSERT INTO utterances(number, speaker, at, text) "
+                     "SELECT number, speaker, at, text FROM utterances WHERE line = ?",
+                     row);
+    if (manner != LineManner::change)
+        database.run("DELETE FROM utterances WHERE line = ?", row);
+    wordDocument(found);
+    transaction.commit();
 }
 
 /// What can be searched for is what was said and is still there.

@@ -59,6 +59,7 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
 std::expected<void, std::string> PracticeRooms::passTime() try {
     Transaction transaction(*m_database);
     DaysGoOn(m_ledger, m_clock).pass();
+    WorkFill(m_documents, m_ledger, m_moments, m_meetings, m_keep, m_clock).addMoment();
     transaction.commit();
     return {};
 } catch (const std::exception& error) {

@@ -41,8 +41,8 @@ public:
     /// but that days that were filled once go on to now.
     std::expected<void, std::string> fill(FillSize size);
 
-    /// The last filled day goes on by the time that has passed since the last call. The error
-    /// is a sentence.
+    /// The last filled day goes on by the time that has passed since the last call, and one more
+    /// moment comes. The error is a sentence.
     std::expected<void, std::string> passTime();
 
     /// Every room, for the dispatch.
@@ -53,6 +53,8 @@ public:
     }
     DocumentStore& documents() { return m_documents; }
     RuleRoom& rules() { return m_rules; }
+    ModRoom& mods() { return m_mods; }
+    MeetingRoom& meetings() { return m_meetings; }
 
 private:
     void fillState();

@@ -27,7 +27,6 @@ public:
     void show(const FaceView& view) override;
     void reveal(const FoundHit& found, EditorAsk& ask) override;
     std::optional<std::int64_t> railCount() const override;
-    FacePictures pictures() override;
 
     QString words() const;
     bool gaveUp() const { return m_store.storeError().has_value(); }

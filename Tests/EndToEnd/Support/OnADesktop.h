@@ -23,10 +23,10 @@ protected:
     /// tell, and has no name. A scroll bar tells by its value.
     QStringList nameless(const QString& title) const {
         using namespace Qt::StringLiterals;
-        static const QStringList telling{u"push button"_s,  u"toggle button"_s, u"check box"_s,
-                                         u"radio button"_s, u"page tab"_s,      u"list item"_s,
-                                         u"menu item"_s,    u"heading"_s,       u"label"_s,
-                                         u"text"_s,         u"alert"_s,         u"list"_s};
+        static const QStringList telling{
+            u"push button"_s, u"toggle button"_s, u"check box"_s,  u"radio button"_s, u"page tab"_s,
+            u"list item"_s,   u"menu item"_s,     u"heading"_s,    u"label"_s,        u"text"_s,
+            u"alert"_s,       u"list"_s,          u"popup menu"_s, u"dialog"_s};
         QStringList roles;
         const auto window = application->window(title);
         for (const Accessible& thing : window->all([](const Accessible& each) {
