@@ -105,9 +105,9 @@ FocusScope {
         else
             cells.step(steps[event.key]);
     }
-    Keys.onReturnPressed: cells.face.open(cells.grid.current)
-    Keys.onEnterPressed: cells.face.open(cells.grid.current)
-    Keys.onSpacePressed: cells.face.open(cells.grid.current)
+    Keys.onReturnPressed: cells.face.openMoment(cells.grid.current)
+    Keys.onEnterPressed: cells.face.openMoment(cells.grid.current)
+    Keys.onSpacePressed: cells.face.openMoment(cells.grid.current)
 
     Connections {
         target: cells.grid
@@ -202,7 +202,7 @@ FocusScope {
                 ringed: cell.activeFocus && cell.current && LastInput.byKey
                 onPressed: {
                     cells.go(cell.place);
-                    cells.face.open(cell.place);
+                    cells.face.openMoment(cell.place);
                 }
             }
             onItemAdded: cells.find()

@@ -151,7 +151,7 @@ bool MomentsFaceModel::isStill() const {
     return m_held.size() == 0 || (m_room.isStill() && !m_lightbox.isWaiting());
 }
 
-void MomentsFaceModel::open(int place) {
+void MomentsFaceModel::openMoment(int place) {
     if (place >= 0 && place < m_grid.count())
         m_lightbox.show(m_grid.moment(place));
 }

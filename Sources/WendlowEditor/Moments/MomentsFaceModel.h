@@ -61,7 +61,7 @@ public:
     bool isStill() const override;
 
     /// Opens the moment of this place large.
-    Q_INVOKABLE void open(int place);
+    Q_INVOKABLE void openMoment(int place);
     /// Reads on as far as there is to read, and brings the last moment into sight.
     Q_INVOKABLE void goToEnd();
     /// The way there is not gone on with.

@@ -410,10 +410,10 @@ TEST_F(Face, isNotHarmedByBytesThatAreNoPicture) {
 TEST_F(Face, opensOneLargeAndClosesIt) {
     settle(moments(0, 60));
     MomentLightbox& box = *model.lightbox();
-    model.open(-1);
-    model.open(60);
+    model.openMoment(-1);
+    model.openMoment(60);
     EXPECT_FALSE(box.isOpen() || model.isModal() || model.back());
-    model.open(3);
+    model.openMoment(3);
     EXPECT_TRUE(model.isModal() && box.isTextCard());
     EXPECT_EQ(box.badge(), u"Codex");
     EXPECT_EQ(box.title(), u"Number 3");
@@ -425,7 +425,7 @@ TEST_F(Face, opensOneLargeAndClosesIt) {
     box.wentAway();
     EXPECT_EQ(box.title(), u"");
 
-    model.open(0);
+    model.openMoment(0);
     EXPECT_TRUE(box.isWaiting()) << "its picture has not come";
     EXPECT_EQ(box.pictureWords(), u"Reading the picture…");
     box.openPicture();
@@ -442,7 +442,7 @@ TEST_F(Face, givesThePictureToAnotherProgram) {
     MomentLightbox& box = *model.lightbox();
     for (const char* const format : {"PNG", "JPEG"}) {
         tiles.come(0, encoded({320, 200}, format));
-        model.open(0);
+        model.openMoment(0);
         ASSERT_TRUE(soon([&] { return box.isReady(); }));
         box.openPicture();
         ASSERT_TRUE(soon([&] { return !box.isOpening(); }));
