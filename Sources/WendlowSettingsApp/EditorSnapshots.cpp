@@ -4,6 +4,7 @@
 #include "UnimplementedGateway.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QQuickWindow>
 

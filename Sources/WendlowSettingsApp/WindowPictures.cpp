@@ -61,7 +61,8 @@ void takeStats(const PictureSession& session, WindowModels& models) {
         session.save(name, PictureSession::Focus::away);
     });
     snapshots.take();
-    if (session.sizeIsGiven)
+    withLargerWords(session, [&](const QString& suffix) { snapshots.takeAtSize(suffix); });
+    if (session.isAsGiven)
         return;
     const QSize own = session.window.size();
     for (const QSize size : {QSize(560, 420), QSize(560, 1280), QSize(1600, 1000)}) {

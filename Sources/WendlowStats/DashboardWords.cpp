@@ -13,7 +13,7 @@ namespace wendlow::Dashboard {
 namespace {
 
 constexpr std::int64_t minute = 60;
-constexpr std::int64_t hour = 3600;
+constexpr std::int64_t anHour = 3600;
 
 QString number(std::int64_t value) {
     return QString::number(value);
@@ -34,10 +34,10 @@ bool hasTime(std::int64_t active) {
 } // namespace
 
 QString dashTime(std::int64_t seconds) {
-    if (seconds < hour)
+    if (seconds < anHour)
         return number(seconds / minute) + u'm';
-    const QString hours = number(seconds / hour) + u'h';
-    const std::int64_t over = seconds % hour;
+    const QString hours = number(seconds / anHour) + u'h';
+    const std::int64_t over = seconds % anHour;
     return over < minute ? hours : hours + u' ' + number(over / minute) + u'm';
 }
 
@@ -48,8 +48,8 @@ QString exactTime(std::int64_t seconds) {
         return number(std::abs(of > 0 ? count % of : count));
     };
     QStringList parts;
-    if (std::abs(seconds / hour) > 0)
-        parts.append(part(hour, 0) + u'h');
+    if (std::abs(seconds / anHour) > 0)
+        parts.append(part(anHour, 0) + u'h');
     if (seconds / minute % minute != 0)
         parts.append(part(minute, minute) + u'm');
     if (seconds % minute != 0 || parts.isEmpty())

@@ -96,16 +96,16 @@ TEST_F(Exported, areNotWrittenThroughWhatIsNoFolderOfOnesOwn) {
 TEST_F(Exported, areWholeOrNotThereOnADiskThatIsFull) {
     const std::vector<std::string> write = {"write", folder.string(), "300000"};
     const fs::path picture = folder / "moment-7-Awindow.png";
-    const auto calls = runFaulty(WENDLOW_RESOURCES_PROGRAM, write, {.root = folder.string()}).calls;
+    FaultyProgram program(WENDLOW_RESOURCES_PROGRAM, write);
+    const auto calls = program.run({.root = folder.string()}).calls;
     ASSERT_THAT(calls, ::testing::Contains(HasSubstr("write")));
     const auto before = get(picture);
     int refused = 0;
     for (std::size_t at = 1; at <= calls.size(); ++at) {
-        const auto run = runFaulty(WENDLOW_RESOURCES_PROGRAM, write,
-                                   {.root = folder.string(),
-                                    .at = static_cast<long>(at),
-                                    .error = "ENOSPC",
-                                    .lasting = DiskFault::Lasting::persistent});
+        const auto run = program.run({.root = folder.string(),
+                                      .at = static_cast<long>(at),
+                                      .error = "ENOSPC",
+                                      .lasting = DiskFault::Lasting::persistent});
         EXPECT_THAT(run.out, AnyOf(picture.string(), HasSubstr(": No space left on device")))
             << calls[at - 1];
         refused += run.out == picture.string() ? 0 : 1;
@@ -211,16 +211,16 @@ TEST_F(Senko, isSeededOnceAndAgainWhereItIsNotWhole) {
 }
 
 TEST_F(Senko, isWholeOrNotThereWhateverTheDiskDoes) {
-    const auto calls = runFaulty(WENDLOW_RESOURCES_PROGRAM, seeding(), {.root = support.string()});
+    FaultyProgram program(WENDLOW_RESOURCES_PROGRAM, seeding());
+    const auto calls = program.run({.root = support.string()});
     ASSERT_EQ(calls.out, "seeded");
     for (const char* const kill : {"before", "after", ""}) {
         for (std::size_t at = 1; at <= calls.calls.size(); ++at) {
             fs::remove_all(support);
-            const auto run = runFaulty(WENDLOW_RESOURCES_PROGRAM, seeding(),
-                                       {.root = support.string(),
-                                        .at = static_cast<long>(at),
-                                        .error = "ENOSPC",
-                                        .kill = kill});
+            const auto run = program.run({.root = support.string(),
+                                          .at = static_cast<long>(at),
+                                          .error = "ENOSPC",
+                                          .kill = kill});
             const std::string told = fmt::format("{} {}", kill, calls.calls[at - 1]);
             if (fs::exists(target))
                 EXPECT_EQ(get(target / "more/index"), "four") << told;

@@ -14,7 +14,7 @@ FacePictures MomentsFaceModel::pictures() {
         return [this, textCard] {
             for (int place = 0; place < m_grid.count(); ++place)
                 if (m_grid.moment(place).drawsTextCard() == textCard) {
-                    open(place);
+                    openMoment(place);
                     return;
                 }
         };

@@ -225,7 +225,7 @@ TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
 
 TEST_F(LiveStore, CountsTheLinesOfItsMeetingsAgainWhereOneHasGone) {
     open();
-    const auto lines = [this](int count) {
+    const auto lines = [](int count) {
         return AnswerCase::Text{"- m · today · 1 h · Ada · " + std::to_string(count) + " lines"};
     };
     const auto shown = [this] { return (*store->meetings().meetings())[0].lines; };
