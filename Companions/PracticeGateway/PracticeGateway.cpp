@@ -1,6 +1,7 @@
 #include "PracticeGateway.h"
 
 #include <exception>
+#include <tuple>
 #include <utility>
 
 #include <QCoroFuture>
@@ -46,7 +47,10 @@ std::expected<void, std::string> PracticeGateway::fill(FillSize size) {
 
 void PracticeGateway::passTime() {
     // A database that went bad is told to whoever asks next.
-    m_lane.start([this] { static_cast<void>(m_rooms->passTime()); });
+    m_lane.start([this] {
+        std::ignore = m_rooms->passTime();
+        std::ignore = m_rooms->addMoment();
+    });
 }
 
 void PracticeGateway::answerDays(DayManner manner) {

@@ -41,7 +41,7 @@ T.TextField {
         field.text = field.value
     onTextEdited: field.typed(field.text)
 
-    cursorDelegate: Caret { field: field }
+    cursorDelegate: Caret { input: field }
 
     background: Rectangle {
         radius: Theme.radiusButton

@@ -45,7 +45,7 @@ T.TextField {
         field.forceActiveFocus(Qt.MouseFocusReason);
     }
 
-    cursorDelegate: Caret { field: field }
+    cursorDelegate: Caret { input: field }
 
     background: Rectangle {
         radius: Theme.radiusButton

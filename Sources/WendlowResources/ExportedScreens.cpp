@@ -150,7 +150,7 @@ std::expected<fs::path, Failure> ExportedScreens::write(std::string_view png, st
     if (const std::string words = reduced(window); !words.empty())
         name += '-' + words;
     name += ".png";
-    const fs::path path = m_folder / name;
+    fs::path path = m_folder / name;
     // All that follows goes by the folder that is held here, though its path came to be another's.
     const Descriptor folder(openFolder(m_folder));
     if (!folder.isOpen())

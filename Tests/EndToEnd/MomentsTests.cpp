@@ -50,8 +50,8 @@ TEST_F(Moments, AreScrolledFromTheNewestToTheOldestAndOpenedInAViewer) {
     const auto seen = desktop.home() / "seen.png";
     const auto told = desktop.home() / "told";
     put(desktop.home() / "bin/xdg-open",
-        "#!/bin/sh\ncp \"$1\" '" + seen.string() + "'\nprintf %s \"$1\" > '" + told.string() +
-            "'\n",
+        "#!/bin/sh\nfile=\"${1#file://}\"\ncp \"$file\" '" + seen.string() +
+            "'\nprintf %s \"$file\" > '" + told.string() + "'\n",
         0755);
     desktop.setVariable(u"PATH"_s, QString::fromStdString((desktop.home() / "bin").string()) +
                                        u':' + desktop.environment().value(u"PATH"_s));

@@ -106,6 +106,9 @@ private:
         if (whole.left() < clip.left() - 1 || whole.right() > clip.right() + 1)
             tell(piece, QStringLiteral("is cut off at the side"));
         for (const QQuickItem* up = item.parentItem(); up; up = up->parentItem()) {
+            // What scrolls may be half in sight.
+            if (up->inherits("QQuickFlickable") && up->clip())
+                break;
             if (!up->inherits("QQuickControl") && !up->inherits("QQuickRectangle"))
                 continue;
             const QRectF ground = up->mapRectToScene(up->boundingRect());

@@ -59,11 +59,19 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
 std::expected<void, std::string> PracticeRooms::passTime() try {
     Transaction transaction(*m_database);
     DaysGoOn(m_ledger, m_clock).pass();
-    WorkFill(m_documents, m_ledger, m_moments, m_meetings, m_keep, m_clock).addMoment();
     transaction.commit();
     return {};
 } catch (const std::exception& error) {
     return std::unexpected(std::string("the day could not go on — ") + error.what());
+}
+
+std::expected<void, std::string> PracticeRooms::addMoment() try {
+    Transaction transaction(*m_database);
+    WorkFill(m_documents, m_ledger, m_moments, m_meetings, m_keep, m_clock).addMoment();
+    transaction.commit();
+    return {};
+} catch (const std::exception& error) {
+    return std::unexpected(std::string("no moment could be added — ") + error.what());
 }
 
 void PracticeRooms::fillState() {

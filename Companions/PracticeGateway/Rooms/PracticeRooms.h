@@ -41,9 +41,11 @@ public:
     /// but that days that were filled once go on to now.
     std::expected<void, std::string> fill(FillSize size);
 
-    /// The last filled day goes on by the time that has passed since the last call, and one more
-    /// moment comes. The error is a sentence.
+    /// The last filled day goes on by the time that has passed since the last call. The error
+    /// is a sentence.
     std::expected<void, std::string> passTime();
+    /// One more moment, of now. The error is a sentence.
+    std::expected<void, std::string> addMoment();
 
     /// Every room, for the dispatch.
     auto all() {

@@ -52,7 +52,7 @@ Overlay {
                 text: transcript.face.openSpan
                 visible: text.length > 0
                 color: Theme.textSecond
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignLeft
             }
             Label {

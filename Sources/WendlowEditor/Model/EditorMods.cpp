@@ -24,6 +24,7 @@ std::string EditorModBehavior::powers() const {
 
 std::vector<std::pair<std::string, std::int64_t>> EditorInstalledMod::filesWithRevs() const {
     std::vector<std::pair<std::string, std::int64_t>> pairs;
+    pairs.reserve(files.size());
     for (const std::string& file : files)
         pairs.emplace_back(file, rev);
     return pairs;

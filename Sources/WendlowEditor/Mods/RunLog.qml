@@ -25,11 +25,22 @@ DisclosureRow {
     // The line of the list says it all.
     Accessible.ignored: true
 
+    // What a label would be wide that is not cut: asked of the label itself, it depends on the answer.
+    TextMetrics {
+        id: whenWhole
+        font: when.font
+        text: run.text
+    }
+    TextMetrics {
+        id: placeWhole
+        font: place.font
+        text: run.lane
+    }
     Label {
         id: when
         x: 8
         y: run.narrow ? Theme.scaled(6) : Math.round((run.height - height) / 2)
-        width: run.narrow ? Math.min(implicitWidth, run.room - count.width - 8) : Theme.scaled(132)
+        width: run.narrow ? Math.min(Math.ceil(whenWhole.advanceWidth) + 1, run.room - count.width - 8) : Theme.scaled(132)
         role: Label.Role.Small
         text: run.text
         elide: Text.ElideRight
@@ -41,7 +52,7 @@ DisclosureRow {
         x: run.narrow ? 8 : when.x + when.width + Theme.space8
         y: run.narrow ? ended.y : when.y
         visible: text.length > 0
-        width: visible ? Math.min(implicitWidth, Math.round(run.room * (run.narrow ? 0.5 : 0.32))) : 0
+        width: visible ? Math.min(Math.ceil(placeWhole.advanceWidth) + 1, Math.round(run.room * (run.narrow ? 0.5 : 0.32))) : 0
         role: Label.Role.Small
         text: run.lane
         color: run.second

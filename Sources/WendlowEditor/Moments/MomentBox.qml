@@ -14,7 +14,7 @@ Lightbox {
 
     readonly property int foot: Math.max(Theme.buttonHeight, Theme.lines[Label.Role.Strong] + Theme.lines[Label.Role.Small]) + 2 * Theme.space12
     readonly property int widest: (box.overlay?.width ?? 980) - 2 * Theme.space48
-    readonly property int tallest: (box.overlay?.height ?? 860) - 2 * Theme.space48 - box.foot - (strip.visible ? strip.height + Theme.space12 : 0)
+    readonly property int tallest: (box.overlay?.height ?? 860) - 2 * Theme.space48 - box.foot
     // As large as fits, and no more than three times what there is of it.
     readonly property size fitting: {
         const own = picture.naturalSize.width > 0 ? picture.naturalSize : Qt.size(320, 200);
@@ -24,11 +24,12 @@ Lightbox {
 
     title: box.lightbox.title.length > 0 ? box.lightbox.title : qsTr("Moment")
     open: box.lightbox.open
-    wanted: box.lightbox.textCard ? Qt.size(Theme.scaled(560), Theme.scaled(420)) : Qt.size(box.fitting.width + 2, box.fitting.height + box.foot + 2 + (strip.visible ? strip.height + Theme.space12 : 0))
+    wanted: box.lightbox.textCard ? Qt.size(Theme.scaled(560), Theme.scaled(420)) : Qt.size(box.fitting.width + 2, box.fitting.height + box.foot + 2)
     scrolls: box.lightbox.textCard ? story : null
     onEscaped: box.lightbox.dismiss()
     onClosed: box.lightbox.wentAway()
 
+    // A refusal takes its room from the picture.
     Rectangle {
         id: ground
         width: parent.width
@@ -97,12 +98,19 @@ Lightbox {
                 }
             }
             Label {
+                id: when
                 width: parent.width
                 role: Label.Role.Small
                 text: box.lightbox.when
                 color: Theme.textSecond
                 elide: Text.ElideRight
                 horizontalAlignment: Text.AlignLeft
+
+                HoverHandler { id: whenPointer }
+                Hint {
+                    text: when.text
+                    wanted: whenPointer.hovered && when.truncated
+                }
             }
         }
         Row {

@@ -150,7 +150,7 @@ FocusScope {
                 width: parent.width - 24
                 role: Label.Role.Title
                 text: cells.face.heading
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignLeft
                 Accessible.role: Accessible.Heading
             }

@@ -21,7 +21,7 @@ void MomentLayout::add(const HeldMoments& held, std::size_t from) {
         const std::int64_t day = m_dayOf(held[place]);
         auto at = std::ranges::lower_bound(m_days, day, std::greater(), &Day::day);
         if (at == m_days.end() || at->day != day)
-            at = m_days.insert(at, {.day = day});
+            at = m_days.insert(at, {.day = day, .places = {}});
         at->places.push_back(static_cast<std::uint32_t>(place));
         m_dayPlaces.push_back(day);
     }
@@ -83,8 +83,9 @@ MomentLayout::Spot MomentLayout::spot(std::size_t shown) const {
     const Day& day = m_days[dayOfShown(shown)];
     const auto columns = static_cast<std::size_t>(m_measures.columns);
     const std::size_t at = shown - day.first;
+    const std::size_t row = at / columns;
     return {.column = static_cast<int>(at % columns),
-            .top = day.top + static_cast<double>(at / columns) * rowPitch()};
+            .top = day.top + static_cast<double>(row) * rowPitch()};
 }
 
 std::size_t MomentLayout::firstBelow(double y) const {

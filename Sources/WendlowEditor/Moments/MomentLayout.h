@@ -69,9 +69,9 @@ public:
 private:
     struct Day {
         std::int64_t day = 0;
-        std::vector<std::uint32_t> places = {}; ///< among those held, rising
-        std::size_t first = 0;                  ///< in the order shown
-        double top = 0;                         ///< of its first row
+        std::vector<std::uint32_t> places; ///< among those held, rising
+        std::size_t first = 0;             ///< in the order shown
+        double top = 0;                    ///< of its first row
     };
 
     void place();

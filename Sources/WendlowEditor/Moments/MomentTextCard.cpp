@@ -79,7 +79,7 @@ bool MomentTextCard::isSessionID(std::string_view text) {
 }
 
 QString MomentTextCard::title(const EditorMoment& moment) {
-    const QString own = RowText::plain(moment.title).trimmed();
+    QString own = RowText::plain(moment.title).trimmed();
     if (!own.isEmpty() && !isSessionID(own.toStdString()))
         return own;
     return QStringLiteral("Session at %1").arg(time(moment.at));

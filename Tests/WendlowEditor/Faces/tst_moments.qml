@@ -41,8 +41,8 @@ Item {
         }
 
         function test_aScreenReaderFindsTheDaysAndTheirMoments(): void {
-            tryVerify(() => said("Heading").length > 1);
-            verify(said("Heading")[0].startsWith("Friday, November 20"), said("Heading")[0]);
+            tryVerify(() => said("Heading").length > 0);
+            verify(/^Friday, (20 November|November 20)/.test(said("Heading")[0]), said("Heading")[0]);
             says("StaticText", "400 moments in all");
             says("List", "Moments");
             verify(said("ListItem")[0].endsWith(" on screen, " + focused().time + "*"), said("ListItem")[0]);

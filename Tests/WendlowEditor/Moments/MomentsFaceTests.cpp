@@ -311,7 +311,7 @@ TEST_F(Face, noticesMidnight) {
     late.grid()->look(300, 700);
     ASSERT_EQ(late.heading(), u"Today");
     ASSERT_EQ(late.grid()->stickyTitle(), u"Today");
-    ASSERT_TRUE(soon([&] { return late.heading() != u"Today"; }));
+    ASSERT_TRUE(soon([&] { return late.grid()->stickyTitle() != u"Today"; }));
     EXPECT_EQ(late.heading(), DateWords::weekday(DateWords::local(noon).date(),
                                                  DateWords::local(noon).date().addDays(1)));
     EXPECT_EQ(late.grid()->stickyTitle(), late.heading());
