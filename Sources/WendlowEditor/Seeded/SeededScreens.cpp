@@ -52,7 +52,8 @@ public:
         const int right = std::min(left + across, width);
         for (int row = std::max(0, top); row < std::min(top + down, height); ++row)
             for (int column = std::max(0, left); column < right; ++column)
-                m_pixels[static_cast<std::size_t>(row * width + column)] = ink;
+                m_pixels[static_cast<std::size_t>(row) * width + static_cast<std::size_t>(column)] =
+                    ink;
     }
     /// Lines of words.
     void lines(Dice& dice, int left, int top, int across, int bottom, Ink ink) {
@@ -158,7 +159,7 @@ std::string png(const Screen& screen, const Palette& palette) {
     std::string rows;
     for (int row = 0; row < height; ++row) {
         rows += '\0';
-        const auto first = screen.pixels().begin() + row * width;
+        const auto first = screen.pixels().begin() + std::ptrdiff_t{row} * width;
         rows.append(first, first + width);
     }
     std::string file("\x89PNG\r\n\x1a\n", 8);
