@@ -13,7 +13,7 @@ Overlay {
     required property MeetingsFaceModel face
 
     name: transcript.face.openTitle
-    open: transcript.face.modal
+    open: transcript.face.modal // qmllint disable
     onEscaped: transcript.face.dismiss()
 
     FocusScope {

@@ -19,7 +19,7 @@ FacePage {
         x: page.margin
         y: 24
         width: page.column
-        title: page.face.title
+        title: page.face.title // qmllint disable
         trailing: QuietProgress { running: page.trying }
     }
     StateStrip {
@@ -53,7 +53,7 @@ FacePage {
         model: page.face.rows
         stops: page.face.rows
         onActivated: index => page.face.activate(index)
-        Accessible.name: page.face.title
+        Accessible.name: page.face.title // qmllint disable
 
         delegate: ModsRow {
             id: row
@@ -77,12 +77,12 @@ FacePage {
         visible: !list.atYBeginning
     }
     Connections {
-        target: page.face
+        target: page.face // qmllint disable
         function onRevealed(row: int): void {
             list.go(row);
         }
         function onModalChanged(): void {
-            report.wanted = report.wanted || page.face.modal;
+            report.wanted = report.wanted || page.face.modal; // qmllint disable
         }
     }
     // There until it has closed.

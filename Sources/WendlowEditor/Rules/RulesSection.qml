@@ -31,7 +31,7 @@ Item {
     }
     HoverHandler { id: pointer }
     Hint {
-        text: [title, beside].filter(label => label.truncated).map(label => label.text).join("\n")
+        text: (title.truncated ? title.text : "") + (title.truncated && beside.truncated ? "\n" : "") + (beside.truncated ? beside.text : "")
         leading: true
         wanted: pointer.hovered
     }
