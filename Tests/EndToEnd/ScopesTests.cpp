@@ -1,4 +1,5 @@
 #include "Files.h"
+#include "Support/KeyWalk.h"
 #include "Support/OnADesktop.h"
 
 #include <QJsonArray>
@@ -48,8 +49,9 @@ TEST_F(Scopes, AreMappedToFoldersByKeyAlone) {
     EXPECT_TRUE(is("list item", u"/harbour"_s)) << "the board has followed";
     EXPECT_EQ(folders(u"/harbour"_s), QJsonArray{u"/piers"_s});
     // The new scope is the selected one, and the focus is at it.
-    EXPECT_TRUE(is("push button", u"Map folder…"_s));
-    EXPECT_TRUE(eventually([&] { return !application->find(u"dialog"_s, u"New scope"_s); }));
+    const KeyWalk walk(desktop, *application, u"Memories"_s);
+    EXPECT_TRUE(eventually([&] { return walk.focused() == QStringList{u"list item /harbour"_s}; }))
+        << walk.focused().join(u'\n').toStdString();
     desktop.press({u"Tab"_s, u"Return"_s});
     ASSERT_TRUE(is("heading", u"Map a folder to /harbour"_s));
     desktop.press({u"slash"_s});

@@ -1,8 +1,9 @@
 #include "DayManner.h"
 
+#include "WordList.h"
+
 #include <algorithm>
 #include <limits>
-#include <ranges>
 #include <utility>
 #include <variant>
 
@@ -11,19 +12,11 @@
 namespace wendlow {
 
 std::expected<DayManner, std::string> DayManner::parse(std::string_view words) {
-    static constexpr std::pair<std::string_view, bool DayManner::*> ways[] = {
+    static constexpr WordList::Known<bool DayManner::*> ways[] = {
         {"no-times", &DayManner::noTimes},   {"many-apps", &DayManner::manyApps},
         {"negative", &DayManner::negative},  {"enormous", &DayManner::enormous},
         {"odd-names", &DayManner::oddNames}, {"no-pictures", &DayManner::noPictures}};
-    DayManner manner;
-    for (const auto piece : std::views::split(words, ',')) {
-        const std::string_view word(piece.begin(), piece.end());
-        const auto way = std::ranges::find(ways, word, [](const auto& each) { return each.first; });
-        if (way == std::end(ways))
-            return std::unexpected(std::string(word));
-        manner.*(way->second) = true;
-    }
-    return manner;
+    return WordList::switches(words, ways);
 }
 
 void DayManner::changeTime(std::int64_t& seconds) const {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <utility>
 
 #include <fmt/format.h>
@@ -11,6 +10,7 @@
 #include "LocalTime.h"
 #include "MeetingWords.h"
 #include "PlainText.h"
+#include "WordList.h"
 #include "WordQuery.h"
 
 namespace wendlow {
@@ -58,21 +58,12 @@ bool holds(std::string_view text, std::string_view lowerCasedWord) {
 } // namespace
 
 std::expected<std::vector<LineManner>, std::string> LineManners::parse(std::string_view words) {
-    static constexpr std::pair<std::string_view, LineManner> ways[] = {
-        {"stay", LineManner::stay},
-        {"change", LineManner::change},
-        {"move", LineManner::move},
-        {"go", LineManner::go},
-        {"twin", LineManner::twin}};
-    std::vector<LineManner> manners;
-    for (const auto piece : std::views::split(words, ',')) {
-        const std::string_view word(piece.begin(), piece.end());
-        const auto way = std::ranges::find(ways, word, [](const auto& each) { return each.first; });
-        if (way == std::end(ways))
-            return std::unexpected(std::string(word));
-        manners.push_back(way->second);
-    }
-    return manners;
+    static constexpr WordList::Known<LineManner> ways[] = {{"stay", LineManner::stay},
+                                                           {"change", LineManner::change},
+                                                           {"move", LineManner::move},
+                                                           {"go", LineManner::go},
+                                                           {"twin", LineManner::twin}};
+    return WordList::values(words, ways);
 }
 
 std::string_view MeetingRoom::schema() {

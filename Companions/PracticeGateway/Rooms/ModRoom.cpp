@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -11,6 +10,7 @@
 
 #include "FilterText.h"
 #include "ModShelf.h"
+#include "WordList.h"
 
 namespace wendlow {
 namespace {
@@ -68,17 +68,9 @@ std::vector<ModRunEntry> outcomes(const std::string& mod, double now) {
 } // namespace
 
 std::expected<ModManner, std::string> ModManner::parse(std::string_view words) {
-    ModManner manner;
-    for (const auto piece : std::views::split(words, ',')) {
-        const std::string_view word(piece.begin(), piece.end());
-        if (word == "none")
-            manner.none = true;
-        else if (word == "every-outcome")
-            manner.everyOutcome = true;
-        else
-            return std::unexpected(std::string(word));
-    }
-    return manner;
+    static constexpr WordList::Known<bool ModManner::*> ways[] = {
+        {"none", &ModManner::none}, {"every-outcome", &ModManner::everyOutcome}};
+    return WordList::switches(words, ways);
 }
 
 std::string_view ModRoom::schema() {

@@ -13,7 +13,7 @@ Overlay {
     required property MeetingsFaceModel face
 
     name: transcript.face.openTitle
-    open: transcript.face.modal // qmllint disable
+    open: transcript.face.modal
     onEscaped: transcript.face.dismiss()
 
     FocusScope {

@@ -15,7 +15,7 @@ FacePage {
     first: list.count > 0 ? list : null
 
     Connections {
-        target: page.face // qmllint disable
+        target: page.face
         function onRevealed(row: int): void {
             list.go(row);
         }
@@ -29,7 +29,7 @@ FacePage {
         x: page.margin
         y: 24
         width: page.column
-        title: page.face.title // qmllint disable
+        title: page.face.title
         trailing: QuietProgress { running: page.trying }
     }
     Label {
@@ -87,7 +87,7 @@ FacePage {
         focus: true
         model: page.face.rows
         onActivated: index => page.face.openMeeting(index)
-        Accessible.name: page.face.title // qmllint disable
+        Accessible.name: page.face.title
 
         delegate: T.ItemDelegate {
             id: row
@@ -216,10 +216,10 @@ FacePage {
         }
     }
     Connections {
-        target: page.face // qmllint disable
+        target: page.face
         function onModalChanged(): void {
-            transcript.wanted = transcript.wanted || page.face.modal; // qmllint disable
+            transcript.wanted = transcript.wanted || page.face.modal;
         }
     }
-    Component.onCompleted: transcript.wanted = page.face.modal // qmllint disable
+    Component.onCompleted: transcript.wanted = page.face.modal
 }

@@ -14,7 +14,7 @@ namespace wendlow {
 /// one after the other, and go on where their meeting is closed meanwhile; what they come to is
 /// shown only where it is open. UI thread; may go while answers are under way. The source must
 /// outlive it.
-class MeetingsFaceModel final : public FaceModel {
+class MeetingsFaceModel final : public wendlow::FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")

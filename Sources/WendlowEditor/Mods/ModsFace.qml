@@ -19,7 +19,7 @@ FacePage {
         x: page.margin
         y: 24
         width: page.column
-        title: page.face.title // qmllint disable
+        title: page.face.title
         trailing: QuietProgress { running: page.trying }
     }
     StateStrip {
@@ -53,7 +53,7 @@ FacePage {
         model: page.face.rows
         stops: page.face.rows
         onActivated: index => page.face.activate(index)
-        Accessible.name: page.face.title // qmllint disable
+        Accessible.name: page.face.title
 
         delegate: ModsRow {
             id: row
@@ -63,6 +63,7 @@ FacePage {
             chosen: row.ListView.isCurrentItem && list.activeFocus
             ringed: row.chosen && list.byKey
             onPressed: list.claim(row.index)
+            onClaimed: list.claim(row.index)
             onClicked: row.acted()
             onActed: {
                 list.claim(row.index);
@@ -77,12 +78,12 @@ FacePage {
         visible: !list.atYBeginning
     }
     Connections {
-        target: page.face // qmllint disable
+        target: page.face
         function onRevealed(row: int): void {
             list.go(row);
         }
         function onModalChanged(): void {
-            report.wanted = report.wanted || page.face.modal; // qmllint disable
+            report.wanted = report.wanted || page.face.modal;
         }
     }
     // There until it has closed.

@@ -8,7 +8,7 @@ namespace wendlow {
 
 /// The mods that are installed, those that were refused, what has run, and the report of a run.
 /// UI thread; the source must outlive it.
-class ModsFaceModel final : public FaceModel {
+class ModsFaceModel final : public wendlow::FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")

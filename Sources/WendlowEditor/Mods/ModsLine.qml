@@ -27,6 +27,8 @@ T.ItemDelegate {
 
     // It is to do what it is for.
     signal acted
+    // What lies over it was pressed. The signal of a press cannot be sent on: its name is a property's too.
+    signal claimed
 
     hoverEnabled: true
     focusPolicy: Qt.NoFocus

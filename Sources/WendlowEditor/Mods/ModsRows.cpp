@@ -1,6 +1,7 @@
 #include "Mods/ModsRows.h"
 
 #include "Floor/RowText.h"
+#include "Floor/Stops.h"
 #include "Mods/EditorModsFormat.h"
 
 #include <algorithm>
@@ -41,14 +42,7 @@ int ModsRows::indexOfMod(std::string_view scope, std::string_view slug) const {
 }
 
 int ModsRows::stop(int from, int by) const {
-    const int step = by < 0 ? -1 : 1;
-    int reached = from;
-    for (int at = from + step; by != 0 && holds(at); at += step)
-        if (row(at).isStop()) {
-            reached = at;
-            by -= step;
-        }
-    return reached;
+    return Stops::reached(*this, from, by);
 }
 
 QVariant ModsRows::data(const QModelIndex& index, int role) const {

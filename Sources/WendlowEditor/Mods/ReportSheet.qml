@@ -11,7 +11,7 @@ Sheet {
     required property ModsFaceModel face
 
     title: sheet.face.reportTitle
-    open: sheet.face.modal // qmllint disable
+    open: sheet.face.modal
     onEscaped: sheet.face.closeReport()
 
     RunTone {

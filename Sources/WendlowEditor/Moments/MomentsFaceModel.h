@@ -14,7 +14,7 @@ namespace wendlow {
 
 /// The moments, day by day, the newest first: as many as have been scrolled to, and one of them
 /// large. UI thread; the sources must outlive it.
-class MomentsFaceModel final : public FaceModel {
+class MomentsFaceModel final : public wendlow::FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")

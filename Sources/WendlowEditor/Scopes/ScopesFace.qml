@@ -220,8 +220,11 @@ FacePage {
             model: page.face.sheet
             onClosed: {
                 const focused = page.Window.activeFocusItem;
-                if (!sheet.asked && (focused === null || focused === page.Window.contentItem))
+                // What the sheet has made is selected by now, and is not the row that it was opened from.
+                if (!sheet.asked && (list.activeFocus || focused === null || focused === page.Window.contentItem)) {
+                    list.follow();
                     list.enter();
+                }
                 // It may have been opened again meanwhile.
                 sheet.wanted = sheet.asked;
             }

@@ -17,7 +17,7 @@ namespace wendlow {
 /// Every scope with what is filed there and which folders point at it. A folder is mapped here; a
 /// scope is moved by a script that is written here, and run by the person. UI thread; may go while
 /// something is being mapped or written. The source must outlive it.
-class ScopesFaceModel final : public FaceModel {
+class ScopesFaceModel final : public wendlow::FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")
