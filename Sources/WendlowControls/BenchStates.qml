@@ -69,6 +69,26 @@ Column {
         }
     }
     BenchRow {
+        text: qsTr("destructive")
+        control: Component {
+            Button {
+                kind: Button.Kind.Primary
+                destructive: true
+                text: "Delete"
+            }
+        }
+    }
+    BenchRow {
+        text: qsTr("quiet destructive")
+        control: Component {
+            Button {
+                kind: Button.Kind.Quiet
+                destructive: true
+                text: "Remove"
+            }
+        }
+    }
+    BenchRow {
         text: qsTr("icon")
         control: Component {
             IconButton {

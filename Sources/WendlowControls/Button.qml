@@ -13,6 +13,8 @@ T.Button {
     property bool busy: false
     // At work as well, but it keeps the focus that it has; whoever hears of its press does nothing then.
     property bool working: false
+    // It takes away what cannot be had back.
+    property bool destructive: false
     property string iconName
     // What a screen reader hears besides the word, when the word alone does not say what is meant.
     property string hint
@@ -24,9 +26,9 @@ T.Button {
 
     readonly property bool primary: button.kind === Button.Kind.Primary
     readonly property bool quiet: button.kind === Button.Kind.Quiet
-    readonly property color ink: !button.enabled ? Theme.textSecondOnTint : button.primary ? Theme.inkOnAccent : button.quiet ? Theme.accent : Theme.text
-    readonly property color fill: button.quiet ? "transparent" : !button.enabled ? Theme.well : button.primary ? Theme.accent : Theme.surface
-    readonly property color shade: button.primary ? (button.sunk ? Theme.accentPressed : Theme.accentHover) : (button.sunk ? Theme.pressed : Theme.hover)
+    readonly property color ink: !button.enabled ? Theme.textSecondOnTint : button.primary ? (button.destructive ? Theme.inkOnDestructive : Theme.inkOnAccent) : button.quiet ? (button.destructive ? Theme.refusal : Theme.accent) : Theme.text
+    readonly property color fill: button.quiet ? "transparent" : !button.enabled ? Theme.well : button.primary ? (button.destructive ? Theme.destructive : Theme.accent) : Theme.surface
+    readonly property color shade: button.primary ? (button.destructive ? (button.sunk ? Theme.destructivePressed : Theme.destructiveHover) : button.sunk ? Theme.accentPressed : Theme.accentHover) : (button.sunk ? Theme.pressed : Theme.hover)
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: button.small ? Theme.smallButtonHeight : Theme.buttonHeight

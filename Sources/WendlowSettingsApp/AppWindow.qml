@@ -10,10 +10,16 @@ Window {
 
     color: Theme.ground
 
-    // The window keeps the content until another one is put in its place.
-    function fill(next: Item): void {
+    // What it showed ends.
+    function empty(): void {
         if (window.content)
             window.content.destroy();
+        window.content = null;
+    }
+
+    // The window keeps the content until another one is put in its place.
+    function fill(next: Item): void {
+        window.empty();
         window.content = next;
         next.parent = stage;
         next.anchors.fill = stage;

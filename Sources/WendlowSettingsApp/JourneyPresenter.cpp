@@ -6,8 +6,9 @@
 
 namespace wendlow {
 
-JourneyPresenter::JourneyPresenter(WindowPresenter& windows, Renew renew, Post post)
-    : m_windows(windows), m_renew(std::move(renew)), m_post(std::move(post)) {}
+JourneyPresenter::JourneyPresenter(WindowPresenter& windows, Renew renew, End end, Post post)
+    : m_windows(windows), m_renew(std::move(renew)), m_end(std::move(end)),
+      m_post(std::move(post)) {}
 
 void JourneyPresenter::present(WindowDoor::Front front) {
     // A minimized window counts as visible, a closed one does not.
@@ -34,9 +35,11 @@ void JourneyPresenter::present(WindowDoor::Front front) {
 }
 
 void JourneyPresenter::observeClosing(QWindow& window) {
-    connect(&window, &QWindow::visibleChanged, this, [this](bool visible) {
-        if (!visible)
-            tellVisible(false);
+    connect(&window, &QWindow::visibleChanged, this, [this, &window](bool visible) {
+        if (visible)
+            return;
+        m_end(window);
+        tellVisible(false);
     });
 }
 

@@ -17,10 +17,12 @@ class JourneyPresenter final : public QObject {
 public:
     /// Puts a journey from the beginning into the window.
     using Renew = std::function<void(QWindow&)>;
+    /// The window was closed: the journey in it is over.
+    using End = std::function<void(QWindow&)>;
     using Post = std::function<void(const DistributedNotification&,
                                     DistributedNotificationCenter::Delivery)>;
 
-    JourneyPresenter(WindowPresenter& windows, Renew renew, Post post);
+    JourneyPresenter(WindowPresenter& windows, Renew renew, End end, Post post);
 
     void present(WindowDoor::Front front);
 
@@ -30,6 +32,7 @@ private:
 
     WindowPresenter& m_windows;
     const Renew m_renew;
+    const End m_end;
     const Post m_post;
 };
 

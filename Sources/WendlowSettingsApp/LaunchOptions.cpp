@@ -36,7 +36,7 @@ std::optional<double> scaleOf(std::string_view text) {
 std::expected<LaunchOptions, std::string>
 LaunchOptions::parse(std::span<const std::string> arguments) {
     LaunchOptions options;
-    options.pane = WindowDoor::requested(arguments).value_or(WindowDoor::Pane::settings);
+    options.pane = WindowDoor::requested(arguments);
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         const auto next = argument + 1;
         if (*argument == "--first-frame") {

@@ -19,9 +19,9 @@ struct PixelSize {
 /// What the command line asks for. Arguments that are not the application's own are left to the
 /// toolkit.
 struct LaunchOptions {
-    WindowDoor::Pane pane = WindowDoor::Pane::settings; ///< "--window=PANE"
-    std::optional<std::filesystem::path> snapshots;     ///< "--snapshots DIR"
-    std::optional<PixelSize> size;                      ///< "--size WxH", of the snapshots
+    std::optional<WindowDoor::Pane> pane;           ///< "--window=PANE"
+    std::optional<std::filesystem::path> snapshots; ///< "--snapshots DIR"
+    std::optional<PixelSize> size;                  ///< "--size WxH", of the snapshots
     std::optional<double> textScale; ///< "--text-scale N", in place of the desktop's
     bool firstFrame = false; ///< "--first-frame": report the first frame of the window and end
 

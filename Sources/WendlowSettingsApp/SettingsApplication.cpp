@@ -2,16 +2,24 @@
 
 #include "ClientInstance.h"
 #include "ClientVersion.h"
+#include "ConnectedAppsModel.h"
+#include "JourneyOpening.h"
 #include "ThemeSource.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QTimer>
 
+#include <QCoroTask>
+
+#include <chrono>
 #include <utility>
 
 namespace wendlow {
 
 namespace {
+
+using ToldPane = std::function<void(WindowDoor::Pane)>;
 
 QKeySequence control(Qt::Key key) {
     return {Qt::CTRL | key};
@@ -20,7 +28,8 @@ QKeySequence control(Qt::Key key) {
 } // namespace
 
 SettingsApplication::SettingsApplication(Surroundings surroundings)
-    : m_surroundings(std::move(surroundings)), m_models(m_surroundings.client),
+    : m_surroundings(std::move(surroundings)), m_models(m_surroundings.client,
+               [this](WindowModels& models) { return makeJourney(models); }),
       m_worldActions([this]() -> EditorWorlds& { return worlds(); },
                      [this](WindowKind kind) { present(kind); }),
       m_factory(
@@ -29,6 +38,10 @@ SettingsApplication::SettingsApplication(Surroundings surroundings)
       m_windows([this](WindowKind kind) { return m_factory.make(kind); }),
       m_journey(
           m_windows, [this](QWindow& window) { m_factory.renew(window, WindowKind::onboarding); },
+          [this](QWindow& window) {
+              WindowFactory::empty(window);
+              m_models.endJourney();
+          },
           [this](const DistributedNotification& notification,
                  DistributedNotificationCenter::Delivery delivery) {
               m_surroundings.notifications.post(notification, delivery);
@@ -82,30 +95,78 @@ MenuLine SettingsApplication::windowLine(const char* id, const char* title, Qt::
 }
 
 void SettingsApplication::show(WindowDoor::Pane pane, WindowDoor::Front front) {
-    if (pane == WindowDoor::Pane::onboarding)
-        m_journey.present(front);
-    else
-        present(WindowDescriptions::kindOf(pane));
+    const WindowKind kind = WindowDescriptions::kindOf(pane);
+    if (kind != WindowKind::onboarding) {
+        present(kind);
+        return;
+    }
+    const bool isNew = m_windows.window(kind) == nullptr;
+    m_journey.present(front);
+    if (isNew)
+        attend(*m_windows.window(kind), kind);
+}
+
+void SettingsApplication::showFirst(std::function<void(WindowDoor::Pane)> shown) {
+    using WindowDoor::Pane;
+    // Whoever is asked may be slow, or silent; a person who sees nothing would start it once more.
+    constexpr auto patience = std::chrono::milliseconds(300);
+    constexpr auto limit = std::chrono::seconds(5);
+    const auto first = std::make_shared<ToldPane>(std::move(shown));
+    const auto showNow = [this, first](Pane pane) {
+        show(pane, WindowDoor::Front::bring);
+        if (const auto told = std::exchange(*first, nullptr))
+            told(pane);
+    };
+    QTimer::singleShot(patience, this, [first, showNow] {
+        if (*first)
+            showNow(Pane::settings);
+    });
+    QCoro::connect(shouldOpenJourney(m_surroundings.client, limit), this,
+                   [first, showNow](bool journey) {
+                       if (journey)
+                           showNow(Pane::onboarding);
+                       else if (*first)
+                           showNow(Pane::settings);
+                   });
+}
+
+std::unique_ptr<JourneyRoot> SettingsApplication::makeJourney(WindowModels& models) const {
+    const auto connect = [&models]() -> ConnectedAppsModel& {
+        return static_cast<ConnectedAppsModel&>(*models.settings().model(Pane::connected));
+    };
+    JourneyContacts contacts = JourneyContacts::real({
+        .client = m_surroundings.client,
+        .notifications = m_surroundings.notifications,
+        .connect = connect,
+        .forcedScreen = std::nullopt,
+        // Not `quit`, which asks the windows: that of a journey that is being taken back says no.
+        .terminate = [] { QCoreApplication::exit(); },
+        .log = m_surroundings.setupLog,
+    });
+    return std::make_unique<JourneyRoot>(std::make_unique<JourneyModel>(std::move(contacts)));
 }
 
 QWindow& SettingsApplication::present(WindowKind kind) {
     const bool isNew = m_windows.window(kind) == nullptr;
     QWindow& window = m_windows.present(kind);
-    if (isNew) {
-        const ThemeSource& looks = m_factory.looks();
-        const auto leaveRoom = [&window, &looks, kind] {
-            WindowDescriptions::leaveRoom(window, WindowDescriptions::of(kind), looks.textScale());
-        };
-        connect(&looks, &ThemeSource::textScaleChanged, &window, leaveRoom);
-        leaveRoom();
-    }
-    if (const auto returnedTo = WindowDescriptions::of(kind).returnedTo; isNew && returnedTo) {
+    if (isNew)
+        attend(window, kind);
+    return window;
+}
+
+void SettingsApplication::attend(QWindow& window, WindowKind kind) {
+    const ThemeSource& looks = m_factory.looksOf(kind);
+    const auto leaveRoom = [&window, &looks, kind] {
+        WindowDescriptions::leaveRoom(window, WindowDescriptions::of(kind), looks.textScale());
+    };
+    connect(&looks, &ThemeSource::textScaleChanged, &window, leaveRoom);
+    leaveRoom();
+    if (const auto returnedTo = WindowDescriptions::of(kind).returnedTo) {
         connect(&window, &QWindow::activeChanged, this, [this, &window, returnedTo] {
             if (window.isActive())
                 returnedTo(m_models);
         });
     }
-    return window;
 }
 
 void SettingsApplication::started() {

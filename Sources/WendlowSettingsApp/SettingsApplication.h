@@ -39,6 +39,9 @@ public:
 
     /// Brings up a pane; `front` matters to the journey alone.
     void show(WindowDoor::Pane pane, WindowDoor::Front front);
+    /// Brings up the window of a start that asked for none: Settings, or the journey for who is to
+    /// go through it. `shown` is told of that window, which may be a moment after.
+    void showFirst(std::function<void(WindowDoor::Pane)> shown);
     /// The first window is on the screen: does what a start brings with it, behind what is seen.
     void started();
     /// Null while the kind has had no window yet.
@@ -55,6 +58,8 @@ public:
 
 private:
     void buildMainMenu();
+    std::unique_ptr<JourneyRoot> makeJourney(WindowModels& models) const;
+    void attend(QWindow& window, WindowKind kind);
     MenuLine windowLine(const char* id, const char* title, Qt::Key key, void (*act)(QWindow&));
     WindowFactory::Content contentOf(WindowKind kind);
     void syncMainWindow();

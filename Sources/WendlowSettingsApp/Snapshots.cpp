@@ -76,7 +76,7 @@ void Snapshots::takeInLooks() {
             .window = window,
             .save = [&](const QString& name,
                         PictureSession::Focus focus) { save(window, name, focus); },
-            .looks = m_application.factory().looks(),
+            .looks = m_application.factory().looksOf(description.kind),
             .isAsGiven = m_options.size || m_options.textScale};
         if (description.takePictures)
             description.takePictures(session, m_application.models());

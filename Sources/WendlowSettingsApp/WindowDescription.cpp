@@ -1,5 +1,6 @@
 #include "WindowDescription.h"
 
+#include <QScreen>
 #include <QVariant>
 #include <QWindow>
 
@@ -42,8 +43,15 @@ void dress(QWindow& window, const WindowDescription& description) {
 }
 
 void leaveRoom(QWindow& window, const WindowDescription& description, double textScale) {
-    if (!description.styles.testFlag(WindowStyle::resizable))
+    if (!description.styles.testFlag(WindowStyle::resizable)) {
+        const QSize size = (QSizeF(description.size) * textScale).toSize();
+        const QSize room = window.screen()->availableGeometry().size();
+        const QSize grown = size.boundedTo(room.expandedTo(description.size));
+        window.setMinimumSize(grown);
+        window.setMaximumSize(grown);
+        window.resize(grown);
         return;
+    }
     const double growth = std::max(1.0, textScale / 1.5);
     const QSize least = (QSizeF(description.least) * growth).toSize();
     window.setMinimumSize(least);

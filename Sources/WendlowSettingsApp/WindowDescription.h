@@ -87,7 +87,8 @@ WindowKind kindOf(WindowDoor::Pane pane);
 
 /// Gives a window its title, size, style and side.
 void dress(QWindow& window, const WindowDescription& description);
-/// Lets a window be made no smaller than its face stands with words of this scale.
+/// Lets a window be made no smaller than its face stands with words of this scale; one that cannot
+/// be resized grows with them, as far as its screen goes.
 void leaveRoom(QWindow& window, const WindowDescription& description, double textScale);
 /// Whether a window, which may be absent, is marked as belonging to the Editor side.
 bool isEditorSide(const QWindow* window);

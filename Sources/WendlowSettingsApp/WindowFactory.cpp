@@ -52,6 +52,10 @@ void WindowFactory::renew(QWindow& window, WindowKind kind) {
     QMetaObject::invokeMethod(&window, "fill", Q_ARG(QQuickItem*, item));
 }
 
+void WindowFactory::empty(QWindow& window) {
+    QMetaObject::invokeMethod(&window, "empty");
+}
+
 std::unique_ptr<QWindow> WindowFactory::makeAbout(const QString& version) {
     return createWindow(
         mainEngine(), QStringLiteral("WendlowSettingsApp/AboutWindow.qml"),
@@ -61,6 +65,10 @@ std::unique_ptr<QWindow> WindowFactory::makeAbout(const QString& version) {
 
 ThemeSource& WindowFactory::looks() {
     return *ThemeSource::of(mainEngine());
+}
+
+ThemeSource& WindowFactory::looksOf(WindowKind kind) {
+    return *ThemeSource::of(engineFor(kind));
 }
 
 QQmlEngine& WindowFactory::engineFor(WindowKind kind) {

@@ -41,10 +41,15 @@ public:
     std::unique_ptr<QWindow> make(WindowKind kind);
     /// Puts content from the beginning into a window that `make` gave for the kind.
     void renew(QWindow& window, WindowKind kind);
+    /// Takes the content out of a window that `make` gave. It is gone once control is back in the
+    /// event loop.
+    static void empty(QWindow& window);
     /// The panel that tells name and version.
     std::unique_ptr<QWindow> makeAbout(const QString& version);
     /// The looks of the windows that follow the system.
     ThemeSource& looks();
+    /// The looks of the windows of a kind.
+    ThemeSource& looksOf(WindowKind kind);
 
 Q_SIGNALS:
     /// Something in the QML is not as it should be, and it goes on.

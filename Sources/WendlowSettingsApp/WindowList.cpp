@@ -35,6 +35,19 @@ void lookAgainAtStats(WindowModels& models) {
     models.stats().lookAgain(); // midnight may have passed
 }
 
+QVariantMap giveJourney(WindowModels& models) {
+    return {{QStringLiteral("root"), QVariant::fromValue(&models.journey())}};
+}
+
+/// The journey is there when it has found out where a person stands.
+bool isJourneyComplete(WindowModels& models) {
+    return models.journey().isStarted();
+}
+
+void lookAgainAtJourney(WindowModels& models) {
+    models.journey().lookAgain(); // a permission may have been given meanwhile
+}
+
 QVariantMap giveEditor(WindowModels& models) {
     return {{QStringLiteral("host"), QVariant::fromValue(&models.editor())}};
 }
@@ -83,7 +96,12 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .size = {800, 620},
      .styles = fixed,
      .alwaysDark = true,
-     .door = Door::onboarding},
+     .door = Door::onboarding,
+     .file = "WendlowOnboarding/JourneyFace.qml",
+     .properties = giveJourney,
+     .isComplete = isJourneyComplete,
+     .returnedTo = lookAgainAtJourney,
+     .takePictures = WindowPictures::takeJourney},
     {.kind = Kind::workbench,
      .id = "workbench",
      .title = "Workbench",

@@ -8,7 +8,8 @@
 
 namespace wendlow {
 
-WindowModels::WindowModels(std::shared_ptr<WendlowClient> client) : m_client(std::move(client)) {}
+WindowModels::WindowModels(std::shared_ptr<WendlowClient> client, MakeJourney makeJourney)
+    : m_client(std::move(client)), m_makeJourney(std::move(makeJourney)) {}
 
 WindowModels::~WindowModels() = default;
 
@@ -51,6 +52,18 @@ StatsRoot& WindowModels::stats() {
     if (!m_stats)
         m_stats = std::make_unique<StatsRoot>(m_client);
     return *m_stats;
+}
+
+JourneyRoot& WindowModels::journey() {
+    if (!m_journey)
+        m_journey = m_makeJourney(*this);
+    return *m_journey;
+}
+
+void WindowModels::endJourney() {
+    // What showed it is on its way out, and goes before it.
+    if (m_journey)
+        m_journey.release()->deleteLater();
 }
 
 bool WindowModels::settled() const {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Client.h"
+#include "JourneyRoot.h"
 #include "SettingsRoot.h"
 #include "Shell/EditorHost.h"
 #include "StatsRoot.h"
 
+#include <functional>
 #include <memory>
 
 namespace wendlow {
@@ -12,8 +14,11 @@ namespace wendlow {
 /// What the windows show: each made on first need, and kept for the rest of the process. UI thread.
 class WindowModels final {
 public:
+    /// A journey from its beginning, over the tools as Settings has them.
+    using MakeJourney = std::function<std::unique_ptr<JourneyRoot>(WindowModels&)>;
+
     /// `client` is the process's only way to the daemon.
-    explicit WindowModels(std::shared_ptr<WendlowClient> client);
+    WindowModels(std::shared_ptr<WendlowClient> client, MakeJourney makeJourney);
     /// Waits for a change to a person's files that is under way.
     ~WindowModels();
 
@@ -21,6 +26,10 @@ public:
     EditorHost& editor();
     SettingsRoot& settings();
     StatsRoot& stats();
+    /// The journey that runs; one is begun where none does.
+    JourneyRoot& journey();
+    /// Its window has been closed and emptied: it looks at nothing any more, and is forgotten.
+    void endJourney();
 
     /// There is a daemon again: what could not be read without it is read now.
     void daemonCame();
@@ -30,10 +39,12 @@ public:
 
 private:
     const std::shared_ptr<WendlowClient> m_client;
+    const MakeJourney m_makeJourney;
     std::unique_ptr<EditorWorlds> m_worlds;
     std::unique_ptr<EditorHost> m_editor;
     std::unique_ptr<SettingsRoot> m_settings;
     std::unique_ptr<StatsRoot> m_stats;
+    std::unique_ptr<JourneyRoot> m_journey; ///< goes before the tools of Settings do
 };
 
 } // namespace wendlow

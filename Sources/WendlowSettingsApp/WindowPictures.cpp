@@ -1,6 +1,7 @@
 #include "WindowPictures.h"
 
 #include "EditorSnapshots.h"
+#include "JourneySnapshots.h"
 #include "Pane.h"
 #include "StatsSnapshots.h"
 #include "ThemeSource.h"
@@ -90,6 +91,15 @@ void takeEditor(const PictureSession& session, WindowModels& models) {
         snapshots.takeSome(QStringLiteral("-%1").arg(size.width()));
     }
     session.window.resize(own);
+}
+
+void takeJourney(const PictureSession& session, WindowModels& models) {
+    auto* const content = session.window.property("content").value<QQuickItem*>();
+    JourneySnapshots snapshots(*content, models.journey(), [&](const QString& name) {
+        session.save(name, PictureSession::Focus::away);
+    });
+    snapshots.take();
+    withLargerWords(session, [&](const QString& suffix) { snapshots.takeSome(suffix); });
 }
 
 } // namespace wendlow::WindowPictures

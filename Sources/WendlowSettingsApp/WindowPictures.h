@@ -29,6 +29,7 @@ namespace WindowPictures {
 void takeSettings(const PictureSession& session, WindowModels& models);
 void takeStats(const PictureSession& session, WindowModels& models);
 void takeEditor(const PictureSession& session, WindowModels& models);
+void takeJourney(const PictureSession& session, WindowModels& models);
 
 } // namespace WindowPictures
 

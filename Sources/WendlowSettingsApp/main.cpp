@@ -28,6 +28,7 @@
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowEditorPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowOnboardingPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsAppPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowStatsPlugin)
@@ -97,15 +98,23 @@ std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv) {
 
 /// Shows the window that is asked for, and runs until the last one is closed.
 int show(SettingsApplication& application, const LaunchOptions& options) {
-    application.show(options.pane, WindowDoor::Front::leave);
-    const WindowKind kind = WindowDescriptions::kindOf(options.pane);
+    const auto repairBehind = [&application](WindowDoor::Pane pane) {
+        FirstFrame::then(*application.window(WindowDescriptions::kindOf(pane)),
+                         [&application] { application.started(); });
+    };
+    const WindowDoor::Pane pane = options.pane.value_or(WindowDoor::Pane::settings);
     if (options.firstFrame) {
+        application.show(pane, WindowDoor::Front::leave);
+        const WindowKind kind = WindowDescriptions::kindOf(pane);
         const auto isComplete = WindowDescriptions::of(kind).isComplete;
         FirstFrame::reportAndQuit(*application.window(kind), [&application, isComplete] {
             return !isComplete || isComplete(application.models());
         });
+    } else if (options.pane) {
+        application.show(pane, WindowDoor::Front::leave);
+        repairBehind(pane);
     } else {
-        FirstFrame::then(*application.window(kind), [&application] { application.started(); });
+        application.showFirst(repairBehind);
     }
     return QGuiApplication::exec();
 }
