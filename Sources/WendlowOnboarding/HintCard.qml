@@ -6,13 +6,15 @@ Card {
     id: card
 
     required property string title
+    // In the tags of styled text
     required property string text
+    required property string spoken
 
     visible: card.title.length + card.text.length > 0
     height: card.visible ? words.height + 2 * words.y : 0
 
     Accessible.role: Accessible.StaticText
-    Accessible.name: card.title.length > 0 ? card.title + "\n" + card.text : card.text
+    Accessible.name: card.spoken
 
     Column {
         id: words
@@ -37,6 +39,7 @@ Card {
             role: Label.Role.Small
             line: Theme.hintLine
             text: card.text
+            textFormat: Text.StyledText
             color: Theme.textSecondOnTint
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignLeft

@@ -59,6 +59,7 @@ JourneyPage {
         width: parent.width
         title: screen.root.hintTitle
         text: screen.root.hint
+        spoken: screen.root.hintSpoken
     }
 
     wayOut: Button {

@@ -38,6 +38,7 @@ JourneyPage {
         width: parent.width
         title: screen.root.hintTitle
         text: screen.root.hint
+        spoken: screen.root.hintSpoken
     }
     Gap { size: Theme.space24 }
     Item {

@@ -51,6 +51,7 @@ JourneyPage {
         width: parent.width
         title: screen.root.hintTitle
         text: screen.root.hint
+        spoken: screen.root.hintSpoken
     }
 
     aside: StatusLine {

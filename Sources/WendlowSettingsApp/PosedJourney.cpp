@@ -33,8 +33,7 @@ std::vector<LocalModelsProgress::Sample> evenSamples(double now, std::int64_t by
 
 LocalModelsProgress::Receipts installed() {
     return {.runtimeDir = std::string(support) + "/runtime",
-            .agentPlist =
-                "/Users/mara/Library/LaunchAgents/works.fenmoor.wendlow.model-host.plist",
+            .agentPlist = "/Users/mara/Library/LaunchAgents/works.fenmoor.wendlow.model-host.plist",
             .pulledModel = std::string(LocalModel::titleModel),
             .asrCacheDir = std::string(support) + "/transcription",
             .ollama =
@@ -91,14 +90,24 @@ ConnectedAppsModel& PosedJourney::apps() {
     return *m_apps;
 }
 
+QCoro::Task<> PosedJourney::grant(std::string kind) {
+    if (grantsWhatIsAsked)
+        for (const auto& [screen, granted] :
+             {std::pair(JourneyScreen::screenRecording, &grants.screenRecording),
+              std::pair(JourneyScreen::accessibility, &grants.accessibility),
+              std::pair(JourneyScreen::microphone, &grants.microphone)})
+            *granted = *granted || kind == Journey::grantKind(screen);
+    co_return;
+}
+
 QCoro::Task<RecoveryRead> PosedJourney::readPhrase() {
     if (phrase == Answer::silent)
         co_return co_await m_readers;
     if (phrase == Answer::refused)
         co_return RecoveryFailed{"The recovery phrase can't be shown: the key is not in this Mac's "
                                  "keychain."};
-    co_return RecoveryWordsRead{"amber", "canvas", "orbit", "gentle", "harbor", "lemon",
-                                "meadow", "pepper", "quiet", "river", "saddle", "violin"};
+    co_return RecoveryWordsRead{"amber",  "canvas", "orbit", "gentle", "harbor", "lemon",
+                                "meadow", "pepper", "quiet", "river",  "saddle", "violin"};
 }
 
 QCoro::Task<CancelEnd> PosedJourney::endCancel() {
@@ -147,16 +156,16 @@ JourneyContacts PosedJourney::contacts() {
         .grants = [this]() -> QCoro::Task<std::optional<GrantPair>> { co_return grants; },
         .storePresent = []() -> QCoro::Task<bool> { co_return true; },
         .phrase = [this] { return readPhrase(); },
-        .recoveryPassed = [] { return false; },
-        .markRecoveryPassed = [] {},
-        .termsAgreed = [] { return false; },
-        .markTermsAgreed = [] {},
+        .recoveryPassed = [this] { return m_passed; },
+        .markRecoveryPassed = [this] { m_passed = true; },
+        .termsAgreed = [this] { return m_agreed; },
+        .markTermsAgreed = [this] { m_agreed = true; },
         .setAutoInstall = [](bool) {},
-        .requestGrant = [](std::string) -> QCoro::Task<> { co_return; },
+        .requestGrant = [this](std::string kind) { return grant(std::move(kind)); },
         .forcedScreen = [this] { return std::optional(screen); },
         .localModels = [this] { return progress(); },
         .hello = [this]() -> QCoro::Task<std::optional<bool>> { co_return helloReceived; },
-        .warm = [] { return false; },
+        .warm = [this] { return warm; },
         .cancelInstall = [this](std::optional<LocalModelsProgress>) { return endCancel(); },
         .wakeWriter = [] {},
         .now = &PosedJourney::now,

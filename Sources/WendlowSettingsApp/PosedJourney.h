@@ -25,6 +25,8 @@ public:
 
     JourneyScreen screen = JourneyScreen::welcome;
     GrantPair grants = {};
+    bool grantsWhatIsAsked = false;
+    bool warm = false;
     Answer phrase = Answer::given;
     Tools tools = Tools::some;
     Download download = Download::halfway;
@@ -45,10 +47,13 @@ public:
     ConnectedAppsModel& apps();
 
 private:
+    QCoro::Task<> grant(std::string kind);
     QCoro::Task<RecoveryRead> readPhrase();
     QCoro::Task<CancelEnd> endCancel();
     std::optional<LocalModelsProgress> progress() const;
 
+    bool m_agreed = false;
+    bool m_passed = false;
     Waiting<RecoveryRead> m_readers;
     Waiting<CancelEnd> m_cancellers;
     QSemaphore m_slowVerb;

@@ -3,6 +3,7 @@
 #include "WindowPlacing.h"
 #include "WindowPresenter.h"
 
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -33,13 +34,14 @@ TEST(WindowPlacing, StepsAsideFiveTimesAtMost) {
 struct Windows {
     int made = 0;
     int renewed = 0;
+    int ended = 0;
     std::vector<std::string> posted;
     WindowPresenter presenter{[this](WindowKind) {
         ++made;
         return std::make_unique<QWindow>();
     }};
     JourneyPresenter journey{
-        presenter, [this](QWindow&) { ++renewed; },
+        presenter, [this](QWindow&) { ++renewed; }, [this](QWindow&) { ++ended; },
         [this](const DistributedNotification& notification,
                DistributedNotificationCenter::Delivery delivery) {
             EXPECT_EQ(notification.name, "works.fenmoor.wendlow.journey-visible");
@@ -71,8 +73,14 @@ TEST(WindowPresenter, BringsBackTheOneWindowOfAKindAsItWas) {
     again.resize(560, 420);
     WindowDescriptions::leaveRoom(again, description, 2);
     EXPECT_EQ(again.size(), QSize(747, 560)) << "which a small screen still has";
-    const QWindow& journey = windows.presenter.present(WindowKind::onboarding);
-    EXPECT_EQ(journey.minimumSize(), journey.maximumSize()) << "it cannot be resized";
+    QWindow& journey = windows.presenter.present(WindowKind::onboarding);
+    for (const auto& [scale, size] :
+         {std::pair(1.25, QSize(1000, 775)), std::pair(1.0, QSize(800, 620))}) {
+        WindowDescriptions::leaveRoom(journey, WindowDescriptions::of(WindowKind::onboarding),
+                                      scale);
+        EXPECT_EQ(journey.minimumSize(), journey.maximumSize()) << "it cannot be resized";
+        EXPECT_EQ(journey.size(), size.boundedTo(journey.screen()->availableGeometry().size()));
+    }
 }
 
 TEST(SystemLooks, ScaleNoWordTwice) {
@@ -106,6 +114,7 @@ TEST(JourneyPresenter, StartsAnewInTheSameWindowAndTellsTheOthers) {
     for (int time = 1; time <= 2; ++time) {
         windows.posted.clear();
         window.close();
+        EXPECT_EQ(windows.ended, time) << "what is closed looks at nothing any more";
         windows.journey.present(time == 1 ? Front::leave : Front::bring);
         EXPECT_THAT(windows.posted, ElementsAre("0", "1")) << "time " << time;
         EXPECT_TRUE(window.isVisible());

@@ -20,7 +20,9 @@ void RunningGateway::start(const std::string& replies, const std::string& rules,
 
 void RunningGateway::startWith(std::vector<std::string> options) {
     kill();
-    options.insert(options.end(), {"--store", store().string(), "--fill", fill});
+    options.insert(options.end(), {"--store", store().string()});
+    if (!fill.empty())
+        options.insert(options.end(), {"--fill", fill});
     options.insert(options.end(), more.begin(), more.end());
     m_process.emplace(WENDLOW_PRACTICE_GATEWAY, options);
 }

@@ -24,7 +24,7 @@ public:
                const std::string& days = "");
     /// The same, with these options.
     void startWith(std::vector<std::string> options);
-    std::string fill = "day";      ///< what it begins with
+    std::string fill = "day";      ///< what it begins with; empty: nothing
     std::vector<std::string> more; ///< options, with each start
     /// Takes messages and does nothing about them.
     void wedge() const { m_process->wedge(); }
