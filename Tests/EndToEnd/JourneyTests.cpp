@@ -21,6 +21,7 @@ protected:
         ClaudeCodeHome::fill(desktop.home().path());
         gateway.fill.clear();
         gateway.start();
+        gateway.ask(R"({"control":{"_0":{"generatePhrase":{}}}})");
     }
     /// Starts the application as the desktop does: without a word of what is to be shown.
     void start() { application.emplace(desktop, QStringList{}); }
