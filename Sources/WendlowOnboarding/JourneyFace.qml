@@ -77,7 +77,7 @@ FocusScope {
             }
         }
         Only {
-            wanted: ["screenrec", "accessibility", "mic"].includes(face.screen)
+            wanted: face.screen === "screenrec" || face.screen === "accessibility" || face.screen === "mic"
             PermissionScreen {
                 id: permission
                 anchors.fill: parent
