@@ -73,6 +73,11 @@ void PracticeGateway::answerMods(ModManner manner) {
     m_rooms->mods().setManner(manner);
 }
 
+void PracticeGateway::answerGrants(GrantManner manner) {
+    m_lane.waitForDone();
+    m_rooms->grants().setManner(std::move(manner));
+}
+
 QCoro::Task<GatewayResponse> PracticeGateway::handle(GatewayRequest request) {
     const auto shutDown = isShutdown(request) ? m_hooks.shutDown : nullptr;
     const QFuture<GatewayResponse> future = QtConcurrent::run(

@@ -15,6 +15,7 @@
 #include "DayManner.h"
 #include "Fill/FillSize.h"
 #include "GatewayEvent.h"
+#include "GrantRoom.h"
 #include "MeetingRoom.h"
 #include "ModRoom.h"
 #include "RuleChain.h"
@@ -59,6 +60,8 @@ public:
     void meddleWithLines(std::vector<LineManner> manners);
     /// How it answers about mods. Before the first request.
     void answerMods(ModManner manner);
+    /// What becomes of permissions. Before the first request.
+    void answerGrants(GrantManner manner);
 
     /// The calling thread needs an event loop; it gets the answer.
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;

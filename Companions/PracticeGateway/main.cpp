@@ -55,6 +55,7 @@ int main(int count, char** words) {
     (*gateway)->answerDays(options->days);
     (*gateway)->meddleWithLines(options->lines);
     (*gateway)->answerMods(options->mods);
+    (*gateway)->answerGrants(options->grants);
     GatewayService service(*gateway, bus, options->misbehaviour);
     face = &service;
     QTimer clock;

@@ -49,7 +49,9 @@ struct JourneyContacts {
     /// Nothing: it is not known.
     std::function<QCoro::Task<std::optional<bool>>()> hello;
     std::function<bool()> warm;
-    /// Has the writer stop and undo, then undoes here.
+    /// What an undo would take away, line by line.
+    std::function<std::vector<std::string>(const LocalModelsProgress::Receipts&)> describeUndo;
+    /// Has the writer stop and undo, then undoes here, and forgets the journey's own receipts.
     std::function<QCoro::Task<CancelEnd>(std::optional<LocalModelsProgress>)> cancelInstall;
     std::function<void()> wakeWriter;
     std::function<std::chrono::system_clock::time_point()> now;

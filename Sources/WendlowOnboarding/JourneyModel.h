@@ -2,6 +2,7 @@
 
 #include "Journey.h"
 #include "JourneyContacts.h"
+#include "JourneyWiring.h"
 #include "LocalModelsProgress.h"
 #include "LocalModelsScreen.h"
 #include "LocalModelsUndo.h"
@@ -37,6 +38,8 @@ public:
 
     /// Looks at the machine and chooses the first screen. Called once.
     void start();
+    /// A person comes back: looks at the tools again, and asks for the words that did not come.
+    void lookAgain();
 
     // The ticks and buttons of the screens.
     void setAgreedToTerms(bool agreed);
@@ -50,9 +53,9 @@ public:
     /// Does nothing while the words are shown and not ticked off. Words that could not be read hold
     /// nobody back.
     void continueFromRecoveryKey();
-    void setWired(const std::string& id, bool on);
-    void selectAll();
-    void unselectAll();
+    void setWired(const std::string& id, bool on) { m_wiring.set(id, on); }
+    void selectAll() { m_wiring.setAll(true); }
+    void unselectAll() { m_wiring.setAll(false); }
     void continueToLocalModels();
     void continueFromLocalModels();
     /// Does nothing before the hello.
@@ -89,9 +92,9 @@ public:
     const std::optional<LocalModelsProgress>& lastProgress() const { return m_lastProgress; }
     std::optional<bool> lastHello() const { return m_lastHello; }
     std::optional<std::int64_t> appBytes() const { return m_appBytes; }
-    const std::vector<std::string>& wiredThisRun() const { return m_wiredThisRun; }
-    ConnectedAppsModel& apps() const { return m_apps; }
-    bool aiWired() const;
+    const std::vector<std::string>& wiredThisRun() const { return m_wiring.ids(); }
+    ConnectedAppsModel& apps() const { return m_wiring.apps(); }
+    bool aiWired() const { return m_wiring.anyConnected(); }
     bool writerAlive() const;
     std::chrono::system_clock::time_point now() const { return m_contacts.now(); }
     std::optional<LocalModelsScreen::Estimate> estimate() const;
@@ -100,11 +103,11 @@ public:
     std::vector<std::string> cancelCaveats() const;
     bool isCancelling() const { return m_cancelling; }
     bool hasCancelFailed() const { return m_cancelFailed; }
-    const JourneyContacts& contacts() const { return m_contacts; }
-
-    /// Of what was plugged in here, in its order, what is connected now.
-    static std::vector<std::string> toUnwire(const std::vector<std::string>& wiredThisRun,
-                                             const std::vector<std::string>& connected);
+    void openTerms() const { m_contacts.openTerms(); }
+    /// What is read of the download can be true.
+    bool isPlausible() const;
+    /// As rows are to show it: a writer that has written nothing for a minute waits.
+    LocalModelsScreen::Writer shownWriter() const;
 
 Q_SIGNALS:
     void screenChanged();
@@ -129,8 +132,10 @@ private:
     QCoro::Task<> readPhrase();
     QCoro::Task<> round(int generation);
     QCoro::Task<> cancel();
-    QCoro::Task<> unplug(std::string id);
     QCoro::Task<> measure();
+    /// Nothing can be asked for just now.
+    bool isBusy() const;
+    void logWorld(const JourneyWorld& world, bool askedHello) const;
     void show(JourneyScreen screen);
     void forgetPhrase();
     void setMoving(bool moving);
@@ -138,14 +143,11 @@ private:
     void wakeTheWriterIfNeeded();
     void readProgress();
     void takeGrants(std::optional<GrantPair> grants);
-    void appsMoved();
-    void wire(const std::string& id, bool on);
-    void saveWired();
     void log(const std::string& line) const { m_contacts.log(line); }
 
     const JourneyContacts m_contacts;
     const Limits m_limits;
-    ConnectedAppsModel& m_apps;
+    JourneyWiring m_wiring;
 
     JourneyScreen m_screen = JourneyScreen::welcome;
     std::optional<JourneyScreen> m_reviewing;
@@ -161,8 +163,6 @@ private:
     std::optional<LocalModelsProgress> m_lastProgress;
     std::optional<bool> m_lastHello;
     std::optional<std::int64_t> m_appBytes;
-    std::vector<std::string> m_wiredThisRun;
-    std::set<std::string> m_plugging; ///< ids that are recorded, and whose verb has not ended
     bool m_wokeWriter = false;
     bool m_cancelling = false;
     bool m_cancelFailed = false;

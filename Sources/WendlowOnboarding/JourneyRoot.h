@@ -2,6 +2,7 @@
 
 #include "JourneyAppsList.h"
 #include "JourneyModel.h"
+#include "JourneyWords.h"
 #include "LocalModelsList.h"
 
 #include <QAbstractItemModel>
@@ -44,7 +45,9 @@ class JourneyRoot final : public QObject {
     Q_PROPERTY(QStringList paragraphs READ paragraphs NOTIFY screenChanged)
     /// The card with a hint: its bold first line, and what follows.
     Q_PROPERTY(QString hintTitle READ hintTitle NOTIFY hintChanged)
+    /// In the tags of styled text; `hintSpoken` is title and text without.
     Q_PROPERTY(QString hint READ hint NOTIFY hintChanged)
+    Q_PROPERTY(QString hintSpoken READ hintSpoken NOTIFY hintChanged)
 
     // The foot of every screen.
     /// The primary button; empty where there is none.
@@ -183,6 +186,7 @@ public:
     QStringList paragraphs() const;
     QString hintTitle() const;
     QString hint() const;
+    QString hintSpoken() const;
     QString primaryWords() const;
     bool isPrimaryEnabled() const;
     bool isPrimaryBusy() const { return m_model->isMoving(); }
@@ -260,13 +264,19 @@ Q_SIGNALS:
     void said(const QString& words);
 
 private:
+    void tellScreen();
+    void showGrants();
     void showApps();
     void showModels();
-    void tellScreen();
+    void showHello();
+    JourneyWords::Hint hintParts() const;
+    bool areAllWired() const;
 
     const std::unique_ptr<JourneyModel> m_model;
     JourneyAppsList m_apps;
     LocalModelsList m_models;
+    bool m_appeared = false;
+    bool m_wasGranted = false; ///< as it was last told
     bool m_confirming = false;
     QStringList m_removes;
     QStringList m_keeps;

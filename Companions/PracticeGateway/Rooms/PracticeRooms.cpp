@@ -16,8 +16,8 @@ PracticeRooms::PracticeRooms(std::unique_ptr<PracticeDatabase> database, const C
       m_ledger(*m_database), m_keep(m_documents, clock),
       m_moments(m_documents, m_ledger, m_keep, clock), m_meetings(m_documents),
       m_days(m_documents, m_ledger, m_keep, clock), m_hours(m_ledger, m_keep, m_documents, clock),
-      m_recording(m_documents, clock), m_phrase(m_documents), m_grants(*m_database, m_recording),
-      m_daemon(*m_database, clock) {}
+      m_recording(m_documents, clock), m_phrase(m_documents),
+      m_grants(*m_database, m_recording, clock), m_daemon(*m_database, clock) {}
 
 std::expected<std::unique_ptr<PracticeRooms>, std::string>
 PracticeRooms::open(const std::filesystem::path& file, const Clock& clock) try {

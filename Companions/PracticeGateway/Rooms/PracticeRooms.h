@@ -57,6 +57,7 @@ public:
     RuleRoom& rules() { return m_rules; }
     ModRoom& mods() { return m_mods; }
     MeetingRoom& meetings() { return m_meetings; }
+    GrantRoom& grants() { return m_grants; }
 
 private:
     void fillState();

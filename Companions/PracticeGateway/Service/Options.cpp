@@ -16,7 +16,7 @@ namespace {
 constexpr const char* description =
     "Answers in place of the product's daemon, from a database of its own, so that the\n"
     "application can be used, tested and shown. It keeps no real memory.\n\n"
-    "The last seven options make it misbehave, for trying what a client does then. A reply is "
+    "The last ten options make it misbehave, for trying what a client does then. A reply is "
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
     "  answer, silent, refuse, die       what it does at all\n"
@@ -65,6 +65,14 @@ public:
                    "list"),
             option("mods", "What is special about the mods, with commas: none, every-outcome.",
                    "list"),
+            option("deny",
+                   "The permissions that are refused, with commas: screen_recording, "
+                   "accessibility, microphone.",
+                   "list"),
+            option("withhold", "The permissions of which nothing is said.", "list"),
+            option("grant-after",
+                   "After how many milliseconds a permission that was asked for is there.",
+                   "number"),
             option("flood", "Send each new subscriber so many events at once.", "number"),
         });
         if (!m_parser.parse(words))
@@ -152,12 +160,17 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                     .days = {},
                     .lines = {},
                     .mods = {},
+                    .grants = {},
                     .help = std::nullopt};
     reading.parsed("fill", fillSize, options.fill);
     reading.parsed("rules", &RuleManner::parse, options.rules);
     reading.parsed("days", &DayManner::parse, options.days);
     reading.parsed("lines", &LineManners::parse, options.lines);
     reading.parsed("mods", &ModManner::parse, options.mods);
+    reading.parsed("deny", &GrantManner::kinds, options.grants.denied);
+    reading.parsed("withhold", &GrantManner::kinds, options.grants.withheld);
+    options.grants.after = std::chrono::milliseconds(
+        std::min<std::uint64_t>(reading.number("grant-after").value_or(0), INT32_MAX));
     if (reading.isSet("help"))
         options.help = reading.help();
     if (!reading.fault().empty())

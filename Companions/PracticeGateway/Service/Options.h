@@ -11,6 +11,7 @@
 
 #include "DayManner.h"
 #include "Fill/FillSize.h"
+#include "GrantRoom.h"
 #include "MeetingRoom.h"
 #include "ModRoom.h"
 #include "RuleChain.h"
@@ -30,6 +31,7 @@ struct Options {
     DayManner days;                  ///< and about days
     std::vector<LineManner> lines;   ///< what happens to them
     ModManner mods;                  ///< how it answers about them
+    GrantManner grants;              ///< what becomes of them
     std::optional<std::string> help; ///< to be printed in place of all else
 
     /// The options in the program's words, the program's name first, or a sentence about what is

@@ -54,6 +54,10 @@ Steps plan(const Receipts& receipts, const std::vector<std::string>& blobsAfterS
 /// With the partial files that are there now. Blocks.
 Steps planNow(const Receipts& receipts);
 
+/// Those that `perform` would not refuse. Asks no disk.
+Steps permitted(Steps steps, const std::filesystem::path& home,
+                const std::filesystem::path& support);
+
 /// The host's partial files that this pull began. Blocks.
 std::vector<std::string> partialBlobs(const Receipts& receipts);
 /// Times in seconds since 1970.

@@ -1,0 +1,148 @@
+#include "JourneyWiring.h"
+
+#include <QCoroTimer>
+#include <QPointer>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace wendlow {
+
+JourneyWiring::JourneyWiring(ConnectedAppsModel& apps, const Load& load, Save save)
+    : m_apps(apps), m_save(std::move(save)), m_ids(load()) {
+    const ConnectedAppsList* const rows = m_apps.appsList();
+    connect(rows, &QAbstractItemModel::dataChanged, this, &JourneyWiring::look);
+    connect(rows, &QAbstractItemModel::rowsInserted, this, &JourneyWiring::look);
+    connect(rows, &QAbstractItemModel::rowsRemoved, this, &JourneyWiring::look);
+    connect(rows, &QAbstractItemModel::rowsMoved, this, &JourneyWiring::look);
+    connect(&m_apps, &ConnectedAppsModel::landed, this, &JourneyWiring::look);
+    connect(&m_apps, &ConnectedAppsModel::scannedChanged, this, &JourneyWiring::look);
+}
+
+const ConnectableApp* JourneyWiring::app(const std::string& id) const {
+    const auto& rows = m_apps.apps();
+    const auto found =
+        std::ranges::find_if(rows, [&id](const ConnectedAppRow& row) { return row.app.id == id; });
+    return found == rows.end() ? nullptr : &found->app;
+}
+
+JourneyWiring::Ids JourneyWiring::connected() const {
+    Ids ids;
+    for (const ConnectedAppRow& row : m_apps.apps())
+        if (row.app.connected)
+            ids.push_back(row.app.id);
+    return ids;
+}
+
+bool JourneyWiring::anyConnected() const {
+    return !connected().empty();
+}
+
+JourneyWiring::Ids JourneyWiring::toUnwire(const Ids& pluggedIn, const Ids& connected) {
+    Ids ids;
+    std::ranges::copy_if(pluggedIn, std::back_inserter(ids), [&](const std::string& id) {
+        return std::ranges::find(connected, id) != connected.end();
+    });
+    return ids;
+}
+
+JourneyWiring::Ids JourneyWiring::plugged() const {
+    Ids names;
+    for (const std::string& id : toUnwire(m_ids, connected()))
+        names.push_back(app(id)->name);
+    return names;
+}
+
+void JourneyWiring::save(const Ids& ids) {
+    if (ids == m_ids)
+        return;
+    m_ids = ids;
+    m_save(m_ids);
+}
+
+void JourneyWiring::set(const std::string& id, bool on) {
+    const ConnectableApp* const known = app(id);
+    if (!known || known->busy || known->connected == on)
+        return;
+    m_working.insert(id);
+    if (on) {
+        Ids ids = m_ids;
+        if (std::ranges::find(ids, id) == ids.end())
+            ids.push_back(id);
+        save(ids);
+        m_apps.connect(QString::fromStdString(id));
+    } else {
+        m_apps.disconnect(QString::fromStdString(id));
+    }
+}
+
+void JourneyWiring::setAll(bool on) {
+    Ids ids;
+    for (const ConnectedAppRow& row : m_apps.apps())
+        ids.push_back(row.app.id);
+    for (const std::string& id : ids)
+        set(id, on);
+}
+
+/// A verb of ours that has ended shows in what the tool's files hold by now.
+void JourneyWiring::look() {
+    Ids ids = m_ids;
+    std::erase_if(m_working, [&](const std::string& id) {
+        const ConnectableApp* const known = app(id);
+        if (known && known->busy)
+            return false;
+        if (!known || !known->connected)
+            std::erase(ids, id);
+        return true;
+    });
+    save(ids);
+    Q_EMIT changed();
+}
+
+QCoro::Task<> JourneyWiring::until(std::function<bool()> over, std::chrono::milliseconds limit) {
+    if (over())
+        co_return;
+    QTimer patience;
+    patience.setSingleShot(true);
+    patience.start(limit);
+    connect(this, &JourneyWiring::changed, &patience, [&patience, &over] {
+        if (over())
+            patience.start(std::chrono::milliseconds::zero());
+    });
+    // This may go meanwhile; then nothing changes any more, and the limit ends the wait.
+    co_await patience;
+}
+
+QCoro::Task<> JourneyWiring::scanned(std::chrono::milliseconds limit) {
+    if (!m_apps.scanned())
+        m_apps.refresh();
+    auto wait = until([this] { return m_apps.scanned(); }, limit);
+    co_await wait;
+}
+
+QCoro::Task<> JourneyWiring::unplug(std::chrono::milliseconds limit) {
+    const QPointer<JourneyWiring> self(this);
+    // What is being plugged in just now counts too, once it is.
+    auto calm = until([this] { return m_working.empty(); }, limit);
+    co_await calm;
+    if (!self)
+        co_return;
+    for (const std::string& id : toUnwire(m_ids, connected())) {
+        m_apps.disconnect(QString::fromStdString(id));
+        auto done = until(
+            [this, id] {
+                const ConnectableApp* const known = app(id);
+                return !known || !known->busy;
+            },
+            limit);
+        co_await done;
+        if (!self)
+            co_return;
+    }
+    save({});
+}
+
+} // namespace wendlow
+
+#include "moc_JourneyWiring.cpp"

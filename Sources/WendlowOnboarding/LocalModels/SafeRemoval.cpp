@@ -1,0 +1,166 @@
+#include "SafeRemoval.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fmt/format.h>
+
+namespace wendlow::SafeRemoval {
+
+namespace {
+
+using Path = std::filesystem::path;
+
+class Descriptor {
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
+    ~Descriptor() {
+        if (m_number >= 0)
+            ::close(m_number);
+    }
+    explicit operator bool() const { return m_number >= 0; }
+    int number() const { return m_number; }
+    int release() { return std::exchange(m_number, -1); }
+
+private:
+    int m_number;
+};
+
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
+std::string cause(int error) {
+    return std::strerror(error);
+}
+
+/// Whether `path` lies below `folder`; both are as they are written.
+bool isBelow(const Path& path, const Path& folder) {
+    const auto [end, rest] = std::ranges::mismatch(folder, path);
+    return end == folder.end() && rest != path.end();
+}
+
+Path withoutSlash(const Path& path) {
+    const Path normal = path.lexically_normal();
+    return normal.has_filename() ? normal : normal.parent_path();
+}
+
+/// The narrowest of the places that the path lies in.
+Path placeOf(const Path& path, const Places& places) {
+    const Path support = withoutSlash(places.support);
+    return isBelow(path, support) ? support : withoutSlash(places.home);
+}
+
+/// The folder that holds the last part of `path`, reached from `place` without following a link:
+/// so nobody leads this out of the place, not even while it is under way.
+std::expected<Descriptor, std::string> folderOf(const Path& path, const Path& place) {
+    // The place itself is the person's own choice: a home may well be a link.
+    Descriptor folder(::open(place.c_str(), folderFlags));
+    for (const Path& part : path.parent_path().lexically_relative(place)) {
+        if (!folder || part == ".")
+            break;
+        folder = Descriptor(::openat(folder.number(), part.c_str(), folderFlags | O_NOFOLLOW));
+    }
+    if (folder)
+        return folder;
+    // A link where a folder has to be is told as the one or the other.
+    const bool isLink = errno == ELOOP || errno == ENOTDIR;
+    return std::unexpected(isLink ? "a link or a file stands on the way to it" : cause(errno));
+}
+
+std::vector<std::string> namesIn(int folder) {
+    std::vector<std::string> names;
+    Descriptor own(::openat(folder, ".", folderFlags | O_NOFOLLOW));
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(own ? ::fdopendir(own.number()) : nullptr,
+                                                      &::closedir);
+    if (!listing)
+        return names;
+    own.release(); // closed with the listing
+    while (const dirent* const entry = ::readdir(listing.get()))
+        if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
+            names.emplace_back(entry->d_name);
+    return names;
+}
+
+/// How the last thing that stays keeps the rest from going: the first cause, or 0.
+int removeEntry(int folder, const char* name);
+
+int removeContents(int folder) {
+    int failure = 0;
+    for (const std::string& name : namesIn(folder)) {
+        const int failed = removeEntry(folder, name.c_str());
+        if (failure == 0 && failed != ENOENT)
+            failure = failed;
+    }
+    return failure;
+}
+
+int removeEntry(int folder, const char* name) {
+    // A folder refuses to be unlinked, and a link to one does not.
+    if (::unlinkat(folder, name, 0) == 0)
+        return 0;
+    if (errno != EISDIR && errno != EPERM)
+        return errno;
+    const int refused = errno;
+    int failure = 0;
+    {
+        const Descriptor inside(::openat(folder, name, folderFlags | O_NOFOLLOW));
+        if (!inside && errno == ENOTDIR)
+            return refused;
+        failure = inside ? removeContents(inside.number()) : errno;
+    }
+    if (::unlinkat(folder, name, AT_REMOVEDIR) == 0)
+        return 0;
+    // Why something within stays says more than that the folder is not empty.
+    return failure != 0 && failure != ENOENT ? failure : errno;
+}
+
+} // namespace
+
+std::string refusal(std::string_view path, const Places& places) {
+    const Path wanted(path);
+    if (!wanted.is_absolute() || path.find('\0') != std::string_view::npos)
+        return "it is not an absolute path";
+    if (std::ranges::find(wanted, Path("..")) != wanted.end())
+        return "it leads back on its way";
+    const Path plain = withoutSlash(wanted);
+    const Path home = withoutSlash(places.home);
+    const Path support = withoutSlash(places.support);
+    // Where nobody has a home, everything would lie in it.
+    if (!home.has_relative_path() || !support.has_relative_path() || !home.is_absolute() ||
+        !support.is_absolute())
+        return "there is no home folder";
+    for (const Path& kept : {home, support})
+        if (plain == kept || isBelow(kept, plain))
+            return "it holds more than was installed";
+    if (!isBelow(plain, home) && !isBelow(plain, support))
+        return "it lies outside the home folder";
+    return {};
+}
+
+std::expected<void, std::string> remove(std::string_view path, const Places& places) {
+    if (const std::string refused = refusal(path, places); !refused.empty())
+        return std::unexpected(refused);
+    const Path plain = withoutSlash(Path(path));
+    const auto folder = folderOf(plain, placeOf(plain, places));
+    if (!folder)
+        return std::unexpected(folder.error());
+    if (const int failed = removeEntry(folder->number(), plain.filename().c_str()); failed != 0)
+        return std::unexpected(cause(failed));
+    return {};
+}
+
+} // namespace wendlow::SafeRemoval
