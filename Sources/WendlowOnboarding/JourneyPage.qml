@@ -92,7 +92,8 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             kind: Button.Kind.Primary
             text: page.root.primaryWords
-            enabled: page.root.primaryEnabled
+            // While it works it keeps the keys, which would go nowhere.
+            enabled: page.root.primaryEnabled || page.root.primaryBusy
             working: page.root.primaryBusy
             onClicked: if (!page.root.primaryBusy)
                 page.root.press()

@@ -104,7 +104,13 @@ constexpr State states[] = {
     {.name = "hello-received",
      .screen = Screen::sayHello,
      .make = [](Mac& mac) { mac.helloReceived = true; }},
-    {.name = "warming", .screen = Screen::warming},
+    {.name = "warming",
+     .screen = Screen::warming,
+     .make =
+         [](Mac& mac) {
+             grantTwo(mac);
+             mac.grants.microphone = true;
+         }},
     {.name = "done", .screen = Screen::done},
 };
 

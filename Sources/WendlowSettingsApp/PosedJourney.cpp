@@ -1,6 +1,7 @@
 #include "PosedJourney.h"
 
 #include "LocalModel.h"
+#include "LocalModelsUndo.h"
 #include "MockConnector.h"
 #include "ToolTiles.h"
 
@@ -151,6 +152,8 @@ std::optional<LocalModelsProgress> PosedJourney::progress() const {
 }
 
 JourneyContacts PosedJourney::contacts() {
+    m_agreed = screen != JourneyScreen::welcome;
+    m_passed = !Journey::isAtMost(screen, JourneyScreen::recoveryKey);
     return {
         .connect = [this]() -> ConnectedAppsModel& { return apps(); },
         .grants = [this]() -> QCoro::Task<std::optional<GrantPair>> { co_return grants; },
@@ -166,6 +169,10 @@ JourneyContacts PosedJourney::contacts() {
         .localModels = [this] { return progress(); },
         .hello = [this]() -> QCoro::Task<std::optional<bool>> { co_return helloReceived; },
         .warm = [this] { return warm; },
+        .describeUndo =
+            [](const LocalModelsProgress::Receipts& receipts) {
+                return LocalModelsUndo::describe(LocalModelsUndo::plan(receipts, {}));
+            },
         .cancelInstall = [this](std::optional<LocalModelsProgress>) { return endCancel(); },
         .wakeWriter = [] {},
         .now = &PosedJourney::now,

@@ -1,4 +1,5 @@
 #include "ClientInstance.h"
+#include "JourneyWords.h"
 #include "WindowDescription.h"
 #include "WindowModels.h"
 #include "WindowPictures.h"
@@ -92,7 +93,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeEditor},
     {.kind = Kind::onboarding,
      .id = "journey",
-     .title = "Welcome to Wendlow",
+     .title = JourneyWords::windowTitle,
      .size = {800, 620},
      .styles = fixed,
      .alwaysDark = true,
