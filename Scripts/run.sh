@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the application and opens it; arguments go to it, for example --window=settings. Where no
-# gateway is running, the practice gateway runs beside it, as long as it does.
+# gateway is running, the practice gateway runs beside it, as long as it does, and so does the
+# practice menu, which plays the first-run download.
 # Without a display: Scripts/run.sh --snapshots DIR renders every window to PNG files.
 set -euo pipefail
 called_from=$PWD
@@ -9,7 +10,7 @@ Scripts/dependencies.sh
 
 cmake --preset release >/dev/null
 cmake --build --preset release --target wendlow-settings wendlow-hook wendlow-mcp \
-    wendlow-connect wendlow-ask wendlow-practice-gateway
+    wendlow-connect wendlow-ask wendlow-practice-gateway wendlow-practice-menu
 run=$PWD/Scripts/run.sh
 programs=$PWD/build/release/Wendlow.app/Contents/MacOS
 
@@ -39,7 +40,9 @@ fi
 echo "No gateway is running, so the practice gateway stands in: it keeps no real memory." >&2
 "$programs/wendlow-practice-gateway" --fill day >/dev/null &
 gateway=$!
-trap 'kill "$gateway" 2>/dev/null; wait "$gateway" || true' EXIT
+"$programs/wendlow-practice-menu" >/dev/null &
+menu=$!
+trap 'kill "$gateway" "$menu" 2>/dev/null; wait "$gateway" "$menu" || true' EXIT
 # The windows find it later too; but what opens first should not begin with a complaint.
 for _ in $(seq 100); do
     if gateway_is_there || ! kill -0 "$gateway" 2>/dev/null; then

@@ -2,7 +2,6 @@
 
 #include "ClientInstance.h"
 #include "LocalModel.h"
-#include "ModelsFolder.h"
 
 #include <algorithm>
 #include <array>
@@ -45,7 +44,14 @@ Row row(const char* id, const char* label, std::int64_t total) {
 
 MadeUpDownload::MadeUpDownload(Places places, Manner manner)
     : m_places(std::move(places)), m_manner(std::move(manner)) {
-    const std::filesystem::path host = m_places.home / ".ollama";
+    const std::filesystem::path host = m_places.files / "ollama";
+    if (auto before = LocalModelsProgress::read(progressFile());
+        LocalModelsProgress::stepsDone(before)) {
+        m_progress = *std::move(before);
+        m_progress.pid = static_cast<std::int32_t>(::getpid());
+        m_fraction = 1;
+        return;
+    }
     m_progress = {.pid = m_manner.pid.value_or(static_cast<std::int32_t>(::getpid())),
                   .running = true,
                   .rows = {row("runtime", "Runtime", LocalModel::runtimeApproxBytes),
@@ -77,35 +83,32 @@ void MadeUpDownload::put(const std::filesystem::path& file) {
 
 /// What a row puts down; the receipt is on the disk before the file is.
 void MadeUpDownload::install(std::size_t row) {
-    const std::string support = m_places.support.string();
+    const std::filesystem::path& files = m_places.files;
     auto& installed = m_progress.installed;
     const auto record = [this] {
         [[maybe_unused]] const auto written = m_progress.write(progressFile());
     };
     switch (row) {
-    case runtimeRow: {
-        const std::filesystem::path plist =
-            m_places.home / "Library/LaunchAgents" /
-            fmt::format("{}.plist", ClientInstance::ollamaAgentLabel);
-        installed.runtimeDir = ModelsFolder::namingRuntime(support);
-        installed.agentPlist = plist.string();
+    case runtimeRow:
+        installed.runtimeDir = (files / "runtime").string();
+        installed.agentPlist =
+            (files / fmt::format("{}.plist", ClientInstance::ollamaAgentLabel)).string();
         record();
-        put(ModelsFolder::namingBinary(support));
-        put(plist);
+        put(files / "runtime/ollama");
+        put(*installed.agentPlist);
         break;
-    }
     case modelRow:
-        installed.pulledModel = std::string(LocalModel::titleModel);
+        installed.pulledModel = std::string(model);
         installed.pullBeganAt = now();
         record();
-        put(m_places.home / ".ollama/blobs/sha256-0123456789-partial");
+        put(files / "ollama/blobs/sha256-0123456789-partial");
         break;
     default:
-        installed.asrCacheDir = ModelsFolder::speech(support);
-        installed.senkoDir = ModelsFolder::voices(support);
+        installed.asrCacheDir = (files / "speech").string();
+        installed.senkoDir = (files / "voices").string();
         record();
-        put(std::filesystem::path(*installed.asrCacheDir) / "model.bin");
-        put(std::filesystem::path(*installed.senkoDir) / "voices.bin");
+        put(files / "speech/model.bin");
+        put(files / "voices/voices.bin");
         break;
     }
 }

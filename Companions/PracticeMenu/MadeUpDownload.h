@@ -7,18 +7,19 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace wendlow {
 
-/// A download that tells of gigabytes and puts down a few kilobytes, in the places where the real
-/// one would. Each file and folder that it makes is on its receipts, or is a folder above them that
-/// it takes away itself. Blocks on the disk.
+/// A download that tells of gigabytes and puts down a few kilobytes, all in a folder of its own:
+/// the real places may hold what is a person's. Each file and folder that it makes is on its
+/// receipts, or is a folder above them that it takes away itself. Blocks on the disk.
 class MadeUpDownload {
 public:
     struct Places {
-        std::filesystem::path home;
         std::filesystem::path support; ///< the folder that holds the product's own
+        std::filesystem::path files;   ///< the folder that all goes to
     };
     /// A writer that is not as it should be.
     struct Manner {
@@ -28,6 +29,10 @@ public:
         std::vector<std::string> modelsBefore = {};     ///< what the host held already
     };
 
+    /// No model has this name, so that a real host that is asked to delete it deletes nothing.
+    static constexpr std::string_view model = "wendlow-practice/no-model";
+
+    /// One that was done before stays so.
     MadeUpDownload(Places places, Manner manner);
 
     /// Brings the download to where it is after so long, files and all, and writes the progress

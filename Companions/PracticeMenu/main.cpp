@@ -156,7 +156,9 @@ int main(int count, char** words) {
     const std::filesystem::path support = ClientInstance::supportRoot(parent);
     DistributedNotificationCenter notifications(
         QDBusConnection::connectToBus(sessionBusAddress(), uniqueConnectionName()));
-    MadeUpDownload download({.home = homeFolder(), .support = parent}, options->download);
+    MadeUpDownload download(
+        {.support = parent, .files = std::filesystem::path(parent) / "Wendlow Practice/menu"},
+        options->download);
     ModelHost host(options->download.modelsBefore);
     if (options->hostPort != 0 && !host.listen(options->hostPort))
         fmt::print(stderr, "wendlow-practice-menu: another has port {}, and plays the host\n",
@@ -172,7 +174,7 @@ int main(int count, char** words) {
             std::_Exit(succeeded);
         if (!download.isDone())
             return;
-        host.add(*download.progress().installed.pulledModel);
+        host.add(std::string(MadeUpDownload::model));
         clock.stop();
     };
     QObject::connect(&clock, &QTimer::timeout, advance);

@@ -158,7 +158,9 @@ QCoro::Task<> JourneyModel::round(int generation) {
         co_return;
     if (m_screen == JourneyScreen::localModels)
         wakeTheWriterIfNeeded();
-    const JourneyScreen next = deriving == Deriving::yes ? Journey::advanced(from, *now) : m_screen;
+    // Of a daemon that does not answer nobody is led anywhere.
+    const bool follows = deriving == Deriving::yes && m_lastGrants;
+    const JourneyScreen next = follows ? Journey::advanced(from, *now) : m_screen;
     if (deriving == Deriving::no) {
         log(fmt::format("poll: holding {} (buttons track the world)", text(m_screen)));
     } else if (next == m_screen) {
