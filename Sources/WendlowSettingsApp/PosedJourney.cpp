@@ -91,6 +91,14 @@ ConnectedAppsModel& PosedJourney::apps() {
     return *m_apps;
 }
 
+QCoro::Task<std::optional<GrantPair>> PosedJourney::readGrants() {
+    co_return grants;
+}
+
+QCoro::Task<std::optional<bool>> PosedJourney::askHello() {
+    co_return helloReceived;
+}
+
 QCoro::Task<> PosedJourney::grant(std::string kind) {
     if (grantsWhatIsAsked)
         for (const auto& [screen, granted] :
@@ -156,7 +164,7 @@ JourneyContacts PosedJourney::contacts() {
     m_passed = !Journey::isAtMost(screen, JourneyScreen::recoveryKey);
     return {
         .connect = [this]() -> ConnectedAppsModel& { return apps(); },
-        .grants = [this]() -> QCoro::Task<std::optional<GrantPair>> { co_return grants; },
+        .grants = [this] { return readGrants(); },
         .storePresent = []() -> QCoro::Task<bool> { co_return true; },
         .phrase = [this] { return readPhrase(); },
         .recoveryPassed = [this] { return m_passed; },
@@ -167,7 +175,7 @@ JourneyContacts PosedJourney::contacts() {
         .requestGrant = [this](std::string kind) { return grant(std::move(kind)); },
         .forcedScreen = [this] { return std::optional(screen); },
         .localModels = [this] { return progress(); },
-        .hello = [this]() -> QCoro::Task<std::optional<bool>> { co_return helloReceived; },
+        .hello = [this] { return askHello(); },
         .warm = [this] { return warm; },
         .describeUndo =
             [](const LocalModelsProgress::Receipts& receipts) {

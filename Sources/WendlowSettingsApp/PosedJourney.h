@@ -47,6 +47,8 @@ public:
     ConnectedAppsModel& apps();
 
 private:
+    QCoro::Task<std::optional<GrantPair>> readGrants();
+    QCoro::Task<std::optional<bool>> askHello();
     QCoro::Task<> grant(std::string kind);
     QCoro::Task<RecoveryRead> readPhrase();
     QCoro::Task<CancelEnd> endCancel();

@@ -131,13 +131,13 @@ void SettingsApplication::showFirst(std::function<void(WindowDoor::Pane)> shown)
 }
 
 std::unique_ptr<JourneyRoot> SettingsApplication::makeJourney(WindowModels& models) const {
-    const auto connect = [&models]() -> ConnectedAppsModel& {
+    const auto tools = [&models]() -> ConnectedAppsModel& {
         return static_cast<ConnectedAppsModel&>(*models.settings().model(Pane::connected));
     };
     JourneyContacts contacts = JourneyContacts::real({
         .client = m_surroundings.client,
         .notifications = m_surroundings.notifications,
-        .connect = connect,
+        .connect = tools,
         .forcedScreen = std::nullopt,
         // Not `quit`, which asks the windows: that of a journey that is being taken back says no.
         .terminate = [] { QCoreApplication::exit(); },
