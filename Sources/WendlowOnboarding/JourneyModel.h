@@ -20,6 +20,13 @@
 
 namespace wendlow {
 
+/// How long a journey waits.
+struct JourneyLimits {
+    std::chrono::milliseconds poll = std::chrono::seconds(2);    ///< between two rounds
+    std::chrono::milliseconds answer = std::chrono::seconds(5);  ///< of the daemon
+    std::chrono::milliseconds unplug = std::chrono::seconds(10); ///< of one tool, at a cancel
+};
+
 /// The first-run journey: looks at the machine every two seconds, says which screen that asks for,
 /// and carries out what the buttons ask. Whatever must outlive it is a receipt on the disk, so that
 /// it can be broken off anywhere. UI thread; may go while answers are under way.
@@ -27,11 +34,7 @@ class JourneyModel final : public QObject {
     Q_OBJECT
 
 public:
-    struct Limits {
-        std::chrono::milliseconds poll = std::chrono::seconds(2);    ///< between two rounds
-        std::chrono::milliseconds answer = std::chrono::seconds(5);  ///< of the daemon
-        std::chrono::milliseconds unplug = std::chrono::seconds(10); ///< of one tool, at a cancel
-    };
+    using Limits = JourneyLimits;
 
     explicit JourneyModel(JourneyContacts contacts, Limits limits = Limits());
     ~JourneyModel() override;

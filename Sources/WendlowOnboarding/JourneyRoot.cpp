@@ -18,7 +18,7 @@ namespace {
 
 namespace Words = JourneyWords;
 
-QString text(std::string_view utf8) {
+QString inWords(std::string_view utf8) {
     return QString::fromUtf8(utf8);
 }
 
@@ -115,14 +115,14 @@ void JourneyRoot::tellScreen() {
 }
 
 QString JourneyRoot::screen() const {
-    return text(wendlow::text(m_model->screen()));
+    return inWords(wendlow::text(m_model->screen()));
 }
 
 QVariantList JourneyRoot::rail() const {
     QVariantList list;
     const int count = static_cast<int>(railTitles.size());
     for (int at = 0; at < count; ++at)
-        list.append(marked(text(railTitles[static_cast<std::size_t>(at)]),
+        list.append(marked(inWords(railTitles[static_cast<std::size_t>(at)]),
                            JourneySteps::mark(static_cast<JourneyStep>(at), m_model->screen()),
                            at + 1, count));
     return list;
@@ -142,7 +142,7 @@ QVariantList JourneyRoot::stepper() const {
     const int count = static_cast<int>(marks->size());
     for (int at = 0; at < count; ++at) {
         const auto place = static_cast<std::size_t>(at);
-        list.append(marked(text(stepperTitles[place]), (*marks)[place], at + 1, count));
+        list.append(marked(inWords(stepperTitles[place]), (*marks)[place], at + 1, count));
     }
     return list;
 }
@@ -162,21 +162,21 @@ QVariantList JourneyRoot::stepperLines(double column, double circle, double gap)
 }
 
 QString JourneyRoot::eyebrow() const {
-    return text(JourneyPage::of(m_model->screen()).eyebrow);
+    return inWords(JourneyPage::of(m_model->screen()).eyebrow);
 }
 
 QString JourneyRoot::doneLine() const {
-    return text(JourneyPage::of(m_model->screen()).doneLine);
+    return inWords(JourneyPage::of(m_model->screen()).doneLine);
 }
 
 QString JourneyRoot::title() const {
-    return text(JourneyPage::of(m_model->screen()).title);
+    return inWords(JourneyPage::of(m_model->screen()).title);
 }
 
 QStringList JourneyRoot::paragraphs() const {
     QStringList list;
     std::ranges::transform(JourneyPage::of(m_model->screen()).paragraphs, std::back_inserter(list),
-                           &text);
+                           &inWords);
     return list;
 }
 
@@ -203,8 +203,8 @@ QString JourneyRoot::hintSpoken() const {
 
 QString JourneyRoot::primaryWords() const {
     if (m_model->screen() == JourneyScreen::sayHello && helloReceived())
-        return text(Words::SayHello::closeButton);
-    return text(JourneyPage::of(m_model->screen()).primary);
+        return inWords(Words::SayHello::closeButton);
+    return inWords(JourneyPage::of(m_model->screen()).primary);
 }
 
 bool JourneyRoot::isPrimaryEnabled() const {
@@ -305,15 +305,15 @@ void JourneyRoot::showGrants() {
 }
 
 QString JourneyRoot::askWords() const {
-    return text(JourneyPage::of(m_model->screen()).ask);
+    return inWords(JourneyPage::of(m_model->screen()).ask);
 }
 
 QString JourneyRoot::grantedLine() const {
-    return text(JourneyPage::of(m_model->screen()).granted);
+    return inWords(JourneyPage::of(m_model->screen()).granted);
 }
 
 QString JourneyRoot::customizeHint() const {
-    return text(JourneyPage::of(m_model->screen()).customizeHint);
+    return inWords(JourneyPage::of(m_model->screen()).customizeHint);
 }
 
 bool JourneyRoot::isWaiting() const {
@@ -324,7 +324,7 @@ bool JourneyRoot::isWaiting() const {
 QString JourneyRoot::refusedLine() const {
     const bool refused = m_model->screen() == JourneyScreen::microphone && m_model->lastGrants() &&
                          m_model->lastGrants()->microphoneDenied;
-    return refused ? text(Words::Microphone::refused) : QString();
+    return refused ? inWords(Words::Microphone::refused) : QString();
 }
 
 // Recovery key
@@ -372,7 +372,7 @@ void JourneyRoot::toggleAll() {
 QString JourneyRoot::allWords() const {
     if (m_apps.rows().empty())
         return {};
-    return text(areAllWired() ? Words::PlugIn::unselectAll : Words::PlugIn::selectAll);
+    return inWords(areAllWired() ? Words::PlugIn::unselectAll : Words::PlugIn::selectAll);
 }
 
 QString JourneyRoot::appsWords() const {
@@ -410,7 +410,7 @@ void JourneyRoot::showModels() {
 }
 
 QString JourneyRoot::modelsWords() const {
-    return m_models.rows().empty() ? text(Words::Beside::noReading) : QString();
+    return m_models.rows().empty() ? inWords(Words::Beside::noReading) : QString();
 }
 
 QString JourneyRoot::modelsLine() const {
@@ -459,12 +459,12 @@ void JourneyRoot::closeCancelFailed() {
 }
 
 QString JourneyRoot::confirmRemovesTitle() const {
-    return text(m_removes.isEmpty() ? Words::LocalModels::confirmNothing
-                                    : Words::LocalModels::confirmDeletes);
+    return inWords(m_removes.isEmpty() ? Words::LocalModels::confirmNothing
+                                       : Words::LocalModels::confirmDeletes);
 }
 
 QString JourneyRoot::confirmKeepsTitle() const {
-    return m_keeps.isEmpty() ? QString() : text(Words::LocalModels::confirmKeeps);
+    return m_keeps.isEmpty() ? QString() : inWords(Words::LocalModels::confirmKeeps);
 }
 
 // Hello
@@ -481,7 +481,8 @@ bool JourneyRoot::helloReceived() const {
 }
 
 QString JourneyRoot::helloLine() const {
-    return text(helloReceived() ? Words::SayHello::receivedLine : Words::SayHello::listeningLine);
+    return inWords(helloReceived() ? Words::SayHello::receivedLine
+                                   : Words::SayHello::listeningLine);
 }
 
 } // namespace wendlow

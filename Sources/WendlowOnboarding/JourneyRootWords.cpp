@@ -9,77 +9,77 @@ namespace {
 
 namespace Words = JourneyWords;
 
-QString text(std::string_view utf8) {
+QString inWords(std::string_view utf8) {
     return QString::fromUtf8(utf8);
 }
 
 } // namespace
 
 QString JourneyRoot::backWords() {
-    return text(Words::Beside::back);
+    return inWords(Words::Beside::back);
 }
 QString JourneyRoot::returnWords() {
-    return text(Words::Beside::forward);
+    return inWords(Words::Beside::forward);
 }
 QString JourneyRoot::termsTick() {
-    return text(Words::Welcome::termsTick);
+    return inWords(Words::Welcome::termsTick);
 }
 QString JourneyRoot::termsWord() {
-    return text(Words::Welcome::termsWord);
+    return inWords(Words::Welcome::termsWord);
 }
 QString JourneyRoot::updatesTick() {
-    return text(Words::Welcome::updatesTick);
+    return inWords(Words::Welcome::updatesTick);
 }
 QString JourneyRoot::awaiting() {
-    return text(Words::Permission::awaiting);
+    return inWords(Words::Permission::awaiting);
 }
 QString JourneyRoot::wroteItDownTick() {
-    return text(Words::RecoveryKey::tick);
+    return inWords(Words::RecoveryKey::tick);
 }
 QString JourneyRoot::phraseHint() {
-    return text(Words::RecoveryKey::hint);
+    return inWords(Words::RecoveryKey::hint);
 }
 QString JourneyRoot::cancelWords() {
-    return text(Words::LocalModels::cancelButton);
+    return inWords(Words::LocalModels::cancelButton);
 }
 QString JourneyRoot::confirmTitle() {
-    return text(Words::LocalModels::confirmTitle);
+    return inWords(Words::LocalModels::confirmTitle);
 }
 QString JourneyRoot::confirmBody() {
-    return text(Words::LocalModels::confirmBody);
+    return inWords(Words::LocalModels::confirmBody);
 }
 QString JourneyRoot::confirmProceed() {
-    return text(Words::LocalModels::confirmProceed);
+    return inWords(Words::LocalModels::confirmProceed);
 }
 QString JourneyRoot::confirmKeepGoing() {
-    return text(Words::LocalModels::confirmKeep);
+    return inWords(Words::LocalModels::confirmKeep);
 }
 QString JourneyRoot::cancellingWords() {
-    return text(Words::Beside::cancelling);
+    return inWords(Words::Beside::cancelling);
 }
 QString JourneyRoot::cancelFailedTitle() {
-    return text(Words::LocalModels::cancelFailedTitle);
+    return inWords(Words::LocalModels::cancelFailedTitle);
 }
 QString JourneyRoot::cancelFailedBody() {
-    return text(Words::LocalModels::cancelFailedBody);
+    return inWords(Words::LocalModels::cancelFailedBody);
 }
 QString JourneyRoot::cancelFailedButton() {
-    return text(Words::LocalModels::cancelFailedButton);
+    return inWords(Words::LocalModels::cancelFailedButton);
 }
 QString JourneyRoot::stepOne() {
-    return text(Words::SayHello::stepOne);
+    return inWords(Words::SayHello::stepOne);
 }
 QString JourneyRoot::stepOneSub() {
-    return text(Words::SayHello::stepOneSub);
+    return inWords(Words::SayHello::stepOneSub);
 }
 QString JourneyRoot::stepTwo() {
-    return text(Words::SayHello::stepTwo);
+    return inWords(Words::SayHello::stepTwo);
 }
 QString JourneyRoot::stepTwoSub() {
-    return text(Words::SayHello::stepTwoSub);
+    return inWords(Words::SayHello::stepTwoSub);
 }
 QString JourneyRoot::bothLine() {
-    return text(Words::SayHello::bothLine);
+    return inWords(Words::SayHello::bothLine);
 }
 
 } // namespace wendlow

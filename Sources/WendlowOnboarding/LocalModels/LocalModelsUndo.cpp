@@ -232,11 +232,13 @@ Surroundings Surroundings::current() {
 QCoro::Task<> perform(Steps steps, Surroundings surroundings) {
     for (const Step& step : steps) {
         if (const auto* const model = std::get_if<DeleteModel>(&step)) {
-            co_await deleteModel(model->name, surroundings);
+            auto asking = deleteModel(model->name, surroundings);
+            co_await asking;
             continue;
         }
         // The step is copied: who awaits this may give up before the disk does.
-        co_await QtConcurrent::run([step, surroundings] { carryOut(step, surroundings); });
+        const auto work = QtConcurrent::run([step, surroundings] { carryOut(step, surroundings); });
+        co_await work;
     }
 }
 
