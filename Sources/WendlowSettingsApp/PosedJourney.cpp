@@ -101,11 +101,11 @@ QCoro::Task<std::optional<bool>> PosedJourney::askHello() {
 
 QCoro::Task<> PosedJourney::grant(std::string kind) {
     if (grantsWhatIsAsked)
-        for (const auto& [screen, granted] :
+        for (const auto& [asked, granted] :
              {std::pair(JourneyScreen::screenRecording, &grants.screenRecording),
               std::pair(JourneyScreen::accessibility, &grants.accessibility),
               std::pair(JourneyScreen::microphone, &grants.microphone)})
-            *granted = *granted || kind == Journey::grantKind(screen);
+            *granted = *granted || kind == Journey::grantKind(asked);
     co_return;
 }
 
