@@ -13,7 +13,7 @@ Rectangle {
     radius: Theme.radiusTag
     color: !box.on ? "transparent" : box.lit ? Theme.accentHover : Theme.accent
     border.width: box.on ? 0 : Theme.strokeControl
-    border.color: box.lit ? Theme.textSecondOnTint : Theme.control
+    border.color: !box.enabled ? Theme.edge : box.lit ? Theme.textSecondOnTint : Theme.control
 
     Icon {
         visible: box.on

@@ -17,6 +17,8 @@ Item {
 
     Icon {
         id: sign
+        // Its drawing, not its outline, stands at the margin.
+        x: -2
         y: Math.round((Theme.lines[Label.Role.SmallStrong] - size) / 2)
         size: Theme.scaled(14)
         name: "tick"
@@ -24,7 +26,7 @@ Item {
     }
     Label {
         id: label
-        x: sign.size + Theme.space4
+        x: sign.size
         width: parent.width - x
         role: Label.Role.SmallStrong
         text: done.words

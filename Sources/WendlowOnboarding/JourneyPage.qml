@@ -46,6 +46,10 @@ FocusScope {
     }
     Item {
         id: foot
+
+        // Where a quiet button stands whose words are at the margin
+        readonly property int begin: Math.max(page.margin - 8, back.visible ? back.x + back.width : 0)
+
         anchors.bottom: parent.bottom
         width: parent.width
         height: Theme.scaled(72)
@@ -58,7 +62,7 @@ FocusScope {
         IconButton {
             id: back
             visible: page.root.started && page.root.canGoBack
-            x: page.margin - 8 - width
+            x: Math.max(2, page.margin - 8 - width)
             anchors.verticalCenter: parent.verticalCenter
             iconName: "left"
             text: page.root.backWords
@@ -67,7 +71,7 @@ FocusScope {
         IconButton {
             id: again
             visible: page.root.started && page.root.canReturn
-            x: page.margin - 8
+            x: foot.begin
             anchors.verticalCenter: parent.verticalCenter
             iconName: "right"
             text: page.root.returnWords
@@ -75,7 +79,7 @@ FocusScope {
         }
         Row {
             id: leading
-            x: page.margin - 8 + (again.visible ? again.width : 0)
+            x: foot.begin + (again.visible ? again.width : 0)
             anchors.verticalCenter: parent.verticalCenter
         }
         Row {

@@ -108,7 +108,7 @@ T.CheckBox {
             y: Theme.scaled(30)
             width: box.x - Theme.space12 - x
             role: Label.Role.Small
-            text: row.refused ? row.refusal : row.detail
+            text: row.refused ? row.refusal.replace(/\n/g, " ") : row.detail
             color: row.refused ? Theme.refusal : row.lit ? Theme.textSecondOnTint : Theme.textSecond
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignLeft
@@ -133,7 +133,7 @@ T.CheckBox {
         }
     }
     Hint {
-        text: title.truncated ? row.name + "\n" + more.text : more.text
+        text: (title.truncated ? row.name + "\n" : "") + (row.refused ? row.refusal : row.detail)
         wanted: (row.hovered || row.visualFocus) && (title.truncated || more.truncated)
         leading: true
     }

@@ -50,7 +50,6 @@ JourneyPage {
             EmptyState {
                 width: parent.width
                 iconName: "app"
-                busy: screen.root.appsAdvice.length === 0
                 text: screen.root.appsWords
             }
             Label {

@@ -41,6 +41,7 @@ T.CheckBox {
         y: Math.round((Theme.scaled(32) - height) / 2)
         on: tick.on
         lit: tick.lit
+        enabled: tick.enabled
 
         FocusRing {
             shown: tick.ringed
@@ -54,6 +55,7 @@ T.CheckBox {
         y: Math.round((Theme.scaled(32) - line) / 2)
         width: tick.width - x
         text: tick.text
+        color: tick.enabled ? Theme.text : Theme.textSecondOnTint
         wrapMode: Text.Wrap
         horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
