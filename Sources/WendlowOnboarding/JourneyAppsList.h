@@ -41,7 +41,7 @@ public:
         SpokenRole,  ///< the whole row for a screen reader
     };
 
-    using KeyedListModel::KeyedListModel;
+    explicit JourneyAppsList(QObject* parent) : KeyedListModel(parent) {}
 
     void show(std::vector<JourneyApp> apps) { take(std::move(apps)); }
 

@@ -36,7 +36,7 @@ QCoro::Task<std::optional<std::int64_t>> measure(std::optional<std::filesystem::
     co_return co_await work;
 }
 
-std::optional<std::int64_t> diskBytes(const std::filesystem::path& home) {
+std::optional<std::int64_t> diskSize(const std::filesystem::path& home) {
     std::error_code failed;
     const std::filesystem::space_info space = std::filesystem::space(home, failed);
     return failed ? std::nullopt : std::optional(static_cast<std::int64_t>(space.capacity));
@@ -108,7 +108,7 @@ JourneyContacts JourneyContacts::real(Surroundings surroundings) {
                 JourneyWiringReceipt::write(ids, wiring);
             },
         .measureAppSize = [bundle] { return measure(bundle); },
-        .diskBytes = [home] { return diskBytes(home); },
+        .diskBytes = [home] { return diskSize(home); },
         .openTerms = [bundle] { TermsPage::open(bundle); },
         .terminate = std::move(surroundings.terminate),
         .log = log,

@@ -273,8 +273,8 @@ private:
     bool areAllWired() const;
 
     const std::unique_ptr<JourneyModel> m_model;
-    JourneyAppsList m_apps;
-    LocalModelsList m_models;
+    JourneyAppsList m_apps{nullptr};
+    LocalModelsList m_models{nullptr};
     bool m_appeared = false;
     bool m_wasGranted = false; ///< as it was last told
     bool m_confirming = false;

@@ -31,7 +31,7 @@ public:
         SpokenRole,   ///< the whole row for a screen reader
     };
 
-    using KeyedListModel::KeyedListModel;
+    explicit LocalModelsList(QObject* parent) : KeyedListModel(parent) {}
 
     void show(std::vector<LocalModelRow> rows) { take(std::move(rows)); }
 

@@ -152,7 +152,7 @@ TEST(JourneyModel, RecordsWhatItPlugsInBeforeAndNotWhatWasRefused) {
     machine.codex->becomes(ConnectorState::connected);
     machine.walkTo("ais");
     machine.root->setWired(u"codex"_s, true); // is connected: not ours
-    machine.code->becomes(ConnectorState::found, {}, {.refuses = true});
+    machine.refuses = true;
     machine.root->setWired(u"claude-code"_s, true);
     EXPECT_THAT(machine.wired, ElementsAre("claude-code")) << "on record before the files are";
     machine.root->setWired(u"claude-code"_s, true); // busy: ignored
@@ -161,7 +161,7 @@ TEST(JourneyModel, RecordsWhatItPlugsInBeforeAndNotWhatWasRefused) {
     const auto* const rows = machine.root->apps();
     EXPECT_NE(rows->index(0, 0).data(JourneyAppsList::RefusalRole).toString(), u""_s);
     EXPECT_EQ(machine.root->allWords(), u"select all"_s);
-    machine.code->becomes(ConnectorState::found, {}, {.refuses = false});
+    machine.refuses = false;
     machine.root->toggleAll();
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
     EXPECT_THAT(machine.wired, ElementsAre("claude-code"));

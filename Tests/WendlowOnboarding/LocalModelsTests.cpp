@@ -145,7 +145,7 @@ TEST(LocalModelsProgress, WithFiguresThatCannotBeIsNotBelieved) {
         std::function<void(Progress&)> change;
         bool believed;
     };
-    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
+    static constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
     const Case cases[] = {
         {"as it is", [](Progress&) {}, true},
         {"below zero", [](Progress& p) { p.rows[1].bytes = -1; }, false},
@@ -241,8 +241,7 @@ TEST(LocalModelsScreen, EstimatesOnlyWhatWasEvenForAMinute) {
     for (const auto& [what, samples, remaining, now, minutes] : cases) {
         const auto found = estimate(samples, remaining, at(now));
         EXPECT_EQ(found ? found->minutes : 0, minutes) << what;
-        if (found)
-            EXPECT_EQ(found->doneBy, at(now) + std::chrono::minutes(minutes));
+        EXPECT_TRUE(!found || found->doneBy == at(now) + std::chrono::minutes(minutes)) << what;
     }
     Progress progress = half();
     progress.samples = even;

@@ -8,7 +8,10 @@
 #include <QPromise>
 #include <QTest>
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -32,7 +35,8 @@ public:
     Words wired;
     std::optional<LocalModelsProgress> progress;
     RecoveryRead phrase = RecoveryWordsRead(12, "word");
-    bool silent = false; ///< the daemon takes questions and answers none
+    bool silent = false;               ///< the daemon takes questions and answers none
+    std::atomic<bool> refuses = false; ///< a tool does what is asked
     CancelEnd cancelEnd = CancelEnd::stopped;
     std::chrono::system_clock::time_point now = std::chrono::system_clock::now();
 
@@ -154,8 +158,19 @@ public:
     }
 
 private:
-    static std::shared_ptr<MockConnector> tool(const char* id, const char* name) {
-        return std::make_shared<MockConnector>(ConnectorIdentity{id, name, "here", "terminal"});
+    /// A tool that is as its last verb left it.
+    std::shared_ptr<MockConnector> tool(const char* id, const char* name) {
+        const auto self = std::make_shared<std::weak_ptr<MockConnector>>();
+        const auto tool = std::make_shared<MockConnector>(
+            ConnectorIdentity{id, name, "here", "terminal"},
+            MockConnector::Script{.onVerb = [this, self] {
+                const auto mock = self->lock();
+                const bool on = mock->scan().state == ConnectorState::connected;
+                mock->becomes(on != !refuses ? ConnectorState::connected : ConnectorState::found,
+                              {}, {.refuses = refuses});
+            }});
+        *self = tool;
+        return tool;
     }
 
     QFuture<void> question() {

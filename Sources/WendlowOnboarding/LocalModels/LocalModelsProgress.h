@@ -67,9 +67,11 @@ struct LocalModelsProgress {
     std::int32_t pid = 0;
     double writtenAt = 0; ///< seconds since 1970
     bool running = false;
-    std::vector<Row> rows;
-    std::vector<Sample> samples;
-    Receipts installed;
+    // NOLINTBEGIN(readability-redundant-member-init): they may be left out of a list
+    std::vector<Row> rows = {};
+    std::vector<Sample> samples = {};
+    Receipts installed = {};
+    // NOLINTEND(readability-redundant-member-init)
     std::optional<bool> migrating = std::nullopt; ///< an update of the naming model
 
     bool operator==(const LocalModelsProgress&) const = default;

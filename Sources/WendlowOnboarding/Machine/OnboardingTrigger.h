@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GatewayRequest.h"
 #include "GatewayResponse.h"
 #include "Journey.h"
 

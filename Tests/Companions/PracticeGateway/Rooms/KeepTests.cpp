@@ -161,6 +161,29 @@ TEST_F(Keep, TellsWhichPicturesThereAreNot) {
     EXPECT_TRUE(icons._0.begin()->second.bytes != icons._0.rbegin()->second.bytes);
 }
 
+TEST(Grants, AreRefusedLateOrNotSpokenOfAsTold) {
+    StillClock clock;
+    TemporaryRooms rooms{clock.clock()};
+    rooms->grants().setManner({.denied = GrantManner::kinds("accessibility").value(),
+                               .withheld = GrantManner::kinds("microphone").value(),
+                               .after = std::chrono::milliseconds(500)});
+    EXPECT_EQ(GrantManner::kinds("microphone,camera").error(), "camera");
+    const auto told = [&] {
+        std::string all;
+        for (const GrantRow& row : as<AnswerCase::Grants>(rooms.read(R"({"grants":{}})"))._0.grants)
+            all += row.kind + ' ' + row.state + ' ';
+        return all;
+    };
+    EXPECT_EQ(told(), "screen_recording undetermined accessibility undetermined ");
+    for (const std::string_view kind : {"screen_recording", "accessibility"})
+        rooms.control(fmt::format(R"({{"requestGrant":{{"kind":"{}"}}}})", kind));
+    EXPECT_EQ(told(), "screen_recording undetermined accessibility denied ");
+    clock.seconds += 0.4;
+    rooms.control(R"({"requestGrant":{"kind":"screen_recording"}})"); // does not begin anew
+    clock.seconds += 0.1;
+    EXPECT_EQ(told(), "screen_recording granted accessibility denied ");
+}
+
 TEST(Recording, FollowsTheRulesAndThePauses) {
     ::setenv("TZ", "UTC", 1);
     StillClock clock;
