@@ -2,9 +2,11 @@
 #include "Support/KeyWalk.h"
 #include "Support/OnADesktop.h"
 
+#include <QProcess>
+
 #include <gmock/gmock.h>
 
-#include <regex>
+#include <algorithm>
 
 namespace wendlow::testing {
 namespace {
@@ -25,10 +27,35 @@ protected:
     }
     /// Starts the application as the desktop does: without a word of what is to be shown.
     void start() { application.emplace(desktop, QStringList{}); }
-    std::filesystem::path support() const {
-        return desktop.home() / "Library/Application Support/Wendlow";
+    /// Plays the menu-bar application beside it.
+    void startMenu(const QStringList& options) {
+        menu.setProcessEnvironment(desktop.environment());
+        menu.start(QStringLiteral(WENDLOW_PRACTICE_MENU), options);
+        ASSERT_TRUE(menu.waitForStarted());
+    }
+    void TearDown() override {
+        menu.terminate();
+        menu.waitForFinished();
+    }
+    /// All that lies in the home, with its bytes and modes, but for logs, what the daemon holds,
+    /// the choice about updates, and the copies that the connectors keep of what they change.
+    std::vector<std::string> everything() const {
+        constexpr const char* others[] = {"/runtime", "/Library/Logs", "/Library/Preferences",
+                                          "/data.db", ".wendlow-backup-"};
+        std::vector<std::string> all;
+        for (const auto& each :
+             std::filesystem::recursive_directory_iterator(desktop.home().path())) {
+            const std::string path = each.path().string();
+            if (std::ranges::none_of(others, [&](auto other) { return path.contains(other); }))
+                all.push_back(path + ' ' + std::to_string(modeOf(path)) + ' ' +
+                              get(path).value_or("/"));
+        }
+        std::ranges::sort(all);
+        return all;
     }
     std::string servers() const { return get(desktop.home() / ".claude.json").value_or(""); }
+
+    QProcess menu;
 
     /// The keys come to this, or what begins with it.
     ::testing::AssertionResult comesTo(const QString& thing) const {
@@ -78,12 +105,7 @@ TEST_F(JourneyWindow, OpensByItselfAndIsWalkedToItsEndOnce) {
     goToLocalModels();
     desktop.press({u"Return"_s});
     EXPECT_TRUE(comesTo(u"label One moment, getting the assistant ready…"_s));
-    // The menu-bar process warms the hook up, and says so for this build.
-    const std::string plist = get(WENDLOW_BUNDLE "/Contents/Info.plist").value_or("");
-    std::smatch build;
-    ASSERT_TRUE(std::regex_search(
-        plist, build, std::regex("<key>CFBundleVersion</key>\\s*<string>([^<]*)</string>")));
-    put(support() / "warmed-build", "build=" + build[1].str() + " outcome=ok ms=41\n");
+    startMenu({});
     EXPECT_TRUE(comesTo(u"label listening for your AI"_s));
     gateway.ask(R"({"notes":{"_0":{"write":{"text":"Hello.","why":"the first words",)"
                 R"("writer":"claude-code","type":"onboarding","path":"/"}}}})");
@@ -98,14 +120,17 @@ TEST_F(JourneyWindow, OpensByItselfAndIsWalkedToItsEndOnce) {
 }
 
 TEST_F(JourneyWindow, GivesEverythingBackWhenItIsCancelled) {
+    std::filesystem::create_directories(desktop.home() / "Library/Logs");
+    const auto before = everything();
+    startMenu({u"--no-warm-up"_s});
     goToLocalModels();
     press(u"Cancel install"_s);
     EXPECT_TRUE(is("dialog", u"Cancel the install?"_s));
     expect(u"push button Keep going"_s, {u"Tab"_s});
     expect(u"push button Cancel install"_s, {u"Return"_s});
     EXPECT_TRUE(application->waitForEnd());
-    EXPECT_EQ(servers(), ClaudeCodeHome::servers);
-    EXPECT_EQ(get(desktop.home() / ".claude/settings.json"), ClaudeCodeHome::settings);
+    EXPECT_TRUE(menu.waitForFinished()) << "the download goes on";
+    EXPECT_EQ(everything(), before);
 }
 
 } // namespace
