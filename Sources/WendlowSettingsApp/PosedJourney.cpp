@@ -181,7 +181,7 @@ JourneyContacts PosedJourney::contacts() {
             [](const LocalModelsProgress::Receipts& receipts) {
                 return LocalModelsUndo::describe(LocalModelsUndo::plan(receipts, {}));
             },
-        .cancelInstall = [this](std::optional<LocalModelsProgress>) { return endCancel(); },
+        .cancelInstall = [this](const std::optional<LocalModelsProgress>&) { return endCancel(); },
         .wakeWriter = [] {},
         .now = &PosedJourney::now,
         .loadWired = [] { return std::vector<std::string>(); },
