@@ -139,6 +139,12 @@ TEST(JourneyModel, ShowsTheWordsOnlyOnTheirScreenAndHoldsByThem) {
     EXPECT_FALSE(machine.model().lastPhrase());
     machine.silent = true;
     machine.root->returnForward();
+    machine.root->goBack();
+    machine.answerAll();
+    QTest::qWait(10);
+    EXPECT_FALSE(machine.model().lastPhrase()) << "words that come to a screen that was left";
+    machine.silent = true;
+    machine.root->returnForward();
     EXPECT_EQ(machine.screen(), "recovery");
     EXPECT_FALSE(machine.root->wroteItDown());
     EXPECT_TRUE(machine.root->isPhraseLoading());

@@ -210,8 +210,8 @@ TEST(SafeRemoval, IsNotLedAwayByALinkThatComesWhileItWorks) {
         std::error_code ignored;
         fs::remove(inner, ignored);
         fs::remove(other, ignored);
-        fs::create_directory(inner);
-        fs::create_directory_symlink(machine.theirs.parent_path(), other);
+        fs::create_directory(inner, ignored);
+        fs::create_directory_symlink(machine.theirs.parent_path(), other, ignored);
         machine.remove(inner);
     }
     over = true;
