@@ -75,6 +75,7 @@ TEST(JourneyModel, HoldsWhileThereIsNoDaemonAndGoesOnWhenItIsBack) {
         for (const std::string screen :
              {"welcome", "screenrec", "accessibility", "mic", "models", "warming", "hello"}) {
             PlayedMachine machine;
+            machine.patience = std::chrono::milliseconds(silent ? 100 : 3000);
             machine.walkTo(screen);
             const auto there = machine.grants;
             machine.silent = silent;
@@ -96,6 +97,7 @@ TEST(JourneyModel, HoldsWhileThereIsNoDaemonAndGoesOnWhenItIsBack) {
 
 TEST(JourneyModel, StartsWithoutADaemon) {
     PlayedMachine machine;
+    machine.patience = std::chrono::milliseconds(20);
     machine.silent = true;
     machine.start();
     EXPECT_EQ(machine.screen(), "welcome");
@@ -126,6 +128,7 @@ TEST(JourneyModel, IsHeldByAPermissionThatIsTakenAway) {
 
 TEST(JourneyModel, ShowsTheWordsOnlyOnTheirScreenAndHoldsByThem) {
     PlayedMachine machine;
+    machine.patience = std::chrono::milliseconds(100);
     machine.walkTo("recovery");
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.root->phrase().size() == 12; }));
     EXPECT_FALSE(machine.model().isPolling());
@@ -134,6 +137,12 @@ TEST(JourneyModel, ShowsTheWordsOnlyOnTheirScreenAndHoldsByThem) {
     machine.root->goBack();
     EXPECT_TRUE(machine.root->phrase().isEmpty());
     EXPECT_FALSE(machine.model().lastPhrase());
+    machine.silent = true;
+    machine.root->returnForward();
+    machine.root->goBack();
+    machine.answerAll();
+    QTest::qWait(10);
+    EXPECT_FALSE(machine.model().lastPhrase()) << "words that come to a screen that was left";
     machine.silent = true;
     machine.root->returnForward();
     EXPECT_EQ(machine.screen(), "recovery");
@@ -259,6 +268,7 @@ TEST(JourneyModel, LooksBackWithoutLosingItsPlace) {
 TEST(JourneyModel, MayGoWhileItsQuestionsAreUnderWay) {
     for (const char* screen : {"welcome", "recovery", "models", "hello"}) {
         PlayedMachine machine;
+        machine.patience = std::chrono::milliseconds(100);
         machine.walkTo(screen);
         machine.silent = true;
         machine.root->lookAgain();
@@ -266,7 +276,7 @@ TEST(JourneyModel, MayGoWhileItsQuestionsAreUnderWay) {
         QTest::qWait(10);
         machine.root.reset();
         machine.answerAll();
-        QTest::qWait(60); // past the limit of an answer
+        QTest::qWait(120); // past the limit of an answer
     }
 }
 

@@ -1,4 +1,5 @@
 #include "Files.h"
+#include "FullDisk.h"
 #include "JourneyReceipts.h"
 #include "JourneyWords.h"
 #include "OnboardingTrigger.h"
@@ -224,9 +225,9 @@ TEST(JourneyReceipts, AreFilesAndNothingElse) {
     TermsReceipt::markAgreed(folder);
     EXPECT_FALSE(TermsReceipt::isAgreed(folder));
     EXPECT_TRUE(std::filesystem::is_directory(folder));
-    // A disk that takes nothing: asked again next time.
-    TermsReceipt::markAgreed("/dev/full/terms-agreed");
-    EXPECT_FALSE(TermsReceipt::isAgreed("/dev/full/terms-agreed"));
+    // Nor by a file that cannot be made.
+    TermsReceipt::markAgreed("/proc/terms-agreed");
+    EXPECT_FALSE(TermsReceipt::isAgreed("/proc/terms-agreed"));
 }
 
 TEST(JourneyReceipts, RememberWhatWasPluggedInOrNothing) {
@@ -241,6 +242,13 @@ TEST(JourneyReceipts, RememberWhatWasPluggedInOrNothing) {
     for (const char* other : {"{}", "[1]", R"(["codex", null])", R"({"version": 2, "ids": []})"})
         EXPECT_TRUE(JourneyWiringReceipt::read(put(file, other)).empty()) << other;
     EXPECT_TRUE(JourneyWiringReceipt::read(home.path()).empty());
+    put(file, whole);
+    {
+        const testing::FullDisk full;
+        JourneyWiringReceipt::write({"codex", "cursor"}, file);
+    }
+    EXPECT_EQ(testing::get(file), whole) << "the old list, whole";
+    EXPECT_EQ(testing::namesIn(file.parent_path()).size(), 1U) << "a piece of the new one";
 }
 
 TEST(JourneyWords, TakeAHintApart) {

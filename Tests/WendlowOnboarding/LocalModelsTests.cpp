@@ -1,5 +1,6 @@
 #include "Files.h"
 #include "FirstRunWarm.h"
+#include "FullDisk.h"
 #include "LocalModelsDoor.h"
 #include "LocalModelsMenuLine.h"
 #include "LocalModelsScreen.h"
@@ -73,6 +74,12 @@ TEST(LocalModelsProgress, ComesBackAsItWasWritten) {
     ASSERT_TRUE(whole.write(file));
     EXPECT_EQ(Progress::read(file), whole);
     EXPECT_EQ(testing::namesIn(file.parent_path()).size(), 1U) << "a temporary file was left";
+    {
+        const testing::FullDisk full;
+        EXPECT_FALSE(half().write(file));
+    }
+    EXPECT_EQ(Progress::read(file), whole) << "the old one, whole";
+    EXPECT_EQ(testing::namesIn(file.parent_path()).size(), 1U) << "a piece of the new one";
     const std::string json = *get(file);
     for (std::size_t cut = 0; cut < json.size(); ++cut)
         ASSERT_EQ(Progress::decode(json.substr(0, cut)), std::nullopt) << cut;

@@ -37,6 +37,8 @@ public:
     RecoveryRead phrase = RecoveryWordsRead(12, "word");
     bool silent = false;               ///< the daemon takes questions and answers none
     std::atomic<bool> refuses = false; ///< a tool does what is asked
+    /// Of the journey with the daemon: long, so that a busy machine is not taken for a silent one.
+    std::chrono::milliseconds patience = std::chrono::seconds(3);
     CancelEnd cancelEnd = CancelEnd::stopped;
     std::chrono::system_clock::time_point now = std::chrono::system_clock::now();
 
@@ -61,7 +63,7 @@ public:
         root.reset();
         JourneyModel::Limits limits;
         limits.poll = std::chrono::milliseconds(5);
-        limits.answer = std::chrono::milliseconds(40);
+        limits.answer = patience;
         limits.unplug = std::chrono::seconds(5);
         root = std::make_unique<JourneyRoot>(std::make_unique<JourneyModel>(contacts(), limits));
         root->appear();
