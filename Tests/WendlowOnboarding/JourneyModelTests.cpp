@@ -209,6 +209,7 @@ TEST(JourneyModel, CancelledWhileAToolIsBeingPluggedInUnplugsThat) {
     machine.root->askToCancel();
     machine.root->cancelInstall();
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.ended > 0; }));
+    ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
     EXPECT_THAT(machine.connected(), ElementsAre());
     EXPECT_TRUE(machine.logged("button: cancel install — unplugging "));
 }
