@@ -272,7 +272,7 @@ TEST(LocalModelsScreen, OffersAWayOutAndTellsTheSizes) {
     EXPECT_EQ(hint(std::nullopt, std::nullopt),
               "**Why we are telling you.** So you know what is happening on your Mac. Wendlow "
               "itself is small. The models are 3.1 GB. If that is too much, you can back out now.");
-    progress.installed.ollama.emplace();
+    progress.installed.ollama = Progress::OllamaInventory{};
     EXPECT_THAT(hint(progress, 212'000'000),
                 ::testing::HasSubstr("itself is 212 MB. The models are 1 KB. If that is too much, "
                                      "you can back out now and nothing stays behind."));

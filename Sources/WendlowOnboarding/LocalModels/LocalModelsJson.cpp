@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace wendlow::LocalModelsJson {
 
@@ -80,7 +81,9 @@ public:
         const QJsonValue value = m_object.value(key(name));
         if (value.isUndefined() || value.isNull())
             return;
-        take(name, into.emplace());
+        Value found{};
+        take(name, found);
+        into = std::move(found);
     }
     template<class Value> void take(const char* name, std::vector<Value>& into) {
         const QJsonValue value = m_object.value(key(name));
