@@ -50,7 +50,7 @@ int main(int count, char** words) {
         }
         return *client;
     };
-    const MCPServer server(ClientVersion::current(), door);
+    MCPServer server(ClientVersion::current(), door, &Conversation::write);
     const Conversation conversation(server);
     return QCoreApplication::exec();
 }
