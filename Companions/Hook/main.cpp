@@ -11,8 +11,12 @@
 #include "HookEvent.h"
 #include "HookLog.h"
 #include "HookSpeech.h"
+#include "RuntimeFolder.h"
 #include "StandardInput.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
@@ -104,6 +108,7 @@ int main(int count, char** words) {
     const Clock::time_point start = Clock::now();
     keepStandardFiles();
     buckle();
+    findRuntimeFolder();
     try {
         run({words + std::min(count, 1), static_cast<std::size_t>(std::max(count - 1, 0))}, start);
     } catch (const std::exception& error) {
