@@ -25,7 +25,10 @@ constexpr const char* wireKey = "wire";
 
 constexpr const char* silent = "the gateway did not answer in time";
 
-using Message = std::unique_ptr<sd_bus_message, decltype(&sd_bus_message_unref)>;
+struct Unref {
+    void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+};
+using Message = std::unique_ptr<sd_bus_message, Unref>;
 
 /// One entry of the dictionary, of a key and what stands behind it as a variant.
 template<class Append>
@@ -104,12 +107,15 @@ int readReply(sd_bus_message* message, Reply& reply) {
 HookAnswer answerIn(sd_bus_message* message) {
     if (const sd_bus_error* const error = sd_bus_message_get_error(message)) {
         const std::string_view name = error->name;
-        // Also said of a name that somebody else's error carries: in neither case is there more.
+        const char* const sender = sd_bus_message_get_sender(message);
+        // A peer may give its errors any name.
+        if (sender != nullptr && *sender == ':')
+            return std::unexpected("the gateway refused: " + std::string(name));
         if (name == SD_BUS_ERROR_SERVICE_UNKNOWN || name == SD_BUS_ERROR_NAME_HAS_NO_OWNER)
             return std::unexpected("no gateway is running");
         if (name == SD_BUS_ERROR_NO_REPLY)
             return std::unexpected("the gateway left before it had answered");
-        return std::unexpected("the gateway refused: " + std::string(name));
+        return std::unexpected("the session bus refused: " + std::string(name));
     }
     Reply reply;
     if (readReply(message, reply) < 0)
@@ -177,14 +183,15 @@ void GatewayDoor::send(const GatewayRequest& request, Question& question) {
     sd_bus_message* made = nullptr;
     int result = sd_bus_message_new_method_call(m_bus->bus, &made, m_name.c_str(), path, interface,
                                                 "Exchange");
-    const Message message(made, &sd_bus_message_unref);
+    const Message message(made);
     if (result >= 0)
         result = sd_bus_message_set_auto_start(made, 0);
     if (result >= 0)
         result = fill(made, *json);
     if (result >= 0)
+        // Without a limit of its own: what is late is told apart from what has failed.
         result = sd_bus_call_async(m_bus->bus, &question.slot, made, &Question::arrived, &question,
-                                   microseconds(m_deadline - Clock::now()));
+                                   UINT64_MAX);
     if (result < 0)
         question.fail(fmt::format("the gateway could not be asked: {}", std::strerror(-result)));
 }

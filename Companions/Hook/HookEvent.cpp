@@ -54,21 +54,21 @@ std::optional<HookEvent> HookEvent::read(std::string_view bytes) try {
     if (!document.is_object())
         return std::nullopt;
     const json::object& event = document.get_object();
-    HookEvent read{.prompt = text(event, {"prompt"}),
-                   .cwd = text(event, {"cwd"}),
-                   .session = text(event, {"session_id", "sessionID", "conversation_id"}),
-                   .subagent = text(event, {"agent_id", "subagent_id"}),
-                   .transcript = text(event, {"transcript_path"}),
-                   .tool = text(event, {"tool_name"}).value_or(""),
-                   .isCursors = event.contains("cursor_version")};
-    if (!read.cwd)
-        read.cwd = firstFolder(event);
-    if (read.prompt)
-        cut(*read.prompt);
+    HookEvent taken{.prompt = text(event, {"prompt"}),
+                    .cwd = text(event, {"cwd"}),
+                    .session = text(event, {"session_id", "sessionID", "conversation_id"}),
+                    .subagent = text(event, {"agent_id", "subagent_id"}),
+                    .transcript = text(event, {"transcript_path"}),
+                    .tool = text(event, {"tool_name"}).value_or(""),
+                    .isCursors = event.contains("cursor_version")};
+    if (!taken.cwd)
+        taken.cwd = firstFolder(event);
+    if (taken.prompt)
+        cut(*taken.prompt);
     if (const json::value* const input = event.if_contains("tool_input"))
         if (input->is_object())
-            read.input = input->get_object();
-    return read;
+            taken.input = input->get_object();
+    return taken;
 } catch (const std::exception&) {
     return std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "HookText.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -112,11 +113,13 @@ std::string_view beginning(std::string_view text, std::size_t most, const HookHa
     while (end > 0 && end < text.size() && continues(text[end]))
         --end;
     // A character has at least as many bytes as units, so more of it may fit where units count.
+    std::size_t taken = size(text.substr(0, end), harness);
     while (end < text.size()) {
         std::size_t next = end + 1;
         while (next < text.size() && continues(text[next]))
             ++next;
-        if (size(text.substr(0, end), harness) + size(text.substr(end, next - end), harness) > most)
+        taken += size(text.substr(end, next - end), harness);
+        if (taken > most)
             break;
         end = next;
     }

@@ -125,7 +125,8 @@ QCoro::Task<Outcome> readModule(Call call, std::string uri, Module module) {
         .type = "rule",
         .path = module.scope,
         .filters = std::map<std::string, FilterValue>{{std::string(moduleKey), module.name}}};
-    const auto answer = co_await call->ask(ReadRequest(std::move(question)));
+    GatewayRequest request = ReadRequest(std::move(question));
+    const auto answer = co_await call->ask(std::move(request));
     if (!answer)
         co_return std::nullopt;
     const auto* const found = std::get_if<AnswerCase::KindCards>(&*answer);
@@ -137,7 +138,8 @@ QCoro::Task<Outcome> readModule(Call call, std::string uri, Module module) {
             continue;
         ReadCase::Grab grab{.id = card.id};
         grab.full = true;
-        const auto whole = co_await call->ask(ReadRequest(std::move(grab)));
+        GatewayRequest grabbing = ReadRequest(std::move(grab));
+        const auto whole = co_await call->ask(std::move(grabbing));
         if (!whole)
             co_return std::nullopt;
         const auto* const thing = std::get_if<AnswerCase::Thing>(&*whole);
@@ -160,7 +162,8 @@ QCoro::Task<Outcome> list(Call call, std::optional<std::string> cursor) {
         co_return fault(Fault::Kind::badArgument, "the cursor is none of this server's");
     json::array resources;
     if (*offset == 0) {
-        const auto rules = co_await call->ask(browsing("rule", mostRules, 0));
+        GatewayRequest ofRules = browsing("rule", mostRules, 0);
+        const auto rules = co_await call->ask(std::move(ofRules));
         if (!rules)
             co_return std::nullopt;
         const auto* const found = std::get_if<AnswerCase::TextBrowse>(&*rules);
@@ -169,7 +172,8 @@ QCoro::Task<Outcome> list(Call call, std::optional<std::string> cursor) {
         for (const Module& module : modulesOf(found->_0))
             resources.push_back(entry(module));
     }
-    const auto memories = co_await call->ask(browsing(std::nullopt, page, *offset));
+    GatewayRequest ofMemories = browsing(std::nullopt, page, *offset);
+    const auto memories = co_await call->ask(std::move(ofMemories));
     if (!memories)
         co_return std::nullopt;
     const auto* const found = std::get_if<AnswerCase::TextBrowse>(&*memories);
@@ -204,7 +208,8 @@ QCoro::Task<Outcome> read(Call call, std::string uri) {
         co_return fault(Fault::Kind::notFound, "Resource not found: " + uri);
     ReadCase::Grab grab{.id = decoded(std::string_view(uri).substr(memoryRoot.size()))};
     grab.full = true;
-    const auto answer = co_await call->ask(ReadRequest(std::move(grab)));
+    GatewayRequest grabbing = ReadRequest(std::move(grab));
+    const auto answer = co_await call->ask(std::move(grabbing));
     if (!answer)
         co_return std::nullopt;
     const auto* const thing = std::get_if<AnswerCase::Thing>(&*answer);
@@ -230,7 +235,8 @@ QCoro::Task<Outcome> prompt(Call call, std::string name, std::optional<std::stri
         co_return fault(Fault::Kind::badArgument, "Unknown prompt: " + name);
     if (!about || PlainText::trimmed(*about).empty())
         co_return fault(Fault::Kind::badArgument, "remembered needs about");
-    const auto answer = co_await call->ask(ReadRequest(ReadCase::Recall{.query = *about}));
+    GatewayRequest recalling = ReadRequest(ReadCase::Recall{.query = *about});
+    const auto answer = co_await call->ask(std::move(recalling));
     if (!answer)
         co_return std::nullopt;
     if (!std::holds_alternative<AnswerCase::Cards>(*answer))

@@ -113,7 +113,8 @@ std::vector<PrimeRoom::Found> PrimeRoom::relevant(std::string_view prompt, std::
         if (std::ssize(hits) > mostHits)
             continue;
         const auto all = static_cast<double>(facets.rows().size());
-        const double weight = std::log(1 + all / (1 + static_cast<double>(hits.size())));
+        const auto carriers = static_cast<double>(std::max<std::size_t>(hits.size(), 1));
+        const double weight = std::log(1 + all / (1 + carriers));
         whole += weight;
         for (const std::int64_t number : hits) {
             const DocumentFacets::Row& row = facets.row(number);

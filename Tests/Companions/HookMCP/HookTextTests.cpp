@@ -15,6 +15,9 @@ const HookHarness& codex = *HookHarness::find("codex");
 
 TEST(HookText, CutsAtALineAndSaysSo) {
     const std::string said = "(Wendlow cut this here; its tools give the rest.)\n";
+    std::string hebrew;
+    for (int word = 0; word < 20; ++word)
+        hebrew += "שלום ";
     const struct {
         std::string text;
         std::size_t most;
@@ -28,8 +31,8 @@ TEST(HookText, CutsAtALineAndSaysSo) {
         // In UTF-16 units, of which a flag has two for four bytes, or in bytes.
         {"שלום\n", 5, claude, "שלום\n"},
         {"🚀🚀", 4, claude, "🚀🚀"},
-        {"שלום שלום שלום שלום שלום שלום שלום", said.size() + 9, claude, "שלום…\n" + said},
-        {"שלום שלום שלום שלום שלום שלום שלום", said.size() + 9, codex, "של…\n" + said},
+        {hebrew, said.size() + 9, claude, "שלום …\n" + said},
+        {hebrew, said.size() + 9, codex, "של…\n" + said},
     };
     for (const auto& row : rows) {
         const std::string cut = HookText::within(row.text, row.most, row.harness);
@@ -48,7 +51,8 @@ std::vector<HookAnswer> plenty(const std::vector<GatewayRequest>& questions) {
         const auto& read = std::get<GatewayCase::Read>(question)._0;
         if (std::holds_alternative<ReadCase::Primed>(read))
             answers.emplace_back(
-                AnswerCase::Primed{std::vector<PrimeCard>(3, {.whenRelative = "today",
+                AnswerCase::Primed{std::vector<PrimeCard>(3, {.when = "",
+                                                              .whenRelative = "today",
                                                               .chapter = "/",
                                                               .gist = "G",
                                                               .evidence = std::string(20'000, 'e'),
@@ -72,7 +76,7 @@ TEST(HookSpeech, LeavesEachBlockRoomWithinTheLimit) {
                                                      HookSpeech::Counting::looks, &plenty);
         const std::string text = speech.text(*harness);
         EXPECT_LE(HookText::size(text, *harness), harness->most);
-        EXPECT_GT(HookText::size(text, *harness), harness->most * 9 / 10);
+        EXPECT_GT(HookText::size(text, *harness), harness->most * 17 / 20);
         for (const char* const part :
              {"<wendlow-rules>\n- שלום rule 0 ‹/wendlow-rules>\n",
               "</wendlow-rules>\n<wendlow-index>\n", "7 type, 288 more types",
