@@ -224,9 +224,8 @@ const char* GatewayDoor::goOn() {
     const auto left = m_deadline - Clock::now();
     if (left <= Clock::duration::zero())
         return silent;
-    if (done == 0 && sd_bus_wait(m_bus->bus, microseconds(left)) < 0 && errno != EINTR)
-        return "the session bus has gone";
-    return nullptr;
+    const int waited = done > 0 ? 0 : sd_bus_wait(m_bus->bus, microseconds(left));
+    return waited < 0 && waited != -EINTR ? "the session bus has gone" : nullptr;
 }
 
 } // namespace wendlow
