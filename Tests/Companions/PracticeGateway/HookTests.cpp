@@ -207,14 +207,11 @@ TEST_F(Hook, TakesAnyInput) {
     EXPECT_THAT(codex(event("heron", "s9", R"(,"more":")" + std::string(20'000'000, 'x') + "\"")),
                 HasSubstr("[m1]"));
     const char* const scripts[] = {
-        R"("$hook" --harness codex <<<"$ev" >&-)",
-        R"("$hook" --harness codex <<<"$ev" >/dev/full)",
-        R"("$hook" --harness codex <<<"$ev" | :)",
-        R"("$hook" --harness codex <&-)",
-        R"("$hook" --harness codex <<<"$ev" >/dev/null 2>&-)",
-        R"(yes | "$hook" --harness codex)",
+        R"("$hook" --harness codex <<<"$ev" >&-)", R"("$hook" --harness codex <<<"$ev" >/dev/full)",
+        R"("$hook" --harness codex <<<"$ev" | :)", R"("$hook" --harness codex <&-)",
+        R"("$hook" --harness codex <<<"$ev" >/dev/null 2>&-)", R"(yes | "$hook" --harness codex)",
         R"("$hook" --harness codex < <(printf '{"prompt"'; exec sleep 4))",
-        R"(cd "$(mktemp -d)" && rmdir "$PWD" && "$hook" --harness codex --explain heron >/dev/null)",
+        R"sh(cd "$(mktemp -d)" && rmdir "$PWD" && "$hook" --harness codex --explain heron >/dev/null)sh",
         // A reader that never reads is left behind.
         R"({ "$hook" --harness codex <<<"$ev"; } > >(exec sleep 1))"};
     for (const char* const script : scripts)

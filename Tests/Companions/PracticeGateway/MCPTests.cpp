@@ -259,8 +259,9 @@ TEST_F(MCP, HoldsLittleForAClientThatDoesNotRead) {
     int heard = 0;
     for (std::string line = client.hear(); !line.empty(); line = client.hear()) {
         heard += line.ends_with("\"isError\":false}}\n") ? 1 : 0;
-        if (heard == asked - 1) // it ends behind the last
+        if (heard == asked - 1) { // it ends behind the last
             EXPECT_LT(client.megabytes(), mostMegabytes);
+        }
     }
     EXPECT_EQ(heard, asked);
 }
