@@ -42,7 +42,7 @@ const session = { _wendlow_session: "s1", _wendlow_subagent: "a1" }
 const today = new Date().toLocaleDateString("sv")
 const memory = { text: "The heron stands in the reeds.", why: "to find it again", type: "fact", scope: "/work/atlas" }
 const id = idIn(await call("memory_add", { ...memory, ...session }))
-const meeting = /m-\d+/.exec(text(await call("meeting_list")))?.[0]
+const meeting = /^- (\S+) ·/m.exec(text(await call("meeting_list")))?.[1]
 const moment = /\[(\d+)\] moment/.exec(text(await call("recall", { from: "2000-01-01" })))?.[1]
 let chapter
 for (let back = 0; back < 8 && !chapter; back++) {
@@ -65,8 +65,8 @@ const calls = {
   chapter_get: [{ id: chapter ?? "c1" }, /./, {}],
   moment_get: [{ id: moment ?? "1" }, /moment/, { id: "1", x: 1 }],
   session_list: [{ older: false, ...session }, /./, { older: "no" }],
-  meeting_list: [{}, /m-\d+/, { day: "x" }],
-  meeting_get: [{ id: meeting ?? "m-1", times: true, ...session }, /./, { id: "m-1", times: "yes" }],
+  meeting_list: [{}, /^- \S+ · /m, { day: "x" }],
+  meeting_get: [{ id: meeting, times: true, ...session }, /\d\d:\d\d/, { id: "m-1", times: "yes" }],
   meeting_search: [{ query: "the", limit: 3 }, /./, { query: "x", limit: 1e9 }],
   memory_add: [memory, /^Saved m\d+/, { ...memory, scope: undefined }],
   rule_add: [{ text: "Name the heron.", why: "w", scope: "/work/atlas", filters: { "rules-file": "birds" } }, /^Saved/, { text: "x" }],
