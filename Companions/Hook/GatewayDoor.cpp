@@ -212,6 +212,7 @@ std::vector<HookAnswer> GatewayDoor::ask(const std::vector<GatewayRequest>& requ
             for (const auto& question : questions)
                 question->fail(fault);
     std::vector<HookAnswer> answers;
+    answers.reserve(questions.size());
     for (const auto& question : questions)
         answers.push_back(std::move(*question->answer));
     return answers;

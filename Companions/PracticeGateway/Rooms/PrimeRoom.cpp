@@ -27,8 +27,9 @@ constexpr std::size_t mostCards = 3;
 /// Of a prompt, from its beginning and from its end: what is pasted stands in between.
 constexpr std::size_t mostBytes = std::size_t{8} << 10U;
 constexpr std::size_t mostWords = 24;
-/// A word that stands in more things than this tells nothing about any of them.
-constexpr std::int64_t mostHits = 2000;
+/// A word that stands in more things than this, and in more than a tenth of all, tells nothing
+/// about any of them.
+constexpr std::int64_t fewThings = 2000;
 
 /// Of the weight of all words that tell something, a memory has to have so much; less where it has
 /// several of them.
@@ -103,6 +104,7 @@ std::vector<PrimeRoom::Found> PrimeRoom::relevant(std::string_view prompt, std::
         const std::string_view filed = facets.scopes().text(row.scope);
         return ScopePath::inScope(filed, scope) || ScopePath::inScope(scope, filed);
     };
+    const std::int64_t mostHits = std::max(fewThings, std::ssize(facets.rows()) / 10);
     std::unordered_map<std::int64_t, Score> scores;
     double whole = 0;
     for (const std::string& word : tellingWords(prompt)) {
