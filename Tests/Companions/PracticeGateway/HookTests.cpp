@@ -258,7 +258,8 @@ TEST_F(Hook, IsRunByManyAtOnceAndKeepsItsLogSmall) {
     const auto run = [&](std::string_view prompt) {
         return runProgram(
             "/bin/bash", {"-c", crowd},
-            {{"hook", WENDLOW_HOOK}, {"HOME", home.path().string()}, {"ev", event(prompt)}});
+            {{"hook", WENDLOW_HOOK}, {"HOME", home.path().string()}, {"ev", event(prompt)}}, {},
+            100s);
     };
     const ProgramRun alone = run("x");
     EXPECT_EQ(alone.out + alone.err, "");
