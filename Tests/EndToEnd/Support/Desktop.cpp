@@ -135,8 +135,8 @@ bool RunningApplication::isRunning() {
 QString RunningApplication::howItIs() {
     if (isRunning())
         return u"shows "_s + windowTitles().join(u", "_s) + u'\n' + errors();
-    return u"ended, %1 %2\n"_s.arg(m_process.exitStatus() == QProcess::CrashExit ? u"by signal"_s
-                                                                                : u"with"_s)
+    return u"ended, %1 %2\n"_s
+               .arg(m_process.exitStatus() == QProcess::CrashExit ? u"by signal"_s : u"with"_s)
                .arg(m_process.exitCode()) +
            errors();
 }
