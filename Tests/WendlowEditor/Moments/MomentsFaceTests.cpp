@@ -26,6 +26,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Ne;
+using ::testing::Not;
 using ::testing::SizeIs;
 
 namespace Case = EditorAnswerStateCase;
@@ -148,12 +149,10 @@ struct Face : ::testing::Test {
     std::map<int, QString> cells() {
         std::map<int, QString> all;
         for (int row = 0; row < model.grid()->rowCount(); ++row) {
-            const auto told = [&](int role) { return model.grid()->index(row).data(role); };
-            if (told(MomentGrid::ShownRole).toBool())
-                all.emplace(told(MomentGrid::PlaceRole).toInt(),
-                            u"%1 at %2,%3"_s.arg(told(MomentGrid::TitleRole).toString(),
-                                                 told(MomentGrid::ColumnRole).toString(),
-                                                 told(MomentGrid::TopRole).toString()));
+            const MomentCellModel& cell = model.grid()->cell(row);
+            if (cell.isShown())
+                all.emplace(cell.place(),
+                            u"%1 at %2,%3"_s.arg(cell.title()).arg(cell.column()).arg(cell.top()));
         }
         return all;
     }
@@ -378,6 +377,22 @@ std::string bomb() {
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return bytes.toStdString();
+}
+
+TEST_F(Face, asksForNoPictureOfWhatRushesBy) {
+    settle(moments(0, 400));
+    look(3'000);
+    EXPECT_THAT(tiles.shown, Not(IsEmpty())) << "a page further";
+    for (const double top : {6'000, 9'000, 12'000}) {
+        look(top);
+        EXPECT_THAT(tiles.shown, IsEmpty()) << "one screenful after the other";
+    }
+    EXPECT_TRUE(soon([&] { return !tiles.shown.empty(); })) << "it rests";
+    const auto rested = tiles.shown;
+    look(12'100);
+    EXPECT_THAT(tiles.shown, Not(IsEmpty()));
+    look(12'000);
+    EXPECT_EQ(tiles.shown, rested);
 }
 
 TEST_F(Face, isNotHarmedByBytesThatAreNoPicture) {
