@@ -152,7 +152,7 @@ Lightbox {
 
         readonly property real needed: story.y + told.height + 2 * Theme.space24 + close.height + Theme.space12
 
-        width: box.goal.width - 2
+        width: Math.min(Theme.scaled(560), (box.overlay?.width ?? 980) - 2 * Theme.space32) - 2
         height: parent.height
         visible: box.lightbox.textCard
         opacity: box.progress
