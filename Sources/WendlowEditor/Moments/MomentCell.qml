@@ -122,7 +122,7 @@ FocusScope {
     HoverHandler { id: pointer }
     TapHandler { onTapped: cell.pressed() }
     Hint {
-        text: pointer.hovered ? cell.content.tip : ""
+        text: cell.content.tip
         wanted: pointer.hovered && (cell.textCard ? cell.content.files.length > 0 || (story.itemAt(0) as MomentCard)?.cut === true : caption.truncated)
     }
 }

@@ -41,7 +41,7 @@ class MomentCellModel final : public QObject {
     Q_PROPERTY(QString files READ files NOTIFY storyChanged FINAL)
 
 public:
-    using QObject::QObject;
+    explicit MomentCellModel(QObject* parent) : QObject(parent) {}
 
     /// Its moment by its place among those held; nothing: the cell is not needed, or what it shows
     /// is not held any more.
