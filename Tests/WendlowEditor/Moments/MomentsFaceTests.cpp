@@ -2,6 +2,7 @@
 #include "Files.h"
 #include "Moments/MomentWords.h"
 #include "Moments/MomentsFaceModel.h"
+#include "Moments/TilePicture.h"
 #include "Support/ScriptedStore.h"
 #include "TemporaryHome.h"
 
@@ -448,7 +449,17 @@ TEST_F(Face, opensOneLargeAndClosesIt) {
     tiles.come(0, encoded({320, 200}));
     EXPECT_TRUE(soon([&] { return box.isReady(); }));
     EXPECT_EQ(box.pictureWords(), u"");
+    TilePicture picture;
+    picture.setProperty("whole", true);
+    picture.setRoom(model.tiles());
+    picture.setKey(box.key());
+    EXPECT_EQ(picture.naturalSize(), QSize(320, 200));
+    bool told = false;
+    QObject::connect(&picture, &TilePicture::filledChanged, [&told] { told = true; });
     model.leave(ask);
+    box.wentAway();
+    picture.setKey(box.key());
+    EXPECT_TRUE(told && !picture.isFilled()) << "the next one may have none";
     EXPECT_FALSE(box.isOpen());
 }
 
