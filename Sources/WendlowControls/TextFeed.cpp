@@ -13,9 +13,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// In letters. The first fill any window, the others are laid out in a part of a frame.
+// In letters. The first fill any window. Each further part is as long as all that is there, for the
+// editor draws all of that anew with each.
 constexpr qsizetype firstPart = 8'000;
-constexpr qsizetype nextPart = 6'000;
 constexpr qsizetype perLine = 40; ///< what a line costs beside its letters
 
 } // namespace
@@ -23,7 +23,7 @@ constexpr qsizetype perLine = 40; ///< what a line costs beside its letters
 TextFeed::TextFeed(QObject* parent) : QObject(parent) {
     m_next.setSingleShot(true);
     m_next.setInterval(16ms);
-    connect(&m_next, &QTimer::timeout, this, [this] { put(nextPart); });
+    connect(&m_next, &QTimer::timeout, this, [this] { put(m_at); });
 }
 
 void TextFeed::setText(const QString& text) {

@@ -10,8 +10,9 @@
 namespace wendlow {
 
 /// Puts words of any length into the document of a text editor: what is seen first at once, and the
-/// rest frame by frame, so that the window goes on meanwhile. Each line is a paragraph of its own,
-/// for an editor lays out and draws by paragraphs. Belongs to the UI thread.
+/// rest in parts behind it, each as long as all before, so that the window opens without it. Each
+/// line is a paragraph of its own, for an editor lays out and draws by paragraphs. Belongs to the
+/// UI thread.
 class TextFeed : public QObject {
     Q_OBJECT
     QML_ELEMENT
