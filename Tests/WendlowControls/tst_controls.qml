@@ -75,11 +75,11 @@ TestCase {
         return [{ tag: "chip", component: chips, by: "open" }, { tag: "disclosure", component: disclosures, by: "open" }, { tag: "switch", component: switches, by: "on" }, { tag: "check box", component: checks, by: "on" }, { tag: "choice", component: choices, by: "on" }];
     }
     function test_aScreenReaderHearsWhatIsOn(data: var): void {
-        for (const atFirst of [true, false]) {
-            bench.read(false);
+        for (const [atFirst, heard] of [[true, false], [false, false], [true, true], [false, true]]) {
+            bench.read(heard);
             const control = createTemporaryObject(data.component, scene, { [data.by]: atFirst });
             bench.read(true);
-            compare(bench.spoken(control).checked, atFirst, "a reader that comes later");
+            compare(bench.spoken(control).checked, atFirst, "also where a reader comes later");
             control.clicked.connect(() => control[data.by] = !control[data.by]);
             for (const on of [!atFirst, atFirst]) {
                 mouseClick(control);
@@ -89,6 +89,7 @@ TestCase {
             mouseClick(control);
             control[data.by] = atFirst;
             compare(bench.spoken(control).checked, atFirst, "turned by something else");
+            control.destroy();
         }
     }
 
