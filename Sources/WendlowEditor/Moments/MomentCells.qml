@@ -28,7 +28,7 @@ FocusScope {
     readonly property int pictureHeight: Math.round(cells.cellWidth * 138 / 220)
     readonly property int firstTop: head.y + head.height + Theme.space16
     readonly property int headHeight: Theme.scaled(20) + 24
-    readonly property int clockWidth: Math.ceil(Math.max(...cells.grid.wideTimes.map(time => metrics.advanceWidth(time)))) + 2
+    readonly property int clockWidth: Math.ceil(Math.max(...Array.from(cells.grid.wideTimes, time => metrics.advanceWidth(time)))) + 2
 
     function measure(): void {
         cells.grid.measure(cells.columns, cells.pictureHeight + 8 + Theme.lines[Label.Role.Small], 20, cells.firstTop, Theme.space12, cells.headHeight);
