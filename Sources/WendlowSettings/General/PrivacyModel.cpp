@@ -101,6 +101,11 @@ DaemonSwitch* PrivacyModel::switchOf(Subject subject) {
     std::unreachable();
 }
 
+int PrivacyModel::ageOf(Subject subject) {
+    const DaemonSwitch* const toggle = switchOf(subject);
+    return toggle == nullptr ? m_namesAge : toggle->age();
+}
+
 QCoro::Task<PrivacyModel::Outcome> PrivacyModel::read(Subject subject, std::optional<Load> load) {
     const QPointer<PrivacyModel> self(this);
     const auto question = [subject]() -> GatewayRequest {
@@ -122,8 +127,7 @@ QCoro::Task<PrivacyModel::Outcome> PrivacyModel::read(Subject subject, std::opti
         }
         std::unreachable();
     };
-    const DaemonSwitch* const toggle = switchOf(subject);
-    const DaemonSwitch::Age asked = toggle == nullptr ? 0 : toggle->age();
+    const int asked = ageOf(subject);
     GatewayRequest request = question();
     const GatewayResponse answer = co_await PaneQuestion::ask(m_client, std::move(request));
     if (!self)
@@ -139,7 +143,7 @@ QCoro::Task<PrivacyModel::Outcome> PrivacyModel::read(Subject subject, std::opti
     co_return Outcome::kept;
 }
 
-bool PrivacyModel::keep(Subject subject, const GatewayResponse& answer, DaemonSwitch::Age asked) {
+bool PrivacyModel::keep(Subject subject, const GatewayResponse& answer, int asked) {
     const auto into = [&answer]<class Record>(std::optional<Record>& figure, auto* which) {
         using Case = std::remove_pointer_t<decltype(which)>;
         const auto* const found = std::get_if<Case>(&answer);
@@ -156,7 +160,7 @@ bool PrivacyModel::keep(Subject subject, const GatewayResponse& answer, DaemonSw
         return into(m_diskUsed, static_cast<AnswerCase::DiskUsed*>(nullptr));
     case Subject::selfNames: {
         const auto names = namesIn(answer);
-        if (names && !m_savingNames) {
+        if (names && asked == m_namesAge) {
             m_selfNames = *names;
             Q_EMIT namesChanged();
         }
@@ -224,8 +228,8 @@ void PrivacyModel::cancelFrameKeepOff() {
 
 QCoro::Task<> PrivacyModel::writeFrameKeep(bool on) {
     ++m_asking;
-    const Outcome written =
-        co_await write(m_frameKeep, ControlRequest(ControlCase::SetFrameKeep{on}));
+    ControlRequest request = ControlCase::SetFrameKeep{on};
+    const Outcome written = co_await write(m_frameKeep, std::move(request));
     if (written == Outcome::gone)
         co_return;
     for (const Subject subject : {Subject::frameKeep, Subject::reelKeep, Subject::frameStats,
@@ -280,8 +284,8 @@ void PrivacyModel::cancelReelKeepOff() {
 
 QCoro::Task<> PrivacyModel::writeReelKeep(bool on) {
     ++m_asking;
-    const Outcome written =
-        co_await write(m_reelKeep, ControlRequest(ControlCase::SetReelKeep{on}));
+    ControlRequest request = ControlCase::SetReelKeep{on};
+    const Outcome written = co_await write(m_reelKeep, std::move(request));
     if (written == Outcome::gone)
         co_return;
     const Outcome told = co_await read(Subject::reelKeep);
@@ -300,8 +304,8 @@ void PrivacyModel::toggleDiagnosticLogging(bool on) {
 
 QCoro::Task<> PrivacyModel::writeDiagnosticLogging(bool on) {
     ++m_asking;
-    const Outcome written = co_await write(
-        m_diagnosticLogging, ControlRequest(ControlCase::SetDiagnosticLogging{on}));
+    ControlRequest request = ControlCase::SetDiagnosticLogging{on};
+    const Outcome written = co_await write(m_diagnosticLogging, std::move(request));
     if (written == Outcome::gone)
         co_return;
     --m_asking;
@@ -328,6 +332,7 @@ void PrivacyModel::saveSelfNames(const QString& typed) {
 QCoro::Task<> PrivacyModel::writeNames(QString typed) {
     const QPointer<PrivacyModel> self(this);
     ++m_asking;
+    ++m_namesAge;
     m_savingNames = true;
     m_draft = typed;
     Q_EMIT namesChanged();
@@ -339,6 +344,7 @@ QCoro::Task<> PrivacyModel::writeNames(QString typed) {
     if (!self)
         co_return;
     --m_asking;
+    ++m_namesAge;
     m_savingNames = false;
     m_selfNamesRefusal.clear();
     if (const auto held = namesIn(answer)) {
@@ -424,7 +430,7 @@ QString PrivacyModel::purge() const {
 }
 
 bool PrivacyModel::purging() const {
-    return m_frameKeep.isKnown() && !m_frameKeep.isOn() && m_frameStats && m_frameStats->purge &&
+    return !m_frameKeep.isOn() && m_frameStats && m_frameStats->purge &&
            PrivacyWords::daysToClear(*m_frameStats->purge) > 0;
 }
 

@@ -66,8 +66,6 @@ public:
     };
 
     PrivacyModel(std::shared_ptr<WendlowClient> client, Surroundings surroundings);
-    explicit PrivacyModel(std::shared_ptr<WendlowClient> client)
-        : PrivacyModel(std::move(client), Surroundings{}) {}
 
     /// Asks everything, one thing after the other; a newer load overtakes it.
     QCoro::Task<> load();
@@ -135,7 +133,9 @@ private:
     using Load = int;
 
     QCoro::Task<Outcome> read(Subject subject, std::optional<Load> load = std::nullopt);
-    bool keep(Subject subject, const GatewayResponse& answer, DaemonSwitch::Age asked);
+    bool keep(Subject subject, const GatewayResponse& answer, int asked);
+    /// Grows with each write of it: an answer to a question from before is no longer true.
+    int ageOf(Subject subject);
     DaemonSwitch* switchOf(Subject subject);
     QCoro::Task<> writeFrameKeep(bool on);
     QCoro::Task<> writeReelKeep(bool on);
@@ -151,9 +151,9 @@ private:
     const Surroundings m_around;
     std::optional<DiagnosticRelay> m_relay; ///< made with the first refusal
 
-    DaemonSwitch m_frameKeep;
-    DaemonSwitch m_reelKeep;
-    DaemonSwitch m_diagnosticLogging;
+    DaemonSwitch m_frameKeep{this};
+    DaemonSwitch m_reelKeep{this};
+    DaemonSwitch m_diagnosticLogging{this};
     std::optional<FrameStats> m_frameStats;
     std::optional<ReelStats> m_reelStats;
     std::optional<DiskUsed> m_diskUsed;
@@ -162,6 +162,7 @@ private:
     std::string m_selfNames;
     std::optional<QString> m_draft; ///< what has been typed and is not what is held
     bool m_savingNames = false;
+    int m_namesAge = 0;
     QString m_selfNamesRefusal;
 
     PaneState<std::monostate> m_state;
