@@ -52,9 +52,13 @@ template<class Content> const Content* content(const PaneState<Content>& state) 
     return populated == nullptr ? nullptr : &populated->content;
 }
 
+template<class Content> bool isRead(const PaneState<Content>& state) {
+    return content(state) != nullptr || std::holds_alternative<PaneCase::Empty>(state);
+}
+
 /// What could not be read is told only while nothing has been read.
 template<class Content> void fail(PaneState<Content>& state, std::string message) {
-    if (isLoading(state) || std::holds_alternative<UIError>(state))
+    if (!isRead(state))
         state = UIError{std::move(message)};
 }
 

@@ -84,47 +84,52 @@ Item {
     }
 
     component Cell: Label {
-        y: Math.round((row.line - height) / 2)
+        anchors.verticalCenter: parent?.verticalCenter
         color: Theme.textSecond
         horizontalAlignment: Text.AlignRight
         elide: Text.ElideRight
         Accessible.ignored: true
     }
 
-    Cell {
-        visible: !row.columns.stacked
-        x: row.columns.rate
-        width: row.columns.rateWidth
-        text: row.rate
-    }
-    Cell {
-        visible: !row.columns.stacked
-        x: row.columns.month
-        width: row.columns.width
-        text: row.month
-    }
-    Cell {
-        x: row.columns.used
-        width: row.columns.width
-        text: row.used
-        color: Theme.text
-    }
-    Cell {
-        visible: !toggle.visible
-        x: row.columns.keep
-        width: row.columns.keepWidth
-        text: row.keep ? "—" : qsTr("Yes")
-    }
-    Switch {
-        id: toggle
-        visible: row.keep !== null && row.keep.known
-        x: row.columns.keep + row.columns.keepWidth - width
-        y: Math.round((row.line - height) / 2)
-        enabled: row.keep !== null && !row.keep.writing
-        on: row.keep !== null && row.keep.on
-        text: row.label
-        description: row.note.length > 0 ? row.note : qsTr("Save?")
-        onClicked: row.toggled(!toggle.on)
+    Item {
+        width: row.width
+        height: row.line
+
+        Cell {
+            visible: !row.columns.stacked
+            x: row.columns.rate
+            width: row.columns.rateWidth
+            text: row.rate
+        }
+        Cell {
+            visible: !row.columns.stacked
+            x: row.columns.month
+            width: row.columns.width
+            text: row.month
+        }
+        Cell {
+            x: row.columns.used
+            width: row.columns.width
+            text: row.used
+            color: Theme.text
+        }
+        Cell {
+            visible: !toggle.visible
+            x: row.columns.keep
+            width: row.columns.keepWidth
+            text: row.keep ? "—" : qsTr("Yes")
+        }
+        Switch {
+            id: toggle
+            visible: row.keep !== null && row.keep.known
+            x: row.columns.keep + row.columns.keepWidth - width
+            anchors.verticalCenter: parent.verticalCenter
+            enabled: row.keep !== null && !row.keep.writing
+            on: row.keep !== null && row.keep.on
+            text: row.label
+            description: row.note.length > 0 ? row.note : qsTr("Save?")
+            onClicked: row.toggled(!toggle.on)
+        }
     }
     RefusalLine {
         id: told

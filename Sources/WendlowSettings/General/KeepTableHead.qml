@@ -10,7 +10,7 @@ Item {
     implicitHeight: Theme.scaled(36)
 
     component Head: Label {
-        anchors.verticalCenter: head.verticalCenter
+        anchors.verticalCenter: parent?.verticalCenter
         role: Label.Role.Caption
         color: Theme.textSecond
         horizontalAlignment: Text.AlignRight
