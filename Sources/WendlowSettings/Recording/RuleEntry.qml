@@ -46,17 +46,17 @@ T.ItemDelegate {
             width: Theme.scaled(16)
             height: Theme.scaled(16)
             radius: Theme.radiusTag
-            color: icon.there ? "transparent" : Theme.well
-            border.width: icon.there ? 0 : Theme.strokeHairline
+            color: site.there ? "transparent" : Theme.well
+            border.width: site.there ? 0 : Theme.strokeHairline
             border.color: Theme.hairline
 
             SiteIcon {
-                id: icon
+                id: site
                 anchors.fill: parent
                 bytes: entry.picture
             }
             Label {
-                visible: !icon.there
+                visible: !site.there
                 anchors.centerIn: parent
                 width: parent.width
                 role: Label.Role.GroupTitle
