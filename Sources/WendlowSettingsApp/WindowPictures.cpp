@@ -16,9 +16,13 @@ void takeSettings(const PictureSession& session, WindowModels& models) {
         root.select(pane.pane);
         session.save(name, PictureSession::Focus::away);
         if (pane.takePictures)
-            pane.takePictures(*root.model(pane.pane), [&](const QString& state) {
-                session.save(name + u'-' + state, PictureSession::Focus::away);
-            });
+            pane.takePictures({.model = root.model(pane.pane),
+                               .save =
+                                   [&](const QString& state) {
+                                       session.save(name + u'-' + state,
+                                                    PictureSession::Focus::away);
+                                   },
+                               .pose = [&](PaneModel* posed) { root.pose(posed); }});
     }
     root.select(first);
 }

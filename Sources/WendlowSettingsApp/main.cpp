@@ -53,7 +53,10 @@ int takeSnapshots(const LaunchOptions& options) {
              },
          .notifications = silent,
          .setupLog = [](const std::string&) {},
-         .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())});
+         .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>()),
+         .chooseFile = [](FileChooser::Question) -> QCoro::Task<FileChooser::Answer> {
+             co_return QString();
+         }});
     return Snapshots(application, *options.snapshots, options.size).take();
 }
 
@@ -94,6 +97,8 @@ std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv) {
 
 /// Shows the window that is asked for, and runs until the last one is closed.
 int show(SettingsApplication& application, const LaunchOptions& options) {
+    if (options.settingsPane)
+        application.models().openSettingsOn(*options.settingsPane);
     application.show(options.pane, WindowDoor::Front::leave);
     const WindowKind kind = WindowDescriptions::kindOf(options.pane);
     if (options.firstFrame) {
@@ -113,10 +118,13 @@ int runApplication(const LaunchOptions& options) {
     Appearance appearance;
     GatewayPresence gateway;
     SessionBus bus;
+    auto portalBus = std::make_shared<QDBusConnection>(QString());
     QObject::connect(&bus, &SessionBus::connected, &notifications,
                      &DistributedNotificationCenter::listenOn);
     QObject::connect(&bus, &SessionBus::connected, &appearance, &Appearance::listenOn);
     QObject::connect(&bus, &SessionBus::connected, &gateway, &GatewayPresence::listenOn);
+    QObject::connect(&bus, &SessionBus::connected, &gateway,
+                     [portalBus](const QDBusConnection& dialled) { *portalBus = dialled; });
     bus.dial();
     SettingsApplication application(
         {.followLooks =
@@ -125,7 +133,10 @@ int runApplication(const LaunchOptions& options) {
              },
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
-         .client = std::make_shared<XPCClient>()});
+         .client = std::make_shared<XPCClient>(),
+         .chooseFile = [portalBus](FileChooser::Question question) {
+             return FileChooser::choose(*portalBus, std::move(question));
+         }});
     QObject::connect(&gateway, &GatewayPresence::came, &application,
                      [&application] { application.models().daemonCame(); });
     return TerminationSignals::leave(show(application, options));
