@@ -13,6 +13,7 @@
 #include "Clock.h"
 #include "Fill/FillSize.h"
 #include "GatewayEvent.h"
+#include "PhraseRoom.h"
 #include "RuleChain.h"
 
 namespace wendlow {
@@ -30,6 +31,8 @@ public:
         std::function<void(GatewayEvent)> push = [](const GatewayEvent&) {};
         /// On the thread that asked for it, right before the answer.
         std::function<void()> shutDown = [] {};
+        /// A phrase has brought the key back: the same, so that the store is opened with it.
+        std::function<void()> restart = [] {};
         Clock now = &std::chrono::system_clock::now;
     };
 
@@ -46,6 +49,10 @@ public:
     std::expected<void, std::string> fill(FillSize size);
     /// How it answers about rules. Before the first request.
     void answerRules(RuleManner manner);
+    /// How its store is protected. Before the first request.
+    void protect(StoreProtection protection);
+    /// Where the diagnostic log is while it is kept. Before the first request.
+    void keepTraceLogAt(const std::filesystem::path& file);
 
     /// The calling thread needs an event loop; it gets the answer.
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;

@@ -63,6 +63,8 @@ void takeOf(const PanePictures& pictures, const char* state, std::unique_ptr<Mod
     run();
     pictures.save(QString::fromLatin1(state));
     pictures.pose(nullptr);
+    // The face that looked at the model goes before it.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 } // namespace

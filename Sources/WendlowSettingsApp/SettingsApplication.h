@@ -32,7 +32,7 @@ public:
         /// The process's only way to the daemon, there before any window.
         std::shared_ptr<WendlowClient> client;
         /// The platform's own dialog for files.
-        FileChooser::Choose chooseFile;
+        FileChooser::Choose chooseFile = nullptr;
     };
 
     explicit SettingsApplication(Surroundings surroundings);

@@ -1,5 +1,6 @@
 #include "Appearance.h"
 #include "BusPulse.h"
+#include "FileChooser.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
 #include "SessionBus.h"
@@ -12,6 +13,7 @@
 #include "XPCClient.h"
 
 #include <QAccessible>
+#include <QDBusConnection>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>

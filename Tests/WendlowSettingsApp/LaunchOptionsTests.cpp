@@ -8,19 +8,20 @@ namespace wendlow {
 namespace {
 
 using Arguments = std::vector<std::string>;
-using WindowDoor::Pane;
 
 TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
     const auto options = LaunchOptions::parse(
         Arguments{"--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb",
-                  "--first-frame", "--snapshots", "out", "--size", "1280x800"});
+                  "--first-frame", "--snapshots", "out", "--size", "1280x800",
+                  "--pane=recovery"});
     ASSERT_TRUE(options.has_value());
     LaunchOptions expected;
     EXPECT_EQ(LaunchOptions::parse(Arguments{}), expected);
-    expected.pane = Pane::stats;
+    expected.pane = WindowDoor::Pane::stats;
     expected.firstFrame = true;
     expected.snapshots = "out";
     expected.size = PixelSize{1280, 800};
+    expected.settingsPane = wendlow::Pane::recovery;
     EXPECT_EQ(*options, expected);
 }
 
@@ -33,6 +34,8 @@ TEST(LaunchOptions, RefusesWhatItCannotDoInWords) {
         EXPECT_EQ(LaunchOptions::parse(Arguments{"--size", size}),
                   std::unexpected("--size needs a size such as 1280x800"))
             << size;
+    EXPECT_EQ(LaunchOptions::parse(Arguments{"--pane=privacy"}),
+              std::unexpected("--pane= needs one of general, connected, recording, classifier, recovery"));
 }
 
 } // namespace

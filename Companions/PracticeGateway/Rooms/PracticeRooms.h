@@ -48,6 +48,8 @@ public:
     }
     DocumentStore& documents() { return m_documents; }
     RuleRoom& rules() { return m_rules; }
+    PhraseRoom& phrase() { return m_phrase; }
+    DaemonRoom& daemon() { return m_daemon; }
 
 private:
     void fillState();

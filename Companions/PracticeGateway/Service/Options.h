@@ -8,8 +8,10 @@
 #include <QStringList>
 
 #include "Fill/FillSize.h"
+#include "PhraseRoom.h"
 #include "RuleChain.h"
 #include "Service/Misbehaviour.h"
+#include "Service/SteeredGateway.h"
 
 namespace wendlow {
 
@@ -19,6 +21,8 @@ struct Options {
     std::filesystem::path database; ///< the file, in a folder of its own
     std::optional<FillSize> fill;   ///< what an empty database is filled with
     Misbehaviour misbehaviour;
+    SteeredGateway::Answers steered;       ///< to some verbs, in place of its own
+    std::optional<StoreProtection> recovery; ///< how its store is to be protected from now on
     RuleManner rules;                ///< how it answers about them
     std::optional<std::string> help; ///< to be printed in place of all else
 

@@ -94,7 +94,7 @@ void WorkFill::fill(FillSize size) {
     for (const Activity& activity : plan.activities)
         m_ledger.put(activity);
     moments(plan, power ? 20'000 : 150);
-    if (power)
+    if (!plan.activities.empty())
         m_keep.lockDay(plan.activities[plan.activities.size() / 3].day);
 }
 
