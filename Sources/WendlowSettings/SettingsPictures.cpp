@@ -81,7 +81,9 @@ void takeGeneral(const PanePictures& pictures) {
     const AnswerCase::Flag off{false};
     const AnswerCase::FrameStats purging{
         frames(18 * gigabyte / 10,
-               PurgeProgress{.daysRemaining = 6, .bytesRemaining = 18 * gigabyte / 10})};
+               PurgeProgress{.daysRemaining = 6,
+                             .bytesRemaining = 18 * gigabyte / 10,
+                             .skipped = {}})};
     const AnswerCase::FrameStats skipped{
         frames(40 * megabyte,
                PurgeProgress{.daysRemaining = 3, .skipped = {"2026-11-02", "2026-11-03",
@@ -132,7 +134,7 @@ void takeRecording(const PanePictures& pictures) {
                        .choose = nullptr}),
                stand);
     };
-    const auto rule = [number = 0](OpenCase<RuleKind> kind, const char* value,
+    auto rule = [number = 0](OpenCase<RuleKind> kind, const char* value,
                                    OpenCase<RuleTier> tier) mutable {
         return Rule{.id = "r" + std::to_string(++number),
                     .kind = std::move(kind),

@@ -19,14 +19,9 @@ QString text(StoreWord word) {
     return text(StoreWords::text(word));
 }
 
-/// Leaves nothing of the words in the memory that they stood in. Volatile, or the writes would be
-/// left out as nobody reads them.
-void overwrite(RecoveryModel::Words& words) {
-    for (std::string& word : words) {
-        volatile char* const letters = word.data();
-        for (std::size_t at = 0; at < word.size(); ++at)
-            letters[at] = '\0';
-    }
+void overwriteAll(RecoveryModel::Words& words) {
+    for (std::string& word : words)
+        RecoveryModel::overwrite(word);
     words.clear();
 }
 
@@ -77,9 +72,16 @@ QCoro::Task<> RecoveryModel::load() {
     Q_EMIT changed();
 }
 
+void RecoveryModel::overwrite(std::string& word) {
+    // Volatile, or the writes would be left out, as nobody reads what they leave.
+    volatile char* const letters = word.data();
+    for (std::size_t at = 0; at < word.size(); ++at)
+        letters[at] = '\0';
+}
+
 void RecoveryModel::forgetWords() {
     if (auto* const revealed = std::get_if<Revealed>(&m_state))
-        overwrite(revealed->words);
+        overwriteAll(revealed->words);
     m_state = Hidden{};
 }
 
@@ -114,7 +116,7 @@ QCoro::Task<> RecoveryModel::reveal() {
     auto* const phrase = std::get_if<AnswerCase::Phrase>(&answer);
     const bool isWanted = self && mine == m_reveals;
     if (phrase != nullptr && !isWanted)
-        overwrite(phrase->_0);
+        overwriteAll(phrase->_0);
     if (self)
         --m_asking;
     if (!isWanted)

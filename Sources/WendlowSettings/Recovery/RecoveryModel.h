@@ -111,6 +111,9 @@ public:
 
     const State& state() const { return m_state; }
     const Restore& restore() const { return m_restore; }
+    /// Leaves nothing of a word in the memory that it stands in, but for its length.
+    static void overwrite(std::string& word);
+
     /// The words with a blank between them; empty unless they are shown.
     QString clipboardText() const;
 

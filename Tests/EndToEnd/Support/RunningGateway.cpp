@@ -7,12 +7,17 @@
 namespace wendlow::testing {
 
 void RunningGateway::start(const std::string& replies, const std::string& rules) {
+    std::vector<std::string> more{"--replies", replies};
+    if (!rules.empty())
+        more.insert(more.end(), {"--rules", rules});
+    startWith(more);
+}
+
+void RunningGateway::startWith(const std::vector<std::string>& more) {
     kill();
     const auto database = m_desktop.home() / "Practice" / "practice.db";
-    std::vector<std::string> arguments{"--database", database.string(), "--fill",
-                                       "day",        "--replies",       replies};
-    if (!rules.empty())
-        arguments.insert(arguments.end(), {"--rules", rules});
+    std::vector<std::string> arguments{"--database", database.string(), "--fill", "day"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
     m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
 }
 

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace wendlow::testing {
 
@@ -19,6 +20,8 @@ public:
     /// Starts it in place of the one that runs, with a day's memories unless it has some already.
     /// `rules`: what is wrong with them, if anything.
     void start(const std::string& replies = "answer", const std::string& rules = "");
+    /// The same with these words on its command line.
+    void startWith(const std::vector<std::string>& more);
     /// Takes messages and does nothing about them.
     void wedge() const { m_process->wedge(); }
     void kill() { m_process.reset(); }
