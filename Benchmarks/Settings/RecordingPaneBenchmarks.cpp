@@ -41,13 +41,13 @@ std::vector<Rule> rules(std::int64_t count) {
 }
 
 void openRecording(benchmark::State& state) {
-    const auto client = PosedGateway::client({{"get_rules", AnswerCase::Rules{rules(state.range(0))}},
-                                              {"favicons", AnswerCase::Icons{}}});
+    const auto client =
+        PosedGateway::client({{"get_rules", AnswerCase::Rules{rules(state.range(0))}},
+                              {"favicons", AnswerCase::Icons{}}});
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     QQmlComponent component(
-        &engine,
-        QUrl(QStringLiteral("qrc:/qt/qml/WendlowSettings/Recording/RecordingPane.qml")));
+        &engine, QUrl(QStringLiteral("qrc:/qt/qml/WendlowSettings/Recording/RecordingPane.qml")));
     QQuickWindow window;
     window.resize(756, 832);
     window.show();

@@ -51,8 +51,7 @@ End serve(const Options& options) {
         QCoreApplication::quit();
     };
     const auto gateway = PracticeGateway::open(
-        options.database,
-        {.push = push, .shutDown = &QCoreApplication::quit, .restart = restart});
+        options.database, {.push = push, .shutDown = &QCoreApplication::quit, .restart = restart});
     if (!gateway)
         return complain(couldNotStart, gateway.error());
     if (options.fill)

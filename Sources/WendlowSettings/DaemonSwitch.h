@@ -39,8 +39,8 @@ public:
     void take(bool on, Age asked);
 
     void beginWrite();
-    /// The daemon has answered the write. It is under way until `endWrite` all the same, so that its
-    /// new state can be read back first.
+    /// The daemon has answered the write. It is under way until `endWrite` all the same, so that
+    /// its new state can be read back first.
     void answerWrite(const QString& refusal);
     void endWrite();
 

@@ -14,8 +14,8 @@ namespace wendlow::PaneQuestion {
 /// first.
 QCoro::Task<GatewayResponse> ask(std::shared_ptr<WendlowClient> client, GatewayRequest request);
 
-/// What a person reads of an answer that is no `ok`: why the daemon did not do or tell it. Empty for
-/// `ok`.
+/// What a person reads of an answer that is no `ok`: why the daemon did not do or tell it. Empty
+/// for `ok`.
 std::string refusal(const GatewayResponse& answer);
 
 } // namespace wendlow::PaneQuestion

@@ -32,15 +32,16 @@ Answers everyday() {
                   .reel = 31 * gigabyte / 10,
                   .frames = 18 * gigabyte / 10};
     ReelStats reel{.meetings = 24, .bytes = disk.reel};
-    return {{"diagnostic_logging_state", AnswerCase::Flag{false}},
-            {"self_names", AnswerCase::NoteID{"self-names", std::vector<std::string>{
-                                                                "Mara Lindqvist", "Mara L."}}},
-            {"frame_keep_state", AnswerCase::Flag{true}},
-            {"reel_keep_state", AnswerCase::Flag{true}},
-            {"frame_stats", AnswerCase::FrameStats{frames(disk.frames)}},
-            {"reel_stats", AnswerCase::ReelStats{reel}},
-            {"disk_used", AnswerCase::DiskUsed{disk}},
-            {"log", AnswerCase::Ok{}}};
+    return {
+        {"diagnostic_logging_state", AnswerCase::Flag{false}},
+        {"self_names",
+         AnswerCase::NoteID{"self-names", std::vector<std::string>{"Mara Lindqvist", "Mara L."}}},
+        {"frame_keep_state", AnswerCase::Flag{true}},
+        {"reel_keep_state", AnswerCase::Flag{true}},
+        {"frame_stats", AnswerCase::FrameStats{frames(disk.frames)}},
+        {"reel_stats", AnswerCase::ReelStats{reel}},
+        {"disk_used", AnswerCase::DiskUsed{disk}},
+        {"log", AnswerCase::Ok{}}};
 }
 
 Answers with(Answers answers, Answers others) {
@@ -79,15 +80,12 @@ void takeGeneral(const PanePictures& pictures) {
     const auto still = [](PrivacyModel&) {};
     const AnswerCase::Flag on{true};
     const AnswerCase::Flag off{false};
-    const AnswerCase::FrameStats purging{
-        frames(18 * gigabyte / 10,
-               PurgeProgress{.daysRemaining = 6,
-                             .bytesRemaining = 18 * gigabyte / 10,
-                             .skipped = {}})};
-    const AnswerCase::FrameStats skipped{
-        frames(40 * megabyte,
-               PurgeProgress{.daysRemaining = 3, .skipped = {"2026-11-02", "2026-11-03",
-                                                              "2026-11-04"}})};
+    const AnswerCase::FrameStats purging{frames(
+        18 * gigabyte / 10,
+        PurgeProgress{.daysRemaining = 6, .bytesRemaining = 18 * gigabyte / 10, .skipped = {}})};
+    const AnswerCase::FrameStats skipped{frames(
+        40 * megabyte,
+        PurgeProgress{.daysRemaining = 3, .skipped = {"2026-11-02", "2026-11-03", "2026-11-04"}})};
     take("kept", everyday(), still);
     take("deleting",
          with(everyday(), {{"frame_keep_state", off},
@@ -102,8 +100,7 @@ void takeGeneral(const PanePictures& pictures) {
     take("question-unknown-size",
          with(everyday(), {{"frame_stats", AnswerCase::FrameStats{frames(std::nullopt)}}}),
          [](PrivacyModel& model) { model.toggleFrameKeep(false); });
-    take("meetings-question", everyday(),
-         [](PrivacyModel& model) { model.toggleReelKeep(false); });
+    take("meetings-question", everyday(), [](PrivacyModel& model) { model.toggleReelKeep(false); });
     take("refused",
          with(everyday(), {{"set_frame_keep", AnswerCase::Unimplemented{"set_frame_keep"}},
                            {"frame_keep_state", off},
@@ -126,16 +123,17 @@ void takeRecording(const PanePictures& pictures) {
         takeOf(pictures, state,
                std::make_unique<RecordingControlModel>(
                    PosedGateway::client(std::move(answers)),
-                   AppChooser::Surroundings{
-                       .installed = [] {
-                           return std::vector<std::string>{"Calendar", "Mail",  "Messages", "Music",
-                                                           "Notes",    "Photos", "Terminal"};
-                       },
-                       .choose = nullptr}),
+                   AppChooser::Surroundings{.installed =
+                                                [] {
+                                                    return std::vector<std::string>{
+                                                        "Calendar", "Mail",   "Messages", "Music",
+                                                        "Notes",    "Photos", "Terminal"};
+                                                },
+                                            .choose = nullptr}),
                stand);
     };
     auto rule = [number = 0](OpenCase<RuleKind> kind, const char* value,
-                                   OpenCase<RuleTier> tier) mutable {
+                             OpenCase<RuleTier> tier) mutable {
         return Rule{.id = "r" + std::to_string(++number),
                     .kind = std::move(kind),
                     .value = value,
@@ -164,17 +162,16 @@ void takeRecording(const PanePictures& pictures) {
         model.groups()[6]->setTyped(QStringLiteral("Salary"));
         model.groups()[6]->commit();
     });
-    take("app-sheet", rules, [](RecordingControlModel& model) {
-        model.chooser()->openFor(model.groups()[4]);
-    });
+    take("app-sheet", rules,
+         [](RecordingControlModel& model) { model.chooser()->openFor(model.groups()[4]); });
     take("empty", {}, still);
     rules.push_back(rule(OpenCase<RuleKind>::ofWord("window"), "Ledger 2026", RuleTier::never));
-    rules.push_back(
-        rule(RuleKind::word, "draft", OpenCase<RuleTier>::ofWord("titleOnly")));
+    rules.push_back(rule(RuleKind::word, "draft", OpenCase<RuleTier>::ofWord("titleOnly")));
     for (int at = 1; at <= 60; ++at)
-        rules.push_back(rule(RuleKind::site,
-                             ("site-" + std::to_string(at) + ".a-rather-long-name.example.net").c_str(),
-                             RuleTier::never));
+        rules.push_back(
+            rule(RuleKind::site,
+                 ("site-" + std::to_string(at) + ".a-rather-long-name.example.net").c_str(),
+                 RuleTier::never));
     take("many", std::move(rules), still);
     takeOf(pictures, "failed",
            std::make_unique<RecordingControlModel>(
@@ -198,18 +195,15 @@ void takeRecovery(const PanePictures& pictures) {
     const auto reveal = [](RecoveryModel& model) { model.revealOrHide(); };
     const AnswerCase::Phrase phrase{{"amber", "canvas", "orbit", "gentle", "harbor", "lemon",
                                      "meadow", "pepper", "quiet", "river", "saddle", "violin"}};
-    const auto refused = [](StoreMessage message) {
-        return AnswerCase::Failure{message.text()};
-    };
+    const auto refused = [](StoreMessage message) { return AnswerCase::Failure{message.text()}; };
     take("hidden", "armed", {}, still);
     take("revealed", "armed", {{"reveal_phrase", phrase}}, reveal);
     take("revealing", "armed", {}, reveal);
-    take("no-phrase", "armed",
-         {{"reveal_phrase", refused(StoreWord::revealHasNoKeyOnThisMac)}}, reveal);
+    take("no-phrase", "armed", {{"reveal_phrase", refused(StoreWord::revealHasNoKeyOnThisMac)}},
+         reveal);
     take("locked", "locked", {}, still);
     take("plaintext", "plaintext", {}, still);
-    take("refused", "locked",
-         {{"enter_phrase", refused(StoreWord::phraseBadChecksum)}}, unlock);
+    take("refused", "locked", {{"enter_phrase", refused(StoreWord::phraseBadChecksum)}}, unlock);
     take("checking", "locked", {}, unlock);
     take("accepted", "locked", {{"enter_phrase", AnswerCase::Ok{}}}, unlock);
     takeOf(pictures, "unknown",

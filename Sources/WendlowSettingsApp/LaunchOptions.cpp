@@ -52,7 +52,8 @@ LaunchOptions::parse(std::span<const std::string> arguments) {
                 return std::unexpected("--size needs a size such as 1280x800");
             argument = next;
         } else if (argument->starts_with(paneArgument)) {
-            options.settingsPane = Panes::withId(std::string_view(*argument).substr(paneArgument.size()));
+            options.settingsPane =
+                Panes::withId(std::string_view(*argument).substr(paneArgument.size()));
             if (!options.settingsPane)
                 return std::unexpected("--pane= needs one of " + paneNames());
         }

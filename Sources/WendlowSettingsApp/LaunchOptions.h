@@ -21,7 +21,7 @@ struct PixelSize {
 /// toolkit.
 struct LaunchOptions {
     WindowDoor::Pane pane = WindowDoor::Pane::settings; ///< "--window=PANE"
-    std::optional<Pane> settingsPane; ///< "--pane=NAME", of the Settings window
+    std::optional<Pane> settingsPane;                   ///< "--pane=NAME", of the Settings window
     std::optional<std::filesystem::path> snapshots;     ///< "--snapshots DIR"
     std::optional<PixelSize> size;                      ///< "--size WxH", of the snapshots
     bool firstFrame = false; ///< "--first-frame": report the first frame of the window and end

@@ -136,9 +136,10 @@ int runApplication(const LaunchOptions& options) {
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
          .client = std::make_shared<XPCClient>(),
-         .chooseFile = [portalBus](FileChooser::Question question) {
-             return FileChooser::choose(*portalBus, std::move(question));
-         }});
+         .chooseFile =
+             [portalBus](FileChooser::Question question) {
+                 return FileChooser::choose(*portalBus, std::move(question));
+             }});
     QObject::connect(&gateway, &GatewayPresence::came, &application,
                      [&application] { application.models().daemonCame(); });
     return TerminationSignals::leave(show(application, options));

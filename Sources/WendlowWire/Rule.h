@@ -21,8 +21,8 @@ BOOST_DESCRIBE_ENUM(RuleTier, usageOnly, never)
 enum class RuleOrigin { shipped, user };
 BOOST_DESCRIBE_ENUM(RuleOrigin, shipped, user)
 
-/// A rule of what may be recorded. Its identifier never changes. Of a kind or tier of a newer daemon
-/// it is a rule still, which a person has to see and can remove.
+/// A rule of what may be recorded. Its identifier never changes. Of a kind or tier of a newer
+/// daemon it is a rule still, which a person has to see and can remove.
 struct Rule {
     std::string id;
     OpenCase<RuleKind> kind = RuleKind::app;

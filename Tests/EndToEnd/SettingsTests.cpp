@@ -65,8 +65,8 @@ TEST_F(Settings, ASwitchGoesOffWithItsQuestionAndThePurgeToItsEnd) {
     const auto bytes = [&] { return read("frameStats")[u"_0"_s].toObject()[u"bytes"_s]; };
     ASSERT_TRUE(eventually([&] { return bytes().isDouble(); }));
     const auto megabytes = static_cast<qint64>(std::llround(bytes().toDouble() / (1 << 20)));
-    EXPECT_TRUE(says(u"This deletes all %1 screenshots (about %2 MB)"_s.arg(count).arg(megabytes) +
-                     rest));
+    EXPECT_TRUE(
+        says(u"This deletes all %1 screenshots (about %2 MB)"_s.arg(count).arg(megabytes) + rest));
     desktop.press({u"Tab"_s, u"Return"_s}); // from the safe answer to the other
     ASSERT_TRUE(eventually([&] { return !toggle->isChecked() && toggle->isEnabled(); }));
     EXPECT_TRUE(toggle->isFocused());
@@ -166,8 +166,7 @@ TEST_F(Settings, ThePhraseIsRevealedHiddenAndGivenBack) {
     open(u"recovery"_s);
     ASSERT_TRUE(says(u"Your memory is encrypted"_s));
     EXPECT_EQ(walked(6), "");
-    const auto words =
-        gateway.ask(R"({"control":{"_0":{"revealPhrase":{}}}})")[u"_0"_s].toArray();
+    const auto words = gateway.ask(R"({"control":{"_0":{"revealPhrase":{}}}})")[u"_0"_s].toArray();
     ASSERT_EQ(words.size(), 12);
     const QString first = u"1: "_s + words[0].toString();
     EXPECT_FALSE(application->findNow(first));
@@ -200,10 +199,12 @@ TEST_F(Settings, ThePhraseIsRevealedHiddenAndGivenBack) {
     desktop.press({u"ctrl+a"_s});
     type(typed.join(u' '));
     desktop.press({u"Tab"_s, u"Return"_s});
-    EXPECT_TRUE(says(u"Phrase accepted: it opened 1 of the 1 store file(s) Wendlow checked, and the "
-                     "key was installed. Nothing was deleted, moved or re-keyed. Wendlow is "
-                     "restarting."_s));
-    EXPECT_TRUE(eventually([&] { return read("recoveryState")[u"_0"_s].toString() == u"armed"_s; }));
+    EXPECT_TRUE(
+        says(u"Phrase accepted: it opened 1 of the 1 store file(s) Wendlow checked, and the "
+             "key was installed. Nothing was deleted, moved or re-keyed. Wendlow is "
+             "restarting."_s));
+    EXPECT_TRUE(
+        eventually([&] { return read("recoveryState")[u"_0"_s].toString() == u"armed"_s; }));
     desktop.click(general->extents().center());
     EXPECT_TRUE(is("check box", u"All day screenshots"_s)) << "the window works again";
 }

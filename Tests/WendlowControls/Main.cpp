@@ -1,6 +1,6 @@
 #include "ConnectedAppsModel.h"
-#include "IconDrawing.h"
 #include "General/PrivacyModel.h"
+#include "IconDrawing.h"
 #include "MockConnector.h"
 #include "PosedGateway.h"
 #include "Recording/RecordingControlModel.h"
@@ -63,12 +63,11 @@ public:
         const auto client = PosedGateway::client(answers());
         models.emplace(Pane::privacy,
                        std::make_unique<PrivacyModel>(client, PrivacyModel::Surroundings{}));
-        models.emplace(Pane::recording, std::make_unique<RecordingControlModel>(
-                                            client, AppChooser::Surroundings{}));
+        models.emplace(Pane::recording,
+                       std::make_unique<RecordingControlModel>(client, AppChooser::Surroundings{}));
         models.emplace(Pane::recovery,
-                       std::make_unique<RecoveryModel>(client, [this](const QString& text) {
-                           m_copied.append(text);
-                       }));
+                       std::make_unique<RecoveryModel>(
+                           client, [this](const QString& text) { m_copied.append(text); }));
         m_root = std::make_unique<SettingsRoot>(std::move(models));
     }
 
@@ -114,12 +113,12 @@ public:
 private:
     /// Everything is kept, and 2,000 topics are not recorded.
     static PosedGateway::Answers answers() {
-        PosedGateway::Answers all{{"recovery_state", AnswerCase::Text{"armed"}},
-                                  {"self_names", AnswerCase::NoteID{}},
-                                  {"frame_stats", AnswerCase::FrameStats{{.screenshots = 7,
-                                                                          .bytes = 0}}},
-                                  {"reel_stats", AnswerCase::ReelStats{}},
-                                  {"disk_used", AnswerCase::DiskUsed{}}};
+        PosedGateway::Answers all{
+            {"recovery_state", AnswerCase::Text{"armed"}},
+            {"self_names", AnswerCase::NoteID{}},
+            {"frame_stats", AnswerCase::FrameStats{{.screenshots = 7, .bytes = 0}}},
+            {"reel_stats", AnswerCase::ReelStats{}},
+            {"disk_used", AnswerCase::DiskUsed{}}};
         for (const char* flag : {"frame_keep_state", "reel_keep_state", "diagnostic_logging_state"})
             all.emplace(flag, AnswerCase::Flag{true});
         std::vector<Rule> rules;

@@ -1,12 +1,12 @@
 // The words of the panes that ask the daemon, and what decides them.
 
 #include "Classifier/ClassifierStatus.h"
+#include "Files.h"
 #include "General/PrivacyWords.h"
 #include "PaneQuestion.h"
 #include "Recording/InstalledApps.h"
 #include "Recording/RuleInput.h"
 #include "StorageWords.h"
-#include "Files.h"
 #include "TemporaryHome.h"
 
 #include <gmock/gmock.h>
@@ -43,10 +43,12 @@ TEST(PaneWords, TellSizes) {
 TEST(PaneWords, TellHowADeletionIs) {
     const std::vector<std::string> three{"2026-11-01", "2026-11-02", "2026-11-03"};
     const std::tuple<PurgeProgress, std::int64_t, const char*> rows[] = {
-        {{.daysRemaining = 6, .bytesRemaining = 2048 * megabyte, .skipped = {}}, 6,
+        {{.daysRemaining = 6, .bytesRemaining = 2048 * megabyte, .skipped = {}},
+         6,
          "Deleting… 6 days left, 2.0 GB"},
         {{.daysRemaining = 1, .skipped = {}}, 1, "Deleting… 1 day left"},
-        {{.daysRemaining = 4, .bytesRemaining = 0, .skipped = three}, 1,
+        {{.daysRemaining = 4, .bytesRemaining = 0, .skipped = three},
+         1,
          "Deleting… 1 day left, 0 MB"},
         {{.daysRemaining = 3, .skipped = three}, 0, "3 days could not be cleared"},
         {{.daysRemaining = -most, .skipped = {"2026-11-01"}}, 0, "1 day could not be cleared"},
@@ -73,14 +75,18 @@ TEST(PaneWords, AskBeforeScreenshotsAreDeleted) {
               "This will delete screenshots from 1 meeting (about 1 MB).");
     EXPECT_EQ(reelKeepConfirmBody(ReelStats{.meetings = 0, .bytes = 0}),
               "This will delete screenshots from 0 meetings (about 0 MB).");
-    EXPECT_EQ(reelKeepConfirmBody(std::nullopt), "This will delete screenshots from your meetings.");
+    EXPECT_EQ(reelKeepConfirmBody(std::nullopt),
+              "This will delete screenshots from your meetings.");
 }
 
 TEST(PaneWords, TellWhatIsChangedAboutNames) {
     const std::tuple<const char*, const char*, bool> rows[] = {
-        {"Ann, Bob", "Ann, Bob", false}, {"  Ann ,,Bob, ann ", "Ann, Bob", false},
-        {"Bob, Ann", "Ann, Bob", true},  {" , ", "Ann", false},
-        {"", "", false},                 {"Ann", "", true},
+        {"Ann, Bob", "Ann, Bob", false},
+        {"  Ann ,,Bob, ann ", "Ann, Bob", false},
+        {"Bob, Ann", "Ann, Bob", true},
+        {" , ", "Ann", false},
+        {"", "", false},
+        {"Ann", "", true},
     };
     for (const auto& [typed, held, changed] : rows)
         EXPECT_EQ(selfNamesChanged(typed, held), changed) << typed;
@@ -147,7 +153,8 @@ TEST(InstalledApps, AreThoseThatAPersonSees) {
     const InstalledApps::Places places{.bundles = {home / "Applications", home / "nowhere"},
                                        .entries = {home / "share"},
                                        .language = "de_AT"};
-    EXPECT_THAT(InstalledApps::names(places), ElementsAre("art studio", ::testing::AnyOf("Post", "POST"), "Xylo"));
+    EXPECT_THAT(InstalledApps::names(places),
+                ElementsAre("art studio", ::testing::AnyOf("Post", "POST"), "Xylo"));
 }
 
 } // namespace

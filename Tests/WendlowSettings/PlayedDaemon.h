@@ -13,8 +13,8 @@
 
 namespace wendlow::testing {
 
-/// A daemon whose answers a test gives, by verb; of several to one verb the last stays. It answers at
-/// once, but for the verbs that are held.
+/// A daemon whose answers a test gives, by verb; of several to one verb the last stays. It answers
+/// at once, but for the verbs that are held.
 class PlayedDaemon final : public WendlowClient {
 public:
     using Answers = std::map<std::string, std::deque<GatewayResponse>, std::less<>>;

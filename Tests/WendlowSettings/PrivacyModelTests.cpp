@@ -11,10 +11,10 @@ namespace {
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
-using testing::PlayedDaemon;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using testing::PlayedDaemon;
 using Verbs = std::vector<std::string>;
 
 constexpr std::int64_t megabyte = std::int64_t{1} << 20U;
@@ -74,13 +74,17 @@ struct General : ::testing::Test {
     std::shared_ptr<PlayedDaemon> daemon = std::make_shared<PlayedDaemon>();
     std::vector<std::pair<std::chrono::milliseconds, std::coroutine_handle<>>> sleepers;
     std::unique_ptr<PrivacyModel> model = std::make_unique<PrivacyModel>(
-        daemon,
-        PrivacyModel::Surroundings{
-            .sleep = [this](std::chrono::milliseconds time) { return sleep(time); }});
+        daemon, PrivacyModel::Surroundings{
+                    .sleep = [this](std::chrono::milliseconds time) { return sleep(time); }});
 };
 
-const Verbs everything{"diagnostic_logging_state", "self_names", "frame_keep_state",
-                       "reel_keep_state",          "frame_stats", "reel_stats", "disk_used"};
+const Verbs everything{"diagnostic_logging_state",
+                       "self_names",
+                       "frame_keep_state",
+                       "reel_keep_state",
+                       "frame_stats",
+                       "reel_stats",
+                       "disk_used"};
 
 TEST_F(General, AsksInOrderAndKeepsWhatComes) {
     EXPECT_FALSE(model->frameKeep()->isKnown());
@@ -99,8 +103,8 @@ TEST_F(General, KeepsTheLastGoodValuesWhateverIsAnswered) {
     load();
     const QStringList used = model->used();
     for (const GatewayResponse& fault :
-         {GatewayResponse(AnswerCase::Failure{"away"}), GatewayResponse(AnswerCase::Unimplemented{}),
-          GatewayResponse(AnswerCase::LineDelete{})})
+         {GatewayResponse(AnswerCase::Failure{"away"}),
+          GatewayResponse(AnswerCase::Unimplemented{}), GatewayResponse(AnswerCase::LineDelete{})})
         for (const std::string& verb : everything) {
             const auto good = std::exchange(daemon->answers[verb], {fault});
             model->load();
@@ -240,7 +244,8 @@ TEST_F(General, SavesNamesAndNeverOverwritesWhatIsTyped) {
 TEST_F(General, PollsWhileSomethingIsWorkedOutAndNoLonger) {
     daemon->answer("frame_keep_state", {AnswerCase::Flag{false}});
     const auto purge = [](std::int64_t days, std::optional<std::int64_t> bytes) {
-        return frames(9, bytes, PurgeProgress{.daysRemaining = days, .bytesRemaining = bytes, .skipped = {}});
+        return frames(9, bytes,
+                      PurgeProgress{.daysRemaining = days, .bytesRemaining = bytes, .skipped = {}});
     };
     const GatewayResponse away = AnswerCase::Failure{"away"};
     daemon->answer("frame_stats", {purge(3, std::nullopt), purge(5, 8 * megabyte), away, away, away,

@@ -10,9 +10,9 @@ namespace wendlow {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::PlayedDaemon;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using testing::PlayedDaemon;
 using Verbs = std::vector<std::string>;
 
 Rule rule(const char* id, OpenCase<RuleKind> kind, const char* value, OpenCase<RuleTier> tier) {
@@ -197,8 +197,9 @@ TEST_F(Recording, PicksAnAppByItsName) {
 TEST_F(Recording, DropsWhatANewerLoadHasOvertaken) {
     tell({rule("1", RuleKind::topic, "old", RuleTier::never)});
     daemon->held = {"get_rules"};
-    daemon->answer("get_rules", {AnswerCase::Rules{{rule("2", RuleKind::topic, "a", RuleTier::never)}},
-                                 AnswerCase::Rules{{rule("3", RuleKind::topic, "b", RuleTier::never)}}});
+    daemon->answer("get_rules",
+                   {AnswerCase::Rules{{rule("2", RuleKind::topic, "a", RuleTier::never)}},
+                    AnswerCase::Rules{{rule("3", RuleKind::topic, "b", RuleTier::never)}}});
     model->load();
     model->load();
     daemon->release();

@@ -7,13 +7,14 @@ namespace wendlow {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::PlayedDaemon;
 using ::testing::HasSubstr;
+using testing::PlayedDaemon;
 using Words = RecoveryModel::Words;
 using Verbs = std::vector<std::string>;
 
-const Words phrase{"amber", "canvas", "orbit",  "gentle", "harbor", "lemon",
-                   "meadow", "pepper", "quiet", "river",  "saddle", "a-word-beyond-sixteen-letters"};
+const Words phrase{"amber",  "canvas", "orbit",  "gentle",
+                   "harbor", "lemon",  "meadow", "pepper",
+                   "quiet",  "river",  "saddle", "a-word-beyond-sixteen-letters"};
 
 struct Recovery : ::testing::Test {
     Recovery() {
@@ -105,7 +106,8 @@ TEST_F(Recovery, PassesAPhraseOnAsItWasTyped) {
     };
     for (const auto& [typed, words] : rows) {
         model->unlock(QString::fromUtf8(typed));
-        EXPECT_THAT(daemon->sent.back(), HasSubstr(std::string(R"("enterPhrase":{"words":)") + words));
+        EXPECT_THAT(daemon->sent.back(),
+                    HasSubstr(std::string(R"("enterPhrase":{"words":)") + words));
     }
     daemon->held = {"enter_phrase"};
     model->unlock(u"a"_s);

@@ -12,8 +12,7 @@ using Arguments = std::vector<std::string>;
 TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
     const auto options = LaunchOptions::parse(
         Arguments{"--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb",
-                  "--first-frame", "--snapshots", "out", "--size", "1280x800",
-                  "--pane=recovery"});
+                  "--first-frame", "--snapshots", "out", "--size", "1280x800", "--pane=recovery"});
     ASSERT_TRUE(options.has_value());
     LaunchOptions expected;
     EXPECT_EQ(LaunchOptions::parse(Arguments{}), expected);
@@ -35,7 +34,8 @@ TEST(LaunchOptions, RefusesWhatItCannotDoInWords) {
                   std::unexpected("--size needs a size such as 1280x800"))
             << size;
     EXPECT_EQ(LaunchOptions::parse(Arguments{"--pane=privacy"}),
-              std::unexpected("--pane= needs one of general, connected, recording, classifier, recovery"));
+              std::unexpected(
+                  "--pane= needs one of general, connected, recording, classifier, recovery"));
 }
 
 } // namespace

@@ -53,8 +53,7 @@ bool DaemonRoom::trace(std::string_view line) {
         ::open(m_trace.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, ClientStoreMode::file);
     if (file < 0)
         return false;
-    const std::string text =
-        fmt::format("{} {}\n", LocalTime::minute(secondsOf(m_clock())), line);
+    const std::string text = fmt::format("{} {}\n", LocalTime::minute(secondsOf(m_clock())), line);
     const bool written = ::write(file, text.data(), text.size()) == std::ssize(text);
     return ::close(file) == 0 && written;
 }
@@ -71,8 +70,7 @@ GatewayResponse DaemonRoom::answer(const ControlCase::SetDiagnosticLogging& requ
     std::error_code error;
     if (request._0 ? !trace("the log begins") : !std::filesystem::remove(m_trace, error) && error)
         return AnswerCase::Failure{fmt::format("the log at {} could not be {}; nothing was changed",
-                                               m_trace.string(),
-                                               request._0 ? "made" : "deleted")};
+                                               m_trace.string(), request._0 ? "made" : "deleted")};
     m_settings.setFlag(diagnosticLogging, request._0);
     return AnswerCase::Ok{};
 }

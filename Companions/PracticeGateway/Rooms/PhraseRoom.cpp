@@ -73,7 +73,8 @@ void PhraseRoom::protect(StoreProtection protection) {
 }
 
 std::optional<GatewayResponse> PhraseRoom::whileLocked(std::string_view verb) {
-    if (isPlain() || holdsKey() || !phrase() || std::ranges::find(storeless, verb) != storeless.end())
+    if (isPlain() || holdsKey() || !phrase() ||
+        std::ranges::find(storeless, verb) != storeless.end())
         return std::nullopt;
     return lockedSentence();
 }

@@ -320,8 +320,7 @@ void PrivacyModel::setNames(const QString& typed) {
 }
 
 bool PrivacyModel::namesCanBeSaved() const {
-    return !m_savingNames &&
-           PrivacyWords::selfNamesChanged(names().toStdString(), m_selfNames);
+    return !m_savingNames && PrivacyWords::selfNamesChanged(names().toStdString(), m_selfNames);
 }
 
 void PrivacyModel::saveSelfNames(const QString& typed) {

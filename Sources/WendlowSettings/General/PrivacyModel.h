@@ -22,15 +22,15 @@
 namespace wendlow {
 
 /// The pane "General": how much is kept on the disk, the two switches for screenshots with their
-/// questions, the person's names in meeting apps, and the diagnostic log. All of it is the daemon's;
-/// a switch shows what was read back. UI thread; may go while answers are under way.
+/// questions, the person's names in meeting apps, and the diagnostic log. All of it is the
+/// daemon's; a switch shows what was read back. UI thread; may go while answers are under way.
 class PrivacyModel final : public PaneModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The application makes the model and hands it to the pane.")
 
-    /// For each row of the table a map with `label`, `rate`, `month` and `keep`, which is null where
-    /// the row is always kept, else its switch.
+    /// For each row of the table a map with `label`, `rate`, `month` and `keep`, which is null
+    /// where the row is always kept, else its switch.
     Q_PROPERTY(QVariantList rows READ rows CONSTANT)
     /// For each row what it takes of the disk.
     Q_PROPERTY(QStringList used READ used NOTIFY changed)
@@ -169,7 +169,7 @@ private:
     int m_asking = 0; ///< loads and writes under way
     bool m_loading = false;
     QElapsedTimer m_loadingFor;
-    Load m_loads = 0; ///< an answer to an older one is dropped
+    Load m_loads = 0;      ///< an answer to an older one is dropped
     std::string m_failure; ///< the last of the load under way
     int m_polls = 0;
     bool m_polling = false;

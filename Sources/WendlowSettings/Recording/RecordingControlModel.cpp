@@ -147,8 +147,8 @@ QCoro::Task<> RecordingControlModel::loadIcons(int mine) {
         co_return;
     m_siteIcons.clear();
     for (const auto& [host, data] : icons->_0)
-        m_siteIcons.emplace(host, QByteArray(data.bytes.data(),
-                                             static_cast<qsizetype>(data.bytes.size())));
+        m_siteIcons.emplace(
+            host, QByteArray(data.bytes.data(), static_cast<qsizetype>(data.bytes.size())));
     show();
 }
 

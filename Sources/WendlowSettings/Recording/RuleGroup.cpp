@@ -36,11 +36,8 @@ bool RuleGroup::takes(const Rule& rule) const {
 }
 
 RuleRow RuleGroup::made(const Rule& rule, const Icons& icons) const {
-    RuleRow shown{.id = rule.id,
-                 .value = text(rule.value),
-                 .tag = {},
-                 .off = !rule.enabled,
-                 .picture = {}};
+    RuleRow shown{
+        .id = rule.id, .value = text(rule.value), .tag = {}, .off = !rule.enabled, .picture = {}};
     if (m_nature.kinds.empty())
         shown.tag = text(rule.kind.word()) + QStringLiteral(" · ") + text(rule.tier.word());
     else if (m_nature.tier == RuleTier::never)
@@ -89,13 +86,11 @@ void RuleGroup::setTyped(const QString& typed) {
 }
 
 std::string RuleGroup::fit(const std::string& value) const {
-    return isOf(RuleKind::site) ? RuleInput::domain(value)
-               : std::string(PlainText::trimmed(value));
+    return isOf(RuleKind::site) ? RuleInput::domain(value) : std::string(PlainText::trimmed(value));
 }
 
 RuleKind RuleGroup::kindOf(const std::string& value) const {
-    return isOf(RuleKind::word) ? RuleInput::wordKind(value)
-                                                                 : m_nature.kinds.front();
+    return isOf(RuleKind::word) ? RuleInput::wordKind(value) : m_nature.kinds.front();
 }
 
 void RuleGroup::commit() {

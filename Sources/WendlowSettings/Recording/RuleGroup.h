@@ -81,8 +81,8 @@ public:
 
     Q_INVOKABLE void open();
     Q_INVOKABLE void cancel();
-    /// Has what is typed made a rule, which ends with `sent`. Nothing happens with nothing typed, or
-    /// while that is under way; what is there already is told.
+    /// Has what is typed made a rule, which ends with `sent`. Nothing happens with nothing typed,
+    /// or while that is under way; what is there already is told.
     Q_INVOKABLE void commit();
     /// The same for what was picked elsewhere; gives whether it was sent.
     bool offer(const std::string& value);
