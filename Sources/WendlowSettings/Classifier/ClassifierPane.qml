@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import WendlowControls
 import WendlowSettings
+import WendlowSettings
 
 // Which local model reads the captures: plain facts.
 ScrollPage {

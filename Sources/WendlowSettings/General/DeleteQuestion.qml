@@ -1,5 +1,6 @@
 import QtQuick
 import WendlowControls
+import WendlowSettings
 
 // Whether screenshots are to be deleted. The safe answer has the focus.
 Sheet {

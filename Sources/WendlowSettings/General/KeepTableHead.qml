@@ -1,5 +1,6 @@
 import QtQuick
 import WendlowControls
+import WendlowSettings
 
 // The words above the columns of the table of disk use.
 Item {
