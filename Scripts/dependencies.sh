@@ -15,7 +15,7 @@ packages=(
 )
 # To test and to measure.
 test_packages=(
-    clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev llvm-19
+    clang-19 clang-tidy-19 clang-format-19 libclang-rt-19-dev lld-19 llvm-19
     libgtest-dev libgmock-dev libbenchmark-dev
     rapidjson-dev libsimdjson-dev nlohmann-json3-dev libtomlplusplus-dev
     qml6-module-qttest xvfb xdotool at-spi2-core openbox python3 python3-dbus python3-gi systemd nodejs

@@ -37,6 +37,7 @@ COMPILER, CHECKER = 'clang++-19', 'clang-tidy-19'
 LIMITS = ['mode=shallow', 'max-nodes=40000']
 MOST_BYTES = 80_000
 WORK = os.path.join(ROOT, 'build', 'tidy')
+_MOC = re.compile(r'^#include "moc_\w+\.cpp"$', re.M)
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"][^>"]+[>"])', re.M)
 
 
@@ -112,7 +113,8 @@ class Unit:
         """The joined text, and for each of its lines the source and line that it is."""
         lines, places, included = [], [], set()
         for path in self.files:
-            text, mine = read(path), set()
+            # What moc writes is no text of ours.
+            text, mine = _MOC.sub('', read(path)), set()
 
             def once(match):
                 # What an earlier source has included is there. Twice in one source is a finding.

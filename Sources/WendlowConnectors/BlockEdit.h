@@ -20,7 +20,8 @@ struct RemovedBlock {
     std::optional<std::string> bytes = std::nullopt;
     std::vector<std::string> leftovers; ///< sentences about what stays behind, empty
     std::vector<std::string> lost;      ///< sentences about what goes that we did not write
-    bool heldOurs = true; ///< false: what goes are empty containers of ours, and no entry
+    /// False: what goes is no entry of ours, but empty containers of ours or what `lost` names.
+    bool heldOurs = true;
 };
 
 } // namespace wendlow

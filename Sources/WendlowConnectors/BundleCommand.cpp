@@ -5,8 +5,6 @@
 #include <array>
 #include <string>
 
-#include <fmt/format.h>
-
 namespace wendlow::BundleCommand {
 
 namespace {
@@ -20,12 +18,24 @@ bool isWord(std::string_view text) {
     return !text.empty() && !text.contains(' ');
 }
 
+/// A flag with what stands before it and what joins it to its value.
+struct Flag {
+    std::string_view spaced;
+    std::string_view joined;
+};
+constexpr Flag slotFlag{" --slot ", " --slot="};
+constexpr Flag harnessFlag{" --harness ", " --harness="};
+
 /// Splits at the last " --flag ", or where there is none at the last " --flag=".
-std::optional<Flagged> splitAtFlag(std::string_view command, std::string_view flag) {
-    for (const char joint : {' ', '='}) {
-        const std::string marker = fmt::format(" {}{}", flag, joint);
-        if (const std::size_t at = command.rfind(marker); at != std::string_view::npos)
-            return Flagged{command.substr(0, at), command.substr(at + marker.size())};
+std::optional<Flagged> splitAtFlag(std::string_view command, const Flag& flag) {
+    for (const std::string_view marker : {flag.spaced, flag.joined}) {
+        // Looked for by its blank: most commands have few of these.
+        std::string_view before = command;
+        for (auto at = before.rfind(' '); at != std::string_view::npos; at = before.rfind(' ')) {
+            before = command.substr(0, at);
+            if (command.substr(at).starts_with(marker))
+                return Flagged{before, command.substr(at + marker.size())};
+        }
     }
     return std::nullopt;
 }
@@ -33,12 +43,12 @@ std::optional<Flagged> splitAtFlag(std::string_view command, std::string_view fl
 } // namespace
 
 std::string_view withoutSlot(std::string_view command) {
-    const auto split = splitAtFlag(command, "--slot");
+    const auto split = splitAtFlag(command, slotFlag);
     return split && isWord(split->value) ? split->before : command;
 }
 
 std::optional<std::string_view> harness(std::string_view command) {
-    const auto split = splitAtFlag(withoutSlot(command), "--harness");
+    const auto split = splitAtFlag(withoutSlot(command), harnessFlag);
     return split && isWord(split->value) ? std::optional(split->value) : std::nullopt;
 }
 
@@ -46,11 +56,13 @@ std::optional<std::string_view> hookExecutable(std::string_view command, std::st
     if (harness.empty())
         return std::nullopt;
     const std::string_view line = withoutSlot(command);
-    for (const std::string_view flag : {" --harness ", " --harness="}) {
-        const std::string ending = fmt::format("{}{}", flag, harness);
-        if (!line.ends_with(ending))
+    if (!line.ends_with(harness))
+        return std::nullopt;
+    const std::string_view rest = line.substr(0, line.size() - harness.size());
+    for (const std::string_view flag : {harnessFlag.spaced, harnessFlag.joined}) {
+        if (!rest.ends_with(flag))
             continue;
-        const std::string_view executable = line.substr(0, line.size() - ending.size());
+        const std::string_view executable = rest.substr(0, rest.size() - flag.size());
         return isWord(executable) ? std::optional(executable) : std::nullopt;
     }
     return std::nullopt;

@@ -127,7 +127,7 @@ void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
     }
     if (!planned.changes())
         return;
-    if (!planned.heldOurs)
+    if (!planned.heldOurs && planned.lost.empty())
         notes.push_back({planned.file.label, "a container that was created when Wendlow connected "
                                              "and was empty was removed from this file"});
     if (role.isEmpty(*remaining))

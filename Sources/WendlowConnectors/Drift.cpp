@@ -29,7 +29,7 @@ std::vector<std::string> reasons(std::string_view found, std::string_view expect
 }
 
 Observations unrunnable(const std::filesystem::path& binary) {
-    if (!Disk::exists(binary) || Disk::isRunnable(binary))
+    if (Disk::isRunnable(binary) || !Disk::exists(binary))
         return {};
     return {{binary.string(), Disk::isDirectory(binary)
                                   ? "this is a folder, so the Wendlow hook does not run"

@@ -41,7 +41,7 @@ bool groupIsOurs(const JSONNode& root, std::string_view bytes, const HookSite& s
         if (member.key == "hooks")
             continue;
         const auto same = [&](const JSONLiteral::Member& own) {
-            return own.key == member.key && own.value.value() == member.value.value(bytes);
+            return own.key == member.key && own.value.isStatedBy(member.value, bytes);
         };
         if (std::ranges::none_of(ours, same))
             return false;

@@ -76,7 +76,7 @@ BlockFinding find(std::string_view bytes, const JSONBlock::Readable& document,
     const JSONNode root = document->root();
     if (auto reason = HookLists::foreignReason(root, events))
         return {BlockFinding::Foreign{{*std::move(reason)}}};
-    const auto own = sites(root, bytes);
+    const auto& own = sites(root, bytes);
     if (own.empty())
         return {BlockFinding::Absent{}};
     return BlockFinding::from(driftReasons(own, root, bytes));

@@ -1,6 +1,9 @@
 #include "JSONBlock.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <span>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -9,7 +12,33 @@
 
 namespace wendlow::JSONBlock {
 
-Readable read(std::string_view bytes, JSONDialect dialect, std::initializer_list<JSONPath> paths) {
+namespace {
+
+/// The names of one object. The few that most objects have are compared one by one, which asks for
+/// no memory.
+class Names {
+public:
+    /// False where the name is there already.
+    bool add(std::string_view name) {
+        const auto few = std::span(m_first).first(m_count);
+        if (std::ranges::find(few, name) != few.end())
+            return false;
+        if (m_count < m_first.size()) {
+            m_first[m_count++] = name;
+            return true;
+        }
+        return m_more.insert(name).second;
+    }
+
+private:
+    std::array<std::string_view, 16> m_first;
+    std::size_t m_count = 0;
+    std::unordered_set<std::string_view> m_more;
+};
+
+} // namespace
+
+Readable read(std::string_view bytes, JSONDialect dialect, std::span<const JSONPath> paths) {
     auto document = JSONText::scanWithTrivia(bytes, dialect);
     if (!document)
         return std::unexpected(document.error().description());
@@ -21,9 +50,9 @@ Readable read(std::string_view bytes, JSONDialect dialect, std::initializer_list
 }
 
 std::optional<std::string> repeatedName(const JSONNode& object) {
-    std::unordered_set<std::string_view> seen;
+    Names seen;
     for (const JSONNode::Member& member : object.members())
-        if (!seen.insert(member.key).second)
+        if (!seen.add(member.key))
             return fmt::format("the name \"{}\" appears twice in one object (at byte {})",
                                member.key, member.keyStart);
     return std::nullopt;

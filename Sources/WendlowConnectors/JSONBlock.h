@@ -5,8 +5,8 @@
 #include "ConfigFile/JSONText.h"
 
 #include <expected>
-#include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,7 +23,7 @@ using Readable = std::expected<JSONDocument, std::string>;
 inline constexpr std::string_view seed = "{}\n";
 
 /// The document, unless it does not scan or an object at one of `paths` holds a name twice.
-Readable read(std::string_view bytes, JSONDialect dialect, std::initializer_list<JSONPath> paths);
+Readable read(std::string_view bytes, JSONDialect dialect, std::span<const JSONPath> paths);
 /// The sentence about the first name that `object` holds twice. The editor addresses the first of
 /// two and the tool reads the last, so such an object is left alone.
 std::optional<std::string> repeatedName(const JSONNode& object);

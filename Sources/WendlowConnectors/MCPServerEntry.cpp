@@ -4,6 +4,7 @@
 #include "Drift.h"
 #include "OwnedNames.h"
 
+#include <array>
 #include <utility>
 
 namespace wendlow {
@@ -21,16 +22,13 @@ const JSONPath& entryPath() {
 } // namespace
 
 MCPServerEntry::MCPServerEntry(std::filesystem::path binary, Created serversObject)
-    : m_binary(std::move(binary)), m_serversObject(serversObject) {}
-
-JSONLiteral MCPServerEntry::entry() const {
-    return JSONLiteral::object({
-        {"type", JSONLiteral::string("stdio")},
-        {"command", JSONLiteral::string(m_binary.string())},
-        {"args", JSONLiteral::array({})},
-        {"env", JSONLiteral::object({})},
-    });
-}
+    : m_binary(std::move(binary)), m_serversObject(serversObject),
+      m_entry(JSONLiteral::object({
+          {"type", JSONLiteral::string("stdio")},
+          {"command", JSONLiteral::string(m_binary.string())},
+          {"args", JSONLiteral::array({})},
+          {"env", JSONLiteral::object({})},
+      })) {}
 
 std::optional<JSONNode> MCPServerEntry::node(const JSONDocument& document) {
     return document.root().node(entryPath());
@@ -52,7 +50,8 @@ PersonsPart MCPServerEntry::personsPart(const JSONNode& found, std::string_view 
 }
 
 MCPServerEntry::Readable MCPServerEntry::read(std::string_view bytes) const {
-    return JSONBlock::read(bytes, JSONDialect::json, {{}, {serversKey}, entryPath()});
+    static const std::array<JSONPath, 3> objects{JSONPath{}, JSONPath{serversKey}, entryPath()};
+    return JSONBlock::read(bytes, JSONDialect::json, objects);
 }
 
 std::optional<std::string> MCPServerEntry::unreadableReason(std::string_view bytes) const {
@@ -72,7 +71,7 @@ BlockFinding MCPServerEntry::find(std::string_view bytes, const Readable& docume
     if (!command)
         return {BlockFinding::Drifted{{std::string(Drift::otherShape)}}};
     auto reasons = Drift::reasons(*command, m_binary.string(), m_binary);
-    if (*command == m_binary.string() && found->value(bytes) != entry().value())
+    if (*command == m_binary.string() && !m_entry.isStatedBy(*found, bytes))
         reasons.emplace_back(Drift::otherShape);
     return BlockFinding::from(std::move(reasons));
 }
@@ -89,7 +88,7 @@ MCPServerEntry::installed(std::string_view bytes, const JSONDocument& document) 
     const JSONNode root = document.root();
     const bool serversAreThere = root.member(serversKey).has_value();
     const auto found = root.node(entryPath());
-    if (found && found->value(bytes) == entry().value())
+    if (found && m_entry.isStatedBy(*found, bytes))
         return InstalledBlock{};
     // Fails in words where the root or the servers are not an object.
     auto edited =

@@ -23,7 +23,7 @@ public:
     /// that the entry brought into being.
     MCPServerEntry(std::filesystem::path binary, Created serversObject);
 
-    JSONLiteral entry() const;
+    const JSONLiteral& entry() const { return m_entry; }
 
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     Readable read(std::string_view bytes) const;
@@ -49,6 +49,7 @@ public:
 private:
     std::filesystem::path m_binary;
     Created m_serversObject;
+    JSONLiteral m_entry;
 };
 
 } // namespace wendlow

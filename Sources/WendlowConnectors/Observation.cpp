@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
-#include <map>
+#include <numeric>
+#include <string_view>
+#include <tuple>
 #include <utility>
 
 #include <fmt/format.h>
@@ -13,15 +15,30 @@ void append(Observations& all, Observations more) {
     std::ranges::move(more, std::back_inserter(all));
 }
 
-Observations folded(const Observations& observations) {
-    std::map<std::pair<std::string_view, std::string_view>, std::size_t> counts;
+Observations folded(Observations observations) {
+    std::vector<std::size_t> order(observations.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    // Equal ones beside each other, the first of them first.
+    std::ranges::sort(order, {}, [&](std::size_t index) {
+        return std::tuple<std::string_view, std::string_view, std::size_t>(
+            observations[index].subject, observations[index].text, index);
+    });
+    std::vector<std::size_t> counts(observations.size());
+    for (auto first = order.begin(); first != order.end();) {
+        const auto other = std::find_if(first, order.end(), [&](std::size_t index) {
+            return observations[index] != observations[*first];
+        });
+        counts[*first] = static_cast<std::size_t>(other - first);
+        first = other;
+    }
     Observations result;
-    for (const Observation& observation : observations)
-        if (++counts[{observation.subject, observation.text}] == 1)
-            result.push_back(observation);
-    for (Observation& observation : result)
-        if (const std::size_t count = counts.at({observation.subject, observation.text}); count > 1)
-            observation.text += fmt::format(" ({} entries)", count);
+    for (std::size_t index = 0; index < counts.size(); ++index) {
+        if (counts[index] == 0)
+            continue;
+        Observation& said = result.emplace_back(std::move(observations[index]));
+        if (counts[index] > 1)
+            said.text += fmt::format(" ({} entries)", counts[index]);
+    }
     return result;
 }
 

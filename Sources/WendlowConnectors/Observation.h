@@ -18,7 +18,7 @@ using Observations = std::vector<Observation>;
 void append(Observations& all, Observations more);
 /// The same observations in first-seen order, each said once. One that came n >= 2 times ends in
 /// " (n entries)".
-Observations folded(const Observations& observations);
+Observations folded(Observations observations);
 /// "a, b and c"
 std::string listed(const std::vector<std::string>& items);
 

@@ -5,74 +5,69 @@
 #include "ConfigFile/JSONLiteral.h"
 #include "ConfigFile/JSONText.h"
 
+#include <algorithm>
 #include <tuple>
 
 namespace wendlow {
 namespace {
 
-/// The texts of an array of strings. An absent member, or one that is null, is an empty array;
-/// anything else is nothing.
-std::optional<std::vector<std::string>> texts(const JSONValue::Object& object,
-                                              std::string_view key) {
-    const auto member = object.find(key);
-    if (member == object.end() || std::holds_alternative<JSONValue::Null>(member->second.value))
-        return std::vector<std::string>();
-    const auto* array = std::get_if<JSONValue::Array>(&member->second.value);
-    if (array == nullptr)
-        return std::nullopt;
-    std::vector<std::string> found;
-    for (const auto& element : *array) {
-        const auto* text = std::get_if<std::string>(&element.value);
-        if (text == nullptr)
-            return std::nullopt;
-        found.push_back(*text);
-    }
+/// Of members of one name the last counts.
+std::optional<JSONNode> lastMember(const JSONNode& object, std::string_view key) {
+    std::optional<JSONNode> found;
+    for (const JSONNode::Member& member : object.members())
+        if (member.key == key)
+            found = member.value;
     return found;
 }
 
-/// False when a text names no case: half a record would let removal delete by half of the truth.
-template<class Case>
-bool insertCases(std::set<Case>& cases, const std::vector<std::string>& texts,
-                 std::optional<Case> (*named)(std::string_view)) {
-    for (const auto& text : texts) {
-        const auto found = named(text);
-        if (!found)
-            return false;
-        cases.insert(*found);
-    }
-    return true;
+/// Hands over the texts of an array of strings. An absent member, or one that is null, is an empty
+/// array; false for anything else, and where a text is not taken: half a record would let removal
+/// delete by half of the truth.
+template<class Take>
+bool takeTexts(const JSONNode& object, std::string_view key, const Take& take) {
+    const auto member = lastMember(object, key);
+    if (!member || member->kind() == JSONNode::Kind::null)
+        return true;
+    return member->isArray() &&
+           std::ranges::all_of(member->elements(), [&](const JSONNode& element) {
+               const auto text = element.string();
+               return text && take(*text);
+           });
 }
 
-std::optional<ConnectorReceipt> decode(const JSONValue::Object& object) {
+/// Takes the text of a case; false for one that names none.
+template<class Case>
+auto into(std::set<Case>& cases, std::optional<Case> (*named)(std::string_view)) {
+    return [&cases, named](std::string_view text) {
+        const auto found = named(text);
+        if (found)
+            cases.insert(*found);
+        return found.has_value();
+    };
+}
+
+std::optional<ConnectorReceipt> decode(const JSONNode& object) {
     ConnectorReceipt receipt;
-    const auto created = texts(object, "created");
-    const auto adopted = texts(object, "adopted");
-    const auto trustSlots = texts(object, "trustSlots");
-    const auto required = object.find("created");
-    if (required == object.end() ||
-        !std::holds_alternative<JSONValue::Array>(required->second.value) || !created || !adopted ||
-        !trustSlots || !insertCases(receipt.created, *created, createdNamed) ||
-        !insertCases(receipt.adopted, *adopted, adoptedNamed))
+    const auto created = lastMember(object, "created");
+    const auto version = lastMember(object, "appVersion");
+    const bool isStated = version && version->kind() != JSONNode::Kind::null;
+    const auto takeSlot = [&](std::string_view text) {
+        receipt.trustSlots.emplace(text);
+        return true;
+    };
+    if (!created || !created->isArray() || (isStated && !version->string()) ||
+        !takeTexts(object, "created", into(receipt.created, createdNamed)) ||
+        !takeTexts(object, "adopted", into(receipt.adopted, adoptedNamed)) ||
+        !takeTexts(object, "trustSlots", takeSlot))
         return std::nullopt;
-    receipt.trustSlots.insert(trustSlots->begin(), trustSlots->end());
-    if (const auto version = object.find("appVersion");
-        version != object.end() &&
-        !std::holds_alternative<JSONValue::Null>(version->second.value)) {
-        const auto* text = std::get_if<std::string>(&version->second.value);
-        if (text == nullptr)
-            return std::nullopt;
-        receipt.appVersion = *text;
-    }
+    if (isStated)
+        receipt.appVersion = *version->string();
     return receipt;
 }
 
 std::optional<ConnectorReceipt> decode(std::string_view bytes) {
     const auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
-    if (!document)
-        return std::nullopt;
-    const auto root = document->root().value(bytes);
-    const auto* object = std::get_if<JSONValue::Object>(&root.value);
-    return object == nullptr ? std::nullopt : decode(*object);
+    return document ? decode(document->root()) : std::nullopt;
 }
 
 JSONLiteral literal(const std::set<std::string, std::less<>>& texts) {

@@ -31,7 +31,7 @@ ScanReport report(ConnectorIdentity identity, Findings findings) {
     append(said, std::move(findings.more));
     return {.identity = std::move(identity),
             .state = state(found),
-            .observations = folded(said),
+            .observations = folded(std::move(said)),
             .facts = {.unreadable = any<BlockFinding::Unreadable>(found),
                       .foreign = any<BlockFinding::Foreign>(found)}};
 }

@@ -12,3 +12,5 @@ bool Clipboard::copy(const QString& text) {
 }
 
 } // namespace wendlow
+
+#include "moc_Clipboard.cpp"

@@ -50,3 +50,5 @@ QSGNode* DrawnItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
 }
 
 } // namespace wendlow
+
+#include "moc_DrawnItem.cpp"

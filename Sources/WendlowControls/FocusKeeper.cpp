@@ -63,3 +63,5 @@ void FocusKeeper::judge() {
 }
 
 } // namespace wendlow
+
+#include "moc_FocusKeeper.cpp"

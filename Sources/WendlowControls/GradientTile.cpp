@@ -50,3 +50,5 @@ QImage GradientTile::draw(QSizeF size, qreal pixelRatio) const {
 }
 
 } // namespace wendlow
+
+#include "moc_GradientTile.cpp"

@@ -40,3 +40,5 @@ QImage Icon::draw(QSizeF size, qreal pixelRatio) const {
 }
 
 } // namespace wendlow
+
+#include "moc_Icon.cpp"

@@ -21,3 +21,5 @@ bool LastInput::eventFilter(QObject* watched, QEvent* event) {
 }
 
 } // namespace wendlow
+
+#include "moc_LastInput.cpp"

@@ -56,3 +56,5 @@ bool LoneAlt::eventFilter(QObject* watched, QEvent* event) {
 }
 
 } // namespace wendlow
+
+#include "moc_LoneAlt.cpp"

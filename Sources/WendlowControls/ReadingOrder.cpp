@@ -50,3 +50,5 @@ void ReadingOrder::sort() const {
 }
 
 } // namespace wendlow
+
+#include "moc_ReadingOrder.cpp"

@@ -43,3 +43,5 @@ void ThemeSource::setTextScale(double textScale) {
 }
 
 } // namespace wendlow
+
+#include "moc_ThemeSource.cpp"

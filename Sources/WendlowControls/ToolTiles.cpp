@@ -30,3 +30,5 @@ QString ToolTiles::letters(const QString& asset) {
 }
 
 } // namespace wendlow
+
+#include "moc_ToolTiles.cpp"

@@ -125,3 +125,5 @@ void Appearance::publish() {
 }
 
 } // namespace wendlow
+
+#include "moc_Appearance.cpp"

@@ -107,3 +107,5 @@ void DistributedNotificationCenter::received(const QDBusMessage& message) {
 }
 
 } // namespace wendlow
+
+#include "moc_DistributedNotification.cpp"

@@ -18,3 +18,5 @@ void GatewayPresence::listenOn(const QDBusConnection& connection) {
 }
 
 } // namespace wendlow
+
+#include "moc_GatewayPresence.cpp"

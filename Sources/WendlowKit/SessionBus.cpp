@@ -79,3 +79,5 @@ void SessionBus::redial() {
 }
 
 } // namespace wendlow
+
+#include "moc_SessionBus.cpp"

@@ -80,3 +80,5 @@ int TerminationSignals::leave(int status) {
 }
 
 } // namespace wendlow
+
+#include "moc_TerminationSignals.cpp"

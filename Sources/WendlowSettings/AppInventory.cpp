@@ -108,3 +108,5 @@ void AppInventory::land(Inventory inventory) {
 }
 
 } // namespace wendlow
+
+#include "moc_AppInventory.cpp"

@@ -180,3 +180,5 @@ QVariantList ConnectedAppsList::strips(const ConnectedAppRow& row) const {
 }
 
 } // namespace wendlow
+
+#include "moc_ConnectedAppsList.cpp"

@@ -450,3 +450,5 @@ QString ConnectedAppsModel::lookAgainWords() {
 }
 
 } // namespace wendlow
+
+#include "moc_ConnectedAppsModel.cpp"

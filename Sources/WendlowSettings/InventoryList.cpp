@@ -146,3 +146,5 @@ QHash<int, QByteArray> InventoryList::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_InventoryList.cpp"

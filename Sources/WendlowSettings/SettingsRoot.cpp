@@ -110,3 +110,5 @@ QString SettingsRoot::footer() {
 }
 
 } // namespace wendlow
+
+#include "moc_SettingsRoot.cpp"

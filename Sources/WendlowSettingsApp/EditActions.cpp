@@ -88,3 +88,5 @@ bool EditActions::can(Need need) const {
 }
 
 } // namespace wendlow
+
+#include "moc_EditActions.cpp"

@@ -44,3 +44,5 @@ void FrontWindow::follow(QWindow* focus) {
 }
 
 } // namespace wendlow
+
+#include "moc_FrontWindow.cpp"

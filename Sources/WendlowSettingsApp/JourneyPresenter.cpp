@@ -47,3 +47,5 @@ void JourneyPresenter::tellVisible(bool visible) {
 }
 
 } // namespace wendlow
+
+#include "moc_JourneyPresenter.cpp"

@@ -116,3 +116,5 @@ void MainMenu::trigger(const QString& menu, const QString& line) {
 }
 
 } // namespace wendlow
+
+#include "moc_MainMenu.cpp"

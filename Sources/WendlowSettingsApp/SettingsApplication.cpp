@@ -127,3 +127,5 @@ QWindow& SettingsApplication::showAbout() {
 }
 
 } // namespace wendlow
+
+#include "moc_SettingsApplication.cpp"

@@ -30,3 +30,5 @@ void SettingsDelegate::applicationWillTerminate() {
 }
 
 } // namespace wendlow
+
+#include "moc_SettingsDelegate.cpp"

@@ -107,3 +107,5 @@ std::unique_ptr<QWindow> WindowFactory::createWindow(QQmlEngine& engine, const Q
 }
 
 } // namespace wendlow
+
+#include "moc_WindowFactory.cpp"

@@ -61,3 +61,5 @@ void WindowPresenter::place(QWindow& window, const WindowDescription& descriptio
 }
 
 } // namespace wendlow
+
+#include "moc_WindowPresenter.cpp"

@@ -154,7 +154,7 @@ TEST_P(ConnectKills, LeaveAWayBackAndTheNextVerbSweeps) {
     for (const auto& sweep : {install(), remove()})
         sweep.killAtEachCall(GetParam(), [&] {
             expectNothingElseLost();
-            runProgram(sweep.program, sweep.arguments);
+            sweep.runAgain({});
             expectOldOrNew(sweep.files);
             EXPECT_FALSE(hasTemporary(root));
         });
@@ -295,13 +295,12 @@ TEST_F(ConnectCodexFaults, RemoveChangesBothFilesOrNone) {
     const std::string lint = R"({"hooks":[{"command":"lint"})";
     fill(lint + "]}");
     const auto after = get(hooks);
-    const auto prepare = [&] {
-        fill(lint + R"(,{"command":")" +
-             (home / "Wendlow.app/Contents/MacOS/wendlow-hook").string() +
-             R"( --harness codex"}]})");
-        run("install", "codex");
-    };
-    prepare();
+    fill(lint + R"(,{"command":")" + (home / "Wendlow.app/Contents/MacOS/wendlow-hook").string() +
+         R"( --harness codex"}]})");
+    run("install", "codex");
+    const auto installed = home / "installed";
+    fs::copy(root, installed, fs::copy_options::recursive);
+    const auto prepare = [&] { fs::copy(installed, root, fs::copy_options::recursive); };
     sweep("remove", "codex", prepare,
           {{hooks, get(hooks), after}, {config, get(config), oldConfig}})
         .failEachCall("EIO");

@@ -39,6 +39,10 @@ public:
     StandardFile& operator=(const StandardFile&) = delete;
 
     int descriptor() const { return m_file; }
+    void clear() const {
+        if (::ftruncate(m_file, 0) != 0 || ::lseek(m_file, 0, SEEK_SET) != 0)
+            throw std::runtime_error("a program's output could not be cleared");
+    }
     std::string text() const {
         std::string text(static_cast<std::size_t>(::lseek(m_file, 0, SEEK_END)), '\0');
         text.resize(static_cast<std::size_t>(::pread(m_file, text.data(), text.size(), 0)));
@@ -49,37 +53,31 @@ private:
     int m_file;
 };
 
-/// Runs a program to its end, or kills it when `limit` is over. `environment` is added to ours. Its
-/// standard input is `input`, and then ends.
-inline ProgramRun runProgram(const std::filesystem::path& program,
-                             const std::vector<std::string>& arguments,
-                             const Environment& environment = {}, const std::string& input = {},
-                             std::chrono::seconds limit = std::chrono::seconds(30)) {
+/// Starts a program. `prepare` runs in its process and gives what is added to its environment.
+template<class Prepare>
+pid_t startProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                   const Prepare& prepare) {
     std::vector<std::string> words{program.string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
     for (auto& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
-
-    const StandardFile in(input), out, err;
     const pid_t child = ::fork();
     if (child < 0)
         throw std::runtime_error("the program could not be started: " + program.string());
     if (child == 0) {
         ::setpgid(0, 0);
-        for (const auto& [name, value] : environment)
+        for (const auto& [name, value] : Environment(prepare()))
             ::setenv(name.c_str(), value.c_str(), 1);
-        ::dup2(in.descriptor(), 0);
-        ::dup2(out.descriptor(), 1);
-        ::dup2(err.descriptor(), 2);
-        ::alarm(static_cast<unsigned>(limit.count())); // it outlives the exec
         ::execv(argv[0], argv.data());
         ::_exit(127);
     }
-    int status = 0;
-    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
+    return child;
+}
+
+/// How a process ended that had an alarm set.
+inline ProgramRun ended(pid_t child, int status, const StandardFile& out, const StandardFile& err) {
     const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     if (signal == SIGALRM)
         ::kill(-child, SIGKILL); // what it started ends with it
@@ -88,6 +86,26 @@ inline ProgramRun runProgram(const std::filesystem::path& program,
             .timedOut = signal == SIGALRM,
             .out = out.text(),
             .err = err.text()};
+}
+
+/// Runs a program to its end, or kills it when `limit` is over. `environment` is added to ours. Its
+/// standard input is `input`, and then ends.
+inline ProgramRun runProgram(const std::filesystem::path& program,
+                             const std::vector<std::string>& arguments,
+                             const Environment& environment = {}, const std::string& input = {},
+                             std::chrono::seconds limit = std::chrono::seconds(30)) {
+    const StandardFile in(input), out, err;
+    const pid_t child = startProgram(program, arguments, [&] {
+        ::dup2(in.descriptor(), 0);
+        ::dup2(out.descriptor(), 1);
+        ::dup2(err.descriptor(), 2);
+        ::alarm(static_cast<unsigned>(limit.count())); // it outlives the exec
+        return environment;
+    });
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return ended(child, status, out, err);
 }
 
 } // namespace wendlow::testing

@@ -215,3 +215,5 @@ void GatewayService::send(const QString& subscriber, const QVariant& argument) c
 }
 
 } // namespace wendlow
+
+#include "moc_GatewayService.cpp"

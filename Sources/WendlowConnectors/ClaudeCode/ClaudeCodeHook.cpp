@@ -43,27 +43,20 @@ ClaudeCodeHook::ClaudeCodeHook(ClaudeCodePaths paths)
                .preToolCommand = m_paths.preToolCommand(),
                .binary = m_paths.hookBinary,
                .count = 4,
-               .countName = "four"} {}
+               .countName = "four"},
+      m_preToolGroup(JSONLiteral::object({
+          preToolMatcher(),
+          {"hooks", JSONLiteral::array({entry(m_paths.preToolCommand())})},
+      })) {
+    for (const std::string& command : m_paths.hookCommands())
+        m_entries.push_back(entry(command));
+}
 
 JSONLiteral ClaudeCodeHook::entry(std::string_view command) const {
     return JSONLiteral::object({
         {"type", JSONLiteral::string("command")},
         {"command", JSONLiteral::string(std::string(command))},
         {"timeout", JSONLiteral::number(ClaudeCodePaths::hookTimeoutSeconds)},
-    });
-}
-
-JSONLiteral::Array ClaudeCodeHook::entries() const {
-    JSONLiteral::Array result;
-    for (const std::string& command : m_paths.hookCommands())
-        result.push_back(entry(command));
-    return result;
-}
-
-JSONLiteral ClaudeCodeHook::preToolGroup() const {
-    return JSONLiteral::object({
-        preToolMatcher(),
-        {"hooks", JSONLiteral::array({entry(m_paths.preToolCommand())})},
     });
 }
 
@@ -100,26 +93,25 @@ std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite
 bool ClaudeCodeHook::isExactPreTool(const HookSite& site, const JSONNode& root,
                                     std::string_view bytes) const {
     const auto group = root.node(site.groupPath());
-    return site.event == preToolEvent && group && group->value(bytes) == preToolGroup().value();
+    return site.event == preToolEvent && group && m_preToolGroup.isStatedBy(*group, bytes);
 }
 
 bool ClaudeCodeHook::converged(const std::vector<HookSite>& sites, const JSONNode& root,
                                std::string_view bytes) const {
     if (sites.size() != 4)
         return false;
-    std::vector<HookSite> slots;
+    std::vector<const HookSite*> slots;
     for (const HookSite& site : sites)
         if (site.event == promptEvent)
-            slots.push_back(site);
+            slots.push_back(&site);
         else if (!isExactPreTool(site, root, bytes))
             return false;
     if (slots.size() != 3)
         return false;
-    const auto expected = entries();
     for (std::size_t slot = 0; slot < slots.size(); ++slot)
-        if (slots[slot].group != slots.front().group ||
-            std::cmp_not_equal(slots[slot].entry, slot) ||
-            root.node(slots[slot].entryPath())->value(bytes) != expected[slot].value())
+        if (slots[slot]->group != slots.front()->group ||
+            std::cmp_not_equal(slots[slot]->entry, slot) ||
+            !m_entries[slot].isStatedBy(*root.node(slots[slot]->entryPath()), bytes))
             return false;
     return true;
 }
@@ -193,7 +185,7 @@ ClaudeCodeHook::Result<void> ClaudeCodeHook::installSlots(Draft& draft) const {
     if (slot == nullptr)
         return HookGroups::append(draft, promptEvent, JSONLiteral::object({{"hooks", own}}),
                                   containers(), draft.created);
-    if (draft.root().node(slot->entriesPath())->value(draft.bytes()) == own.value())
+    if (own.isStatedBy(*draft.root().node(slot->entriesPath()), draft.bytes()))
         return {};
     return draft.take(
         JSONEdit::setMember(draft.bytes(), draft.document(), slot->groupPath(), "hooks", own));

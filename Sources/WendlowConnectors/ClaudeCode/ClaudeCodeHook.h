@@ -26,8 +26,8 @@ public:
     /// `{"type": "command", "command": command, "timeout": 3}`.
     JSONLiteral entry(std::string_view command) const;
     /// The three slot entries, in their order.
-    JSONLiteral::Array entries() const;
-    JSONLiteral preToolGroup() const;
+    const JSONLiteral::Array& entries() const { return m_entries; }
+    const JSONLiteral& preToolGroup() const { return m_preToolGroup; }
 
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     Readable read(std::string_view bytes) const;
@@ -67,6 +67,8 @@ private:
     ClaudeCodePaths m_paths;
     std::vector<std::string> m_currents;
     HookPlaces m_places;
+    JSONLiteral::Array m_entries;
+    JSONLiteral m_preToolGroup;
 };
 
 } // namespace wendlow

@@ -120,6 +120,9 @@ CodexConfigPlan::removed(std::string_view bytes, const TOMLDocument& document,
     Removed plan;
     plan.judgement = judge(document, {});
     plan.lost = m_mcp.lostByRemoval(document, created);
+    // Where our table is gone and no hash of ours goes, what goes is what `lost` names.
+    plan.heldOurs =
+        document.table(CodexMCP::tableName()) != nullptr || !plan.judgement.clear.empty();
     auto rest =
         withoutOurs(bytes, document, CodexMCP::ownTables(document, created), plan.judgement.clear);
     if (!rest)
@@ -133,7 +136,7 @@ CodexConfigPlan::removed(std::string_view bytes, const TOMLDocument& document,
 
 CodexTrust::Judgement CodexConfigPlan::judge(const TOMLDocument& document,
                                              const CodexTrust::Keys& occupied) const {
-    return m_trust.judge(document, occupied, m_hooks.receiptSlots, m_hooks.known, m_hooks.isLive);
+    return m_trust.judge(document, occupied, m_hooks.receiptSlots, m_hooks.isKnown, m_hooks.isLive);
 }
 
 } // namespace wendlow

@@ -17,9 +17,9 @@ class CodexConfigPlan {
 public:
     /// What is to be known of the hooks file.
     struct Hooks {
-        CodexTrust::Hashes known;  ///< of the entries that are ours or have been
-        CodexTrust::IsLive isLive; ///< where entries will stand
-        TrustSlots receiptSlots;   ///< where we have recorded trust
+        CodexTrust::IsKnown isKnown; ///< the hashes of entries that are ours or have been
+        CodexTrust::IsLive isLive;   ///< where entries will stand
+        TrustSlots receiptSlots;     ///< where we have recorded trust
     };
     struct Installed : CodexMCP::Installed {
         CodexTrust::Judgement judgement;

@@ -67,11 +67,11 @@ public:
         } else {
             const TOMLDocument* const config = m_config.bytes ? &*m_configDocument : nullptr;
             server = m_mcp.find(config, receipt().created);
-            trust = m_trust.find(config, site());
+            trust = m_trust.find(config, site(), m_hook);
         }
         Observations trustWords = trustObservations(trust);
         ScanJoin::Findings found{
-            {{m_hooks.find(m_hook),
+            {{m_hooks.find(m_hook, m_sites),
               {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
              {std::move(server),
               {.path = m_config.label,
@@ -114,7 +114,7 @@ public:
             m_hook.movedForeignEntries(m_hooks.document->root(), planned.root()).size();
         auto config = configPlan(planned.root(), {hooks->site})
                           .installed(configBytes(), *m_configDocument, landings,
-                                     hooks->site.identity()->trustedHash());
+                                     *m_hook.trustedHash(hooks->site));
         if (!config)
             return refused(m_config, selfEditFailure);
 
@@ -188,8 +188,9 @@ private:
         for (const std::string& key : landings)
             owned.push_back(CodexTrust::tableName(key));
         for (const std::string& key : receipt().trustSlots)
-            if (m_configDocument->table(CodexTrust::tableName(key)) != nullptr)
-                owned.push_back(CodexTrust::tableName(key));
+            if (auto name = CodexTrust::tableName(key);
+                std::ranges::count(owned, name) == 0 && m_configDocument->table(name) != nullptr)
+                owned.push_back(std::move(name));
         return owned;
     }
 
@@ -224,14 +225,21 @@ private:
                                std::vector<CodexHookSite> plannedSites) const {
         // What stood there before counts too: its hashes are the ones that are recorded.
         std::ranges::copy(m_sites, std::back_inserter(plannedSites));
-        return {m_mcp,
-                m_trust,
-                {.known = CodexTrust::knownHashes(m_hook.identity(), plannedSites),
-                 .isLive =
-                     [plannedHooks](std::ptrdiff_t group, std::ptrdiff_t index) {
-                         return CodexHook::isLive(plannedHooks, group, index);
-                     },
-                 .receiptSlots = receipt().trustSlots}};
+        return {
+            m_mcp,
+            m_trust,
+            {.isKnown =
+                 [this, sites = std::move(plannedSites),
+                  known = std::optional<CodexTrust::Hashes>()](const std::string& hash) mutable {
+                     if (!known)
+                         known = CodexTrust::knownHashes(m_hook.identity(), sites);
+                     return known->contains(hash);
+                 },
+             .isLive =
+                 [plannedHooks](std::ptrdiff_t group, std::ptrdiff_t index) {
+                     return CodexHook::isLive(plannedHooks, group, index);
+                 },
+             .receiptSlots = receipt().trustSlots}};
     }
 
     Observations slotObservations(const std::vector<std::string>& reported,

@@ -70,7 +70,14 @@ std::optional<CodexHookIdentity> CodexHookSite::identity() const {
 }
 
 CodexHook::CodexHook(CodexPaths paths)
-    : m_paths(std::move(paths)), m_currents{m_paths.hookCommand()} {}
+    : m_paths(std::move(paths)), m_currents{m_paths.hookCommand()},
+      m_group(JSONLiteral::object({{"hooks", JSONLiteral::array({entry()})}})),
+      m_identity{.command = m_currents.front(),
+                 .statusMessage = std::string(statusMessage),
+                 .timeout = CodexPaths::hookTimeoutSeconds,
+                 .isAsync = false,
+                 .additionalContextLimit = additionalContextLimit},
+      m_trustedHash(m_identity.trustedHash()) {}
 
 JSONLiteral CodexHook::entry() const {
     return JSONLiteral::object({
@@ -82,16 +89,11 @@ JSONLiteral CodexHook::entry() const {
     });
 }
 
-JSONLiteral CodexHook::group() const {
-    return JSONLiteral::object({{"hooks", JSONLiteral::array({entry()})}});
-}
-
-CodexHookIdentity CodexHook::identity() const {
-    return {.command = m_paths.hookCommand(),
-            .statusMessage = std::string(statusMessage),
-            .timeout = CodexPaths::hookTimeoutSeconds,
-            .isAsync = false,
-            .additionalContextLimit = additionalContextLimit};
+std::optional<std::string> CodexHook::trustedHash(const CodexHookSite& site) const {
+    const auto identity = site.identity();
+    if (!identity)
+        return std::nullopt;
+    return *identity == m_identity ? m_trustedHash : identity->trustedHash();
 }
 
 CodexHook::Readable CodexHook::read(std::string_view bytes) const {
@@ -119,9 +121,15 @@ std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_vi
 }
 
 BlockFinding CodexHook::find(std::string_view bytes, const Readable& document) const {
+    return find(bytes, document,
+                document ? sites(document->root(), bytes) : std::vector<CodexHookSite>());
+}
+
+BlockFinding CodexHook::find(std::string_view bytes, const Readable& document,
+                             const std::vector<CodexHookSite>& sites) const {
     return HookGroups::find(
         bytes, document, events,
-        [this](const JSONNode& root, std::string_view text) { return sites(root, text); },
+        [&](const JSONNode&, std::string_view) -> const auto& { return sites; },
         [this](const auto& own, const JSONNode& root, std::string_view text) {
             return driftReasons(own, root, text);
         });
@@ -145,7 +153,7 @@ std::vector<std::string> CodexHook::driftReasons(const std::vector<CodexHookSite
     if (!shown.timeout)
         reasons.emplace_back("the timeout on the Wendlow entry here is not a whole number, so the "
                              "identity Codex hashes cannot be computed");
-    if (sites.size() == 1 && root.node(shown.groupPath())->value(bytes) != group().value())
+    if (sites.size() == 1 && !m_group.isStatedBy(*root.node(shown.groupPath()), bytes))
         reasons.emplace_back(Drift::otherShape);
     return reasons;
 }
@@ -185,7 +193,7 @@ CodexHook::Result<void> CodexHook::writeEntry(JSONDraft& draft, std::set<Created
     if (own.empty())
         return HookGroups::append(draft, promptEvent, group(), containers(), created);
     const JSONNode present = *draft.root().node(own.front().entryPath());
-    if (present.value(draft.bytes()) == entry().value())
+    if (entry().isStatedBy(present, draft.bytes()))
         return {};
     return draft.take(JSONBlock::replaced(draft.bytes(), draft.root(), present, entry()));
 }

@@ -40,9 +40,12 @@ public:
 
     /// `{"type", "command", "statusMessage", "timeout", "additionalContextLimit"}`.
     JSONLiteral entry() const;
-    JSONLiteral group() const;
+    const JSONLiteral& group() const { return m_group; }
     /// Of the entry that this build writes.
-    CodexHookIdentity identity() const;
+    const CodexHookIdentity& identity() const { return m_identity; }
+    /// What Codex would have to have recorded for an entry to run it; nothing where no hash can be
+    /// made of it. That of the entry which this build writes was hashed once for all.
+    std::optional<std::string> trustedHash(const CodexHookSite& site) const;
 
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     Readable read(std::string_view bytes) const;
@@ -52,6 +55,9 @@ public:
     /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
     /// whether the hook program is there.
     BlockFinding find(std::string_view bytes, const Readable& document) const;
+    /// The same where `sites` of the document are known.
+    BlockFinding find(std::string_view bytes, const Readable& document,
+                      const std::vector<CodexHookSite>& sites) const;
 
     /// An installed block, and where the entry then stands.
     struct Installed : InstalledBlock {
@@ -90,6 +96,9 @@ private:
 
     CodexPaths m_paths;
     std::array<std::string, 1> m_currents;
+    JSONLiteral m_group;
+    CodexHookIdentity m_identity;
+    std::string m_trustedHash; ///< of that identity
 };
 
 } // namespace wendlow

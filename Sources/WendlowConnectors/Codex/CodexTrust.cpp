@@ -45,9 +45,9 @@ std::optional<std::filesystem::path> scriptsDirectory(std::string_view command) 
 
 } // namespace
 
-CodexTrust::CodexTrust(CodexPaths paths, const std::filesystem::path& hooksPath)
-    : m_paths(std::move(paths)), m_hooksPaths{m_paths.hooksFile.string()} {
-    if (hooksPath != m_paths.hooksFile)
+CodexTrust::CodexTrust(const CodexPaths& paths, const std::filesystem::path& hooksPath)
+    : m_hooksPaths{paths.hooksFile.string()} {
+    if (hooksPath != paths.hooksFile)
         m_hooksPaths.push_back(hooksPath.string());
 }
 
@@ -90,21 +90,21 @@ bool CodexTrust::isSwitchedOff(std::string_view key, const TOMLDocument& documen
 std::string CodexTrust::switchedOffText() const {
     return fmt::format("the hook switch recorded here is off, so Codex does not call the Wendlow "
                        "hook entry in {}",
-                       m_paths.hooksFile.string());
+                       m_hooksPaths.front());
 }
 
-BlockFinding CodexTrust::find(const TOMLDocument* document, const CodexHookSite* site) const {
+BlockFinding CodexTrust::find(const TOMLDocument* document, const CodexHookSite* site,
+                              const CodexHook& hook) const {
     if (document == nullptr)
         return {BlockFinding::FileAbsent{}};
     if (site == nullptr)
         return {BlockFinding::Absent{}};
-    const auto identity = site->identity();
-    if (!identity)
+    const auto computed = hook.trustedHash(*site);
+    if (!computed)
         return {BlockFinding::Drifted{
             {fmt::format("the timeout on the Wendlow hook entry in {} is not a whole number, so "
                          "the identity Codex hashes cannot be computed",
-                         m_paths.hooksFile.string())}}};
-    const std::string computed = identity->trustedHash();
+                         m_hooksPaths.front())}}};
     std::vector<std::string> reasons;
     for (const std::string& path : m_hooksPaths) {
         const std::string key = CodexTrustSlot::at(path, site->group, site->entry).key;
@@ -112,10 +112,10 @@ BlockFinding CodexTrust::find(const TOMLDocument* document, const CodexHookSite*
         if (!recorded)
             reasons.push_back(fmt::format(
                 "no trusted hash is recorded here for the Wendlow hook entry in {}", path));
-        else if (*recorded != computed)
+        else if (recorded != computed)
             reasons.push_back(fmt::format("the trusted hash recorded here is {} and the Wendlow "
                                           "hook entry in {} hashes to {}",
-                                          *recorded, path, computed));
+                                          *recorded, path, *computed));
         else if (isSwitchedOff(key, *document) &&
                  std::ranges::count(reasons, switchedOffText()) == 0)
             reasons.push_back(switchedOffText());
@@ -138,7 +138,7 @@ CodexTrust::Hashes CodexTrust::knownHashes(const CodexHookIdentity& currentIdent
 }
 
 CodexTrust::Judgement CodexTrust::judge(const TOMLDocument& document, const Keys& occupied,
-                                        const TrustSlots& receiptSlots, const Hashes& known,
+                                        const TrustSlots& receiptSlots, const IsKnown& isKnown,
                                         const IsLive& isLive) const {
     const auto isIn = [](const auto& all, const std::string& one) {
         return std::ranges::find(all, one) != all.end();
@@ -148,14 +148,14 @@ CodexTrust::Judgement CodexTrust::judge(const TOMLDocument& document, const Keys
         if (isIn(occupied, slot.key))
             continue;
         const auto hash = recordedHash(slot.key, document);
-        const bool isKnown = hash && known.contains(*hash);
+        const bool isOurs = hash && isKnown(*hash);
         // Of another hooks file nothing is known here, so all its positions count as in use.
         const bool inUse = !isIn(m_hooksPaths, slot.hooksPath) || isLive(slot.group, slot.index);
         if (receiptSlots.contains(slot.key)) {
             // Since we wrote it, a person may have come to trust what stands there now.
-            if (isKnown || !hash || !inUse)
+            if (isOurs || !hash || !inUse)
                 judgement.clear.push_back(std::move(slot.key));
-        } else if (isKnown) {
+        } else if (isOurs) {
             (inUse ? judgement.report : judgement.clear).push_back(std::move(slot.key));
         }
     }

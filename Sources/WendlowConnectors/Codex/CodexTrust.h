@@ -30,6 +30,7 @@ public:
     using Hashes = std::set<std::string, std::less<>>;
     using Keys = std::vector<std::string>;
     using IsLive = std::function<bool(std::ptrdiff_t group, std::ptrdiff_t index)>;
+    using IsKnown = std::function<bool(const std::string& hash)>;
     template<class T> using Result = std::expected<T, TOMLEditFailure>;
 
     /// What is to become of the slots that no longer belong to a hook of ours, by their keys.
@@ -41,7 +42,7 @@ public:
     };
 
     /// `hooksPath` is where the hooks file really lies.
-    CodexTrust(CodexPaths paths, const std::filesystem::path& hooksPath);
+    CodexTrust(const CodexPaths& paths, const std::filesystem::path& hooksPath);
 
     /// Where the trust of an entry on a prompt is recorded, under each name of its file.
     Keys keys(const HookSite& site) const;
@@ -55,18 +56,20 @@ public:
     static bool isSwitchedOff(std::string_view key, const TOMLDocument& document);
     /// "the hook switch recorded here is off, ...".
     std::string switchedOffText() const;
-    /// Whether the entry at `site` is trusted as it stands in the file, whatever this build would
-    /// write there. Null: there is no file, no entry.
-    BlockFinding find(const TOMLDocument* document, const CodexHookSite* site) const;
+    /// Whether the entry at `site`, one of `hook`, is trusted as it stands in the file, whatever
+    /// this build would write there. Null: there is no file, no entry.
+    BlockFinding find(const TOMLDocument* document, const CodexHookSite* site,
+                      const CodexHook& hook) const;
 
     /// The hashes of all that this product may have caused to be recorded. Asks the disk for the
     /// folders of older scripts.
     static Hashes knownHashes(const CodexHookIdentity& currentIdentity,
                               const std::vector<CodexHookSite>& sites);
     /// `occupied` are the slots in use, `isLive` tells whether an entry stands at a position of the
-    /// hooks file. A slot that could be somebody else's trust is never to be cleared.
+    /// hooks file, `isKnown` whether a hash is among the known ones. Neither is asked without need.
+    /// A slot that could be somebody else's trust is never to be cleared.
     Judgement judge(const TOMLDocument& document, const Keys& occupied,
-                    const TrustSlots& receiptSlots, const Hashes& known,
+                    const TrustSlots& receiptSlots, const IsKnown& isKnown,
                     const IsLive& isLive) const;
 
     /// Records `hash` at a slot; a switch beside it stays. `document` is the scan of `bytes`.
@@ -76,9 +79,8 @@ public:
     static Result<RemovedBlock> removed(std::string_view bytes, const Keys& keys);
 
 private:
-    CodexPaths m_paths;
-    std::vector<std::string>
-        m_hooksPaths; ///< as written and, where that is another, as it resolves
+    /// Of the hooks file: as written and, where that is another, as it resolves.
+    std::vector<std::string> m_hooksPaths;
 };
 
 } // namespace wendlow

@@ -1,7 +1,9 @@
 #include "ConfigFile/JSONLiteral.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <iterator>
+#include <optional>
 
 namespace wendlow {
 
@@ -88,10 +90,62 @@ struct PlainView {
     JSONValue operator()(bool value) const { return {value}; }
 };
 
+/// Whether a node states what stands in a literal.
+struct Statement {
+    const JSONNode& node;
+    std::string_view bytes;
+
+    /// Of a repeated name the last member counts, on either side.
+    bool operator()(const JSONLiteral::Object& members) const {
+        const auto isNamed = [&](const JSONNode::Member& stated) {
+            return std::ranges::count(members, stated.key, &JSONLiteral::Member::key) > 0;
+        };
+        // Nearly always it is as it was written, in our order.
+        const auto isWritten = [&](const JSONLiteral::Member& own, const JSONNode::Member& stated) {
+            return own.key == stated.key && own.value.isStatedBy(stated.value, bytes);
+        };
+        if (node.isObject() && std::ranges::equal(members, node.members(), isWritten))
+            return true;
+        if (!node.isObject() || !std::ranges::all_of(node.members(), isNamed))
+            return false;
+        for (auto own = members.begin(); own != members.end(); ++own) {
+            if (std::find_if(std::next(own), members.end(), [&](const auto& later) {
+                    return later.key == own->key;
+                }) != members.end())
+                continue;
+            std::optional<JSONNode> last;
+            for (const JSONNode::Member& stated : node.members())
+                if (stated.key == own->key)
+                    last = stated.value;
+            if (!last || !own->value.isStatedBy(*last, bytes))
+                return false;
+        }
+        return true;
+    }
+    bool operator()(const JSONLiteral::Array& elements) const {
+        return node.isArray() &&
+               std::ranges::equal(elements, node.elements(),
+                                  [&](const JSONLiteral& own, const JSONNode& stated) {
+                                      return own.isStatedBy(stated, bytes);
+                                  });
+    }
+    bool operator()(const std::string& text) const { return node.string() == text; }
+    bool operator()(std::int64_t number) const {
+        return node.kind() == JSONNode::Kind::number &&
+               bytes.substr(node.start(), node.range().size()) ==
+                   std::string_view(fmt::format_int(number).c_str());
+    }
+    bool operator()(bool value) const { return node.boolean() == value; }
+};
+
 } // namespace
 
 JSONValue JSONLiteral::value() const {
     return std::visit(PlainView(), content);
+}
+
+bool JSONLiteral::isStatedBy(const JSONNode& node, std::string_view bytes) const {
+    return std::visit(Statement{node, bytes}, content);
 }
 
 std::string JSONLiteral::render(std::string_view indent, std::string_view unit,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ConfigFile/JSONNode.h"
 #include "ConfigFile/JSONValue.h"
 
 #include <cstdint>
@@ -33,6 +34,9 @@ struct JSONLiteral {
 
     /// The plain view of the literal; of duplicate keys the last wins.
     JSONValue value() const;
+    /// Whether `node`, of a scan of `bytes`, states this value: whether the plain views of both are
+    /// equal, without making either.
+    bool isStatedBy(const JSONNode& node, std::string_view bytes) const;
     /// The literal as text. `indent` is the indentation of the line it begins on, `unit` one step
     /// of indentation; both are used only when `style.multiline`.
     std::string render(std::string_view indent, std::string_view unit,

@@ -1,7 +1,5 @@
 #include "ConfigFile/JSONNode.h"
 
-#include "ConfigFile/JSONTape.h"
-
 #include <iterator>
 #include <string>
 #include <utility>
@@ -58,22 +56,6 @@ JSONNode::ElementRange JSONNode::elements() const {
     return {m_tape, m_tape->firstInside(m_index), m_tape->endInside(m_index)};
 }
 
-JSONNode::Member JSONNode::MemberRange::iterator::operator*() const {
-    return {.key = m_tape->text(m_index),
-            .keyStart = m_tape->start(m_index),
-            .value = JSONNode(m_tape, m_tape->after(m_index))};
-}
-
-JSONNode::MemberRange::iterator& JSONNode::MemberRange::iterator::operator++() {
-    m_index = m_tape->after(m_tape->after(m_index));
-    return *this;
-}
-
-JSONNode::ElementRange::iterator& JSONNode::ElementRange::iterator::operator++() {
-    m_index = m_tape->after(m_index);
-    return *this;
-}
-
 std::optional<std::string_view> JSONNode::string() const {
     if (kind() != Kind::string) {
         return std::nullopt;
@@ -89,10 +71,16 @@ std::optional<bool> JSONNode::boolean() const {
 }
 
 std::optional<JSONNode> JSONNode::member(std::string_view key) const {
-    for (const auto& member : members()) {
-        if (member.key == key) {
-            return member.value;
+    if (!isObject()) {
+        return std::nullopt;
+    }
+    const auto end = m_tape->endInside(m_index);
+    for (auto name = m_tape->firstInside(m_index); name != end;) {
+        const auto value = m_tape->after(name);
+        if (m_tape->text(name) == key) {
+            return JSONNode(m_tape, value);
         }
+        name = m_tape->after(value);
     }
     return std::nullopt;
 }

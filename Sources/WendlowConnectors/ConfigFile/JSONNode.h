@@ -2,6 +2,7 @@
 
 #include "ConfigFile/ByteRange.h"
 #include "ConfigFile/JSONStep.h"
+#include "ConfigFile/JSONTape.h"
 #include "ConfigFile/JSONValue.h"
 
 #include <cstddef>
@@ -10,8 +11,6 @@
 #include <string_view>
 
 namespace wendlow {
-
-class JSONTape;
 
 /// One scanned value: a byte range of the document, what kind of value it is, and the way to what
 /// it contains.
@@ -145,5 +144,21 @@ private:
     iterator m_begin;
     iterator m_end;
 };
+
+inline JSONNode::Member JSONNode::MemberRange::iterator::operator*() const {
+    return {.key = m_tape->text(m_index),
+            .keyStart = m_tape->start(m_index),
+            .value = JSONNode(m_tape, m_tape->after(m_index))};
+}
+
+inline JSONNode::MemberRange::iterator& JSONNode::MemberRange::iterator::operator++() {
+    m_index = m_tape->after(m_tape->after(m_index));
+    return *this;
+}
+
+inline JSONNode::ElementRange::iterator& JSONNode::ElementRange::iterator::operator++() {
+    m_index = m_tape->after(m_index);
+    return *this;
+}
 
 } // namespace wendlow

@@ -34,7 +34,7 @@ std::optional<JSONTextError> Scanner::scan() {
     return JSONTextError{offset(m_failure.at), std::string(m_failure.reason)};
 }
 
-bool Scanner::skipTrivia() {
+bool Scanner::skipLongTrivia() {
     m_at = JSONBytes::whitespaceEnd(m_at, m_end);
     if (m_dialect == JSONDialect::json || atEnd() || *m_at != '/') {
         return true;
@@ -83,7 +83,7 @@ bool Scanner::parseLiteral(std::string_view word, Tag kind) {
     if (!std::string_view(m_at, m_end).starts_with(word)) {
         return fail(valueExpected, m_at);
     }
-    m_tape.addScalar(kind, offset(m_at));
+    m_tape.addScalar(kind, offset(m_at), word.size());
     m_at += word.size();
     return true;
 }
@@ -113,7 +113,7 @@ bool Scanner::parseNumber() {
             return fail(valueExpected, start);
         }
     }
-    m_tape.addScalar(Tag::number, offset(start));
+    m_tape.addScalar(Tag::number, offset(start), static_cast<std::size_t>(m_at - start));
     return true;
 }
 
@@ -144,7 +144,7 @@ bool Scanner::parseObject() {
         return false;
     }
     if (atEnd() || *m_at != '}') {
-        for (;; ++m_at) {
+        for (;;) {
             if (!parseMember()) {
                 return false;
             }
@@ -159,6 +159,10 @@ bool Scanner::parseObject() {
             }
             if (isClosedBehindComma('}')) {
                 break;
+            }
+            ++m_at;
+            if (!skipTrivia()) {
+                return false;
             }
         }
     }
@@ -183,11 +187,8 @@ bool Scanner::isClosedBehindComma(char bracket) {
     return skipTrivia();
 }
 
-/// A member with the trivia on both sides of it.
+/// A member with the trivia behind it.
 bool Scanner::parseMember() {
-    if (!skipTrivia()) {
-        return false;
-    }
     if (atEnd() || *m_at != '"') {
         return fail("a member name was expected", m_at);
     }
@@ -211,8 +212,8 @@ bool Scanner::parseArray() {
         return false;
     }
     if (atEnd() || *m_at != ']') {
-        for (;; ++m_at) {
-            if (!skipTrivia() || !parseValue() || !skipTrivia()) {
+        for (;;) {
+            if (!parseValue() || !skipTrivia()) {
                 return false;
             }
             if (atEnd()) {
@@ -227,6 +228,10 @@ bool Scanner::parseArray() {
             if (isClosedBehindComma(']')) {
                 break;
             }
+            ++m_at;
+            if (!skipTrivia()) {
+                return false;
+            }
         }
     }
     m_tape.close(opening, offset(m_at));
@@ -238,16 +243,26 @@ bool Scanner::parseArray() {
 /// Whatever is wrong in a string is told at its opening quote.
 bool Scanner::parseString() {
     const char* const open = m_at;
+    const char* const at = JSONBytes::plainRunEnd(open + 1, m_end);
+    m_at = at;
+    if (at == m_end || *at != '"') {
+        return parseRestOfString(open);
+    }
+    m_at = at + 1;
+    m_tape.addScalar(Tag::string, offset(open), static_cast<std::size_t>(m_at - open));
+    return true;
+}
+
+/// From the first byte on that is not plain.
+bool Scanner::parseRestOfString(const char* open) {
     auto tag = Tag::string;
-    ++m_at;
-    for (;;) {
-        m_at = JSONBytes::plainRunEnd(m_at, m_end);
+    for (;; m_at = JSONBytes::plainRunEnd(m_at, m_end)) {
         if (atEnd()) {
             return fail(endedInString, open);
         }
         if (*m_at == '"') {
             ++m_at;
-            m_tape.addScalar(tag, offset(open));
+            m_tape.addScalar(tag, offset(open), static_cast<std::size_t>(m_at - open));
             return true;
         }
         if (*m_at == '\\') {
@@ -275,13 +290,15 @@ bool Scanner::skipEscape(const char* open) {
 
 /// The characters up to the next ASCII byte.
 bool Scanner::skipNonASCII(const char* open) {
-    while (!atEnd() && JSONBytes::unsignedByte(m_at) >= 0x80) {
-        const auto sequence = JSONBytes::utf8Sequence(m_at, m_end);
+    const char* at = m_at;
+    while (at != m_end && JSONBytes::unsignedByte(at) >= 0x80) {
+        const auto sequence = JSONBytes::utf8Sequence(at, m_end);
         if (!sequence.valid) {
             return failRawRun(open);
         }
-        m_at += sequence.length;
+        at += sequence.length;
     }
+    m_at = at;
     return true;
 }
 

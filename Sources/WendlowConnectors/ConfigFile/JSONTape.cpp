@@ -3,7 +3,6 @@
 #include "ConfigFile/JSONBytes.h"
 #include "ConfigFile/JSONEscape.h"
 
-#include <algorithm>
 #include <new>
 
 namespace wendlow {
@@ -23,9 +22,11 @@ std::size_t stringEnd(std::string_view bytes, std::size_t start) {
 } // namespace
 
 void JSONTape::grow() {
-    // The first guess suits a file of long texts; growth by half keeps the unused part small.
-    const auto capacity =
-        std::max(m_capacity + m_capacity / 2, std::max<std::size_t>(64, m_bytes.size() / 64));
+    // The first guess is room for all that a small file can be thought to hold. In a large one it
+    // suits long texts, and growth by half keeps the unused part small.
+    constexpr std::size_t smallFile = std::size_t{256} * 1024;
+    const std::size_t guess = m_bytes.size() / (m_bytes.size() <= smallFile ? 8 : 64);
+    const auto capacity = std::max(m_capacity + m_capacity / 2, std::max<std::size_t>(64, guess));
     // NOLINTNEXTLINE(bugprone-suspicious-realloc-usage): the old block is released on success only
     auto* words = static_cast<Word*>(std::realloc(m_words.get(), capacity * sizeof(Word)));
     if (words == nullptr) {
@@ -36,33 +37,14 @@ void JSONTape::grow() {
     m_capacity = capacity;
 }
 
-std::size_t JSONTape::end(std::size_t index) const {
-    switch (tag(index)) {
-    case Tag::object:
-    case Tag::array:
-        return start(endInside(index)) + 1;
-    case Tag::string:
-    case Tag::escapedString:
-        return stringEnd(m_bytes, start(index));
-    case Tag::number:
+/// Where a string or a number ends whose length is not in its word.
+std::size_t JSONTape::readEnd(std::size_t index) const {
+    if (tag(index) == Tag::number)
         return std::min(m_bytes.find_first_not_of("+-.0123456789Ee", start(index)), m_bytes.size());
-    case Tag::falseLiteral:
-        return start(index) + 5;
-    case Tag::trueLiteral:
-    case Tag::null:
-        return start(index) + 4;
-    case Tag::close:
-        break;
-    }
-    return start(index) + 1;
+    return stringEnd(m_bytes, start(index));
 }
 
-std::string_view JSONTape::text(std::size_t index) const {
-    const auto first = start(index) + 1;
-    const auto body = m_bytes.substr(first, end(index) - 1 - first);
-    if (tag(index) == Tag::string) {
-        return body;
-    }
+std::string_view JSONTape::decoded(std::size_t index, std::string_view body) const {
     const std::lock_guard lock(m_decodedMutex);
     auto& text = m_decoded[index];
     if (text.empty()) {

@@ -27,6 +27,8 @@ std::span<const ByteRange> JSONDocument::comments() const {
 
 std::expected<JSONDocument, JSONTextError> JSONText::scanWithTrivia(std::string_view bytes,
                                                                     JSONDialect dialect) {
+    if (bytes.size() > JSONTape::longestText)
+        return std::unexpected(JSONTextError{JSONTape::longestText, "the document is too long"});
     auto tape = std::make_unique<JSONTape>(bytes);
     if (auto failure = Scanner(bytes, dialect, *tape).scan()) {
         return std::unexpected(std::move(*failure));

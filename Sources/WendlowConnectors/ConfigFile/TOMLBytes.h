@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ConfigFile/SixteenBytes.h"
+
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -42,6 +45,21 @@ constexpr std::size_t find(Class kind, std::string_view bytes, std::size_t offse
     while (offset < bytes.size() && !is(kind, bytes[offset]))
         ++offset;
     return offset;
+}
+
+/// The same for `endsPlainRun`, of which most strings hold none for long.
+inline std::size_t plainRunEnd(std::string_view bytes, std::size_t offset) {
+#ifdef __SSE2__
+    for (; offset + 16 <= bytes.size(); offset += 16) {
+        const auto block = SixteenBytes::load(bytes.data() + offset);
+        const auto found = (block.are('"') | block.are('\'') | block.are('\\') | block.are('\x7F') |
+                            block.areNoPlainASCII().without(block.are('\t')))
+                               .bits();
+        if (found != 0)
+            return offset + static_cast<std::size_t>(std::countr_zero(found));
+    }
+#endif
+    return find(endsPlainRun, bytes, offset);
 }
 
 /// The first offset from `offset` on whose byte is not of `kind`; the size if there is none.

@@ -28,6 +28,7 @@ TOMLScanner::TOMLScanner(std::string_view bytes)
 std::expected<TOMLDocument, TOMLTextError> TOMLScanner::scan() {
     constexpr std::size_t usualEntrySize = 48;
     m_document.m_entries.reserve(m_bytes.size() / usualEntrySize);
+    m_document.m_tables.reserve(m_bytes.size() / (2 * usualEntrySize));
     TOMLTable root;
     root.headerStart = m_position;
     openTable(root);

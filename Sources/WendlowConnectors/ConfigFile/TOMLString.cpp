@@ -40,7 +40,7 @@ std::optional<char> simpleEscape(char byte) {
 std::expected<TOMLString::Text, std::string_view>
 TOMLString::read(std::string_view bytes, std::size_t start, Place place, std::string& decoded) {
     // Most strings stand on one line and have nothing to decode.
-    const auto end = TOMLBytes::find(TOMLBytes::endsPlainRun, bytes, start + 1);
+    const auto end = TOMLBytes::plainRunEnd(bytes, start + 1);
     if (end < bytes.size() && bytes[end] == bytes[start] && end > start + 1)
         return Text{end + 1, bytes.substr(start + 1, end - start - 1), false};
     TOMLString string(bytes, start, place, decoded);
@@ -65,7 +65,7 @@ TOMLString::TOMLString(std::string_view bytes, std::size_t start, Place place, s
 
 TOMLString::Reason TOMLString::readToEnd() {
     for (;;) {
-        m_position = TOMLBytes::find(TOMLBytes::endsPlainRun, m_bytes, m_position);
+        m_position = TOMLBytes::plainRunEnd(m_bytes, m_position);
         if (m_position == m_bytes.size())
             return m_isMultiline ? "a multi-line string never closed" : "a string never closed";
         const char byte = m_bytes[m_position];

@@ -36,17 +36,20 @@ public:
         : ToolLook(cursor.m_paths.receiptFile), m_paths(cursor.m_paths), m_hook(cursor.m_hook),
           m_mcp(cursor.m_mcp),
           m_hooks(m_paths.hooksFile, purpose, m_hook, {.seed = CursorHook::seed}),
-          m_servers(m_paths.serversFile, purpose, m_mcp) {}
+          m_servers(m_paths.serversFile, purpose, m_mcp) {
+        if (const JSONDocument* const contents = m_hooks.contents())
+            m_sites = m_hook.sites(contents->root());
+    }
 
     ScanJoin::Findings findings() const override {
         ScanJoin::Findings found{
-            {{m_hooks.find(m_hook),
+            {{m_hooks.find(m_hook, m_sites),
               {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
              {m_servers.find(m_mcp),
               {.path = m_servers.file.label,
                .what = "MCP server entry",
                .command = m_paths.mcpCommand()}}}};
-        if (sites().empty())
+        if (m_sites.empty())
             return found;
         found.more = all({newVersion(), doubleFire(), noVersion()});
         append(found.more, Drift::unrunnable(m_paths.hookBinary));
@@ -100,15 +103,10 @@ public:
     }
 
     bool isThisInstallations() const override {
-        return Disk::exists(m_paths.hookBinary) && HookLists::allRun(sites(), m_paths.hookBinary);
+        return Disk::exists(m_paths.hookBinary) && HookLists::allRun(m_sites, m_paths.hookBinary);
     }
 
 private:
-    std::vector<CursorHookSite> sites() const {
-        const JSONDocument* const contents = m_hooks.contents();
-        return contents != nullptr ? m_hook.sites(contents->root()) : std::vector<CursorHookSite>{};
-    }
-
     std::optional<std::string> foreignVersion() const {
         const auto version = m_hook.version(m_hooks.document->root(), m_hooks.bytes());
         const std::string* const foreign = version.foreign();
@@ -147,6 +145,7 @@ private:
     const CursorMCP& m_mcp;
     JSONFile m_hooks;
     JSONFile m_servers;
+    std::vector<CursorHookSite> m_sites; ///< none where the hooks file does not scan
 };
 
 CursorConnector::CursorConnector(CursorPaths paths, ConnectorVerb::Surroundings surroundings)

@@ -78,7 +78,9 @@ CursorHook::CursorHook(CursorPaths paths)
                .preToolCommand = m_paths.preToolCommand(),
                .binary = m_paths.hookBinary,
                .count = 2,
-               .countName = "two"} {}
+               .countName = "two"},
+      m_placements{{{promptEvent, entry(), m_paths.hookCommand()},
+                    {preToolEvent, preToolEntry(), m_paths.preToolCommand()}}} {}
 
 JSONLiteral CursorHook::entry() const {
     return JSONLiteral::object({{"command", JSONLiteral::string(m_paths.hookCommand())}});
@@ -119,6 +121,12 @@ std::vector<CursorHookSite> CursorHook::sites(const JSONNode& root) const {
 }
 
 BlockFinding CursorHook::find(std::string_view bytes, const Readable& document) const {
+    return find(bytes, document,
+                document ? sites(document->root()) : std::vector<CursorHookSite>());
+}
+
+BlockFinding CursorHook::find(std::string_view bytes, const Readable& document,
+                              const std::vector<CursorHookSite>& own) const {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const JSONNode root = document->root();
@@ -130,7 +138,6 @@ BlockFinding CursorHook::find(std::string_view bytes, const Readable& document) 
         reasons.push_back(*std::move(reason));
         return {BlockFinding::Foreign{std::move(reasons)}};
     }
-    const auto own = sites(root);
     if (own.empty())
         return reasons.empty() ? BlockFinding{BlockFinding::Absent{}}
                                : BlockFinding{BlockFinding::Foreign{std::move(reasons)}};
@@ -140,26 +147,14 @@ BlockFinding CursorHook::find(std::string_view bytes, const Readable& document) 
     return BlockFinding::from(std::move(reasons));
 }
 
-/// One of our entries and where it belongs.
-struct CursorHook::Placement {
-    std::string_view event;
-    JSONLiteral entry;
-    std::string command;
-};
-
-std::array<CursorHook::Placement, 2> CursorHook::placements() const {
-    return {Placement{promptEvent, entry(), m_paths.hookCommand()},
-            Placement{preToolEvent, preToolEntry(), m_paths.preToolCommand()}};
-}
-
 bool CursorHook::converged(const std::vector<CursorHookSite>& sites, const JSONNode& root,
                            std::string_view bytes) const {
     const auto holds = [&](const Placement& own) {
         const auto site = std::ranges::find(sites, own.event, &CursorHookSite::event);
         return site != sites.end() && site->command == own.command &&
-               root.node(site->entryPath())->value(bytes) == own.entry.value();
+               own.entry.isStatedBy(*root.node(site->entryPath()), bytes);
     };
-    return sites.size() == 2 && std::ranges::all_of(placements(), holds);
+    return sites.size() == 2 && std::ranges::all_of(m_placements, holds);
 }
 
 /// An installation under way.
@@ -188,7 +183,7 @@ CursorHook::installed(std::string_view bytes, const JSONDocument& document) cons
     Draft draft(bytes, document);
     if (auto step = discardOthers(draft); !step)
         return std::unexpected(step.error());
-    for (const Placement& placement : placements())
+    for (const Placement& placement : m_placements)
         if (auto step = place(draft, placement); !step)
             return std::unexpected(step.error());
     // A list that was there before is the person's, also where discarding emptied it and placing
@@ -239,7 +234,7 @@ CursorHook::Result<void> CursorHook::place(Draft& draft, const Placement& placem
                                  {*listCase(placement.event), Created::cursorHooksObject},
                                  draft.created);
     const JSONNode present = *draft.root().node(site->entryPath());
-    if (present.value(draft.bytes()) == placement.entry.value())
+    if (placement.entry.isStatedBy(present, draft.bytes()))
         return {};
     std::ranges::move(foreignFields(present, draft.bytes(), placement.entry),
                       std::back_inserter(draft.replaced));

@@ -60,6 +60,9 @@ public:
     /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
     /// whether the hook program is there.
     BlockFinding find(std::string_view bytes, const Readable& document) const;
+    /// The same where `own` are known, the entries of ours in it.
+    BlockFinding find(std::string_view bytes, const Readable& document,
+                      const std::vector<CursorHookSite>& own) const;
     /// Whether the file's sites are the two entries in their places, exactly.
     bool converged(const std::vector<CursorHookSite>& sites, const JSONNode& root,
                    std::string_view bytes) const;
@@ -88,15 +91,20 @@ public:
 
 private:
     struct Draft;
-    struct Placement;
+    /// One of our entries and where it belongs.
+    struct Placement {
+        std::string_view event;
+        JSONLiteral entry;
+        std::string command;
+    };
 
-    std::array<Placement, 2> placements() const;
     Result<void> discardOthers(JSONDraft& draft) const;
     Result<void> place(Draft& draft, const Placement& placement) const;
 
     CursorPaths m_paths;
     std::array<std::string, 2> m_currents;
     HookPlaces m_places;
+    std::array<Placement, 2> m_placements;
 };
 
 /// The failure as a sentence without its file.

@@ -56,18 +56,16 @@ std::optional<std::string> extras(const JSONNode& entry) {
 
 } // namespace
 
-OpenCodeMCP::OpenCodeMCP(OpenCodePaths paths) : m_paths(std::move(paths)) {}
-
-JSONLiteral::Object OpenCodeMCP::members() const {
-    return {
-        {"type", JSONLiteral::string("local")},
-        {"command", JSONLiteral::array({JSONLiteral::string(m_paths.mcpCommand())})},
-        {std::string(enabledKey), JSONLiteral::boolean(true)},
-    };
-}
+OpenCodeMCP::OpenCodeMCP(OpenCodePaths paths)
+    : m_paths(std::move(paths)),
+      m_members{
+          {"type", JSONLiteral::string("local")},
+          {"command", JSONLiteral::array({JSONLiteral::string(m_paths.mcpCommand())})},
+          {std::string(enabledKey), JSONLiteral::boolean(true)},
+      } {}
 
 JSONLiteral OpenCodeMCP::entry() const {
-    return JSONLiteral::object(members());
+    return JSONLiteral::object(m_members);
 }
 
 std::optional<JSONNode> OpenCodeMCP::node(const JSONDocument& document) {
@@ -108,7 +106,8 @@ OpenCodeMCP::Ownership OpenCodeMCP::ownership(const JSONNode& entry,
 }
 
 OpenCodeMCP::Readable OpenCodeMCP::read(std::string_view bytes) {
-    return JSONBlock::read(bytes, dialect, {{}, {serversKey}, entryPath()});
+    static const std::array<JSONPath, 3> objects{JSONPath{}, JSONPath{serversKey}, entryPath()};
+    return JSONBlock::read(bytes, dialect, objects);
 }
 
 std::optional<std::string> OpenCodeMCP::unreadableReason(std::string_view bytes) {
@@ -151,9 +150,9 @@ std::vector<std::string> OpenCodeMCP::driftReasons(const JSONNode& found,
     auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
     const auto matches = [&](const JSONLiteral::Member& member) {
         const auto stated = found.member(member.key);
-        return member.key == enabledKey || (stated && stated->value(bytes) == member.value.value());
+        return member.key == enabledKey || (stated && member.value.isStatedBy(*stated, bytes));
     };
-    if (*command == m_paths.mcpCommand() && !std::ranges::all_of(members(), matches))
+    if (*command == m_paths.mcpCommand() && !std::ranges::all_of(m_members, matches))
         reasons.emplace_back(Drift::otherShape);
     if (isSwitchedOff(found))
         reasons.emplace_back(switchedOffText);
@@ -189,9 +188,9 @@ OpenCodeMCP::installed(std::string_view bytes, const JSONDocument& document) con
             installed.created.insert(Created::openCodeMCPObject);
     } else {
         // One member after the other, so that a comment beside them stays.
-        for (const auto& [key, value] : members()) {
+        for (const auto& [key, value] : m_members) {
             const auto stated = node(draft.document())->member(key);
-            if (stated && (key == enabledKey || stated->value(draft.bytes()) == value.value()))
+            if (stated && (key == enabledKey || value.isStatedBy(*stated, draft.bytes())))
                 continue;
             if (stated)
                 installed.commentsReplaced += JSONComments::lineCount(

@@ -74,10 +74,10 @@ public:
                                         const ConnectorReceipt& receipt);
 
 private:
-    JSONLiteral::Object members() const;
     std::vector<std::string> driftReasons(const JSONNode& found, std::string_view bytes) const;
 
     OpenCodePaths m_paths;
+    JSONLiteral::Object m_members; ///< of the entry as this build writes it
 };
 
 } // namespace wendlow

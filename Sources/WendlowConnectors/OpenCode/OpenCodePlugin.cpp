@@ -143,19 +143,18 @@ export default {
 }
 )js";
 
-bool isUTF8(std::string_view bytes) {
-    const char* const end = bytes.data() + bytes.size();
-    for (const char* at = bytes.data(); at != end;) {
-        const auto sequence = JSONBytes::utf8Sequence(at, end);
-        if (!sequence.valid)
-            return false;
-        at += sequence.length;
-    }
-    return true;
-}
-
 std::string hookLine(const std::filesystem::path& hookBinary) {
     return "const HOOK = " + JSONLiteral::quote(hookBinary.string());
+}
+
+/// The same as comparing with `source`.
+bool isSource(std::string_view bytes, const std::filesystem::path& hookBinary) {
+    if (!bytes.starts_with(beforeHook) || !bytes.ends_with(afterHook) ||
+        bytes.size() < beforeHook.size() + afterHook.size())
+        return false;
+    bytes.remove_prefix(beforeHook.size());
+    bytes.remove_suffix(afterHook.size());
+    return bytes == hookLine(hookBinary);
 }
 
 } // namespace
@@ -165,9 +164,9 @@ std::string source(const std::filesystem::path& hookBinary) {
 }
 
 PluginOwnership ownership(std::string_view bytes, const std::filesystem::path& hookBinary) {
-    if (bytes == source(hookBinary))
+    if (isSource(bytes, hookBinary))
         return PluginOwnership::current;
-    const bool isOurs = bytes.starts_with(header) && isUTF8(bytes);
+    const bool isOurs = bytes.starts_with(header) && JSONBytes::isUTF8(bytes);
     return isOurs ? PluginOwnership::otherBuild : PluginOwnership::foreign;
 }
 

@@ -66,3 +66,5 @@ void EditorDetails::retire() {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorDetails.cpp"

@@ -25,3 +25,5 @@ void FaceModel::setOpen(bool open) {
 }
 
 } // namespace wendlow
+
+#include "moc_FaceModel.cpp"

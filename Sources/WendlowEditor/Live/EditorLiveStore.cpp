@@ -122,3 +122,5 @@ void EditorLiveStore::settleLoad(const EditorAnswer& baseline, LiveScopes::Readi
 }
 
 } // namespace wendlow
+
+#include "moc_EditorLiveStore.cpp"

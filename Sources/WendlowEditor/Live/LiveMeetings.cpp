@@ -117,3 +117,5 @@ QCoro::Task<EditorLineDelete> LiveMeetings::deleteLine(std::string meeting, std:
 }
 
 } // namespace wendlow
+
+#include "moc_LiveMeetings.cpp"

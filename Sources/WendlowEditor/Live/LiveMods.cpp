@@ -62,3 +62,5 @@ QCoro::Task<> LiveMods::read() {
 }
 
 } // namespace wendlow
+
+#include "moc_LiveMods.cpp"

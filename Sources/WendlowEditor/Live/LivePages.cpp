@@ -111,3 +111,5 @@ void LivePages::count(const EditorAnswer& whole) {
 }
 
 } // namespace wendlow
+
+#include "moc_LivePages.cpp"

@@ -131,3 +131,5 @@ QCoro::Task<EditorWriteOutcome> LiveRules::addRule(std::string text, std::string
 }
 
 } // namespace wendlow
+
+#include "moc_LiveRules.cpp"

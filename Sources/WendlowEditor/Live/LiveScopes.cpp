@@ -50,3 +50,5 @@ QCoro::Task<EditorWriteOutcome> LiveScopes::mapFolder(std::string folder, std::s
 }
 
 } // namespace wendlow
+
+#include "moc_LiveScopes.cpp"

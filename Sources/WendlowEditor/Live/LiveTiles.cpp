@@ -69,3 +69,5 @@ QCoro::Task<EditorTile> LiveTiles::fetch(std::int64_t key) {
 }
 
 } // namespace wendlow
+
+#include "moc_LiveTiles.cpp"

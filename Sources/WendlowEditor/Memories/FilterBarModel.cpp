@@ -180,3 +180,5 @@ bool FilterBarModel::panelPicked() const {
 }
 
 } // namespace wendlow
+
+#include "moc_FilterBarModel.cpp"

@@ -51,3 +51,5 @@ QHash<int, QByteArray> FilterValues::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_FilterLists.cpp"

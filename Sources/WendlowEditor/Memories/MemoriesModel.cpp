@@ -246,3 +246,5 @@ bool MemoriesModel::reading() const {
 }
 
 } // namespace wendlow
+
+#include "moc_MemoriesModel.cpp"

@@ -230,3 +230,5 @@ bool MemoryFaceModel::stripWarns() const {
 }
 
 } // namespace wendlow
+
+#include "moc_MemoryFaceModel.cpp"

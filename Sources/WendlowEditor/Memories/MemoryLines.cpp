@@ -237,3 +237,5 @@ QHash<int, QByteArray> MemoryLines::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_MemoryLines.cpp"

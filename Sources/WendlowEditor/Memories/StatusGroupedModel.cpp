@@ -126,3 +126,5 @@ QString StatusGroupedModel::footer() const {
 }
 
 } // namespace wendlow
+
+#include "moc_StatusGroupedModel.cpp"

@@ -35,3 +35,5 @@ QHash<int, QByteArray> TypeCards::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_TypeCards.cpp"

@@ -30,36 +30,60 @@ std::string tidied(std::string_view path) {
 std::string unescaped(std::string_view text) {
     constexpr std::array<std::pair<std::string_view, char>, 4> entities{
         {{"&quot;", '"'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}}};
+    auto mark = text.find('&');
+    if (mark == std::string_view::npos)
+        return std::string(text);
     std::string plain;
     plain.reserve(text.size());
-    while (!text.empty()) {
-        const auto mark = std::min(text.find('&'), text.size());
+    for (; mark != std::string_view::npos; mark = text.find('&')) {
         plain += text.substr(0, mark);
         text.remove_prefix(mark);
-        if (text.empty())
-            break;
         const auto entity = std::ranges::find_if(
             entities, [&](const auto& each) { return text.starts_with(each.first); });
         const bool found = entity != entities.end();
         plain += found ? entity->second : '&';
         text.remove_prefix(found ? entity->first.size() : 1);
     }
-    return plain;
+    return plain += text;
 }
 
-/// What stands between the quotes of an attribute, as it is written.
-std::optional<std::string_view> written(std::string_view name, std::string_view line) {
-    constexpr std::string_view opening = "=\"";
-    for (auto at = line.find(name); at != std::string_view::npos; at = line.find(name, at + 1)) {
-        const std::string_view rest = line.substr(at + name.size());
-        if (!rest.starts_with(opening))
+/// What stands between the quotes of each of these attributes, as it is written; nothing for one
+/// that is not there or never closes. The first of a name counts, wherever it stands.
+template<std::size_t count>
+std::array<std::optional<std::string_view>, count>
+written(const std::array<std::string_view, count>& names, std::string_view line) {
+    std::array<std::optional<std::string_view>, count> values;
+    std::array<bool, count> isFound{};
+    for (auto at = line.find('='); at != std::string_view::npos; at = line.find('=', at + 1)) {
+        if (!line.substr(at + 1).starts_with('"'))
             continue;
-        const auto end = rest.find('"', opening.size());
-        if (end == std::string_view::npos)
-            return std::nullopt;
-        return rest.substr(opening.size(), end - opening.size());
+        for (std::size_t which = 0; which < count; ++which) {
+            if (isFound[which] || !line.substr(0, at).ends_with(names[which]))
+                continue;
+            isFound[which] = true;
+            if (const auto end = line.find('"', at + 2); end != std::string_view::npos)
+                values[which] = line.substr(at + 2, end - at - 2);
+        }
     }
-    return std::nullopt;
+    return values;
+}
+
+/// What a rule's line says; nothing of one that names no memory at its end.
+struct RuleParts {
+    std::string_view id;
+    std::string_view text;
+};
+std::optional<RuleParts> ruleParts(std::string_view line) {
+    constexpr std::string_view opening = "·m:";
+    constexpr std::string_view closing = "·";
+    line.remove_prefix(std::min<std::size_t>(2, line.size()));
+    if (!line.ends_with(closing))
+        return std::nullopt;
+    line.remove_suffix(closing.size());
+    const auto mark = line.rfind(opening);
+    if (mark == std::string_view::npos || mark + opening.size() == line.size())
+        return std::nullopt;
+    return RuleParts{line.substr(mark + opening.size()), Blanks::trimmed(line.substr(0, mark))};
 }
 
 } // namespace
@@ -73,22 +97,27 @@ EditorRulesCard EditorRulesCard::parse(std::string scope, std::string card) {
         const auto end = std::min(rest.find('\n'), rest.size());
         const std::string_view line = Blanks::trimmed(rest.substr(0, end));
         rest.remove_prefix(std::min(end + 1, rest.size()));
-        if (line.starts_with("⚠ Wendlow —")) {
-            made.warning = line;
-            continue;
-        }
-        if (const auto ofScope = headingScope(line)) {
-            heading = ofScope;
-            continue;
-        }
+        // Neither a warning nor a heading begins so.
         if (heading && line.starts_with("- ")) {
-            if (auto rule = ruleLine(line, *heading))
-                made.inlineRules.push_back(*std::move(rule));
+            if (const auto parts = ruleParts(line)) {
+                EditorRuleLine& rule = made.inlineRules.emplace_back();
+                rule.id = parts->id;
+                rule.text = parts->text;
+                rule.scope.emplace(*heading);
+            }
             continue;
         }
-        if (!line.empty())
+        if (line.starts_with('<')) {
             heading.reset();
-        made.takeTag(line);
+            made.takeTag(line);
+            continue;
+        }
+        if (line.starts_with("⚠ Wendlow —"))
+            made.warning = line;
+        else if (const auto ofScope = headingScope(line))
+            heading = ofScope;
+        else if (!line.empty())
+            heading.reset();
     }
     return made;
 }
@@ -98,20 +127,20 @@ void EditorRulesCard::takeTag(std::string_view line) {
         root = attribute("root", line).value_or("");
         return;
     }
-    if (!line.starts_with('<') || !line.ends_with("/>"))
+    if (!line.ends_with("/>"))
         return;
     const auto name = tagName(line);
-    const auto trigger = written("trigger", line);
-    const auto file = written("file", line);
-    const auto rev = decimalInteger(written("rev", line).value_or(""));
-    if (!name || !trigger || !file || !rev)
+    const auto [trigger, file, rev] =
+        written(std::to_array<std::string_view>({"trigger", "file", "rev"}), line);
+    const auto number = decimalInteger(rev.value_or(""));
+    if (!name || !trigger || !file || !number)
         return;
     EditorRulesFileEntry& entry = files.emplace_back();
     entry.name = *name;
     entry.trigger = unescaped(*trigger);
     entry.file = unescaped(*file);
     entry.scope = fileScope(entry.file);
-    entry.rev = *rev;
+    entry.rev = *number;
 }
 
 bool EditorRulesCard::isNewShape() const {
@@ -135,25 +164,17 @@ std::optional<std::string_view> EditorRulesCard::headingScope(std::string_view l
 
 std::optional<EditorRuleLine> EditorRulesCard::ruleLine(std::string_view line,
                                                         std::string_view scope) {
-    constexpr std::string_view opening = "·m:";
-    constexpr std::string_view closing = "·";
-    line.remove_prefix(std::min<std::size_t>(2, line.size()));
-    if (!line.ends_with(closing))
+    const auto parts = ruleParts(line);
+    if (!parts)
         return std::nullopt;
-    line.remove_suffix(closing.size());
-    const auto mark = line.rfind(opening);
-    if (mark == std::string_view::npos || mark + opening.size() == line.size())
-        return std::nullopt;
-    std::optional<EditorRuleLine> made(std::in_place);
-    made->id = line.substr(mark + opening.size());
-    made->text = Blanks::trimmed(line.substr(0, mark));
-    made->scope = scope;
-    return made;
+    return EditorRuleLine{.id = std::string(parts->id),
+                          .text = std::string(parts->text),
+                          .scope = std::string(scope)};
 }
 
 std::optional<std::string> EditorRulesCard::attribute(std::string_view name,
                                                       std::string_view line) {
-    const auto value = written(name, line);
+    const auto [value] = written(std::array{name}, line);
     return value ? std::optional(unescaped(*value)) : std::nullopt;
 }
 
@@ -166,9 +187,15 @@ std::optional<std::string_view> EditorRulesCard::tagName(std::string_view line) 
 }
 
 std::string EditorRulesCard::fileScope(std::string_view path) {
-    std::string folder = tidied(path);
-    folder.erase(std::min(folder.rfind('/'), folder.size()));
-    return folder.empty() ? "/" : folder;
+    while (path.ends_with('/'))
+        path.remove_suffix(1);
+    const auto name = path.rfind('/');
+    if (name == std::string_view::npos)
+        return "/";
+    std::string folder = tidied(path.substr(0, name));
+    if (folder.empty())
+        folder = "/";
+    return folder;
 }
 
 } // namespace wendlow

@@ -140,3 +140,5 @@ QString RuleComposerModel::nameFault() const {
 }
 
 } // namespace wendlow
+
+#include "moc_RuleComposerModel.cpp"

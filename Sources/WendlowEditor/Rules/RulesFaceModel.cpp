@@ -226,3 +226,5 @@ QString RulesFaceModel::outcome() const {
 }
 
 } // namespace wendlow
+
+#include "moc_RulesFaceModel.cpp"

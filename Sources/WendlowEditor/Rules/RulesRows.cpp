@@ -118,3 +118,5 @@ QHash<int, QByteArray> RulesRows::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_RulesRows.cpp"

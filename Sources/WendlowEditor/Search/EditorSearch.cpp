@@ -373,3 +373,5 @@ QString EditorSearch::trouble() const {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorSearch.cpp"

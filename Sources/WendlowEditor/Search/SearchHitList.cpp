@@ -85,3 +85,5 @@ QHash<int, QByteArray> SearchHitList::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_SearchHitList.cpp"

@@ -28,3 +28,5 @@ void SeededStore::resetWorld() {
 }
 
 } // namespace wendlow
+
+#include "moc_SeededStore.cpp"

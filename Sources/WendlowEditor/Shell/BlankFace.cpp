@@ -73,3 +73,5 @@ QString BlankFace::words() const {
 }
 
 } // namespace wendlow
+
+#include "moc_BlankFace.cpp"

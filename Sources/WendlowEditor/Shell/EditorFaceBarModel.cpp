@@ -93,3 +93,5 @@ QHash<int, QByteArray> EditorFaceBarModel::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorFaceBarModel.cpp"

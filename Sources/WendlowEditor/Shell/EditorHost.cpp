@@ -46,3 +46,5 @@ void EditorHost::letGo() {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorHost.cpp"

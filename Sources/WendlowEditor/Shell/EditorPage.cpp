@@ -75,3 +75,5 @@ void EditorPage::retire() {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorPage.cpp"

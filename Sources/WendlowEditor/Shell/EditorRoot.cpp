@@ -259,3 +259,5 @@ QVariantList EditorRoot::faces() const {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorRoot.cpp"

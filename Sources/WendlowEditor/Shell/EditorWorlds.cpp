@@ -47,3 +47,5 @@ void EditorWorlds::resetWorld() {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorWorlds.cpp"

@@ -143,3 +143,5 @@ QHash<int, QByteArray> RailModel::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_RailModel.cpp"

@@ -16,3 +16,5 @@ void EditorStore::tell(EditorChanges what) {
 }
 
 } // namespace wendlow
+
+#include "moc_EditorStore.cpp"

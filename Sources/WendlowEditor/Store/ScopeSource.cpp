@@ -20,3 +20,5 @@ std::vector<const EditorScope*> ScopeSource::ancestors(std::string_view path) co
 }
 
 } // namespace wendlow
+
+#include "moc_ScopeSource.cpp"

@@ -187,3 +187,5 @@ void BusPeer::close() {
 }
 
 } // namespace wendlow
+
+#include "moc_BusPeer.cpp"

@@ -7,6 +7,7 @@
 #include "Observation.h"
 
 #include <functional>
+#include <memory>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -89,12 +90,21 @@ struct FaultSweep {
     std::function<Verdict(const ProgramRun&)> verdict;
     std::string lacks = ""; ///< calls that the disk does not know
 
+    /// Its process, which waits for the next run, and for those of this sweep's copies.
+    mutable std::shared_ptr<FaultyProgram> started = nullptr;
+
     FaultyRun run(DiskFault fault) const {
         std::filesystem::remove_all(root);
         prepare();
+        return runAgain(std::move(fault));
+    }
+    /// The same on what the last run left.
+    FaultyRun runAgain(DiskFault fault) const {
+        if (!started)
+            started = std::make_shared<FaultyProgram>(program, arguments);
         fault.root = root.string();
         fault.lacks = lacks;
-        return runFaulty(program, arguments, fault);
+        return started->run(fault);
     }
 
     /// Runs once for every call, with that call going wrong. `only`, where given, says at which.

@@ -1,6 +1,8 @@
 // Stands between a program and the C library (LD_PRELOAD) and counts the calls that concern one
 // folder, so that a test can let the nth of them go wrong, as root too. FaultyDisk.h tells how.
 
+#include "FaultMessage.h"
+
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -12,7 +14,9 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -20,37 +24,34 @@
 
 namespace {
 
+using wendlow::testing::FaultMessage;
+using wendlow::testing::FaultReply;
+
 /// What a call does to the disk: a full one refuses only what needs room, a broken one all changes.
 enum class Effect { looks, changes, needsRoom };
 enum class Fault { none, error, shortened, corrupted, killed, killedAfter };
 
 struct Settings {
-    const char* root = std::getenv("WENDLOW_FAULT_ROOT");
-    long at = number("WENDLOW_FAULT_AT");
-    int error = errorNamed(text("WENDLOW_FAULT_ERRNO"));
-    Fault fault = faultNamed(text("WENDLOW_FAULT_ERRNO"), text("WENDLOW_FAULT_KILL"));
-    bool persists = std::strcmp(text("WENDLOW_FAULT_MODE"), "persist") == 0;
-    const char* command = std::getenv("WENDLOW_FAULT_RUN");
-    const char* lacking = text("WENDLOW_FAULT_LACKS");
-    std::FILE* trace = std::getenv("WENDLOW_FAULT_TRACE") != nullptr
-                           ? std::fopen(std::getenv("WENDLOW_FAULT_TRACE"), "ae")
-                           : nullptr;
+    FaultMessage told;
+    int error = 0;
+    Fault fault = Fault::none;
+    std::FILE* trace = nullptr;
 
-    Settings() { unsetenv("LD_PRELOAD"); } // what the program starts is not watched
-
+    void take(const FaultMessage& message) {
+        told = message;
+        error = errorNamed(told.error.data());
+        fault = faultNamed(told.error.data(), told.kill.data());
+        if (told.trace[0] != '\0')
+            trace = std::fopen(told.trace.data(), "ae");
+    }
     /// What a file system says that does not know a call; 0 for one that does.
     int lacks(const char* call) const {
-        const char* const found = std::strstr(lacking, call);
+        const char* const found = std::strstr(told.lacks.data(), call);
         const char behind = found == nullptr ? 'x' : found[std::strlen(call)];
         if (behind != ' ' && behind != '\0')
             return 0;
         return std::strcmp(call, "renameat2") == 0 ? EINVAL : EPERM;
     }
-    static const char* text(const char* name) {
-        const char* value = std::getenv(name);
-        return value == nullptr ? "" : value;
-    }
-    static long number(const char* name) { return std::strtol(text(name), nullptr, 10); }
     static int errorNamed(const char* name) {
         constexpr struct {
             const char* name;
@@ -73,13 +74,32 @@ struct Settings {
     }
 };
 
-Settings& settings() {
-    static Settings one;
-    return one;
-}
+constinit Settings settings; // of this run; until it begins nothing is watched
 
+/// Starting a program costs more than all that it does, and under sanitizers many times more. So it
+/// is started once, waits here before its first line, and what runs are copies of it.
 [[gnu::constructor]] void begin() {
-    settings(); // before the program can start another one
+    unsetenv("LD_PRELOAD"); // what the program starts is not watched
+    const char* const told = std::getenv("WENDLOW_FAULT_CHANNEL");
+    if (told == nullptr)
+        return;
+    const int channel = static_cast<int>(std::strtol(told, nullptr, 10));
+    FaultMessage message;
+    while (recv(channel, &message, sizeof message, 0) == ssize_t{sizeof message}) {
+        const pid_t child = fork();
+        if (child == 0) {
+            close(channel);
+            setpgid(0, 0);
+            alarm(30);
+            settings.take(message);
+            return;
+        }
+        FaultReply reply{.process = child, .status = -1};
+        while (waitpid(child, &reply.status, 0) < 0 && errno == EINTR) {
+        }
+        send(channel, &reply, sizeof reply, MSG_NOSIGNAL);
+    }
+    _exit(0);
 }
 
 std::atomic<bool> watchedDescriptors[4096];
@@ -90,8 +110,8 @@ bool isWatched(int descriptor) {
     return descriptor >= 0 && descriptor < 4096 && watchedDescriptors[descriptor];
 }
 bool isWatched(const char* path) {
-    const char* root = settings().root;
-    if (root == nullptr || path == nullptr)
+    const char* const root = settings.told.root.data();
+    if (*root == '\0' || path == nullptr)
         return false;
     const auto length = std::strlen(root);
     return std::strncmp(path, root, length) == 0 && (path[length] == '/' || path[length] == '\0');
@@ -116,19 +136,20 @@ public:
     Call(const char* call, Effect effect, Subject subject) : m_watched(subject.watched) {
         if (!m_watched)
             return;
-        const Settings& set = settings();
+        const FaultMessage& told = settings.told;
         const long index = ++callCount;
-        if (set.trace != nullptr) {
-            std::fprintf(set.trace, "%ld %s %s\n", index, call, subject.name);
-            std::fflush(set.trace);
+        if (settings.trace != nullptr) {
+            std::fprintf(settings.trace, "%ld %s %s\n", index, call, subject.name);
+            std::fflush(settings.trace);
         }
-        if (index == set.at) {
-            m_fault = set.fault;
-            if (set.command != nullptr)
-                (void)std::system(set.command);
-        } else if (index > set.at && set.at > 0 && set.persists && set.fault == Fault::error &&
+        if (index == told.at) {
+            m_fault = settings.fault;
+            if (told.command[0] != '\0')
+                (void)std::system(told.command.data());
+        } else if (index > told.at && told.at > 0 && told.persists &&
+                   settings.fault == Fault::error &&
                    (effect == Effect::needsRoom ||
-                    (effect == Effect::changes && set.error != ENOSPC))) {
+                    (effect == Effect::changes && settings.error != ENOSPC))) {
             m_fault = Fault::error;
         }
         if (m_fault == Fault::killed)
@@ -145,12 +166,12 @@ public:
     Fault fault() const { return m_fault; }
     bool fails() const {
         if (m_fault == Fault::error)
-            errno = settings().error;
+            errno = settings.error;
         return m_fault == Fault::error;
     }
     /// The same, or the file system does not know the call.
     bool failsOrLacks(const char* call) const {
-        const int error = m_watched ? settings().lacks(call) : 0;
+        const int error = m_watched ? settings.lacks(call) : 0;
         if (error != 0)
             errno = error;
         return error != 0 || fails();
@@ -264,7 +285,7 @@ extern "C" ssize_t read(int file, void* room, size_t size) {
 extern "C" ssize_t write(int file, const void* bytes, size_t size) {
     NEXT(write);
     Call call("write", Effect::needsRoom, file);
-    if (call.fault() == Fault::error && settings().error != EINTR) {
+    if (call.fault() == Fault::error && settings.error != EINTR) {
         (void)!real(file, bytes, size / 2); // a disk that fills up has taken some of it
         (void)call.fails();
         return -1;

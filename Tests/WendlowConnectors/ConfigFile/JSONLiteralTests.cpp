@@ -1,5 +1,7 @@
 #include "ConfigFile/JSONLiteral.h"
 
+#include "ConfigFile/JSONText.h"
+
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -37,6 +39,35 @@ TEST(JSONLiteral, rendersInBothStyles) {
                                             {"b", {false}},
                                             {"l", {V::Array()}},
                                             {"o", {V::Object()}}}}));
+}
+
+TEST(JSONLiteral, isStatedByWhatHasItsValue) {
+    const auto literal = JSONLiteral::object(
+        {{"b", JSONLiteral::array({JSONLiteral::boolean(true), JSONLiteral::string("t")})},
+         {"n", JSONLiteral::number(-30)},
+         {"o", JSONLiteral::object({})}});
+    const std::pair<std::string, bool> cases[] = {
+        {R"({"b":[true,"t"],"n":-30,"o":{}})", true},
+        {R"({ "o": {}, "n": -30, "b": [ true, "\u0074" ] })", true},
+        {R"({"n":3,"b":[true,"t"],"o":7,"n":-30,"o":{}})", true}, // the last of a name counts
+        {R"({"b":[true,"t"],"n":-30,"o":{},"n":3})", false},
+        {R"({"b":[true,"t"],"n":-30,"o":{},"p":1})", false},
+        {R"({"b":[true,"t"],"n":-30})", false},
+        {R"({"b":[true,"t"],"n":-30.0,"o":{}})", false},
+        {R"({"b":[true,"t"],"n":"-30","o":{}})", false},
+        {R"({"b":[true,"t"],"n":-30,"o":[]})", false},
+        {R"({"b":["t",true],"n":-30,"o":{}})", false},
+        {R"({"b":[true,"t",1],"n":-30,"o":{}})", false},
+        {R"({"b":[true],"n":-30,"o":{}})", false},
+        {R"({"b":[null,"t"],"n":-30,"o":{}})", false},
+        {R"([{"b":[true,"t"],"n":-30,"o":{}}])", false},
+    };
+    for (const auto& [bytes, isStated] : cases) {
+        const auto root = JSONText::scanWithTrivia(bytes, JSONDialect::json);
+        ASSERT_TRUE(root) << bytes;
+        EXPECT_EQ(literal.isStatedBy(root->root(), bytes), isStated) << bytes;
+        EXPECT_EQ(root->root().value(bytes) == literal.value(), isStated) << bytes;
+    }
 }
 
 } // namespace

@@ -123,22 +123,41 @@ TEST(JSONText, tellsTheFirstFailureAndWhere) {
 
 // Strings are read by blocks of bytes: each byte is judged alike wherever in a block it stands.
 TEST(JSONText, judgesEveryByteAtEveryPlace) {
-    for (std::size_t place = 0; place < 24; ++place) {
+    constexpr std::size_t length = 44;
+    for (std::size_t place = 0; place < length; ++place) {
         for (int byte = 0; byte < 256; ++byte) {
-            std::string bytes = "\"" + std::string(24, 'a') + "\"";
+            std::string bytes = "\"" + std::string(length, 'a') + "\"";
             bytes[1 + place] = static_cast<char>(byte);
             const std::string told =
-                byte < 0x20 ? "a string holds an unescaped control character (at byte 0)"
-                : byte == '\\'
-                    ? (place < 23 ? "a string holds an escape that is not JSON's (at byte 0)"
-                                  : "the document ended inside a string (at byte 0)")
+                byte < 0x20    ? "a string holds an unescaped control character (at byte 0)"
+                : byte == '\\' ? (place < length - 1
+                                      ? "a string holds an escape that is not JSON's (at byte 0)"
+                                      : "the document ended inside a string (at byte 0)")
                 : byte == '"'
                     ? fmt::format("there are bytes after the top-level value (at byte {})",
                                   2 + place)
                 : byte >= 0x80 ? "a string holds bytes that are not UTF-8 (at byte 0)"
-                               : "S0-26";
+                               : "S0-46";
             EXPECT_EQ(scanned(bytes, strict), told) << place << ' ' << byte;
         }
+        for (const char blank : {' ', '\t', '\n', '\r', '\v', '\f', '\0'}) {
+            auto bytes = std::string(length, ' ') + "1";
+            bytes[place] = blank;
+            EXPECT_EQ(scanned(bytes, strict),
+                      JSONText::isWhitespace(blank)
+                          ? "N44-45"
+                          : fmt::format("a value was expected (at byte {})", place));
+        }
+    }
+}
+
+TEST(JSONText, givesTheRangesOfWhatIsTooLongToBeCounted) {
+    for (const std::size_t length : {(1U << 20U) - 2, (1U << 20U) - 1, 1U << 20U}) {
+        const std::string digits(length, '1'),
+            text = "\"" + std::string(length - 4, 'a') + "\\\"\"";
+        const std::string bytes = fmt::format("[{},{}]", digits, text);
+        EXPECT_EQ(scanned(bytes, strict), fmt::format("A0-{}[N1-{}][S{}-{}]", bytes.size(),
+                                                      1 + length, 2 + length, 2 + 2 * length));
     }
 }
 
