@@ -28,3 +28,5 @@ void DaemonSwitch::endWrite() {
 }
 
 } // namespace wendlow
+
+#include "moc_DaemonSwitch.cpp"

@@ -49,3 +49,5 @@ bool HeldAlt::eventFilter(QObject* watched, QEvent* event) {
 }
 
 } // namespace wendlow
+
+#include "moc_HeldAlt.cpp"

@@ -448,3 +448,5 @@ QString PrivacyModel::diagnosticLoggingDetail() const {
 }
 
 } // namespace wendlow
+
+#include "moc_PrivacyModel.cpp"

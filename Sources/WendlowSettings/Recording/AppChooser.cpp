@@ -114,3 +114,5 @@ QCoro::Task<> AppChooser::chooseOther() {
 }
 
 } // namespace wendlow
+
+#include "moc_AppChooser.cpp"

@@ -194,3 +194,5 @@ QCoro::Task<> RecordingControlModel::remove(std::string id) {
 }
 
 } // namespace wendlow
+
+#include "moc_RecordingControlModel.cpp"

@@ -166,3 +166,5 @@ QHash<int, QByteArray> RuleGroup::roleNames() const {
 }
 
 } // namespace wendlow
+
+#include "moc_RuleGroup.cpp"

@@ -41,3 +41,5 @@ QImage SiteIcon::draw(QSizeF size, qreal pixelRatio) const {
 }
 
 } // namespace wendlow
+
+#include "moc_SiteIcon.cpp"

@@ -264,3 +264,5 @@ QString RecoveryModel::accepted() const {
 }
 
 } // namespace wendlow
+
+#include "moc_RecoveryModel.cpp"
