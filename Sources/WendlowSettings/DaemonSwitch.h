@@ -25,7 +25,7 @@ public:
     /// Of one time between two writes.
     using Age = int;
 
-    using QObject::QObject;
+    explicit DaemonSwitch(QObject* parent) : QObject(parent) {}
 
     bool isKnown() const { return m_known; }
     bool isOn() const { return m_on; }

@@ -10,7 +10,7 @@ namespace wendlow {
 /// Tells whether Alt is held while its window is in front, whatever else is pressed meanwhile: what
 /// shows only then can be clicked. It watches every key of the application, for one that a menu has
 /// taken never comes to the item that looks for this. UI thread.
-class HeldAlt final : public QObject {
+class HeldAlt : public QObject {
     Q_OBJECT
     QML_ELEMENT
     /// Anything in the window.

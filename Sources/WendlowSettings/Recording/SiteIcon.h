@@ -11,7 +11,7 @@ namespace wendlow {
 /// A small picture from bytes that somebody else has made, scaled to fit; draws nothing for bytes
 /// that are none, and never a large one. UI thread.
 // The base is named in full: the tool that writes the types for the linter does not look names up.
-class SiteIcon final : public wendlow::DrawnItem {
+class SiteIcon : public wendlow::DrawnItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QByteArray bytes READ bytes WRITE setBytes NOTIFY bytesChanged FINAL)
