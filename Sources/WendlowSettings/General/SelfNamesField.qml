@@ -59,6 +59,11 @@ Column {
         width: block.width
         text: block.model.selfNamesRefusal
     }
+    Item {
+        visible: block.model.selfNamesRefusal.length > 0
+        width: 1
+        height: 6
+    }
     Label {
         width: Math.min(block.width, Theme.scaled(620))
         role: Label.Role.Small

@@ -10,7 +10,7 @@ Item {
 
     readonly property bool stacked: form.width < Theme.scaled(260)
 
-    signal left
+    signal ended
 
     implicitHeight: buttons.y + buttons.height + (told.visible ? told.height + 6 : 0) + Theme.space8
 
@@ -19,7 +19,7 @@ Item {
 
     function leave(): void {
         form.group.cancel();
-        form.left();
+        form.ended();
     }
 
     Field {

@@ -163,7 +163,7 @@ FocusScope {
             RuleField {
                 width: column.width
                 group: view.group
-                onLeft: add.forceActiveFocus(LastInput.reason)
+                onEnded: add.forceActiveFocus(LastInput.reason)
             }
         }
     }

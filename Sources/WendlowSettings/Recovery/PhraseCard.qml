@@ -13,7 +13,7 @@ Card {
     readonly property int columns: card.width < Theme.scaled(420) ? 2 : 3
     readonly property int rows: Math.ceil(card.model.words.length / card.columns)
 
-    height: content.height + 2 * Theme.cardPadding
+    height: content.height + 2 * Theme.cardPadding - Theme.space8
 
     Column {
         id: content
