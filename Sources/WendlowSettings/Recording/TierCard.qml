@@ -73,17 +73,17 @@ Card {
             rowSpacing: Theme.space16
 
             Repeater {
-                model: card.groups
+                model: card.groups.length
 
                 delegate: RuleGroupView {
                     id: view
 
-                    required property var modelData
+                    required property int index
 
                     visible: view.group.stands || view.group.count > 0
                     width: card.columnWidth
                     height: view.implicitHeight
-                    group: view.modelData
+                    group: card.groups[view.index]
                     tierTitle: card.title
                     known: card.known
                     onAppWanted: card.appWanted(view.group)
