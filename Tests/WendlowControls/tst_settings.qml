@@ -101,7 +101,7 @@ Item {
             const cancel = here("Cancel", "Button_", toggle.Window.contentItem);
             tryVerify(() => cancel.activeFocus);
             keyClick(Qt.Key_Return);
-            tryVerify(() => toggle.visualFocus, 5000, "the focus is given back");
+            tryVerify(() => toggle.activeFocus, 5000, "the focus is given back");
             verify(toggle.on);
         }
 

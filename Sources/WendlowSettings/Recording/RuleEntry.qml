@@ -60,7 +60,6 @@ T.ItemDelegate {
                 anchors.centerIn: parent
                 width: parent.width
                 role: Label.Role.GroupTitle
-                font.pixelSize: Theme.scaled(9)
                 text: entry.letter
                 color: Theme.textSecondOnTint
                 horizontalAlignment: Text.AlignHCenter

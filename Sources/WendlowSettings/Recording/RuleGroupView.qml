@@ -101,7 +101,11 @@ FocusScope {
             function go(to: int, reason: int): void {
                 list.currentIndex = Math.max(0, Math.min(to, list.count - 1));
                 list.positionViewAtIndex(list.currentIndex, ListView.Contain);
-                list.currentItem?.forceActiveFocus(reason);
+                const entry = list.currentItem as RuleEntry;
+                entry?.forceActiveFocus(reason);
+                // The view may have given it the focus by now, but not for this reason, which draws the ring.
+                if (entry)
+                    entry.focusReason = reason;
             }
 
             onCountChanged: if (list.owed >= 0)

@@ -218,7 +218,7 @@ TEST_F(PracticeGatewayAnswers, ComeOtherwiseForTheVerbsThatAreSteered) {
               R"({"failure":{"message":"the disk = full"}})");
     EXPECT_EQ(said(R"({"read":{"_0":{"getRules":{}}}})"),
               R"({"unimplemented":{"verb":"get_rules"}})");
-    EXPECT_EQ(said(R"({"notes":{"_0":{"selfNames":{}}}})"), R"({"lineDelete":{"_0":"deleted"}})");
+    EXPECT_EQ(said(R"({"notes":{"_0":{"selfNames":{}}}})"), R"({"lineDelete":{"_0":"notFound"}})");
     EXPECT_EQ(said(R"({"read":{"_0":{"frameKeepState":{}}}})"), R"({"flag":{"_0":true}})");
 }
 
