@@ -157,7 +157,8 @@ endfunction()
 add_library(wendlow_glue_pch STATIC ${CMAKE_BINARY_DIR}/pch/none.cpp)
 set_target_properties(wendlow_glue_pch PROPERTIES DISABLE_PRECOMPILE_HEADERS OFF)
 target_link_libraries(wendlow_glue_pch PUBLIC Qt6::Quick)
-target_compile_definitions(wendlow_glue_pch PRIVATE ${WENDLOW_QT_DEFINITIONS})
+target_compile_definitions(wendlow_glue_pch PRIVATE
+    ${WENDLOW_QT_DEFINITIONS} QT_PLUGIN QT_STATICPLUGIN QT_DEPRECATED_WARNINGS)
 target_precompile_headers(wendlow_glue_pch PRIVATE <QtQml/qqml.h> <QtQml/qqmlextensionplugin.h>
     <QtQml/qqmlprivate.h> <QtPlugin>)
 

@@ -77,6 +77,15 @@ Gateways& Gateways::running() {
     return gateways;
 }
 
+const char* Gateways::withMoments() {
+    if (!m_moments)
+        m_moments.emplace(WENDLOW_PRACTICE_GATEWAY,
+                          std::vector<std::string>{"--name", momentsName, "--fill", "moments",
+                                                   "--database",
+                                                   (m_data / "moments/practice.db").string()});
+    return momentsName;
+}
+
 EditorWindow::EditorWindow(const std::string& gatewayName)
     : m_client(clientOf(gatewayName)), m_silent(QDBusConnection(QStringLiteral("none"))),
       m_application(surroundings(m_silent, m_client)),

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace wendlow::benchmarks {
@@ -33,16 +34,20 @@ class Gateways {
 public:
     static constexpr const char* practiceName = "works.fenmoor.wendlow.gateway";
     static constexpr const char* recordingName = "works.fenmoor.wendlow.recording";
+    /// Started when it is first asked for: one with 50,000 moments.
+    static constexpr const char* momentsName = "works.fenmoor.wendlow.moments";
 
     Gateways();
     static Gateways& running();
     const std::string& address() const { return m_bus.address(); }
+    const char* withMoments();
 
 private:
     testing::PrivateBus m_bus;
     testing::TemporaryHome m_data;
     testing::GatewayProcess m_practice;
     testing::GatewayProcess m_recording;
+    std::optional<testing::GatewayProcess> m_moments;
 };
 
 /// The Editor's window as the application makes it. It is there, with its first page, and at rest.

@@ -3,15 +3,14 @@
 #include "EditorWindow.h"
 #include "FrameWork.h"
 #include "Memories/MemoryFaceModel.h"
+#include "Scrolling.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <QTimer>
 
 #include <algorithm>
-#include <functional>
 
 namespace wendlow::benchmarks {
 
@@ -19,38 +18,6 @@ namespace {
 
 constexpr int rowsWanted = 10'000;
 constexpr int rowHeight = 56;
-/// A fast wheel: so much of the list goes by from one frame to the next.
-constexpr int rowsPerFrame = 5;
-
-/// Moves a list by some rows for each frame of a screen of 60 a second, until it is done or, at the
-/// end of the list, for so long as `isOver` says no.
-void scroll(QQuickWindow& window, QQuickItem& list, const std::function<bool()>& isOver) {
-    QTimer frames;
-    frames.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&frames, &QTimer::timeout, &list, [&] {
-        const double end = list.property("originY").toDouble() +
-                           list.property("contentHeight").toDouble() - list.height();
-        const double next = list.property("contentY").toDouble() + rowsPerFrame * rowHeight;
-        list.setProperty("contentY", std::max(0.0, std::min(next, end)));
-        window.update();
-    });
-    frames.start(16);
-    runUntil(isOver, std::chrono::minutes(5));
-}
-
-bool isAtEnd(const QQuickItem& list) {
-    return list.property("atYEnd").toBool();
-}
-
-void report(benchmark::State& state, const FrameWork& frames) {
-    state.counters["frames"] = static_cast<double>(frames.frames());
-    state.counters["median_ms"] = frames.work().median;
-    state.counters["longest_ms"] = frames.work().longest;
-    state.counters["above_16_ms"] = frames.work().above16;
-    state.counters["drawing_median_ms"] = frames.drawing().median;
-    state.counters["drawing_longest_ms"] = frames.drawing().longest;
-}
-
 /// The window with a type open that has so many memories and more, all of those held: as a person
 /// comes to the last one of them from a search.
 class OpenList {
@@ -92,7 +59,7 @@ void scrollHeldRows(benchmark::State& state) {
     open.editor.rest();
     for (auto _ : state) {
         const FrameWork frames(open.editor.window());
-        scroll(open.editor.window(), *open.list, [&] {
+        scroll(open.editor.window(), *open.list, rowHeight, [&] {
             return open.list->property("contentY").toInt() > (rowsWanted - 40) * rowHeight;
         });
         report(state, frames);
@@ -110,7 +77,8 @@ void scrollWhileRowsCome(benchmark::State& state) {
     for (auto _ : state) {
         const FrameWork frames(open.editor.window());
         const int before = open.count();
-        scroll(open.editor.window(), *open.list, [&] { return open.count() >= before + more; });
+        scroll(open.editor.window(), *open.list, rowHeight,
+               [&] { return open.count() >= before + more; });
         report(state, frames);
     }
     state.counters["rows"] = open.count();
@@ -133,7 +101,7 @@ void scrollBareList(benchmark::State& state) {
     QQuickItem& list = *window.findChild<QQuickItem*>(QStringLiteral("list"));
     for (auto _ : state) {
         const FrameWork frames(window);
-        scroll(window, list, [&] { return isAtEnd(list); });
+        scroll(window, list, rowHeight, [&] { return isAtEnd(list); });
         report(state, frames);
     }
 }

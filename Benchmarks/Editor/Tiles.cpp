@@ -1,7 +1,8 @@
-// The Editor's window with its first page and as many pictures as it ever holds. Says how much
+// The Editor's window with 50,000 moments and as many pictures as it ever holds. Says how much
 // memory the process has, the way FirstFrame/measure.py reads it.
 
 #include "EditorWindow.h"
+#include "Moments/MomentsFaceModel.h"
 
 #include <QGuiApplication>
 
@@ -16,16 +17,21 @@ namespace wendlow::benchmarks {
 
 namespace {
 
-std::vector<std::int64_t> pictures(EditorLiveStore& store) {
-    EditorAsk ask{.term = {}};
-    ask.kind = EditorKind::moment;
-    ask.limit = 5 * static_cast<std::int64_t>(TileWindow::most);
-    const EditorAnswer answer = QCoro::waitFor(store.pages().query(ask, EditorAsker::page));
-    std::vector<std::int64_t> keys;
-    for (const EditorMoment& moment : answer.moments)
-        if (const auto key = moment.thumbnailKey(); key && moment.framed)
-            keys.push_back(*key);
-    return keys;
+/// Opens the moments, holds all of them, and scrolls until as many pictures have come as are kept.
+void scrollThroughPictures(EditorWindow& editor) {
+    EditorRoot& root = editor.root();
+    root.setFace(EditorFace::moments);
+    auto& face = static_cast<MomentsFaceModel&>(root.model(EditorFace::moments));
+    runUntil([&] { return face.grid()->count() > 0; });
+    face.goToEnd();
+    runUntil([&] { return face.grid()->count() >= 50'000; });
+    QQuickItem& view =
+        *editor.item(QStringLiteral("MomentCells"))->findChild<QQuickItem*>(QStringLiteral("view"));
+    const auto& tiles = editor.store().tiles().tiles();
+    for (double top = 0; tiles.size() < TileWindow::most; top += view.height()) {
+        view.setProperty("contentY", top);
+        editor.rest();
+    }
 }
 
 long residentKilobytes() {
@@ -38,12 +44,10 @@ long residentKilobytes() {
 
 void run(int argc, char** argv) {
     drawOffScreen();
-    Gateways::running();
+    const char* const gateway = Gateways::running().withMoments();
     const QGuiApplication application(argc, argv);
-    EditorWindow editor{Gateways::practiceName};
-    const std::vector<std::int64_t> keys = pictures(editor.store());
-    editor.store().tiles().showTiles(keys);
-    editor.rest();
+    EditorWindow editor{gateway};
+    scrollThroughPictures(editor);
     const auto& tiles = editor.store().tiles().tiles();
     std::size_t bytes = 0;
     for (const auto& [key, tile] : tiles)

@@ -24,6 +24,7 @@ import time
 # Of the time and of the memory of an empty window. None: there is no limit of its own.
 LIMITS = {
     "Settings window": (4.0, 2.2),
+    "Stats window": (4.0, 2.2),
     "Editor window, a day's memories": (6.0, None),
     "Editor window, 100,000 memories": (6.0, None),
     "Editor with its pictures": (None, 3.5),
@@ -109,6 +110,7 @@ def main():
         programs = {
             "empty window": ([build / "Benchmarks/FirstFrame/empty-window"], bare),
             "Settings window": ([settings, "--first-frame"], bare),
+            "Stats window": ([settings, "--window=stats", "--first-frame"], day),
             "Editor window, a day's memories": (editor, day),
             "Editor window, 100,000 memories": (editor, power),
         }

@@ -3,16 +3,23 @@
 #include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
+#include <boost/json/array.hpp>
+#include <boost/json/object.hpp>
 #include <boost/json/serialize.hpp>
 #include <fmt/format.h>
 
+#include "AnswerText.h"
+#include "Catalogue.h"
 #include "LineReader.h"
 #include "RPCMessage.h"
 
 namespace wendlow {
 
 namespace {
+
+namespace json = boost::json;
 
 /// In order of age; the last is offered to a client that asks for none of them.
 constexpr std::array<std::string_view, 3> revisions = {"2024-11-05", "2025-03-26", "2025-06-18"};
@@ -25,11 +32,11 @@ enum class ErrorCode {
 };
 
 std::string jsonText(std::string_view text) {
-    return boost::json::serialize(text);
+    return json::serialize(text);
 }
 
-std::string result(const RPCMessage& message, std::string_view json) {
-    return fmt::format(R"({{"jsonrpc":"2.0","id":{},"result":{}}})", message.id, json);
+std::string result(const RPCMessage& message, std::string_view value) {
+    return fmt::format(R"({{"jsonrpc":"2.0","id":{},"result":{}}})", message.id, value);
 }
 
 std::string failure(std::string_view id, ErrorCode code, std::string_view sentence) {
@@ -50,27 +57,45 @@ std::optional<std::string_view> fault(const RPCMessage& message) {
     return std::nullopt;
 }
 
+std::string listed() {
+    json::array tools;
+    for (const Tool& tool : Catalogue::tools())
+        tools.push_back(tool.listed());
+    return json::serialize(json::object{{"tools", std::move(tools)}});
+}
+
+/// What a call came to: a failure of the gateway is a result too, which the model reads.
+std::string content(const std::expected<std::string, std::string>& told) {
+    return fmt::format(R"({{"content":[{{"type":"text","text":{}}}],"isError":{}}})",
+                       jsonText(told ? *told : told.error()), !told);
+}
+
 } // namespace
 
-MCPServer::MCPServer(std::string version) : m_version(std::move(version)) {}
+MCPServer::MCPServer(std::string version, Door door)
+    : m_version(std::move(version)), m_door(std::move(door)) {}
 
-std::optional<std::string> MCPServer::handle(std::string_view line) const {
-    if (line.find_first_not_of(" \t\r") == std::string_view::npos)
-        return std::nullopt;
-    const auto input = RPCInput::parse(line);
+QCoro::Task<std::optional<std::string>> MCPServer::handle(std::string line) const {
+    if (line.find_first_not_of(" \t\r") == std::string::npos)
+        co_return std::nullopt;
+    auto input = RPCInput::parse(line);
+    line = {}; // it may be large, and an answer long in coming
     if (!input)
-        return failure("null", ErrorCode::parseError, "this is not JSON: " + input.error());
+        co_return failure("null", ErrorCode::parseError, "this is not JSON: " + input.error());
     if (!input->isBatch)
-        return answer(input->messages.front());
+        co_return co_await answer(std::move(input->messages.front()));
     if (input->messages.empty())
-        return failure("null", ErrorCode::invalidRequest, "a batch holds at least one request");
+        co_return failure("null", ErrorCode::invalidRequest, "a batch holds at least one request");
+    std::vector<QCoro::Task<std::optional<std::string>>> underWay;
+    for (RPCMessage& message : input->messages)
+        underWay.push_back(answer(std::move(message)));
     std::string answers;
-    for (const RPCMessage& message : input->messages)
-        if (const auto one = answer(message))
+    for (auto& task : underWay)
+        if (const auto one = co_await task)
             answers += (answers.empty() ? "" : ",") + *one;
     if (answers.empty())
-        return std::nullopt;
-    return fmt::format("[{}]", answers);
+        co_return std::nullopt;
+    co_return fmt::format("[{}]", answers);
 }
 
 std::string MCPServer::tooLong() {
@@ -78,30 +103,49 @@ std::string MCPServer::tooLong() {
                    fmt::format("a message has at most {} bytes", LineReader::lineLimit));
 }
 
-std::optional<std::string> MCPServer::answer(const RPCMessage& message) const {
+QCoro::Task<std::optional<std::string>> MCPServer::answer(RPCMessage message) const {
     if (const auto sentence = fault(message))
-        return failure(message.id, ErrorCode::invalidRequest, *sentence);
+        co_return failure(message.id, ErrorCode::invalidRequest, *sentence);
     // This server asks nothing of its client, so an answer is a stray one.
     if (message.identifier == RPCMessage::Identifier::absent || !message.method)
-        return std::nullopt;
+        co_return std::nullopt;
     const std::string& method = *message.method;
     if (method == "initialize")
-        return initialized(message);
+        co_return initialized(message);
     if (method == "ping")
-        return result(message, "{}");
+        co_return result(message, "{}");
     if (method == "tools/list")
-        return result(message, R"({"tools":[]})");
+        co_return result(message, listed());
     if (method == "tools/call")
-        return failure(message.id, ErrorCode::invalidParams,
-                       message.name ? "Unknown tool: " + *message.name : "tools/call names a tool");
-    return failure(message.id, ErrorCode::methodNotFound, "Method not found: " + method);
+        co_return co_await called(std::move(message));
+    co_return failure(message.id, ErrorCode::methodNotFound, "Method not found: " + method);
+}
+
+QCoro::Task<std::optional<std::string>> MCPServer::called(RPCMessage message) const {
+    const auto invalid = [&](std::string_view sentence) {
+        return failure(message.id, ErrorCode::invalidParams, sentence);
+    };
+    const auto name = message.text("name");
+    if (!name)
+        co_return invalid("tools/call names a tool");
+    const Tool* const tool = Catalogue::find(*name);
+    if (tool == nullptr)
+        co_return invalid("Unknown tool: " + *name);
+    const json::value* const arguments = message.parameter("arguments");
+    auto request = tool->read(arguments == nullptr ? json::value() : *arguments);
+    if (!request)
+        co_return invalid(request.error());
+    message.params = nullptr;
+    const GatewayResponse response = co_await m_door().send(std::move(*request));
+    co_return result(message, content(AnswerText::told(response, tool->name)));
 }
 
 std::string MCPServer::initialized(const RPCMessage& message) const {
-    if (!message.protocolVersion)
+    const auto asked = message.text("protocolVersion");
+    if (!asked)
         return failure(message.id, ErrorCode::invalidParams, "initialize names a protocolVersion");
-    const bool isKnown = std::ranges::find(revisions, *message.protocolVersion) != revisions.end();
-    const std::string_view revision = isKnown ? *message.protocolVersion : revisions.back();
+    const bool isKnown = std::ranges::find(revisions, *asked) != revisions.end();
+    const std::string_view revision = isKnown ? *asked : revisions.back();
     return result(message, fmt::format(R"({{"protocolVersion":{},"capabilities":{{"tools":{{}}}},)"
                                        R"("serverInfo":{{"name":"wendlow","version":{}}}}})",
                                        jsonText(revision), jsonText(m_version)));

@@ -1,11 +1,14 @@
 #include "RPCMessage.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <limits>
+#include <utility>
 
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/json/serialize.hpp>
+#include <boost/json/value_stack.hpp>
 #include <fmt/format.h>
 
 namespace wendlow {
@@ -17,10 +20,11 @@ using boost::json::string_view;
 
 constexpr std::size_t depthLimit = 512;
 
-enum class Kind { object, array, text, number, other };
+enum class Kind { container, object, text, number, other };
 
-/// Picks the few members that matter out of the parser's events and keeps no document. A number's
-/// text is at hand only here, and an identifier may be larger than any number type.
+/// Picks the members that matter out of the parser's events and keeps of the parameters alone a
+/// document. A number's text is at hand only here, and an identifier may be larger than any number
+/// type.
 struct Picker {
     static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
     static constexpr std::size_t max_object_size = unlimited;
@@ -29,22 +33,22 @@ struct Picker {
     static constexpr std::size_t max_string_size = unlimited;
 
     RPCInput input;
-    std::size_t depth = 0;
-    std::string text;      ///< of the string that is being read
-    std::string key;       ///< of the message's present member
-    std::string parameter; ///< of the parameters' present member
-    bool hasNamedParameters = false;
+    std::ptrdiff_t depth = 0;
+    std::string text; ///< of the string that is being read
+    std::string key;  ///< of the message's present member
+    boost::json::value_stack params;
 
     /// How far inside a message the parser is: 0 is outside.
-    std::size_t level() const { return depth - (input.isBatch ? 1 : 0); }
+    std::ptrdiff_t level() const { return depth - (input.isBatch ? 1 : 0); }
+    bool isInParams() const { return level() >= 2 && key == "params"; }
 
     void value(Kind kind, std::string_view content = {}) {
-        if (level() == 0)
+        if (level() == 0) {
+            key.clear(); // what is no object has no members
             input.messages.push_back({.isObject = kind == Kind::object});
-        else if (level() == 1 && input.messages.back().isObject)
+        } else if (level() == 1 && input.messages.back().isObject) {
             member(input.messages.back(), kind, content);
-        else if (level() == 2 && key == "params" && hasNamedParameters)
-            namedParameter(input.messages.back(), kind, content);
+        }
     }
 
     void member(RPCMessage& message, Kind kind, std::string_view content) {
@@ -63,87 +67,115 @@ struct Picker {
             if (kind == Kind::text)
                 message.method = content;
         } else if (key == "params") {
-            hasNamedParameters = kind == Kind::object;
+            message.params = nullptr;
+            params.reset();
         } else if (key == "result" || key == "error") {
             message.isAnswer = true;
         }
     }
 
-    void namedParameter(RPCMessage& message, Kind kind, std::string_view content) const {
-        if (kind == Kind::text && parameter == "protocolVersion")
-            message.protocolVersion = content;
-        else if (kind == Kind::text && parameter == "name")
-            message.name = content;
+    bool begin(Kind kind) {
+        value(kind);
+        ++depth;
+        return true;
     }
-
-    bool number(string_view digits) {
-        value(Kind::number, digits);
+    template<class Push> bool end(const Push& push) {
+        const bool isOfParams = isInParams();
+        --depth;
+        if (isOfParams)
+            push();
+        if (isOfParams && level() == 1)
+            input.messages.back().params = params.release();
+        return true;
+    }
+    /// A value without parts.
+    template<class Push> bool plain(const Push& push, Kind kind, string_view content = {}) {
+        if (isInParams())
+            push();
+        else
+            value(kind, content);
+        return true;
+    }
+    /// A piece of a string or of a key.
+    bool part(string_view piece) {
+        if (isInParams())
+            params.push_chars(piece);
+        else
+            text += piece;
         return true;
     }
 
     bool on_document_begin(error_code&) { return true; }
     bool on_document_end(error_code&) { return true; }
-    bool on_object_begin(error_code&) {
-        value(Kind::object);
-        ++depth;
-        return true;
-    }
-    bool on_object_end(std::size_t, error_code&) {
-        --depth;
-        return true;
+    bool on_object_begin(error_code&) { return begin(Kind::object); }
+    bool on_object_end(std::size_t size, error_code&) {
+        return end([&] { params.push_object(size); });
     }
     bool on_array_begin(error_code&) {
-        if (depth == 0)
-            input.isBatch = true;
-        else
-            value(Kind::array);
+        if (depth > 0)
+            return begin(Kind::container);
+        input.isBatch = true;
         ++depth;
         return true;
     }
-    bool on_array_end(std::size_t, error_code&) {
-        --depth;
-        return true;
+    bool on_array_end(std::size_t size, error_code&) {
+        return end([&] { params.push_array(size); });
     }
-    bool on_key_part(string_view part, std::size_t, error_code&) {
-        text += part;
-        return true;
-    }
-    bool on_key(string_view part, std::size_t, error_code&) {
-        text += part;
+    bool on_key_part(string_view piece, std::size_t, error_code&) { return part(piece); }
+    bool on_key(string_view piece, std::size_t, error_code&) {
+        if (isInParams()) {
+            params.push_key(piece);
+            return true;
+        }
+        text += piece;
         if (level() == 1)
             key = text;
-        else if (level() == 2)
-            parameter = text;
         text.clear();
         return true;
     }
-    bool on_string_part(string_view part, std::size_t, error_code&) {
-        text += part;
-        return true;
-    }
-    bool on_string(string_view part, std::size_t, error_code&) {
-        text += part;
+    bool on_string_part(string_view piece, std::size_t, error_code&) { return part(piece); }
+    bool on_string(string_view piece, std::size_t, error_code&) {
+        if (isInParams()) {
+            params.push_string(piece);
+            return true;
+        }
+        text += piece;
         value(Kind::text, text);
         text.clear();
         return true;
     }
     bool on_number_part(string_view, error_code&) { return true; }
-    bool on_int64(std::int64_t, string_view digits, error_code&) { return number(digits); }
-    bool on_uint64(std::uint64_t, string_view digits, error_code&) { return number(digits); }
-    bool on_double(double, string_view digits, error_code&) { return number(digits); }
-    bool on_bool(bool, error_code&) {
-        value(Kind::other);
-        return true;
+    bool on_int64(std::int64_t number, string_view digits, error_code&) {
+        return plain([&] { params.push_int64(number); }, Kind::number, digits);
+    }
+    bool on_uint64(std::uint64_t number, string_view digits, error_code&) {
+        return plain([&] { params.push_uint64(number); }, Kind::number, digits);
+    }
+    bool on_double(double number, string_view digits, error_code&) {
+        return plain([&] { params.push_double(number); }, Kind::number, digits);
+    }
+    bool on_bool(bool flag, error_code&) {
+        return plain([&] { params.push_bool(flag); }, Kind::other);
     }
     bool on_null(error_code&) {
-        value(Kind::other);
-        return true;
+        return plain([&] { params.push_null(); }, Kind::other);
     }
     bool on_comment_part(string_view, error_code&) { return true; }
     bool on_comment(string_view, error_code&) { return true; }
 };
 
 } // namespace
+
+const boost::json::value* RPCMessage::parameter(std::string_view name) const {
+    return params.is_object() ? params.get_object().if_contains(name) : nullptr;
+}
+
+std::optional<std::string> RPCMessage::text(std::string_view name) const {
+    const boost::json::value* const value = parameter(name);
+    if (value == nullptr || !value->is_string())
+        return std::nullopt;
+    return std::string(value->get_string());
+}
 
 std::expected<RPCInput, std::string> RPCInput::parse(std::string_view line) try {
     boost::json::parse_options options;

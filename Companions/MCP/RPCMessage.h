@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include <boost/json/value.hpp>
+
 namespace wendlow {
 
 /// One message of JSON-RPC 2.0, as far as the server looks at it.
@@ -18,8 +20,12 @@ struct RPCMessage {
     Identifier identifier = Identifier::absent;
     std::string id = "null"; ///< as JSON, a number in its sender's own spelling
     std::optional<std::string> method = std::nullopt;
-    std::optional<std::string> protocolVersion = std::nullopt; ///< of the parameters
-    std::optional<std::string> name = std::nullopt;            ///< of the parameters
+    boost::json::value params = nullptr; ///< an object, an array, or nothing
+
+    /// A parameter by its name; nothing where there are none by name.
+    const boost::json::value* parameter(std::string_view name) const;
+    /// The same for one that is to be a text.
+    std::optional<std::string> text(std::string_view name) const;
 };
 
 /// What stood on one line: a message, or a batch of them.

@@ -2,46 +2,55 @@
 // standard output. It ends, and ends well, when the tool closes either.
 
 #include "ClientVersion.h"
-#include "LineReader.h"
+#include "Conversation.h"
+#include "MCPGatewayName.h"
 #include "MCPServer.h"
+#include "XPCClient.h"
 
-#include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <map>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 
+#include <QCoreApplication>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
-/// False when nobody reads any more.
-bool writeAll(std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
-        if (written < 0 && errno != EINTR)
-            return false;
-        if (written > 0)
-            text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
+using namespace wendlow;
+
+std::string gatewayName() {
+    std::map<std::string, std::string, std::less<>> environment;
+    const std::string key(MCPGatewayName::overrideKey);
+    if (const char* const value = std::getenv(key.c_str()))
+        environment.emplace(key, value);
+    return MCPGatewayName::resolve(environment);
 }
 
 } // namespace
 
-int main() {
-    using wendlow::LineReader;
+int main(int count, char** words) {
+    // The number of a closed one would be given to what is opened next, such as the bus.
+    for (const int standard : {STDIN_FILENO, STDOUT_FILENO})
+        if (::fcntl(standard, F_GETFD) < 0)
+            return EXIT_SUCCESS;
+    if (::fcntl(STDERR_FILENO, F_GETFD) < 0 && ::open("/dev/null", O_WRONLY) != STDERR_FILENO)
+        return EXIT_SUCCESS;
     std::signal(SIGPIPE, SIG_IGN);
-    const wendlow::MCPServer server(wendlow::ClientVersion::current());
-    LineReader reader(STDIN_FILENO);
-    while (true) {
-        const LineReader::Outcome outcome = reader.next();
-        if (outcome == LineReader::Outcome::end)
-            return 0;
-        const std::optional<std::string> answer = outcome == LineReader::Outcome::tooLong
-                                                      ? wendlow::MCPServer::tooLong()
-                                                      : server.handle(reader.line());
-        if (answer && !writeAll(*answer + '\n'))
-            return 0;
-    }
+    const QCoreApplication application(count, words);
+    std::optional<XPCClient> client;
+    const auto door = [&]() -> WendlowClient& {
+        if (!client) {
+            XPCClient::Options options;
+            options.machServiceName = gatewayName();
+            client.emplace(std::move(options));
+        }
+        return *client;
+    };
+    const MCPServer server(ClientVersion::current(), door);
+    const Conversation conversation(server);
+    return QCoreApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "PracticeGateway.h"
 
 #include <exception>
+#include <tuple>
 #include <utility>
 
 #include <QCoroFuture>
@@ -49,6 +50,19 @@ std::expected<void, std::string> PracticeGateway::fill(FillSize size) {
     return m_rooms->fill(size);
 }
 
+void PracticeGateway::passTime() {
+    // A database that went bad is told to whoever asks next.
+    m_lane.start([this] {
+        std::ignore = m_rooms->passTime();
+        std::ignore = m_rooms->addMoment();
+    });
+}
+
+void PracticeGateway::answerDays(DayManner manner) {
+    m_lane.waitForDone();
+    m_days = manner;
+}
+
 void PracticeGateway::answerRules(RuleManner manner) {
     m_lane.waitForDone();
     m_rooms->rules().setManner(manner);
@@ -62,6 +76,16 @@ void PracticeGateway::protect(StoreProtection protection) {
 void PracticeGateway::keepTraceLogAt(const std::filesystem::path& file) {
     m_lane.waitForDone();
     m_rooms->daemon().keepTraceLogAt(file);
+}
+
+void PracticeGateway::meddleWithLines(std::vector<LineManner> manners) {
+    m_lane.waitForDone();
+    m_rooms->meetings().setManners(std::move(manners));
+}
+
+void PracticeGateway::answerMods(ModManner manner) {
+    m_lane.waitForDone();
+    m_rooms->mods().setManner(manner);
 }
 
 QCoro::Task<GatewayResponse> PracticeGateway::handle(GatewayRequest request) {
@@ -86,6 +110,7 @@ GatewayResponse PracticeGateway::answer(const GatewayRequest& request) try {
     if (auto locked = m_rooms->phrase().whileLocked(request.verb()))
         return std::move(*locked);
     GatewayResponse response = Dispatch::answer(request, m_rooms->all());
+    m_days.change(response);
     if (std::holds_alternative<GatewayCase::Control>(request))
         pushFront();
     return response;

@@ -6,13 +6,17 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <QThreadPool>
 
 #include "Client.h"
 #include "Clock.h"
+#include "DayManner.h"
 #include "Fill/FillSize.h"
 #include "GatewayEvent.h"
+#include "MeetingRoom.h"
+#include "ModRoom.h"
 #include "PhraseRoom.h"
 #include "RuleChain.h"
 
@@ -44,15 +48,24 @@ public:
     /// Waits for the requests that were taken.
     ~PracticeGateway() override;
 
-    /// Fills an empty database; any other is left as it is. Before the first request. The error is
-    /// a sentence.
+    /// Fills an empty database; in any other the days that were filled go on to now. Before the
+    /// first request. The error is a sentence.
     std::expected<void, std::string> fill(FillSize size);
+    /// The day goes on by the time that has passed since the last call, and one more moment comes.
+    /// Whatever is asked behind it knows of it.
+    void passTime();
     /// How it answers about rules. Before the first request.
     void answerRules(RuleManner manner);
     /// How its store is protected. Before the first request.
     void protect(StoreProtection protection);
     /// Where the diagnostic log is while it is kept. Before the first request.
     void keepTraceLogAt(const std::filesystem::path& file);
+    /// How it answers about days. Before the first request.
+    void answerDays(DayManner manner);
+    /// What happens to lines of meetings that are to be deleted. Before the first request.
+    void meddleWithLines(std::vector<LineManner> manners);
+    /// How it answers about mods. Before the first request.
+    void answerMods(ModManner manner);
 
     /// The calling thread needs an event loop; it gets the answer.
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override;
@@ -66,9 +79,10 @@ private:
     void pushFront();
 
     const Hooks m_hooks;
-    // Both of the lane's thread.
+    // These are of the lane's thread.
     const std::unique_ptr<PracticeRooms> m_rooms;
     std::optional<FrontRecording> m_front;
+    DayManner m_days;
     QThreadPool m_lane; ///< last, so that it ends first
 };
 

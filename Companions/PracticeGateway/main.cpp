@@ -58,6 +58,9 @@ End serve(const Options& options) {
         if (const auto filled = (*gateway)->fill(*options.fill); !filled)
             return complain(couldNotStart, filled.error());
     (*gateway)->answerRules(options.rules);
+    (*gateway)->answerDays(options.days);
+    (*gateway)->meddleWithLines(options.lines);
+    (*gateway)->answerMods(options.mods);
     if (options.recovery)
         (*gateway)->protect(*options.recovery);
     (*gateway)->keepTraceLogAt(std::filesystem::path(homeFolder()) / "Library" / "Logs" /
@@ -68,6 +71,10 @@ End serve(const Options& options) {
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&] { (*gateway)->lookAtFront(); });
     clock.start(std::chrono::seconds(1));
+    QTimer passing;
+    QObject::connect(&passing, &QTimer::timeout, [&] { (*gateway)->passTime(); });
+    if (options.live.count() > 0)
+        passing.start(options.live);
     QObject::connect(&service, &GatewayService::lost, qApp, &QCoreApplication::quit);
     if (const auto started = service.start(options.name); !started)
         return complain(couldNotStart, started.error());

@@ -10,8 +10,8 @@ Rectangle {
 
     readonly property string letters: ToolTiles.letters(tile.asset)
 
-    implicitWidth: 32
-    implicitHeight: 32
+    implicitWidth: Theme.scaled(32)
+    implicitHeight: Theme.scaled(32)
     radius: Theme.radiusButton
     color: Theme.well
     border.width: Theme.strokeHairline
@@ -30,6 +30,7 @@ Rectangle {
     Icon {
         visible: tile.letters.length === 0
         anchors.centerIn: parent
+        size: Theme.iconSize
         name: tile.glyph
         color: Theme.textSecondOnTint
     }

@@ -46,4 +46,10 @@ Column {
         ringed: true
         text: "a new rules module:"
     }
+    BenchHead {
+        width: forms.width
+        topPadding: Theme.space16
+        text: qsTr("Sheet")
+    }
+    BenchSheet { width: forms.width }
 }

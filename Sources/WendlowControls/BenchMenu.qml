@@ -2,7 +2,7 @@ import QtQuick
 
 // A menu as it looks when open, with its second line under the pointer.
 Rectangle {
-    implicitWidth: 232
+    implicitWidth: Theme.scaled(232)
     implicitHeight: lines.height + 10
     color: Theme.surface
     radius: Theme.radiusCard

@@ -61,7 +61,7 @@ Column {
     }
     Rectangle {
         width: tip.width + 16
-        height: 24
+        height: Theme.scaled(24)
         radius: Theme.radiusTile
         color: Theme.text
 
@@ -87,7 +87,7 @@ Column {
             required property var modelData
 
             width: half.width
-            height: 76
+            height: Theme.scaled(76)
             color: "transparent"
 
             EmptyState {

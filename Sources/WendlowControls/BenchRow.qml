@@ -10,8 +10,8 @@ Item {
     required property string text
     required property Component control
 
-    implicitWidth: 760
-    implicitHeight: 46
+    implicitWidth: Theme.scaled(760)
+    implicitHeight: Theme.scaled(46)
 
     Label {
         anchors.verticalCenter: parent.verticalCenter
@@ -27,7 +27,7 @@ Item {
 
             required property int index
 
-            x: 116 + Math.round(107.4 * cell.index)
+            x: Theme.scaled(116) + Theme.scaled(107.4 * cell.index)
             height: row.height
 
             Component.onCompleted: {
@@ -38,7 +38,7 @@ Item {
                     enabled: cell.index < 4,
                     busy: cell.index === 5
                 }) as Item;
-                shown.y = Math.round((cell.height - shown.height) / 2);
+                shown.y = Qt.binding(() => Math.round((cell.height - shown.height) / 2));
             }
         }
     }

@@ -2,7 +2,7 @@ import QtQuick
 
 // Places of a sidebar: at rest, under the pointer, open, focused.
 Rectangle {
-    implicitWidth: 208
+    implicitWidth: Theme.scaled(208)
     implicitHeight: places.height + 16
     color: Theme.sidebar
     radius: Theme.radiusCard

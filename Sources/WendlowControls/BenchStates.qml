@@ -12,7 +12,7 @@ Column {
     }
     Item {
         width: half.width
-        height: 20
+        height: Theme.scaled(20)
 
         Repeater {
             model: [qsTr("normal"), qsTr("hover"), qsTr("pressed"), qsTr("focused"), qsTr("disabled"), qsTr("busy")]
@@ -21,7 +21,7 @@ Column {
                 required property string modelData
                 required property int index
 
-                x: 116 + Math.round(107.4 * index)
+                x: Theme.scaled(116) + Theme.scaled(107.4 * index)
                 role: Label.Role.Caption
                 text: modelData
                 color: Theme.textSecond

@@ -71,4 +71,9 @@ T.Button {
         }
         FocusRing { shown: button.ringed }
     }
+
+    Hint {
+        text: button.text
+        wanted: (button.hovered || button.visualFocus) && (button.contentItem as ButtonFace).truncated
+    }
 }

@@ -11,7 +11,9 @@ Item {
     required property int role
     required property color ink
 
-    readonly property int lead: face.busy ? 22 : face.iconName.length > 0 ? 24 : 0
+    readonly property bool truncated: word.truncated
+
+    readonly property int lead: face.busy ? turning.size + row.spacing : face.iconName.length > 0 ? sign.size + row.spacing : 0
 
     implicitWidth: word.implicitWidth + face.lead
     implicitHeight: row.height
@@ -22,12 +24,15 @@ Item {
         spacing: 8
 
         Spinner {
+            id: turning
             visible: face.busy
-            size: 14
+            size: Theme.scaled(14)
             anchors.verticalCenter: parent.verticalCenter
         }
         Icon {
+            id: sign
             visible: face.iconName.length > 0 && !face.busy
+            size: Theme.iconSize
             name: face.iconName
             color: face.ink
             anchors.verticalCenter: parent.verticalCenter

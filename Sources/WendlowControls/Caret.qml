@@ -4,24 +4,24 @@ import QtQuick
 Rectangle {
     id: caret
 
-    required property TextInput field
+    required property TextInput input
 
     property bool lit: true
 
     width: 1
     color: Theme.accent
-    visible: caret.field.cursorVisible && caret.lit
+    visible: caret.input.cursorVisible && caret.lit
 
     Timer {
         id: blink
         interval: 500
         repeat: true
-        running: caret.field.cursorVisible && !Theme.reduceMotion
+        running: caret.input.cursorVisible && !Theme.reduceMotion
         onTriggered: caret.lit = !caret.lit
         onRunningChanged: caret.lit = true
     }
     Connections {
-        target: caret.field
+        target: caret.input
         function onCursorPositionChanged(): void {
             caret.lit = true;
             if (blink.running)

@@ -15,7 +15,7 @@ T.CheckBox {
     property bool sunk: row.down
     property bool ringed: row.visualFocus
 
-    implicitHeight: 32
+    implicitHeight: Theme.scaled(32)
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
     // Not `checkState`: what is set by that alone is never told to a screen reader.
@@ -34,10 +34,11 @@ T.CheckBox {
         anchors.fill: parent
 
         Rectangle {
+            id: box
             x: 12
             anchors.verticalCenter: parent.verticalCenter
-            width: 16
-            height: 16
+            width: Theme.iconSize
+            height: Theme.iconSize
             radius: Theme.radiusTag
             color: row.on ? Theme.accent : "transparent"
             border.width: row.on ? 0 : Theme.strokeControl
@@ -46,13 +47,14 @@ T.CheckBox {
             Icon {
                 visible: row.on
                 anchors.centerIn: parent
+                size: Theme.iconSize
                 name: "tick"
                 color: Theme.inkOnAccent
             }
         }
         Label {
             id: words
-            x: 38
+            x: box.x + box.width + 10
             width: number.x - x - 8
             anchors.verticalCenter: parent.verticalCenter
             text: row.text

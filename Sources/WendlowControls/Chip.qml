@@ -11,14 +11,14 @@ T.Button {
     property int picks: 0
     property bool open: false
     property bool picked: chip.picks > 0
-    property int widest: 260
+    property int widest: Theme.scaled(260)
 
     property bool lit: chip.hovered
     property bool sunk: chip.down
     property bool ringed: chip.visualFocus
 
     implicitWidth: Math.min(face.implicitWidth + 24, chip.widest)
-    implicitHeight: 28
+    implicitHeight: Theme.scaled(28)
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
 
@@ -34,7 +34,7 @@ T.Button {
     Item {
         id: face
 
-        readonly property real fixed: (first.visible ? first.width + 6 : 0) + (number.visible ? number.width + 7 : 0) + 18
+        readonly property real fixed: (first.visible ? first.width + 6 : 0) + (number.visible ? number.width + 7 : 0) + chevron.width + 6
 
         anchors.fill: parent
         anchors.leftMargin: 13
@@ -71,29 +71,30 @@ T.Button {
             Accessible.ignored: true
         }
         Icon {
+            id: chevron
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            size: 12
+            size: Theme.scaled(12)
             name: chip.open ? "up" : "down"
             color: chip.open ? Theme.accent : Theme.textSecondOnTint
         }
     }
 
     background: Rectangle {
-        radius: 14
+        radius: height / 2
         color: chip.picked ? Theme.accentSoft : Theme.surface
         border.width: chip.open || !chip.picked ? Theme.strokeHairline : 0
         border.color: chip.open ? Theme.accent : Theme.edge
 
         HoverFill {
             anchors.fill: parent
-            radius: 14
+            radius: height / 2
             lit: chip.lit || chip.sunk
             shade: chip.sunk ? Theme.pressed : Theme.hover
         }
         FocusRing {
             shown: chip.ringed
-            around: 14
+            around: chip.height / 2
         }
     }
 

@@ -15,8 +15,8 @@ T.RadioButton {
     property bool sunk: row.down
     property bool ringed: row.visualFocus
 
-    implicitWidth: words.implicitWidth + 28
-    implicitHeight: 28
+    implicitWidth: words.x + words.implicitWidth
+    implicitHeight: Theme.scaled(28)
     hoverEnabled: true
     checkable: false
     checked: row.on
@@ -40,9 +40,9 @@ T.RadioButton {
         Rectangle {
             id: ring
             anchors.verticalCenter: parent.verticalCenter
-            width: 16
-            height: 16
-            radius: 8
+            width: Theme.iconSize
+            height: Theme.iconSize
+            radius: height / 2
             color: row.on ? Theme.accent : "transparent"
             border.width: row.on ? 0 : Theme.strokeControl
             border.color: row.lit || row.sunk ? Theme.textSecondOnTint : Theme.control
@@ -50,19 +50,20 @@ T.RadioButton {
             Rectangle {
                 visible: row.on
                 anchors.centerIn: parent
-                width: 6
-                height: 6
-                radius: 3
+                // Even as the ring is, or odd, so that it is in its middle.
+                width: ring.width - 2 * Theme.scaled(5)
+                height: width
+                radius: height / 2
                 color: Theme.inkOnAccent
             }
             FocusRing {
                 shown: row.ringed
-                around: 8
+                around: ring.radius
             }
         }
         Label {
             id: words
-            x: 28
+            x: ring.width + 12
             width: Math.max(0, parent.width - x)
             anchors.verticalCenter: parent.verticalCenter
             text: row.text

@@ -29,7 +29,7 @@ Row {
 
             text: word.modelData.word
             implicitWidth: label.implicitWidth
-            implicitHeight: 24
+            implicitHeight: Theme.scaled(24)
             hoverEnabled: true
             checkable: false
             checked: word.picked

@@ -8,12 +8,15 @@ import QtQuick.Templates as T
 Flickable {
     id: bench
 
-    readonly property int margin: Math.max(10, Math.min(Theme.space48, (bench.width - 760) / 2))
+    readonly property int widest: Theme.scaled(760)
+    readonly property int margin: Math.max(10, Math.min(Theme.space48, (bench.width - bench.widest) / 2))
 
+    contentWidth: Math.max(bench.width, bench.widest + 2 * bench.margin)
     contentHeight: page.y + page.height + Theme.space48
     boundsBehavior: Flickable.StopAtBounds
 
     T.ScrollBar.vertical: ScrollBar {}
+    T.ScrollBar.horizontal: ScrollBar {}
 
     Rectangle {
         parent: bench
@@ -30,12 +33,14 @@ Flickable {
     Flow {
         id: page
         x: bench.margin
-        width: bench.width - 2 * x
-        y: 80
+        width: bench.contentWidth - 2 * x
+        y: Theme.space32 + Theme.scaled(48)
         spacing: Theme.space48
 
-        BenchStates { width: 760 }
-        BenchParts { width: 376 }
-        BenchForms { width: 376 }
+        BenchStates { width: bench.widest }
+        BenchParts { width: Theme.scaled(376) }
+        BenchForms { width: Theme.scaled(376) }
+        BenchLightbox { width: Theme.scaled(376) }
+        BenchPanels { width: bench.widest }
     }
 }

@@ -16,13 +16,13 @@ Column {
 
     Spinner {
         visible: empty.busy
-        size: 20
+        size: Theme.scaled(20)
         anchors.horizontalCenter: parent.horizontalCenter
     }
     Icon {
         visible: !empty.busy && empty.iconName.length > 0
         anchors.horizontalCenter: parent.horizontalCenter
-        size: 20
+        size: Theme.scaled(20)
         name: empty.iconName
         color: empty.failed ? Theme.warning : Theme.textSecond
     }

@@ -19,8 +19,8 @@ T.TextField {
 
     signal typed(string text)
 
-    implicitWidth: 200
-    implicitHeight: 32
+    implicitWidth: Theme.scaled(200)
+    implicitHeight: Theme.scaled(32)
     leftPadding: 10
     rightPadding: 10
     topPadding: 0
@@ -41,7 +41,7 @@ T.TextField {
         field.text = field.value
     onTextEdited: field.typed(field.text)
 
-    cursorDelegate: Caret { field: field }
+    cursorDelegate: Caret { input: field }
 
     background: Rectangle {
         radius: Theme.radiusButton

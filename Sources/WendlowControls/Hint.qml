@@ -23,7 +23,7 @@ Item {
                 text: hint.text
                 leading: hint.leading
                 // Below a row, and not over what stands beside it.
-                widest: hint.leading ? Math.min(480, hint.width - 28) : 480
+                widest: hint.leading ? Math.min(Theme.scaled(480), hint.width - 28) : Theme.scaled(480)
                 visible: true
             }
         }

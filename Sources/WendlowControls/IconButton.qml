@@ -7,8 +7,8 @@ T.AbstractButton {
     id: control
 
     required property string iconName
-    property int size: 28
-    property int iconSize: 16
+    property int size: Theme.scaled(28)
+    property int iconSize: Theme.iconSize
     property bool busy: false
     property string tip: control.text
 
@@ -42,6 +42,7 @@ T.AbstractButton {
         Spinner {
             visible: control.busy
             anchors.centerIn: parent
+            size: control.iconSize
         }
     }
 

@@ -7,7 +7,7 @@ T.Menu {
 
     // As wide as its widest line: a list does not know before it has laid itself out.
     readonly property real widest: {
-        let width = 160;
+        let width = Theme.scaled(160);
         for (let at = 0; at < menu.count; ++at)
             width = Math.max(width, menu.itemAt(at)?.implicitWidth ?? 0);
         return width;
@@ -28,6 +28,9 @@ T.Menu {
         Accessible.role: Accessible.PopupMenu
         Accessible.name: menu.title
     }
+
+    // The list is the menu to a screen reader. What the template puts around it would be another, of no name.
+    Component.onCompleted: menu.contentItem.parent.Accessible.ignored = true
 
     background: Rectangle {
         color: Theme.surface

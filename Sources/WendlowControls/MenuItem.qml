@@ -11,8 +11,8 @@ T.MenuItem {
 
     property bool lit: item.highlighted
 
-    implicitWidth: Math.max(160, implicitContentWidth)
-    implicitHeight: 28
+    implicitWidth: Math.max(Theme.scaled(160), implicitContentWidth)
+    implicitHeight: Theme.scaled(28)
     hoverEnabled: true
     focusPolicy: item.enabled ? Qt.StrongFocus : Qt.NoFocus
     activeFocusOnTab: item.enabled

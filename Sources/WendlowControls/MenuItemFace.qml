@@ -18,15 +18,17 @@ Item {
     implicitWidth: words.x + words.implicitWidth + 24 + (shortcut.text.length > 0 ? 24 + shortcut.implicitWidth : 0)
 
     Icon {
+        id: tick
         visible: face.ticked
         x: 7
         anchors.verticalCenter: parent.verticalCenter
+        size: Theme.iconSize
         name: "check"
         color: Theme.textSecondOnTint
     }
     Marked {
         id: words
-        x: 28 + face.indent
+        x: tick.x + tick.size + 5 + face.indent
         width: Math.min(implicitWidth, face.width - x - 8)
         anchors.verticalCenter: parent.verticalCenter
         plain: face.text

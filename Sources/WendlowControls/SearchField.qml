@@ -17,10 +17,10 @@ T.TextField {
 
     signal typed(string text)
 
-    implicitWidth: 200
-    implicitHeight: 32
-    leftPadding: 35
-    rightPadding: field.text.length > 0 ? 34 : 10
+    implicitWidth: Theme.scaled(200)
+    implicitHeight: Theme.scaled(32)
+    leftPadding: glass.x + glass.size + 8
+    rightPadding: field.text.length > 0 ? cross.size + 10 : 10
     topPadding: 0
     bottomPadding: 0
     verticalAlignment: TextInput.AlignVCenter
@@ -45,7 +45,7 @@ T.TextField {
         field.forceActiveFocus(Qt.MouseFocusReason);
     }
 
-    cursorDelegate: Caret { field: field }
+    cursorDelegate: Caret { input: field }
 
     background: Rectangle {
         radius: Theme.radiusButton
@@ -55,25 +55,30 @@ T.TextField {
     }
 
     Icon {
+        id: glass
         x: 11
         anchors.verticalCenter: parent.verticalCenter
+        size: Theme.iconSize
         name: "search"
         color: field.enabled ? Theme.textSecond : Theme.textSecondOnTint
     }
     Label {
         x: field.leftPadding
+        width: field.width - field.leftPadding - field.rightPadding
         anchors.verticalCenter: parent.verticalCenter
         visible: field.text.length === 0 && field.preeditText.length === 0
         text: field.prompt
         color: field.enabled ? Theme.textSecond : Theme.textSecondOnTint
+        elide: Text.ElideRight
         Accessible.ignored: true
     }
     IconButton {
+        id: cross
         anchors.right: parent.right
         anchors.rightMargin: 6
         anchors.verticalCenter: parent.verticalCenter
         visible: field.text.length > 0
-        size: 24
+        size: Theme.scaled(24)
         iconName: "clear"
         text: qsTr("Clear the search")
         focusPolicy: Qt.NoFocus

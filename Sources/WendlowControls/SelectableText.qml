@@ -1,4 +1,5 @@
 import QtQuick
+import WendlowControls
 
 // Words that can be selected with the pointer and copied, in one of the roles of the type scale.
 TextEdit {
@@ -10,6 +11,8 @@ TextEdit {
     required property string spoken
     property int role: Label.Role.Body
     property int line: Theme.lines[words.role]
+    // It can be reached by key, and all of it selected and copied there.
+    property bool tabStop: false
 
     color: Theme.text
     font: Theme.fonts[words.role]
@@ -17,8 +20,8 @@ TextEdit {
     selectedTextColor: Theme.text
     readOnly: true
     selectByMouse: true
-    // Reached by the pointer alone: who works by key copies the whole from the row.
-    activeFocusOnTab: false
+    // The keys move the page that it stands on, and no cursor that nobody sees.
+    activeFocusOnTab: words.tabStop
     wrapMode: TextEdit.Wrap
     horizontalAlignment: TextEdit.AlignLeft
     textFormat: TextEdit.RichText
@@ -32,5 +35,18 @@ TextEdit {
     onActiveFocusChanged: if (!words.activeFocus)
         words.deselect()
 
+    Keys.onPressed: event => {
+        event.accepted = words.tabStop && (event.matches(StandardKey.SelectAll) || event.matches(StandardKey.Copy));
+        if (event.accepted && event.matches(StandardKey.SelectAll))
+            words.selectAll();
+        else if (event.accepted)
+            words.copy();
+    }
+
+    FocusRing {
+        anchors.margins: -6
+        shown: words.tabStop && words.activeFocus && LastInput.byKey
+        inside: true
+    }
     HoverHandler { cursorShape: Qt.IBeamCursor }
 }

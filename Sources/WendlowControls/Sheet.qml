@@ -27,7 +27,7 @@ Item {
         if (sheet.open)
             return;
         if (sheet.before !== null && sheet.before.visible)
-            sheet.before.forceActiveFocus(Qt.PopupFocusReason);
+            sheet.before.forceActiveFocus(LastInput.reason);
         sheet.before = null;
         sheet.closed();
     }
@@ -46,13 +46,15 @@ Item {
         parent: sheet.overlay
         x: sheet.overlay ? Math.round((sheet.overlay.width - popup.width) / 2) : 0
         y: sheet.overlay ? Math.round((sheet.overlay.height - popup.height) / 2) : 0
-        width: sheet.overlay ? Math.min(440, sheet.overlay.width - 2 * Theme.space24) : 440
+        width: Math.min(Theme.scaled(440), sheet.overlay ? sheet.overlay.width - 2 * Theme.space24 : Infinity)
         height: Math.min(head.height + page.contentHeight + foot.height + 3 * Theme.space24, popup.tallest)
         padding: 0
         modal: true
         focus: true
         visible: sheet.open && sheet.overlay !== null
         closePolicy: T.Popup.NoAutoClose
+        // The panel is the dialog to a screen reader. What the template puts around it would be another, of no name.
+        Component.onCompleted: sheet.panel.parent.Accessible.ignored = true
         onAboutToShow: sheet.before = sheet.Window.activeFocusItem
         onClosed: back.start()
 
@@ -129,6 +131,12 @@ Item {
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignLeft
             Accessible.role: Accessible.Heading
+
+            HoverHandler { id: pointer }
+            Hint {
+                text: sheet.title
+                wanted: pointer.hovered && head.truncated
+            }
         }
         ScrollPage {
             id: page

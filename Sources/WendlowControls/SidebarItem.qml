@@ -16,7 +16,7 @@ T.TabButton {
     property bool sunk: control.down
     property bool ringed: control.visualFocus
 
-    implicitHeight: 36
+    implicitHeight: Theme.scaled(36)
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
     checkable: false
@@ -30,26 +30,30 @@ T.TabButton {
     Keys.onReturnPressed: control.clicked()
     Keys.onEnterPressed: control.clicked()
 
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+
         GradientTile {
+            id: tile
             x: 8
             anchors.verticalCenter: parent.verticalCenter
-            width: 22
-            height: 22
+            width: Theme.scaled(22)
+            height: Theme.scaled(22)
             radius: Theme.radiusTile
             from: control.here ? Theme.openTileTop : Theme.tileTop
             to: control.here ? Theme.openTileBottom : Theme.tileBottom
 
             Icon {
                 anchors.centerIn: parent
-                size: 14
+                size: Theme.scaled(14)
                 name: control.iconName
                 color: control.here ? Theme.openTileGlyph : Theme.tileGlyph
             }
         }
         Label {
+            id: words
             visible: !control.compact
-            x: 40
+            x: tile.x + tile.width + 10
             width: parent.width - x - 8
             anchors.verticalCenter: parent.verticalCenter
             role: control.here ? Label.Role.Strong : Label.Role.Body
@@ -72,6 +76,6 @@ T.TabButton {
 
     Hint {
         text: control.text
-        wanted: control.compact && (control.hovered || control.visualFocus)
+        wanted: (control.compact || words.truncated) && (control.hovered || control.visualFocus)
     }
 }

@@ -6,7 +6,7 @@ import WendlowControls
 Item {
     id: spinner
 
-    property int size: 16
+    property int size: Theme.iconSize
 
     implicitWidth: spinner.size
     implicitHeight: spinner.size

@@ -7,13 +7,14 @@ Item {
 
     required property string text
 
-    implicitWidth: 16
-    implicitHeight: 16
+    implicitWidth: Theme.iconSize
+    implicitHeight: Theme.iconSize
 
     Accessible.role: Accessible.Graphic
     Accessible.name: mark.text
 
     Icon {
+        size: Theme.iconSize
         name: "warn"
         color: Theme.warning
     }

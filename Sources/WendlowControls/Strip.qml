@@ -23,6 +23,8 @@ Rectangle {
 
     signal acted
 
+    // Where its words do.
+    readonly property int begin: words.x
     readonly property bool warns: strip.tone === Strip.Tone.Warning
     readonly property bool refuses: strip.tone === Strip.Tone.Refusal
 
@@ -36,14 +38,16 @@ Rectangle {
     Accessible.name: strip.text
 
     Icon {
+        id: mark
         x: 13
-        y: 12
+        y: words.y + Math.round((words.line - height) / 2)
+        size: Theme.iconSize
         name: strip.sign
         color: strip.warns ? Theme.warning : strip.refuses ? Theme.refusal : Theme.accent
     }
     Label {
         id: words
-        x: 39
+        x: mark.x + mark.size + 10
         y: 11
         width: strip.width - x - strip.reserved - (deed.visible ? deed.width + 8 : 13)
         role: strip.role
@@ -62,7 +66,7 @@ Rectangle {
         id: deed
         anchors.right: parent.right
         anchors.rightMargin: 5
-        y: 6
+        y: words.y + Math.round((words.line - height) / 2)
         visible: strip.action.length > 0
         kind: Button.Kind.Quiet
         small: true

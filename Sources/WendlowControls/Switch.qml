@@ -16,8 +16,8 @@ T.CheckBox {
     // Switched off while it works, a control loses the focus; it gets it back with the ring it had.
     property bool hadRing: false
 
-    implicitWidth: 36
-    implicitHeight: 20
+    implicitWidth: Theme.scaled(36)
+    implicitHeight: Theme.scaled(20)
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
     // Not `checkState`: what is set by that alone is never told to a screen reader.

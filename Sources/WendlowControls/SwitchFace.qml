@@ -29,12 +29,12 @@ Rectangle {
     Rectangle {
         id: knob
 
-        property int across: face.on ? 16 : 12
+        property int across: face.on ? Theme.scaled(16) : Theme.scaled(12)
 
         width: knob.across
         height: knob.across
         radius: knob.across / 2
-        x: face.on ? 18 : 4
+        x: face.on ? Theme.scaled(18) : Theme.scaled(4)
         anchors.verticalCenter: parent.verticalCenter
         color: !face.on ? face.offLine : face.enabled ? Theme.inkOnAccent : Theme.surface
 
@@ -49,6 +49,6 @@ Rectangle {
     }
     FocusRing {
         shown: face.ringed
-        around: 10
+        around: face.radius
     }
 }

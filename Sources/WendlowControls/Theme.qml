@@ -54,6 +54,9 @@ QtObject {
     readonly property color inkOnDestructive: dark ? "#230D0A" : "#FFFFFF"
     readonly property color scrim: dark ? Qt.rgba(0.035, 0.047, 0.063, 0.58) : Qt.rgba(0.122, 0.137, 0.157, 0.28)
 
+    // Behind what is shown large, dark by day too
+    readonly property color stage: Qt.rgba(0.035, 0.047, 0.063, dark ? 0.88 : 0.78)
+
     // The icon tiles of a sidebar, top and bottom of their gradient
     readonly property color tileTop: dark ? "#5B6570" : "#8B8D8B"
     readonly property color tileBottom: dark ? "#48525C" : "#717472"
@@ -79,10 +82,10 @@ QtObject {
         face(11, Font.DemiBold, 0.6),
         face(22, Font.Normal, -0.35)
     ]
-    readonly property var lines: [48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16, 16, 28].map(line => scaled(line))
+    readonly property var lines: all([48, 28, 20, 20, 20, 20, 16, 16, 16, 16, 16, 16, 16, 28])
     // Qt puts what a fixed line has over below its words. Pushed down by this, the middle between small
     // letters and capitals stands in the middle of the line.
-    readonly property var leads: [-1, 0, 0, 1, 1, 1, 0, 0, 0, 1, 1, 1, 1, 0]
+    readonly property var leads: all([-1, 0, 0, 1, 1, 1, 0, 0, 0, 1, 1, 1, 1, 0])
     // In strips and hints small words stand a little wider apart.
     readonly property int hintLine: scaled(18)
 
@@ -106,8 +109,9 @@ QtObject {
     readonly property real strokeControl: 1.5
     readonly property int strokeFocus: 2
 
+    readonly property int iconSize: scaled(16)
     readonly property int menuBarHeight: scaled(28)
-    readonly property int sidebarWidth: 224
+    readonly property int sidebarWidth: scaled(224)
     readonly property int buttonHeight: scaled(32)
     readonly property int smallButtonHeight: scaled(28)
 
@@ -115,13 +119,18 @@ QtObject {
     readonly property int fadeOut: reduceMotion ? 0 : 120
     readonly property int switchTurn: reduceMotion ? 0 : 140
     readonly property int disclosure: reduceMotion ? 0 : 160
+    readonly property int counting: reduceMotion ? 0 : 180
     readonly property int toolTipDelay: 500
     readonly property int spinnerTurn: 1000
 
-    // What holds words grows with them: the height of a row, of a field, a column of figures. Gaps and
-    // what is only drawn stay.
+    // What holds words grows with them: the height of a row, of a field, a column of figures, the icon
+    // beside them. Gaps and strokes stay.
     function scaled(size: real): int {
         return Math.round(size * textScale);
+    }
+
+    function all(sizes: var): var {
+        return sizes.map(size => scaled(size));
     }
 
     function face(size: int, weight: int, tracking: real): font {

@@ -5,13 +5,18 @@ import QtQuick.Templates as T
 T.ToolTip {
     id: tip
 
-    property int widest: 480
+    property int widest: Theme.scaled(480)
     // Begins where its parent does, and not in its middle.
     property bool leading: false
+    readonly property FontMetrics metrics: FontMetrics {
+        id: metrics
+        font: Theme.fonts[Label.Role.Caption]
+    }
 
     x: parent && !tip.leading ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height + 6 : 0
-    implicitWidth: Math.min(implicitContentWidth, tip.widest) + leftPadding + rightPadding
+    // Not the width of what is shown: wrapped, that depends on the width it is given.
+    implicitWidth: Math.min(Math.ceil(Math.max(...tip.text.split("\n").map(line => metrics.advanceWidth(line)))) + 1, tip.widest) + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     horizontalPadding: 8
     verticalPadding: 4

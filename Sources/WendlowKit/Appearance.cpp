@@ -38,17 +38,18 @@ template<class T> std::optional<T> exactly(const QVariant& value) {
 } // namespace
 
 struct Appearance::Setting {
-    enum class Meaning { colorScheme, reducedMotion, enableAnimations };
+    enum class Meaning { colorScheme, reducedMotion, enableAnimations, textScaling };
 
     Meaning meaning;
     const char* group;
     const char* key;
 
     static constexpr auto all() {
-        return std::array<Setting, 3>{
+        return std::array<Setting, 4>{
             {{Meaning::colorScheme, "org.freedesktop.appearance", "color-scheme"},
              {Meaning::reducedMotion, "org.freedesktop.appearance", "reduced-motion"},
-             {Meaning::enableAnimations, "org.gnome.desktop.interface", "enable-animations"}}};
+             {Meaning::enableAnimations, "org.gnome.desktop.interface", "enable-animations"},
+             {Meaning::textScaling, "org.gnome.desktop.interface", "text-scaling-factor"}}};
     }
 };
 
@@ -111,6 +112,9 @@ void Appearance::take(const Setting& setting, const QVariant& answer) {
     case Setting::Meaning::enableAnimations:
         m_enableAnimations = exactly<bool>(value);
         break;
+    case Setting::Meaning::textScaling:
+        m_textScaling = exactly<double>(value);
+        break;
     }
     publish();
 }
@@ -118,10 +122,13 @@ void Appearance::take(const Setting& setting, const QVariant& answer) {
 void Appearance::publish() {
     const bool dark = m_colorScheme == preferDark;
     const bool reduceMotion = m_reducedMotion == preferReduced || m_enableAnimations == false;
+    const double textScale = m_textScaling.value_or(1);
     if (std::exchange(m_dark, dark) != dark)
         Q_EMIT darkChanged();
     if (std::exchange(m_reduceMotion, reduceMotion) != reduceMotion)
         Q_EMIT reduceMotionChanged();
+    if (std::exchange(m_textScale, textScale) != textScale)
+        Q_EMIT textScaleChanged();
 }
 
 } // namespace wendlow

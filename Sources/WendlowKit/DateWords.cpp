@@ -65,6 +65,14 @@ QString shortened(const QLocale& locale, QChar dropped = {}) {
     return format;
 }
 
+/// Written out again, with what is between the fields.
+QString joined(const std::vector<Field>& fields) {
+    QString format;
+    for (const Field& field : fields)
+        format += field.letters + field.literal;
+    return format;
+}
+
 } // namespace
 
 QDateTime local(Date date) {
@@ -83,9 +91,27 @@ QString day(Date date, Date now, const QLocale& locale) {
     return locale.toString(wanted, shortened(locale, wanted.year() == today.year() ? u'y' : u'd'));
 }
 
+QString weekday(const QDate& day, const QDate& today, const QLocale& locale) {
+    QString format = locale.dateFormat(QLocale::LongFormat);
+    if (day.year() == today.year()) {
+        std::vector<Field> fields = fieldsOf(format);
+        std::erase_if(fields, [](const Field& field) { return field.letters.startsWith(u'y'); });
+        if (!fields.empty())
+            fields.back().literal = closing(fields.back().literal);
+        format = joined(fields);
+    }
+    return locale.toString(day, format);
+}
+
 QString dateAndTime(Date date, const QLocale& locale) {
     const QDateTime wanted = local(date);
     return locale.toString(wanted.date(), shortened(locale)) + QStringLiteral(", ") +
+           locale.toString(wanted.time(), QLocale::ShortFormat);
+}
+
+QString dayAndTime(Date date, const QLocale& locale) {
+    const QDateTime wanted = local(date);
+    return locale.toString(wanted.date(), shortened(locale, u'y')) + QStringLiteral(", ") +
            locale.toString(wanted.time(), QLocale::ShortFormat);
 }
 

@@ -81,21 +81,22 @@ Column {
     Item {
         visible: !details.inventory.known
         width: details.width
-        height: 25
+        height: Theme.scaled(25)
 
         Accessible.role: Accessible.StaticText
         Accessible.name: reading.text
         Accessible.ignored: !reading.visible
 
         Spinner {
+            id: turning
             visible: details.inventory.slow
             anchors.verticalCenter: parent.verticalCenter
-            size: 14
+            size: Theme.scaled(14)
         }
         Label {
             id: reading
             visible: details.inventory.slow
-            x: 22
+            x: turning.size + 8
             width: parent.width - x
             anchors.verticalCenter: parent.verticalCenter
             role: Label.Role.Small

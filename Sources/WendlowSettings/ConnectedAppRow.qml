@@ -80,7 +80,7 @@ FocusScope {
         }
         Item {
             width: row.width
-            height: 60
+            height: Theme.scaled(60)
 
             HoverFill {
                 anchors.fill: parent
@@ -92,7 +92,7 @@ FocusScope {
             AppTile {
                 id: tile
                 x: Theme.cardPadding
-                y: 14
+                anchors.verticalCenter: parent.verticalCenter
                 asset: row.iconAsset
                 glyph: row.iconGlyph
             }
@@ -102,7 +102,7 @@ FocusScope {
                 anchors.leftMargin: Theme.space12
                 anchors.right: status.left
                 anchors.rightMargin: Theme.space8
-                y: 12
+                y: Theme.scaled(12)
                 role: Label.Role.Strong
                 text: row.name
                 elide: Text.ElideRight
@@ -111,7 +111,7 @@ FocusScope {
                 id: more
                 anchors.left: title.left
                 anchors.right: title.right
-                y: 32
+                y: Theme.scaled(32)
                 role: Label.Role.Small
                 text: row.detail
                 color: pointer.hovered ? Theme.textSecondOnTint : Theme.textSecond
@@ -130,8 +130,8 @@ FocusScope {
                 anchors.right: chevron.left
                 anchors.rightMargin: 6
                 anchors.verticalCenter: parent.verticalCenter
-                width: 16
-                height: 16
+                width: Theme.iconSize
+                height: Theme.iconSize
 
                 Spinner {
                     visible: row.busy
@@ -172,7 +172,7 @@ FocusScope {
 
             Column {
                 id: details
-                x: 64
+                x: Theme.cardPadding + tile.width + Theme.space12
                 width: parent.width - x - Theme.cardPadding
 
                 Only {

@@ -11,7 +11,7 @@ ScrollPage {
     required property ConnectedAppsModel model
 
     readonly property bool failed: pane.model.error.length > 0
-    readonly property bool narrow: pane.width < 600
+    readonly property bool narrow: pane.width < Theme.scaled(600)
 
     sideMargin: pane.narrow ? Theme.space24 : Theme.space48
     above: pane.narrow ? Theme.space24 : 40
@@ -30,7 +30,7 @@ ScrollPage {
         height: 6
     }
     Label {
-        width: Math.min(parent.width, 520)
+        width: Math.min(parent.width, Theme.scaled(520))
         text: pane.model.mastheadBody
         color: Theme.textSecond
         wrapMode: Text.Wrap

@@ -11,7 +11,7 @@ Card {
 
     readonly property bool has: card.model.endpoint.length > 0
 
-    height: card.has ? 64 : none.height + 2 * 21
+    height: card.has ? Theme.scaled(64) : none.height + 2 * 21
 
     Label {
         id: none
@@ -23,11 +23,10 @@ Card {
         color: Theme.textSecond
         wrapMode: Text.Wrap
     }
-    Label {
-        id: caption
+    PathLine {
         visible: card.has
         x: 21
-        y: 13
+        y: Theme.scaled(13)
         width: copy.x - x - Theme.space16
         role: Label.Role.Small
         text: card.model.endpointCaption
@@ -37,7 +36,7 @@ Card {
     PathLine {
         visible: card.has
         x: 21
-        y: 30
+        y: Theme.scaled(30)
         width: copy.x - x - Theme.space16
         role: Label.Role.Body
         text: card.model.endpoint

@@ -20,8 +20,8 @@ T.AbstractButton {
     required property bool endsWithHairline
 
     readonly property bool lit: entry.hovered || entry.visualFocus
-    readonly property int dayWidth: 56
-    readonly property int factsWidth: 130
+    readonly property int dayWidth: Theme.scaled(56)
+    readonly property int factsWidth: Theme.scaled(130)
     readonly property int factsStart: entry.availableWidth - entry.dayWidth - Theme.space16 - entry.factsWidth
 
     signal picked
@@ -68,8 +68,8 @@ T.AbstractButton {
 
         Label {
             id: name
-            y: 4
-            width: (entry.stacked ? entry.availableWidth : entry.factsStart - Theme.space16) - (sign.visible ? 20 : 0)
+            y: Theme.scaled(4)
+            width: (entry.stacked ? entry.availableWidth : entry.factsStart - Theme.space16) - (sign.visible ? sign.size + 6 : 0)
             role: Label.Role.Small
             text: entry.shownPath
             elide: Text.ElideMiddle
@@ -79,14 +79,14 @@ T.AbstractButton {
             id: sign
             visible: entry.lit || lately.running
             x: Math.min(name.implicitWidth, name.width) + 6
-            y: 5
-            size: 14
+            y: Theme.scaled(5)
+            size: Theme.scaled(14)
             name: lately.running ? "check" : "copy"
             color: lately.running ? Theme.accent : Theme.text
         }
         PathLine {
             x: entry.stacked ? 0 : entry.factsStart
-            y: entry.stacked ? 22 : 4
+            y: entry.stacked ? Theme.scaled(22) : Theme.scaled(4)
             width: entry.stacked ? when.x - Theme.space8 : when.x - x - Theme.space8
             role: Label.Role.Small
             text: entry.facts
@@ -98,7 +98,7 @@ T.AbstractButton {
         PathLine {
             id: when
             anchors.right: parent.right
-            y: entry.stacked ? 22 : 4
+            y: entry.stacked ? Theme.scaled(22) : Theme.scaled(4)
             role: Label.Role.Small
             text: entry.day
             whole: entry.dayHint

@@ -21,13 +21,13 @@ Column {
     signal copied(path: string)
 
     // Too narrow for columns, what is known of a path stands below it.
-    readonly property bool stacked: table.width < 360
-    readonly property int lineHeight: table.stacked ? 43 : 25
+    readonly property bool stacked: table.width < Theme.scaled(360)
+    readonly property int lineHeight: table.stacked ? Theme.scaled(43) : Theme.scaled(25)
     readonly property int linesInSight: 12
 
     Item {
         width: table.width
-        height: 21
+        height: Theme.scaled(21)
 
         Label {
             id: heading
@@ -39,13 +39,13 @@ Column {
         Spinner {
             visible: table.reading
             x: heading.width + 8
-            y: 1
-            size: 14
+            y: Theme.scaled(1)
+            size: Theme.scaled(14)
         }
         PathLine {
             visible: !table.stacked && table.shownSource.length > 0
             anchors.right: parent.right
-            width: Math.min(implicitWidth, parent.width - heading.width - 48)
+            width: Math.min(implicitWidth, parent.width - heading.width - Theme.space48)
             role: Label.Role.Fine
             text: table.shownSource
             whole: table.source
@@ -74,6 +74,8 @@ Column {
         highlightFollowsCurrentItem: false
 
         T.ScrollBar.vertical: ScrollBar {}
+
+        PlaceKeeper { view: list }
 
         Accessible.role: Accessible.List
         Accessible.name: table.spokenTitle

@@ -16,7 +16,7 @@ Item {
     signal copied
 
     // Too narrow for two columns, the sentence stands below its path.
-    readonly property bool stacked: note.width < 360
+    readonly property bool stacked: note.width < Theme.scaled(360)
 
     implicitHeight: words.y + words.height + (where.visible ? where.height : 0) + 3
 
@@ -31,10 +31,10 @@ Item {
 
         visible: note.subject.length > 0
         y: 0
-        width: note.stacked ? note.width : 168
-        height: 22
+        width: note.stacked ? note.width : Theme.scaled(168)
+        height: Theme.scaled(22)
         text: note.subject
-        rightPadding: 12
+        rightPadding: sign.size - 2
         hoverEnabled: true
         focusPolicy: Qt.StrongFocus
         onClicked: {
@@ -65,10 +65,11 @@ Item {
         }
 
         Icon {
+            id: sign
             visible: path.lit || lately.running
-            x: path.width - 15
+            x: path.width - size - 1
             anchors.verticalCenter: parent.verticalCenter
-            size: 14
+            size: Theme.scaled(14)
             name: lately.running ? "check" : "copy"
             color: lately.running ? Theme.accent : Theme.text
         }
@@ -83,8 +84,8 @@ Item {
     }
     Label {
         id: words
-        x: path.visible && !note.stacked ? 172 : 0
-        y: path.visible && note.stacked ? 20 : 3
+        x: path.visible && !note.stacked ? path.width + 4 : 0
+        y: path.visible && note.stacked ? Theme.scaled(20) : Theme.scaled(3)
         width: note.width - x
         role: Label.Role.Small
         text: note.sentence

@@ -16,7 +16,7 @@ Item {
     Column {
         id: column
         anchors.centerIn: parent
-        width: Math.min(360, parent.width - 2 * Theme.cardPadding)
+        width: Math.min(Theme.scaled(360), parent.width - 2 * Theme.cardPadding)
         spacing: Theme.space8
 
         EmptyState {

@@ -13,7 +13,7 @@ Strip {
 
     signal deed(action: int)
 
-    readonly property bool beside: strip.told.lines.length === 0 && strip.width >= 260 + deeds.width
+    readonly property bool beside: strip.told.lines.length === 0 && strip.width >= Theme.scaled(260) + deeds.width
 
     tone: strip.told.tone
     text: strip.told.headline
@@ -74,8 +74,8 @@ Strip {
         id: deeds
 
         parent: strip
-        x: strip.beside ? strip.width - width - 5 : 31
-        y: strip.beside ? 6 : strip.height - height - 6
+        x: strip.beside ? strip.width - width - 5 : strip.begin - 8
+        y: strip.beside ? 11 + Math.round((Theme.hintLine - height) / 2) : strip.height - height - 6
 
         Repeater {
             model: strip.told.actions

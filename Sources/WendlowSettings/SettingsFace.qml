@@ -24,7 +24,8 @@ FocusScope {
     SettingsSidebar {
         id: sidebar
         root: face.root
-        compact: face.width < 720
+        // Words take the more room, the larger they are: what is left beside them counts.
+        compact: face.width < Theme.sidebarWidth + 496
         height: parent.height
         focus: true
     }

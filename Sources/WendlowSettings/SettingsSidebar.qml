@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import WendlowControls
 import WendlowSettings
 
@@ -14,7 +15,7 @@ FocusScope {
     // In a small window the places are their tiles alone.
     property bool compact: false
 
-    implicitWidth: sidebar.compact ? 63 : Theme.sidebarWidth
+    implicitWidth: sidebar.compact ? Theme.scaled(22) + 41 : Theme.sidebarWidth
 
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Settings")
@@ -50,42 +51,63 @@ FocusScope {
         height: parent.height
     }
 
-    Column {
-        x: 12
-        y: 16
-        width: parent.width - 25
-        spacing: 18
+    // Where the window is too low for them the places scroll.
+    Flickable {
+        id: places
 
-        Repeater {
-            model: sidebar.root.groups
+        width: parent.width - 1
+        height: lock.y - Theme.space8
+        contentHeight: column.y + column.height
+        clip: places.contentHeight > places.height
+        boundsBehavior: Flickable.StopAtBounds
 
-            delegate: Column {
-                id: group
+        T.ScrollBar.vertical: ScrollBar {}
 
-                required property var modelData
+        function show(place: Item): void {
+            const top = place.mapToItem(places.contentItem, 0, 0).y;
+            places.contentY = Math.max(Math.min(places.contentY, top - 16), top + place.height - places.height);
+        }
 
-                width: parent?.width ?? 0
-                spacing: 2
+        Column {
+            id: column
+            x: 12
+            y: 16
+            width: parent.width - 24
+            spacing: 18
 
-                Repeater {
-                    model: group.modelData
+            Repeater {
+                model: sidebar.root.groups
 
-                    delegate: SidebarItem {
-                        id: place
+                delegate: Column {
+                    id: group
 
-                        required property var modelData
+                    required property var modelData
 
-                        width: group.width
-                        text: place.modelData.title
-                        iconName: place.modelData.icon
-                        compact: sidebar.compact
-                        here: place.modelData.place === sidebar.root.place
-                        focus: place.here
-                        focusPolicy: place.here ? Qt.StrongFocus : Qt.ClickFocus
-                        onClicked: sidebar.root.open(place.modelData.place)
-                        // The focus goes along with the selection.
-                        onHereChanged: if (place.here && sidebar.activeFocus)
-                            place.forceActiveFocus(sidebar.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason)
+                    width: parent?.width ?? 0
+                    spacing: 2
+
+                    Repeater {
+                        model: group.modelData
+
+                        delegate: SidebarItem {
+                            id: place
+
+                            required property var modelData
+
+                            width: group.width
+                            text: place.modelData.title
+                            iconName: place.modelData.icon
+                            compact: sidebar.compact
+                            here: place.modelData.place === sidebar.root.place
+                            focus: place.here
+                            focusPolicy: place.here ? Qt.StrongFocus : Qt.ClickFocus
+                            onClicked: sidebar.root.open(place.modelData.place)
+                            onActiveFocusChanged: if (place.activeFocus)
+                                places.show(place)
+                            // The focus goes along with the selection.
+                            onHereChanged: if (place.here && sidebar.activeFocus)
+                                place.forceActiveFocus(sidebar.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason)
+                        }
                     }
                 }
             }
@@ -94,9 +116,9 @@ FocusScope {
 
     Icon {
         id: lock
-        x: sidebar.compact ? 24 : 20
-        y: sidebar.compact ? parent.height - 30 : foot.y + 1
-        size: 14
+        x: sidebar.compact ? Math.round((parent.width - 1 - width) / 2) : 20
+        y: sidebar.compact ? parent.height - 16 - height : foot.y + Theme.scaled(1)
+        size: Theme.scaled(14)
         name: "lock"
         color: Theme.textSecondOnTint
 
@@ -109,9 +131,9 @@ FocusScope {
     Label {
         id: foot
         visible: !sidebar.compact
-        x: 42
+        x: lock.x + lock.size + 8
         y: parent.height - height - 16
-        width: 120
+        width: Theme.scaled(120)
         role: Label.Role.Fine
         text: sidebar.root.footer
         color: Theme.textSecondOnTint

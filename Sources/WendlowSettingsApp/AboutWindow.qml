@@ -8,8 +8,8 @@ Window {
     required property string productName
     required property string version
 
-    width: 280
-    height: 132
+    width: Theme.scaled(280)
+    height: Theme.scaled(132)
     minimumWidth: width
     maximumWidth: width
     minimumHeight: height

@@ -1,6 +1,6 @@
 #include "EditorSnapshots.h"
 
-#include "Store/Waiting.h"
+#include "SilentGateway.h"
 #include "UnimplementedGateway.h"
 
 #include <QCoreApplication>
@@ -14,18 +14,6 @@ namespace wendlow {
 
 namespace {
 
-/// A daemon that never gets round to an answer.
-class SilentGateway final : public Gateway {
-public:
-    ~SilentGateway() override { m_waiting.resumeAll(AnswerCase::Failure{"gone"}); }
-    QCoro::Task<GatewayResponse> handle(GatewayRequest /*request*/) override {
-        co_return co_await m_waiting;
-    }
-
-private:
-    Waiting<GatewayResponse> m_waiting;
-};
-
 /// A daemon whose search index is not ready.
 class WarmingGateway final : public Gateway {
 public:
@@ -35,13 +23,6 @@ public:
         co_return AnswerCase::TextBrowse{};
     }
 };
-
-/// That something takes long is shown only once it does.
-void waitUntilNoticed() {
-    constexpr int noticeable = 400;
-    for (const QDeadlineTimer limit(noticeable); !limit.hasExpired();)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-}
 
 void showAllPlaces(RailModel& rail) {
     for (int row = 0; row < rail.rowCount(); ++row)
@@ -72,7 +53,7 @@ void EditorSnapshots::take() {
     m_worlds.switchWorld(before);
 }
 
-void EditorSnapshots::takeAtWidth(const QString& suffix) {
+void EditorSnapshots::takeSome(const QString& suffix) {
     const EditorWorld before = m_worlds.world();
     m_host.setPosing(true);
     m_suffix = suffix;
@@ -85,6 +66,10 @@ void EditorSnapshots::takeAtWidth(const QString& suffix) {
 }
 
 void EditorSnapshots::save(const char* state, Focus focus) {
+    constexpr int longestWait = 5000;
+    for (const QDeadlineTimer limit(longestWait);
+         !root().openFace()->isStill() && !limit.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
     m_save(QStringLiteral("editor-") + QLatin1String(state) + m_suffix, focus);
 }
 
@@ -103,7 +88,7 @@ void EditorSnapshots::takeFaces(EditorRoot& root, World world) {
             if (picture.stand)
                 picture.stand();
             if (world != World::empty && world != World::full)
-                waitUntilNoticed();
+                SilentGateway::waitUntilNoticed();
             save(picture.name);
             if (picture.leave)
                 picture.leave();

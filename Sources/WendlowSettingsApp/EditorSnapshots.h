@@ -28,9 +28,9 @@ public:
     /// Takes them all, and leaves the window in the world that it was in.
     void take();
 
-    /// Takes the states that look different in a narrow or a wide window; `suffix` ends their
-    /// names.
-    void takeAtWidth(const QString& suffix);
+    /// Takes the states that look different in a narrow or a wide window, or with larger words;
+    /// `suffix` ends their names.
+    void takeSome(const QString& suffix);
 
 private:
     using World = FacePicture::World;
@@ -48,7 +48,7 @@ private:
     EditorHost& m_host;
     EditorWorlds& m_worlds;
     const Save m_save;
-    QString m_suffix; ///< empty: the window has its own width
+    QString m_suffix; ///< empty: all states
     // Faces look at these for a while after others have taken their place.
     std::vector<std::unique_ptr<EditorWorlds>> m_daemons;
     std::vector<std::unique_ptr<EditorHost>> m_hosts;

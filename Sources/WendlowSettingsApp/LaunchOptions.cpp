@@ -31,6 +31,15 @@ std::string paneNames() {
     return names;
 }
 
+/// "1.5"; nothing for what is no number, or one that the windows do not stand.
+std::optional<double> scaleOf(std::string_view text) {
+    double scale = 0;
+    const char* const end = std::to_address(text.end());
+    const auto read = std::from_chars(std::to_address(text.begin()), end, scale);
+    const bool isRead = read.ec == std::errc() && read.ptr == end;
+    return isRead && scale >= 1 && scale <= 2 ? std::optional(scale) : std::nullopt;
+}
+
 } // namespace
 
 std::expected<LaunchOptions, std::string>
@@ -56,6 +65,11 @@ LaunchOptions::parse(std::span<const std::string> arguments) {
                 Panes::withId(std::string_view(*argument).substr(paneArgument.size()));
             if (!options.settingsPane)
                 return std::unexpected("--pane= needs one of " + paneNames());
+        } else if (*argument == "--text-scale") {
+            options.textScale = next == arguments.end() ? std::nullopt : scaleOf(*next);
+            if (!options.textScale)
+                return std::unexpected("--text-scale needs a number from 1 to 2 such as 1.5");
+            argument = next;
         }
     }
     return options;

@@ -24,6 +24,7 @@ struct LaunchOptions {
     std::optional<Pane> settingsPane;                   ///< "--pane=NAME", of the Settings window
     std::optional<std::filesystem::path> snapshots;     ///< "--snapshots DIR"
     std::optional<PixelSize> size;                      ///< "--size WxH", of the snapshots
+    std::optional<double> textScale; ///< "--text-scale N", in place of the desktop's
     bool firstFrame = false; ///< "--first-frame": report the first frame of the window and end
 
     bool operator==(const LaunchOptions&) const = default;

@@ -2,6 +2,7 @@
 
 #include "ClientInstance.h"
 #include "ClientVersion.h"
+#include "ThemeSource.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -91,6 +92,14 @@ void SettingsApplication::show(WindowDoor::Pane pane, WindowDoor::Front front) {
 QWindow& SettingsApplication::present(WindowKind kind) {
     const bool isNew = m_windows.window(kind) == nullptr;
     QWindow& window = m_windows.present(kind);
+    if (isNew) {
+        const ThemeSource& looks = m_factory.looks();
+        const auto leaveRoom = [&window, &looks, kind] {
+            WindowDescriptions::leaveRoom(window, WindowDescriptions::of(kind), looks.textScale());
+        };
+        connect(&looks, &ThemeSource::textScaleChanged, &window, leaveRoom);
+        leaveRoom();
+    }
     if (const auto returnedTo = WindowDescriptions::of(kind).returnedTo; isNew && returnedTo) {
         connect(&window, &QWindow::activeChanged, this, [this, &window, returnedTo] {
             if (window.isActive())

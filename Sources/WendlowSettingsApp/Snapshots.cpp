@@ -42,16 +42,17 @@ void takeFocusAway(const QQuickWindow& window) {
 
 } // namespace
 
-Snapshots::Snapshots(SettingsApplication& application, std::filesystem::path folder,
-                     std::optional<PixelSize> size)
-    : m_application(application), m_folder(std::move(folder)), m_size(size) {}
+Snapshots::Snapshots(SettingsApplication& application, const LaunchOptions& options)
+    : m_application(application), m_options(options) {}
 
 int Snapshots::take() {
     std::error_code error;
-    std::filesystem::create_directories(m_folder, error);
+    std::filesystem::create_directories(*m_options.snapshots, error);
     if (error)
-        m_fault =
-            fmt::format("the folder {} can't be made: {}", m_folder.string(), error.message());
+        m_fault = fmt::format("the folder {} can't be made: {}", m_options.snapshots->string(),
+                              error.message());
+    QObject::connect(&m_application.factory(), &WindowFactory::warned, &m_application,
+                     [this](const QString& words) { m_fault = words.toStdString(); });
     // Off the windows, or what lies below it looks touched.
     QCursor::setPos(QGuiApplication::primaryScreen()->virtualGeometry().bottomRight() * 10);
     ThemeSource& looks = m_application.factory().looks();
@@ -75,7 +76,8 @@ void Snapshots::takeInLooks() {
             .window = window,
             .save = [&](const QString& name,
                         PictureSession::Focus focus) { save(window, name, focus); },
-            .sizeIsGiven = m_size.has_value()};
+            .looks = m_application.factory().looks(),
+            .isAsGiven = m_options.size || m_options.textScale};
         if (description.takePictures)
             description.takePictures(session, m_application.models());
         else
@@ -87,8 +89,8 @@ void Snapshots::takeInLooks() {
 
 QQuickWindow& Snapshots::shown(const WindowDescription& description) {
     QWindow& window = m_application.present(description.kind);
-    if (m_size && description.styles.testFlag(WindowStyle::resizable))
-        window.resize(m_size->width, m_size->height);
+    if (m_options.size && description.styles.testFlag(WindowStyle::resizable))
+        window.resize(m_options.size->width, m_options.size->height);
     return static_cast<QQuickWindow&>(window);
 }
 
@@ -99,7 +101,7 @@ void Snapshots::save(QQuickWindow& window, const QString& name, PictureSession::
     runEventLoopUntil([] { return false; }, 60ms); // what a change sets in motion is drawn
     const QImage picture = window.grabWindow();
     const std::filesystem::path file =
-        m_folder / fmt::format("{}-{}.png", name.toStdString(), m_looks.toStdString());
+        *m_options.snapshots / fmt::format("{}-{}.png", name.toStdString(), m_looks.toStdString());
     if (picture.isNull() || !picture.save(QString::fromStdString(file.string())))
         m_fault = fmt::format("the picture {} can't be written", file.string());
     else

@@ -7,8 +7,6 @@
 
 #include <QString>
 
-#include <filesystem>
-#include <optional>
 #include <string>
 
 namespace wendlow {
@@ -17,11 +15,12 @@ namespace wendlow {
 /// folder's true state. UI thread; runs the event loop while it waits for what the windows load.
 class Snapshots final {
 public:
-    /// `size` replaces that of every window that can be resized.
-    Snapshots(SettingsApplication& application, std::filesystem::path folder,
-              std::optional<PixelSize> size);
+    /// To the folder of the options, which is to be given. Their size replaces that of every window
+    /// that can be resized.
+    Snapshots(SettingsApplication& application, const LaunchOptions& options);
 
-    /// Takes them all. Gives the process's exit status: 0, or 1 with words on standard error.
+    /// Takes them all. Gives the process's exit status: 0, or 1 with words on standard error, also
+    /// where something in a window is not as it should be.
     int take();
 
 private:
@@ -30,8 +29,7 @@ private:
     void save(QQuickWindow& window, const QString& name, PictureSession::Focus focus);
 
     SettingsApplication& m_application;
-    const std::filesystem::path m_folder;
-    const std::optional<PixelSize> m_size;
+    const LaunchOptions m_options;
     QString m_looks; ///< "light" or "dark"
     std::string m_fault;
 };

@@ -3,6 +3,8 @@
 #include <QVariant>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace wendlow::WindowDescriptions {
 
 namespace {
@@ -37,6 +39,15 @@ void dress(QWindow& window, const WindowDescription& description) {
         window.setMaximumSize(description.size);
     if (description.side == WindowSide::editor)
         window.setProperty(identifierProperty, QString::fromUtf8(editorSideIdentifier));
+}
+
+void leaveRoom(QWindow& window, const WindowDescription& description, double textScale) {
+    if (!description.styles.testFlag(WindowStyle::resizable))
+        return;
+    const double growth = std::max(1.0, textScale / 1.5);
+    const QSize least = (QSizeF(description.least) * growth).toSize();
+    window.setMinimumSize(least);
+    window.resize(window.size().expandedTo(least));
 }
 
 bool isEditorSide(const QWindow* window) {

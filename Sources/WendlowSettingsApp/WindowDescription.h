@@ -54,8 +54,10 @@ struct WindowDescription {
     WindowStyles styles;
     WindowSide side = WindowSide::plain;
     WindowPlace place = WindowPlace::centred;
-    bool alwaysDark = false;  ///< whatever the system says
-    QSize least = {560, 420}; ///< of what can be resized; its face stands at that
+    bool alwaysDark = false; ///< whatever the system says
+    /// Of what can be resized; its face stands at that, with words of up to one and a half times
+    /// their size.
+    QSize least = {560, 420};
     /// What a sibling process or a launch argument asks for it by.
     std::optional<WindowDoor::Pane> door = std::nullopt;
     /// The name of its line in the World menu; empty: it has none.
@@ -85,6 +87,8 @@ WindowKind kindOf(WindowDoor::Pane pane);
 
 /// Gives a window its title, size, style and side.
 void dress(QWindow& window, const WindowDescription& description);
+/// Lets a window be made no smaller than its face stands with words of this scale.
+void leaveRoom(QWindow& window, const WindowDescription& description, double textScale);
 /// Whether a window, which may be absent, is marked as belonging to the Editor side.
 bool isEditorSide(const QWindow* window);
 

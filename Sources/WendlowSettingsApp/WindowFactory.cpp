@@ -5,6 +5,7 @@
 
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQmlError>
 #include <QQuickItem>
 
 #include <fmt/format.h>
@@ -79,6 +80,10 @@ QQmlEngine& WindowFactory::mainEngine() {
 std::unique_ptr<QQmlEngine> WindowFactory::makeEngine(Darkness darkness) {
     auto engine = std::make_unique<QQmlEngine>();
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    connect(engine.get(), &QQmlEngine::warnings, this, [this](const QList<QQmlError>& warnings) {
+        for (const QQmlError& warning : warnings)
+            Q_EMIT warned(warning.toString());
+    });
     ThemeSource* const looks = ThemeSource::of(*engine);
     if (!looks)
         endOnFault(QStringLiteral("WendlowControls/qmldir"), QStringLiteral("it is not there"));

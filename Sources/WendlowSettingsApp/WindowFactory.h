@@ -46,6 +46,10 @@ public:
     /// The looks of the windows that follow the system.
     ThemeSource& looks();
 
+Q_SIGNALS:
+    /// Something in the QML is not as it should be, and it goes on.
+    void warned(const QString& words);
+
 private:
     /// Windows that are always dark have an engine of their own, for looks belong to an engine.
     QQmlEngine& engineFor(WindowKind kind);

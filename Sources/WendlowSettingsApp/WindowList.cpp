@@ -28,6 +28,14 @@ void refreshSettings(WindowModels& models) {
     models.settings().refresh(); // a person may have changed a tool's files in the other window
 }
 
+QVariantMap giveStats(WindowModels& models) {
+    return {{QStringLiteral("root"), QVariant::fromValue(&models.stats())}};
+}
+
+void lookAgainAtStats(WindowModels& models) {
+    models.stats().lookAgain(); // midnight may have passed
+}
+
 QVariantMap giveEditor(WindowModels& models) {
     return {{QStringLiteral("host"), QVariant::fromValue(&models.editor())}};
 }
@@ -53,7 +61,11 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .title = "Stats",
      .size = {800, 780},
      .styles = fullSize,
-     .door = Door::stats},
+     .door = Door::stats,
+     .file = "WendlowStats/StatsFace.qml",
+     .properties = giveStats,
+     .returnedTo = lookAgainAtStats,
+     .takePictures = WindowPictures::takeStats},
     {.kind = Kind::editor,
      .id = "editor",
      .title = "Memories",

@@ -34,6 +34,8 @@ void WindowModels::daemonCame() {
         m_worlds->daemonCame();
     if (m_settings)
         m_settings->daemonCame();
+    if (m_stats)
+        m_stats->daemonCame();
 }
 
 SettingsRoot& WindowModels::settings() {
@@ -54,8 +56,14 @@ void WindowModels::openSettingsOn(Pane pane) {
         m_settings->select(pane);
 }
 
+StatsRoot& WindowModels::stats() {
+    if (!m_stats)
+        m_stats = std::make_unique<StatsRoot>(m_client);
+    return *m_stats;
+}
+
 bool WindowModels::settled() const {
-    return !m_settings || m_settings->settled();
+    return (!m_settings || m_settings->settled()) && (!m_stats || m_stats->settled());
 }
 
 } // namespace wendlow

@@ -4,6 +4,7 @@
 #include "FileChooser.h"
 #include "SettingsRoot.h"
 #include "Shell/EditorHost.h"
+#include "StatsRoot.h"
 
 #include <memory>
 
@@ -22,6 +23,7 @@ public:
     SettingsRoot& settings();
     /// Settings is to show this pane, now and when it is made.
     void openSettingsOn(Pane pane);
+    StatsRoot& stats();
 
     /// There is a daemon again: what could not be read without it is read now.
     void daemonCame();
@@ -36,6 +38,7 @@ private:
     std::unique_ptr<EditorWorlds> m_worlds;
     std::unique_ptr<EditorHost> m_editor;
     std::unique_ptr<SettingsRoot> m_settings;
+    std::unique_ptr<StatsRoot> m_stats;
 };
 
 } // namespace wendlow

@@ -2,11 +2,31 @@
 
 #include "EditorSnapshots.h"
 #include "Pane.h"
+#include "StatsSnapshots.h"
+#include "ThemeSource.h"
 #include "WindowModels.h"
 
 #include <QQuickItem>
 
+#include <utility>
+
 namespace wendlow::WindowPictures {
+
+namespace {
+
+/// What `take` takes, with words of these scales; its argument ends the names.
+void withLargerWords(const PictureSession& session,
+                     const std::function<void(const QString& suffix)>& take) {
+    if (session.isAsGiven)
+        return;
+    for (const int percent : {125, 150}) {
+        session.looks.setTextScale(percent / 100.0);
+        take(QStringLiteral("-text%1").arg(percent));
+    }
+    session.looks.setTextScale(1);
+}
+
+} // namespace
 
 void takeSettings(const PictureSession& session, WindowModels& models) {
     SettingsRoot& root = models.settings();
@@ -24,7 +44,36 @@ void takeSettings(const PictureSession& session, WindowModels& models) {
                                    },
                                .pose = [&](PaneModel* posed) { root.pose(posed); }});
     }
+    withLargerWords(session, [&](const QString& suffix) {
+        for (const PaneDescription& pane : Panes::all()) {
+            root.select(pane.pane);
+            const QString name = QStringLiteral("settings-") + QString::fromUtf8(pane.id);
+            // The first of its states stands for the others.
+            if (bool isFirst = true; pane.takePictures)
+                pane.takePictures(*root.model(pane.pane), [&](const QString& state) {
+                    if (std::exchange(isFirst, false))
+                        session.save(name + u'-' + state + suffix, PictureSession::Focus::away);
+                });
+        }
+    });
     root.select(first);
+}
+
+void takeStats(const PictureSession& session, WindowModels& models) {
+    auto* const content = session.window.property("content").value<QQuickItem*>();
+    StatsSnapshots snapshots(*content, models.stats(), [&](const QString& name) {
+        session.save(name, PictureSession::Focus::away);
+    });
+    snapshots.take();
+    withLargerWords(session, [&](const QString& suffix) { snapshots.takeAtSize(suffix); });
+    if (session.isAsGiven)
+        return;
+    const QSize own = session.window.size();
+    for (const QSize size : {QSize(560, 420), QSize(560, 1280), QSize(1600, 1000)}) {
+        session.window.resize(size);
+        snapshots.takeAtSize(QStringLiteral("-%1x%2").arg(size.width()).arg(size.height()));
+    }
+    session.window.resize(own);
 }
 
 void takeEditor(const PictureSession& session, WindowModels& models) {
@@ -36,12 +85,13 @@ void takeEditor(const PictureSession& session, WindowModels& models) {
                                                          : PictureSession::Focus::away);
                               });
     snapshots.take();
-    if (session.sizeIsGiven)
+    withLargerWords(session, [&](const QString& suffix) { snapshots.takeSome(suffix); });
+    if (session.isAsGiven)
         return;
     const QSize own = session.window.size();
     for (const QSize size : {QSize(700, 560), QSize(1600, 1000)}) {
         session.window.resize(size);
-        snapshots.takeAtWidth(QStringLiteral("-%1").arg(size.width()));
+        snapshots.takeSome(QStringLiteral("-%1").arg(size.width()));
     }
     session.window.resize(own);
 }

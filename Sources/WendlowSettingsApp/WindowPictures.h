@@ -7,6 +7,7 @@
 
 namespace wendlow {
 
+class ThemeSource;
 class WindowModels;
 
 /// One window on the screen whose pictures are taken.
@@ -17,7 +18,8 @@ struct PictureSession {
     /// Waits until what is to be seen is there, and saves it by this name, without a sign of the
     /// focus or with it.
     std::function<void(const QString& name, Focus focus)> save;
-    bool sizeIsGiven = false; ///< the person has chosen one, and it stays
+    ThemeSource& looks;
+    bool isAsGiven = false; ///< the person has chosen its size or that of its words, which stays
 };
 
 /// The pictures of windows that have more than one state: each shows its states one after the
@@ -25,6 +27,7 @@ struct PictureSession {
 namespace WindowPictures {
 
 void takeSettings(const PictureSession& session, WindowModels& models);
+void takeStats(const PictureSession& session, WindowModels& models);
 void takeEditor(const PictureSession& session, WindowModels& models);
 
 } // namespace WindowPictures

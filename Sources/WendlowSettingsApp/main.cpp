@@ -1,5 +1,6 @@
 #include "Appearance.h"
 #include "BusPulse.h"
+#include "ExportedScreens.h"
 #include "FileChooser.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
@@ -31,6 +32,7 @@ Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowEditorPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsAppPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowStatsPlugin)
 
 using namespace wendlow;
 
@@ -49,8 +51,9 @@ int takeSnapshots(const LaunchOptions& options) {
     DistributedNotificationCenter silent;
     SettingsApplication application(
         {.followLooks =
-             [](ThemeSource& looks, WindowFactory::Darkness darkness) {
+             [&options](ThemeSource& looks, WindowFactory::Darkness darkness) {
                  looks.setReduceMotion(true);
+                 looks.setTextScale(options.textScale.value_or(1));
                  looks.setDark(darkness == WindowFactory::Darkness::always);
              },
          .notifications = silent,
@@ -59,7 +62,7 @@ int takeSnapshots(const LaunchOptions& options) {
          .chooseFile = [](FileChooser::Question) -> QCoro::Task<FileChooser::Answer> {
              co_return QString();
          }});
-    return Snapshots(application, *options.snapshots, options.size).take();
+    return Snapshots(application, options).take();
 }
 
 /// The toolkit asks the session bus for a screen reader as its application object is made, and
@@ -130,8 +133,8 @@ int runApplication(const LaunchOptions& options) {
     bus.dial();
     SettingsApplication application(
         {.followLooks =
-             [&appearance](ThemeSource& looks, WindowFactory::Darkness darkness) {
-                 SystemLooks::follow(appearance, looks, darkness);
+             [&appearance, &options](ThemeSource& looks, WindowFactory::Darkness darkness) {
+                 SystemLooks::follow(appearance, looks, darkness, options.textScale);
              },
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
@@ -142,6 +145,11 @@ int runApplication(const LaunchOptions& options) {
              }});
     QObject::connect(&gateway, &GatewayPresence::came, &application,
                      [&application] { application.models().daemonCame(); });
+    // Pictures that were written for other programs are there for as long as this runs.
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &application, [] {
+        if (const auto screens = ExportedScreens::live())
+            screens->clear();
+    });
     return TerminationSignals::leave(show(application, options));
 }
 

@@ -5,9 +5,11 @@
 #include "PosedGateway.h"
 #include "Recording/RecordingControlModel.h"
 #include "Recovery/RecoveryModel.h"
+#include "QmlWarnings.h"
 #include "SettingsRoot.h"
 #include "ThemeSource.h"
 #include "ToolTiles.h"
+#include "WordsInPlace.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -71,6 +73,9 @@ public:
         m_root = std::make_unique<SettingsRoot>(std::move(models));
     }
 
+    /// What is not as it should be, once.
+    Q_INVOKABLE QStringList warnings() { return m_warnings.taken(); }
+    void listen(QQmlEngine& engine) { m_warnings.listen(engine); }
     SettingsRoot* root() const { return m_root.get(); }
     QStringList copied() const { return m_copied; }
     /// OpenCode's verbs take until then.
@@ -83,6 +88,9 @@ public:
         return {{u"name"_s, face->text(QAccessible::Name)},
                 {u"description"_s, face->text(QAccessible::Description)},
                 {u"checked"_s, face->state().checked != 0}};
+    }
+    Q_INVOKABLE static QStringList outOfPlace(QQuickItem* item) {
+        return testing::WordsInPlace::faults(*item);
     }
     Q_INVOKABLE static bool isSeparator(QQuickItem* item) {
         QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(item);
@@ -133,6 +141,7 @@ private:
         return all;
     }
 
+    testing::QmlWarnings m_warnings;
     QStringList m_copied;
     QSemaphore m_verbs;
     std::unique_ptr<SettingsRoot> m_root;
@@ -143,6 +152,7 @@ class Setup : public QObject {
 
 public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine* engine) {
+        m_bench.listen(*engine);
         engine->setImportPathList(engine->importPathList() << u":/qt/qml"_s);
         QAccessible::setActive(true);
         engine->rootContext()->setContextProperty(u"bench"_s, &m_bench);

@@ -17,6 +17,10 @@ TestCase {
         ThemeSource.reduceMotion = false;
     }
 
+    function cleanup(): void {
+        compare(bench.warnings().join("\n"), "");
+    }
+
     Component { id: switches; Switch { property int asked: 0; on: false; text: "Recording"; onClicked: asked += 1 } }
     Component { id: buttons; Button { property int asked: 0; text: "Save"; onClicked: asked += 1 } }
     Component { id: chips; Chip { text: "owner" } }

@@ -46,6 +46,7 @@ Item {
         }
         function cleanup(): void {
             bar.close();
+            compare(bench.warnings().join("\n"), "");
         }
         // What a person sees the keys go to.
         function ringed(): var {

@@ -43,7 +43,13 @@ Item {
 
         function init(): void {
             ThemeSource.reduceMotion = true;
+            ThemeSource.textScale = 1;
+            scene.width = 980;
+            scene.height = 832;
             go("Connected Apps");
+        }
+        function cleanup(): void {
+            compare(bench.warnings().join("\n"), "");
         }
         function go(title: string): void {
             mouseClick(here(title, "SidebarItem_"));
@@ -184,6 +190,44 @@ Item {
             compare(list.count, 8);
             mouseClick(here("Hide details of Codex", "Disclosure_"));
             tryVerify(() => named("Projects of Codex", "QQuickListView") === null);
+        }
+
+        function test_wordsStandInTheirPlace(): void {
+            const faults = new Set();
+            for (const name of ["Cursor", "Codex"])
+                if (!here(name, "ConnectedAppRow_").open)
+                    mouseClick(here("Show details of " + name, "Disclosure_"));
+            for (const [scale, width, height] of [[1, 560, 420], [1.25, 980, 860], [1.5, 560, 420], [1.5, 980, 860], [2, 747, 560]])
+                for (const title of ["General", "Connected Apps"]) {
+                    ThemeSource.textScale = scale;
+                    scene.width = width;
+                    scene.height = height - 28 * scale;
+                    go(title);
+                    wait(40);
+                    const page = Array.from(face.children).find(child => child instanceof Loader).item;
+                    for (let y = 0; y <= page.contentHeight - page.height; y += page.height / 2) {
+                        page.contentY = y;
+                        wait(20);
+                        for (const fault of bench.outOfPlace(face))
+                            faults.add(title + " x" + scale + " " + width + ": " + fault);
+                    }
+                }
+            for (const fault of faults)
+                console.warn(fault);
+            compare(faults.size, 0);
+        }
+
+        function test_largerWordsLeaveOneWhereOneWas(): void {
+            const line = here("Copy", "Button_");
+            line.forceActiveFocus(Qt.TabFocusReason);
+            scene.height = 500;
+            for (const scale of [1.5, 2, 1]) {
+                ThemeSource.textScale = scale;
+                tryCompare(line, "height", 32 * scale);
+                const top = () => line.mapToItem(face, 0, 0).y;
+                tryVerify(() => top() >= 0 && top() + line.height <= 500, 2000, "in sight at " + scale);
+                verify(line.activeFocus && line.ringed);
+            }
         }
 
         function test_nothingIsCutOffAtAnyWidth(): void {

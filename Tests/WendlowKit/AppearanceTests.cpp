@@ -63,6 +63,7 @@ using namespace Qt::StringLiterals;
 const QString scheme = QStringLiteral("org.freedesktop.appearance color-scheme");
 const QString reduced = QStringLiteral("org.freedesktop.appearance reduced-motion");
 const QString animations = QStringLiteral("org.gnome.desktop.interface enable-animations");
+const QString scaling = QStringLiteral("org.gnome.desktop.interface text-scaling-factor");
 
 class Appearances : public ::testing::Test {
 protected:
@@ -85,26 +86,29 @@ TEST_F(Appearances, AreFollowedLive) {
     Appearance appearance(connected("window"));
     QSignalSpy dark(&appearance, &Appearance::darkChanged);
     QSignalSpy motion(&appearance, &Appearance::reduceMotionChanged);
+    QSignalSpy words(&appearance, &Appearance::textScaleChanged);
     EXPECT_FALSE(appearance.dark()) << "nothing waits for the portal";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.dark() && portal.questions == 3; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.dark() && portal.questions == 4; }));
     EXPECT_FALSE(appearance.reduceMotion());
 
-    const std::tuple<QString, QVariant, bool, bool> rows[] = {
-        {scheme, 2U, false, false},       {scheme, 1U, true, false},
-        {scheme, u"1"_s, false, false},   {reduced, 1U, false, true},
-        {animations, false, false, true}, {reduced, 0U, false, true},
-        {animations, true, false, false}};
-    for (const auto& [setting, value, isDark, isReduced] : rows) {
+    const std::tuple<QString, QVariant, bool, bool, double> rows[] = {
+        {scheme, 2U, false, false, 1},     {scheme, 1U, true, false, 1},
+        {scheme, u"1"_s, false, false, 1}, {reduced, 1U, false, true, 1},
+        {scaling, 1.5, false, true, 1.5},  {animations, false, false, true, 1.5},
+        {reduced, 0U, false, true, 1.5},   {animations, true, false, false, 1.5},
+        {scaling, u"2"_s, false, false, 1}};
+    for (const auto& [setting, value, isDark, isReduced, scale] : rows) {
         const int asked = portal.questions;
         portal.set(setting, value);
         EXPECT_TRUE(QTest::qWaitFor([&] {
             return portal.questions > asked && appearance.dark() == isDark &&
-                   appearance.reduceMotion() == isReduced;
+                   appearance.reduceMotion() == isReduced && appearance.textScale() == scale;
         })) << setting.toStdString()
             << ' ' << value.toString().toStdString();
     }
     EXPECT_EQ(dark.count(), 4);
     EXPECT_EQ(motion.count(), 2);
+    EXPECT_EQ(words.count(), 2);
 }
 
 TEST_F(Appearances, AreAskedForWhenThePortalComesLater) {
@@ -136,6 +140,7 @@ TEST(AppearanceWithoutABus, IsLightAndMoves) {
     const Appearance appearance(QDBusConnection(QStringLiteral("no such connection")));
     EXPECT_FALSE(appearance.dark());
     EXPECT_FALSE(appearance.reduceMotion());
+    EXPECT_EQ(appearance.textScale(), 1);
 }
 
 } // namespace

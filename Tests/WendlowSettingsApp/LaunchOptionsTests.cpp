@@ -12,7 +12,8 @@ using Arguments = std::vector<std::string>;
 TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
     const auto options = LaunchOptions::parse(
         Arguments{"--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb",
-                  "--first-frame", "--snapshots", "out", "--size", "1280x800", "--pane=recovery"});
+                  "--first-frame", "--snapshots", "out", "--size", "1280x800", "--text-scale",
+                  "1.5", "--pane=recovery"});
     ASSERT_TRUE(options.has_value());
     LaunchOptions expected;
     EXPECT_EQ(LaunchOptions::parse(Arguments{}), expected);
@@ -21,6 +22,7 @@ TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
     expected.snapshots = "out";
     expected.size = PixelSize{1280, 800};
     expected.settingsPane = wendlow::Pane::recovery;
+    expected.textScale = 1.5;
     EXPECT_EQ(*options, expected);
 }
 
@@ -36,6 +38,11 @@ TEST(LaunchOptions, RefusesWhatItCannotDoInWords) {
     EXPECT_EQ(LaunchOptions::parse(Arguments{"--pane=privacy"}),
               std::unexpected(
                   "--pane= needs one of general, connected, recording, classifier, recovery"));
+    EXPECT_FALSE(LaunchOptions::parse(Arguments{"--text-scale"}).has_value());
+    for (const char* scale : {"big", "0.9", "2.1", "1,5", "nan", ""})
+        EXPECT_EQ(LaunchOptions::parse(Arguments{"--text-scale", scale}),
+                  std::unexpected("--text-scale needs a number from 1 to 2 such as 1.5"))
+            << scale;
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "JourneyPresenter.h"
+#include "SystemLooks.h"
 #include "WindowPlacing.h"
 #include "WindowPresenter.h"
 
@@ -64,8 +65,21 @@ TEST(WindowPresenter, BringsBackTheOneWindowOfAKindAsItWas) {
     EXPECT_FALSE(again.windowStates().testFlag(Qt::WindowMinimized));
     EXPECT_EQ(windows.made, 1);
     EXPECT_EQ(again.minimumSize(), QSize(560, 420)) << "what its face stands at";
+    const WindowDescription& description = WindowDescriptions::of(WindowKind::settings);
+    WindowDescriptions::leaveRoom(again, description, 1.5);
+    EXPECT_EQ(again.minimumSize(), QSize(560, 420));
+    again.resize(560, 420);
+    WindowDescriptions::leaveRoom(again, description, 2);
+    EXPECT_EQ(again.size(), QSize(747, 560)) << "which a small screen still has";
     const QWindow& journey = windows.presenter.present(WindowKind::onboarding);
     EXPECT_EQ(journey.minimumSize(), journey.maximumSize()) << "it cannot be resized";
+}
+
+TEST(SystemLooks, ScaleNoWordTwice) {
+    EXPECT_EQ(SystemLooks::textScaleLeft(1.5, u"xcb"_s, 1.5), 1) << "the toolkit has done it";
+    EXPECT_EQ(SystemLooks::textScaleLeft(1.5, u"xcb"_s, 1), 1.5);
+    EXPECT_EQ(SystemLooks::textScaleLeft(1.5, u"wayland"_s, 2), 1.5)
+        << "a density is none of words";
 }
 
 TEST(WindowPresenter, OpensTheEditorBesideAWindowThatStandsOnItsPlace) {

@@ -7,6 +7,7 @@
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsAppPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowStatsPlugin)
 
 /// Windows without a display: their states and signals are real, their pixels go nowhere.
 int main(int argc, char** argv) {

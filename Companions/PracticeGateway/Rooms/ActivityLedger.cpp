@@ -17,6 +17,22 @@ CREATE TABLE IF NOT EXISTS activities(
 CREATE INDEX IF NOT EXISTS activities_by_day ON activities(day, start);
 )sql";
 
+constexpr std::string_view lastNumber =
+    "(SELECT number FROM activities WHERE day = (SELECT max(day) FROM activities) "
+    "ORDER BY end DESC, number DESC LIMIT 1)";
+
+Activity activityOf(const Statement& row) {
+    return {.day = row.text(0),
+            .start = row.real(1),
+            .end = row.real(2),
+            .app = row.text(3),
+            .isBrowser = row.boolean(4),
+            .attended = row.boolean(5),
+            .attention = fromRawString<Attention>(row.view(6)).value_or(Attention::work),
+            .site = row.textIfAny(7),
+            .chapter = row.integer(8)};
+}
+
 Chapter chapterOf(const Statement& row) {
     return {.number = row.integer(0),
             .day = row.text(1),
@@ -43,17 +59,24 @@ std::vector<Activity> ActivityLedger::between(std::string_view firstDay, std::st
         "FROM activities WHERE day BETWEEN ? AND ? ORDER BY day, start, number");
     rows.bind(firstDay, lastDay);
     while (rows.step())
-        activities.push_back(
-            {.day = rows.text(0),
-             .start = rows.real(1),
-             .end = rows.real(2),
-             .app = rows.text(3),
-             .isBrowser = rows.boolean(4),
-             .attended = rows.boolean(5),
-             .attention = fromRawString<Attention>(rows.view(6)).value_or(Attention::work),
-             .site = rows.textIfAny(7),
-             .chapter = rows.integer(8)});
+        activities.push_back(activityOf(rows));
     return activities;
+}
+
+std::optional<Activity> ActivityLedger::last() {
+    Statement rows = m_database.prepare(
+        "SELECT day, start, end, app, is_browser, attended, attention, site, chapter "
+        "FROM activities WHERE number = " +
+        std::string(lastNumber));
+    return rows.step() ? std::optional(activityOf(rows)) : std::nullopt;
+}
+
+void ActivityLedger::extendLast(double end) {
+    m_database.run("UPDATE chapters SET end = max(end, ?) WHERE number = (SELECT chapter FROM "
+                   "activities WHERE number = " +
+                       std::string(lastNumber) + ")",
+                   end);
+    m_database.run("UPDATE activities SET end = ? WHERE number = " + std::string(lastNumber), end);
 }
 
 std::vector<Chapter> ActivityLedger::chaptersOf(std::string_view day) {
@@ -70,6 +93,12 @@ std::optional<Chapter> ActivityLedger::chapter(std::int64_t number) {
     Statement rows =
         m_database.prepare("SELECT number, day, title, start, end FROM chapters WHERE number = ?");
     return rows.bind(number).step() ? std::optional(chapterOf(rows)) : std::nullopt;
+}
+
+std::int64_t ActivityLedger::lastChapter() {
+    Statement highest = m_database.prepare("SELECT coalesce(max(number), 0) FROM chapters");
+    highest.step();
+    return highest.integer(0);
 }
 
 std::optional<std::pair<std::string, std::string>> ActivityLedger::days() {

@@ -53,11 +53,18 @@ public:
     /// In order of their start.
     std::vector<Chapter> chaptersOf(std::string_view day);
     std::optional<Chapter> chapter(std::int64_t number);
+    /// The highest number of one; 0 where there is none.
+    std::int64_t lastChapter();
     /// The first and the last day of which anything is known.
     std::optional<std::pair<std::string, std::string>> days();
 
+    /// The one that ended last; nothing where nothing is known.
+    std::optional<Activity> last();
+
     void put(const Activity& activity);
     void put(const Chapter& chapter);
+    /// The one that ended last, and the chapter it stands in, go on until then.
+    void extendLast(double end);
 
 private:
     PracticeDatabase& m_database;

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "DocumentID.h"
 #include "FilterText.h"
 
 namespace wendlow {
@@ -150,7 +151,8 @@ std::int64_t DocumentStore::put(const Document& document) {
 bool DocumentStore::remove(std::string_view id) {
     facets();
     Statement removal = m_database.prepare("DELETE FROM documents WHERE id = ? RETURNING number");
-    removal.bind(id);
+    const std::string kept = DocumentID::kept(id);
+    removal.bind(kept);
     if (!removal.step())
         return false;
     const std::int64_t number = removal.integer(0);
@@ -168,7 +170,8 @@ void DocumentStore::clear() {
 }
 
 std::optional<Document> DocumentStore::find(std::string_view id) {
-    m_byID.bind(id);
+    const std::string kept = DocumentID::kept(id);
+    m_byID.bind(kept);
     return only(m_byID);
 }
 

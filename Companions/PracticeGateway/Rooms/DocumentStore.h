@@ -20,9 +20,11 @@ public:
 
     /// Adds the document, or replaces the one of its id. Gives its number.
     std::int64_t put(const Document& document);
+    /// By an id as `find` takes it.
     bool remove(std::string_view id);
     /// Removes everything, within a transaction.
     void clear();
+    /// By the id of any kind; a memory's also as it is cited, see `DocumentID`.
     std::optional<Document> find(std::string_view id);
     std::optional<Document> find(std::int64_t number);
     /// The id of the next memory; ids of removed ones do not come back.

@@ -1,6 +1,7 @@
 #include "MeetingRoom.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include <fmt/format.h>
@@ -9,6 +10,7 @@
 #include "LocalTime.h"
 #include "MeetingWords.h"
 #include "PlainText.h"
+#include "WordList.h"
 #include "WordQuery.h"
 
 namespace wendlow {
@@ -54,6 +56,15 @@ bool holds(std::string_view text, std::string_view lowerCasedWord) {
 }
 
 } // namespace
+
+std::expected<std::vector<LineManner>, std::string> LineManners::parse(std::string_view words) {
+    static constexpr WordList::Known<LineManner> ways[] = {{"stay", LineManner::stay},
+                                                           {"change", LineManner::change},
+                                                           {"move", LineManner::move},
+                                                           {"go", LineManner::go},
+                                                           {"twin", LineManner::twin}};
+    return WordList::values(words, ways);
+}
 
 std::string_view MeetingRoom::schema() {
     return tables;
@@ -215,6 +226,8 @@ GatewayResponse MeetingRoom::answer(const ReadCase::MeetingLive& /*request*/) {
 
 GatewayResponse MeetingRoom::answer(const ControlCase::DeleteUtterance& request) {
     const auto found = find(request.meeting);
+    if (found)
+        meddle(*found, request.rowid);
     const auto said = found ? lines(found->number) : std::vector<TranscriptLineRow>{};
     const auto line = std::ranges::find(said, request.rowid, &TranscriptLineRow::rowid);
     if (line == said.end())
@@ -226,6 +239,28 @@ GatewayResponse MeetingRoom::answer(const ControlCase::DeleteUtterance& request)
     wordDocument(*found);
     transaction.commit();
     return AnswerCase::LineDelete{LineDeleteOutcome::deleted};
+}
+
+/// What is to happen to the row before it is deleted.
+void MeetingRoom::meddle(const Found& found, std::int64_t row) {
+    const LineManner manner = m_manners.empty() ? LineManner::stay : m_manners.front();
+    if (m_manners.size() > 1)
+        m_manners.erase(m_manners.begin());
+    if (manner == LineManner::stay)
+        return;
+    PracticeDatabase& database = m_documents.database();
+    Transaction transaction(database);
+    if (manner == LineManner::change)
+        database.run("UPDATE utterances SET text = text || ' — or so.' WHERE line = ?", row);
+    const int copies = manner == LineManner::move ? 1 : manner == LineManner::twin ? 2 : 0;
+    for (int copy = 0; copy < copies; ++copy)
+        database.run("INSERT INTO utterances(number, speaker, at, text) "
+                     "SELECT number, speaker, at, text FROM utterances WHERE line = ?",
+                     row);
+    if (manner != LineManner::change)
+        database.run("DELETE FROM utterances WHERE line = ?", row);
+    wordDocument(found);
+    transaction.commit();
 }
 
 /// What can be searched for is what was said and is still there.

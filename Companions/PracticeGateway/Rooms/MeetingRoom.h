@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <expected>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ControlRequest.h"
@@ -29,6 +31,20 @@ struct MeetingRecord {
     std::int64_t reelBytes = 0; ///< of its pictures
     std::vector<Line> lines;
 };
+
+/// What happens to a line right before it is deleted, as if somebody else had written meanwhile, so
+/// that whoever deletes lines can be tried.
+enum class LineManner {
+    stay,
+    change, ///< it says something else
+    move,   ///< it says the same in another row
+    go,
+    twin, ///< it moves, and another one says the same
+};
+namespace LineManners {
+/// Reads words with commas: "stay", "change", "move", "go", "twin". The unknown word is the error.
+std::expected<std::vector<LineManner>, std::string> parse(std::string_view words);
+} // namespace LineManners
 
 /// The meetings and what was said in them. A line goes with a witness of its speaker, time and
 /// words; only who holds the right one can delete it. Throws `DatabaseError`.
@@ -56,6 +72,10 @@ public:
     GatewayResponse answer(const ReadCase::MeetingLive& request);
     GatewayResponse answer(const ControlCase::DeleteUtterance& request);
 
+    /// What happens before the first delete, the second and so on; the last of them stays. From now
+    /// on.
+    void setManners(std::vector<LineManner> manners) { m_manners = std::move(manners); }
+
     /// Within a transaction: adds a meeting with its document.
     void put(const MeetingRecord& meeting, std::string_view scope);
 
@@ -68,9 +88,11 @@ private:
     std::optional<Found> find(std::string_view id);
     std::vector<TranscriptLineRow> lines(std::int64_t number);
     void wordDocument(const Found& found);
+    void meddle(const Found& found, std::int64_t row);
 
     DocumentStore& m_documents;
     Statement m_putLine;
+    std::vector<LineManner> m_manners;
 };
 
 } // namespace wendlow

@@ -69,6 +69,11 @@ void replace(std::string& text, const NotesCase::Patch& patch) {
 
 } // namespace
 
+std::string_view MemoryRoom::schema() {
+    return "CREATE VIEW IF NOT EXISTS note(id, path) AS "
+           "SELECT number, scope FROM documents WHERE kind = 0;";
+}
+
 MemoryRoom::MemoryRoom(DocumentStore& documents, Clock clock)
     : m_documents(documents), m_clock(std::move(clock)) {}
 
@@ -159,10 +164,11 @@ GatewayResponse MemoryRoom::answer(const NotesCase::Write& request) {
 }
 
 GatewayResponse MemoryRoom::answer(const NotesCase::Delete& request) {
-    if (const auto found = memory(request.id); !found)
+    const auto found = memory(request.id);
+    if (!found)
         return AnswerCase::Failure{found.error()};
-    m_documents.remove(request.id);
-    return AnswerCase::Text{fmt::format("Deleted {}.", request.id)};
+    m_documents.remove(found->id);
+    return AnswerCase::Text{fmt::format("Deleted {}.", found->id)};
 }
 
 GatewayResponse MemoryRoom::answer(const NotesCase::Edit& request) {
@@ -194,7 +200,7 @@ GatewayResponse MemoryRoom::answer(const NotesCase::Patch& request) {
     if (request.find.empty() || !text->contains(request.find))
         return AnswerCase::Failure{fmt::format("“{}” does not stand in the {} of {}; nothing was "
                                                "changed",
-                                               request.find, request.field, request.id)};
+                                               request.find, request.field, found->id)};
     replace(*text, request);
     found->titled |= request.field == "title";
     return save(std::move(*found));

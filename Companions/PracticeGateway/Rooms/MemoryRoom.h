@@ -6,7 +6,6 @@
 
 #include "Clock.h"
 #include "DocumentStore.h"
-#include "Fill/FillSize.h"
 #include "GatewayResponse.h"
 #include "NotesRequest.h"
 #include "ReadRequest.h"
@@ -15,9 +14,13 @@ namespace wendlow {
 
 /// What is remembered, one thing at a time: filing, changing, forgetting, and reading by name or
 /// by type. The words of a refusal say what was asked for and what is missing.
+///
+/// Memories are documents; beside them stands the view `note`, by which a program that reads the
+/// file itself finds them, as in the product's own store: `id` with "m:" before it is a memory's
+/// id, `path` its scope.
 class MemoryRoom {
 public:
-    static std::string_view schema() { return {}; } ///< memories are documents
+    static std::string_view schema();
 
     MemoryRoom(DocumentStore& documents, Clock clock);
 
@@ -29,8 +32,6 @@ public:
     GatewayResponse answer(const NotesCase::Edit& request);
     GatewayResponse answer(const NotesCase::Patch& request);
     GatewayResponse answer(const NotesCase::EditFilters& request);
-
-    /// To be called within a transaction, on an empty store.
 
 private:
     /// The memory of this id, or the sentence that there is none.

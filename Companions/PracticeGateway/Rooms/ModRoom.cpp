@@ -1,12 +1,16 @@
 #include "ModRoom.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include "FilterText.h"
 #include "ModShelf.h"
+#include "WordList.h"
 
 namespace wendlow {
 namespace {
@@ -29,7 +33,45 @@ CREATE TABLE IF NOT EXISTS mod_runs(
 CREATE INDEX IF NOT EXISTS mod_runs_by_time ON mod_runs(started_at);
 )sql";
 
+/// A run of each outcome of a mod that is installed, a second apart, the newest first; the last in
+/// the contract's words is one of a daemon to come.
+std::vector<ModRunEntry> outcomes(const std::string& mod, double now) {
+    constexpr std::string_view words[] = {"ok",
+                                          "failed",
+                                          "maxTurns",
+                                          "circuitBroken",
+                                          "timedOut",
+                                          "binaryNotFound",
+                                          "refusedNoBackup",
+                                          "refusedTools",
+                                          "authFailure",
+                                          "skippedNoHarness",
+                                          "skippedNoHarnessConsent",
+                                          "waiting for the tide"};
+    std::vector<ModRunEntry> runs;
+    for (const std::string_view word : words) {
+        now -= 1;
+        runs.push_back({.mod = mod,
+                        .behavior = "every-way",
+                        .scope = "/",
+                        .trigger = "every second",
+                        .startedAt = now,
+                        .endedAt = now + 1,
+                        .outcome = std::string(word)});
+    }
+    runs.front().turns = 7;
+    runs.front().mutations = 2;
+    runs.front().report = "Swept the shelf.\n\n…[report truncated by Wendlow]";
+    return runs;
+}
+
 } // namespace
+
+std::expected<ModManner, std::string> ModManner::parse(std::string_view words) {
+    static constexpr WordList::Known<bool ModManner::*> ways[] = {
+        {"none", &ModManner::none}, {"every-outcome", &ModManner::everyOutcome}};
+    return WordList::switches(words, ways);
+}
 
 std::string_view ModRoom::schema() {
     return tables;
@@ -107,10 +149,16 @@ std::vector<ModRunEntry> ModRoom::runs(std::int64_t limit) {
 
 GatewayResponse ModRoom::answer(const ReadCase::ModBoard& request) {
     constexpr std::int64_t usualLimit = 200;
-    return AnswerCase::ModBoard{
-        {.mods = mods(),
-         .rejected = rejections(),
-         .runs = runs(std::max<std::int64_t>(request.limit.value_or(usualLimit), 0))}};
+    ModBoardAnswer board;
+    if (!m_manner.none)
+        board = {.mods = mods(),
+                 .rejected = rejections(),
+                 .runs = runs(std::max<std::int64_t>(request.limit.value_or(usualLimit), 0))};
+    if (m_manner.everyOutcome)
+        std::ranges::move(outcomes(board.mods.empty() ? "gone-helper" : board.mods.front().slug,
+                                   secondsOf(m_clock())),
+                          std::inserter(board.runs, board.runs.begin()));
+    return AnswerCase::ModBoard{std::move(board)};
 }
 
 GatewayResponse ModRoom::answer(const ReadCase::ModsList& /*request*/) {

@@ -72,6 +72,13 @@ void MomentRoom::put(const MomentRecord& record) {
         .run();
 }
 
+std::int64_t MomentRoom::last() {
+    Statement highest =
+        m_documents.database().prepare("SELECT coalesce(max(moment), 0) FROM moments");
+    highest.step();
+    return highest.integer(0);
+}
+
 std::optional<MomentRecord> MomentRoom::find(std::int64_t moment) {
     Statement row = m_documents.database().prepare(
         "SELECT moment, number, day, chapter, app, window, title_source, site, bytes, seconds, "

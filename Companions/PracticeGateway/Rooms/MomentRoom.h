@@ -58,6 +58,8 @@ public:
 
     std::optional<MomentRecord> find(std::int64_t moment);
     void put(const MomentRecord& record);
+    /// The highest id there is; 0 for none.
+    std::int64_t last();
 
 private:
     /// PNG, or the sentence that tells why there is none.

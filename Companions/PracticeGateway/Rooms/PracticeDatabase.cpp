@@ -50,19 +50,24 @@ PracticeDatabase::open(const std::filesystem::path& path) try {
 
 void PracticeDatabase::adopt() {
     sqlite3_busy_timeout(m_handle.get(), 2000);
+    const auto figure = [this](std::string_view question) {
+        Statement statement = prepare(question);
+        return statement.step() ? statement.integer(0) : 0;
+    };
+    // Before the first byte is written: the path may be that of the product's own store.
+    const std::int64_t version = figure("PRAGMA user_version");
+    if (version != 0 && version != schemaVersion)
+        throw DatabaseError(fmt::format("it has tables of version {}, and this practice gateway "
+                                        "knows those of version {}",
+                                        version, schemaVersion));
+    if (figure("SELECT count(*) FROM sqlite_schema") != 0 &&
+        figure("SELECT count(*) FROM sqlite_schema WHERE name = 'document_words'") == 0)
+        throw DatabaseError("it holds the tables of another program");
     execute(
         "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;"
         "PRAGMA cache_size = -16384; PRAGMA mmap_size = 1073741824; PRAGMA temp_store = MEMORY");
-    Statement version = prepare("PRAGMA user_version");
-    version.step();
-    const std::int64_t found = version.integer(0);
-    version.reset();
-    if (found == 0)
+    if (version == 0)
         execute(fmt::format("PRAGMA user_version = {}", schemaVersion));
-    else if (found != schemaVersion)
-        throw DatabaseError(fmt::format("it has tables of version {}, and this practice gateway "
-                                        "knows those of version {}",
-                                        found, schemaVersion));
 }
 
 void PracticeDatabase::execute(std::string_view sql) {

@@ -22,7 +22,8 @@ public:
     static constexpr int schemaVersion = 1;
 
     /// Opens the file, making it (0600) and its folder (0700) where they lack. The error is a
-    /// sentence; a file of another schema version is one.
+    /// sentence; a file of another schema version is one, and so is another program's, of which
+    /// nothing is changed.
     static std::expected<std::unique_ptr<PracticeDatabase>, std::string>
     open(const std::filesystem::path& path);
 

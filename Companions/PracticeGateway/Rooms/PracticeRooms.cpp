@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "DatabaseError.h"
+#include "Fill/DaysGoOn.h"
 #include "Fill/MemoryFill.h"
 #include "Fill/WorkFill.h"
 
@@ -34,8 +35,12 @@ PracticeRooms::open(const std::filesystem::path& file, const Clock& clock) try {
 
 std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     Statement any = m_database->prepare("SELECT 1 FROM documents");
-    if (any.step())
+    if (any.step()) {
+        Transaction transaction(*m_database);
+        DaysGoOn(m_ledger, m_clock).catchUp();
+        transaction.commit();
         return {};
+    }
     {
         Transaction transaction(*m_database);
         MemoryFill(m_documents, m_mods, m_clock).fill(size);
@@ -49,6 +54,24 @@ std::expected<void, std::string> PracticeRooms::fill(FillSize size) try {
     return {};
 } catch (const std::exception& error) {
     return std::unexpected(std::string("the database could not be filled — ") + error.what());
+}
+
+std::expected<void, std::string> PracticeRooms::passTime() try {
+    Transaction transaction(*m_database);
+    DaysGoOn(m_ledger, m_clock).pass();
+    transaction.commit();
+    return {};
+} catch (const std::exception& error) {
+    return std::unexpected(std::string("the day could not go on — ") + error.what());
+}
+
+std::expected<void, std::string> PracticeRooms::addMoment() try {
+    Transaction transaction(*m_database);
+    WorkFill(m_documents, m_ledger, m_moments, m_meetings, m_keep, m_clock).addMoment();
+    transaction.commit();
+    return {};
+} catch (const std::exception& error) {
+    return std::unexpected(std::string("no moment could be added — ") + error.what());
 }
 
 void PracticeRooms::fillState() {

@@ -37,8 +37,15 @@ public:
     static std::expected<std::unique_ptr<PracticeRooms>, std::string>
     open(const std::filesystem::path& file, const Clock& clock);
 
-    /// Fills a database in which nothing is yet, wholly or not at all; leaves any other as it is.
+    /// Fills a database in which nothing is yet, wholly or not at all. Leaves any other as it is,
+    /// but that days that were filled once go on to now.
     std::expected<void, std::string> fill(FillSize size);
+
+    /// The last filled day goes on by the time that has passed since the last call. The error
+    /// is a sentence.
+    std::expected<void, std::string> passTime();
+    /// One more moment, of now. The error is a sentence.
+    std::expected<void, std::string> addMoment();
 
     /// Every room, for the dispatch.
     auto all() {
@@ -50,6 +57,8 @@ public:
     RuleRoom& rules() { return m_rules; }
     PhraseRoom& phrase() { return m_phrase; }
     DaemonRoom& daemon() { return m_daemon; }
+    ModRoom& mods() { return m_mods; }
+    MeetingRoom& meetings() { return m_meetings; }
 
 private:
     void fillState();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <utility>
 
 #include <fmt/format.h>
@@ -10,6 +9,7 @@
 #include "ClientInstance.h"
 #include "PlainText.h"
 #include "ScopePath.h"
+#include "WordList.h"
 
 namespace wendlow {
 namespace {
@@ -55,19 +55,11 @@ std::string fileOf(const RuleChain::Module& module, const RuleManner& manner) {
 } // namespace
 
 std::expected<RuleManner, std::string> RuleManner::parse(std::string_view words) {
-    static constexpr std::pair<std::string_view, bool RuleManner::*> ways[] = {
+    static constexpr WordList::Known<bool RuleManner::*> ways[] = {
         {"older-card", &RuleManner::olderCard}, {"other-scope", &RuleManner::otherScope},
         {"no-card", &RuleManner::noCard},       {"other-path", &RuleManner::otherPath},
         {"warning", &RuleManner::warning},      {"overflow", &RuleManner::overflow}};
-    RuleManner manner;
-    for (const auto piece : std::views::split(words, ',')) {
-        const std::string_view word(piece.begin(), piece.end());
-        const auto way = std::ranges::find(ways, word, [](const auto& each) { return each.first; });
-        if (way == std::end(ways))
-            return std::unexpected(std::string(word));
-        manner.*(way->second) = true;
-    }
-    return manner;
+    return WordList::switches(words, ways);
 }
 
 std::string RuleChain::card(const RuleManner& manner) const {

@@ -38,7 +38,12 @@ std::string_view ScopeRoom::schema() {
     return tables;
 }
 
-ScopeRoom::ScopeRoom(DocumentStore& documents) : m_documents(documents) {}
+ScopeRoom::ScopeRoom(DocumentStore& documents) : m_documents(documents) {
+    // Older fills kept them with a tilde, and no folder that a tool names is spelled like that.
+    m_documents.database().run("UPDATE OR REPLACE folder_maps SET folder = ? || substr(folder, 2) "
+                               "WHERE folder = '~' OR folder GLOB '~/*'",
+                               homeFolder());
+}
 
 std::vector<ScopeBoardEntry> ScopeRoom::board() {
     std::map<std::string, ScopeBoardEntry> entries;

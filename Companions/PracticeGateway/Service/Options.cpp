@@ -1,5 +1,6 @@
 #include "Service/Options.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 
@@ -19,7 +20,7 @@ constexpr const char* description =
     "it\n"
     "is refused with these words, is too new for this gateway, or gets the answer to another "
     "question.\n\n"
-    "The last four options make it misbehave, for trying what a client does then. A reply is "
+    "The last seven options make it misbehave, for trying what a client does then. A reply is "
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
     "  answer, silent, refuse, die       what it does at all\n"
@@ -41,8 +42,16 @@ public:
         m_parser.setApplicationDescription(QString::fromUtf8(description));
         m_parser.addOptions({
             option("help", "Say this."),
-            option("database", "The file it keeps all in, in a private folder of its own.", "path"),
-            option("fill", "Fill an empty database: day, or power for one of years.", "size"),
+            QCommandLineOption({QStringLiteral("store"), QStringLiteral("database")},
+                               QStringLiteral("The file it keeps all in, in a private folder of "
+                                              "its own; a script may read it beside."),
+                               QStringLiteral("path")),
+            option("fill",
+                   "Fill an empty database: day, power for one of years, moments for a day with "
+                   "50,000 moments.",
+                   "size"),
+            option("live", "Let the day go on, and another moment come, each so many milliseconds.",
+                   "number"),
             option("name", "What it owns on the session bus.", "name"),
             option("recovery",
                    "Its key: armed, locked for one that has gone, plain for a store without one. "
@@ -56,6 +65,16 @@ public:
             option("rules",
                    "What is wrong with the rules, with commas: older-card, other-scope, no-card, "
                    "other-path, warning, overflow.",
+                   "list"),
+            option("days",
+                   "What is odd about days, with commas: no-times, many-apps, negative, enormous, "
+                   "odd-names, no-pictures.",
+                   "list"),
+            option("lines",
+                   "What happens to a line right before the first delete of one, the second and so "
+                   "on, with commas: stay, change, move, go, twin.",
+                   "list"),
+            option("mods", "What is special about the mods, with commas: none, every-outcome.",
                    "list"),
             option("flood", "Send each new subscriber so many events at once.", "number"),
         });
@@ -149,6 +168,8 @@ std::expected<FillSize, std::string> fillSize(std::string_view word) {
         return FillSize::day;
     if (word == "power")
         return FillSize::power;
+    if (word == "moments")
+        return FillSize::moments;
     return std::unexpected(std::string(word));
 }
 
@@ -157,18 +178,25 @@ std::expected<FillSize, std::string> fillSize(std::string_view word) {
 std::expected<Options, std::string> Options::parse(const QStringList& words) {
     Reading reading(words);
     Options options{.name = reading.text("name").value_or(std::string(ClientInstance::gatewayID)),
-                    .database = reading.text("database")
-                                    .value_or(ClientInstance::defaultSupport() +
-                                              "/Wendlow Practice/practice.db"),
+                    .database = reading.text("store").value_or(ClientInstance::defaultSupport() +
+                                                               "/Wendlow Practice/practice.db"),
                     .fill = std::nullopt,
+                    .live = std::chrono::milliseconds(
+                        std::min<std::uint64_t>(reading.number("live").value_or(0), INT32_MAX)),
                     .misbehaviour = misbehaviourIn(reading),
                     .steered = steeredIn(reading),
                     .recovery = std::nullopt,
                     .rules = {},
+                    .days = {},
+                    .lines = {},
+                    .mods = {},
                     .help = std::nullopt};
     reading.parsed("fill", fillSize, options.fill);
     reading.parsed("recovery", protection, options.recovery);
     reading.parsed("rules", &RuleManner::parse, options.rules);
+    reading.parsed("days", &DayManner::parse, options.days);
+    reading.parsed("lines", &LineManners::parse, options.lines);
+    reading.parsed("mods", &ModManner::parse, options.mods);
     if (reading.isSet("help"))
         options.help = reading.help();
     if (!reading.fault().empty())

@@ -21,6 +21,10 @@ QString nothingHere() {
     return QStringLiteral("Nothing here yet.");
 }
 
+QString notWired() {
+    return QStringLiteral("This surface isn’t wired to your real data yet.");
+}
+
 QString empty(const EditorAnswer& answer, bool hasRows) {
     if (hasRows || !strip(answer.state).words.isEmpty())
         return {};

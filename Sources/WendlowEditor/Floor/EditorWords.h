@@ -16,6 +16,8 @@ Strip strip(const EditorAnswerState& state);
 
 QString reading();
 QString nothingHere();
+/// A made-up world has none of what a face shows.
+QString notWired();
 /// In place of rows: that they are being read, that there are none, or nothing where a strip tells
 /// why. Empty where there are rows.
 QString empty(const EditorAnswer& answer, bool hasRows);

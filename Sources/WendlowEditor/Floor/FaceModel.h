@@ -88,6 +88,8 @@ public:
     /// What it shows first is there.
     virtual bool isFilled() const { return true; }
     virtual FacePictures pictures() { return {}; }
+    /// Nothing of what it shows is still to come: a picture of it may be taken.
+    virtual bool isStill() const { return true; }
 
     QString title() const;
     bool isOpen() const { return m_open; }

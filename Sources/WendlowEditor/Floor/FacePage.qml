@@ -5,6 +5,8 @@ import QtQuick
 FocusScope {
     property int margin: 0
     property int column: 0
+    // What a panel that lies over the page covers: the whole stage.
+    property Item over: null
     property bool trying: false
     // Said where the daemon has been silent for long; else empty.
     property string waitingWords

@@ -14,16 +14,17 @@ Item {
 
     signal back
 
-    implicitHeight: 28
+    implicitHeight: Theme.lines[Label.Role.Title]
 
     IconButton {
         id: back
-        x: -26
-        y: 2
-        size: 24
+        // It keeps to the margin, which does not grow.
+        x: -size - 2
+        anchors.verticalCenter: parent.verticalCenter
+        size: Math.min(Theme.scaled(24), 28)
         visible: head.hasBack
         iconName: "left"
-        iconSize: 16
+        iconSize: Math.min(Theme.iconSize, size)
         text: qsTr("Back to %1").arg(head.backTo)
         tip: ""
         onClicked: head.back()
@@ -45,7 +46,7 @@ Item {
     Row {
         id: slot
         anchors.right: parent.right
-        y: 6
+        anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.space8
     }
 }

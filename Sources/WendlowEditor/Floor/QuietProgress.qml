@@ -8,8 +8,8 @@ Item {
     required property bool running
     property bool late: false
 
-    implicitWidth: 16
-    implicitHeight: 16
+    implicitWidth: Theme.iconSize
+    implicitHeight: Theme.iconSize
 
     onRunningChanged: progress.late = false
 

@@ -38,6 +38,8 @@ struct Scope {
 };
 struct Mod {
     static constexpr EditorFace face = EditorFace::mods;
+    std::string scope;
+    std::string slug;
     bool operator==(const Mod&) const = default;
 };
 } // namespace SearchDestination

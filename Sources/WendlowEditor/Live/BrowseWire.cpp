@@ -66,14 +66,13 @@ bool isSame(const TextBrowseRow& row, const EditorMemoryHit& hit) {
            printAs(row.filters, memory.filters);
 }
 
-EditorRows rowsOf(const std::vector<TextBrowseRow>& wire, const EditorRows& held) {
-    std::size_t same = 0;
-    while (same < std::min(wire.size(), held.size()) && isSame(wire[same], held[same]))
-        ++same;
-    EditorRows rows = held.first(same);
-    for (std::size_t at = same; at < wire.size(); ++at)
-        rows.push_back(hit(wire[at]));
-    return rows;
+bool isSame(const TextBrowseRow& row, const EditorMoment& moment) {
+    static const std::vector<std::string> none;
+    return row.id == moment.id && row.title == moment.title && editorDate(row.at) == moment.at &&
+           row.framed == moment.framed && row.score == moment.score && row.app == moment.bundle &&
+           row.abstract == moment.abstract && row.passage == moment.passage &&
+           row.sessionTool == moment.sessionTool && row.fileCount.value_or(0) == moment.fileCount &&
+           (row.files ? *row.files : none) == moment.files;
 }
 
 EditorMoment moment(const TextBrowseRow& row) {
@@ -88,6 +87,19 @@ EditorMoment moment(const TextBrowseRow& row) {
     made.framed = row.framed;
     made.sessionTool = row.sessionTool;
     return made;
+}
+
+/// What says what was held is taken from there.
+template<class Row>
+SharedRows<Row> goingOn(const std::vector<TextBrowseRow>& wire, const SharedRows<Row>& held,
+                        Row (*made)(const TextBrowseRow&)) {
+    std::size_t same = 0;
+    while (same < std::min(wire.size(), held.size()) && isSame(wire[same], held[same]))
+        ++same;
+    SharedRows<Row> rows = held.first(same);
+    for (std::size_t at = same; at < wire.size(); ++at)
+        rows.push_back(made(wire[at]));
+    return rows;
 }
 
 /// One row for each printed value: wire values that print alike are one.
@@ -149,14 +161,13 @@ std::vector<EditorCount> BrowseWire::counts(const std::vector<NameCount>& rows) 
 }
 
 EditorAnswer BrowseWire::settled(const TextBrowseAnswer& answer, const EditorAsk& ask,
-                                 const EditorRows& held) {
+                                 const EditorRows& held, const EditorMoments& heldMoments) {
     EditorAnswer made{.ask = ask, .state = EditorAnswerStateCase::Settled{}};
     made.narrowed = answer.narrowed;
     made.total = answer.total;
-    made.rows = rowsOf(answer.rows, held);
+    made.rows = goingOn(answer.rows, held, hit);
     if (ask.kind == EditorKind::moment)
-        for (const TextBrowseRow& row : answer.rows)
-            made.moments.push_back(moment(row));
+        made.moments = goingOn(answer.rows, heldMoments, moment);
     made.order = editorMemorySort(answer.order.value_or("")).value_or(EditorMemorySort::newest);
     made.typeCounts = counts(answer.byType);
     made.scopeCounts = counts(answer.byScope);

@@ -25,7 +25,7 @@ std::string printed(const FilterValue& value);
 /// begins as `held` does, those rows are taken from there: a list that is read on page by page is
 /// answered from its beginning each time.
 EditorAnswer settled(const TextBrowseAnswer& answer, const EditorAsk& ask,
-                     const EditorRows& held = {});
+                     const EditorRows& held = {}, const EditorMoments& heldMoments = {});
 
 std::vector<EditorCount> counts(const std::vector<NameCount>& rows);
 

@@ -11,15 +11,18 @@ namespace {
 
 using Lane = EditorLink::Lane;
 
-EditorTranscript transcriptOf(const MeetingTranscriptAnswer& wire) {
-    EditorTranscript made{
-        .id = wire.meeting, .title = wire.title, .titleSource = wire.titleSource, .who = wire.who};
+/// Of tens of thousands of lines none is copied.
+EditorTranscript transcriptOf(MeetingTranscriptAnswer wire) {
+    EditorTranscript made{.id = std::move(wire.meeting),
+                          .title = std::move(wire.title),
+                          .titleSource = std::move(wire.titleSource),
+                          .who = std::move(wire.who)};
     made.lines.reserve(wire.lines.size());
-    for (const TranscriptLineRow& row : wire.lines)
+    for (TranscriptLineRow& row : wire.lines)
         made.lines.push_back({.id = row.rowid,
-                              .speaker = row.speaker,
-                              .text = row.text,
-                              .witness = row.witness,
+                              .speaker = std::move(row.speaker),
+                              .text = std::move(row.text),
+                              .witness = std::move(row.witness),
                               .at = row.at});
     return made;
 }
@@ -84,9 +87,9 @@ void LiveMeetings::take(EditorLink::Reply reply) {
 QCoro::Task<EditorTranscriptResult> LiveMeetings::transcript(std::string id) {
     const ReadRequest request = ReadCase::MeetingTranscript{.id = id};
     EditorLink::Reply reply = co_await m_link.send(request, Lane::now);
-    const auto words = expect<AnswerCase::Transcript>(std::move(reply.response));
+    auto words = expect<AnswerCase::Transcript>(std::move(reply.response));
     if (words)
-        co_return transcriptOf(words->_0);
+        co_return transcriptOf(std::move(words->_0));
     // A meeting in which nobody spoke is no error.
     if (words.error().kind == AnswerRefusal::Kind::failure &&
         words.error().words.starts_with("no transcript"))
@@ -110,10 +113,23 @@ QCoro::Task<EditorLineDelete> LiveMeetings::deleteLine(std::string meeting, std:
     if (!life.expired())
         m_tell(EditorChange::generation);
     // It is gone; that it cannot be read again, twice, does not undo that.
-    for (int attempt = 0; attempt < 2 && !life.expired(); ++attempt)
+    std::optional<EditorTranscript> words;
+    for (int attempt = 0; attempt < 2 && !words && !life.expired(); ++attempt)
         if (EditorTranscriptResult now = co_await transcript(meeting))
-            co_return Case::Deleted{*std::move(now)};
-    co_return Case::Deleted{std::nullopt};
+            words = *std::move(now);
+    // Behind the transcript, which is waited for. What is shown stays until it has come.
+    if (!life.expired())
+        readAgain();
+    co_return Case::Deleted{std::move(words)};
+}
+
+/// The list counts lines, and one has gone. The link serves one at a time, so that a list that is
+/// still to come has been asked for behind the delete, and one of a load comes with that.
+void LiveMeetings::readAgain() {
+    if (!m_reading && m_loaded && !m_loadAhead())
+        // Runs on by itself, and ends by itself where this goes.
+        [[maybe_unused]]
+        const auto task = read();
 }
 
 } // namespace wendlow

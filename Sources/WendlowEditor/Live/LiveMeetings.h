@@ -35,6 +35,7 @@ public:
 private:
     QCoro::Task<> read();
     void take(EditorLink::Reply reply);
+    void readAgain();
 
     EditorLink& m_link;
     const LiveTell m_tell;

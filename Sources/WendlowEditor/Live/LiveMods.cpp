@@ -24,7 +24,8 @@ EditorModsBoard boardOf(const ModBoardAnswer& wire) {
     for (const auto& run : wire.runs)
         made.runs.push_back({run.mod, run.behavior, run.scope, run.trigger,
                              editorDate(run.startedAt), editorDate(run.endedAt), run.exit,
-                             run.turns, run.outcome, run.outputPath, run.report, run.mutations});
+                             run.turns, EditorRunOutcome::of(run.outcome), run.outputPath,
+                             run.report, run.mutations});
     return made;
 }
 

@@ -77,10 +77,12 @@ QCoro::Task<EditorAnswer> LivePages::answer(EditorAsk ask, EditorAsker asker) {
 EditorAnswer LivePages::settled(const TextBrowseAnswer& wire, const EditorAsk& ask,
                                 EditorAsker asker) {
     const bool goesOn = m_heldAsk && m_heldAsk->offset == ask.offset && m_heldAsk->sameQuery(ask);
-    EditorAnswer made = BrowseWire::settled(wire, ask, goesOn ? m_held : EditorRows());
+    EditorAnswer made = goesOn ? BrowseWire::settled(wire, ask, m_held, m_heldMoments)
+                               : BrowseWire::settled(wire, ask);
     if (asker == EditorAsker::page) {
         m_heldAsk = ask;
         m_held = made.rows;
+        m_heldMoments = made.moments;
     }
     const bool searched = !ask.term.empty() && wire.narrowed;
     if (!searched && !ask.hasChips())

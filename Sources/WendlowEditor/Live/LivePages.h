@@ -39,6 +39,7 @@ private:
     std::int64_t m_baselineTotal = 0;   ///< memories in the whole store, when last seen
     std::optional<EditorAsk> m_heldAsk; ///< what the page of a face last answered
     EditorRows m_held;
+    EditorMoments m_heldMoments;
     Lifetime m_life;
     EditorBrowses m_page; // these last: who waits in them is resumed while they go
     EditorBrowses m_search;

@@ -10,10 +10,13 @@ namespace {
 
 using Lane = EditorLink::Lane;
 
-/// The picture in an answer. Nothing: there is none, or it does not decode.
+/// In base64. No screen's picture is as large; what is would hold up everything while it is read.
+constexpr std::size_t mostText = std::size_t{24} << 20U;
+
+/// The picture in an answer. Nothing: there is none, or it does not decode, or it is monstrous.
 std::optional<EditorTile> picture(const GatewayResponse& response) {
     const auto* const image = std::get_if<AnswerCase::Image>(&response);
-    if (image == nullptr)
+    if (image == nullptr || image->base64.size() > mostText)
         return std::nullopt;
     const auto decoded = QByteArray::fromBase64Encoding(QByteArray::fromStdString(image->base64),
                                                         QByteArray::AbortOnBase64DecodingErrors);

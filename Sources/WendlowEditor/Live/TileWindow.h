@@ -9,10 +9,12 @@
 
 namespace wendlow {
 
-/// The thumbnails that are kept: the last to arrive, a fixed number of them.
+/// The thumbnails that are kept: the last to arrive, a fixed number of them, and fewer where they
+/// are large.
 class TileWindow {
 public:
     static constexpr std::size_t most = 600;
+    static constexpr std::size_t mostBytes = std::size_t{64} << 20U;
 
     const std::map<std::int64_t, EditorTile>& tiles() const { return m_tiles; }
     bool holds(std::int64_t key) const { return m_tiles.contains(key); }
@@ -22,6 +24,7 @@ public:
 private:
     std::map<std::int64_t, EditorTile> m_tiles;
     std::deque<std::int64_t> m_order; ///< of arrival
+    std::size_t m_bytes = 0;
 };
 
 } // namespace wendlow

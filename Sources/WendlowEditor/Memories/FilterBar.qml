@@ -12,7 +12,8 @@ Column {
     id: bar
 
     required property FilterBarModel model
-    // What the panel may take at most.
+    // What the chips may take at most, and what the panel.
+    required property int tallestChips
     required property int tallest
 
     spacing: 8
@@ -51,10 +52,11 @@ Column {
         Flickable {
             id: chips
 
-            readonly property int linesShown: 4
+            readonly property int line: Theme.smallButtonHeight + flow.spacing
+            readonly property int linesShown: Math.max(1, Math.min(4, Math.floor((bar.tallestChips + flow.spacing) / chips.line)))
 
             width: parent.width - (clear.visible ? clear.width + 4 : 0)
-            height: Math.min(flow.implicitHeight, chips.linesShown * 36 - 8)
+            height: Math.min(flow.implicitHeight, chips.linesShown * chips.line - flow.spacing)
             contentHeight: flow.implicitHeight
             clip: chips.contentHeight > chips.height
             boundsBehavior: Flickable.StopAtBounds

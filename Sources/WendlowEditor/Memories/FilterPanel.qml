@@ -13,10 +13,11 @@ Rectangle {
     required property FilterBarModel model
     required property int tallest
 
-    readonly property int columns: panel.width >= 560 ? 3 : panel.width >= 340 ? 2 : 1
+    readonly property int columns: panel.width >= Theme.scaled(560) ? 3 : panel.width >= Theme.scaled(340) ? 2 : 1
     // Where the rows scroll, "clear" has a line of its own below them.
-    readonly property bool scrolls: panel.lines * 32 + 18 > panel.tallest
-    readonly property int foot: panel.scrolls && panel.model.panelPicked ? 34 : 0
+    readonly property bool scrolls: panel.lines * panel.line + 18 > panel.tallest
+    readonly property int line: Theme.scaled(32)
+    readonly property int foot: panel.scrolls && panel.model.panelPicked ? Theme.smallButtonHeight + 6 : 0
     readonly property int lines: Math.ceil((values.count + (panel.model.panelPicked ? 1 : 0)) / panel.columns)
 
     // The focus is to go back to the chip.
@@ -32,7 +33,7 @@ Rectangle {
         values.itemAtIndex(index)?.forceActiveFocus(LastInput.reason);
     }
 
-    implicitHeight: Math.max(50 + panel.foot, Math.min(panel.lines * 32 + 18, panel.tallest))
+    implicitHeight: Math.max(panel.line + 18 + panel.foot, Math.min(panel.lines * panel.line + 18, panel.tallest))
     radius: Theme.radiusCard
     color: Theme.surface
     border.width: Theme.strokeHairline
@@ -70,15 +71,16 @@ Rectangle {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: Math.floor(values.width / panel.columns)
-        cellHeight: 32
+        cellHeight: panel.line
         keyNavigationEnabled: false
         // "clear" takes the last cell.
-        bottomMargin: panel.foot === 0 && panel.model.panelPicked && values.count % panel.columns === 0 ? 32 : 0
+        bottomMargin: panel.foot === 0 && panel.model.panelPicked && values.count % panel.columns === 0 ? panel.line : 0
         model: panel.model.values
 
         T.ScrollBar.vertical: ScrollBar {}
 
         ReadingOrder { rows: values.contentItem }
+        PlaceKeeper { view: values }
 
         delegate: CheckRow {
             id: value

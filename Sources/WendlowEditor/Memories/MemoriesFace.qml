@@ -32,7 +32,9 @@ FocusScope {
         y: Theme.space16
         width: face.column
         model: face.model.filters
-        tallest: face.height - 260
+        // Rows stay in sight below them.
+        tallestChips: Math.round(face.height / 3)
+        tallest: face.height - Theme.scaled(200) - 60
     }
     Label {
         id: count
@@ -44,8 +46,13 @@ FocusScope {
         color: Theme.textSecond
     }
     ChoiceWords {
-        x: face.margin + face.column - width
-        anchors.verticalCenter: count.verticalCenter
+        id: sorts
+
+        // Beside the count, or below it where there is no room.
+        readonly property bool below: sorts.visible && count.width + sorts.width + Theme.space16 > face.column
+
+        x: sorts.below ? face.margin : face.margin + face.column - width
+        y: sorts.below ? count.y + count.height + Theme.space4 : count.y + Math.round((count.height - height) / 2)
         visible: face.model.countLine.length > 0
         choices: face.model.sorts
         onChosen: word => face.model.sortBy(word)
@@ -53,8 +60,7 @@ FocusScope {
     Hairline {
         id: line
         x: face.margin
-        anchors.top: count.bottom
-        anchors.topMargin: 7
+        y: sorts.below ? sorts.y + sorts.height + 3 : count.y + count.height + 7
         width: face.column
         visible: rows.count > 0
     }
@@ -73,7 +79,7 @@ FocusScope {
         margin: face.margin
         column: face.column
         focus: true
-        rowHeight: 56
+        twoLines: true
         lines: face.model.lines
         Accessible.name: face.model.countLine
         onToggled: index => face.model.toggle(index)

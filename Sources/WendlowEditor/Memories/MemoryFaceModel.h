@@ -12,7 +12,7 @@ namespace wendlow {
 
 /// The first face of the window: a card for each type, or the memories of the type that is open,
 /// work items by their status. UI thread; the source must outlive it.
-class MemoryFaceModel final : public FaceModel {
+class MemoryFaceModel final : public wendlow::FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")

@@ -30,7 +30,7 @@ T.ItemDelegate {
     required property bool stale
     required property bool missing
 
-    required property int rowHeight
+    required property bool twoLines
     required property int indent
     required property bool chosen
     required property bool ringed
@@ -39,9 +39,8 @@ T.ItemDelegate {
     required property bool underlined
 
     readonly property bool tinted: row.chosen || row.open || row.hovered
-    readonly property bool twoLines: row.rowHeight >= 56
     readonly property int textX: 12 + row.indent
-    readonly property int lineHeight: row.head ? 48 : row.rowHeight
+    readonly property int lineHeight: row.head ? 8 + Theme.scaled(40) : Theme.scaled(row.twoLines ? 56 : 40)
     // Opened, and what it has to say is there: then the row is the whole memory, from its title on.
     readonly property bool unfolded: row.open && !row.head && row.known
 
@@ -115,7 +114,8 @@ T.ItemDelegate {
         Icon {
             visible: row.head
             x: 8
-            y: 8 + 12
+            y: 8 + Math.round((row.lineHeight - 8 - height) / 2)
+            size: Theme.iconSize
             name: row.open ? "down" : "right"
             color: Theme.textSecondOnTint
         }
@@ -123,7 +123,7 @@ T.ItemDelegate {
         Icon {
             visible: !row.head && row.tinted
             x: row.textX - 12
-            y: words.y + 4
+            y: words.y + Math.round((words.line - height) / 2)
             size: 12
             name: row.open ? "down" : "right"
             color: Theme.textSecondOnTint
@@ -131,8 +131,8 @@ T.ItemDelegate {
         Label {
             id: words
             x: row.textX
-            y: row.head ? 18 : row.twoLines ? 9 : 10
-            width: row.head ? Math.min(implicitWidth, parent.width - x - 60) : parent.width - x - date.implicitWidth - 28
+            y: row.head ? 8 + Theme.scaled(10) : Theme.scaled(row.twoLines ? 9 : 10)
+            width: row.head ? parent.width - x - number.width - 20 : date.x - x - 16
             role: row.head ? Label.Role.Strong : Label.Role.Body
             text: row.head ? row.title : row.unfolded && row.tip !== row.title ? row.tip : row.titleMarkup
             textFormat: text === row.titleMarkup ? Text.StyledText : Text.PlainText
@@ -143,9 +143,11 @@ T.ItemDelegate {
             Accessible.ignored: true
         }
         Label {
+            id: number
             visible: row.head
-            x: words.x + words.width + 8
-            y: 20
+            // By what it has drawn: a width that asked for its own implicit one would go in circles.
+            x: words.x + Math.ceil(words.contentWidth) + 8
+            y: 8 + Theme.scaled(12)
             role: Label.Role.Small
             text: row.count
             color: row.hovered ? Theme.textSecondOnTint : Theme.textSecond
@@ -155,7 +157,7 @@ T.ItemDelegate {
             id: second
             visible: row.twoLines && !row.head && !row.unfolded
             x: row.textX
-            y: 30
+            y: Theme.scaled(30)
             width: words.width
             role: Label.Role.Small
             text: row.sublineMarkup

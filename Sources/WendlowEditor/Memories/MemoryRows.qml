@@ -11,11 +11,14 @@ ListView {
     id: list
 
     required property MemoryLines lines
-    required property int rowHeight
+    // Each of its memories, closed.
+    required property bool twoLines
     // The lines stand in it; the list itself takes the whole stage, for the wheel and its bar.
     required property int margin
     required property int column
     property int indent: 0
+
+    readonly property int rowHeight: Theme.scaled(list.twoLines ? 56 : 40)
 
     property bool byKey: false
     property int hoverIndex: -1
@@ -107,6 +110,7 @@ ListView {
         list.currentIndex = 0
 
     ReadingOrder { rows: list.contentItem }
+    PlaceKeeper { view: list }
     // A menu that is taken away before it has closed takes the focus along.
     Timer {
         id: leave
@@ -131,6 +135,8 @@ ListView {
 
             Menu {
                 id: choices
+
+                title: qsTr("Memory")
 
                 readonly property bool known: (list.currentItem as MemoryRow)?.known ?? false
 
@@ -209,7 +215,7 @@ ListView {
 
         x: list.margin - 12
         width: list.column + 24
-        rowHeight: list.rowHeight
+        twoLines: list.twoLines
         indent: list.indent
         chosen: row.ListView.isCurrentItem && list.activeFocus
         ringed: row.chosen && list.byKey

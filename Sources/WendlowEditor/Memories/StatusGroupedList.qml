@@ -36,13 +36,13 @@ FocusScope {
         column: face.column
         topMargin: 4
         focus: true
-        rowHeight: 40
-        indent: 20
+        twoLines: false
+        indent: Theme.iconSize + 4
         lines: face.model.lines
         Accessible.name: qsTr("By status")
         onToggled: index => face.model.toggle(index)
         onEndAsked: rows.show(rows.count - 1)
-        bottomMargin: Theme.space24 + (missing.visible ? 28 : 0)
+        bottomMargin: Theme.space24 + (missing.visible ? missing.height + 12 : 0)
 
         // Behind the last line, and scrolled with it. A footer would do, but Qt 6.4 cannot make a bound one.
         Label {

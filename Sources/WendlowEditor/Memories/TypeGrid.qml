@@ -13,7 +13,7 @@ FocusScope {
     required property MemoryFaceModel face
 
     readonly property int count: cards.count
-    readonly property int columns: Math.max(1, Math.floor((grid.width + cards.gap) / (200 + cards.gap)))
+    readonly property int columns: Math.max(1, Math.floor((grid.width + cards.gap) / (40 + Theme.scaled(160) + cards.gap)))
 
     StageWords {
         anchors.centerIn: parent
@@ -41,7 +41,7 @@ FocusScope {
         activeFocusOnTab: cards.count > 0 || cards.activeFocus
         boundsBehavior: Flickable.StopAtBounds
         cellWidth: (grid.width + cards.gap) / grid.columns
-        cellHeight: 100
+        cellHeight: Theme.scaled(88) + cards.gap
         highlightMoveDuration: 0
         model: grid.face.cards
         onActiveFocusChanged: if (cards.activeFocus)
@@ -50,6 +50,7 @@ FocusScope {
             cards.currentIndex = 0
 
         ReadingOrder { rows: cards.contentItem }
+        PlaceKeeper { view: cards }
 
         T.ScrollBar.vertical: ScrollBar {
             parent: grid.parent
@@ -91,7 +92,7 @@ FocusScope {
             readonly property real trim: card.x + card.width - Math.round(card.x + card.width)
 
             width: cards.cellWidth - cards.gap
-            height: 88
+            height: cards.cellHeight - cards.gap
             leftInset: card.nudge
             rightInset: card.trim
             hoverEnabled: true
@@ -132,7 +133,7 @@ FocusScope {
                 Label {
                     id: words
                     x: 17
-                    y: 15
+                    y: Theme.scaled(15)
                     width: parent.width - 34
                     role: Label.Role.Strong
                     text: card.title
@@ -143,7 +144,7 @@ FocusScope {
                 }
                 Label {
                     x: 17
-                    y: 44
+                    y: Theme.scaled(44)
                     role: Label.Role.Figure
                     text: card.count
                     color: card.ink

@@ -52,7 +52,7 @@ struct EditorAnswer {
     std::vector<EditorCount> filterKeyCounts = {};
     std::map<std::string, std::vector<EditorCount>> filterValueCounts = {};
     std::map<EditorKind, std::int64_t> kindCounts = {};
-    std::vector<EditorMoment> moments = {};
+    EditorMoments moments = {};
 
     bool operator==(const EditorAnswer&) const = default;
 

@@ -98,7 +98,7 @@ Sheet {
             }
         }
         Field {
-            x: 28
+            x: Theme.iconSize + 12
             width: places.width - x
             prompt: qsTr("one lowercase word")
             value: composer.model.newName
@@ -109,7 +109,7 @@ Sheet {
             onAccepted: composer.model.save()
         }
         Label {
-            x: 28
+            x: Theme.iconSize + 12
             width: places.width - x
             visible: composer.model.nameFault.length > 0
             topPadding: 6

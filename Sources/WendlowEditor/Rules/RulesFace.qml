@@ -89,6 +89,7 @@ FacePage {
         T.ScrollBar.vertical: ScrollBar {}
 
         ReadingOrder { rows: list.contentItem }
+        PlaceKeeper { view: list }
 
         Accessible.role: Accessible.List
         Accessible.name: page.face.listName
@@ -96,7 +97,7 @@ FacePage {
         Keys.onPressed: event => {
             const rows = page.face.rows;
             const at = list.currentIndex;
-            const many = Math.max(1, Math.floor(list.height / 37) - 1);
+            const many = Math.max(1, Math.floor(list.height / Theme.scaled(37)) - 1);
             const steps = {
                 [Qt.Key_Up]: [at, -1],
                 [Qt.Key_Down]: [at, 1],

@@ -15,7 +15,7 @@ namespace wendlow {
 /// The rules at a scope: what is delivered, what a session receives, what is filed, and where the
 /// three differ; edited in place and added to. The picture that is shown stays while a newer one is
 /// read. UI thread; may go while answers are under way. The sources must outlive it.
-class RulesFaceModel final : public FaceModel {
+class RulesFaceModel final : public wendlow::FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")

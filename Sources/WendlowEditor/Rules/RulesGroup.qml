@@ -10,7 +10,7 @@ Item {
 
     readonly property int above: group.row.apart ? Theme.space12 : 0
 
-    implicitHeight: group.above + 36 + (group.row.last ? 0 : 1)
+    implicitHeight: group.above + Theme.scaled(36) + (group.row.last ? 0 : 1)
 
     RulesCard {
         y: group.above
@@ -32,7 +32,7 @@ Item {
         Label {
             id: name
             x: 17
-            y: 8
+            y: Theme.scaled(8)
             width: Math.min(implicitWidth, parent.width - x - count.width - 34)
             role: Label.Role.Strong
             text: group.row.words
@@ -43,13 +43,13 @@ Item {
         RulesSmall {
             id: count
             x: name.x + name.width + 9
-            y: 10
+            y: Theme.scaled(10)
             text: group.row.number
         }
         RulesSmall {
             id: caption
             x: count.x + count.width + 9
-            y: 10
+            y: Theme.scaled(10)
             width: Math.max(0, parent.width - x - 17)
             text: group.row.beside
         }

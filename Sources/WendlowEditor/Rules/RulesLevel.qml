@@ -8,10 +8,10 @@ Item {
 
     required property RulesLine row
 
-    readonly property int column: Math.min(112, Math.round(level.width / 4))
+    readonly property int column: Math.min(Theme.scaled(112), Math.round(level.width / 4))
     readonly property int above: level.row.lead.length > 0 ? 8 : 0
 
-    implicitHeight: 24 + level.above + (level.row.ends ? 9 : 0)
+    implicitHeight: Theme.scaled(24) + level.above + (level.row.ends ? 9 : 0)
 
     RulesCard {
         anchors.fill: parent
@@ -27,7 +27,7 @@ Item {
     Label {
         id: path
         x: 17
-        y: level.above + 2
+        y: level.above + Theme.scaled(2)
         width: level.column
         role: Label.Role.Strong
         text: level.row.lead
@@ -38,7 +38,7 @@ Item {
     Label {
         id: words
         x: 33 + level.column
-        y: level.above + 2
+        y: level.above + Theme.scaled(2)
         width: level.width - x - 17 - (mark.visible ? mark.width + 16 : 0)
         text: level.row.words
         elide: Text.ElideRight
@@ -48,7 +48,7 @@ Item {
     RulesSmall {
         id: mark
         x: level.width - width - 17
-        y: level.above + 4
+        y: level.above + Theme.scaled(4)
         visible: text.length > 0
         text: level.row.trailing
     }

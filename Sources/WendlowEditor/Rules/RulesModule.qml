@@ -10,7 +10,7 @@ Item {
 
     readonly property int end: Math.round(rev.x - (count.visible ? count.width + 24 : 0) - 16)
 
-    implicitHeight: 57
+    implicitHeight: Theme.scaled(56) + 1
 
     RulesCard {
         anchors.fill: parent
@@ -25,7 +25,7 @@ Item {
     Label {
         id: name
         x: 17
-        y: 10
+        y: Theme.scaled(10)
         width: Math.min(implicitWidth, module.end - x)
         role: Label.Role.Strong
         text: module.row.words
@@ -35,7 +35,7 @@ Item {
     }
     RulesSmall {
         x: name.x + name.width + 8
-        y: 12
+        y: Theme.scaled(12)
         width: Math.max(0, Math.min(implicitWidth, module.end - x))
         text: module.row.beside
         elide: Text.ElideMiddle
@@ -43,21 +43,21 @@ Item {
     RulesSmall {
         id: sentence
         x: 17
-        y: 30
+        y: Theme.scaled(30)
         width: module.end - x
         text: module.row.under
     }
     RulesSmall {
         id: count
         x: rev.x - width - 24
-        y: 20
+        y: Theme.scaled(20)
         visible: text.length > 0
         text: module.row.number
     }
     RulesSmall {
         id: rev
         x: module.width - width - 17
-        y: 20
+        y: Theme.scaled(20)
         text: module.row.trailing
     }
     Hint {

@@ -84,16 +84,22 @@ RulesLine {
         id: notes
 
         Item {
+            id: noted
+
+            // A label's own line is another thing.
+            readonly property string words: line.words
+            readonly property bool apart: line.apart
+
             width: line.width
-            implicitHeight: note.height + (line.apart ? 8 : 10)
+            implicitHeight: note.height + (noted.apart ? 8 : 10)
 
             Label {
                 id: note
-                y: line.apart ? 8 : 0
+                y: noted.apart ? 8 : 0
                 width: parent.width
                 role: Label.Role.Small
                 line: Theme.hintLine
-                text: line.words
+                text: noted.words
                 color: Theme.textSecond
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignLeft

@@ -1,6 +1,7 @@
 #include "Rules/RulesRows.h"
 
 #include "Floor/RowText.h"
+#include "Floor/Stops.h"
 
 #include <algorithm>
 #include <array>
@@ -46,14 +47,7 @@ int RulesRows::indexOfRule(std::string_view ruleID) const {
 }
 
 int RulesRows::stop(int from, int by) const {
-    const int step = by < 0 ? -1 : 1;
-    int reached = from;
-    for (int at = from + step; by != 0 && holds(at); at += step)
-        if (row(at).isStop()) {
-            reached = at;
-            by -= step;
-        }
-    return reached;
+    return Stops::reached(*this, from, by);
 }
 
 QVariant RulesRows::data(const QModelIndex& index, int role) const {

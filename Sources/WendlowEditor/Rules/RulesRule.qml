@@ -12,10 +12,11 @@ Item {
 
     required property RulesLine row
 
-    implicitHeight: 36 + (rule.row.last ? 0 : 1)
+    implicitHeight: Theme.scaled(36) + (rule.row.last ? 0 : 1)
 
     // Where what stands at the right begins.
-    readonly property int end: Math.round(rule.width - (rule.row.editable ? 52 : 17) - (scope.visible ? scope.width + 16 : 0))
+    readonly property int end: Math.round(rule.width - rule.beside - (scope.visible ? scope.width + 16 : 0))
+    readonly property int beside: rule.row.editable ? pencil.width + 24 : 17
 
     RulesCard {
         anchors.fill: parent
@@ -30,7 +31,7 @@ Item {
     Label {
         id: words
         x: 17
-        y: 8
+        y: Theme.scaled(8)
         width: rule.end - x
         visible: !rule.row.editing
         text: rule.row.words
@@ -40,8 +41,8 @@ Item {
     }
     RulesSmall {
         id: scope
-        x: rule.width - width - (rule.row.editable ? 52 : 17)
-        y: 10
+        x: rule.width - width - rule.beside
+        y: Theme.scaled(10)
         width: Math.min(implicitWidth, Math.round(rule.width / 3))
         visible: text.length > 0
         text: rule.row.trailing
@@ -50,7 +51,7 @@ Item {
     IconButton {
         id: pencil
         x: rule.width - width - 8
-        y: 4
+        y: Theme.scaled(4)
         visible: rule.row.editable && !rule.row.editing
         focusPolicy: Qt.NoFocus
         iconName: "pencil"
@@ -61,7 +62,7 @@ Item {
     }
     QuietProgress {
         x: rule.width - width - 14
-        y: 10
+        y: Theme.scaled(10)
         running: rule.row.busy
     }
     Only {
@@ -70,9 +71,9 @@ Item {
         Field {
             id: field
             x: 9
-            y: 4
+            y: Theme.scaled(4)
             width: rule.end - x
-            height: 28
+            height: Theme.scaled(28)
             leftPadding: 8
             rightPadding: 8
             value: rule.row.face.draft(rule.row.index)

@@ -8,7 +8,7 @@ Item {
 
     required property RulesLine row
 
-    implicitHeight: title.y + 28
+    implicitHeight: title.y + title.height + 8
 
     Label {
         id: title
@@ -21,17 +21,24 @@ Item {
         Accessible.role: Accessible.Heading
     }
     RulesSmall {
+        id: beside
         x: title.width + 13
-        y: title.y + 2
+        y: title.y + Math.round((title.height - height) / 2)
         width: Math.max(0, section.width - x)
         visible: text.length > 0
         text: section.row.beside
         Accessible.ignored: false
     }
+    HoverHandler { id: pointer }
+    Hint {
+        text: (title.truncated ? title.text : "") + (title.truncated && beside.truncated ? "\n" : "") + (beside.truncated ? beside.text : "")
+        leading: true
+        wanted: pointer.hovered
+    }
     Button {
         id: add
         x: section.width - width + 8
-        y: title.y - 4
+        y: title.y + Math.round((title.height - height) / 2)
         visible: section.row.canAdd
         kind: Button.Kind.Quiet
         small: true

@@ -138,7 +138,7 @@ private:
     struct Found {
         std::string term; ///< for which; empty: nothing has been answered
         EditorMemoryHits memories;
-        std::vector<EditorMoment> moments;
+        EditorMoments moments;
         EditorAnswerState state;
         std::optional<Millis> millis;
     };

@@ -25,8 +25,8 @@ FocusScope {
     signal triedAgain
 
     // Beside the heading there is no room for more.
-    readonly property bool narrow: page.column < 560
-    readonly property int rowsOfAPage: Math.max(1, Math.floor(list.height / 44) - 1)
+    readonly property bool narrow: page.column < Theme.scaled(560)
+    readonly property int rowsOfAPage: Math.max(1, Math.floor(list.height / Theme.scaled(44)) - 1)
 
     PageHead {
         id: head
@@ -42,7 +42,7 @@ FocusScope {
     Label {
         id: timing
         x: page.narrow ? page.margin : page.margin + page.column - width
-        y: page.narrow ? head.y + head.height + 4 : head.y + 6
+        y: page.narrow ? head.y + head.height + 4 : head.y + Math.round((head.height - height) / 2)
         role: Label.Role.Fine
         text: page.search.timing
         color: Theme.textSecond
@@ -77,7 +77,7 @@ FocusScope {
         focus: true
         activeFocusOnTab: list.count > 0 || list.activeFocus
         boundsBehavior: Flickable.StopAtBounds
-        bottomMargin: Theme.space24 + (searching.visible ? 36 : 0)
+        bottomMargin: Theme.space24 + (searching.visible ? searching.height + 20 : 0)
         keyNavigationEnabled: false
         highlightFollowsCurrentItem: true
         highlightMoveDuration: 0
@@ -111,6 +111,7 @@ FocusScope {
         }
 
         ReadingOrder { rows: list.contentItem }
+        PlaceKeeper { view: list }
 
         // Behind the last hit: what was found here is there, and the rest is to come.
         Row {

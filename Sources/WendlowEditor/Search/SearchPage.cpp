@@ -94,7 +94,7 @@ SearchHit momentHit(const EditorMoment& moment, std::string_view term) {
 
 SearchHit modHit(const EditorInstalledMod& mod) {
     return {.id = "app:" + mod.scope + ":" + mod.slug,
-            .destination = SearchDestination::Mod{},
+            .destination = SearchDestination::Mod{mod.scope, mod.slug},
             .title = mod.slug,
             .subtitle = joined({mod.scope, mod.hint}, between),
             .symbol = "square.grid.2x2.fill"};

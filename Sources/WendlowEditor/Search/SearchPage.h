@@ -5,7 +5,7 @@
 #include "Model/EditorMeeting.h"
 #include "Model/EditorMemory.h"
 #include "Model/EditorMods.h"
-#include "Model/EditorMoment.h"
+#include "Model/EditorRows.h"
 
 #include <cstddef>
 #include <optional>
@@ -32,7 +32,7 @@ inline constexpr std::size_t rowsShown = 5;
 struct Found {
     std::string_view term;
     const EditorMemoryHits& memories; ///< the best first
-    const std::vector<EditorMoment>& moments;
+    const EditorMoments& moments;
     const std::optional<std::vector<EditorMeeting>>& meetings;
     const std::vector<EditorInstalledMod>* mods; ///< null: there is no board of them
     const std::vector<std::string>& scopePaths;

@@ -32,6 +32,7 @@ FocusScope {
     implicitHeight: hit.y + hit.height
 
     Label {
+        id: kind
         visible: row.section.length > 0
         x: 12
         y: 14
@@ -45,9 +46,9 @@ FocusScope {
 
     T.ItemDelegate {
         id: hit
-        y: row.section.length > 0 ? 32 : 0
+        y: row.section.length > 0 ? kind.y + kind.height + 2 : 0
         width: parent.width
-        height: row.open ? opened.tall + 20 : row.twoLines ? 44 : 36
+        height: row.open ? opened.tall + 20 : Theme.scaled(row.twoLines ? 44 : 36)
         focus: true
         hoverEnabled: true
         focusPolicy: Qt.NoFocus
@@ -79,15 +80,17 @@ FocusScope {
             anchors.fill: parent
 
             Icon {
+                id: sign
                 x: 12
-                y: row.twoLines ? 14 : 10
+                y: Theme.scaled(row.twoLines ? 14 : 10)
+                size: Theme.iconSize
                 name: row.symbol
                 color: row.chosen ? Theme.accent : row.tinted ? Theme.textSecondOnTint : Theme.textSecond
             }
             Label {
                 id: words
-                x: 40
-                y: row.twoLines ? 4 : 8
+                x: sign.x + sign.size + 12
+                y: Theme.scaled(row.twoLines ? 4 : 8)
                 width: parent.width - x - 32
                 visible: !row.open
                 text: row.titleMarkup
@@ -98,8 +101,8 @@ FocusScope {
                 Accessible.ignored: true
             }
             Label {
-                x: 40
-                y: 23
+                x: words.x
+                y: Theme.scaled(23)
                 width: parent.width - x - 32
                 visible: row.twoLines && !row.open
                 role: Label.Role.Small
@@ -121,8 +124,8 @@ FocusScope {
             wanted: row.open
 
             SelectableText {
-                x: 40
-                y: row.twoLines ? 4 : 8
+                x: words.x
+                y: words.y
                 width: hit.width - x - 32
                 markup: row.unfolded
                 spoken: row.unfoldedText
@@ -131,7 +134,7 @@ FocusScope {
         // Where there is more behind it, that is shown under the pointer and at the selection.
         Icon {
             x: parent.width - 12 - width
-            y: row.twoLines ? 16 : 12
+            y: Theme.scaled(row.twoLines ? 22 : 18) - 6
             visible: row.tinted
             size: 12
             name: row.open ? "down" : "right"

@@ -137,13 +137,19 @@ std::vector<EditorApp> apps(const std::string& scope, int count) {
 std::vector<EditorMoment> seedMoments() {
     std::vector<EditorMoment> made;
     for (int index = 0; index < momentsInAll; ++index) {
-        EditorMoment moment{.id = fmt::format("seed{}", index),
+        EditorMoment moment{.id = fmt::format("{}", index + 1),
                             .at = daysAgo(0) - std::chrono::minutes(37) * index};
         moment.title = fmt::format("The {} on screen", pick(subjects, index, 4));
         moment.abstract = fmt::format("{} {}", pick(reasons, index, 5), pick(objects, index, 2));
         moment.shade = 0.3 + 0.05 * (index % 9);
-        moment.bundle =
-            index % 6 == 0 ? "one.tarnbeck.wendlow.transcript.codex" : "one.tarnbeck.editor";
+        moment.framed = index % 6 != 1;
+        moment.bundle = moment.framed     ? "one.tarnbeck.editor"
+                        : index % 12 == 1 ? "one.tarnbeck.wendlow.transcript.codex"
+                                          : "one.tarnbeck.wendlow.transcript.claude";
+        if (!moment.framed) {
+            moment.files = {fmt::format("{}/plan.md", folders[0]), "restore.py"};
+            moment.fileCount = 2 + index % 4;
+        }
         made.push_back(std::move(moment));
     }
     return made;

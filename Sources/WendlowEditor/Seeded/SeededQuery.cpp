@@ -141,9 +141,9 @@ EditorAnswer SeededQuery::answer(const EditorAsk& ask) const {
 
 void SeededQuery::addMoments(EditorAnswer& answer) const {
     for (const EditorMemoryHit& row : answer.rows) {
-        const auto moment = std::ranges::find(m_moments, row.memory.id, &EditorMoment::id);
-        answer.moments.push_back(*moment);
-        answer.moments.back().score = row.score;
+        EditorMoment moment = *std::ranges::find(m_moments, row.memory.id, &EditorMoment::id);
+        moment.score = row.score;
+        answer.moments.push_back(std::move(moment));
     }
 }
 

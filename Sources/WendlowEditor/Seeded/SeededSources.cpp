@@ -1,6 +1,7 @@
 #include "Seeded/SeededSources.h"
 
 #include "Seeded/SeededRulesPicture.h"
+#include "Seeded/SeededScreens.h"
 
 #include <algorithm>
 #include <utility>
@@ -46,6 +47,17 @@ QCoro::Task<std::optional<EditorMemoryDetail>> SeededPages::detail(std::string i
         co_return std::nullopt;
     const EditorMemory& memory = hit->memory;
     co_return EditorMemoryDetail{.id = memory.id, .why = memory.why, .body = memory.body};
+}
+
+void SeededTiles::showTiles(std::vector<std::int64_t> keys) {
+    constexpr std::size_t most = 200;
+    if (m_tiles.size() > most)
+        std::erase_if(m_tiles, [&](const auto& tile) {
+            return std::ranges::find(keys, tile.first) == keys.end();
+        });
+    for (const std::int64_t key : keys)
+        if (m_tiles.try_emplace(key, EditorTile{.image = SeededScreens::draw(key)}).second)
+            Q_EMIT tileArrived(key);
 }
 
 QCoro::Task<EditorTranscriptResult> SeededMeetings::transcript(std::string /*id*/) {

@@ -93,11 +93,11 @@ private:
 
 class SeededTiles final : public TileSource {
 public:
-    const std::map<std::int64_t, EditorTile>& tiles() const override { return m_none; }
-    void showTiles(std::vector<std::int64_t> /*keys*/) override {}
+    const std::map<std::int64_t, EditorTile>& tiles() const override { return m_tiles; }
+    void showTiles(std::vector<std::int64_t> keys) override;
 
 private:
-    const std::map<std::int64_t, EditorTile> m_none;
+    std::map<std::int64_t, EditorTile> m_tiles; ///< those on screen, and not many more
 };
 
 } // namespace wendlow

@@ -120,11 +120,12 @@ EditorScope garden() {
 }
 
 EditorMoment moment(int number, int daysAgoAt, const char* title, const char* abstract) {
-    EditorMoment made{.id = fmt::format("seed{}", number), .at = daysAgo(daysAgoAt)};
+    EditorMoment made{.id = fmt::format("{}", number), .at = daysAgo(daysAgoAt)};
     made.title = title;
     made.abstract = abstract;
     made.shade = 0.35 + 0.1 * (number % 5);
     made.bundle = "one.tarnbeck.editor";
+    made.framed = true;
     return made;
 }
 

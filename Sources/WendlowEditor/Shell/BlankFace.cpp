@@ -1,10 +1,9 @@
 #include "Shell/BlankFace.h"
 
+#include "Floor/EditorWords.h"
 #include "Floor/FlatScopes.h"
 #include "Floor/RowText.h"
 #include "Model/EditorRail.h"
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -28,8 +27,6 @@ void BlankFace::reveal(const FoundHit& found, EditorAsk& ask) {
 
 std::optional<std::int64_t> BlankFace::railCount() const {
     switch (m_face) {
-    case EditorFace::meetings:
-        return m_store.meetings().meetingCount();
     case EditorFace::moments:
         return m_store.pages().momentCount();
     case EditorFace::rules: {
@@ -38,38 +35,22 @@ std::optional<std::int64_t> BlankFace::railCount() const {
         return m_counted || !standing.empty() ? std::optional(RailCounts::rules(standing))
                                               : std::nullopt;
     }
-    case EditorFace::mods: {
-        const auto& board = m_store.mods().modsBoard();
-        return board ? std::optional<std::int64_t>(std::ssize(board->mods)) : std::nullopt;
-    }
     case EditorFace::scopes:
         return m_store.scopes().boardRead()
                    ? std::optional(FlatScopes::count(m_store.scopes().rootScope()))
                    : std::nullopt;
     case EditorFace::memory:
+    case EditorFace::meetings:
+    case EditorFace::mods:
         break;
     }
     return std::nullopt;
 }
 
-FacePictures BlankFace::pictures() {
-    // They look alike: one stands for all.
-    if (m_face != EditorFace::mods)
-        return {};
-    return {{.name = "blank"}};
-}
-
 QString BlankFace::words() const {
     if (const auto error = m_store.storeError())
         return RowText::plain(*error);
-    // Only the meetings are counted in words; the number of another face's things says nothing
-    // here.
-    const auto meetings =
-        m_face == EditorFace::meetings ? m_store.meetings().meetingCount() : std::nullopt;
-    if (meetings)
-        return RowText::plain(fmt::format(
-            "{} meetings are recorded. A meetings surface lands in a later phase.", *meetings));
-    return QStringLiteral("This surface isn’t wired to your real data yet.");
+    return EditorWords::notWired();
 }
 
 } // namespace wendlow

@@ -7,7 +7,7 @@ namespace wendlow {
 
 /// Stands for a face that is still to come: a sentence on the stage, and its count in the rail. UI
 /// thread; the store must outlive it.
-class BlankFace final : public FaceModel {
+class BlankFace final : public wendlow::FaceModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The root of the window makes it.")
@@ -27,7 +27,6 @@ public:
     void show(const FaceView& view) override;
     void reveal(const FoundHit& found, EditorAsk& ask) override;
     std::optional<std::int64_t> railCount() const override;
-    FacePictures pictures() override;
 
     QString words() const;
     bool gaveUp() const { return m_store.storeError().has_value(); }

@@ -12,7 +12,7 @@ FacePage {
     EmptyState {
         id: words
         anchors.centerIn: parent
-        width: Math.min(parent.width - 2 * Theme.space32, 440)
+        width: Math.min(parent.width - 2 * Theme.space32, Theme.scaled(440))
         iconName: blank.face.gaveUp ? "warn" : "clock"
         failed: blank.face.gaveUp
         text: blank.face.words

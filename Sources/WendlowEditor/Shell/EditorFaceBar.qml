@@ -17,6 +17,8 @@ Item {
 
     // The focus is to go to the rail.
     signal exited
+    // The focus is to go to what the stage is about.
+    signal passed
     // To the results that led here.
     signal returned
 
@@ -31,11 +33,15 @@ Item {
     // A menu leaves the focus nowhere, unless what was pressed instead has taken it.
     function settle(byKey: bool): void {
         const focused = bar.Window.activeFocusItem;
-        if (!focused || focused === bar.Window.contentItem)
+        if (focused && focused !== bar.Window.contentItem)
+            return;
+        if (bar.showsChip)
             bar.enter(byKey);
+        else
+            bar.passed();
     }
 
-    implicitHeight: 48
+    implicitHeight: Theme.scaled(48)
 
     Button {
         id: back
@@ -54,7 +60,7 @@ Item {
         x: back.visible ? back.x + back.width + 8 : bar.margin
         anchors.verticalCenter: parent.verticalCenter
         visible: bar.showsChip
-        widest: Math.min(420, bar.margin + bar.column - chip.x)
+        widest: Math.min(Theme.scaled(420), bar.margin + bar.column - chip.x)
         lead: qsTr("scope:")
         text: bar.model.label
         picked: bar.model.narrowed

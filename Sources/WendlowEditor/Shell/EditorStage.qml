@@ -17,7 +17,7 @@ FocusScope {
     readonly property bool searching: stage.root.search.searching
     // Where the words stand: in one column, with the same margins for every face, in the middle of a wide
     // stage.
-    readonly property int column: Math.max(0, Math.min(900, stage.width - 2 * Theme.space32))
+    readonly property int column: Math.max(0, Math.min(Theme.scaled(900), stage.width - 2 * Theme.space32))
     readonly property int margin: Math.max(Theme.space32, Math.floor((stage.width - stage.column) / 2))
 
     // The focus is to go back to the rail.
@@ -92,6 +92,7 @@ FocusScope {
             trail: stage.root.search.trail
             onReturned: stage.root.backToResults()
             onExited: stage.exited()
+            onPassed: stage.enter()
         }
         Repeater {
             id: slots
@@ -104,6 +105,7 @@ FocusScope {
                 anchors.topMargin: bar.height
                 margin: stage.margin
                 column: stage.column
+                over: stage
                 trying: stage.root.trying
                 waitingWords: stage.root.waitingWords
                 onTriedAgain: stage.root.tryAgain()

@@ -10,6 +10,7 @@ Loader {
     required property var modelData
     required property int margin
     required property int column
+    required property Item over
     required property bool trying
     required property string waitingWords
 
@@ -25,7 +26,8 @@ Loader {
             slot.setSource(slot.face.page, {
                 face: slot.face,
                 margin: slot.margin,
-                column: slot.column
+                column: slot.column,
+                over: slot.over
             });
     }
 

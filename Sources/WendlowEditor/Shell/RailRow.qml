@@ -29,7 +29,7 @@ T.TabButton {
     property bool sunk: control.down
     property bool ringed: control.visualFocus
 
-    implicitHeight: 33 + control.gap
+    implicitHeight: Theme.scaled(32) + 1 + control.gap
     topInset: control.gap
     bottomInset: 1
     hoverEnabled: true
@@ -50,15 +50,17 @@ T.TabButton {
         anchors.bottomMargin: 1
 
         Icon {
+            id: sign
             x: 8
             anchors.verticalCenter: parent.verticalCenter
+            size: Theme.iconSize
             visible: control.symbol.length > 0
             name: control.symbol
             color: control.marked ? Theme.text : Theme.textSecondOnTint
         }
         Label {
             id: words
-            x: control.symbol.length > 0 ? 34 : 8
+            x: control.symbol.length > 0 ? sign.x + sign.size + 10 : 8
             width: number.x - x - 8
             anchors.verticalCenter: parent.verticalCenter
             role: control.heading ? Label.Role.Eyebrow : control.marked ? Label.Role.Strong : Label.Role.Body

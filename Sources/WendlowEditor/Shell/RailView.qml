@@ -114,6 +114,7 @@ FocusScope {
         T.ScrollBar.vertical: ScrollBar {}
 
         ReadingOrder { rows: places.contentItem }
+        PlaceKeeper { view: places }
 
         delegate: RailRow {
             id: place

@@ -11,6 +11,9 @@ FocusScope {
 
     required property EditorFaceBarModel model
 
+    Accessible.role: Accessible.PopupMenu
+    Accessible.name: qsTr("Scopes")
+
     // Whether it was a key that closed the menu.
     property bool leftByKey: false
 
@@ -71,9 +74,6 @@ FocusScope {
 
         ReadingOrder { rows: lines.contentItem }
 
-        Accessible.role: Accessible.PopupMenu
-        Accessible.name: qsTr("Scopes")
-
         Keys.onReturnPressed: content.choose(lines.currentIndex, true)
         Keys.onEnterPressed: content.choose(lines.currentIndex, true)
         Keys.onSpacePressed: content.choose(lines.currentIndex, true)
@@ -104,7 +104,7 @@ FocusScope {
             readonly property bool lit: line.ListView.isCurrentItem && (line.hovered || lines.activeFocus)
 
             width: lines.width
-            implicitHeight: 28
+            implicitHeight: Theme.scaled(28)
             hoverEnabled: true
             // The tabulator key goes from the list to what is below it, not from line to line.
             focusPolicy: Qt.NoFocus

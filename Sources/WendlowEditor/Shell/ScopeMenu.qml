@@ -22,13 +22,16 @@ Item {
 
         readonly property ScopeLines lines: popup.contentItem as ScopeLines
 
-        width: Math.min(420, Math.max(260, (popup.lines?.widest ?? 0) + 10))
-        height: Math.min((popup.lines?.tall ?? 0) + 10, anchor.Window.height - 120)
+        width: Math.min(Theme.scaled(420), anchor.Window.width - 2 * Theme.space16, Math.max(Theme.scaled(260), (popup.lines?.widest ?? 0) + 10))
+        height: Math.min((popup.lines?.tall ?? 0) + 10, anchor.Window.height - Theme.scaled(92) - 28)
         padding: 5
+        margins: 8
         modal: false
         focus: true
         visible: anchor.model.pickerOpen
         closePolicy: T.Popup.CloseOnPressOutsideParent
+        // Its lines are the menu to a screen reader. What the template puts around them would be a dialog of no name.
+        Component.onCompleted: popup.contentItem.parent.Accessible.ignored = true
         onClosed: {
             anchor.model.pickerOpen = false;
             anchor.closed(popup.lines.leftByKey);

@@ -22,7 +22,9 @@ TEST(Programs, EndWellAndSilentlyWhateverTheyAreGiven) {
         R"("$hook" </dev/null)", R"("$hook" --harness=codex --slot=rules </dev/null)",
         R"("$hook" --harness cursor --slot prompt </dev/null)", R"("$hook" --harness </dev/null)",
         R"("$hook" --help $'\xff' '' </dev/null)", R"("$hook" --harness codex <&-)",
-        R"("$mcp" <&-)",
+        R"("$mcp" <&-)", R"("$mcp" </dev/null)", R"("$mcp" </dev/null >&-)",
+        // A notification is answered by nobody, and no bus is looked for.
+        R"(DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$mcp" 2>&- <<<'{"jsonrpc":"2.0","method":"x"}')",
         // A tool that writes much sees no broken pipe.
         R"(head -c 20000000 /dev/zero | "$hook" --harness claude-code)",
         // Nobody listens to the answers.
@@ -47,7 +49,7 @@ hear() { IFS= read -r -t 10 line <&3 && echo "$line"; }
 say '{"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":"2025-06-18"}}\r\n'
 hear
 say '{"jsonrpc":"2.0","method":"notifications/initialized"}\n\n{"jsonrpc":"2.0","id":"a",'
-say '"method":"tools/list"}\n'
+say '"method":"no/such"}\n'
 hear
 say '{"jsonrpc":"2.0","id":2,"method":"ping"}'
 exec 4>&-
@@ -56,7 +58,7 @@ wait $COPROC_PID)"),
         R"({"jsonrpc":"2.0","id":0,"result":{"protocolVersion":"2025-06-18",)"
         R"("capabilities":{"tools":{}},"serverInfo":{"name":"wendlow","version":")" PRODUCT_VERSION
         "\"}}}\n"
-        R"({"jsonrpc":"2.0","id":"a","result":{"tools":[]}})"
+        R"({"jsonrpc":"2.0","id":"a","error":{"code":-32601,"message":"Method not found: no/such"}})"
         "\n"
         R"({"jsonrpc":"2.0","id":2,"result":{}})"
         "\nstatus 0");

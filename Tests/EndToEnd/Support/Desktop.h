@@ -28,6 +28,10 @@ public:
     bool isReady() const { return m_accessibility.has_value(); }
     const TemporaryHome& home() const { return m_home; }
     const QProcessEnvironment& environment() const { return m_environment; }
+    /// For what is started from now on.
+    void setVariable(const QString& name, const QString& value) {
+        m_environment.insert(name, value);
+    }
     QString busAddress() const;
     PrivateBus& bus() { return m_bus; }
     const QDBusConnection& accessibility() const { return *m_accessibility; }

@@ -19,6 +19,24 @@ protected:
         const auto thing = application->findNamed(name);
         ASSERT_TRUE(thing && thing->act(QStringLiteral("Press"))) << name.toStdString();
     }
+    /// In the window of this title, the roles of what can be reached by key or has something to
+    /// tell, and has no name. A scroll bar tells by its value.
+    QStringList nameless(const QString& title) const {
+        using namespace Qt::StringLiterals;
+        static const QStringList telling{
+            u"push button"_s, u"toggle button"_s, u"check box"_s,  u"radio button"_s, u"page tab"_s,
+            u"list item"_s,   u"menu item"_s,     u"heading"_s,    u"label"_s,        u"text"_s,
+            u"alert"_s,       u"list"_s,          u"popup menu"_s, u"dialog"_s};
+        QStringList roles;
+        const auto window = application->window(title);
+        for (const Accessible& thing : window->all([](const Accessible& each) {
+                 return each.isShowing() && each.name().trimmed().isEmpty();
+             }))
+            if ((thing.isFocusable() && thing.role() != u"scroll bar"_s) ||
+                telling.contains(thing.role()))
+                roles.append(thing.role());
+        return roles;
+    }
     void write(const QString& text) const {
         QStringList keys;
         for (const QChar letter : text)

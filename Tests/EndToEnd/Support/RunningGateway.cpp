@@ -2,23 +2,31 @@
 
 #include <QJsonDocument>
 
+#include <utility>
+
 #include <fmt/format.h>
 
 namespace wendlow::testing {
 
-void RunningGateway::start(const std::string& replies, const std::string& rules) {
-    std::vector<std::string> more{"--replies", replies};
+void RunningGateway::start(const std::string& replies, const std::string& rules,
+                           const std::string& days) {
+    std::vector<std::string> options{"--replies", replies};
     if (!rules.empty())
-        more.insert(more.end(), {"--rules", rules});
-    startWith(more);
+        options.insert(options.end(), {"--rules", rules});
+    if (!days.empty())
+        options.insert(options.end(), {"--days", days});
+    startWith(std::move(options));
 }
 
-void RunningGateway::startWith(const std::vector<std::string>& more) {
+void RunningGateway::startWith(std::vector<std::string> options) {
     kill();
-    const auto database = m_desktop.home() / "Practice" / "practice.db";
-    std::vector<std::string> arguments{"--database", database.string(), "--fill", "day"};
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, arguments);
+    options.insert(options.end(), {"--store", store().string(), "--fill", fill});
+    options.insert(options.end(), more.begin(), more.end());
+    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, options);
+}
+
+std::filesystem::path RunningGateway::store() const {
+    return m_desktop.home() / "Library/Application Support/Wendlow/data.db";
 }
 
 QJsonObject RunningGateway::ask(const std::string& request) const {
@@ -31,8 +39,8 @@ QJsonObject RunningGateway::ask(const std::string& request) const {
     return response.isEmpty() ? response : response.begin()->toObject();
 }
 
-QJsonObject RunningGateway::browse(const std::string& fields) const {
-    return ask(fmt::format(R"({{"read":{{"_0":{{"textBrowse":{{"kind":"memory",{}}}}}}}}})",
+QJsonObject RunningGateway::browse(const std::string& fields, const std::string& kind) const {
+    return ask(fmt::format(R"({{"read":{{"_0":{{"textBrowse":{{"kind":"{}",{}}}}}}}}})", kind,
                            fields))
         .value(QStringLiteral("_0"))
         .toObject();

@@ -34,6 +34,8 @@ Item {
 
         function init(): void {
             ThemeSource.reduceMotion = true;
+            ThemeSource.textScale = 1;
+            face.host = bench.host;
             scene.width = 980;
             scene.height = 832;
             enter("powerUser");
@@ -64,7 +66,7 @@ Item {
             tryVerify(() => said("ListItem").some(line => /^doing, \d+\*$/.test(line)));
             says("StaticText", "Showing 50 of 273 — scroll the flat list for the rest.");
             verify(bench.press(face, "Mods, 0") || bench.press(face, "Mods"));
-            says("StaticText", "This surface isn’t wired to your real data yet.");
+            says("StaticText", "This world models no mods. Switch to your real data to see the registry.");
             everythingIsNamed();
         }
 
@@ -302,6 +304,58 @@ Item {
                 keyClick(Qt.Key_Return);
                 verify(!root.search.searching);
             }
+        }
+
+        // Every state of which there is a picture, with words of any size, in the smallest window and in its own.
+        function test_wordsStandInTheirPlace_data(): var {
+            return ["refused", "dayZero", "powerUser"].map(tag => ({ tag }));
+        }
+        function test_wordsStandInTheirPlace(data: var): void {
+            const bar = () => 28 * ThemeSource.textScale;
+            const faults = new Set();
+            if (data.tag === "refused")
+                face.host = bench.hostOf(true);
+            else
+                bench.world(data.tag);
+            bench.pose(data.tag, state => {
+                for (const [scale, width, height] of [[1, 560, 420], [1.25, 980, 860], [1.5, 560, 420], [1.5, 980, 860], [2, 747, 560]]) {
+                    ThemeSource.textScale = scale;
+                    scene.width = width;
+                    scene.height = height - bar();
+                    let found = [];
+                    for (let frame = 0; frame < 25 && (frame < 2 || found.length > 0); ++frame) {
+                        wait(20);
+                        found = bench.outOfPlace(face);
+                    }
+                    for (const fault of found)
+                        faults.add(state + " x" + scale + " " + width + ": " + fault);
+                }
+            });
+            for (const fault of faults)
+                console.warn(fault);
+            compare(faults.size, 0);
+        }
+
+        function test_largerWordsLeaveOneWhereOneWas(): void {
+            bench.open("decision");
+            wait(0);
+            keys("Tab Right");
+            for (let at = 0; at < 40; ++at)
+                keyClick(Qt.Key_Down);
+            const list = focused().ListView.view;
+            compare(list.currentIndex, 40);
+            const top = () => list.currentItem.mapToItem(list, 0, 0).y;
+            tryVerify(() => top() + 56 <= list.height, 2000, "the list follows the keys");
+            for (const scale of [1.5, 2, 1]) {
+                ThemeSource.textScale = scale;
+                tryVerify(() => top() >= 0 && top() + 56 * scale <= list.height + 1, 2000, "in sight at " + scale);
+                verify(list.currentIndex === 40 && focused() === list.currentItem && focused().ringed, "the focus stays: " + list.currentIndex);
+                compare(focused().height, 56 * scale);
+            }
+            list.currentIndex = 0;
+            list.positionViewAtIndex(30, ListView.Beginning);
+            ThemeSource.textScale = 1.5;
+            tryVerify(() => list.indexAt(100, list.contentY + 1) === 30, 2000, "what was read is read on");
         }
 
         function test_theEndOfAListIsItsLastMemory(): void {

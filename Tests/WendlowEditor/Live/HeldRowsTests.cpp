@@ -66,6 +66,13 @@ TEST(TileWindow, keepsTheLastSixHundredToArrive) {
     EXPECT_EQ(window.tiles().size(), 600U);
     EXPECT_FALSE(window.holds(0));
     EXPECT_TRUE(window.holds(1));
+    // Large ones are fewer.
+    const std::string large(TileWindow::mostBytes / 4, 'x');
+    for (int key = 601; key < 607; ++key)
+        window.remember(key, {.image = large});
+    window.remember(606, {.image = large});
+    EXPECT_EQ(window.tiles().size(), 4U);
+    EXPECT_TRUE(window.holds(603) && !window.holds(602));
 }
 
 } // namespace

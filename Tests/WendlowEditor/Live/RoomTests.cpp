@@ -46,8 +46,8 @@ TEST_F(LiveStore, asksAndReadsPagesAsTheWireHasThem) {
                 ElementsAre(std::pair<const std::string, std::string>("b", "true"),
                             std::pair<const std::string, std::string>("n", "2.5")));
     EXPECT_EQ(hit.memory.day.time_since_epoch(), std::chrono::milliseconds(1500));
-    EXPECT_EQ(answer.moments.at(0).bundle, "com.example");
-    EXPECT_TRUE(answer.moments.at(0).framed);
+    EXPECT_EQ(answer.moments[0].bundle, "com.example");
+    EXPECT_TRUE(answer.moments[0].framed);
     EXPECT_EQ(answer.order, EditorMemorySort::newest);
     EXPECT_THAT(answer.filterValueCounts.at("n"),
                 ElementsAre(EditorCount{"3", 6, {FilterValue("3"), FilterValue(3.0)}},
@@ -219,7 +219,33 @@ TEST(LiveMeetings, haveTranscriptsAndLinesThatCanBeDeleted) {
                         answer);
         EXPECT_EQ(result, outcome);
         EXPECT_EQ(live.store->generation(), std::holds_alternative<Case::Deleted>(outcome) ? 1 : 0);
+        EXPECT_FALSE(live.client->isWaiting()) << "a list that is not known is not read again";
     }
+}
+
+TEST_F(LiveStore, CountsTheLinesOfItsMeetingsAgainWhereOneHasGone) {
+    open();
+    const auto lines = [](int count) {
+        return AnswerCase::Text{"- m · today · 1 h · Ada · " + std::to_string(count) + " lines"};
+    };
+    const auto shown = [this] { return (*store->meetings().meetings())[0].lines; };
+    const AnswerCase::LineDelete gone{LineDeleteOutcome::deleted};
+    std::optional<EditorLineDelete> first, second;
+    const auto one = keep(store->meetings().deleteLine("m", 5, "w"), first);
+    answer("deleteUtterance", gone);
+    answer("meetingTranscript", AnswerCase::Transcript());
+    EXPECT_TRUE(first) << "nobody waits for the list";
+    EXPECT_EQ(shown(), 3);
+    EXPECT_TRUE(store->meetings().meetingsLoaded());
+    // Another line goes while the list is on its way: that one counts it still.
+    const auto two = keep(store->meetings().deleteLine("m", 6, "w"), second);
+    answer("meetingList", lines(2));
+    EXPECT_EQ(shown(), 2);
+    answer("deleteUtterance", gone);
+    answer("meetingTranscript", AnswerCase::Transcript());
+    answer("meetingList", lines(1));
+    EXPECT_EQ(shown(), 1);
+    EXPECT_FALSE(client->isWaiting());
 }
 
 TEST_F(LiveStore, WriteAndReadAgainWhatTheWriteMoved) {
@@ -370,6 +396,11 @@ TEST_F(LiveStore, fetchWhatIsOnScreenNow) {
     answer("getThumbnail", failure("none"));
     answer("getScreen", AnswerCase::Image{"AA==", "image/png"});
     EXPECT_EQ(tiles.tiles().at(6).image, std::string("\0", 1));
+    // One of 200 MB is not even read.
+    tiles.showTiles({7});
+    answer("getThumbnail", AnswerCase::Image{std::string(200'000'000, 'A'), "image/png"});
+    answer("getScreen", failure("none"));
+    EXPECT_EQ(tiles.tiles().at(7).image, std::nullopt);
 }
 
 } // namespace

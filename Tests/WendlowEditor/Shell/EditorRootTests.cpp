@@ -1,5 +1,4 @@
 #include "Memories/MemoryFaceModel.h"
-#include "Shell/BlankFace.h"
 #include "Shell/EditorRoot.h"
 #include "Support/ScriptedStore.h"
 
@@ -41,7 +40,7 @@ struct Window {
         store.page.settle(std::move(found));
         store.page.settle();
     }
-    QString words() const { return static_cast<BlankFace*>(root.openFace())->words(); }
+    QString trouble() const { return root.openFace()->property("trouble").toString(); }
 };
 struct EmptyWindow : ::testing::Test, Window {};
 struct FullWindow : ::testing::Test, Window {
@@ -90,7 +89,7 @@ TEST_F(FullWindow, ShowsAStoreThatHasGivenUpAsFailedUntilItHasNot) {
     EXPECT_TRUE(root.gaveUp());
     EXPECT_TRUE(answer().ready());
     root.setFace(EditorFace::mods);
-    EXPECT_EQ(words(), "The door is shut.");
+    EXPECT_EQ(trouble(), "The door is shut.");
     root.setFace(EditorFace::memory);
 
     store.loadingNow = true;
@@ -294,12 +293,12 @@ TEST_F(EmptyWindow, AnotherQuestionBeginsOnItsFirstPage) {
 TEST(EditorRoot, AHitOpensItsPlace) {
     using enum EditorFace;
     using Case = std::pair<SearchHit::Destination, EditorFace>;
-    for (const auto& [destination, face] :
-         {Case{SearchDestination::Memory{"ticket"}, memory},
-          Case{SearchDestination::Rule{"/work"}, rules},
-          Case{SearchDestination::Moment{"7"}, moments},
-          Case{SearchDestination::Meeting{"m"}, meetings},
-          Case{SearchDestination::Scope{"/x"}, scopes}, Case{SearchDestination::Mod{}, mods}}) {
+    for (const auto& [destination, face] : {Case{SearchDestination::Memory{"ticket"}, memory},
+                                            Case{SearchDestination::Rule{"/work"}, rules},
+                                            Case{SearchDestination::Moment{"7"}, moments},
+                                            Case{SearchDestination::Meeting{"m"}, meetings},
+                                            Case{SearchDestination::Scope{"/x"}, scopes},
+                                            Case{SearchDestination::Mod{"/", "m"}, mods}}) {
         Window window;
         window.root.search()->setText("backup");
         FoundHit found;

@@ -86,33 +86,55 @@ private:
     std::size_t m_waiting = 0;
 };
 
+/// Meetings that the test gives when it pleases; each transcript and each delete waits until then.
 class ScriptedMeetings final : public MeetingSource {
 public:
     std::optional<Meetings> list;
     std::optional<std::int64_t> count;
+    bool loaded = false;
+    std::optional<std::string> error;
     int loads = 0;
+    std::vector<std::string> asked; ///< "meeting", or "meeting: row witness" for a delete, in order
+
+    ~ScriptedMeetings() override {
+        m_transcripts.resumeAll(std::unexpected("gone"));
+        m_deletes.resumeAll(EditorLineDeleteCase::Failed{"gone"});
+    }
+
+    /// Answers the question that has waited longest.
+    void answer(EditorTranscriptResult result) { m_transcripts.resumeFirst(std::move(result)); }
+    void answerDelete(EditorLineDelete outcome) { m_deletes.resumeFirst(std::move(outcome)); }
 
     std::optional<std::int64_t> meetingCount() const override { return count; }
     const std::optional<Meetings>& meetings() const override { return list; }
-    bool meetingsLoaded() const override { return false; }
-    std::optional<std::string> meetingsError() const override { return std::nullopt; }
+    bool meetingsLoaded() const override { return loaded; }
+    std::optional<std::string> meetingsError() const override { return error; }
     void loadMeetings() override { ++loads; }
-    QCoro::Task<EditorTranscriptResult> transcript(std::string /*id*/) override {
-        co_return std::unexpected("none");
+    QCoro::Task<EditorTranscriptResult> transcript(std::string id) override {
+        asked.push_back(std::move(id));
+        co_return co_await m_transcripts;
     }
-    QCoro::Task<EditorLineDelete> deleteLine(std::string, std::int64_t, std::string) override {
-        co_return EditorLineDeleteCase::Refused{};
+    QCoro::Task<EditorLineDelete> deleteLine(std::string meeting, std::int64_t rowid,
+                                             std::string witness) override {
+        asked.push_back(meeting + ": " + std::to_string(rowid) + " " + witness);
+        co_return co_await m_deletes;
     }
+
+private:
+    Waiting<EditorTranscriptResult> m_transcripts;
+    Waiting<EditorLineDelete> m_deletes;
 };
 
 class ScriptedMods final : public ModSource {
 public:
     std::optional<EditorModsBoard> board;
+    bool loaded = true;
+    std::optional<std::string> error;
     int loads = 0;
 
     const std::optional<EditorModsBoard>& modsBoard() const override { return board; }
-    bool modsLoaded() const override { return true; }
-    std::optional<std::string> modsError() const override { return std::nullopt; }
+    bool modsLoaded() const override { return loaded; }
+    std::optional<std::string> modsError() const override { return error; }
     void loadMods() override { ++loads; }
 };
 
@@ -121,13 +143,22 @@ public:
     EditorScope root = EditorScope::root();
     std::vector<EditorScopeRow> board;
     bool read = true;
+    std::vector<std::string> mapped; ///< every mapping, as "folder → path"
+
+    ~ScriptedScopes() override { m_mappings.resumeAll({}); }
+
+    void answerMapping(EditorWriteOutcome outcome) { m_mappings.resumeFirst(std::move(outcome)); }
 
     const EditorScope& rootScope() const override { return root; }
     const std::vector<EditorScopeRow>& scopeBoard() const override { return board; }
     bool boardRead() const override { return read; }
-    QCoro::Task<EditorWriteOutcome> mapFolder(std::string, std::string) override {
-        co_return EditorWriteOutcome::refused("no");
+    QCoro::Task<EditorWriteOutcome> mapFolder(std::string folder, std::string path) override {
+        mapped.push_back(folder + " → " + path);
+        co_return co_await m_mappings;
     }
+
+private:
+    Waiting<EditorWriteOutcome> m_mappings;
 };
 
 /// Rules that the test gives when it pleases; each question and each write waits until then.

@@ -2,7 +2,8 @@
 
 namespace wendlow {
 
-/// How much a fresh database is given: one working day, or years of somebody who keeps everything.
-enum class FillSize { day, power };
+/// How much a fresh database is given: one working day, years of somebody who keeps everything, or
+/// a day's memories with years of moments.
+enum class FillSize { day, power, moments };
 
 } // namespace wendlow

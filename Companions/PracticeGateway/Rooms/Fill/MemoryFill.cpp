@@ -7,6 +7,7 @@
 
 #include "Fill/Content.h"
 #include "Fill/Vocabulary.h"
+#include "HomeFolder.h"
 #include "ModShelf.h"
 
 namespace wendlow {
@@ -64,7 +65,7 @@ void MemoryFill::fill(FillSize size) {
     // The ones above are of the number too.
     const auto others = Vocabulary::standingRules().size() + Vocabulary::awkwardTexts().size() + 1 +
                         ModShelf::names().size();
-    if (size == FillSize::day)
+    if (size != FillSize::power)
         memories(300 - others, 45);
     else
         memories(100'000 - others, 3 * year);
@@ -143,7 +144,7 @@ void MemoryFill::rules() {
 void MemoryFill::folders() {
     for (const Project& project : Content::projects())
         m_documents.database().run("INSERT INTO folder_maps(folder, scope) VALUES(?, ?)",
-                                   project.folder, project.scope);
+                                   expandingTilde(std::string(project.folder)), project.scope);
 }
 
 void MemoryFill::mods() {

@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "LocalTime.h"
+
 namespace wendlow {
 namespace {
 
@@ -87,13 +89,14 @@ WorkFill::WorkFill(DocumentStore& documents, ActivityLedger& ledger, MomentRoom&
 
 void WorkFill::fill(FillSize size) {
     const bool power = size == FillSize::power;
-    WorkPlan plan = WorkPlan::of(m_now, power ? 3 * 365 : 7);
+    WorkPlan plan = WorkPlan::of(m_now, size == FillSize::day ? 7 : 3 * 365);
     meet(plan, power ? 500 : 6);
     for (const WorkPlan::PlannedChapter& planned : plan.chapters)
         m_ledger.put(planned.chapter);
     for (const Activity& activity : plan.activities)
         m_ledger.put(activity);
-    moments(plan, power ? 20'000 : 150);
+    constexpr std::size_t counts[] = {150, 20'000, 50'000};
+    moments(plan, counts[static_cast<std::size_t>(size)]);
     if (!plan.activities.empty())
         m_keep.lockDay(plan.activities[plan.activities.size() / 3].day);
 }
@@ -152,15 +155,30 @@ void WorkFill::moments(const WorkPlan& plan, std::size_t count) {
     for (std::size_t number = 0; number < count; ++number) {
         const Activity& activity = plan.activities[places[number * places.size() / count]];
         if (activity.attention == Attention::ai && content.oneIn(2))
-            session(content, plan, activity, ++moment);
+            session(content, plan.projectOf(activity), activity, ++moment);
         else
-            screen(content, plan, activity, ++moment);
+            screen(content, plan.projectOf(activity), activity, ++moment);
     }
 }
 
-void WorkFill::screen(Content& content, const WorkPlan& plan, const Activity& activity,
+void WorkFill::addMoment() {
+    const std::int64_t moment = m_moments.last() + 1;
+    Content content(fmt::format("moment {}", moment));
+    Activity activity{.day = LocalTime::day(m_now),
+                      .start = m_now,
+                      .end = m_now,
+                      .app = "Terminal",
+                      .isBrowser = false,
+                      .attention = Attention::work,
+                      .chapter = 0};
+    if (content.oneIn(4))
+        session(content, content.project(), activity, moment);
+    else
+        screen(content, content.project(), activity, moment);
+}
+
+void WorkFill::screen(Content& content, const Project& project, const Activity& activity,
                       std::int64_t moment) {
-    const Project& project = plan.projectOf(activity);
     const auto length = static_cast<std::uint64_t>(activity.seconds());
     Document document{.kind = DocumentKind::moment,
                       .id = fmt::format("{}", moment),
@@ -183,9 +201,8 @@ void WorkFill::screen(Content& content, const WorkPlan& plan, const Activity& ac
                    .bytes = static_cast<std::int64_t>(90'000 + content.below(160'000))});
 }
 
-void WorkFill::session(Content& content, const WorkPlan& plan, const Activity& activity,
+void WorkFill::session(Content& content, const Project& project, const Activity& activity,
                        std::int64_t moment) {
-    const Project& project = plan.projectOf(activity);
     const Tool& tool = content.pick(tools);
     Document document{.kind = DocumentKind::moment,
                       .id = fmt::format("{}", moment),

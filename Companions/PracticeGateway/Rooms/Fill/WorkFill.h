@@ -18,15 +18,17 @@ public:
              MeetingRoom& meetings, KeepRoom& keep, const Clock& clock);
 
     void fill(FillSize size);
+    /// One more moment, of now. Also in a database that has been filled.
+    void addMoment();
 
 private:
     /// Turns activities that are long enough into meetings.
     void meet(WorkPlan& plan, std::size_t count);
     void meeting(Content& content, const WorkPlan& plan, const Activity& activity);
     void moments(const WorkPlan& plan, std::size_t count);
-    void screen(Content& content, const WorkPlan& plan, const Activity& activity,
+    void screen(Content& content, const Project& project, const Activity& activity,
                 std::int64_t moment);
-    void session(Content& content, const WorkPlan& plan, const Activity& activity,
+    void session(Content& content, const Project& project, const Activity& activity,
                  std::int64_t moment);
 
     DocumentStore& m_documents;

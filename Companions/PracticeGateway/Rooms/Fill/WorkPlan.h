@@ -18,14 +18,19 @@ struct WorkPlan {
         const Project* project = nullptr;
     };
 
-    std::vector<PlannedChapter> chapters; ///< number 1 is the first
-    std::vector<Activity> activities;     ///< in order
+    std::int64_t firstChapter = 1; ///< its number
+    std::vector<PlannedChapter> chapters;
+    std::vector<Activity> activities; ///< in order
 
     /// Nothing of it lies after `now`.
     static WorkPlan of(double now, int days);
+    /// What came after a database was filled: from what is known last to `now`, two months at most.
+    static WorkPlan after(double last, std::int64_t lastChapter, double now);
+    /// What the person does next, while they are watched.
+    static Activity next(const Activity& last, double start, double end);
 
     const Project& projectOf(const Activity& activity) const {
-        return *chapters[static_cast<std::size_t>(activity.chapter - 1)].project;
+        return *chapters[static_cast<std::size_t>(activity.chapter - firstChapter)].project;
     }
 };
 

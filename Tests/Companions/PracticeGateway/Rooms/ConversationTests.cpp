@@ -168,6 +168,20 @@ TEST(Conversation, AnswersAboutRulesAsItIsToldTo) {
     EXPECT_EQ(RuleManner::parse("warning,,overflow").error(), "");
 }
 
+TEST(Conversation, AnswersAboutModsAsItIsToldTo) {
+    TemporaryRooms rooms;
+    rooms.note(R"({"modInstall":{"name":"ticket-sweep","writer":"codex"}})");
+    rooms->mods().setManner(ModManner::parse("every-outcome").value());
+    const std::string all = rooms.read(R"({"modBoard":{}})");
+    EXPECT_THAT(all, ::testing::HasSubstr(R"("mod":"ticket-sweep","behavior":"every-way")"));
+    for (const char* const outcome : {"ok", "skippedNoHarnessConsent", "waiting for the tide"})
+        EXPECT_THAT(all, ::testing::HasSubstr(fmt::format(R"("outcome":"{}")", outcome)));
+    rooms->mods().setManner(ModManner::parse("none").value());
+    EXPECT_EQ(rooms.read(R"({"modBoard":{}})"),
+              R"({"modBoard":{"_0":{"mods":[],"rejected":[],"runs":[]}}})");
+    EXPECT_EQ(ModManner::parse("none,all").error(), "all");
+}
+
 TEST(Conversation, CutsAWalkThatIsTooLongFromBelow) {
     TemporaryRooms rooms;
     for (int count = 0; count < 150; ++count)

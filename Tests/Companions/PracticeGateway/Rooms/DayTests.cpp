@@ -1,5 +1,6 @@
 #include "TemporaryRooms.h"
 
+#include "DayManner.h"
 #include "LedgerFigures.h"
 
 #include <gmock/gmock.h>
@@ -7,7 +8,9 @@
 namespace wendlow {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using testing::TemporaryRooms;
 
 constexpr double morning = 1'795'248'000; // 2026-11-21 08:00 UTC
@@ -115,6 +118,78 @@ read coverage → text 2026-11-20 to 2026-11-21: something is known of 2 of 2 da
     EXPECT_THAT(rooms.read(R"({"allTime":{}})"),
                 HasSubstr(R"("moments":0,"meetings":0,"days":2,"yourWorkSeconds":4200,)"
                           R"("aiWorkSeconds":1800,)"));
+}
+
+TEST(DaysGoOn, SoThatTodayIsNeverEmpty) {
+    ::setenv("TZ", "UTC", 1);
+    std::int64_t now = 0;
+    TemporaryRooms rooms([&] {
+        return [&now] { return std::chrono::system_clock::time_point(std::chrono::seconds(now)); };
+    });
+    const auto knownOf = [&](std::string_view days) {
+        return rooms.figure(
+            fmt::format("SELECT coalesce(sum(end - start), 0) FROM activities WHERE {}", days));
+    };
+    const auto open = [&](double minutesAfterMorning) {
+        now = static_cast<std::int64_t>(morning + minutesAfterMorning * 60);
+        rooms.reopen();
+        rooms->passTime();
+    };
+    open(240);
+    EXPECT_EQ(knownOf("true"), 0) << "nobody asked for days";
+    constexpr double aDay = 1440;
+    // From one opening to the next: an hour, a night, to a minute past midnight, over a week, to an
+    // evening after work.
+    for (const double minutes :
+         {240.0, 300.0, 2 * aDay - 60, 3 * aDay + 961, 11 * aDay, 11 * aDay + 720}) {
+        open(minutes);
+        ASSERT_TRUE(rooms->fill(FillSize::day).has_value());
+        EXPECT_GE(knownOf(fmt::format("day = date({}, 'unixepoch')", now)), 60) << minutes;
+        EXPECT_EQ(knownOf(fmt::format("end > {}", now)), 0) << "the future is known";
+    }
+    EXPECT_EQ(rooms.figure("SELECT count(DISTINCT day) FROM activities WHERE day >= '2026-11-21'"),
+              12);
+    EXPECT_EQ(knownOf("chapter NOT IN (SELECT number FROM chapters)"), 0);
+
+    const auto count = [&] { return rooms.figure("SELECT count(*) FROM activities"); };
+    std::int64_t known = knownOf("true");
+    const std::int64_t before = count();
+    for (int look = 0; look < 60; ++look) {
+        now += 30;
+        rooms->passTime();
+        EXPECT_GE(knownOf("true"), known + 30) << look;
+        known = knownOf("true");
+    }
+    EXPECT_GE(count(), before + 2);
+    EXPECT_LE(count(), before + 4) << "it does one thing for a while";
+}
+
+TEST(DayManner, MakesAnswersOdd) {
+    const GatewayResponse good[] = {
+        AnswerCase::Presence{{.day = {}, .apps = {{.app = "A", .active = 60, .intervals = {}}}}},
+        AnswerCase::Web{{.day = {}, .browserSeconds = 60, .sites = {{"a.example", 60}}}},
+        AnswerCase::Attention{{.day = {}, .aiSeconds = 60}},
+        AnswerCase::Stretches{{.day = {}, .focus = {{.seconds = 60, .apps = {}}}}},
+        AnswerCase::Icons{{{"a.example", {"picture"}}}},
+        AnswerCase::Ok{}};
+    const auto changed = [&](std::string_view words) {
+        std::string all;
+        for (GatewayResponse response : good) {
+            DayManner::parse(words).value().change(response);
+            all += WireCodec::encode(response).value();
+        }
+        return all;
+    };
+    const std::string usual = changed("no-pictures");
+    EXPECT_THAT(usual, HasSubstr(R"("active":60,)"));
+    EXPECT_THAT(usual, Not(HasSubstr("cGljdHVyZQ")));
+    EXPECT_THAT(changed("no-times"), Not(HasSubstr("60")));
+    EXPECT_THAT(changed("negative"), Not(HasSubstr(":60")));
+    EXPECT_THAT(changed("negative"), HasSubstr(R"("browserSeconds":-60)"));
+    EXPECT_THAT(changed("enormous"), HasSubstr(R"("aiSeconds":9223372036854775747)"));
+    EXPECT_THAT(changed("many-apps,odd-names"),
+                AllOf(HasSubstr("Program 999"), HasSubstr("Two Words")));
+    EXPECT_EQ(DayManner::parse("no-times,moody").error(), "moody");
 }
 
 } // namespace

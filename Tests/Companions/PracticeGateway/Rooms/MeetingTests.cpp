@@ -143,5 +143,32 @@ control forget {"thingID":"meeting:zoom:1"} → failure nothing has the id “me
     EXPECT_EQ(rooms.figure("SELECT count(*) FROM utterances"), 1);
 }
 
+TEST_F(Meetings, CanHaveLinesThatAreWrittenBeforeTheyAreDeleted) {
+    rooms->meetings().setManners(LineManners::parse("change,move,stay,twin,go,stay").value());
+    const auto said = [&] {
+        std::string all;
+        for (const TranscriptLineRow& line : transcript().lines)
+            all += fmt::format("{} {}|", line.rowid, line.text);
+        return all;
+    };
+    const auto first = [&](int at) { return transcript().lines[static_cast<std::size_t>(at)]; };
+    const std::tuple<int, const char*, const char*> ways[] = {
+        {0, "staleWitness",
+         "1 Two copies of the backup. — or so.|2 And both tried?|3 Yes.|4 Yes.|"},
+        {1, "notFound", "1 Two copies of the backup. — or so.|6 And both tried?|3 Yes.|4 Yes.|"},
+        {1, "deleted", "1 Two copies of the backup. — or so.|3 Yes.|4 Yes.|"},
+        {1, "notFound", "1 Two copies of the backup. — or so.|7 Yes.|8 Yes.|4 Yes.|"},
+        {0, "notFound", "7 Yes.|8 Yes.|4 Yes.|"},
+        {0, "deleted", "8 Yes.|4 Yes.|"},
+        {0, "deleted", "4 Yes.|"},
+    };
+    for (const auto& [at, outcome, left] : ways) {
+        const TranscriptLineRow line = first(at);
+        EXPECT_THAT(erase("meeting:zoom:1", line.rowid, line.witness), HasSubstr(outcome));
+        EXPECT_EQ(said(), left);
+    }
+    EXPECT_EQ(LineManners::parse("stay,fly").error(), "fly");
+}
+
 } // namespace
 } // namespace wendlow

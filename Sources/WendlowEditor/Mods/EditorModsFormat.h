@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Model/EditorDate.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include <QLocale>
+
+/// How runs of mods are worded.
+namespace wendlow::EditorModsFormat {
+
+inline constexpr const char* noRuns = "No runs banked yet — nothing has fired on this Mac.";
+inline constexpr const char* noReport = "no report — this run never got as far as a final message";
+
+std::string turns(std::optional<std::int64_t> count);
+/// Seconds below a minute, seconds with minutes, none with hours.
+std::string duration(std::int64_t seconds);
+/// Day and time, without the year.
+std::string when(EditorDate date, const QLocale& locale = {});
+
+} // namespace wendlow::EditorModsFormat

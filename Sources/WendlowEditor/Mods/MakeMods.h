@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Floor/FaceModel.h"
+#include "Store/EditorStore.h"
+
+#include <memory>
+
+namespace wendlow {
+
+/// The face of the mods over this store, which must outlive it.
+std::unique_ptr<FaceModel> makeMods(EditorStore& store, FaceActions actions);
+
+} // namespace wendlow

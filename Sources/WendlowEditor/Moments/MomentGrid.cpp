@@ -1,0 +1,368 @@
+#include "Moments/MomentGrid.h"
+
+#include "DateWords.h"
+#include "Floor/RowText.h"
+#include "Moments/MomentTextCard.h"
+#include "Moments/MomentWords.h"
+
+#include <algorithm>
+#include <cmath>
+#include <ranges>
+#include <utility>
+
+namespace wendlow {
+
+namespace {
+
+std::int64_t localDay(const EditorMoment& moment) {
+    return DateWords::local(moment.at).date().toJulianDay();
+}
+
+QVariant words(const EditorMoment& moment, int role) {
+    switch (role) {
+    case MomentGrid::TitleRole:
+        return moment.drawsTextCard() ? RowText::line(MomentTextCard::title(moment).toStdString())
+                                      : RowText::line(moment.title);
+    case MomentGrid::TimeRole:
+        return MomentTextCard::time(moment.at);
+    case MomentGrid::KeyRole: {
+        const auto key = moment.drawsTextCard() ? std::nullopt : moment.thumbnailKey();
+        return key ? QString::number(*key) : QString();
+    }
+    case MomentGrid::ShadeRole:
+        return moment.thumbnailKey() ? 0.0 : moment.shade;
+    case MomentGrid::TextCardRole:
+        return moment.drawsTextCard();
+    default:
+        break;
+    }
+    // The rest is of cards alone.
+    if (!moment.drawsTextCard())
+        return QString();
+    switch (role) {
+    case MomentGrid::BadgeRole:
+        return MomentTextCard::badge(moment);
+    case MomentGrid::AbstractRole:
+        return RowText::line(MomentTextCard::abstract(moment).toStdString());
+    case MomentGrid::FilesRole:
+        return MomentTextCard::filesLine(moment);
+    case MomentGrid::FilesTipRole:
+        return MomentTextCard::filesTooltip(moment);
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+MomentGrid::MomentGrid(const HeldMoments& held, Hooks hooks)
+    : m_held(held), m_hooks(std::move(hooks)), m_layout(localDay) {}
+
+void MomentGrid::grow(std::size_t from) {
+    if (from == m_held.size())
+        return;
+    // What stands first in sight is to stand there still.
+    const bool isSeen = m_layout.count() > 0 && m_top > m_layout.measures().top;
+    const std::size_t anchor = isSeen ? m_layout.held(m_layout.firstBelow(m_top)) : 0;
+    const double before = isSeen ? m_layout.spot(m_layout.shown(anchor)).top : 0;
+    m_layout.add(m_held, from);
+    if (!m_current)
+        m_current = m_layout.held(0);
+    const double by = isSeen ? m_layout.spot(m_layout.shown(anchor)).top - before : 0;
+    Q_EMIT laidOut();
+    if (by != 0) {
+        m_top += by;
+        Q_EMIT shifted(by);
+    }
+    lookAgain();
+    Q_EMIT currentChanged();
+}
+
+void MomentGrid::startAfresh() {
+    m_layout.clear();
+    m_viewport.clear();
+    m_cellOf.clear();
+    m_current.reset();
+    m_top = 0;
+    for (Cell& cell : m_cells)
+        cell.stale = std::exchange(cell.held, std::nullopt).has_value() || cell.stale;
+    m_layout.add(m_held, 0);
+    if (m_layout.count() > 0)
+        m_current = m_layout.held(0);
+    else
+        for (std::size_t at = 0; at < m_cells.size(); ++at)
+            assign(at, std::nullopt);
+    Q_EMIT laidOut();
+    lookAgain();
+    Q_EMIT currentChanged();
+}
+
+void MomentGrid::turnDay() {
+    followHeads();
+}
+
+void MomentGrid::hide() {
+    m_viewport.clear();
+    m_hooks.showTiles({});
+}
+
+void MomentGrid::measure(int columns, int cellHeight, int rowGap, int top, int headGap,
+                         int headHeight) {
+    const MomentLayout::Measures measures{.columns = std::max(1, columns),
+                                          .cellHeight = cellHeight,
+                                          .rowGap = rowGap,
+                                          .top = top,
+                                          .headGap = headGap,
+                                          .headHeight = headHeight};
+    if (measures == m_layout.measures())
+        return;
+    const bool isSeen = m_layout.count() > 0 && m_top > m_layout.measures().top;
+    const std::size_t anchor = isSeen ? m_layout.firstBelow(m_top) : 0;
+    const double before = isSeen ? m_layout.spot(anchor).top : 0;
+    m_layout.measure(measures);
+    const double by = isSeen ? m_layout.spot(anchor).top - before : 0;
+    Q_EMIT laidOut();
+    if (by != 0) {
+        m_top += by;
+        Q_EMIT shifted(by);
+    }
+    lookAgain();
+}
+
+void MomentGrid::look(double top, double height) {
+    m_top = top;
+    m_height = height;
+    if (m_layout.count() > 0 && height > 0) {
+        // A row more at each end, so that what comes into sight is there already.
+        const double more = m_layout.rowPitch();
+        placeCells(m_layout.firstBelow(top - more), m_layout.lastAbove(top + height + more));
+        followViewport(top - more, top + height + more);
+    }
+    followHeads();
+}
+
+void MomentGrid::placeCells(std::size_t first, std::size_t last) {
+    std::vector<std::size_t> wanted;
+    for (std::size_t place = first; place <= last; ++place)
+        wanted.push_back(m_layout.held(place));
+    const auto shownFirst = [&](std::size_t held) {
+        const std::size_t place = m_layout.shown(held);
+        return place >= first && place <= last;
+    };
+    if (m_current && !shownFirst(*m_current))
+        wanted.push_back(*m_current);
+    // The cells of those that have gone are free for those that have come.
+    std::vector<std::size_t> free;
+    for (std::size_t at = 0; at < m_cells.size(); ++at) {
+        const auto& held = m_cells[at].held;
+        if (!held || (!shownFirst(*held) && held != m_current))
+            free.push_back(at);
+    }
+    std::vector<std::size_t> come;
+    for (const std::size_t held : wanted)
+        if (!m_cellOf.contains(held))
+            come.push_back(held);
+    for (std::size_t at = 0; at < free.size(); ++at)
+        assign(free[at], at < come.size() ? std::optional(come[at]) : std::nullopt);
+    if (come.size() > free.size()) {
+        const int more = static_cast<int>(come.size() - free.size());
+        beginInsertRows({}, rowCount(), rowCount() + more - 1);
+        for (std::size_t at = free.size(); at < come.size(); ++at) {
+            m_cellOf[come[at]] = m_cells.size();
+            m_cells.push_back(cellOf(come[at]));
+        }
+        endInsertRows();
+    }
+    // Those that stay may have come to stand elsewhere.
+    for (std::size_t at = 0; at < m_cells.size(); ++at) {
+        Cell& cell = m_cells[at];
+        if (!cell.held)
+            continue;
+        const std::size_t place = m_layout.shown(*cell.held);
+        const MomentLayout::Spot spot = m_layout.spot(place);
+        if (cell.place == place && cell.spot == spot)
+            continue;
+        cell.place = place;
+        cell.spot = spot;
+        const QModelIndex row = index(static_cast<int>(at));
+        Q_EMIT dataChanged(row, row, {PlaceRole, ColumnRole, TopRole});
+    }
+}
+
+void MomentGrid::assign(std::size_t at, std::optional<std::size_t> held) {
+    Cell& cell = m_cells[at];
+    if (cell.held == held && !cell.stale)
+        return;
+    if (cell.held)
+        m_cellOf.erase(*cell.held);
+    cell.held = held;
+    cell.stale = false;
+    const QModelIndex row = index(static_cast<int>(at));
+    if (!held) {
+        Q_EMIT dataChanged(row, row, {ShownRole, CurrentRole});
+        return;
+    }
+    m_cellOf[*held] = at;
+    cell = cellOf(*held);
+    Q_EMIT dataChanged(row, row);
+}
+
+MomentGrid::Cell MomentGrid::cellOf(std::size_t held) const {
+    const std::size_t place = m_layout.shown(held);
+    return {.held = held, .place = place, .spot = m_layout.spot(place)};
+}
+
+void MomentGrid::followViewport(double top, double bottom) {
+    const std::size_t first = m_layout.firstBelow(top);
+    const std::size_t last = m_layout.lastAbove(bottom);
+    std::set<std::size_t> now;
+    for (std::size_t place = first; place <= last; ++place)
+        now.insert(m_layout.held(place));
+    const std::set<std::size_t> before = m_viewport.onScreen();
+    if (before == now)
+        return;
+    for (const std::size_t held : before)
+        if (!now.contains(held))
+            m_viewport.disappeared(held);
+    for (const std::size_t held : now)
+        m_viewport.appeared(held);
+    m_hooks.showTiles(m_viewport.keys(m_held));
+    if (last + 1 == m_layout.count())
+        m_hooks.reachedEnd();
+}
+
+void MomentGrid::followHeads() {
+    const QDate today = m_hooks.today();
+    std::vector<MomentHead> heads;
+    QString sticky;
+    double offset = 0;
+    if (m_layout.days() > 0) {
+        const double height = m_layout.measures().headHeight;
+        const std::size_t passing = m_layout.dayAt(m_top);
+        const double passingTop =
+            passing == 0 ? m_layout.measures().top - height : m_layout.headTop(passing);
+        if (passingTop < m_top) {
+            sticky = passing == 0 ? MomentWords::heading(dayOf(0), today)
+                                  : MomentWords::day(dayOf(passing), today);
+            if (passing + 1 < m_layout.days())
+                offset = std::min(0.0, m_layout.headTop(passing + 1) - m_top - height);
+        }
+        for (std::size_t day = std::max<std::size_t>(1, passing); day < m_layout.days(); ++day) {
+            const double headTop = m_layout.headTop(day);
+            if (headTop > m_top + m_height)
+                break;
+            // The one that passes stands in for its own.
+            if (day == passing && !sticky.isEmpty())
+                continue;
+            heads.push_back({.id = std::to_string(m_layout.day(day)),
+                             .top = headTop,
+                             .title = MomentWords::day(dayOf(day), today)});
+        }
+    }
+    m_heads.show(std::move(heads));
+    if (sticky == m_stickyTitle && offset == m_stickyOffset)
+        return;
+    m_stickyTitle = std::move(sticky);
+    m_stickyOffset = offset;
+    Q_EMIT stickyChanged();
+}
+
+double MomentGrid::topOf(int place) const {
+    return place >= 0 && place < count() ? m_layout.spot(static_cast<std::size_t>(place)).top : 0;
+}
+
+int MomentGrid::columnOf(int place) const {
+    return place >= 0 && place < count() ? m_layout.spot(static_cast<std::size_t>(place)).column
+                                         : 0;
+}
+
+int MomentGrid::stepFrom(int place, Step step) const {
+    if (count() == 0)
+        return -1;
+    auto at = static_cast<std::size_t>(std::clamp(place, 0, count() - 1));
+    const int page = std::max(1, static_cast<int>(m_height / m_layout.rowPitch()) - 1);
+    switch (step) {
+    case Left:
+        at = m_layout.step(at, MomentLayout::Step::left);
+        break;
+    case Right:
+        at = m_layout.step(at, MomentLayout::Step::right);
+        break;
+    case Up:
+    case PageUp:
+        for (int rows = step == Up ? 1 : page; rows > 0; --rows)
+            at = m_layout.step(at, MomentLayout::Step::up);
+        break;
+    case Down:
+    case PageDown:
+        for (int rows = step == Down ? 1 : page; rows > 0; --rows)
+            at = m_layout.step(at, MomentLayout::Step::down);
+        break;
+    case First:
+        at = 0;
+        break;
+    case Last:
+        at = m_layout.count() - 1;
+        break;
+    }
+    return static_cast<int>(at);
+}
+
+void MomentGrid::setCurrent(int place) {
+    if (place < 0 || place >= count() || place == current())
+        return;
+    const int before = currentCell();
+    m_current = m_layout.held(static_cast<std::size_t>(place));
+    lookAgain();
+    for (const int cell : {before, currentCell()})
+        if (cell >= 0)
+            Q_EMIT dataChanged(index(cell), index(cell), {CurrentRole});
+    Q_EMIT currentChanged();
+}
+
+int MomentGrid::current() const {
+    return m_current ? static_cast<int>(m_layout.shown(*m_current)) : -1;
+}
+
+int MomentGrid::currentCell() const {
+    const auto cell = m_current ? m_cellOf.find(*m_current) : m_cellOf.end();
+    return cell == m_cellOf.end() ? -1 : static_cast<int>(cell->second);
+}
+
+const EditorMoment& MomentGrid::moment(int place) const {
+    return m_held[m_layout.held(static_cast<std::size_t>(place))];
+}
+
+int MomentGrid::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_cells.size());
+}
+
+QVariant MomentGrid::data(const QModelIndex& index, int role) const {
+    const Cell& cell = m_cells[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case ShownRole:
+        return cell.held.has_value();
+    case PlaceRole:
+        return static_cast<int>(cell.place);
+    case ColumnRole:
+        return cell.spot.column;
+    case TopRole:
+        return cell.spot.top;
+    case CurrentRole:
+        return cell.held && cell.held == m_current;
+    default:
+        return cell.held ? words(m_held[*cell.held], role) : QVariant();
+    }
+}
+
+QHash<int, QByteArray> MomentGrid::roleNames() const {
+    return {{ShownRole, "shown"},       {PlaceRole, "place"},      {ColumnRole, "column"},
+            {TopRole, "rowTop"},        {CurrentRole, "current"},  {TitleRole, "title"},
+            {TimeRole, "time"},         {KeyRole, "key"},          {ShadeRole, "shade"},
+            {TextCardRole, "textCard"}, {BadgeRole, "badge"},      {AbstractRole, "body"},
+            {FilesRole, "files"},       {FilesTipRole, "filesTip"}};
+}
+
+} // namespace wendlow
+
+#include "moc_MomentGrid.cpp"

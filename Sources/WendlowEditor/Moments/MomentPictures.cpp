@@ -1,0 +1,48 @@
+#include "Moments/MomentsFaceModel.h"
+
+namespace wendlow {
+
+namespace {
+
+using World = FacePicture::World;
+using Widths = FacePicture::Widths;
+
+} // namespace
+
+FacePictures MomentsFaceModel::pictures() {
+    const auto openFirst = [this](bool textCard) {
+        return [this, textCard] {
+            for (int place = 0; place < m_grid.count(); ++place)
+                if (m_grid.moment(place).drawsTextCard() == textCard) {
+                    openMoment(place);
+                    return;
+                }
+        };
+    };
+    const auto close = [this] { m_lightbox.dismiss(); };
+    FacePictures pictures;
+    pictures.push_back({.name = "moments-pending", .world = World::silent});
+    pictures.push_back({.name = "moments-warming", .world = World::warming});
+    pictures.push_back({.name = "moments-failed", .world = World::refusing});
+    pictures.push_back({.name = "moments-empty", .world = World::empty});
+    pictures.push_back({.name = "moments", .widths = Widths::every});
+    pictures.push_back({.name = "moments-scrolled",
+                        .stand = [this] { Q_EMIT revealed(m_grid.count() - 1); },
+                        .leave = [this] { Q_EMIT revealed(0); }});
+    pictures.push_back({.name = "moments-picture",
+                        .widths = Widths::every,
+                        .stand = openFirst(false),
+                        .leave = close});
+    pictures.push_back({.name = "moments-session", .stand = openFirst(true), .leave = close});
+    pictures.push_back({.name = "moments-refused",
+                        .stand =
+                            [this, openFirst] {
+                                openFirst(false)();
+                                m_lightbox.refuse(
+                                    QStringLiteral("No program was found that shows pictures."));
+                            },
+                        .leave = close});
+    return pictures;
+}
+
+} // namespace wendlow

@@ -1,0 +1,28 @@
+#include "Figure.h"
+
+#include "DashboardWords.h"
+
+namespace wendlow::Dashboard {
+
+QString Figure::words() const {
+    switch (kind) {
+    case Kind::time:
+        return dashTime(amount);
+    case Kind::storage:
+        return storageLabel(amount);
+    case Kind::count:
+        return QString::number(amount);
+    case Kind::percent:
+        return QString::number(percent, 'f', 1) + u'%';
+    }
+    return {};
+}
+
+QString Figure::wordsAt(double part) const {
+    Figure smaller = *this;
+    smaller.amount = static_cast<std::int64_t>(static_cast<double>(amount) * part);
+    smaller.percent = percent * part;
+    return smaller.words();
+}
+
+} // namespace wendlow::Dashboard
