@@ -15,6 +15,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QTimer>
 #include <fmt/format.h>
 #include <unistd.h>
@@ -81,6 +82,10 @@ End serve(const Options& options) {
     fmt::print("ready\n");
     std::fflush(stdout);
     const int status = QCoreApplication::exec();
+    // The answer that starts it again is on its way before the bus answers this, and the name is
+    // free.
+    if (startsAgain)
+        bus.interface()->unregisterService(QString::fromStdString(options.name));
     return {.status = status, .startsAgain = startsAgain};
 }
 

@@ -11,7 +11,7 @@ std::string storageLabel(std::int64_t bytes) {
     constexpr double largest = 999;
     const double megabytes = static_cast<double>(std::max<std::int64_t>(bytes, 0)) / megabyte;
     return megabytes > largest ? fmt::format("{:.1f} GB", megabytes / 1024.0)
-                               : fmt::format("{:.0f} MB", megabytes);
+                               : fmt::format("{} MB", static_cast<std::int64_t>(megabytes));
 }
 
 } // namespace wendlow

@@ -61,7 +61,8 @@ void SettingsRoot::started(const PaneModel::Log& log) {
 }
 
 bool SettingsRoot::settled() const {
-    const PaneModel* const shown = m_posed != nullptr ? m_posed : model(m_selection);
+    // What is posed stands as it is meant to, also with an answer that never comes.
+    const PaneModel* const shown = m_posed == nullptr ? model(m_selection) : nullptr;
     return shown == nullptr || shown->settled();
 }
 

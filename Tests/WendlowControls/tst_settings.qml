@@ -99,6 +99,19 @@ Item {
             fuzzyCompare(last.mapToItem(list, 0, 0).y + last.height, list.height, 1);
         }
 
+        function test_aFieldTakesTheFocusFromAPersonWhoOpensItAlone(): void {
+            go("Recording Control");
+            mouseClick(here("Add topic", "Button_"));
+            tryVerify(() => here("Add topic", "Field_").activeFocus);
+            go("General");
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            here("Add topic", "Field_");
+            wait(0);
+            verify(here("Recording Control", "SidebarItem_").activeFocus);
+            mouseClick(here("Cancel", "Button_"));
+        }
+
         function test_aQuestionHasTheFocusAtItsSafeAnswer(): void {
             go("General");
             const toggle = here("All day screenshots", "Switch_");
@@ -109,6 +122,11 @@ Item {
             keyClick(Qt.Key_Return);
             tryVerify(() => toggle.activeFocus, 5000, "the focus is given back");
             verify(toggle.on);
+            keyClick(Qt.Key_Space);
+            here("Delete screenshots", "DestructiveButton_", toggle.Window.contentItem).clicked();
+            tryVerify(() => toggle.activeFocus && toggle.visualFocus, 5000, "nor does it go while the daemon is at work");
+            compare(bench.spoken(toggle).description, "Working…");
+            verify(toggle.on, "it has not said so yet");
         }
 
         function test_aSwitchIsOutOfReachWhileItsVerbRuns(): void {
@@ -198,7 +216,7 @@ Item {
                 if (!here(name, "ConnectedAppRow_").open)
                     mouseClick(here("Show details of " + name, "Disclosure_"));
             for (const [scale, width, height] of [[1, 560, 420], [1.25, 980, 860], [1.5, 560, 420], [1.5, 980, 860], [2, 747, 560]])
-                for (const title of ["General", "Connected Apps"]) {
+                for (const title of ["General", "Connected Apps", "Recording Control", "Local AI Classifier", "Recovery"]) {
                     ThemeSource.textScale = scale;
                     scene.width = width;
                     scene.height = height - 28 * scale;

@@ -26,7 +26,7 @@ TEST(PaneWords, TellSizes) {
     const std::pair<std::int64_t, const char*> rows[] = {
         {0, "0 MB"},
         {-most, "0 MB"},
-        {megabyte * 3 / 2 + 1, "2 MB"},
+        {megabyte - 1, "0 MB"},
         {999 * megabyte, "999 MB"},
         {999 * megabyte + 1, "1.0 GB"},
         {2048 * megabyte, "2.0 GB"},

@@ -282,6 +282,14 @@ TEST_F(General, PollsForTheSizeInAQuestionAndEndsWithThePane) {
     EXPECT_EQ(daemon->newlyAsked(), Verbs()) << "nobody looks any more";
     load();
     EXPECT_EQ(sleepers.size(), 1U);
+    model->left();
+    wake();
+    daemon->held = {"disk_used"};
+    model->load();
+    model->left();
+    daemon->release();
+    EXPECT_TRUE(sleepers.empty()) << "nor is it begun when the last answer comes late";
+    load();
     model.reset();
     wake();
     EXPECT_EQ(daemon->newlyAsked(), Verbs());

@@ -151,7 +151,7 @@ TEST_F(Recovery, HasTheWordsOfTheStoreThatTheDaemonHas) {
          "this Mac holds no key for the store on disk — that is what the phrase is for", true},
         {AnswerCase::Unimplemented{"recovery_state"}, armed, "", true},
     };
-    EXPECT_EQ(model->title().toStdString(), armed);
+    EXPECT_EQ(model->title(), u"Recovery Phrase"_s) << "nobody has said yet that it is encrypted";
     for (const Row& row : rows) {
         daemon->answer("recovery_state", {row.answer});
         model->load();

@@ -10,10 +10,9 @@ namespace {
 using Arguments = std::vector<std::string>;
 
 TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
-    const auto options = LaunchOptions::parse(
-        Arguments{"--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb",
-                  "--first-frame", "--snapshots", "out", "--size", "1280x800", "--text-scale",
-                  "1.5", "--pane=recovery"});
+    const auto options = LaunchOptions::parse(Arguments{
+        "--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb", "--first-frame",
+        "--snapshots", "out", "--size", "1280x800", "--text-scale", "1.5", "--pane=recovery"});
     ASSERT_TRUE(options.has_value());
     LaunchOptions expected;
     EXPECT_EQ(LaunchOptions::parse(Arguments{}), expected);

@@ -17,7 +17,7 @@ CREATE TABLE IF NOT EXISTS locked_days(day TEXT PRIMARY KEY) WITHOUT ROWID;
 constexpr std::string_view frameKeep = "frameKeep";
 constexpr std::string_view reelKeep = "reelKeep";
 
-constexpr double countingTakes = 3; ///< seconds
+constexpr double countingTakes = 1.5; ///< seconds
 
 constexpr std::string_view framed = "FROM moments JOIN documents USING(number) WHERE framed";
 
@@ -118,7 +118,7 @@ GatewayResponse KeepRoom::answer(const ControlCase::SetFrameKeep& request) {
 }
 
 void KeepRoom::startPurge() {
-    constexpr double usualPause = 2;
+    constexpr double usualPause = 0.5;
     constexpr double longest = 60;
     std::vector<std::string> days;
     Statement kept = m_documents.database().prepare(

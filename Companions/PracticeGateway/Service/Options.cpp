@@ -16,9 +16,8 @@ namespace {
 constexpr const char* description =
     "Answers in place of the product's daemon, from a database of its own, so that the\n"
     "application can be used, tested and shown. It keeps no real memory.\n\n"
-    "--refuse, --unimplemented and --garble are for one verb and may be given again for others: "
-    "it\n"
-    "is refused with these words, is too new for this gateway, or gets the answer to another "
+    "--refuse, --unimplemented and --garble are each for one verb, and may be given again for\n"
+    "others: it is refused in these words, is not known yet, or gets the answer to another\n"
     "question.\n\n"
     "The last seven options make it misbehave, for trying what a client does then. A reply is "
     "told\n"

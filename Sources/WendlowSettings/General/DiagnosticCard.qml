@@ -19,7 +19,7 @@ Card {
     }
     Shortcut {
         sequence: "Alt+L"
-        enabled: card.visible && toggle.enabled && card.log.known
+        enabled: card.visible && card.log.known
         onActivated: card.model.toggleDiagnosticLogging(!card.log.on)
     }
     Column {
@@ -52,7 +52,7 @@ Card {
         anchors.right: parent.right
         anchors.rightMargin: Theme.cardPadding + 1
         y: Theme.space16
-        enabled: !card.log.writing
+        working: card.log.writing
         on: card.log.on
         text: qsTr("Keep a diagnostic log")
         description: card.model.diagnosticLoggingDetail

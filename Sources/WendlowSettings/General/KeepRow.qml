@@ -27,7 +27,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: row.label
-    Accessible.description: qsTr("%1, %2 a month, used: %3").arg(row.rate).arg(row.month).arg(row.used)
+    Accessible.description: qsTr("%1, %2 a month, used: %3").arg(row.rate).arg(row.month).arg(row.used) + (row.keep ? "" : qsTr(", always saved"))
 
     Hairline {
         width: row.width
@@ -124,7 +124,7 @@ Item {
             visible: row.keep !== null && row.keep.known
             x: row.columns.keep + row.columns.keepWidth - width
             anchors.verticalCenter: parent.verticalCenter
-            enabled: row.keep !== null && !row.keep.writing
+            working: row.keep !== null && row.keep.writing
             on: row.keep !== null && row.keep.on
             text: row.label
             description: row.note.length > 0 ? row.note : qsTr("Save?")

@@ -53,14 +53,21 @@ PrivacyModel::PrivacyModel(std::shared_ptr<WendlowClient> client, Surroundings s
 }
 
 void PrivacyModel::refresh() {
+    m_seen = true;
     if (!m_loading || m_loadingFor.hasExpired(m_around.patience.count()))
         load(); // shows by itself what it finds
+}
+
+void PrivacyModel::left() {
+    m_seen = false;
+    stopPolling();
 }
 
 QCoro::Task<> PrivacyModel::load() {
     const QPointer<PrivacyModel> self(this);
     const Load mine = ++m_loads;
     ++m_asking;
+    m_seen = true;
     m_loading = true;
     m_loadingFor.start();
     m_failure.clear();
@@ -373,7 +380,7 @@ bool PrivacyModel::pollNeeded() const {
 }
 
 void PrivacyModel::startPollingIfNeeded() {
-    if (m_polling || !pollNeeded())
+    if (m_polling || !m_seen || !pollNeeded())
         return;
     m_polling = true;
     poll(++m_polls);

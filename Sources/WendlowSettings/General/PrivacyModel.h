@@ -84,7 +84,7 @@ public:
     bool pollNeeded() const;
 
     Q_INVOKABLE void refresh() override;
-    void left() override { stopPolling(); }
+    void left() override;
     bool settled() const override { return m_asking == 0; }
 
     QVariantList rows();
@@ -173,6 +173,7 @@ private:
     std::string m_failure; ///< the last of the load under way
     int m_polls = 0;
     bool m_polling = false;
+    bool m_seen = true; ///< nothing is polled for a pane that nobody sees
 };
 
 } // namespace wendlow

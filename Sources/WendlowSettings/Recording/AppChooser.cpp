@@ -20,6 +20,7 @@ QString AppChooser::title() {
 void AppChooser::openFor(RuleGroup* group) {
     if (group == nullptr)
         return;
+    disconnect(m_added);
     m_group = group;
     m_added = connect(group, &RuleGroup::added, this, &AppChooser::close);
     m_term.clear();
@@ -39,6 +40,7 @@ void AppChooser::close() {
 QCoro::Task<> AppChooser::look() {
     const QPointer<AppChooser> self(this);
     m_looking = true;
+    Q_EMIT namesChanged();
     const QFuture<std::vector<std::string>> work = QtConcurrent::run(m_around.installed);
     std::vector<std::string> found = co_await work;
     if (!self)
@@ -89,6 +91,7 @@ void AppChooser::other() {
 
 QCoro::Task<> AppChooser::chooseOther() {
     const QPointer<AppChooser> self(this);
+    const QPointer<RuleGroup> group = m_group;
     m_elsewhere = true;
     tell({});
     FileChooser::Question question{.title = title(), .folder = QStringLiteral("/Applications")};
@@ -96,6 +99,11 @@ QCoro::Task<> AppChooser::chooseOther() {
     if (!self)
         co_return;
     m_elsewhere = false;
+    // The sheet may have gone meanwhile, or stand for another tier.
+    if (m_group != group) {
+        tell({});
+        co_return;
+    }
     if (!answer) {
         tell(QString::fromStdString(answer.error()));
         co_return;

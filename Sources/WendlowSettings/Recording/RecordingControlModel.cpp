@@ -169,7 +169,7 @@ QCoro::Task<> RecordingControlModel::add(std::string value, RuleKind kind, RuleT
     if (!self)
         co_return;
     for (RuleGroup* const each : m_groups)
-        each->answered(value);
+        each->answered({.id = {}, .kind = kind, .value = value, .tier = tier});
     co_await load();
     if (!self)
         co_return;

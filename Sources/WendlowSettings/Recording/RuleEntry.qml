@@ -38,33 +38,12 @@ T.ItemDelegate {
     }
 
     contentItem: Item {
-        Rectangle {
-            id: tile
+        SiteTile {
             visible: entry.group.symbol.length === 0
             x: Theme.space8
             anchors.verticalCenter: parent.verticalCenter
-            width: Theme.scaled(16)
-            height: Theme.scaled(16)
-            radius: Theme.radiusTag
-            color: site.there ? "transparent" : Theme.well
-            border.width: site.there ? 0 : Theme.strokeHairline
-            border.color: Theme.hairline
-
-            SiteIcon {
-                id: site
-                anchors.fill: parent
-                bytes: entry.picture
-            }
-            Label {
-                visible: !site.there
-                anchors.centerIn: parent
-                width: parent.width
-                role: Label.Role.GroupTitle
-                text: entry.letter
-                color: Theme.textSecondOnTint
-                horizontalAlignment: Text.AlignHCenter
-                Accessible.ignored: true
-            }
+            letter: entry.letter
+            picture: entry.picture
         }
         Icon {
             visible: entry.group.symbol.length > 0

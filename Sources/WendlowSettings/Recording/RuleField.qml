@@ -8,13 +8,17 @@ Item {
 
     required property RuleGroup group
 
+    // It has the focus from its beginning.
+    required property bool taking
+
     readonly property bool stacked: form.width < Theme.scaled(260)
 
     signal ended
 
     implicitHeight: buttons.y + buttons.height + (told.visible ? told.height + 6 : 0) + Theme.space8
 
-    Component.onCompleted: field.forceActiveFocus(LastInput.reason)
+    Component.onCompleted: if (form.taking)
+        field.forceActiveFocus(LastInput.reason)
     Keys.onEscapePressed: form.leave()
 
     function leave(): void {

@@ -2,6 +2,7 @@
 
 #include "PlainText.h"
 #include "Recording/RuleInput.h"
+#include "SiteIcon.h"
 
 #include <algorithm>
 #include <utility>
@@ -113,8 +114,8 @@ bool RuleGroup::offer(const std::string& value) {
     return true;
 }
 
-void RuleGroup::answered(const std::string& value) {
-    m_answered = m_answered || (isBusy() && m_sent == value);
+void RuleGroup::answered(const Rule& rule) {
+    m_answered = m_answered || (isBusy() && m_sent == rule.value && takes(rule));
 }
 
 void RuleGroup::settle() {
@@ -149,7 +150,8 @@ QVariant RuleGroup::data(const QModelIndex& index, int role) const {
     case OffRole:
         return shown.off;
     case PictureRole:
-        return shown.picture;
+        return SiteIcon::picture(
+            {shown.picture.constData(), static_cast<std::size_t>(shown.picture.size())});
     case LetterRole: {
         // A letter beyond the first plane is two units.
         const bool isPair = !shown.value.isEmpty() && shown.value.front().isHighSurrogate();

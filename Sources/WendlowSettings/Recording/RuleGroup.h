@@ -55,7 +55,14 @@ class RuleGroup final : public KeyedListModel<RuleRow> {
     Q_PROPERTY(QString note READ note NOTIFY entryChanged)
 
 public:
-    enum Role { IdRole = Qt::UserRole, ValueRole, TagRole, OffRole, PictureRole, LetterRole };
+    enum Role {
+        IdRole = Qt::UserRole,
+        ValueRole,
+        TagRole,
+        OffRole,
+        PictureRole, ///< a `QImage`, null where there is none
+        LetterRole
+    };
 
     /// What a group is. With no kinds it takes what no other group does.
     struct Nature {
@@ -87,7 +94,7 @@ public:
     /// The same for what was picked elsewhere; gives whether it was sent.
     bool offer(const std::string& value);
     /// The daemon has answered what was sent: the next rules that are read tell what came of it.
-    void answered(const std::string& value);
+    void answered(const Rule& rule);
     /// The rules have been read, or could not be.
     void settle();
     Q_INVOKABLE void remove(int index);

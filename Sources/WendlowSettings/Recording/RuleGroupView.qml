@@ -16,6 +16,9 @@ FocusScope {
 
     signal appWanted
 
+    // A person opens the field now; one that was left open takes the focus from nobody.
+    property bool opening: false
+
     readonly property int line: Theme.scaled(32)
     readonly property int linesInSight: 12
 
@@ -24,8 +27,11 @@ FocusScope {
     function add(): void {
         if (view.group.picked)
             view.appWanted();
-        else
+        else {
+            view.opening = true;
             view.group.open();
+            view.opening = false;
+        }
     }
 
     // What had the focus goes, and a neighbour takes it, or what adds another.
@@ -117,6 +123,8 @@ FocusScope {
                 onTriggered: {
                     const index = list.owed;
                     list.owed = -1;
+                    if (!view.activeFocus)
+                        return;
                     if (list.count > 0)
                         list.go(index, Qt.TabFocusReason);
                     else
@@ -167,6 +175,7 @@ FocusScope {
             RuleField {
                 width: column.width
                 group: view.group
+                taking: view.opening
                 onEnded: add.forceActiveFocus(LastInput.reason)
             }
         }

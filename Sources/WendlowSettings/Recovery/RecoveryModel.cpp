@@ -176,14 +176,14 @@ QCoro::Task<> RecoveryModel::adopt(QString typed) {
 QString RecoveryModel::title() const {
     const Protection* const told = PaneStates::content(m_protection);
     const bool isPlain = told != nullptr && *told == Protection::plaintext;
-    if (!warning().isEmpty() && told == nullptr)
+    if (told == nullptr) // nothing is promised that nobody has said
         return phraseHeader();
     return text(isPlain ? StoreWord::panePlaintextTitle : StoreWord::paneArmedTitle);
 }
 
 QString RecoveryModel::body() const {
     const Protection* const told = PaneStates::content(m_protection);
-    if (!warning().isEmpty() && told == nullptr)
+    if (told == nullptr)
         return {};
     const bool isPlain = told != nullptr && *told == Protection::plaintext;
     return text(isPlain ? StoreWord::panePlaintextBody : StoreWord::paneArmedBody);

@@ -18,10 +18,10 @@ Column {
     Connections {
         target: form.model
 
-        // The words have done what they are for.
+        // The words have done what they are for, and no undoing brings them back.
         function onChanged(): void {
             if (form.model.accepted.length > 0)
-                field.clear();
+                field.text = "";
         }
     }
     Label {

@@ -80,7 +80,7 @@ read frameKeepState → flag {"_0":false})");
         "DELETE FROM locked_days; INSERT INTO locked_days SELECT max(day) FROM moments");
     std::int64_t kept = before.screenshots;
     for (std::int64_t left = days - 1; left >= 1; --left) {
-        clock.seconds += 2;
+        clock.seconds += 0.5;
         if (left == days / 2)
             rooms.reopen();
         const FrameStats stats = frames(rooms);
@@ -89,7 +89,7 @@ read frameKeepState → flag {"_0":false})");
         EXPECT_LT(stats.screenshots, kept);
         kept = stats.screenshots;
     }
-    clock.seconds += 2;
+    clock.seconds += 0.5;
     const FrameStats after = frames(rooms);
     EXPECT_EQ(after.purge.value().skipped, std::vector<std::string>{"2026-11-21"});
     EXPECT_EQ(after.screenshots, kept);
