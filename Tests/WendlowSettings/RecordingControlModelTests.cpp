@@ -54,10 +54,12 @@ struct Recording : ::testing::Test {
 
     std::shared_ptr<PlayedDaemon> daemon = std::make_shared<PlayedDaemon>();
     FileChooser::Answer chosen = QString();
+    std::function<void()> meanwhile = [] {}; ///< while the platform's dialog is open
     std::unique_ptr<RecordingControlModel> model = std::make_unique<RecordingControlModel>(
         daemon, AppChooser::Surroundings{
                     .installed = [] { return Verbs{"Art Studio", "Mail", "Music"}; },
                     .choose = [this](FileChooser::Question) -> QCoro::Task<FileChooser::Answer> {
+                        meanwhile();
                         co_return chosen;
                     }});
 };
@@ -192,6 +194,26 @@ TEST_F(Recording, PicksAnAppByItsName) {
     chooser.other();
     EXPECT_THAT(in(apps), ElementsAre("Mail", "Xylo"));
     EXPECT_FALSE(chooser.isOpen());
+
+    chooser.openFor(&group(apps));
+    meanwhile = [&] { chooser.openFor(&group(usedApps)); };
+    daemon->newlyAsked();
+    chosen = u"/Applications/New.app"_s;
+    chooser.other();
+    EXPECT_EQ(daemon->newlyAsked(), Verbs()) << "it was chosen for the other tier";
+    EXPECT_TRUE(chooser.isOpen() && !chooser.isElsewhere());
+}
+
+TEST_F(Recording, EachTierHearsOfItsOwnRule) {
+    const Rule used = rule("1", RuleKind::site, "a", RuleTier::usageOnly);
+    daemon->answer("get_rules",
+                   {AnswerCase::Rules{{used}},
+                    AnswerCase::Rules{{used, rule("2", RuleKind::site, "a", RuleTier::never)}}});
+    daemon->held = {"add_rule"};
+    type(usedSites, u"a"_s);
+    type(sites, u"a"_s);
+    daemon->release();
+    EXPECT_FALSE(group(usedSites).isAdding() || group(sites).isAdding());
 }
 
 TEST_F(Recording, DropsWhatANewerLoadHasOvertaken) {
