@@ -62,7 +62,9 @@ public:
     RunningApplication(const Desktop& desktop, const QStringList& arguments);
     ~RunningApplication();
 
-    bool isRunning() const;
+    bool isRunning();
+    /// Its windows, or how it ended, and what it said on standard error.
+    QString howItIs();
     /// Waits until it has ended by itself.
     bool waitForEnd();
     /// The window with this title, once it is on the screen.
