@@ -21,7 +21,8 @@ Item {
 
     readonly property string refusal: row.keep ? row.keep.refusal : ""
     readonly property bool second: row.columns.stacked || row.note.length > 0
-    readonly property int line: Theme.scaled(row.second ? 60 : 52)
+    // Larger words take more lines where there is little room.
+    readonly property int line: Math.max(Theme.scaled(row.second ? 60 : 52), words.height + 2 * Theme.space8)
 
     implicitHeight: row.line + (told.visible ? told.height + Theme.space12 : 0)
 
@@ -33,6 +34,7 @@ Item {
         width: row.width
     }
     Column {
+        id: words
         x: Theme.cardPadding
         y: Math.round((row.line - height) / 2)
         width: row.columns.nameWidth - Theme.space12
@@ -42,6 +44,7 @@ Item {
             width: parent.width
             text: row.label
             elide: Text.ElideRight
+            wrapMode: row.columns.stacked ? Text.Wrap : Text.NoWrap
 
             HoverHandler { id: pointer }
             Hint {
@@ -55,7 +58,7 @@ Item {
             role: Label.Role.Small
             text: row.rate + " · " + row.month
             color: Theme.textSecond
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
         }
         Row {
             visible: row.note.length > 0

@@ -11,7 +11,8 @@ Item {
     // It has the focus from its beginning.
     required property bool taking
 
-    readonly property bool stacked: form.width < Theme.scaled(260)
+    // Too little would be left for the words beside them.
+    readonly property bool stacked: form.width - buttons.width < Theme.scaled(140)
 
     signal ended
 
