@@ -3,6 +3,7 @@
 #include "Client.h"
 #include "WireCodec.h"
 
+#include <algorithm>
 #include <coroutine>
 #include <deque>
 #include <map>
@@ -44,6 +45,11 @@ public:
         held.clear();
         for (const auto handle : std::exchange(waiting, {}))
             handle.resume();
+    }
+    /// The same the other way round: the last one is answered first.
+    void releaseBackwards() {
+        std::ranges::reverse(waiting);
+        release();
     }
     /// What was asked since the last time, by verb.
     std::vector<std::string> newlyAsked() { return std::exchange(asked, {}); }

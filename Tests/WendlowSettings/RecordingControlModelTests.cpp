@@ -224,8 +224,8 @@ TEST_F(Recording, DropsWhatANewerLoadHasOvertaken) {
                     AnswerCase::Rules{{rule("3", RuleKind::topic, "b", RuleTier::never)}}});
     model->load();
     model->load();
-    daemon->release();
-    EXPECT_THAT(in(topics), ElementsAre("b"));
+    daemon->releaseBackwards();
+    EXPECT_THAT(in(topics), ElementsAre("a")) << "what the older one is told is dropped";
     daemon->held = {"get_rules", "add_rule"};
     type(topics, u"c"_s);
     model->load();

@@ -25,7 +25,8 @@ T.ItemDelegate {
 
     implicitHeight: Theme.scaled(32)
     hoverEnabled: true
-    focusPolicy: entry.current ? Qt.StrongFocus : Qt.ClickFocus
+    // What has the focus cannot cease to be a stop for Tab, and would be one for good.
+    focusPolicy: entry.current || entry.activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
     Accessible.role: Accessible.ListItem
     Accessible.name: entry.value
