@@ -94,7 +94,6 @@ FocusScope {
             interactive: list.count > view.linesInSight
             boundsBehavior: Flickable.StopAtBounds
             pixelAligned: true
-            reuseItems: true
             clip: list.interactive
             keyNavigationEnabled: false
             highlightFollowsCurrentItem: false
