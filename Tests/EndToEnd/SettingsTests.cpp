@@ -94,8 +94,11 @@ TEST_F(Settings, TheDiagnosticLogComesAndGoes) {
     EXPECT_FALSE(application->findNow(name));
     const auto log = desktop.home() / "Library/Logs/wendlow-trace.log";
     desktop.press({u"alt+l"_s});
-    EXPECT_TRUE(is("check box", name));
+    const auto toggle = application->find(u"check box"_s, name);
+    ASSERT_TRUE(toggle);
     EXPECT_TRUE(eventually([&] { return std::filesystem::exists(log); }));
+    // A press while the daemon is at work would be for nothing.
+    EXPECT_TRUE(eventually([&] { return toggle->isChecked(); }));
     desktop.press({u"alt+l"_s});
     EXPECT_TRUE(eventually([&] { return !std::filesystem::exists(log); }));
     EXPECT_TRUE(gone(name));

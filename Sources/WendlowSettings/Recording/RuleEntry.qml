@@ -38,62 +38,7 @@ T.ItemDelegate {
             entry.removed();
     }
 
-    contentItem: Item {
-        SiteTile {
-            visible: entry.group.symbol.length === 0
-            x: Theme.space8
-            anchors.verticalCenter: parent.verticalCenter
-            letter: entry.letter
-            picture: entry.picture
-        }
-        Icon {
-            visible: entry.group.symbol.length > 0
-            x: Theme.space8
-            anchors.verticalCenter: parent.verticalCenter
-            size: Theme.scaled(16)
-            name: entry.group.symbol
-            color: entry.second
-        }
-        Label {
-            id: name
-            x: Theme.space8 + Theme.scaled(16) + 10
-            width: (tag.visible ? tag.x : entry.lit ? cross.x : parent.width) - x - Theme.space8
-            anchors.verticalCenter: parent.verticalCenter
-            text: entry.value
-            color: entry.off ? entry.second : Theme.text
-            elide: Text.ElideRight
-            maximumLineCount: 1
-            Accessible.ignored: true
-        }
-        Label {
-            id: tag
-            visible: entry.tag.length > 0 && (entry.lit || entry.off)
-            x: (entry.lit ? cross.x : parent.width) - width - Theme.space8
-            width: Math.min(implicitWidth, parent.width * 0.4)
-            anchors.verticalCenter: parent.verticalCenter
-            role: Label.Role.Fine
-            text: entry.tag
-            color: entry.second
-            elide: Text.ElideRight
-            Accessible.ignored: true
-        }
-        IconButton {
-            id: cross
-            opacity: entry.lit ? 1 : 0
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.space4
-            anchors.verticalCenter: parent.verticalCenter
-            size: Theme.scaled(24)
-            iconName: "x"
-            text: qsTr("Remove %1").arg(entry.value)
-            focusPolicy: Qt.NoFocus
-            onClicked: entry.removed()
-        }
-        Hint {
-            text: entry.value
-            wanted: entry.lit && name.truncated
-        }
-    }
+    contentItem: Item {}
 
     background: HoverFill {
         radius: Theme.radiusButton
@@ -104,5 +49,60 @@ T.ItemDelegate {
             shown: entry.visualFocus
             inside: true
         }
+    }
+
+    SiteTile {
+        visible: entry.group.symbol.length === 0
+        x: Theme.space8
+        anchors.verticalCenter: parent.verticalCenter
+        letter: entry.letter
+        picture: entry.picture
+    }
+    Icon {
+        visible: entry.group.symbol.length > 0
+        x: Theme.space8
+        anchors.verticalCenter: parent.verticalCenter
+        size: Theme.scaled(16)
+        name: entry.group.symbol
+        color: entry.second
+    }
+    Label {
+        id: name
+        x: Theme.space8 + Theme.scaled(16) + 10
+        width: (tag.visible ? tag.x : entry.lit ? cross.x : parent.width) - x - Theme.space8
+        anchors.verticalCenter: parent.verticalCenter
+        text: entry.value
+        color: entry.off ? entry.second : Theme.text
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        Accessible.ignored: true
+    }
+    Label {
+        id: tag
+        visible: entry.tag.length > 0 && (entry.lit || entry.off)
+        x: (entry.lit ? cross.x : parent.width) - width - Theme.space8
+        width: Math.min(implicitWidth, parent.width * 0.4)
+        anchors.verticalCenter: parent.verticalCenter
+        role: Label.Role.Fine
+        text: entry.tag
+        color: entry.second
+        elide: Text.ElideRight
+        Accessible.ignored: true
+    }
+    IconButton {
+        id: cross
+        opacity: entry.lit ? 1 : 0
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.space4
+        anchors.verticalCenter: parent.verticalCenter
+        size: Theme.scaled(24)
+        iconName: "x"
+        text: qsTr("Remove %1").arg(entry.value)
+        focusPolicy: Qt.NoFocus
+        onClicked: entry.removed()
+    }
+    Hint {
+        text: entry.value
+        wanted: entry.lit && name.truncated
     }
 }

@@ -16,6 +16,11 @@ FocusScope {
 
     signal appWanted
 
+    // The field has gone with what became of it, or with its Cancel.
+    readonly property bool adding: view.group.adding
+    onAddingChanged: if (!view.adding && view.activeFocus)
+        add.forceActiveFocus(LastInput.reason)
+
     // A person opens the field now; one that was left open takes the focus from nobody.
     property bool opening: false
 
@@ -177,15 +182,6 @@ FocusScope {
                 taking: view.opening
                 onEnded: add.forceActiveFocus(LastInput.reason)
             }
-        }
-    }
-    Connections {
-        target: view.group
-
-        // The field has gone with what became of it.
-        function onAdded(): void {
-            if (!view.group.picked && view.activeFocus)
-                add.forceActiveFocus(LastInput.reason);
         }
     }
 }

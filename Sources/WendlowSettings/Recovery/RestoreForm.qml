@@ -11,19 +11,15 @@ Column {
     // Too narrow for both, the button stands below the field.
     readonly property bool stacked: form.width < Theme.scaled(480)
 
+    // The words have done what they are for, and no undoing brings them back.
+    readonly property bool accepted: form.model.accepted.length > 0
+    onAcceptedChanged: if (form.accepted)
+        field.text = ""
+
     function unlock(): void {
         form.model.unlock(field.text);
     }
 
-    Connections {
-        target: form.model
-
-        // The words have done what they are for, and no undoing brings them back.
-        function onChanged(): void {
-            if (form.model.accepted.length > 0)
-                field.text = "";
-        }
-    }
     Label {
         width: form.width
         role: Label.Role.Section
