@@ -20,7 +20,8 @@ QKeySequence control(Qt::Key key) {
 } // namespace
 
 SettingsApplication::SettingsApplication(Surroundings surroundings)
-    : m_surroundings(std::move(surroundings)), m_models(m_surroundings.client),
+    : m_surroundings(std::move(surroundings)),
+      m_models(m_surroundings.client, m_surroundings.chooseFile),
       m_worldActions([this]() -> EditorWorlds& { return worlds(); },
                      [this](WindowKind kind) { present(kind); }),
       m_factory(

@@ -8,7 +8,8 @@
 
 namespace wendlow {
 
-WindowModels::WindowModels(std::shared_ptr<WendlowClient> client) : m_client(std::move(client)) {}
+WindowModels::WindowModels(std::shared_ptr<WendlowClient> client, FileChooser::Choose chooseFile)
+    : m_client(std::move(client)), m_chooseFile(std::move(chooseFile)) {}
 
 WindowModels::~WindowModels() = default;
 
@@ -31,20 +32,28 @@ EditorHost& WindowModels::editor() {
 void WindowModels::daemonCame() {
     if (m_worlds)
         m_worlds->daemonCame();
+    if (m_settings)
+        m_settings->daemonCame();
     if (m_stats)
         m_stats->daemonCame();
 }
 
 SettingsRoot& WindowModels::settings() {
-    if (!m_settings) {
+    if (!m_settings)
         m_settings =
             std::make_unique<SettingsRoot>(Panes::makeModels({.home = homeFolder(),
                                                               .bundle = InstalledBundle::current(),
-                                                              .applications = "/Applications"}));
-        // On its lane while the window is being built.
-        m_settings->refresh();
-    }
+                                                              .applications = "/Applications",
+                                                              .client = m_client,
+                                                              .chooseFile = m_chooseFile}),
+                                           m_firstPane);
     return *m_settings;
+}
+
+void WindowModels::openSettingsOn(Pane pane) {
+    m_firstPane = pane;
+    if (m_settings)
+        m_settings->select(pane);
 }
 
 StatsRoot& WindowModels::stats() {

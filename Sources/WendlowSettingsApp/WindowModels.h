@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Client.h"
+#include "FileChooser.h"
 #include "SettingsRoot.h"
 #include "Shell/EditorHost.h"
 #include "StatsRoot.h"
@@ -13,13 +14,15 @@ namespace wendlow {
 class WindowModels final {
 public:
     /// `client` is the process's only way to the daemon.
-    explicit WindowModels(std::shared_ptr<WendlowClient> client);
+    WindowModels(std::shared_ptr<WendlowClient> client, FileChooser::Choose chooseFile);
     /// Waits for a change to a person's files that is under way.
     ~WindowModels();
 
     EditorWorlds& worlds();
     EditorHost& editor();
     SettingsRoot& settings();
+    /// Settings is to show this pane, now and when it is made.
+    void openSettingsOn(Pane pane);
     StatsRoot& stats();
 
     /// There is a daemon again: what could not be read without it is read now.
@@ -30,6 +33,8 @@ public:
 
 private:
     const std::shared_ptr<WendlowClient> m_client;
+    const FileChooser::Choose m_chooseFile;
+    Pane m_firstPane = Pane::privacy;
     std::unique_ptr<EditorWorlds> m_worlds;
     std::unique_ptr<EditorHost> m_editor;
     std::unique_ptr<SettingsRoot> m_settings;

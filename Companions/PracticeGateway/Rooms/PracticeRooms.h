@@ -56,6 +56,8 @@ public:
     }
     DocumentStore& documents() { return m_documents; }
     RuleRoom& rules() { return m_rules; }
+    PhraseRoom& phrase() { return m_phrase; }
+    DaemonRoom& daemon() { return m_daemon; }
     ModRoom& mods() { return m_mods; }
     MeetingRoom& meetings() { return m_meetings; }
 

@@ -193,6 +193,14 @@ std::optional<Accessible> RunningApplication::findNamed(const QString& name) con
         [&](const Accessible& thing) { return thing.name() == name && thing.isShowing(); });
 }
 
+std::optional<Accessible> RunningApplication::findNow(const QString& name) const {
+    const auto application = root();
+    return application ? application->find([&](const Accessible& thing) {
+        return thing.name() == name && thing.isShowing();
+    })
+                       : std::nullopt;
+}
+
 QStringList RunningApplication::windowTitles() const {
     QStringList titles;
     if (const auto application = root()) {
