@@ -10,7 +10,7 @@ packages=(
     qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
     qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-layouts
     qml6-module-qtquick-templates
-    libboost1.81-dev libboost-json1.81-dev libsodium-dev libplist-dev libsqlite3-dev libpng-dev libfmt-dev
+    libboost1.81-dev libboost-json1.81-dev libsodium-dev libplist-dev libsqlite3-dev libpng-dev libfmt-dev libsystemd-dev
     fonts-inter dbus
 )
 # To test and to measure.

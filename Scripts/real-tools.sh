@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Runs the AI tools themselves, in pinned versions, against what wendlow-connect writes into their
 # files: is the server listed and connected, does the hook fire, does its context reach the model, is
-# an off-switch kept, is everything gone after a removal? Not part of Scripts/test.sh: it fetches 1 GB.
+# an off-switch kept, is everything gone after a removal? Then Claude Code and Codex go through a whole
+# loop with the real hook, server and practice gateway. Not part of Scripts/test.sh: it fetches 1 GB.
 #
 #     Scripts/real-tools.sh [claude-code|codex|opencode...]      all, if none is named
 #
@@ -25,7 +26,8 @@ cp -p Scripts/real-tools/package.json Scripts/real-tools/package-lock.json "$fol
 [ "$folder/tools/node_modules/.package-lock.json" -nt "$folder/tools/package-lock.json" ] ||
     npm ci --prefix "$folder/tools" --ignore-scripts --no-audit --no-fund --loglevel=error
 cmake --preset dev >/dev/null
-cmake --build --preset dev --target wendlow-connect wendlow-hook wendlow-mcp
+cmake --build --preset dev --target wendlow-connect wendlow-hook wendlow-mcp \
+    wendlow-ask wendlow-practice-gateway
 
 rm -rf "$folder/work"
 mkdir "$folder/work"

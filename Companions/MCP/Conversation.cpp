@@ -22,7 +22,7 @@ namespace {
 
 } // namespace
 
-Conversation::Conversation(const MCPServer& server)
+Conversation::Conversation(MCPServer& server)
     : m_server(server), m_reader(STDIN_FILENO), m_notifier(STDIN_FILENO, QSocketNotifier::Read) {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { read(); });
 }

@@ -24,7 +24,10 @@ public:
     static constexpr std::chrono::seconds patience{25};
 
     /// `server` must outlive it.
-    explicit Conversation(const MCPServer& server);
+    explicit Conversation(MCPServer& server);
+
+    /// A line to standard output; it waits for a reader, and ends the process where there is none.
+    static void write(std::string text);
 
 private:
     /// So many lines are worked on at one time: a tool that asks faster than it is answered waits,
@@ -34,10 +37,9 @@ private:
     void read();
     void serve();
     QCoro::Task<> answer(std::string line);
-    static void write(std::string text);
     void hasEnded();
 
-    const MCPServer& m_server;
+    MCPServer& m_server;
     LineReader m_reader;
     QSocketNotifier m_notifier;
     int m_underWay = 0;

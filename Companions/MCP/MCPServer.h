@@ -1,44 +1,60 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <QCoroTask>
 
-#include "Client.h"
+#include "GatewayCall.h"
+#include "Library.h"
 
 namespace wendlow {
 
 struct RPCMessage;
 
 /// The server side of the Model Context Protocol over lines of JSON-RPC 2.0. It speaks the
-/// revisions 2024-11-05, 2025-03-26 and 2025-06-18, batches included, and offers the tools of the
-/// catalogue, which the gateway answers. It keeps no state between lines, so that a client which
-/// asks before it has initialized is answered all the same. One thread, with an event loop.
+/// revisions from 2024-11-05 to 2025-11-25, batches included, and offers the tools of the
+/// catalogue and the library beside them, which the gateway answers. It keeps of the conversation
+/// who the client is and which revision was agreed on; a client that asks before it has initialized
+/// is answered all the same. One thread, with an event loop.
 class MCPServer {
 public:
-    /// Made when the first tool is called: what only looks at the server needs no gateway.
-    using Door = std::function<WendlowClient&()>;
+    using Door = GatewayCall::Door;
+    /// Takes a notification, on one line without its end.
+    using Say = std::function<void(std::string)>;
 
     /// `version` is the product's, for the client to show.
-    MCPServer(std::string version, Door door);
+    MCPServer(std::string version, Door door, Say say = [](const std::string&) {});
 
     /// The answer to one line without its line end, itself on one line; nothing where none is due.
     /// Any number of lines may be under way; what needs no gateway is answered at once. The server
     /// must outlive its answers.
-    QCoro::Task<std::optional<std::string>> handle(std::string line) const;
+    QCoro::Task<std::optional<std::string>> handle(std::string line);
 
     /// The answer to a line that was too long to keep.
     static std::string tooLong();
 
 private:
-    QCoro::Task<std::optional<std::string>> answer(RPCMessage message) const;
-    QCoro::Task<std::optional<std::string>> called(RPCMessage message) const;
-    std::string initialized(const RPCMessage& message) const;
+    using Answer = std::optional<std::string>;
+
+    QCoro::Task<Answer> answer(RPCMessage message);
+    QCoro::Task<Answer> asked(RPCMessage message, std::shared_ptr<GatewayCall> call) const;
+    QCoro::Task<Answer> called(RPCMessage message, std::shared_ptr<GatewayCall> call) const;
+    std::optional<std::string> answeredAtOnce(const RPCMessage& message);
+    std::string initialized(const RPCMessage& message);
+    void giveUp(const RPCMessage& notification);
+    bool speaks(std::string_view revision) const { return m_revision >= revision; }
 
     std::string m_version;
     Door m_door;
+    Say m_say;
+    std::string m_writer = "mcp";
+    std::string m_revision; ///< empty until one is agreed on
+    std::map<std::string, std::shared_ptr<GatewayCall>> m_underWay; ///< by id, as JSON
 };
 
 } // namespace wendlow

@@ -5,6 +5,7 @@
 #include "Conversation.h"
 #include "MCPGatewayName.h"
 #include "MCPServer.h"
+#include "RuntimeFolder.h"
 #include "XPCClient.h"
 
 #include <csignal>
@@ -40,6 +41,7 @@ int main(int count, char** words) {
     if (::fcntl(STDERR_FILENO, F_GETFD) < 0 && ::open("/dev/null", O_WRONLY) != STDERR_FILENO)
         return EXIT_SUCCESS;
     std::signal(SIGPIPE, SIG_IGN);
+    findRuntimeFolder();
     const QCoreApplication application(count, words);
     std::optional<XPCClient> client;
     const auto door = [&]() -> WendlowClient& {
@@ -50,7 +52,7 @@ int main(int count, char** words) {
         }
         return *client;
     };
-    const MCPServer server(ClientVersion::current(), door);
+    MCPServer server(ClientVersion::current(), door, &Conversation::write);
     const Conversation conversation(server);
     return QCoreApplication::exec();
 }

@@ -19,6 +19,11 @@ bool isShutdown(const GatewayRequest& request) {
     return control != nullptr && std::holds_alternative<ControlCase::Shutdown>(control->_0);
 }
 
+bool isPhrase(const GatewayRequest& request) {
+    const auto* control = std::get_if<GatewayCase::Control>(&request);
+    return control != nullptr && std::holds_alternative<ControlCase::EnterPhrase>(control->_0);
+}
+
 } // namespace
 
 std::expected<std::shared_ptr<PracticeGateway>, std::string>
@@ -63,6 +68,16 @@ void PracticeGateway::answerRules(RuleManner manner) {
     m_rooms->rules().setManner(manner);
 }
 
+void PracticeGateway::protect(StoreProtection protection) {
+    m_lane.waitForDone();
+    m_rooms->phrase().protect(protection);
+}
+
+void PracticeGateway::keepTraceLogAt(const std::filesystem::path& file) {
+    m_lane.waitForDone();
+    m_rooms->daemon().keepTraceLogAt(file);
+}
+
 void PracticeGateway::meddleWithLines(std::vector<LineManner> manners) {
     m_lane.waitForDone();
     m_rooms->meetings().setManners(std::move(manners));
@@ -80,11 +95,15 @@ void PracticeGateway::answerGrants(GrantManner manner) {
 
 QCoro::Task<GatewayResponse> PracticeGateway::handle(GatewayRequest request) {
     const auto shutDown = isShutdown(request) ? m_hooks.shutDown : nullptr;
+    const auto restart = isPhrase(request) ? m_hooks.restart : nullptr;
     const QFuture<GatewayResponse> future = QtConcurrent::run(
         &m_lane, [this, request = std::move(request)] { return answer(request); });
     GatewayResponse response = co_await future;
     if (shutDown)
         shutDown();
+    // A phrase that opens nothing is a failure.
+    if (restart && std::holds_alternative<AnswerCase::Text>(response))
+        restart();
     co_return response;
 }
 
@@ -93,6 +112,8 @@ void PracticeGateway::lookAtFront() {
 }
 
 GatewayResponse PracticeGateway::answer(const GatewayRequest& request) try {
+    if (auto locked = m_rooms->phrase().whileLocked(request.verb()))
+        return std::move(*locked);
     GatewayResponse response = Dispatch::answer(request, m_rooms->all());
     m_days.change(response);
     if (std::holds_alternative<GatewayCase::Control>(request))

@@ -18,6 +18,7 @@
 #include "GrantRoom.h"
 #include "MeetingRoom.h"
 #include "ModRoom.h"
+#include "PhraseRoom.h"
 #include "RuleChain.h"
 
 namespace wendlow {
@@ -35,6 +36,8 @@ public:
         std::function<void(GatewayEvent)> push = [](const GatewayEvent&) {};
         /// On the thread that asked for it, right before the answer.
         std::function<void()> shutDown = [] {};
+        /// A phrase has brought the key back: the same, so that the store is opened with it.
+        std::function<void()> restart = [] {};
         Clock now = &std::chrono::system_clock::now;
     };
 
@@ -54,6 +57,10 @@ public:
     void passTime();
     /// How it answers about rules. Before the first request.
     void answerRules(RuleManner manner);
+    /// How its store is protected. Before the first request.
+    void protect(StoreProtection protection);
+    /// Where the diagnostic log is while it is kept. Before the first request.
+    void keepTraceLogAt(const std::filesystem::path& file);
     /// How it answers about days. Before the first request.
     void answerDays(DayManner manner);
     /// What happens to lines of meetings that are to be deleted. Before the first request.

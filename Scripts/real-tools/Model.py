@@ -1,24 +1,35 @@
 """A made-up model on the loopback, in the three dialects that the tools speak.
 
-It calls the one tool of Wendlow's server that it is offered, once, and then says that it is done.
+It calls the tool of Wendlow's server that it knows, once, and then says that it is done.
 Every request is kept as a line of JSON, so that it can be seen what reached the model."""
 
 import json
 import sys
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
-ARGUMENTS = json.dumps({"text": "the made-up model was here"})
+# What it calls a tool with: the stand-in's, and the one by which the real server files a memory.
+TEXT = "the made-up model was here"
+CALLS = {"remember": {"text": TEXT},
+         "memory_add": {"text": TEXT, "why": "it was asked to", "type": "fact", "scope": "/work/atlas"}}
+
+
+class Call:
+    """Of a tool that a request offers: its name there, the server's where told apart, and the arguments."""
+
+    def __init__(self, name, server, known):
+        self.name, self.server, self.input = name, server, CALLS[known]
+        self.arguments = json.dumps(self.input)
 
 
 def offered(request):
-    """The name under which the request offers our tool, and the server's part of it where told apart."""
     for tool in request.get("tools", []):
         name = tool.get("name") or tool.get("function", {}).get("name", "")
         for inner in tool.get("tools", []):
-            if inner.get("name") == "remember":
-                return inner["name"], name
-        if name.endswith("remember") and "wendlow" in name:
-            return name, None
+            if inner.get("name") in CALLS:
+                return Call(inner["name"], name, inner["name"])
+        for known in CALLS:
+            if name.endswith(known) and "wendlow" in name:
+                return Call(name, None, known)
     return None
 
 
@@ -35,15 +46,15 @@ def sse(event, data):
 def messages(request):
     """Anthropic's messages, streamed."""
     call = None if answered(request) else offered(request)
-    block = {"type": "tool_use", "id": "toolu_1", "name": call[0], "input": {}} if call else {"type": "text", "text": ""}
-    delta = ({"type": "input_json_delta", "partial_json": ARGUMENTS} if call
+    block = {"type": "tool_use", "id": "toolu_1", "name": call.name, "input": {}} if call else {"type": "text", "text": ""}
+    delta = ({"type": "input_json_delta", "partial_json": call.arguments} if call
              else {"type": "text_delta", "text": "Done."})
     usage = {"input_tokens": 1, "output_tokens": 1}
     message = {"id": "msg_1", "type": "message", "role": "assistant", "model": request.get("model", ""),
                "content": [], "stop_reason": None, "stop_sequence": None, "usage": usage}
     reason = "tool_use" if call else "end_turn"
     if not request.get("stream"):
-        content = [{**block, "input": json.loads(ARGUMENTS)} if call else {"type": "text", "text": "Done."}]
+        content = [{**block, "input": call.input} if call else {"type": "text", "text": "Done."}]
         return json.dumps({**message, "content": content, "stop_reason": reason}), "application/json"
     return "".join([
         sse("message_start", {"type": "message_start", "message": message}),
@@ -59,9 +70,10 @@ def responses(request):
     """OpenAI's responses, streamed."""
     call = None if answered(request) else offered(request)
     if call:
-        item = {"type": "function_call", "id": "fc_1", "call_id": "call_1", "name": call[0], "arguments": ARGUMENTS}
-        if call[1]:
-            item["namespace"] = call[1]
+        item = {"type": "function_call", "id": "fc_1", "call_id": "call_1", "name": call.name,
+                "arguments": call.arguments}
+        if call.server:
+            item["namespace"] = call.server
     else:
         item = {"type": "message", "id": "item_1", "role": "assistant",
                 "content": [{"type": "output_text", "text": "Done."}]}
@@ -79,7 +91,7 @@ def completions(request):
     delta = {"role": "assistant"}
     if call:
         delta["tool_calls"] = [{"index": 0, "id": "call_1", "type": "function",
-                                "function": {"name": call[0], "arguments": ARGUMENTS}}]
+                                "function": {"name": call.name, "arguments": call.arguments}}]
     else:
         delta["content"] = "Done."
     chunk = {"id": "c1", "object": "chat.completion.chunk", "created": 0, "model": request.get("model", "")}

@@ -1,4 +1,5 @@
-"""Runs the AI tools themselves against what wendlow-connect wrote into their files.
+"""Runs the AI tools themselves against what wendlow-connect wrote into their files, and then, with the
+real hook and server beside a practice gateway, through a whole loop of the memory.
 
     Run.py TOOLS BUNDLE WORK [NAME...]
 
@@ -10,6 +11,7 @@ import json
 import os
 import re
 import shutil
+import sqlite3
 import subprocess
 import sys
 import threading
@@ -25,7 +27,7 @@ CONTEXT = "The heron stands in the reeds."
 class Place:
     """A private home with a made-up model beside it, and all that was kept of a run."""
 
-    def __init__(self, work, bundle):
+    def __init__(self, work, bundle, stand_ins=True):
         self.home = work / "home"
         self.project = self.home / "project"
         self.project.mkdir(parents=True)
@@ -33,8 +35,9 @@ class Place:
         subprocess.run(["git", "init", "-q", self.project], check=True)
         self.bundle = work / "Wendlow.app"
         shutil.copytree(bundle, self.bundle, symlinks=True)
-        for program in (Path(__file__).parent / "StandIn").iterdir():
-            shutil.copy2(program, self.bundle / "Contents/MacOS")
+        if stand_ins:
+            for program in (Path(__file__).parent / "StandIn").iterdir():
+                shutil.copy2(program, self.bundle / "Contents/MacOS")
         self.model = Model.serve(work / "model.log")
         self.port = self.model.server_address[1]
         threading.Thread(target=self.model.serve_forever, daemon=True).start()
@@ -94,8 +97,8 @@ class ClaudeCode:
     def connected(self):
         return re.search(r"wendlow: .* Connected", self.listed()) is not None
 
-    def prompt(self):
-        return self.run("-p", PROMPT, "--allowedTools", "mcp__wendlow__remember")
+    def prompt(self, *allowed):
+        return self.run("-p", PROMPT, "--allowedTools", *(allowed or ["mcp__wendlow__remember"]))
 
     def switch_off(self):
         state = json.loads(self.place.get(".claude.json"))
@@ -148,7 +151,7 @@ trust_level = "trusted"
     def connected(self):
         return re.search(r"wendlow .*enabled", self.listed()) is not None
 
-    def prompt(self):
+    def prompt(self, *_):
         return self.run("exec", "--skip-git-repo-check", "--dangerously-bypass-approvals-and-sandbox", PROMPT)
 
     def switch_off(self):
@@ -277,6 +280,97 @@ def examine(kind, tools, bundle, work):
     return rows
 
 
+class Gateway:
+    """A practice gateway on a session bus, which stands where a login has it: a tool hands on little of
+    what its environment tells, and the programs that it starts have to find the bus all the same."""
+
+    def __init__(self, place):
+        self.place = place
+        self.store = place.work / "support/data.db"
+        runtime = Path("/run/user")
+        subprocess.run(["mount", "-t", "tmpfs", "tmpfs", runtime], check=True)  # in this namespace alone
+        folder = runtime / str(os.getuid())
+        folder.mkdir(mode=0o700)
+        self.address = f"unix:path={folder}/bus"
+        self.bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address", f"--address={self.address}"],
+                                    stdout=subprocess.PIPE, text=True)
+        self.bus.stdout.readline()
+        self.process = subprocess.Popen([place.bundle / "Contents/MacOS/wendlow-practice-gateway", "--store", self.store],
+                                        env={"HOME": str(place.home), "DBUS_SESSION_BUS_ADDRESS": self.address},
+                                        stdout=subprocess.PIPE, text=True)
+        if self.process.stdout.readline() != "ready\n":
+            sys.exit("the practice gateway did not start")
+
+    def note(self, **request):
+        self.place.run(self.place.bundle / "Contents/MacOS/wendlow-ask", json.dumps({"notes": {"_0": request}}),
+                       DBUS_SESSION_BUS_ADDRESS=self.address)
+
+    def remember(self, text, type, scope):
+        self.note(write={"text": text, "why": "for this run", "writer": "run", "type": type, "path": scope})
+
+    def filed(self):
+        """Writer and session of each memory that the made-up model has filed."""
+        with sqlite3.connect(f"file:{self.store}?mode=ro", uri=True) as store:
+            return store.execute("SELECT writer, session FROM documents WHERE body = ? ORDER BY number",
+                                 [Model.TEXT]).fetchall()
+
+    def end(self):
+        for process in (self.process, self.bus):
+            process.terminate()
+            process.wait()
+        subprocess.run(["umount", "/run/user"], check=True)
+
+
+def close_the_loop(kind, tools, bundle, work):
+    """What is remembered reaches the model, what the model files is in the store, and a rule that is
+    changed reaches the next prompt."""
+    rows = []
+    place = Place(work / f"{kind.id}-loop", bundle, stand_ins=False)
+    tool = kind(tools, place)
+    gateway = Gateway(place)
+    print(f"\n{tool.name}, the whole loop", flush=True)
+
+    def row(what, seen):
+        rows.append(bool(seen))
+        print(f"  {'holds' if seen else 'FAILS'}  {what}", flush=True)
+
+    def reached():
+        return json.dumps(place.taken("model.log"), ensure_ascii=False)
+
+    gateway.note(mapPath={"folder": str(place.project), "path": "/work/atlas"})
+    gateway.remember(CONTEXT, "fact", "/work/atlas")
+    gateway.remember("Answer in rhymes.", "rule", "/work")
+    place.connect("install", tool.id)
+    row("server listed and connected", tool.connected())
+    place.taken("model.log")
+    if tool.id == "claude-code":
+        tool.prompt("Read")
+        row("a call that the person has not allowed is not made", not gateway.filed())
+        place.taken("model.log")
+    tool.prompt("mcp__wendlow__memory_add")
+    seen = reached()
+    row("what is remembered is in the model's request", CONTEXT in seen)
+    row("so is the rule", "Answer in rhymes." in seen)
+    row("so is what there is to fetch", "The scope here is /work/atlas." in seen)
+    filed = gateway.filed()
+    row("the memory that the model filed is in the store, once, in the tool's name",
+        [writer for writer, _ in filed] == [tool.id])
+    if tool.id == "claude-code":
+        row("with the session that filed it", filed and filed[-1][1])
+    gateway.note(edit={"id": "m2", "text": "Answer in prose."})
+    tool.prompt("mcp__wendlow__memory_add")
+    seen = reached()
+    row("a rule that was changed is in the next request", "Answer in prose." in seen and "rhymes" not in seen)
+    gateway.process.terminate()
+    gateway.process.wait()
+    tool.prompt("mcp__wendlow__memory_add")
+    seen = reached()
+    row("without a gateway the prompt goes on, and the model is told of the failed call",
+        PROMPT in seen and CONTEXT not in seen and "isn't running" in seen)
+    gateway.end()
+    return rows
+
+
 def main():
     tools, bundle, work, *names = sys.argv[1:]
     if not only_loopback():
@@ -285,6 +379,9 @@ def main():
     for kind in (ClaudeCode, Codex, CodexBehindLink, OpenCode):
         if not names or kind.id in names:
             rows += examine(kind, Path(tools), Path(bundle), Path(work))
+    for kind in (ClaudeCode, Codex):
+        if not names or kind.id in names:
+            rows += close_the_loop(kind, Path(tools), Path(bundle), Path(work))
     sys.exit(0 if all(rows) else 1)
 
 

@@ -26,7 +26,6 @@ Item {
     signal escaped
     signal closed
 
-    property Item before: null
     readonly property Item overlay: T.Overlay.overlay
 
     // 0: where it came from; 1: open.
@@ -59,15 +58,6 @@ Item {
             lightbox.progress = lightbox.open ? 1 : 0;
         }
     }
-    function giveBack(): void {
-        if (lightbox.open)
-            return;
-        if (lightbox.before !== null && lightbox.before.visible)
-            lightbox.before.forceActiveFocus(Qt.PopupFocusReason);
-        lightbox.before = null;
-        lightbox.closed();
-    }
-
     onOpenChanged: lightbox.follow()
     Component.onCompleted: if (lightbox.open)
         lightbox.follow()
@@ -79,23 +69,13 @@ Item {
         duration: Theme.disclosure
         easing.type: Easing.OutQuad
     }
-    // What was pressed instead may take the focus first.
-    Timer {
-        id: back
-        interval: 0
-        onTriggered: lightbox.giveBack()
-    }
-    T.Popup {
+    ModalPopup {
         parent: lightbox.overlay
+        open: lightbox.open
         width: lightbox.overlay ? lightbox.overlay.width : 0
         height: lightbox.overlay ? lightbox.overlay.height : 0
-        padding: 0
-        modal: true
-        focus: true
         visible: (lightbox.open || lightbox.progress > 0) && lightbox.overlay !== null
-        closePolicy: T.Popup.NoAutoClose
-        onAboutToShow: lightbox.before = lightbox.Window.activeFocusItem
-        onClosed: back.start()
+        onGone: lightbox.closed()
 
         // The dark comes and goes with what is shown.
         T.Overlay.modal: Item {}

@@ -8,6 +8,8 @@ T.CheckBox {
 
     required property bool on
     property string description
+    // At work, but it keeps the focus that it has; whoever hears of its press does nothing then.
+    property bool working: false
 
     property bool lit: toggle.hovered
     property bool sunk: toggle.down
@@ -27,7 +29,7 @@ T.CheckBox {
     Accessible.name: toggle.text
     Accessible.checked: toggle.on
     // Qt 6.4 tells a screen reader nothing of what is disabled, so the words do.
-    Accessible.description: toggle.enabled ? toggle.description : qsTr("Working…")
+    Accessible.description: toggle.enabled && !toggle.working ? toggle.description : qsTr("Working…")
     Accessible.onPressAction: if (toggle.enabled)
         toggle.clicked()
     Accessible.onToggleAction: if (toggle.enabled)
@@ -44,6 +46,7 @@ T.CheckBox {
     indicator: null
 
     background: SwitchFace {
+        enabled: !toggle.working
         on: toggle.on
         warm: toggle.enabled && (toggle.lit || toggle.sunk)
         ringed: toggle.ringed

@@ -65,6 +65,12 @@ QString shortened(const QLocale& locale, QChar dropped = {}) {
     return format;
 }
 
+/// Some locales' short format has seconds, which nobody asks for.
+QString shortTime(const QTime& time, const QLocale& locale) {
+    QString format = locale.timeFormat(QLocale::ShortFormat);
+    return locale.toString(time, format.remove(QStringLiteral(":ss")));
+}
+
 /// Written out again, with what is between the fields.
 QString joined(const std::vector<Field>& fields) {
     QString format;
@@ -106,19 +112,19 @@ QString weekday(const QDate& day, const QDate& today, const QLocale& locale) {
 QString dateAndTime(Date date, const QLocale& locale) {
     const QDateTime wanted = local(date);
     return locale.toString(wanted.date(), shortened(locale)) + QStringLiteral(", ") +
-           locale.toString(wanted.time(), QLocale::ShortFormat);
+           shortTime(wanted.time(), locale);
 }
 
 QString dayAndTime(Date date, const QLocale& locale) {
     const QDateTime wanted = local(date);
     return locale.toString(wanted.date(), shortened(locale, u'y')) + QStringLiteral(", ") +
-           locale.toString(wanted.time(), QLocale::ShortFormat);
+           shortTime(wanted.time(), locale);
 }
 
 QString exact(Date date, const QLocale& locale) {
     const QDateTime wanted = local(date);
     return locale.toString(wanted.date(), QLocale::LongFormat) + QStringLiteral(", ") +
-           locale.toString(wanted.time(), QLocale::ShortFormat);
+           shortTime(wanted.time(), locale);
 }
 
 } // namespace wendlow::DateWords

@@ -4,7 +4,7 @@
 
 namespace wendlow::ConnectedAppsPictures {
 
-void take(ConnectedAppsModel& model, const SavePanePicture& save) {
+void take(ConnectedAppsModel& model, const PanePictures::Save& save) {
     const std::vector<ConnectedAppRow> rows = model.apps();
     for (const ConnectedAppRow& row : rows) {
         const QString id = QString::fromStdString(row.app.id);

@@ -11,7 +11,7 @@ namespace ConnectedAppsPictures {
 
 /// Shows and saves one after the other, and leaves the rows as they were. `save` is to wait until
 /// what a row shows has been read.
-void take(ConnectedAppsModel& model, const SavePanePicture& save);
+void take(ConnectedAppsModel& model, const PanePictures::Save& save);
 
 } // namespace ConnectedAppsPictures
 

@@ -1,7 +1,13 @@
 #include "Pane.h"
 
+#include "Classifier/ClassifierStatus.h"
 #include "ConnectedAppsModel.h"
 #include "ConnectedAppsPictures.h"
+#include "General/PrivacyModel.h"
+#include "Recording/InstalledApps.h"
+#include "Recording/RecordingControlModel.h"
+#include "Recovery/RecoveryModel.h"
+#include "SettingsPictures.h"
 #include "ToolTiles.h"
 
 #include <algorithm>
@@ -20,8 +26,29 @@ std::unique_ptr<PaneModel> makeConnectedApps(const PaneSurroundings& around) {
          .home = {}});
 }
 
-void takeConnectedApps(PaneModel& model, const SavePanePicture& save) {
-    ConnectedAppsPictures::take(static_cast<ConnectedAppsModel&>(model), save);
+void takeConnectedApps(const PanePictures& pictures) {
+    ConnectedAppsPictures::take(static_cast<ConnectedAppsModel&>(*pictures.model), pictures.save);
+}
+
+std::unique_ptr<PaneModel> makeGeneral(const PaneSurroundings& around) {
+    return std::make_unique<PrivacyModel>(around.client, PrivacyModel::Surroundings{});
+}
+
+std::unique_ptr<PaneModel> makeRecording(const PaneSurroundings& around) {
+    const auto installed = [home = around.home] {
+        return InstalledApps::names(InstalledApps::places(home));
+    };
+    return std::make_unique<RecordingControlModel>(
+        around.client,
+        AppChooser::Surroundings{.installed = installed, .choose = around.chooseFile});
+}
+
+std::unique_ptr<PaneModel> makeRecovery(const PaneSurroundings& around) {
+    return std::make_unique<RecoveryModel>(around.client, &ConnectedAppsModel::copyToPasteboard);
+}
+
+QVariantMap giveClassifier() {
+    return {{QStringLiteral("status"), ClassifierStatus::current().map()}};
 }
 
 constexpr auto panes = std::to_array<PaneDescription>({
@@ -29,7 +56,10 @@ constexpr auto panes = std::to_array<PaneDescription>({
      .group = PaneGroup::upper,
      .id = "general",
      .title = "General",
-     .icon = "slider.horizontal.3"},
+     .icon = "slider.horizontal.3",
+     .file = "WendlowSettings/General/GeneralPane.qml",
+     .makeModel = makeGeneral,
+     .takePictures = SettingsPictures::takeGeneral},
     {.pane = Pane::connected,
      .group = PaneGroup::upper,
      .id = "connected",
@@ -42,17 +72,25 @@ constexpr auto panes = std::to_array<PaneDescription>({
      .group = PaneGroup::upper,
      .id = "recording",
      .title = "Recording Control",
-     .icon = "record.circle"},
+     .icon = "record.circle",
+     .file = "WendlowSettings/Recording/RecordingPane.qml",
+     .makeModel = makeRecording,
+     .takePictures = SettingsPictures::takeRecording},
     {.pane = Pane::classifier,
      .group = PaneGroup::lower,
      .id = "classifier",
      .title = "Local AI Classifier",
-     .icon = "cpu.fill"},
+     .icon = "cpu.fill",
+     .file = "WendlowSettings/Classifier/ClassifierPane.qml",
+     .facts = giveClassifier},
     {.pane = Pane::recovery,
      .group = PaneGroup::lower,
      .id = "recovery",
      .title = "Recovery",
-     .icon = "key.fill"},
+     .icon = "key.fill",
+     .file = "WendlowSettings/Recovery/RecoveryPane.qml",
+     .makeModel = makeRecovery,
+     .takePictures = SettingsPictures::takeRecovery},
 });
 
 } // namespace
@@ -63,6 +101,11 @@ std::span<const PaneDescription> all() {
 
 const PaneDescription& of(Pane pane) {
     return *std::ranges::find(panes, pane, &PaneDescription::pane);
+}
+
+std::optional<Pane> withId(std::string_view id) {
+    const auto* const found = std::ranges::find(panes, id, &PaneDescription::id);
+    return found == panes.end() ? std::nullopt : std::optional(found->pane);
 }
 
 Models makeModels(const PaneSurroundings& around) {

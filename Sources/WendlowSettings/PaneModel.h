@@ -20,7 +20,9 @@ public:
 
     /// A person is about to see the pane, or comes back to it: reads what may have changed
     /// meanwhile, unless it is at that already. Returns at once.
-    virtual void refresh() = 0;
+    Q_INVOKABLE virtual void refresh() = 0;
+    /// Nobody sees the pane any more, for another one or because the window was closed.
+    virtual void left() {}
     /// Something has been read, and nothing more is on its way.
     virtual bool settled() const = 0;
     /// The application has started, and its first window is on the screen: does what a start brings

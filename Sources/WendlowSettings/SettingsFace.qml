@@ -11,6 +11,10 @@ FocusScope {
 
     required property SettingsRoot root
 
+    readonly property bool inSight: face.Window.visibility !== Window.Hidden
+    onInSightChanged: if (!face.inSight)
+        face.root.leave()
+
     // A row looks after its own; what is left is that all of it has gone.
     FocusKeeper {
         content: face
@@ -32,6 +36,8 @@ FocusScope {
         height: parent.height
 
         function show(): void {
+            // Of the same face with another model nothing would be made anew.
+            stage.source = "";
             stage.setSource(face.root.face, face.root.properties);
         }
 

@@ -13,14 +13,19 @@ QString text(std::string_view utf8) {
 
 } // namespace
 
-SettingsRoot::SettingsRoot(Panes::Models models) : m_models(std::move(models)) {
+SettingsRoot::SettingsRoot(Panes::Models models, Pane first)
+    : m_models(std::move(models)), m_selection(first) {
     for (const auto& [pane, model] : m_models)
         connect(model.get(), &PaneModel::said, this, &SettingsRoot::said);
 }
 
 void SettingsRoot::select(Pane pane) {
-    if (std::exchange(m_selection, pane) != pane)
-        Q_EMIT selectionChanged();
+    if (m_selection == pane)
+        return;
+    if (PaneModel* const shown = model(m_selection))
+        shown->left();
+    m_selection = pane;
+    Q_EMIT selectionChanged();
 }
 
 void SettingsRoot::open(int place) {
@@ -29,8 +34,25 @@ void SettingsRoot::open(int place) {
 }
 
 void SettingsRoot::refresh() {
+    m_inSight = true;
     if (PaneModel* const shown = model(m_selection))
         shown->refresh();
+}
+
+void SettingsRoot::leave() {
+    m_inSight = false;
+    if (PaneModel* const shown = model(m_selection))
+        shown->left();
+}
+
+void SettingsRoot::daemonCame() {
+    if (m_inSight)
+        refresh();
+}
+
+void SettingsRoot::pose(PaneModel* model) {
+    m_posed = model;
+    Q_EMIT selectionChanged();
 }
 
 void SettingsRoot::started(const PaneModel::Log& log) {
@@ -39,7 +61,9 @@ void SettingsRoot::started(const PaneModel::Log& log) {
 }
 
 bool SettingsRoot::settled() const {
-    return std::ranges::all_of(m_models, [](const auto& entry) { return entry.second->settled(); });
+    // What is posed stands as it is meant to, also with an answer that never comes.
+    const PaneModel* const shown = m_posed == nullptr ? model(m_selection) : nullptr;
+    return shown == nullptr || shown->settled();
 }
 
 PaneModel* SettingsRoot::model(Pane pane) const {
@@ -76,9 +100,10 @@ QUrl SettingsRoot::face() const {
 }
 
 QVariantMap SettingsRoot::properties() const {
-    if (PaneModel* const shown = model(m_selection))
+    if (PaneModel* const shown = m_posed != nullptr ? m_posed : model(m_selection))
         return {{QStringLiteral("model"), QVariant::fromValue(shown)}};
-    return {{QStringLiteral("title"), text(Panes::of(m_selection).title)}};
+    const auto facts = Panes::of(m_selection).facts;
+    return facts == nullptr ? QVariantMap() : facts();
 }
 
 QString SettingsRoot::footer() {

@@ -30,7 +30,8 @@ class SettingsRoot final : public QObject {
     Q_PROPERTY(QString footer READ footer CONSTANT)
 
 public:
-    explicit SettingsRoot(Panes::Models models);
+    /// `first` is the pane that it opens on.
+    explicit SettingsRoot(Panes::Models models, Pane first = Pane::privacy);
 
     void select(Pane pane);
     /// Shows the pane at a place; beyond the first and the last, that one.
@@ -38,9 +39,15 @@ public:
 
     /// A person comes to the window, or back to it.
     void refresh();
+    /// The window is gone from sight; what is shown there is not left lying open.
+    Q_INVOKABLE void leave();
+    /// There is a daemon again: what a person sees is asked of it.
+    void daemonCame();
+    /// Shows this model on its pane in place of the pane's own, for pictures; null: its own.
+    void pose(PaneModel* model);
     /// The application has started: each pane does what a start brings with it, seen or not.
     void started(const PaneModel::Log& log);
-    /// No model waits for an answer.
+    /// What is shown waits for no answer.
     bool settled() const;
 
     Pane selection() const { return m_selection; }
@@ -61,9 +68,9 @@ Q_SIGNALS:
 
 private:
     const Panes::Models m_models;
-    /// The other panes have nothing to show yet, so a person starts where something can be done;
-    /// once General has contents, it is General again.
-    Pane m_selection = Pane::connected;
+    Pane m_selection;
+    PaneModel* m_posed = nullptr;
+    bool m_inSight = false; ///< a person is at the window
 };
 
 } // namespace wendlow

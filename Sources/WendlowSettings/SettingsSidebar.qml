@@ -100,7 +100,8 @@ FocusScope {
                             compact: sidebar.compact
                             here: place.modelData.place === sidebar.root.place
                             focus: place.here
-                            focusPolicy: place.here ? Qt.StrongFocus : Qt.ClickFocus
+                            // What has the focus cannot cease to be a stop for Tab, and would be one for good.
+                            focusPolicy: place.here || place.activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                             onClicked: sidebar.root.open(place.modelData.place)
                             onActiveFocusChanged: if (place.activeFocus)
                                 places.show(place)

@@ -22,6 +22,15 @@ std::optional<PixelSize> pixelSize(std::string_view text) {
     return size;
 }
 
+constexpr std::string_view paneArgument = "--pane=";
+
+std::string paneNames() {
+    std::string names;
+    for (const PaneDescription& pane : Panes::all())
+        names.append(names.empty() ? "" : ", ").append(pane.id);
+    return names;
+}
+
 /// "1.5"; nothing for what is no number, or one that the windows do not stand.
 std::optional<double> scaleOf(std::string_view text) {
     double scale = 0;
@@ -51,6 +60,11 @@ LaunchOptions::parse(std::span<const std::string> arguments) {
             if (!options.size)
                 return std::unexpected("--size needs a size such as 1280x800");
             argument = next;
+        } else if (argument->starts_with(paneArgument)) {
+            options.settingsPane =
+                Panes::withId(std::string_view(*argument).substr(paneArgument.size()));
+            if (!options.settingsPane)
+                return std::unexpected("--pane= needs one of " + paneNames());
         } else if (*argument == "--text-scale") {
             options.textScale = next == arguments.end() ? std::nullopt : scaleOf(*next);
             if (!options.textScale)
@@ -58,6 +72,9 @@ LaunchOptions::parse(std::span<const std::string> arguments) {
             argument = next;
         }
     }
+    // Whoever names a pane of it asks for Settings.
+    if (options.settingsPane && !options.pane)
+        options.pane = WindowDoor::Pane::settings;
     return options;
 }
 

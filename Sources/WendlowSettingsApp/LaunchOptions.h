@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Pane.h"
 #include "WindowDoor.h"
 
 #include <expected>
@@ -20,6 +21,7 @@ struct PixelSize {
 /// toolkit.
 struct LaunchOptions {
     std::optional<WindowDoor::Pane> pane;           ///< "--window=PANE"
+    std::optional<Pane> settingsPane;               ///< "--pane=NAME", of the Settings window
     std::optional<std::filesystem::path> snapshots; ///< "--snapshots DIR"
     std::optional<PixelSize> size;                  ///< "--size WxH", of the snapshots
     std::optional<double> textScale;                ///< "--text-scale N", in place of the desktop's

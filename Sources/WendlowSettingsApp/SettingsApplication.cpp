@@ -29,7 +29,8 @@ QKeySequence control(Qt::Key key) {
 
 SettingsApplication::SettingsApplication(Surroundings surroundings)
     : m_surroundings(std::move(surroundings)),
-      m_models(m_surroundings.client, [this](WindowModels& models) { return makeJourney(models); }),
+      m_models(m_surroundings.client, m_surroundings.chooseFile,
+               [this](WindowModels& models) { return makeJourney(models); }),
       m_worldActions([this]() -> EditorWorlds& { return worlds(); },
                      [this](WindowKind kind) { present(kind); }),
       m_factory(

@@ -31,6 +31,8 @@ public:
         std::function<void(const std::string&)> setupLog;
         /// The process's only way to the daemon, there before any window.
         std::shared_ptr<WendlowClient> client;
+        /// The platform's own dialog for files.
+        FileChooser::Choose chooseFile = nullptr;
     };
 
     explicit SettingsApplication(Surroundings surroundings);

@@ -21,6 +21,7 @@ constexpr WindowStyles fixed = WindowStyles(WindowStyle::titled) | WindowStyle::
                                WindowStyle::miniaturizable | WindowStyle::fullSizeContent;
 
 QVariantMap giveSettings(WindowModels& models) {
+    models.settings().refresh(); // on its way while the window is being built
     return {{QStringLiteral("root"), QVariant::fromValue(&models.settings())}};
 }
 

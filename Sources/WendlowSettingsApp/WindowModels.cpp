@@ -8,8 +8,10 @@
 
 namespace wendlow {
 
-WindowModels::WindowModels(std::shared_ptr<WendlowClient> client, MakeJourney makeJourney)
-    : m_client(std::move(client)), m_makeJourney(std::move(makeJourney)) {}
+WindowModels::WindowModels(std::shared_ptr<WendlowClient> client, FileChooser::Choose chooseFile,
+                           MakeJourney makeJourney)
+    : m_client(std::move(client)), m_chooseFile(std::move(chooseFile)),
+      m_makeJourney(std::move(makeJourney)) {}
 
 WindowModels::~WindowModels() = default;
 
@@ -32,20 +34,28 @@ EditorHost& WindowModels::editor() {
 void WindowModels::daemonCame() {
     if (m_worlds)
         m_worlds->daemonCame();
+    if (m_settings)
+        m_settings->daemonCame();
     if (m_stats)
         m_stats->daemonCame();
 }
 
 SettingsRoot& WindowModels::settings() {
-    if (!m_settings) {
+    if (!m_settings)
         m_settings =
             std::make_unique<SettingsRoot>(Panes::makeModels({.home = homeFolder(),
                                                               .bundle = InstalledBundle::current(),
-                                                              .applications = "/Applications"}));
-        // On its lane while the window is being built.
-        m_settings->refresh();
-    }
+                                                              .applications = "/Applications",
+                                                              .client = m_client,
+                                                              .chooseFile = m_chooseFile}),
+                                           m_firstPane);
     return *m_settings;
+}
+
+void WindowModels::openSettingsOn(Pane pane) {
+    m_firstPane = pane;
+    if (m_settings)
+        m_settings->select(pane);
 }
 
 StatsRoot& WindowModels::stats() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Client.h"
+#include "FileChooser.h"
 #include "JourneyRoot.h"
 #include "SettingsRoot.h"
 #include "Shell/EditorHost.h"
@@ -18,13 +19,16 @@ public:
     using MakeJourney = std::function<std::unique_ptr<JourneyRoot>(WindowModels&)>;
 
     /// `client` is the process's only way to the daemon.
-    WindowModels(std::shared_ptr<WendlowClient> client, MakeJourney makeJourney);
+    WindowModels(std::shared_ptr<WendlowClient> client, FileChooser::Choose chooseFile,
+                 MakeJourney makeJourney);
     /// Waits for a change to a person's files that is under way.
     ~WindowModels();
 
     EditorWorlds& worlds();
     EditorHost& editor();
     SettingsRoot& settings();
+    /// Settings is to show this pane, now and when it is made.
+    void openSettingsOn(Pane pane);
     StatsRoot& stats();
     /// The journey that runs; one is begun where none does.
     JourneyRoot& journey();
@@ -39,7 +43,9 @@ public:
 
 private:
     const std::shared_ptr<WendlowClient> m_client;
+    const FileChooser::Choose m_chooseFile;
     const MakeJourney m_makeJourney;
+    Pane m_firstPane = Pane::privacy;
     std::unique_ptr<EditorWorlds> m_worlds;
     std::unique_ptr<EditorHost> m_editor;
     std::unique_ptr<SettingsRoot> m_settings;

@@ -27,30 +27,35 @@ void withLargerWords(const PictureSession& session,
     session.looks.setTextScale(1);
 }
 
+using Save = std::function<void(const QString& name)>;
+
+/// The pane as it opens, and each of its states.
+void takePane(SettingsRoot& root, const PaneDescription& pane, const Save& save) {
+    const QString name = QStringLiteral("settings-") + QString::fromUtf8(pane.id);
+    root.select(pane.pane);
+    save(name);
+    if (pane.takePictures)
+        pane.takePictures({.model = root.model(pane.pane),
+                           .save = [&](const QString& state) { save(name + u'-' + state); },
+                           .pose = [&](PaneModel* posed) { root.pose(posed); }});
+}
+
 } // namespace
 
 void takeSettings(const PictureSession& session, WindowModels& models) {
     SettingsRoot& root = models.settings();
     const Pane first = root.selection();
-    for (const PaneDescription& pane : Panes::all()) {
-        const QString name = QStringLiteral("settings-") + QString::fromUtf8(pane.id);
-        root.select(pane.pane);
-        session.save(name, PictureSession::Focus::away);
-        if (pane.takePictures)
-            pane.takePictures(*root.model(pane.pane), [&](const QString& state) {
-                session.save(name + u'-' + state, PictureSession::Focus::away);
-            });
-    }
+    for (const PaneDescription& pane : Panes::all())
+        takePane(root, pane,
+                 [&](const QString& name) { session.save(name, PictureSession::Focus::away); });
     withLargerWords(session, [&](const QString& suffix) {
         for (const PaneDescription& pane : Panes::all()) {
-            root.select(pane.pane);
-            const QString name = QStringLiteral("settings-") + QString::fromUtf8(pane.id);
             // The first of its states stands for the others.
-            if (bool isFirst = true; pane.takePictures)
-                pane.takePictures(*root.model(pane.pane), [&](const QString& state) {
-                    if (std::exchange(isFirst, false))
-                        session.save(name + u'-' + state + suffix, PictureSession::Focus::away);
-                });
+            int number = pane.takePictures ? 0 : 1;
+            takePane(root, pane, [&](const QString& name) {
+                if (number++ == 1)
+                    session.save(name + suffix, PictureSession::Focus::away);
+            });
         }
     });
     root.select(first);

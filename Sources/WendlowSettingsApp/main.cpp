@@ -1,6 +1,7 @@
 #include "Appearance.h"
 #include "BusPulse.h"
 #include "ExportedScreens.h"
+#include "FileChooser.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
 #include "SessionBus.h"
@@ -13,6 +14,7 @@
 #include "XPCClient.h"
 
 #include <QAccessible>
+#include <QDBusConnection>
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
@@ -57,7 +59,10 @@ int takeSnapshots(const LaunchOptions& options) {
              },
          .notifications = silent,
          .setupLog = [](const std::string&) {},
-         .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>())});
+         .client = std::make_shared<InProcessClient>(std::make_shared<UnimplementedGateway>()),
+         .chooseFile = [](FileChooser::Question) -> QCoro::Task<FileChooser::Answer> {
+             co_return QString();
+         }});
     return Snapshots(application, options).take();
 }
 
@@ -98,6 +103,8 @@ std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv) {
 
 /// Shows the window that is asked for, and runs until the last one is closed.
 int show(SettingsApplication& application, const LaunchOptions& options) {
+    if (options.settingsPane)
+        application.models().openSettingsOn(*options.settingsPane);
     const auto repairBehind = [&application](WindowDoor::Pane pane) {
         FirstFrame::then(*application.window(WindowDescriptions::kindOf(pane)),
                          [&application] { application.started(); });
@@ -125,10 +132,13 @@ int runApplication(const LaunchOptions& options) {
     Appearance appearance;
     GatewayPresence gateway;
     SessionBus bus;
+    auto portalBus = std::make_shared<QDBusConnection>(QString());
     QObject::connect(&bus, &SessionBus::connected, &notifications,
                      &DistributedNotificationCenter::listenOn);
     QObject::connect(&bus, &SessionBus::connected, &appearance, &Appearance::listenOn);
     QObject::connect(&bus, &SessionBus::connected, &gateway, &GatewayPresence::listenOn);
+    QObject::connect(&bus, &SessionBus::connected, &gateway,
+                     [portalBus](const QDBusConnection& dialled) { *portalBus = dialled; });
     bus.dial();
     SettingsApplication application(
         {.followLooks =
@@ -137,7 +147,11 @@ int runApplication(const LaunchOptions& options) {
              },
          .notifications = notifications,
          .setupLog = [](const std::string& line) { SetupLog::line(line); },
-         .client = std::make_shared<XPCClient>()});
+         .client = std::make_shared<XPCClient>(),
+         .chooseFile =
+             [portalBus](FileChooser::Question question) {
+                 return FileChooser::choose(*portalBus, std::move(question));
+             }});
     QObject::connect(&gateway, &GatewayPresence::came, &application,
                      [&application] { application.models().daemonCame(); });
     // Pictures that were written for other programs are there for as long as this runs.

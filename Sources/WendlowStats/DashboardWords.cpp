@@ -83,16 +83,6 @@ QString dayPartOf(double time) {
     return dayPart(moment.time().hour());
 }
 
-QString storageLabel(std::int64_t bytes) {
-    constexpr int mega = -20;
-    constexpr int giga = -30;
-    constexpr double mostMegabytes = 999;
-    const double megabytes = std::ldexp(static_cast<double>(bytes), mega);
-    if (megabytes > mostMegabytes)
-        return QString::number(std::ldexp(static_cast<double>(bytes), giga), 'f', 1) + u" GB"_s;
-    return number(static_cast<std::int64_t>(megabytes)) + u" MB"_s;
-}
-
 QString shortName(const std::string& name) {
     const QString whole = QString::fromStdString(name);
     const QStringList words = whole.simplified().split(u' ', Qt::SkipEmptyParts);

@@ -20,8 +20,6 @@ QString exactTime(std::int64_t seconds);
 QString dayPart(int hour);
 /// The same of a time, in seconds since 1970, in local time; empty for one that no calendar has.
 QString dayPartOf(double time);
-/// "50 MB", "4.2 GB".
-QString storageLabel(std::int64_t bytes);
 
 /// One row of the card of apps or sites.
 struct Bar {

@@ -1,6 +1,7 @@
 #include "Figure.h"
 
 #include "DashboardWords.h"
+#include "StorageWords.h"
 
 namespace wendlow::Dashboard {
 
@@ -9,7 +10,7 @@ QString Figure::words() const {
     case Kind::time:
         return dashTime(amount);
     case Kind::storage:
-        return storageLabel(amount);
+        return QString::fromStdString(storageLabel(amount));
     case Kind::count:
         return QString::number(amount);
     case Kind::percent:

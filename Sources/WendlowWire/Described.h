@@ -11,8 +11,8 @@
 /// order in which they are written.
 ///
 /// Field types the codec knows: bool, std::int64_t, double, std::string, WireData, a described
-/// enum, a record, a tagged variant, FilterValue, and of these std::optional, std::vector and
-/// std::map with string keys. An optional field is left out while it is absent.
+/// enum, an OpenCase of one, a record, a tagged variant, FilterValue, and of these std::optional,
+/// std::vector and std::map with string keys. An optional field is left out while it is absent.
 ///
 /// A struct may name fields that a reader fills in by itself when they are absent:
 /// `static constexpr std::string_view defaulted[] = {"offset"};`

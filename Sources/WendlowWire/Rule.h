@@ -5,6 +5,7 @@
 #include <boost/describe/enum.hpp>
 
 #include "Described.h"
+#include "OpenCase.h"
 
 namespace wendlow {
 
@@ -20,12 +21,13 @@ BOOST_DESCRIBE_ENUM(RuleTier, usageOnly, never)
 enum class RuleOrigin { shipped, user };
 BOOST_DESCRIBE_ENUM(RuleOrigin, shipped, user)
 
-/// A rule of what may be recorded. Its identifier never changes.
+/// A rule of what may be recorded. Its identifier never changes. Of a kind or tier of a newer
+/// daemon it is a rule still, which a person has to see and can remove.
 struct Rule {
     std::string id;
-    RuleKind kind = RuleKind::app;
+    OpenCase<RuleKind> kind = RuleKind::app;
     std::string value;
-    RuleTier tier = RuleTier::never;
+    OpenCase<RuleTier> tier = RuleTier::never;
     RuleOrigin origin = RuleOrigin::user;
     bool enabled = false;
     WENDLOW_RECORD(Rule, id, kind, value, tier, origin, enabled);

@@ -67,7 +67,7 @@ TEST(AllTools, areConnectedAndGiveEveryByteBack) {
         for (const auto& [name, bytes] : tool.own)
             put(home / name, bytes);
     const auto before = filesOf(home);
-    RunningApplication application(desktop, {u"--window=settings"_s});
+    RunningApplication application(desktop, {u"--window=settings"_s, u"--pane=connected"_s});
     ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
 
     // Works a tool's switch and waits for the verb. Its words open the row; they are folded away

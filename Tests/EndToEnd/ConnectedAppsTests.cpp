@@ -43,7 +43,7 @@ protected:
 };
 
 TEST_F(ConnectedApps, TheSwitchConnectsAndGivesTheBytesBack) {
-    RunningApplication application(desktop, {u"--window=settings"_s});
+    RunningApplication application(desktop, {u"--window=settings"_s, u"--pane=connected"_s});
     ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
     const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
     ASSERT_TRUE(toggle);
@@ -85,7 +85,7 @@ TEST_F(ConnectedApps, TheSwitchConnectsAndGivesTheBytesBack) {
 /// Through every place that the keys come to: round the window, into a row and out of it, over a
 /// verb and its undoing, and through the menus, of which Edit has no line to choose.
 TEST_F(ConnectedApps, TheKeyboardAloneIsEnoughAndItsFocusIsAlwaysInSight) {
-    RunningApplication application(desktop, {u"--window=settings"_s});
+    RunningApplication application(desktop, {u"--window=settings"_s, u"--pane=connected"_s});
     ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();
     const KeyWalk walk(desktop, application, u"Wendlow"_s);
     const auto pressed = [&walk](const QStringList& keys) {
@@ -121,7 +121,7 @@ TEST_F(ConnectedApps, TheKeyboardAloneIsEnoughAndItsFocusIsAlwaysInSight) {
 TEST_F(ConnectedApps, AFileThatDoesNotReadSaysSoByItselfAndStaysAsItWas) {
     const std::string broken(ClaudeCodeHome::servers.substr(0, 90));
     put(desktop.home() / ".claude.json", broken);
-    RunningApplication application(desktop, {u"--window=settings"_s});
+    RunningApplication application(desktop, {u"--window=settings"_s, u"--pane=connected"_s});
     const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
     ASSERT_TRUE(toggle) << application.errors().toStdString();
     const auto cause = u"a member name was expected (at byte 90)"_s;
@@ -145,7 +145,7 @@ TEST_F(ConnectedApps, AFileThatDoesNotReadSaysSoByItselfAndStaysAsItWas) {
 }
 
 TEST_F(ConnectedApps, WhatWasChangedSinceIsTakenOutFromItsOpenRow) {
-    RunningApplication application(desktop, {u"--window=settings"_s});
+    RunningApplication application(desktop, {u"--window=settings"_s, u"--pane=connected"_s});
     const auto toggle = application.find(u"check box"_s, u"Claude Code"_s);
     ASSERT_TRUE(toggle) << application.errors().toStdString();
     desktop.click(toggle->extents().center());
@@ -171,7 +171,7 @@ TEST_F(ConnectedApps, ARowOpensToWhatTheToolKeeps) {
     put(store / "-nowhere-at-all/session.jsonl", "{}");
     const auto memory = put(desktop.home() / ".claude/CLAUDE.md", "be brief\n");
 
-    RunningApplication application(desktop, {u"--window=settings"_s});
+    RunningApplication application(desktop, {u"--window=settings"_s, u"--pane=connected"_s});
     const auto name = [](const std::string& path) {
         return u"Copy "_s + QString::fromStdString(path);
     };

@@ -61,6 +61,7 @@ TEST_F(Ledger, DeletesALineForGoodAndNoOther) {
     open(rail(u"meetingList"_s, u"Meetings"_s));
     desktop.press({u"Home"_s, u"Return"_s});
     ASSERT_TRUE(is("list item", line(before[0])));
+    EXPECT_THAT(nameless(u"Memories"_s), ::testing::IsEmpty());
     // What lies behind hears nothing.
     desktop.press({u"b"_s, u"ctrl+f"_s, u"Down"_s, u"Right"_s});
     ASSERT_TRUE(is("list item", line(before[0])));
@@ -137,6 +138,7 @@ TEST_F(Ledger, ShowsEveryOutcomeAndOpensAReport) {
     const QJsonValue board = gateway.ask(R"({"read":{"_0":{"modBoard":{}}}})")["_0"_L1];
     const QString slug = board["mods"_L1][0]["slug"_L1].toString();
     EXPECT_TRUE(is("list item", slug));
+    EXPECT_THAT(nameless(u"Memories"_s), ::testing::IsEmpty());
     QStringList told;
     const auto walk = [&] {
         for (const Accessible& each :
@@ -156,6 +158,7 @@ TEST_F(Ledger, ShowsEveryOutcomeAndOpensAReport) {
     desktop.press(QStringList(files + does + 1, u"Down"_s) + QStringList{u"Return"_s});
     EXPECT_TRUE(says(u"Report shown in part — the full run is in its banked transcript."_s));
     EXPECT_TRUE(says(u"1s · 7 turns · 2 store changes in its window"_s));
+    EXPECT_THAT(nameless(u"Memories"_s), ::testing::IsEmpty());
     desktop.press({u"Tab"_s, u"Return"_s, u"End"_s});
     EXPECT_TRUE(is("heading", u"Runs of mods no longer installed"_s));
 }

@@ -65,6 +65,7 @@ TEST_F(Moments, AreScrolledFromTheNewestToTheOldestAndOpenedInAViewer) {
     press(u"Moments, 50000"_s);
     EXPECT_TRUE(says(u"50000 moments in all"_s));
     ASSERT_TRUE(is("list item", name(shown)));
+    EXPECT_THAT(nameless(u"Memories"_s), IsEmpty());
     KeyWalk walk(desktop, *application, u"Memories"_s);
     EXPECT_THAT(walk.press({u"Tab"_s, u"Right"_s}), IsEmpty());
     EXPECT_THAT(walk.press(QStringList(at, u"Right"_s)), IsEmpty());
@@ -80,6 +81,7 @@ TEST_F(Moments, AreScrolledFromTheNewestToTheOldestAndOpenedInAViewer) {
     desktop.press({u"Return"_s});
     ASSERT_TRUE(is("dialog", title));
     EXPECT_TRUE(is("push button", u"Copy picture"_s)) << "its picture has come";
+    EXPECT_THAT(nameless(u"Memories"_s), IsEmpty());
     EXPECT_THAT(walk.press({u"Left"_s, u"Right"_s, u"Up"_s, u"Down"_s, u"x"_s, u"ctrl+f"_s}),
                 IsEmpty());
     EXPECT_EQ(walk.focused(), QStringList{u"dialog "_s + title});

@@ -17,14 +17,21 @@
 namespace wendlow::testing {
 
 /// A program of the tests that runs beside its test on a private bus, and ends with it. It is there
-/// when it has said "ready". Refuses to start one on a bus that is not a test's.
+/// when it has said "ready". Refuses to start one on a bus that is not a test's. Its home is the
+/// bus's own folder unless it is told another: what it writes there goes with the test.
 class GatewayProcess {
 public:
     explicit GatewayProcess(const std::filesystem::path& program,
-                            const std::vector<std::string>& arguments = {}) {
+                            const std::vector<std::string>& arguments = {},
+                            std::filesystem::path home = {}) {
         const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
         if (!address || !std::string_view(address).contains("/wendlow-test-"))
             throw std::runtime_error("this is not a test's own bus");
+        if (home.empty()) {
+            const std::string_view path =
+                std::string_view(address).substr(std::string_view(address).find('/'));
+            home = std::filesystem::path(path.substr(0, path.find(','))).parent_path();
+        }
         std::vector<std::string> words{program.string()};
         words.insert(words.end(), arguments.begin(), arguments.end());
         std::vector<char*> argv;
@@ -37,6 +44,7 @@ public:
         m_process = ::fork();
         if (m_process == 0) {
             ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            ::setenv("HOME", home.c_str(), 1);
             ::dup2(in[0], STDIN_FILENO);
             ::dup2(out[1], STDOUT_FILENO);
             ::execv(argv[0], argv.data());

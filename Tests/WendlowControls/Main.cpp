@@ -1,7 +1,11 @@
 #include "ConnectedAppsModel.h"
+#include "General/PrivacyModel.h"
 #include "IconDrawing.h"
 #include "MockConnector.h"
+#include "PosedGateway.h"
 #include "QmlWarnings.h"
+#include "Recording/RecordingControlModel.h"
+#include "Recovery/RecoveryModel.h"
 #include "SettingsRoot.h"
 #include "ThemeSource.h"
 #include "ToolTiles.h"
@@ -58,6 +62,14 @@ public:
         models.emplace(Pane::connected,
                        std::make_unique<ConnectedAppsModel>(Connectors::List{cursor, codex, slow},
                                                             "/opt/wendlow-mcp", std::move(around)));
+        const auto client = PosedGateway::client(answers());
+        models.emplace(Pane::privacy,
+                       std::make_unique<PrivacyModel>(client, PrivacyModel::Surroundings{}));
+        models.emplace(Pane::recording,
+                       std::make_unique<RecordingControlModel>(client, AppChooser::Surroundings{}));
+        models.emplace(Pane::recovery,
+                       std::make_unique<RecoveryModel>(
+                           client, [this](const QString& text) { m_copied.append(text); }));
         m_root = std::make_unique<SettingsRoot>(std::move(models));
     }
 
@@ -107,6 +119,28 @@ public:
     }
 
 private:
+    /// Everything is kept, and 2,000 topics are not recorded.
+    static PosedGateway::Answers answers() {
+        PosedGateway::Answers all{
+            {"recovery_state", AnswerCase::Text{"armed"}},
+            {"self_names", AnswerCase::NoteID{}},
+            {"frame_stats", AnswerCase::FrameStats{{.screenshots = 7, .bytes = 0}}},
+            {"reel_stats", AnswerCase::ReelStats{}},
+            {"disk_used", AnswerCase::DiskUsed{}}};
+        for (const char* flag : {"frame_keep_state", "reel_keep_state", "diagnostic_logging_state"})
+            all.emplace(flag, AnswerCase::Flag{true});
+        std::vector<Rule> rules;
+        for (int at = 1; at <= 2000; ++at)
+            rules.push_back({.id = std::to_string(at),
+                             .kind = RuleKind::topic,
+                             .value = "topic " + std::to_string(at),
+                             .tier = RuleTier::never,
+                             .origin = RuleOrigin::user,
+                             .enabled = true});
+        all.emplace("get_rules", AnswerCase::Rules{std::move(rules)});
+        return all;
+    }
+
     testing::QmlWarnings m_warnings;
     QStringList m_copied;
     QSemaphore m_verbs;

@@ -25,6 +25,8 @@ TestCase {
     Component { id: buttons; Button { property int asked: 0; text: "Save"; onClicked: asked += 1 } }
     Component { id: chips; Chip { text: "owner" } }
     Component { id: disclosures; Disclosure { text: "Claude Code" } }
+    Component { id: checks; CheckRow { width: 200; on: false; text: "owner" } }
+    Component { id: choices; ChoiceRow { width: 200; on: false; text: "here" } }
     Component { id: fills; HoverFill { lit: false; shade: "#ff0000" } }
     Component { id: spinners; Spinner {} }
     Component {
@@ -69,24 +71,25 @@ TestCase {
         }
     }
 
-    function test_aScreenReaderHearsWhatIsOpen_data(): var {
-        return [{ tag: "chip", component: chips }, { tag: "disclosure", component: disclosures }];
+    function test_aScreenReaderHearsWhatIsOn_data(): var {
+        return [{ tag: "chip", component: chips, by: "open" }, { tag: "disclosure", component: disclosures, by: "open" }, { tag: "switch", component: switches, by: "on" }, { tag: "check box", component: checks, by: "on" }, { tag: "choice", component: choices, by: "on" }];
     }
-    function test_aScreenReaderHearsWhatIsOpen(data: var): void {
-        for (const atFirst of [true, false]) {
-            bench.read(false);
-            const opener = createTemporaryObject(data.component, scene, { open: atFirst });
+    function test_aScreenReaderHearsWhatIsOn(data: var): void {
+        for (const [atFirst, heard] of [[true, false], [false, false], [true, true], [false, true]]) {
+            bench.read(heard);
+            const control = createTemporaryObject(data.component, scene, { [data.by]: atFirst });
             bench.read(true);
-            compare(bench.spoken(opener).checked, atFirst, "a reader that comes later");
-            opener.clicked.connect(() => opener.open = !opener.open);
-            for (const open of [!atFirst, atFirst]) {
-                mouseClick(opener);
-                compare(opener.open, open);
-                compare(bench.spoken(opener).checked, open);
+            compare(bench.spoken(control).checked, atFirst, "also where a reader comes later");
+            control.clicked.connect(() => control[data.by] = !control[data.by]);
+            for (const on of [!atFirst, atFirst]) {
+                mouseClick(control);
+                compare(control[data.by], on);
+                compare(bench.spoken(control).checked, on);
             }
-            mouseClick(opener);
-            opener.open = atFirst;
-            compare(bench.spoken(opener).checked, atFirst, "closed by something else");
+            mouseClick(control);
+            control[data.by] = atFirst;
+            compare(bench.spoken(control).checked, atFirst, "turned by something else");
+            control.destroy();
         }
     }
 

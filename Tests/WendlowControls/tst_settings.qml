@@ -56,7 +56,14 @@ Item {
         }
 
         function test_arrowsMoveThroughThePanes(): void {
-            const panes = ["General", "Connected Apps", "Recording Control", "Local AI Classifier", "Recovery"];
+            const heads = {
+                "General": "Manage how much data is saved to your computer",
+                "Connected Apps": "Give your AI superpowers",
+                "Recording Control": "Choose what gets remembered",
+                "Local AI Classifier": "Runs entirely on your Mac",
+                "Recovery": "Your memory is encrypted"
+            };
+            const panes = Object.keys(heads);
             const stage = Array.from(face.children).find(child => child instanceof Loader);
             compare(bench.root.groups.map(group => group.length), [3, 2]);
             here("Connected Apps", "SidebarItem_").forceActiveFocus(Qt.TabFocusReason);
@@ -65,7 +72,7 @@ Item {
             for (const title of panes) {
                 const place = here(title, "SidebarItem_");
                 verify(place.activeFocus && place.ringed && place.here, title);
-                here(title === "Connected Apps" ? "Give your AI superpowers" : title, "Label_", stage);
+                here(heads[title], "Label_", stage);
                 keyClick(Qt.Key_Down);
             }
             verify(here("Recovery", "SidebarItem_").here, "there is none below it");
@@ -77,6 +84,49 @@ Item {
             verify(!here("General", "SidebarItem_").ringed, "no key brought the focus here");
             go("Connected Apps");
             verify(!here("Connected Apps", "SidebarItem_").ringed);
+        }
+
+        function test_aLongListOfRulesIsWalkedByKeyboardAndMakesOnlyWhatIsInSight(): void {
+            go("Recording Control");
+            const list = here("We do not record anything, Topics", "QQuickListView");
+            tryVerify(() => list.count === 2000);
+            verify(list.contentItem.children.length < 60, "made for rows that nobody sees");
+            here("topic 1", "RuleEntry_").forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_End);
+            const last = here("topic 2000", "RuleEntry_");
+            verify(last.visualFocus);
+            compare(bench.spoken(last).description, "Never recorded");
+            fuzzyCompare(last.mapToItem(list, 0, 0).y + last.height, list.height, 1);
+        }
+
+        function test_aFieldTakesTheFocusFromAPersonWhoOpensItAlone(): void {
+            go("Recording Control");
+            mouseClick(here("Add topic", "Button_"));
+            tryVerify(() => here("Add topic", "Field_").activeFocus);
+            go("General");
+            keyClick(Qt.Key_Down);
+            keyClick(Qt.Key_Down);
+            here("Add topic", "Field_");
+            wait(0);
+            verify(here("Recording Control", "SidebarItem_").activeFocus);
+            mouseClick(here("Cancel", "Button_"));
+        }
+
+        function test_aQuestionHasTheFocusAtItsSafeAnswer(): void {
+            go("General");
+            const toggle = here("All day screenshots", "Switch_");
+            toggle.forceActiveFocus(Qt.TabFocusReason);
+            keyClick(Qt.Key_Space);
+            const cancel = here("Cancel", "Button_", toggle.Window.contentItem);
+            tryVerify(() => cancel.activeFocus);
+            keyClick(Qt.Key_Return);
+            tryVerify(() => toggle.activeFocus, 5000, "the focus is given back");
+            verify(toggle.on);
+            keyClick(Qt.Key_Space);
+            here("Delete screenshots", "DestructiveButton_", toggle.Window.contentItem).clicked();
+            tryVerify(() => toggle.activeFocus && toggle.visualFocus, 5000, "nor does it go while the daemon is at work");
+            compare(bench.spoken(toggle).description, "Working…");
+            verify(toggle.on, "it has not said so yet");
         }
 
         function test_aSwitchIsOutOfReachWhileItsVerbRuns(): void {
@@ -166,7 +216,7 @@ Item {
                 if (!here(name, "ConnectedAppRow_").open)
                     mouseClick(here("Show details of " + name, "Disclosure_"));
             for (const [scale, width, height] of [[1, 560, 420], [1.25, 980, 860], [1.5, 560, 420], [1.5, 980, 860], [2, 747, 560]])
-                for (const title of ["General", "Connected Apps"]) {
+                for (const title of ["General", "Connected Apps", "Recording Control", "Local AI Classifier", "Recovery"]) {
                     ThemeSource.textScale = scale;
                     scene.width = width;
                     scene.height = height - 28 * scale;

@@ -37,7 +37,8 @@ TEST(DateWords, AreShortAndInTheOrderOfTheLocale) {
         EXPECT_EQ(DateWords::day(at(2024, 9, 30), now, locale), before);
         EXPECT_EQ(DateWords::dateAndTime(at(2024, 9, 30), locale),
                   QString::fromUtf16(dayBefore) + u", "_s +
-                      locale.toString(QTime(12, 5), QLocale::ShortFormat));
+                      locale.toString(QTime(12, 5), QLocale::ShortFormat).remove(u":00"_s))
+            << "without seconds";
     }
     EXPECT_EQ(DateWords::day(at(2026, 11, 21, 0), now, english), u"Today");
     EXPECT_EQ(DateWords::day(at(2026, 11, 20, 23), now, english), u"Yesterday");

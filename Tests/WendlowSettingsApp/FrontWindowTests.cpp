@@ -77,6 +77,7 @@ TEST(SettingsApplication, KeepsTheMenusOfTheWindowInFrontAndClosesThatWithoutThe
 
 TEST(SettingsApplication, ScansWhenAPersonIsBackInSettings) {
     Program program;
+    program.application.models().openSettingsOn(Pane::connected);
     program.inFront(WindowKind::settings);
     auto* const model = qobject_cast<ConnectedAppsModel*>(
         program.application.models().settings().model(Pane::connected));

@@ -8,19 +8,19 @@ namespace wendlow {
 namespace {
 
 using Arguments = std::vector<std::string>;
-using WindowDoor::Pane;
 
 TEST(LaunchOptions, ReadsWhatIsItsOwnAndLeavesTheRest) {
     const auto options = LaunchOptions::parse(Arguments{
         "--window=bogus", "--window=stats", "--window=editor", "-platform", "xcb", "--first-frame",
-        "--snapshots", "out", "--size", "1280x800", "--text-scale", "1.5"});
+        "--snapshots", "out", "--size", "1280x800", "--text-scale", "1.5", "--pane=recovery"});
     ASSERT_TRUE(options.has_value());
     LaunchOptions expected;
     EXPECT_EQ(LaunchOptions::parse(Arguments{}), expected);
-    expected.pane = Pane::stats;
+    expected.pane = WindowDoor::Pane::stats;
     expected.firstFrame = true;
     expected.snapshots = "out";
     expected.size = PixelSize{1280, 800};
+    expected.settingsPane = wendlow::Pane::recovery;
     expected.textScale = 1.5;
     EXPECT_EQ(*options, expected);
 }
@@ -34,6 +34,9 @@ TEST(LaunchOptions, RefusesWhatItCannotDoInWords) {
         EXPECT_EQ(LaunchOptions::parse(Arguments{"--size", size}),
                   std::unexpected("--size needs a size such as 1280x800"))
             << size;
+    EXPECT_EQ(LaunchOptions::parse(Arguments{"--pane=privacy"}),
+              std::unexpected(
+                  "--pane= needs one of general, connected, recording, classifier, recovery"));
     EXPECT_FALSE(LaunchOptions::parse(Arguments{"--text-scale"}).has_value());
     for (const char* scale : {"big", "0.9", "2.1", "1,5", "nan", ""})
         EXPECT_EQ(LaunchOptions::parse(Arguments{"--text-scale", scale}),

@@ -1,4 +1,5 @@
 #include "DiagnosticSource.h"
+#include "GatewayResponse.h"
 #include "IconTrail.h"
 #include "LinkStages.h"
 #include "LocalModel.h"
@@ -8,6 +9,7 @@
 #include "Rule.h"
 #include "ScopePath.h"
 #include "SelfNames.h"
+#include "WireCodec.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,6 +26,19 @@ TEST(RawString, IsReadToTheLetter) {
     EXPECT_EQ(fromRawString<RuleKind>("topic"), RuleKind::topic);
     for (const char* raw : {"Topic", "topic ", ""})
         EXPECT_EQ(fromRawString<RuleKind>(raw), std::nullopt) << raw;
+}
+
+TEST(Rule, OfAKindThatIsNotKnownYetIsARuleStill) {
+    const std::string json =
+        R"({"rules":{"_0":[{"id":"r1","kind":"colour","value":"mauve","tier":"hushed",)"
+        R"("origin":"user","enabled":true}]}})";
+    const auto read = WireCodec::decodeResponse(json);
+    ASSERT_TRUE(read);
+    const Rule rule = std::get<AnswerCase::Rules>(*read)._0.at(0);
+    EXPECT_EQ(rule.kind.known(), std::nullopt);
+    EXPECT_EQ(rule.tier.word(), "hushed");
+    EXPECT_NE(rule.tier, RuleTier::usageOnly);
+    EXPECT_EQ(WireCodec::encode(*read), json);
 }
 
 TEST(DiagnosticSource, IsReadWhateverItsCaseAndBlanks) {

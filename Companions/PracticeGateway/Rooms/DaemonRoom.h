@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string_view>
 
 #include "Clock.h"
@@ -23,6 +24,7 @@ public:
     GatewayResponse answer(const ReadCase::DaemonBuild& request);
     GatewayResponse answer(const ReadCase::DiagnosticLoggingState& request);
     GatewayResponse answer(const ReadCase::ConnectedApps& request);
+    /// The log is a file for as long as it is kept, and gone afterwards.
     GatewayResponse answer(const ControlCase::SetDiagnosticLogging& request);
     GatewayResponse answer(const ControlCase::ConnectApp& request);
     GatewayResponse answer(const ControlCase::DisconnectApp& request);
@@ -34,12 +36,22 @@ public:
     GatewayResponse answer(const ControlCase::Shutdown& request);
     GatewayResponse answer(const DiagnosticCase::Log& request);
 
+    /// Where the diagnostic log is; before it is told, beside the database. One that is kept is
+    /// gone on with.
+    void keepTraceLogAt(std::filesystem::path file);
+
 private:
+    static constexpr std::string_view diagnosticLogging = "diagnosticLogging";
+
+    bool keepsTrace() { return m_settings.flag(diagnosticLogging, false); }
+    /// Adds a line, making the file where it lacks. False: it cannot be written.
+    bool trace(std::string_view line);
     void log(std::string_view category, std::string_view line);
 
     PracticeDatabase& m_database;
     Settings m_settings;
     Clock m_clock;
+    std::filesystem::path m_trace;
 };
 
 } // namespace wendlow

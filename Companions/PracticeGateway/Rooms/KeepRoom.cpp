@@ -17,6 +17,8 @@ CREATE TABLE IF NOT EXISTS locked_days(day TEXT PRIMARY KEY) WITHOUT ROWID;
 constexpr std::string_view frameKeep = "frameKeep";
 constexpr std::string_view reelKeep = "reelKeep";
 
+constexpr double countingTakes = 1.5; ///< seconds
+
 constexpr std::string_view framed = "FROM moments JOIN documents USING(number) WHERE framed";
 
 } // namespace
@@ -36,26 +38,38 @@ GatewayResponse KeepRoom::answer(const ReadCase::ReelKeepState& /*request*/) {
     return AnswerCase::Flag{m_settings.flag(reelKeep, true)};
 }
 
+bool KeepRoom::isCounted() {
+    const double now = secondsOf(m_clock());
+    if (!m_countedAt)
+        m_countedAt = now + countingTakes;
+    return now >= *m_countedAt;
+}
+
 GatewayResponse KeepRoom::answer(const ReadCase::FrameStats& /*request*/) {
     purgeWhatIsDue();
+    const bool counted = isCounted();
     PracticeDatabase& database = m_documents.database();
     Statement kept =
         database.prepare(fmt::format("SELECT count(*), coalesce(sum(bytes), 0) {}", framed));
     kept.step();
-    FrameStats stats{.screenshots = kept.integer(0), .bytes = kept.integer(1)};
+    FrameStats stats{.screenshots = kept.integer(0)};
+    if (counted)
+        stats.bytes = kept.integer(1);
     Statement days = database.prepare(
         "SELECT day, due <= ?, "
         "(SELECT coalesce(sum(bytes), 0) FROM moments JOIN documents USING(number) "
         "WHERE framed AND moments.day = purges.day) FROM purges ORDER BY day");
     days.bind(secondsOf(m_clock()));
     PurgeProgress purge;
-    purge.bytesRemaining = 0;
+    std::int64_t remaining = 0;
     while (days.step()) {
         ++purge.daysRemaining;
-        *purge.bytesRemaining += days.integer(2);
+        remaining += days.integer(2);
         if (days.boolean(1))
             purge.skipped.push_back(days.text(0));
     }
+    if (counted)
+        purge.bytesRemaining = remaining;
     if (purge.daysRemaining > 0)
         stats.purge = std::move(purge);
     return AnswerCase::FrameStats{std::move(stats)};
@@ -70,7 +84,10 @@ GatewayResponse KeepRoom::answer(const ReadCase::ReelStats& /*request*/) {
 
 GatewayResponse KeepRoom::answer(const ReadCase::DiskUsed& /*request*/) {
     purgeWhatIsDue();
-    return AnswerCase::DiskUsed{diskUsed()};
+    DiskUsed used = diskUsed();
+    if (!isCounted())
+        used.frames.reset();
+    return AnswerCase::DiskUsed{used};
 }
 
 DiskUsed KeepRoom::diskUsed() {
@@ -101,7 +118,7 @@ GatewayResponse KeepRoom::answer(const ControlCase::SetFrameKeep& request) {
 }
 
 void KeepRoom::startPurge() {
-    constexpr double usualPause = 2;
+    constexpr double usualPause = 0.5;
     constexpr double longest = 60;
     std::vector<std::string> days;
     Statement kept = m_documents.database().prepare(
@@ -110,6 +127,7 @@ void KeepRoom::startPurge() {
         days.push_back(kept.text(0));
     const double pause = std::min(usualPause, longest / static_cast<double>(days.size() + 1));
     double due = secondsOf(m_clock());
+    m_countedAt = due + countingTakes;
     for (const std::string& day : days)
         m_documents.database().run("INSERT OR REPLACE INTO purges(day, due) VALUES(?, ?)", day,
                                    due += pause);

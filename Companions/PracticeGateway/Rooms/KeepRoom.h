@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "Clock.h"
@@ -20,6 +21,8 @@ public:
     KeepRoom(DocumentStore& documents, Clock clock);
 
     GatewayResponse answer(const ReadCase::FrameKeepState& request);
+    /// Sizes are worked out first, which takes a while after the start and after a deletion has
+    /// begun; they are left out until then.
     GatewayResponse answer(const ReadCase::FrameStats& request);
     GatewayResponse answer(const ReadCase::ReelKeepState& request);
     GatewayResponse answer(const ReadCase::ReelStats& request);
@@ -43,11 +46,13 @@ public:
     void lockDay(std::string_view day);
 
 private:
+    bool isCounted();
     void startPurge();
 
     DocumentStore& m_documents;
     Settings m_settings;
     Clock m_clock;
+    std::optional<double> m_countedAt; ///< nothing: nobody has asked yet
 };
 
 } // namespace wendlow

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include "DaySpan.h"
 #include "LocalTime.h"
 #include "MeetingWords.h"
 #include "PlainText.h"
@@ -153,6 +154,9 @@ GatewayResponse MeetingRoom::answer(const ReadCase::MeetingTranscript& request) 
 GatewayResponse MeetingRoom::answer(const ReadCase::MeetingSearch& request) {
     constexpr std::int64_t usualLimit = 20;
     AnswerCase::Cards cards;
+    const auto days = DaySpan::read(request.from, request.to);
+    if (!days)
+        return AnswerCase::Failure{days.error()};
     const auto match = WordQuery::allOf(request.query);
     if (!match)
         return cards;
@@ -166,8 +170,7 @@ GatewayResponse MeetingRoom::answer(const ReadCase::MeetingSearch& request) {
     hits.bind(*match);
     while (hits.step()) {
         const MeetingRecord meeting = recordOf(hits);
-        const std::string day = LocalTime::day(meeting.start);
-        if (day < request.from.value_or(day) || day > request.to.value_or(day))
+        if (!days->holds(meeting.start))
             continue;
         for (const TranscriptLineRow& line : lines(hits.integer(0))) {
             const auto standsThere = [&](const std::string& word) {

@@ -1,11 +1,16 @@
 #include "PhraseRoom.h"
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
+#include <utility>
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <sodium.h>
 
+#include "DiagnosticRequest.h"
 #include "PlainText.h"
 #include "StoreMessage.h"
 
@@ -13,7 +18,21 @@ namespace wendlow {
 namespace {
 
 constexpr std::string_view keyPhrase = "key.phrase";
-constexpr std::string_view keyHeld = "key.held";
+
+/// What is asked of the gateway itself, or of its key.
+constexpr std::array<std::string_view, 11> storeless{
+    ReadCase::RecoveryState::verb,
+    ReadCase::DaemonBuild::verb,
+    ReadCase::DiagnosticLoggingState::verb,
+    ReadCase::Grants::verb,
+    ControlCase::RevealPhrase::verb,
+    ControlCase::EnterPhrase::verb,
+    ControlCase::GeneratePhrase::verb,
+    ControlCase::SetDiagnosticLogging::verb,
+    ControlCase::RequestGrant::verb,
+    ControlCase::Shutdown::verb,
+    DiagnosticCase::Log::verb,
+};
 
 AnswerCase::Failure refused(const StoreMessage& message) {
     return {message.text()};
@@ -21,7 +40,8 @@ AnswerCase::Failure refused(const StoreMessage& message) {
 
 } // namespace
 
-PhraseRoom::PhraseRoom(DocumentStore& documents) : m_settings(documents.database()) {}
+PhraseRoom::PhraseRoom(DocumentStore& documents)
+    : m_database(documents.database()), m_settings(m_database) {}
 
 std::optional<std::vector<std::string>> PhraseRoom::phrase() {
     auto kept = m_settings.value(keyPhrase);
@@ -43,7 +63,38 @@ void PhraseRoom::makeKey(std::string_view bytes) {
     m_settings.setFlag(keyHeld, true);
 }
 
+void PhraseRoom::protect(StoreProtection protection) {
+    m_settings.setFlag(keyNone, protection == StoreProtection::plaintext);
+    if (protection == StoreProtection::plaintext)
+        return;
+    if (!phrase())
+        answer(ControlCase::GeneratePhrase{});
+    m_settings.setFlag(keyHeld, protection == StoreProtection::armed);
+}
+
+std::optional<GatewayResponse> PhraseRoom::whileLocked(std::string_view verb) {
+    if (isPlain() || holdsKey() || !phrase() ||
+        std::ranges::find(storeless, verb) != storeless.end())
+        return std::nullopt;
+    return lockedSentence();
+}
+
+GatewayResponse PhraseRoom::lockedSentence() {
+    const std::filesystem::path file = m_database.file();
+    StoreCase::FolderIsNotEmpty locked{.folder = file.parent_path().string(),
+                                       .present = {},
+                                       .couldNotRead = {},
+                                       .aPhraseCouldBeChecked = true};
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(file.parent_path(), error), end;
+         !error && entry != end; entry.increment(error))
+        locked.present.push_back(entry->path().filename().string());
+    return refused(std::move(locked));
+}
+
 GatewayResponse PhraseRoom::answer(const ReadCase::RecoveryState& /*request*/) {
+    if (isPlain())
+        return AnswerCase::Text{"plaintext"};
     if (holdsKey())
         return AnswerCase::Text{"armed"};
     return AnswerCase::Text{phrase() ? "locked" : "new"};
@@ -57,12 +108,16 @@ GatewayResponse PhraseRoom::answer(const ControlCase::GeneratePhrase& /*request*
 }
 
 GatewayResponse PhraseRoom::answer(const ControlCase::RevealPhrase& /*request*/) {
+    if (isPlain())
+        return refused(StoreWord::revealHasNoKeyBecauseThisBuildHasNone);
     if (!holdsKey())
         return refused(StoreWord::revealHasNoKeyOnThisMac);
     return AnswerCase::Phrase{phrase().value()};
 }
 
 GatewayResponse PhraseRoom::answer(const ControlCase::EnterPhrase& request) {
+    if (isPlain())
+        return refused(StoreWord::enterHasNothingToUnlockOnThisBuild);
     std::vector<std::string> words = request.words;
     std::ranges::transform(words, words.begin(), PlainText::lowerCased);
     if (words.size() != RecoveryWords::count)
@@ -74,7 +129,7 @@ GatewayResponse PhraseRoom::answer(const ControlCase::EnterPhrase& request) {
         return refused(StoreWord::phraseBadChecksum);
     const auto right = phrase();
     if (!right)
-        return refused(StoreWord::refusedFolderIsEmpty);
+        return refused(StoreWord::noKeyWasFoundOnThisMac);
     if (holdsKey())
         return refused(
             StoreCase::RefusedAKeyIsAlreadyHere{.opened = 1, .tried = 1, .couldNotRead = {}});

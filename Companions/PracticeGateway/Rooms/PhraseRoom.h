@@ -13,16 +13,19 @@
 
 namespace wendlow {
 
+/// Whether the store has a key, and whether that is here.
+enum class StoreProtection { armed, locked, plaintext };
+
 /// The recovery phrase, played through: the words stand for a key with which nothing is locked.
 /// Throws `DatabaseError`.
 class PhraseRoom {
 public:
-    static std::string_view schema() { return {}; } ///< two settings
+    static std::string_view schema() { return {}; } ///< three settings
 
     explicit PhraseRoom(DocumentStore& documents);
 
     /// "armed" while the key is here, "locked" when the store has one and it is gone, "new" before
-    /// there is any.
+    /// there is any, "plaintext" for a store without one.
     GatewayResponse answer(const ReadCase::RecoveryState& request);
     /// The words of the key that is here; one is made where there never was any.
     GatewayResponse answer(const ControlCase::GeneratePhrase& request);
@@ -32,11 +35,23 @@ public:
 
     /// A key of these bytes, unless there is or was one.
     void makeKey(std::string_view bytes);
+    /// Plays this from now on. Locked and armed make a key where there never was one.
+    void protect(StoreProtection protection);
+
+    /// What a locked store says to whatever is asked of it; nothing for what asks nothing of the
+    /// store, and while it is not locked.
+    std::optional<GatewayResponse> whileLocked(std::string_view verb);
 
 private:
-    bool holdsKey() { return m_settings.flag("key.held", false); }
+    static constexpr std::string_view keyHeld = "key.held";
+    static constexpr std::string_view keyNone = "key.none";
+
+    bool holdsKey() { return m_settings.flag(keyHeld, false); }
+    bool isPlain() { return m_settings.flag(keyNone, false); }
+    GatewayResponse lockedSentence();
     std::optional<std::vector<std::string>> phrase();
 
+    PracticeDatabase& m_database;
     Settings m_settings;
 };
 

@@ -39,6 +39,7 @@ public:
     /// Any number of statements, without parameters.
     void execute(std::string_view sql);
 
+    std::filesystem::path file() const { return sqlite3_db_filename(m_handle.get(), "main"); }
     std::int64_t lastRowID() const { return sqlite3_last_insert_rowid(m_handle.get()); }
     /// Rows that the last statement changed.
     std::int64_t changes() const { return sqlite3_changes64(m_handle.get()); }

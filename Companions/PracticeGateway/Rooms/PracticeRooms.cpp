@@ -11,9 +11,9 @@ namespace wendlow {
 
 PracticeRooms::PracticeRooms(std::unique_ptr<PracticeDatabase> database, const Clock& clock)
     : m_database(std::move(database)), m_clock(clock), m_documents(*m_database),
-      m_memories(m_documents, clock), m_search(m_documents), m_recall(m_documents, clock),
-      m_scopes(m_documents), m_rules(m_documents, m_scopes), m_mods(m_documents, clock),
-      m_ledger(*m_database), m_keep(m_documents, clock),
+      m_memories(m_documents, clock), m_search(m_documents), m_recall(m_documents),
+      m_scopes(m_documents), m_rules(m_documents, m_scopes), m_primed(m_documents, m_scopes, clock),
+      m_mods(m_documents, clock), m_ledger(*m_database), m_keep(m_documents, clock),
       m_moments(m_documents, m_ledger, m_keep, clock), m_meetings(m_documents),
       m_days(m_documents, m_ledger, m_keep, clock), m_hours(m_ledger, m_keep, m_documents, clock),
       m_recording(m_documents, clock), m_phrase(m_documents),
@@ -26,8 +26,8 @@ PracticeRooms::open(const std::filesystem::path& file, const Clock& clock) try {
         return std::unexpected(database.error());
     (*database)
         ->install<DocumentStore, Settings, MemoryRoom, SearchRoom, RecallRoom, ScopeRoom, RuleRoom,
-                  ModRoom, ActivityLedger, KeepRoom, MomentRoom, MeetingRoom, DayRoom, LedgerRoom,
-                  RecordingRoom, PhraseRoom, GrantRoom, DaemonRoom>();
+                  PrimeRoom, ModRoom, ActivityLedger, KeepRoom, MomentRoom, MeetingRoom, DayRoom,
+                  LedgerRoom, RecordingRoom, PhraseRoom, GrantRoom, DaemonRoom>();
     return std::unique_ptr<PracticeRooms>(new PracticeRooms(std::move(*database), clock));
 } catch (const std::exception& error) {
     return std::unexpected(file.string() + " could not be opened — " + error.what());

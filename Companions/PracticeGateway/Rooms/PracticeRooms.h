@@ -21,6 +21,7 @@
 #include "MomentRoom.h"
 #include "PhraseRoom.h"
 #include "PracticeDatabase.h"
+#include "PrimeRoom.h"
 #include "RecallRoom.h"
 #include "RecordingRoom.h"
 #include "RuleRoom.h"
@@ -49,12 +50,14 @@ public:
 
     /// Every room, for the dispatch.
     auto all() {
-        return std::tie(m_memories, m_search, m_recall, m_rules, m_scopes, m_mods, m_keep,
+        return std::tie(m_memories, m_search, m_recall, m_rules, m_primed, m_scopes, m_mods, m_keep,
                         m_moments, m_meetings, m_days, m_hours, m_recording, m_phrase, m_grants,
                         m_daemon);
     }
     DocumentStore& documents() { return m_documents; }
     RuleRoom& rules() { return m_rules; }
+    PhraseRoom& phrase() { return m_phrase; }
+    DaemonRoom& daemon() { return m_daemon; }
     ModRoom& mods() { return m_mods; }
     MeetingRoom& meetings() { return m_meetings; }
     GrantRoom& grants() { return m_grants; }
@@ -71,6 +74,7 @@ private:
     RecallRoom m_recall;
     ScopeRoom m_scopes;
     RuleRoom m_rules;
+    PrimeRoom m_primed;
     ModRoom m_mods;
     ActivityLedger m_ledger;
     KeepRoom m_keep;

@@ -7,7 +7,6 @@
 
 #include "DocumentCard.h"
 #include "FilterText.h"
-#include "LocalTime.h"
 #include "PlainText.h"
 #include "SelfNames.h"
 #include "WordQuery.h"
@@ -22,10 +21,6 @@ constexpr std::string_view newestFirst = "at DESC, number DESC";
 constexpr std::string_view tables = R"sql(
 CREATE TABLE IF NOT EXISTS self_names(place INTEGER PRIMARY KEY, name TEXT NOT NULL);
 )sql";
-
-bool anything(const Document& /*document*/) {
-    return true;
-}
 
 AnswerCase::Cards briefly(const std::vector<Document>& documents) {
     AnswerCase::Cards cards;
@@ -52,51 +47,65 @@ std::string_view RecallRoom::schema() {
     return tables;
 }
 
-RecallRoom::RecallRoom(DocumentStore& documents, Clock clock)
-    : m_documents(documents), m_clock(std::move(clock)) {}
+RecallRoom::RecallRoom(DocumentStore& documents) : m_documents(documents) {}
 
 std::vector<Document> RecallRoom::found(const std::optional<std::string>& match,
-                                        std::string_view order, std::int64_t limit,
-                                        const std::function<bool(const Document&)>& takes) {
+                                        std::string_view order, const Page& page) {
     std::vector<Document> documents;
     if (!match)
         return documents;
     Statement hits = m_documents.database().prepare(
         fmt::format("SELECT number FROM document_words JOIN documents ON number = "
-                    "document_words.rowid WHERE document_words MATCH ? ORDER BY {}",
+                    "document_words.rowid WHERE document_words MATCH ? AND at >= ? AND at < ? "
+                    "ORDER BY {} LIMIT ? OFFSET ?",
                     order));
-    hits.bind(*match);
-    while (std::ssize(documents) < limit && hits.step()) {
-        auto document = m_documents.find(hits.integer(0));
-        if (document && takes(*document))
+    hits.bind(*match, page.days.from, page.days.to, std::max<std::int64_t>(page.limit, 0),
+              page.offset);
+    while (hits.step())
+        if (auto document = m_documents.find(hits.integer(0)))
             documents.push_back(std::move(*document));
-    }
+    return documents;
+}
+
+std::vector<Document> RecallRoom::newest(const Page& page) {
+    std::vector<Document> documents;
+    Statement rows = m_documents.database().prepare(
+        fmt::format("SELECT number FROM documents WHERE at >= ? AND at < ? ORDER BY {} "
+                    "LIMIT ? OFFSET ?",
+                    newestFirst));
+    rows.bind(page.days.from, page.days.to, std::max<std::int64_t>(page.limit, 0), page.offset);
+    while (rows.step())
+        if (auto document = m_documents.find(rows.integer(0)))
+            documents.push_back(std::move(*document));
     return documents;
 }
 
 GatewayResponse RecallRoom::answer(const ReadCase::Search& request) {
     return briefly(found(WordQuery::allOf(request.query), bestFirst,
-                         request.limit.value_or(usualLimit), anything));
+                         {.limit = request.limit.value_or(usualLimit)}));
 }
 
 GatewayResponse RecallRoom::answer(const ReadCase::Recall& request) {
-    const auto inDays = [&](const Document& document) {
-        const std::string day = LocalTime::day(document.at);
-        return day >= request.from.value_or(day) && day <= request.to.value_or(day);
-    };
-    return briefly(found(WordQuery::allOf(request.query), bestFirst, usualLimit, inDays));
+    const auto days = DaySpan::read(request.from, request.to);
+    if (!days)
+        return AnswerCase::Failure{days.error()};
+    const Page page{.days = *days, .limit = usualLimit};
+    const auto match = WordQuery::allOf(request.query);
+    // Days without words ask for what was in them; neither asks for nothing.
+    if (!match && (request.from || request.to))
+        return briefly(newest(page));
+    return briefly(found(match, bestFirst, page));
 }
 
 GatewayResponse RecallRoom::answer(const ReadCase::Grep& request) {
     constexpr std::int64_t most = 50;
     const auto words = WordQuery::words(request.query);
-    const auto inDays = [&](const Document& document) {
-        const std::string day = LocalTime::day(document.at);
-        return day >= request.from.value_or(day) && day <= request.to.value_or(day);
-    };
+    const auto days = DaySpan::read(request.from, request.to);
+    if (!days)
+        return AnswerCase::Failure{days.error()};
     AnswerCase::Cards cards;
     for (const Document& document :
-         found(WordQuery::phrase(request.query), newestFirst, most, inDays)) {
+         found(WordQuery::phrase(request.query), newestFirst, {.days = *days, .limit = most})) {
         Card& card = cards._0.emplace_back(DocumentCard::brief(document));
         card.excerpt = lineWith(document.body, words.front());
     }
@@ -104,36 +113,9 @@ GatewayResponse RecallRoom::answer(const ReadCase::Grep& request) {
 }
 
 GatewayResponse RecallRoom::answer(const ReadCase::Browse& request) {
-    if (const auto match = WordQuery::allOf(request.query.value_or(""))) {
-        std::int64_t skipped = 0;
-        return briefly(found(match, newestFirst, request.limit,
-                             [&](const Document&) { return ++skipped > request.offset; }));
-    }
-    std::vector<Document> page;
-    Statement newest = m_documents.database().prepare(
-        fmt::format("SELECT number FROM documents ORDER BY {} LIMIT ? OFFSET ?", newestFirst));
-    newest.bind(std::max<std::int64_t>(request.limit, 0), request.offset);
-    while (newest.step())
-        page.push_back(*m_documents.find(newest.integer(0)));
-    return briefly(page);
-}
-
-GatewayResponse RecallRoom::answer(const ReadCase::Primed& request) {
-    constexpr std::int64_t cards = 3;
-    const double now = secondsOf(m_clock());
-    const auto isMemory = [](const Document& document) {
-        return document.kind == DocumentKind::memory;
-    };
-    AnswerCase::Primed primed;
-    for (const Document& memory :
-         found(WordQuery::anyOf(request.prompt), bestFirst, cards, isMemory))
-        primed._0.push_back({.when = LocalTime::minute(memory.at),
-                             .whenRelative = LocalTime::ago(memory.at, now),
-                             .chapter = memory.scope,
-                             .gist = memory.title,
-                             .evidence = DocumentCard::beginning(memory.body, 240),
-                             .grabId = memory.id});
-    return primed;
+    const Page page{.limit = request.limit, .offset = request.offset};
+    const auto match = WordQuery::allOf(request.query.value_or(""));
+    return briefly(match ? found(match, newestFirst, page) : newest(page));
 }
 
 GatewayResponse RecallRoom::answer(const NotesCase::SelfNames& request) {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "Clock.h"
+#include "DaySpan.h"
 #include "DocumentStore.h"
 #include "GatewayResponse.h"
 #include "NotesRequest.h"
@@ -14,37 +14,41 @@
 
 namespace wendlow {
 
-/// What AI tools and scripts look for: cards of whatever holds the words, and what is primed before
-/// a prompt. Words as in `WordQuery`; nothing to look for finds nothing.
+/// What AI tools and scripts look for: cards of whatever holds the words. Words as in `WordQuery`;
+/// nothing to look for finds nothing.
 class RecallRoom {
 public:
     static std::string_view schema();
 
-    RecallRoom(DocumentStore& documents, Clock clock);
+    explicit RecallRoom(DocumentStore& documents);
 
     /// The best first.
     GatewayResponse answer(const ReadCase::Search& request);
-    /// The best of these days first; a day that is absent does not bound.
+    /// The best of these days first; a day that is absent does not bound. Without words the newest
+    /// of the days.
     GatewayResponse answer(const ReadCase::Recall& request);
     /// The words one behind the other, the newest first, each with the line in which they stand.
     GatewayResponse answer(const ReadCase::Grep& request);
     /// A page of what holds the words, or of everything, the newest first.
     GatewayResponse answer(const ReadCase::Browse& request);
-    /// The three memories that have most to do with the prompt.
-    GatewayResponse answer(const ReadCase::Primed& request);
     /// The names by which the person goes, as they stand after the request.
     GatewayResponse answer(const NotesCase::SelfNames& request);
     /// The practice gateway reads no configuration, and says so.
     GatewayResponse answer(const ReadCase::ConfigScan& request);
 
 private:
-    /// What `MATCH` finds, in `order`, that `takes` accepts, at most `limit`.
+    struct Page {
+        DaySpan days = {};
+        std::int64_t limit = 0;
+        std::int64_t offset = 0;
+    };
+
+    /// What `MATCH` finds, in `order`.
     std::vector<Document> found(const std::optional<std::string>& match, std::string_view order,
-                                std::int64_t limit,
-                                const std::function<bool(const Document&)>& takes);
+                                const Page& page);
+    std::vector<Document> newest(const Page& page);
 
     DocumentStore& m_documents;
-    Clock m_clock;
 };
 
 } // namespace wendlow

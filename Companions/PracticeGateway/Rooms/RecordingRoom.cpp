@@ -47,9 +47,9 @@ std::vector<Rule> RecordingRoom::rules() {
     while (rows.step())
         rules.push_back(
             {.id = fmt::format("r{}", rows.integer(0)),
-             .kind = fromRawString<RuleKind>(rows.view(1)).value_or(RuleKind::app),
+             .kind = OpenCase<RuleKind>::ofWord(rows.text(1)),
              .value = rows.text(2),
-             .tier = fromRawString<RuleTier>(rows.view(3)).value_or(RuleTier::never),
+             .tier = OpenCase<RuleTier>::ofWord(rows.text(3)),
              .origin = fromRawString<RuleOrigin>(rows.view(4)).value_or(RuleOrigin::user),
              .enabled = rows.boolean(5)});
     return rules;
@@ -165,7 +165,7 @@ bool RecordingRoom::applies(const Rule& rule, const Statement& front) {
     const auto holds = [wanted = PlainText::lowerCased(rule.value)](std::string_view text) {
         return PlainText::lowerCased(text).contains(wanted);
     };
-    switch (rule.kind) {
+    switch (rule.kind.known().value_or(RuleKind::topic)) {
     case RuleKind::app:
         return PlainText::lowerCased(front.view(0)) == PlainText::lowerCased(rule.value);
     case RuleKind::site:

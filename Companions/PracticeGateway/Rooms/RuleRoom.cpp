@@ -125,7 +125,7 @@ GatewayResponse RuleRoom::answer(const ReadCase::StandingRules& request) {
         return AnswerCase::Failure{fmt::format("“{}” is not a scope: {}", scope, ScopeName::form)};
     const bool elsewhere = request.card ? m_manner.otherScope : m_manner.otherPath;
     const RuleChain rules = chain(elsewhere ? ScopePath::root : std::string_view(scope));
-    if (rules.deliversNothing() || (request.card && m_manner.noCard))
+    if (request.card && (rules.deliversNothing() || m_manner.noCard))
         return AnswerCase::StandingWalk{};
     if (request.card)
         return AnswerCase::RulesCard{.scope = rules.scope, .card = rules.card(m_manner)};

@@ -21,8 +21,9 @@ public:
     /// From now on.
     void setManner(RuleManner manner) { m_manner = manner; }
 
-    /// With `card` the card; without, or when no rule is delivered at the scope, the walk. The
-    /// scope is the one that is named, else that of the session or the folder.
+    /// With `card` the card, or an empty walk where no rule is delivered at the scope; without, the
+    /// walk, which tells the scope also where it has no rules. The scope is the one that is named,
+    /// else that of the session or the folder.
     GatewayResponse answer(const ReadCase::StandingRules& request);
 
 private:

@@ -16,6 +16,9 @@ namespace {
 constexpr const char* description =
     "Answers in place of the product's daemon, from a database of its own, so that the\n"
     "application can be used, tested and shown. It keeps no real memory.\n\n"
+    "--refuse, --unimplemented and --garble are each for one verb, and may be given again for\n"
+    "others: it is refused in these words, is not known yet, or gets the answer to another\n"
+    "question.\n\n"
     "The last ten options make it misbehave, for trying what a client does then. A reply is "
     "told\n"
     "by words with + between them, a list of replies has commas, and its last reply stays:\n"
@@ -49,6 +52,13 @@ public:
             option("live", "Let the day go on, and another moment come, each so many milliseconds.",
                    "number"),
             option("name", "What it owns on the session bus.", "name"),
+            option("recovery",
+                   "Its key: armed, locked for one that has gone, plain for a store without one. "
+                   "Stays until it is told otherwise.",
+                   "state"),
+            option("refuse", "Refuse a verb in these words.", "verb=words"),
+            option("unimplemented", "Know a verb not yet.", "verb"),
+            option("garble", "Answer a verb as if it were another.", "verb"),
             option("replies", "How the first request is replied to, the second and so on.", "list"),
             option("knocks", "How a knock is replied to.", "words"),
             option("rules",
@@ -110,6 +120,13 @@ public:
             fail(name, value.error());
     }
 
+    /// Has `read` take each of an option's values in.
+    template<class Read> void each(const char* name, Read read, auto& target) {
+        for (const QString& words : m_parser.values(QString::fromUtf8(name)))
+            if (const auto taken = read(words.toStdString(), target); !taken)
+                fail(name, taken.error());
+    }
+
     bool isSet(const char* name) const { return m_parser.isSet(QString::fromUtf8(name)); }
     std::string help() const { return m_parser.helpText().toStdString(); }
 
@@ -135,6 +152,24 @@ Misbehaviour misbehaviourIn(Reading& reading) {
     return result;
 }
 
+SteeredGateway::Answers steeredIn(Reading& reading) {
+    SteeredGateway::Answers answers;
+    reading.each("refuse", &SteeredGateway::refuse, answers);
+    reading.each("unimplemented", &SteeredGateway::unimplemented, answers);
+    reading.each("garble", &SteeredGateway::garble, answers);
+    return answers;
+}
+
+std::expected<StoreProtection, std::string> protection(std::string_view word) {
+    if (word == "armed")
+        return StoreProtection::armed;
+    if (word == "locked")
+        return StoreProtection::locked;
+    if (word == "plain")
+        return StoreProtection::plaintext;
+    return std::unexpected(std::string(word));
+}
+
 std::expected<FillSize, std::string> fillSize(std::string_view word) {
     if (word == "day")
         return FillSize::day;
@@ -156,6 +191,8 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                     .live = std::chrono::milliseconds(
                         std::min<std::uint64_t>(reading.number("live").value_or(0), INT32_MAX)),
                     .misbehaviour = misbehaviourIn(reading),
+                    .steered = steeredIn(reading),
+                    .recovery = std::nullopt,
                     .rules = {},
                     .days = {},
                     .lines = {},
@@ -163,6 +200,7 @@ std::expected<Options, std::string> Options::parse(const QStringList& words) {
                     .grants = {},
                     .help = std::nullopt};
     reading.parsed("fill", fillSize, options.fill);
+    reading.parsed("recovery", protection, options.recovery);
     reading.parsed("rules", &RuleManner::parse, options.rules);
     reading.parsed("days", &DayManner::parse, options.days);
     reading.parsed("lines", &LineManners::parse, options.lines);

@@ -14,8 +14,10 @@
 #include "GrantRoom.h"
 #include "MeetingRoom.h"
 #include "ModRoom.h"
+#include "PhraseRoom.h"
 #include "RuleChain.h"
 #include "Service/Misbehaviour.h"
+#include "Service/SteeredGateway.h"
 
 namespace wendlow {
 
@@ -27,12 +29,14 @@ struct Options {
     /// After how long the day goes on and another moment comes; 0: it stands still.
     std::chrono::milliseconds live{0};
     Misbehaviour misbehaviour;
-    RuleManner rules;                ///< how it answers about them
-    DayManner days;                  ///< and about days
-    std::vector<LineManner> lines;   ///< what happens to them
-    ModManner mods;                  ///< how it answers about them
-    GrantManner grants;              ///< what becomes of them
-    std::optional<std::string> help; ///< to be printed in place of all else
+    SteeredGateway::Answers steered;         ///< to some verbs, in place of its own
+    std::optional<StoreProtection> recovery; ///< how its store is to be protected from now on
+    RuleManner rules;                        ///< how it answers about them
+    DayManner days;                          ///< and about days
+    std::vector<LineManner> lines;           ///< what happens to them
+    ModManner mods;                          ///< how it answers about them
+    GrantManner grants;                      ///< what becomes of them
+    std::optional<std::string> help;         ///< to be printed in place of all else
 
     /// The options in the program's words, the program's name first, or a sentence about what is
     /// wrong with them.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ConfigFile/SixteenBytes.h"
-
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -35,14 +33,6 @@ inline UTF8Sequence utf8Sequence(const char* at, const char* end) {
     if (lead < 0x80) {
         return {1, true};
     }
-    // Most are of two, or of three whose first byte says nothing of the second.
-    const auto follows = [](const char* byte) { return (unsignedByte(byte) & 0xC0U) == 0x80U; };
-    if (lead >= 0xC2 && lead < 0xE0 && end - at >= 2 && follows(at + 1)) {
-        return {2, true};
-    }
-    if (lead > 0xE0 && lead < 0xED && end - at >= 3 && follows(at + 1) && follows(at + 2)) {
-        return {3, true};
-    }
     if (lead < 0xC2 || lead > 0xF4) {
         return {1, false};
     }
@@ -73,22 +63,14 @@ inline bool isUTF8(std::string_view text) {
     return true;
 }
 
-/// Past the white space at `at`. Line breaks and indentation go by sixteens.
+/// Past the white space at `at`. Indentation goes by eights.
 inline const char* whitespaceEnd(const char* at, const char* end) {
-#ifdef __SSE2__
-    for (; end - at >= 16; at += 16) {
-        const auto block = SixteenBytes::load(at);
-        const auto blanks = block.are(' ') | block.are('\n') | block.are('\r') | block.are('\t');
-        const auto others = blanks.bits() ^ 0xFFFFU;
-        if (others != 0)
-            return at + std::countr_zero(others);
-    }
-#endif
     constexpr std::uint64_t eightSpaces = 0x2020202020202020;
     while (at != end && (*at == ' ' || *at == '\n' || *at == '\r' || *at == '\t')) {
         ++at;
-        while (end - at >= 8 && loadEight(at) == eightSpaces)
+        while (end - at >= 8 && loadEight(at) == eightSpaces) {
             at += 8;
+        }
     }
     return at;
 }
@@ -96,14 +78,6 @@ inline const char* whitespaceEnd(const char* at, const char* end) {
 /// The first byte in `at..<end` that a string cannot simply contain: a quotation mark, a backslash,
 /// a control character or a byte that is not ASCII; `end` if there is none.
 inline const char* plainRunEnd(const char* at, const char* end) {
-#ifdef __SSE2__
-    for (; end - at >= 16; at += 16) {
-        const auto block = SixteenBytes::load(at);
-        const auto found = (block.are('"') | block.are('\\') | block.areNoPlainASCII()).bits();
-        if (found != 0)
-            return at + std::countr_zero(found);
-    }
-#endif
     constexpr std::uint64_t ones = 0x0101010101010101;
     for (; end - at >= 8; at += 8) {
         const auto word = loadEight(at);
@@ -112,13 +86,15 @@ inline const char* plainRunEnd(const char* at, const char* end) {
         const auto found = (((word ^ ones * '"') - ones) | ((word ^ ones * '\\') - ones) |
                             (word - ones * 0x20) | word) &
                            (ones * 0x80);
-        if (found != 0)
+        if (found != 0) {
             return at + std::countr_zero(found) / 8;
+        }
     }
     for (; at != end; ++at) {
         const auto byte = unsignedByte(at);
-        if (byte == '"' || byte == '\\' || byte < 0x20 || byte >= 0x80)
+        if (byte == '"' || byte == '\\' || byte < 0x20 || byte >= 0x80) {
             break;
+        }
     }
     return at;
 }

@@ -34,7 +34,7 @@ std::optional<JSONTextError> Scanner::scan() {
     return JSONTextError{offset(m_failure.at), std::string(m_failure.reason)};
 }
 
-bool Scanner::skipLongTrivia() {
+bool Scanner::skipTrivia() {
     m_at = JSONBytes::whitespaceEnd(m_at, m_end);
     if (m_dialect == JSONDialect::json || atEnd() || *m_at != '/') {
         return true;
@@ -144,7 +144,7 @@ bool Scanner::parseObject() {
         return false;
     }
     if (atEnd() || *m_at != '}') {
-        for (;;) {
+        for (;; ++m_at) {
             if (!parseMember()) {
                 return false;
             }
@@ -159,10 +159,6 @@ bool Scanner::parseObject() {
             }
             if (isClosedBehindComma('}')) {
                 break;
-            }
-            ++m_at;
-            if (!skipTrivia()) {
-                return false;
             }
         }
     }
@@ -187,8 +183,11 @@ bool Scanner::isClosedBehindComma(char bracket) {
     return skipTrivia();
 }
 
-/// A member with the trivia behind it.
+/// A member with the trivia on both sides of it.
 bool Scanner::parseMember() {
+    if (!skipTrivia()) {
+        return false;
+    }
     if (atEnd() || *m_at != '"') {
         return fail("a member name was expected", m_at);
     }
@@ -212,8 +211,8 @@ bool Scanner::parseArray() {
         return false;
     }
     if (atEnd() || *m_at != ']') {
-        for (;;) {
-            if (!parseValue() || !skipTrivia()) {
+        for (;; ++m_at) {
+            if (!skipTrivia() || !parseValue() || !skipTrivia()) {
                 return false;
             }
             if (atEnd()) {
@@ -228,10 +227,6 @@ bool Scanner::parseArray() {
             if (isClosedBehindComma(']')) {
                 break;
             }
-            ++m_at;
-            if (!skipTrivia()) {
-                return false;
-            }
         }
     }
     m_tape.close(opening, offset(m_at));
@@ -243,20 +238,10 @@ bool Scanner::parseArray() {
 /// Whatever is wrong in a string is told at its opening quote.
 bool Scanner::parseString() {
     const char* const open = m_at;
-    const char* const at = JSONBytes::plainRunEnd(open + 1, m_end);
-    m_at = at;
-    if (at == m_end || *at != '"') {
-        return parseRestOfString(open);
-    }
-    m_at = at + 1;
-    m_tape.addScalar(Tag::string, offset(open), static_cast<std::size_t>(m_at - open));
-    return true;
-}
-
-/// From the first byte on that is not plain.
-bool Scanner::parseRestOfString(const char* open) {
     auto tag = Tag::string;
-    for (;; m_at = JSONBytes::plainRunEnd(m_at, m_end)) {
+    ++m_at;
+    for (;;) {
+        m_at = JSONBytes::plainRunEnd(m_at, m_end);
         if (atEnd()) {
             return fail(endedInString, open);
         }
@@ -290,15 +275,13 @@ bool Scanner::skipEscape(const char* open) {
 
 /// The characters up to the next ASCII byte.
 bool Scanner::skipNonASCII(const char* open) {
-    const char* at = m_at;
-    while (at != m_end && JSONBytes::unsignedByte(at) >= 0x80) {
-        const auto sequence = JSONBytes::utf8Sequence(at, m_end);
+    while (!atEnd() && JSONBytes::unsignedByte(m_at) >= 0x80) {
+        const auto sequence = JSONBytes::utf8Sequence(m_at, m_end);
         if (!sequence.valid) {
             return failRawRun(open);
         }
-        at += sequence.length;
+        m_at += sequence.length;
     }
-    m_at = at;
     return true;
 }
 

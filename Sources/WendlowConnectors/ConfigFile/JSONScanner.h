@@ -28,15 +28,7 @@ private:
         const char* at = nullptr;
     };
 
-    bool skipTrivia() {
-        // Most tokens follow the one before, or one space behind it.
-        const char* const at = m_at + (m_at != m_end && *m_at == ' ' ? 1 : 0);
-        if (at == m_end || static_cast<unsigned char>(*at) <= ' ' || *at == '/')
-            return skipLongTrivia();
-        m_at = at;
-        return true;
-    }
-    bool skipLongTrivia();
+    bool skipTrivia();
     bool skipComments();
     bool parseValue();
     bool parseLiteral(std::string_view word, JSONTape::Tag kind);
@@ -48,7 +40,6 @@ private:
     bool parseArray();
     bool isClosedBehindComma(char bracket);
     bool parseString();
-    bool parseRestOfString(const char* open);
     bool skipEscape(const char* open);
     bool skipNonASCII(const char* open);
     bool failRawRun(const char* open);

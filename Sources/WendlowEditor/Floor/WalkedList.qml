@@ -79,6 +79,7 @@ ListView {
     T.ScrollBar.vertical: ScrollBar {}
 
     ReadingOrder { rows: list.contentItem }
+    PlaceKeeper { view: list }
 
     Accessible.role: Accessible.List
 

@@ -11,6 +11,8 @@ using Widths = FacePicture::Widths;
 
 namespace Case = EditorLineEraseCase;
 
+constexpr const char* notRunning = "Wendlow isn't running — start it to access your memory.";
+
 EditorMeeting meeting(const char* title, const char* day, const char* from, const char* to,
                       const char* duration, std::int64_t lines,
                       std::vector<std::string> speakers = {"Mara", "Jonas", "Priya"}) {
@@ -77,11 +79,12 @@ EditorTranscript transcript() {
 
 /// The made-up worlds have no meetings, so that what a daemon may have is put in place.
 FacePictures MeetingsFaceModel::pictures() {
-    const auto list = [this](MeetingSource::Meetings all) {
-        return [this, all = std::move(all)] {
+    const auto list = [this](MeetingSource::Meetings all, std::optional<std::string> error = {}) {
+        return [this, all = std::move(all), error = std::move(error)] {
             List held;
             held.meetings = all;
             held.loaded = true;
+            held.error = error;
             showList(std::move(held));
         };
     };
@@ -111,6 +114,7 @@ FacePictures MeetingsFaceModel::pictures() {
     pictures.push_back({.name = "meetings-failed", .world = World::refusing});
     pictures.push_back({.name = "blank", .world = World::empty});
     pictures.push_back({.name = "meetings-empty", .world = World::empty, .stand = list({})});
+    pictures.push_back({.name = "meetings-troubled", .stand = list(meetings(), notRunning)});
     pictures.push_back({.name = "meetings", .widths = Widths::every, .stand = list(meetings())});
     pictures.push_back({.name = "meeting", .widths = Widths::every, .stand = read(transcript())});
     pictures.push_back({.name = "meeting-erasing",
@@ -119,9 +123,7 @@ FacePictures MeetingsFaceModel::pictures() {
     pictures.push_back({.name = "meeting-changed", .stand = erased(Case::Changed{transcript()})});
     pictures.push_back({.name = "meeting-stuck", .stand = erased(Case::Stuck{transcript()})});
     pictures.push_back(
-        {.name = "meeting-not-deleted",
-         .stand = erased(Case::Failed{"Wendlow isn't running — start it to access your memory."}),
-         .leave = close});
+        {.name = "meeting-not-deleted", .stand = erased(Case::Failed{notRunning}), .leave = close});
     pictures.push_back(
         {.name = "meeting-silent", .stand = read(EditorTranscript()), .leave = close});
     pictures.push_back({.name = "meeting-failed",

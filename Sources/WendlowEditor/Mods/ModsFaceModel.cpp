@@ -123,10 +123,6 @@ QString ModsFaceModel::report() const {
     return RowText::plain(m_report.report.value_or(""));
 }
 
-QString ModsFaceModel::reportMarkup() const {
-    return RowText::markedText(m_report.report.value_or(""), "");
-}
-
 } // namespace wendlow
 
 #include "moc_ModsFaceModel.cpp"

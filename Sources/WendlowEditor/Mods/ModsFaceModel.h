@@ -28,8 +28,6 @@ class ModsFaceModel final : public wendlow::FaceModel {
     /// The report is shown in part.
     Q_PROPERTY(bool reportCut READ isReportCut NOTIFY reportChanged)
     Q_PROPERTY(QString report READ report NOTIFY reportChanged)
-    /// The same in Qt's rich text.
-    Q_PROPERTY(QString reportMarkup READ reportMarkup NOTIFY reportChanged)
 
 public:
     explicit ModsFaceModel(ModSource& mods);
@@ -61,7 +59,6 @@ public:
     QString reportFacts() const;
     bool isReportCut() const { return m_report.isReportTruncated(); }
     QString report() const;
-    QString reportMarkup() const;
 
 Q_SIGNALS:
     void changed();

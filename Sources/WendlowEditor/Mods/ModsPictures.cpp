@@ -70,11 +70,12 @@ EditorModsBoard board() {
 
 /// The made-up worlds have no mods, so that what a daemon may have is put in place.
 FacePictures ModsFaceModel::pictures() {
-    const auto hold = [this](EditorModsBoard of) {
-        return [this, of = std::move(of)] {
+    const auto hold = [this](EditorModsBoard of, std::optional<std::string> error = {}) {
+        return [this, of = std::move(of), error = std::move(error)] {
             Shown held;
             held.board = of;
             held.loaded = true;
+            held.error = error;
             showBoard(std::move(held));
         };
     };
@@ -96,6 +97,9 @@ FacePictures ModsFaceModel::pictures() {
     pictures.push_back({.name = "mods-failed", .world = World::refusing});
     pictures.push_back({.name = "mods-made-up", .world = World::empty});
     pictures.push_back({.name = "mods-empty", .world = World::empty, .stand = hold({})});
+    pictures.push_back(
+        {.name = "mods-troubled",
+         .stand = hold(board(), "Wendlow isn't running — start it to access your memory.")});
     pictures.push_back({.name = "mods", .widths = Widths::every, .stand = hold(board())});
     pictures.push_back(
         {.name = "mods-report", .widths = Widths::every, .stand = report(0), .leave = close});

@@ -47,12 +47,11 @@ Sheet {
         height: Theme.space16
         visible: sheet.face.reportCut
     }
-    SelectableText {
+    LongText {
         width: parent.width
         focus: true
         tabStop: true
-        markup: sheet.face.reportMarkup
-        spoken: sheet.face.report
+        said: sheet.face.report
     }
 
     buttons: [

@@ -13,8 +13,10 @@ Lightbox {
     required property TileRoom tiles
 
     readonly property int foot: Math.max(Theme.buttonHeight, Theme.lines[Label.Role.Strong] + Theme.lines[Label.Role.Small]) + 2 * Theme.space12
-    readonly property int widest: (box.overlay?.width ?? 980) - 2 * Theme.space48
-    readonly property int tallest: (box.overlay?.height ?? 860) - 2 * Theme.space48 - box.foot
+    // Around the picture, so that the panel's round corners cut nothing off.
+    readonly property int mat: Theme.space12
+    readonly property int widest: (box.overlay?.width ?? 980) - 2 * Theme.space48 - 2 * box.mat
+    readonly property int tallest: (box.overlay?.height ?? 860) - 2 * Theme.space48 - box.mat - box.foot
     // As large as fits, and no more than three times what there is of it.
     readonly property size fitting: {
         const own = picture.naturalSize.width > 0 ? picture.naturalSize : Qt.size(320, 200);
@@ -24,7 +26,7 @@ Lightbox {
 
     title: box.lightbox.title.length > 0 ? box.lightbox.title : qsTr("Moment")
     open: box.lightbox.open
-    wanted: box.lightbox.textCard ? Qt.size(Theme.scaled(560), Theme.scaled(420)) : Qt.size(box.fitting.width + 2, box.fitting.height + box.foot + 2)
+    wanted: box.lightbox.textCard ? Qt.size(Theme.scaled(560), Math.min(Theme.scaled(520), session.needed)) : Qt.size(box.fitting.width + 2 * box.mat + 2, box.fitting.height + box.mat + box.foot + 2)
     scrolls: box.lightbox.textCard ? story : null
     onEscaped: box.lightbox.dismiss()
     onClosed: box.lightbox.wentAway()
@@ -32,10 +34,13 @@ Lightbox {
     // A refusal takes its room from the picture.
     Rectangle {
         id: ground
-        width: parent.width
-        height: parent.height - box.foot - (strip.visible ? strip.height + Theme.space12 : 0)
+        x: box.mat
+        y: box.mat
+        width: parent.width - 2 * box.mat
+        height: parent.height - box.mat - box.foot - (strip.visible ? strip.height + Theme.space12 : 0)
         visible: !box.lightbox.textCard
-        color: box.lightbox.shade > 0 ? Qt.hsla(0.55, 0.06, box.lightbox.shade, 1) : Theme.well
+        radius: Theme.radiusTag
+        color: picture.filled ? "transparent" : box.lightbox.shade > 0 ? Qt.hsla(0.55, 0.06, box.lightbox.shade, 1) : Theme.well
 
         TilePicture {
             id: picture
@@ -141,9 +146,14 @@ Lightbox {
         }
     }
 
-    // The words of a session.
+    // The words of a session, laid out once for where they will stand.
     Item {
-        anchors.fill: parent
+        id: session
+
+        readonly property real needed: story.y + told.height + 2 * Theme.space24 + close.height + Theme.space12
+
+        width: Math.min(Theme.scaled(560), (box.overlay?.width ?? 980) - 2 * Theme.space32) - 2
+        height: parent.height
         visible: box.lightbox.textCard
         opacity: box.progress
 

@@ -9,41 +9,38 @@ import WendlowEditorMoments
 FocusScope {
     id: cell
 
-    required property bool shown
-    required property int place
-    required property int column
-    required property real rowTop
-    required property bool current
-    required property string title
-    required property string time
-    required property string key
-    required property real shade
-    required property bool textCard
-    required property string badge
-    required property string body
-    required property string files
-    required property string filesTip
-
+    required property MomentCellModel content
     required property int pictureHeight
+    // Wide enough for any time, so that the title beside it is laid out once.
+    required property int clockWidth
     required property TileRoom tiles
     property bool ringed: false
 
+    readonly property bool textCard: cell.content.textCard
+
     signal pressed
 
-    visible: cell.shown
+    visible: cell.content.shown
+    onTextCardChanged: if (cell.textCard)
+        story.wanted = true
+    Component.onCompleted: if (cell.textCard)
+        story.wanted = true
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: (cell.textCard ? cell.badge + ", " : "") + (cell.title.length > 0 ? cell.title + ", " : "") + cell.time
-    Accessible.description: cell.textCard ? cell.body : ""
+    Accessible.name: cell.content.spoken
+    Accessible.description: cell.content.body
     Accessible.focusable: true
     Accessible.onPressAction: cell.pressed()
 
     Rectangle {
         id: card
+
+        readonly property real shade: cell.content.shade
+
         width: parent.width
         height: cell.textCard ? cell.height : cell.pictureHeight
         radius: Theme.radiusButton
-        color: cell.textCard ? Theme.surface : cell.shade > 0 ? Qt.hsla(0.55, 0.06, Theme.dark ? cell.shade * 0.6 : 0.35 + cell.shade * 0.6, 1) : Theme.well
+        color: cell.textCard ? Theme.surface : card.shade > 0 ? Qt.hsla(0.55, 0.06, Theme.dark ? card.shade * 0.6 : 0.35 + card.shade * 0.6, 1) : Theme.well
     }
     TilePicture {
         id: picture
@@ -51,9 +48,9 @@ FocusScope {
         height: cell.pictureHeight
         visible: !cell.textCard
         room: cell.tiles
-        key: cell.key
+        key: cell.content.key
         onArrived: fade.restart()
-        onKeyChanged: {
+        onKeyChanged: if (fade.running) {
             fade.stop();
             picture.opacity = 1;
         }
@@ -86,10 +83,10 @@ FocusScope {
     Label {
         id: caption
         y: cell.pictureHeight + 8
-        width: parent.width - clock.width - Theme.space8
+        width: parent.width - cell.clockWidth - Theme.space8
         visible: !cell.textCard
         role: Label.Role.Small
-        text: cell.textCard ? "" : cell.title
+        text: cell.textCard ? "" : cell.content.title
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
@@ -98,27 +95,34 @@ FocusScope {
         id: clock
         x: parent.width - width - (cell.textCard ? 15 : 0)
         y: cell.textCard ? 13 : cell.pictureHeight + 8
+        width: cell.clockWidth
         role: Label.Role.Small
-        text: cell.time
+        text: cell.content.time
         color: Theme.textSecond
+        horizontalAlignment: Text.AlignRight
         Accessible.ignored: true
     }
 
-    // On a card.
-    MomentCard {
-        id: words
-        anchors.fill: card
-        visible: cell.textCard
-        badge: cell.badge
-        title: cell.textCard ? cell.title : ""
-        body: cell.body
-        files: cell.files
-        clockWidth: clock.width
+    // On a card; most cells never show one.
+    Only {
+        id: story
+
+        wanted: false
+
+        MomentCard {
+            anchors.fill: card
+            visible: cell.textCard
+            badge: cell.content.badge
+            title: cell.textCard ? cell.content.title : ""
+            body: cell.content.body
+            files: cell.content.files
+            clockWidth: cell.clockWidth
+        }
     }
     HoverHandler { id: pointer }
     TapHandler { onTapped: cell.pressed() }
     Hint {
-        text: cell.filesTip.length > 0 ? cell.title + "\n" + cell.filesTip : cell.title
-        wanted: pointer.hovered && (cell.textCard ? cell.filesTip.length > 0 || words.cut : caption.truncated)
+        text: cell.content.tip
+        wanted: pointer.hovered && (cell.textCard ? cell.content.files.length > 0 || (story.itemAt(0) as MomentCard)?.cut === true : caption.truncated)
     }
 }

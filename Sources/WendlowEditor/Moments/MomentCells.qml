@@ -28,6 +28,7 @@ FocusScope {
     readonly property int pictureHeight: Math.round(cells.cellWidth * 138 / 220)
     readonly property int firstTop: head.y + head.height + Theme.space16
     readonly property int headHeight: Theme.scaled(20) + 24
+    readonly property int clockWidth: Math.ceil(Math.max(...Array.from(cells.grid.wideTimes, time => metrics.advanceWidth(time)))) + 2
 
     function measure(): void {
         cells.grid.measure(cells.columns, cells.pictureHeight + 8 + Theme.lines[Label.Role.Small], 20, cells.firstTop, Theme.space12, cells.headHeight);
@@ -109,6 +110,10 @@ FocusScope {
     Keys.onEnterPressed: cells.face.openMoment(cells.grid.current)
     Keys.onSpacePressed: cells.face.openMoment(cells.grid.current)
 
+    FontMetrics {
+        id: metrics
+        font: Theme.fonts[Label.Role.Small]
+    }
     Connections {
         target: cells.grid
         function onLaidOut(): void {
@@ -193,16 +198,17 @@ FocusScope {
                 id: cell
 
                 // Whole pixels, as the column's edges do.
-                x: cells.margin + Math.round(cell.column * cells.pitch)
-                y: cell.rowTop
+                x: cells.margin + Math.round(cell.content.column * cells.pitch)
+                y: cell.content.top
                 width: cells.cellWidth
                 height: cells.pictureHeight + 8 + Theme.lines[Label.Role.Small]
                 pictureHeight: cells.pictureHeight
+                clockWidth: cells.clockWidth
                 tiles: cells.face.tiles
-                ringed: cell.activeFocus && cell.current && LastInput.byKey
+                ringed: cell.activeFocus && cell.content.current && LastInput.byKey
                 onPressed: {
-                    cells.go(cell.place);
-                    cells.face.openMoment(cell.place);
+                    cells.go(cell.content.place);
+                    cells.face.openMoment(cell.content.place);
                 }
             }
             onItemAdded: cells.find()

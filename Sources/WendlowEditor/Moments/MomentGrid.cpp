@@ -1,13 +1,12 @@
 #include "Moments/MomentGrid.h"
 
 #include "DateWords.h"
-#include "Floor/RowText.h"
 #include "Moments/MomentTextCard.h"
 #include "Moments/MomentWords.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
-#include <ranges>
 #include <utility>
 
 namespace wendlow {
@@ -18,45 +17,24 @@ std::int64_t localDay(const EditorMoment& moment) {
     return DateWords::local(moment.at).date().toJulianDay();
 }
 
-QVariant words(const EditorMoment& moment, int role) {
-    switch (role) {
-    case MomentGrid::TitleRole:
-        return moment.drawsTextCard() ? RowText::line(MomentTextCard::title(moment).toStdString())
-                                      : RowText::line(moment.title);
-    case MomentGrid::TimeRole:
-        return MomentTextCard::time(moment.at);
-    case MomentGrid::KeyRole: {
-        const auto key = moment.drawsTextCard() ? std::nullopt : moment.thumbnailKey();
-        return key ? QString::number(*key) : QString();
-    }
-    case MomentGrid::ShadeRole:
-        return moment.thumbnailKey() ? 0.0 : moment.shade;
-    case MomentGrid::TextCardRole:
-        return moment.drawsTextCard();
-    default:
-        break;
-    }
-    // The rest is of cards alone.
-    if (!moment.drawsTextCard())
-        return QString();
-    switch (role) {
-    case MomentGrid::BadgeRole:
-        return MomentTextCard::badge(moment);
-    case MomentGrid::AbstractRole:
-        return RowText::line(MomentTextCard::abstract(moment).toStdString());
-    case MomentGrid::FilesRole:
-        return MomentTextCard::filesLine(moment);
-    case MomentGrid::FilesTipRole:
-        return MomentTextCard::filesTooltip(moment);
-    default:
-        return {};
-    }
-}
+/// Where so much of what is in sight goes by at once, and again before the page has rested, nobody
+/// sees what is there.
+constexpr double mostOfSight = 0.75;
+constexpr std::chrono::milliseconds rest(100);
+
+constexpr std::size_t mostHeadWords = 100;
 
 } // namespace
 
 MomentGrid::MomentGrid(const HeldMoments& held, Hooks hooks)
-    : m_held(held), m_hooks(std::move(hooks)), m_layout(localDay) {}
+    : m_held(held), m_hooks(std::move(hooks)), m_layout(localDay) {
+    m_rush.setSingleShot(true);
+    m_rush.setInterval(rest);
+    connect(&m_rush, &QTimer::timeout, this, [this] {
+        if (m_owesTiles)
+            showTiles();
+    });
+}
 
 void MomentGrid::grow(std::size_t from) {
     if (from == m_held.size())
@@ -66,6 +44,7 @@ void MomentGrid::grow(std::size_t from) {
     const std::size_t anchor = isSeen ? m_layout.held(m_layout.firstBelow(m_top)) : 0;
     const double before = isSeen ? m_layout.spot(m_layout.shown(anchor)).top : 0;
     m_layout.add(m_held, from);
+    m_headWords.clear();
     if (!m_current)
         m_current = m_layout.held(0);
     const double by = isSeen ? m_layout.spot(m_layout.shown(anchor)).top - before : 0;
@@ -83,9 +62,10 @@ void MomentGrid::startAfresh() {
     m_viewport.clear();
     m_cellOf.clear();
     m_current.reset();
+    m_headWords.clear();
     m_top = 0;
-    for (Cell& cell : m_cells)
-        cell.stale = std::exchange(cell.held, std::nullopt).has_value() || cell.stale;
+    for (const auto& cell : m_cells)
+        cell->forget();
     m_layout.add(m_held, 0);
     if (m_layout.count() > 0)
         m_current = m_layout.held(0);
@@ -103,6 +83,7 @@ void MomentGrid::turnDay() {
 
 void MomentGrid::hide() {
     m_viewport.clear();
+    m_owesTiles = false;
     m_hooks.showTiles({});
 }
 
@@ -130,13 +111,14 @@ void MomentGrid::measure(int columns, int cellHeight, int rowGap, int top, int h
 }
 
 void MomentGrid::look(double top, double height) {
+    const bool isPassing = std::abs(top - m_top) >= mostOfSight * height;
     m_top = top;
     m_height = height;
     if (m_layout.count() > 0 && height > 0) {
         // A row more at each end, so that what comes into sight is there already.
         const double more = m_layout.rowPitch();
         placeCells(m_layout.firstBelow(top - more), m_layout.lastAbove(top + height + more));
-        followViewport(top - more, top + height + more);
+        followViewport(top - more, top + height + more, isPassing);
     }
     followHeads();
 }
@@ -154,7 +136,7 @@ void MomentGrid::placeCells(std::size_t first, std::size_t last) {
     // The cells of those that have gone are free for those that have come.
     std::vector<std::size_t> free;
     for (std::size_t at = 0; at < m_cells.size(); ++at) {
-        const auto& held = m_cells[at].held;
+        const auto held = m_cells[at]->held();
         if (!held || (!shownFirst(*held) && held != m_current))
             free.push_back(at);
     }
@@ -168,51 +150,43 @@ void MomentGrid::placeCells(std::size_t first, std::size_t last) {
         const int more = static_cast<int>(come.size() - free.size());
         beginInsertRows({}, rowCount(), rowCount() + more - 1);
         for (std::size_t at = free.size(); at < come.size(); ++at) {
-            m_cellOf[come[at]] = m_cells.size();
-            m_cells.push_back(cellOf(come[at]));
+            m_cells.push_back(std::make_unique<MomentCellModel>(this));
+            put(m_cells.size() - 1, come[at]);
         }
         endInsertRows();
     }
     // Those that stay may have come to stand elsewhere.
-    for (std::size_t at = 0; at < m_cells.size(); ++at) {
-        Cell& cell = m_cells[at];
-        if (!cell.held)
-            continue;
-        const std::size_t place = m_layout.shown(*cell.held);
-        const MomentLayout::Spot spot = m_layout.spot(place);
-        if (cell.place == place && cell.spot == spot)
-            continue;
-        cell.place = place;
-        cell.spot = spot;
-        const QModelIndex row = index(static_cast<int>(at));
-        Q_EMIT dataChanged(row, row, {PlaceRole, ColumnRole, TopRole});
-    }
+    for (const auto& cell : m_cells)
+        if (cell->held())
+            stand(*cell);
 }
 
 void MomentGrid::assign(std::size_t at, std::optional<std::size_t> held) {
-    Cell& cell = m_cells[at];
-    if (cell.held == held && !cell.stale)
+    MomentCellModel& cell = *m_cells[at];
+    if (cell.held() == held && !cell.isStale())
         return;
-    if (cell.held)
-        m_cellOf.erase(*cell.held);
-    cell.held = held;
-    cell.stale = false;
-    const QModelIndex row = index(static_cast<int>(at));
-    if (!held) {
-        Q_EMIT dataChanged(row, row, {ShownRole, CurrentRole});
-        return;
-    }
-    m_cellOf[*held] = at;
-    cell = cellOf(*held);
-    Q_EMIT dataChanged(row, row);
+    if (cell.held())
+        m_cellOf.erase(*cell.held());
+    if (held)
+        put(at, *held);
+    else
+        cell.hide();
 }
 
-MomentGrid::Cell MomentGrid::cellOf(std::size_t held) const {
-    const std::size_t place = m_layout.shown(held);
-    return {.held = held, .place = place, .spot = m_layout.spot(place)};
+void MomentGrid::put(std::size_t at, std::size_t held) {
+    MomentCellModel& cell = *m_cells[at];
+    m_cellOf[held] = at;
+    cell.show(held, m_held[held]);
+    cell.setCurrent(held == m_current);
+    stand(cell);
 }
 
-void MomentGrid::followViewport(double top, double bottom) {
+void MomentGrid::stand(MomentCellModel& cell) const {
+    const std::size_t place = m_layout.shown(*cell.held());
+    cell.stand(place, m_layout.spot(place));
+}
+
+void MomentGrid::followViewport(double top, double bottom, bool isPassing) {
     const std::size_t first = m_layout.firstBelow(top);
     const std::size_t last = m_layout.lastAbove(bottom);
     std::set<std::size_t> now;
@@ -226,9 +200,21 @@ void MomentGrid::followViewport(double top, double bottom) {
             m_viewport.disappeared(held);
     for (const std::size_t held : now)
         m_viewport.appeared(held);
-    m_hooks.showTiles(m_viewport.keys(m_held));
+    if (!isPassing || before.empty() || !m_rush.isActive()) {
+        showTiles();
+    } else if (!std::exchange(m_owesTiles, true)) {
+        // One screenful after the other goes by: what is asked for now has gone before it comes.
+        m_hooks.showTiles({});
+    }
+    if (isPassing)
+        m_rush.start();
     if (last + 1 == m_layout.count())
         m_hooks.reachedEnd();
+}
+
+void MomentGrid::showTiles() {
+    m_owesTiles = false;
+    m_hooks.showTiles(m_viewport.keys(m_held));
 }
 
 void MomentGrid::followHeads() {
@@ -242,11 +228,11 @@ void MomentGrid::followHeads() {
         const double passingTop =
             passing == 0 ? m_layout.measures().top - height : m_layout.headTop(passing);
         if (passingTop < m_top) {
-            sticky = passing == 0 ? MomentWords::heading(dayOf(0), today)
-                                  : MomentWords::day(dayOf(passing), today);
+            sticky = headWords(passing, today);
             if (passing + 1 < m_layout.days())
                 offset = std::min(0.0, m_layout.headTop(passing + 1) - m_top - height);
         }
+        // The first day's head is the title.
         for (std::size_t day = std::max<std::size_t>(1, passing); day < m_layout.days(); ++day) {
             const double headTop = m_layout.headTop(day);
             if (headTop > m_top + m_height)
@@ -256,15 +242,27 @@ void MomentGrid::followHeads() {
                 continue;
             heads.push_back({.id = std::to_string(m_layout.day(day)),
                              .top = headTop,
-                             .title = MomentWords::day(dayOf(day), today)});
+                             .title = headWords(day, today)});
         }
     }
-    m_heads.show(std::move(heads));
+    if (heads != m_heads.rows())
+        m_heads.show(std::move(heads));
     if (sticky == m_stickyTitle && offset == m_stickyOffset)
         return;
     m_stickyTitle = std::move(sticky);
     m_stickyOffset = offset;
     Q_EMIT stickyChanged();
+}
+
+/// They are wanted with each frame, and are long to make.
+QString MomentGrid::headWords(std::size_t day, const QDate& today) {
+    if (std::exchange(m_headsToday, today) != today || m_headWords.size() > mostHeadWords)
+        m_headWords.clear();
+    QString& words = m_headWords[m_layout.day(day)];
+    if (words.isEmpty())
+        words =
+            day == 0 ? MomentWords::heading(dayOf(0), today) : MomentWords::day(dayOf(day), today);
+    return words;
 }
 
 double MomentGrid::topOf(int place) const {
@@ -311,17 +309,19 @@ int MomentGrid::stepFrom(int place, Step step) const {
 void MomentGrid::setCurrent(int place) {
     if (place < 0 || place >= count() || place == current())
         return;
-    const int before = currentCell();
     m_current = m_layout.held(static_cast<std::size_t>(place));
     lookAgain();
-    for (const int cell : {before, currentCell()})
-        if (cell >= 0)
-            Q_EMIT dataChanged(index(cell), index(cell), {CurrentRole});
+    for (const auto& cell : m_cells)
+        cell->setCurrent(cell->held() && cell->held() == m_current);
     Q_EMIT currentChanged();
 }
 
 int MomentGrid::current() const {
     return m_current ? static_cast<int>(m_layout.shown(*m_current)) : -1;
+}
+
+QStringList MomentGrid::wideTimes() {
+    return MomentTextCard::wideTimes();
 }
 
 int MomentGrid::currentCell() const {
@@ -338,29 +338,13 @@ int MomentGrid::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant MomentGrid::data(const QModelIndex& index, int role) const {
-    const Cell& cell = m_cells[static_cast<std::size_t>(index.row())];
-    switch (role) {
-    case ShownRole:
-        return cell.held.has_value();
-    case PlaceRole:
-        return static_cast<int>(cell.place);
-    case ColumnRole:
-        return cell.spot.column;
-    case TopRole:
-        return cell.spot.top;
-    case CurrentRole:
-        return cell.held && cell.held == m_current;
-    default:
-        return cell.held ? words(m_held[*cell.held], role) : QVariant();
-    }
+    if (role != ContentRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    return QVariant::fromValue(m_cells[static_cast<std::size_t>(index.row())].get());
 }
 
 QHash<int, QByteArray> MomentGrid::roleNames() const {
-    return {{ShownRole, "shown"},       {PlaceRole, "place"},      {ColumnRole, "column"},
-            {TopRole, "rowTop"},        {CurrentRole, "current"},  {TitleRole, "title"},
-            {TimeRole, "time"},         {KeyRole, "key"},          {ShadeRole, "shade"},
-            {TextCardRole, "textCard"}, {BadgeRole, "badge"},      {AbstractRole, "body"},
-            {FilesRole, "files"},       {FilesTipRole, "filesTip"}};
+    return {{ContentRole, "content"}};
 }
 
 } // namespace wendlow

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "Moments/MomentCellModel.h"
 #include "Moments/MomentHeads.h"
 #include "Moments/MomentLayout.h"
 #include "Moments/MomentViewport.h"
 
 #include <QAbstractListModel>
+#include <QTimer>
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -33,30 +36,17 @@ class MomentGrid final : public QAbstractListModel {
     /// shows it, which stays with it wherever the page is scrolled.
     Q_PROPERTY(int current READ current NOTIFY currentChanged)
     Q_PROPERTY(int currentCell READ currentCell NOTIFY currentChanged)
+    /// The times of a day that take most room in a cell.
+    Q_PROPERTY(QStringList wideTimes READ wideTimes CONSTANT)
 
 public:
-    enum Role {
-        ShownRole = Qt::UserRole + 1, ///< false: a cell that is not needed
-        PlaceRole,                    ///< of the moment on the page
-        ColumnRole,
-        TopRole,
-        CurrentRole,
-        TitleRole,
-        TimeRole,
-        KeyRole,      ///< of its picture; empty for none
-        ShadeRole,    ///< the grey in place of a picture; 0 for none
-        TextCardRole, ///< it is words
-        BadgeRole,
-        AbstractRole,
-        FilesRole,
-        FilesTipRole,
-    };
+    enum Role { ContentRole = Qt::UserRole + 1 };
     enum Step { Left, Right, Up, Down, PageUp, PageDown, First, Last };
     Q_ENUM(Step)
 
     struct Hooks {
         std::function<QDate()> today;
-        /// The pictures of these are in sight.
+        /// The pictures of these are in sight. While the page rushes by none are.
         std::function<void(std::vector<std::int64_t> keys)> showTiles;
         /// The last moment has come into sight. Called while the page is laid out.
         std::function<void()> reachedEnd;
@@ -89,11 +79,13 @@ public:
     QString stickyTitle() const { return m_stickyTitle; }
     double stickyOffset() const { return m_stickyOffset; }
     int current() const;
+    static QStringList wideTimes();
     int currentCell() const;
     const MomentLayout& layout() const { return m_layout; }
     /// Of a moment among those held.
     QDate dayOf(std::size_t at) const { return QDate::fromJulianDay(m_layout.day(at)); }
     const EditorMoment& moment(int place) const;
+    const MomentCellModel& cell(int row) const { return *m_cells[static_cast<std::size_t>(row)]; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -107,32 +99,32 @@ Q_SIGNALS:
     void shifted(double by);
 
 private:
-    struct Cell {
-        std::optional<std::size_t> held; ///< nothing: the cell is not needed
-        bool stale = false;              ///< what it shows is not held any more
-        std::size_t place = 0;
-        MomentLayout::Spot spot;
-    };
-
     void lookAgain() { look(m_top, m_height); }
-    Cell cellOf(std::size_t held) const;
     void placeCells(std::size_t first, std::size_t last);
     void assign(std::size_t at, std::optional<std::size_t> held);
-    void followViewport(double top, double bottom);
+    void put(std::size_t at, std::size_t held);
+    void stand(MomentCellModel& cell) const;
+    void followViewport(double top, double bottom, bool isPassing);
+    void showTiles();
     void followHeads();
+    QString headWords(std::size_t day, const QDate& today);
 
     const HeldMoments& m_held;
     const Hooks m_hooks;
     MomentLayout m_layout;
     MomentViewport m_viewport;
     MomentHeads m_heads;
-    std::vector<Cell> m_cells;
+    std::vector<std::unique_ptr<MomentCellModel>> m_cells;
     std::unordered_map<std::size_t, std::size_t> m_cellOf; ///< by place among those held
     std::optional<std::size_t> m_current;                  ///< the same
     double m_top = 0;
     double m_height = 0;
     QString m_stickyTitle;
     double m_stickyOffset = 0;
+    std::unordered_map<std::int64_t, QString> m_headWords; ///< by day, seen from this one
+    QDate m_headsToday;
+    QTimer m_rush;            ///< runs for a while after a screenful has gone by at once
+    bool m_owesTiles = false; ///< what is in sight is still to be told
 };
 
 } // namespace wendlow

@@ -1,5 +1,8 @@
 #include "Moments/MomentsFaceModel.h"
 
+#include <memory>
+#include <utility>
+
 namespace wendlow {
 
 namespace {
@@ -20,18 +23,41 @@ FacePictures MomentsFaceModel::pictures() {
         };
     };
     const auto close = [this] { m_lightbox.dismiss(); };
+    const auto answer = [this](EditorAnswerState state) {
+        return [this, state = std::move(state)] {
+            EditorAnswer posed = *m_answer;
+            posed.state = state;
+            m_answer = std::make_shared<const EditorAnswer>(std::move(posed));
+            Q_EMIT changed();
+        };
+    };
     FacePictures pictures;
     pictures.push_back({.name = "moments-pending", .world = World::silent});
     pictures.push_back({.name = "moments-warming", .world = World::warming});
     pictures.push_back({.name = "moments-failed", .world = World::refusing});
     pictures.push_back({.name = "moments-empty", .world = World::empty});
     pictures.push_back({.name = "moments", .widths = Widths::every});
+    pictures.push_back({.name = "moments-troubled",
+                        .stand = answer(EditorAnswerStateCase::Failed{
+                            "Wendlow isn't running — start it to access your memory."}),
+                        .leave = answer(EditorAnswerStateCase::Settled{})});
     pictures.push_back({.name = "moments-scrolled",
                         .stand = [this] { Q_EMIT revealed(m_grid.count() - 1); },
                         .leave = [this] { Q_EMIT revealed(0); }});
     pictures.push_back({.name = "moments-picture",
                         .widths = Widths::every,
                         .stand = openFirst(false),
+                        .leave = close});
+    pictures.push_back({.name = "moments-none",
+                        .stand =
+                            [this] {
+                                if (m_grid.count() == 0)
+                                    return;
+                                EditorMoment moment = m_grid.moment(0);
+                                moment.id = "of another kind";
+                                moment.shade = 0;
+                                m_lightbox.show(std::move(moment));
+                            },
                         .leave = close});
     pictures.push_back({.name = "moments-session", .stand = openFirst(true), .leave = close});
     pictures.push_back({.name = "moments-refused",

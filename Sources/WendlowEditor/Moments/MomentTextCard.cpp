@@ -5,7 +5,7 @@
 #include "Floor/RowText.h"
 
 #include <QLocale>
-#include <QStringList>
+#include <QTime>
 
 #include <algorithm>
 #include <array>
@@ -53,6 +53,10 @@ std::int64_t rest(const EditorMoment& moment) {
     return std::max<std::int64_t>(0, moment.fileCount - std::ssize(moment.files));
 }
 
+QString told(const QTime& time) {
+    return QLocale().toString(time, QStringLiteral("h:mm AP"));
+}
+
 QStringList names(const EditorMoment& moment) {
     QStringList names;
     for (const std::string& name : MomentTextCard::displayNames(moment.files))
@@ -63,7 +67,15 @@ QStringList names(const EditorMoment& moment) {
 } // namespace
 
 QString MomentTextCard::time(EditorDate at) {
-    return QLocale().toString(DateWords::local(at).time(), QStringLiteral("h:mm AP"));
+    return told(DateWords::local(at).time());
+}
+
+QStringList MomentTextCard::wideTimes() {
+    QStringList times;
+    for (const int hour : {0, 10, 12, 22})
+        for (const int minute : {0, 4, 8, 20, 26, 28, 40, 44, 46, 48, 56, 58})
+            times.append(told(QTime(hour, minute)));
+    return times;
 }
 
 bool MomentTextCard::isSessionID(std::string_view text) {

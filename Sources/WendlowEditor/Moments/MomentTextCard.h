@@ -3,6 +3,7 @@
 #include "Model/EditorMoment.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <string>
 #include <string_view>
@@ -14,6 +15,8 @@ namespace wendlow::MomentTextCard {
 
 /// A time as the Editor's moments show it: "4:12 PM".
 QString time(EditorDate at);
+/// Those that can be the widest: of the hours and minutes with two wide digits each.
+QStringList wideTimes();
 
 /// Whether a title is no more than the number that a tool gives its session.
 bool isSessionID(std::string_view text);

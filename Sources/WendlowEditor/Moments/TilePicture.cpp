@@ -55,11 +55,12 @@ void TilePicture::look() {
         image = m_room->whole();
     if (image.cacheKey() == m_image.cacheKey())
         return;
-    const bool wasFilled = isFilled() && !m_whole;
+    const bool wasFilled = isFilled();
     m_image = std::move(image);
     m_imageIsNew = true;
     update();
-    if (wasFilled != isFilled())
+    // A whole one has its own size.
+    if (m_whole || wasFilled != isFilled())
         Q_EMIT filledChanged();
 }
 

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import WendlowControls
 import WendlowEditorFloor
 import WendlowEditorRules
@@ -44,89 +43,17 @@ FacePage {
         busy: true
         text: page.face.emptyWords
     }
-    ListView {
+    WalkedList {
         id: list
-
-        property bool byKey: false
-
-        // To a stop, with the focus.
-        function go(index: int): void {
-            list.currentIndex = index;
-            list.positionViewAtIndex(index, ListView.Contain);
-            // What stands above the first stop comes into sight with it.
-            if (index === page.face.rows.stop(-1, 1))
-                list.positionViewAtBeginning();
-        }
-
-        // The current row is a stop, as long as there is one.
-        function settle(): void {
-            const at = list.currentIndex;
-            if (at >= 0 && at < list.count && page.face.rows.isStop(at))
-                return;
-            const before = page.face.rows.stop(at, -1);
-            list.currentIndex = before >= 0 && before !== at ? before : page.face.rows.stop(-1, 1);
-        }
-
         anchors.top: outcome.visible ? outcome.bottom : head.bottom
         anchors.bottom: parent.bottom
         width: parent.width
-        topMargin: 4
-        bottomMargin: Theme.space24
-        clip: true
+        rowHeight: Theme.scaled(37)
         focus: true
-        activeFocusOnTab: list.count > 0 || list.activeFocus
-        boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: 0
-        cacheBuffer: 200
-        keyNavigationEnabled: false
         model: page.face.rows
-        onCountChanged: settling.restart()
-        onActiveFocusChanged: if (list.activeFocus) {
-            list.byKey = LastInput.byKey;
-            list.settle();
-        }
-
-        T.ScrollBar.vertical: ScrollBar {}
-
-        ReadingOrder { rows: list.contentItem }
-        PlaceKeeper { view: list }
-
-        Accessible.role: Accessible.List
+        stops: page.face.rows
+        onActivated: index => page.face.activate(index)
         Accessible.name: page.face.listName
-
-        Keys.onPressed: event => {
-            const rows = page.face.rows;
-            const at = list.currentIndex;
-            const many = Math.max(1, Math.floor(list.height / Theme.scaled(37)) - 1);
-            const steps = {
-                [Qt.Key_Up]: [at, -1],
-                [Qt.Key_Down]: [at, 1],
-                [Qt.Key_PageUp]: [at, -many],
-                [Qt.Key_PageDown]: [at, many],
-                [Qt.Key_Home]: [-1, 1],
-                [Qt.Key_End]: [list.count, -1]
-            };
-            event.accepted = event.key in steps;
-            if (!event.accepted)
-                return;
-            list.byKey = true;
-            list.go(rows.stop(...steps[event.key]));
-        }
-        Keys.onReturnPressed: list.act()
-        Keys.onEnterPressed: list.act()
-        Keys.onSpacePressed: list.act()
-
-        function act(): void {
-            list.byKey = true;
-            page.face.activate(list.currentIndex);
-        }
-
-        // When all rows of a new picture are in their places.
-        Timer {
-            id: settling
-            interval: 0
-            onTriggered: list.settle()
-        }
 
         delegate: RulesRow {
             id: row
@@ -137,12 +64,7 @@ FacePage {
             chosen: row.ListView.isCurrentItem && list.activeFocus
             ringed: row.chosen && list.byKey
             onPressed: row.claimed()
-            onClaimed: {
-                list.byKey = LastInput.byKey;
-                if (row.stop)
-                    list.currentIndex = row.index;
-                (list.currentItem ?? list).forceActiveFocus(LastInput.reason);
-            }
+            onClaimed: list.claim(row.index)
         }
     }
     Hairline {

@@ -109,6 +109,13 @@ FacePage {
             const bottom = top + action.height + Theme.space16;
             list.contentY = Math.max(bottom - list.height, Math.min(top, list.contentY));
         }
+        function isInSelected(item: Item): bool {
+            const row = list.itemAtIndex(page.face.selected);
+            for (let up = item; up !== null; up = up.parent)
+                if (up === row)
+                    return true;
+            return false;
+        }
         function enter(): void {
             (list.currentItem ?? list).forceActiveFocus(LastInput.reason);
         }
@@ -220,11 +227,11 @@ FacePage {
             model: page.face.sheet
             onClosed: {
                 const focused = page.Window.activeFocusItem;
+                list.follow();
                 // What the sheet has made is selected by now, and is not the row that it was opened from.
-                if (!sheet.asked && (list.activeFocus || focused === null || focused === page.Window.contentItem)) {
-                    list.follow();
+                const elsewhere = list.activeFocus && page.face.selected >= 0 && !list.isInSelected(focused);
+                if (!sheet.asked && (elsewhere || focused === null || focused === page.Window.contentItem))
                     list.enter();
-                }
                 // It may have been opened again meanwhile.
                 sheet.wanted = sheet.asked;
             }

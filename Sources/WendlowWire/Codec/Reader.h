@@ -10,6 +10,7 @@
 
 #include "Codec/Shapes.h"
 #include "FilterValue.h"
+#include "OpenCase.h"
 #include "WireCodec.h"
 #include "WireData.h"
 
@@ -39,6 +40,13 @@ public:
         const std::optional<T> known = fromRawString<T>(raw);
         value = known.value_or(value);
         return known.has_value() || fail(fmt::format("\"{}\" is none of the known words", raw));
+    }
+
+    template<StringVariant T> bool read(const Value& json, OpenCase<T>& value) {
+        std::string word;
+        const bool good = read(json, word);
+        value = OpenCase<T>::ofWord(std::move(word));
+        return good;
     }
 
     template<class T> bool read(const Value& json, std::vector<T>& list) {

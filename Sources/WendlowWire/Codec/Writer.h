@@ -7,6 +7,7 @@
 
 #include "Codec/Shapes.h"
 #include "FilterValue.h"
+#include "OpenCase.h"
 #include "WireCodec.h"
 #include "WireData.h"
 
@@ -35,6 +36,8 @@ private:
         m_text.append("\"").append(rawString(value)).append("\"");
         return true;
     }
+
+    template<StringVariant T> bool write(const OpenCase<T>& value) { return text(value.word()); }
 
     template<class T> bool write(const std::vector<T>& list) {
         m_text += '[';

@@ -1,8 +1,8 @@
 // The two programs as a tool starts them: on pipes, which a shell lays.
 
 #include "RunProgram.h"
+#include "TemporaryHome.h"
 
-#include <chrono>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -12,8 +12,10 @@ namespace {
 
 /// What a bash script wrote, and "status N" with what it ended with. `$hook` and `$mcp` are ours.
 std::string bash(const std::string& script) {
-    const auto run = runProgram("/bin/bash", {"-c", "set -o pipefail\n" + script},
-                                {{"hook", HOOK_PROGRAM}, {"mcp", MCP_PROGRAM}});
+    const TemporaryHome home; // in which what goes wrong is noted
+    const auto run =
+        runProgram("/bin/bash", {"-c", "set -o pipefail\n" + script},
+                   {{"hook", HOOK_PROGRAM}, {"mcp", MCP_PROGRAM}, {"HOME", home.path().string()}});
     return run.out + run.err + "status " + std::to_string(run.status);
 }
 
@@ -25,19 +27,13 @@ TEST(Programs, EndWellAndSilentlyWhateverTheyAreGiven) {
         R"("$mcp" <&-)", R"("$mcp" </dev/null)", R"("$mcp" </dev/null >&-)",
         // A notification is answered by nobody, and no bus is looked for.
         R"(DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere "$mcp" 2>&- <<<'{"jsonrpc":"2.0","method":"x"}')",
-        // A tool that writes much sees no broken pipe.
-        R"(head -c 20000000 /dev/zero | "$hook" --harness claude-code)",
+        // A tool that writes much sees no broken pipe, also of a hook that it calls by mistake.
+        R"(head -c 20000000 /dev/zero | "$hook" --harness claude-code --slot x)",
         // Nobody listens to the answers.
         R"(yes '{"jsonrpc":"2.0","id":2,"method":"ping"}' 2>/dev/null | "$mcp" | :
            exit ${PIPESTATUS[1]})"};
     for (const char* script : scripts)
         EXPECT_EQ(bash(script), "status 0") << script;
-}
-
-TEST(Programs, HookDoesNotOutstayItsTimeWhereAToolKeepsThePipeOpen) {
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(bash(R"("$hook" --harness claude-code < <(printf {}; exec sleep 4))"), "status 0");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(2900));
 }
 
 TEST(Programs, MCPHoldsAConversationAndEndsWithItsInput) {
@@ -47,7 +43,7 @@ TEST(Programs, MCPHoldsAConversationAndEndsWithItsInput) {
 say() { printf "$1" >&4; }
 hear() { IFS= read -r -t 10 line <&3 && echo "$line"; }
 say '{"jsonrpc":"2.0","id":0,"method":"initialize","params":{"protocolVersion":"2025-06-18"}}\r\n'
-hear
+hear | grep -o '"serverInfo":{[^}]*}'
 say '{"jsonrpc":"2.0","method":"notifications/initialized"}\n\n{"jsonrpc":"2.0","id":"a",'
 say '"method":"no/such"}\n'
 hear
@@ -55,9 +51,7 @@ say '{"jsonrpc":"2.0","id":2,"method":"ping"}'
 exec 4>&-
 cat <&3
 wait $COPROC_PID)"),
-        R"({"jsonrpc":"2.0","id":0,"result":{"protocolVersion":"2025-06-18",)"
-        R"("capabilities":{"tools":{}},"serverInfo":{"name":"wendlow","version":")" PRODUCT_VERSION
-        "\"}}}\n"
+        R"("serverInfo":{"name":"wendlow","version":")" PRODUCT_VERSION "\"}\n"
         R"({"jsonrpc":"2.0","id":"a","error":{"code":-32601,"message":"Method not found: no/such"}})"
         "\n"
         R"({"jsonrpc":"2.0","id":2,"result":{}})"

@@ -4,6 +4,7 @@
 #include "Files.h"
 #include "GatewayPage.h"
 #include "PracticeGateway.h"
+#include "Service/SteeredGateway.h"
 #include "TemporaryHome.h"
 #include "WireCodec.h"
 
@@ -198,6 +199,47 @@ TEST_F(PracticeGatewayAnswers, AreOfTheCaseThatThePageTellsForEachCommand) {
     }
     EXPECT_EQ(asked.size(), catalogue.of("control").size() + catalogue.of("notes").size() +
                                 catalogue.of("diagnostic").size());
+}
+
+/// In place of the answer that it would get, and nothing is done.
+TEST_F(PracticeGatewayAnswers, ComeOtherwiseForTheVerbsThatAreSteered) {
+    SteeredGateway::Answers answers;
+    EXPECT_TRUE(SteeredGateway::refuse("add_rule=the disk = full", answers));
+    EXPECT_TRUE(SteeredGateway::unimplemented("get_rules", answers));
+    EXPECT_TRUE(SteeredGateway::garble("self_names", answers));
+    EXPECT_EQ(SteeredGateway::garble("addRule", answers), std::unexpected("addRule"));
+    SteeredGateway steered(gateway, answers);
+    const auto said = [&](const char* request) {
+        return WireCodec::encode(
+                   QCoro::waitFor(steered.handle(WireCodec::decodeRequest(request).value())))
+            .value();
+    };
+    EXPECT_EQ(said(R"({"control":{"_0":{"addRule":{"value":"x","kind":"word","tier":"never"}}}})"),
+              R"({"failure":{"message":"the disk = full"}})");
+    EXPECT_EQ(said(R"({"read":{"_0":{"getRules":{}}}})"),
+              R"({"unimplemented":{"verb":"get_rules"}})");
+    EXPECT_EQ(said(R"({"notes":{"_0":{"selfNames":{}}}})"), R"({"lineDelete":{"_0":"notFound"}})");
+    EXPECT_EQ(said(R"({"read":{"_0":{"frameKeepState":{}}}})"), R"({"flag":{"_0":true}})");
+}
+
+TEST(PracticeGatewayKey, IsGivenBackByItsWordsWhichStartsTheGatewayAgain) {
+    const TemporaryHome home;
+    int restarts = 0;
+    const auto gateway =
+        PracticeGateway::open(home / "x" / "practice.db", {.restart = [&] { ++restarts; }}).value();
+    const auto ask = [&](ControlRequest request) {
+        GatewayRequest whole = std::move(request);
+        return QCoro::waitFor(gateway->handle(std::move(whole)));
+    };
+    gateway->protect(StoreProtection::armed);
+    const auto words = std::get<AnswerCase::Phrase>(ask(ControlCase::RevealPhrase{}))._0;
+    gateway->protect(StoreProtection::locked);
+    EXPECT_EQ(ask(ControlCase::Pause{}).caseName(), "failure") << "a locked store says so";
+    EXPECT_EQ(ask(ControlCase::EnterPhrase{{"one"}}).caseName(), "failure");
+    EXPECT_EQ(restarts, 0);
+    EXPECT_EQ(ask(ControlCase::EnterPhrase{words}).caseName(), "text");
+    EXPECT_EQ(restarts, 1);
+    EXPECT_EQ(ask(ControlCase::Pause{}).caseName(), "ok");
 }
 
 } // namespace

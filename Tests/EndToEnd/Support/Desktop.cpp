@@ -58,7 +58,9 @@ Desktop::Desktop() {
 
     m_windowManager.setProcessEnvironment(m_environment);
     m_windowManager.start(u"openbox"_s, QStringList());
-    if (!m_windowManager.waitForStarted(patience))
+    // A window that is there before its manager manages is never given the keys. Only one that
+    // manages says which desktop is shown.
+    if (!eventually([&] { return !run(u"xdotool"_s, {u"get_desktop"_s}).isEmpty(); }))
         return;
     // The test's bus starts no service by itself, so that none of the real session is ever reached.
     m_accessibilityLauncher.setProcessEnvironment(m_environment);
@@ -125,8 +127,18 @@ RunningApplication::~RunningApplication() {
     }
 }
 
-bool RunningApplication::isRunning() const {
-    return m_process.state() == QProcess::Running;
+bool RunningApplication::isRunning() {
+    // Without an event loop a process is only seen to end where it is looked for.
+    return m_process.state() == QProcess::Running && !m_process.waitForFinished(0);
+}
+
+QString RunningApplication::howItIs() {
+    if (isRunning())
+        return u"shows "_s + windowTitles().join(u", "_s) + u'\n' + errors();
+    return u"ended, %1 %2\n"_s
+               .arg(m_process.exitStatus() == QProcess::CrashExit ? u"by signal"_s : u"with"_s)
+               .arg(m_process.exitCode()) +
+           errors();
 }
 
 bool RunningApplication::waitForEnd() {
@@ -179,6 +191,14 @@ std::optional<Accessible> RunningApplication::find(const QString& role, const QS
 std::optional<Accessible> RunningApplication::findNamed(const QString& name) const {
     return search(
         [&](const Accessible& thing) { return thing.name() == name && thing.isShowing(); });
+}
+
+std::optional<Accessible> RunningApplication::findNow(const QString& name) const {
+    const auto application = root();
+    return application ? application->find([&](const Accessible& thing) {
+        return thing.name() == name && thing.isShowing();
+    })
+                       : std::nullopt;
 }
 
 QStringList RunningApplication::windowTitles() const {

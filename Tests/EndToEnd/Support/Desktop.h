@@ -62,7 +62,9 @@ public:
     RunningApplication(const Desktop& desktop, const QStringList& arguments);
     ~RunningApplication();
 
-    bool isRunning() const;
+    bool isRunning();
+    /// Its windows, or how it ended, and what it said on standard error.
+    QString howItIs();
     /// Waits until it has ended by itself.
     bool waitForEnd();
     /// The window with this title, once it is on the screen.
@@ -71,6 +73,8 @@ public:
     std::optional<Accessible> find(const QString& role, const QString& name) const;
     /// The same for whatever has this name, words that are only shown included.
     std::optional<Accessible> findNamed(const QString& name) const;
+    /// The same without waiting, of what can be seen.
+    std::optional<Accessible> findNow(const QString& name) const;
     /// Titles of all windows that show.
     QStringList windowTitles() const;
     QString errors();

@@ -4,12 +4,19 @@
 
 #include <gtest/gtest.h>
 
+#include <iostream>
+
 namespace wendlow::testing {
 
 /// The application in front of a practice gateway, worked by what a person sees of it.
 class OnADesktop : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(desktop.isReady()); }
+    /// What was not found may not be there because the application is not.
+    void TearDown() override {
+        if (HasFailure() && application)
+            std::cerr << "the application " << application->howItIs().toStdString() << '\n';
+    }
 
     bool says(const QString& name) const { return application->findNamed(name).has_value(); }
     bool is(const char* role, const QString& name) const {

@@ -24,7 +24,7 @@ void RunningGateway::startWith(std::vector<std::string> options) {
     if (!fill.empty())
         options.insert(options.end(), {"--fill", fill});
     options.insert(options.end(), more.begin(), more.end());
-    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, options);
+    m_process.emplace(WENDLOW_PRACTICE_GATEWAY, options, m_desktop.home().path());
 }
 
 std::filesystem::path RunningGateway::store() const {

@@ -152,7 +152,10 @@ public:
         for (const char* const title : {"Atlas", "Budget", "Council"})
             m_ledger.meeting.list->push_back({.id = title, .title = title, .lines = 3});
         EditorModRun run{.mod = "sweep", .outcome = EditorRunOutcome::of("ok")};
-        run.report = std::string(4000, 'x') + " the end";
+        run.report = "Begun.\n\n\tone\r\n";
+        for (int line = 0; line < 2'000; ++line)
+            *run.report += "Looked at one more.\n";
+        *run.report += "the end";
         EditorModRun bare{.mod = "sweep", .outcome = EditorRunOutcome::of("authFailure")};
         m_ledger.mod.board = EditorModsBoard{
             .mods = {{.slug = "sweep", .files = {"mod.md"}}}, .rejected = {}, .runs = {run, bare}};

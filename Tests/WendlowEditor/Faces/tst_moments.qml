@@ -37,7 +37,7 @@ Item {
         }
         // The place of the moment that has the focus.
         function at(): int {
-            return focused()?.place ?? -1;
+            return focused()?.content?.place ?? -1;
         }
 
         function test_aScreenReaderFindsTheDaysAndTheirMoments(): void {
@@ -45,7 +45,7 @@ Item {
             verify(/^Friday, (20 November|November 20)/.test(said("Heading")[0]), said("Heading")[0]);
             says("StaticText", "400 moments in all");
             says("List", "Moments");
-            verify(said("ListItem")[0].endsWith(" on screen, " + focused().time + "*"), said("ListItem")[0]);
+            verify(said("ListItem")[0].endsWith(" on screen, " + focused().content.time + "*"), said("ListItem")[0]);
             compare(said("ListItem").filter(name => name.startsWith("Codex, ")).length > 0, true, "a session says its tool");
             everythingIsNamed();
         }
@@ -75,7 +75,7 @@ Item {
                 for (let step = 0; step < place; ++step)
                     keys("Right");
                 const cell = focused();
-                const title = cell.title;
+                const title = cell.content.title;
                 keys("Return");
                 verify(root.modal && moments.lightbox.open);
                 says("Dialog", title);

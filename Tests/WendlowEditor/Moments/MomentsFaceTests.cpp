@@ -2,6 +2,7 @@
 #include "Files.h"
 #include "Moments/MomentWords.h"
 #include "Moments/MomentsFaceModel.h"
+#include "Moments/TilePicture.h"
 #include "Support/ScriptedStore.h"
 #include "TemporaryHome.h"
 
@@ -26,6 +27,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Ne;
+using ::testing::Not;
 using ::testing::SizeIs;
 
 namespace Case = EditorAnswerStateCase;
@@ -148,12 +150,10 @@ struct Face : ::testing::Test {
     std::map<int, QString> cells() {
         std::map<int, QString> all;
         for (int row = 0; row < model.grid()->rowCount(); ++row) {
-            const auto told = [&](int role) { return model.grid()->index(row).data(role); };
-            if (told(MomentGrid::ShownRole).toBool())
-                all.emplace(told(MomentGrid::PlaceRole).toInt(),
-                            u"%1 at %2,%3"_s.arg(told(MomentGrid::TitleRole).toString(),
-                                                 told(MomentGrid::ColumnRole).toString(),
-                                                 told(MomentGrid::TopRole).toString()));
+            const MomentCellModel& cell = model.grid()->cell(row);
+            if (cell.isShown())
+                all.emplace(cell.place(),
+                            u"%1 at %2,%3"_s.arg(cell.title()).arg(cell.column()).arg(cell.top()));
         }
         return all;
     }
@@ -380,6 +380,22 @@ std::string bomb() {
     return bytes.toStdString();
 }
 
+TEST_F(Face, asksForNoPictureOfWhatRushesBy) {
+    settle(moments(0, 400));
+    look(3'000);
+    EXPECT_THAT(tiles.shown, Not(IsEmpty())) << "a page further";
+    for (const double top : {6'000, 9'000, 12'000}) {
+        look(top);
+        EXPECT_THAT(tiles.shown, IsEmpty()) << "one screenful after the other";
+    }
+    EXPECT_TRUE(soon([&] { return !tiles.shown.empty(); })) << "it rests";
+    const auto rested = tiles.shown;
+    look(12'100);
+    EXPECT_THAT(tiles.shown, Not(IsEmpty()));
+    look(12'000);
+    EXPECT_EQ(tiles.shown, rested);
+}
+
 TEST_F(Face, isNotHarmedByBytesThatAreNoPicture) {
     settle(moments(0, 60));
     const std::string good = encoded({64, 40});
@@ -433,7 +449,17 @@ TEST_F(Face, opensOneLargeAndClosesIt) {
     tiles.come(0, encoded({320, 200}));
     EXPECT_TRUE(soon([&] { return box.isReady(); }));
     EXPECT_EQ(box.pictureWords(), u"");
+    TilePicture picture;
+    picture.setProperty("whole", true);
+    picture.setRoom(model.tiles());
+    picture.setKey(box.key());
+    EXPECT_EQ(picture.naturalSize(), QSize(320, 200));
+    bool told = false;
+    QObject::connect(&picture, &TilePicture::filledChanged, [&told] { told = true; });
     model.leave(ask);
+    box.wentAway();
+    picture.setKey(box.key());
+    EXPECT_TRUE(told && !picture.isFilled()) << "the next one may have none";
     EXPECT_FALSE(box.isOpen());
 }
 

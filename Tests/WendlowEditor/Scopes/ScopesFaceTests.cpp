@@ -31,6 +31,7 @@ struct Face {
     MemoryDetails details;
     std::mutex writing; ///< who holds it holds up the thread that writes
     ScopesFaceModel model{scopes, {.ask = {}, .requestDetails = {}, .today = noon}, [this] {
+                              const std::scoped_lock turn(writing);
                               return EditorMigrationWriter::Place{.directory = home / "migrations",
                                                                   .mcp = "/mcp"};
                           }};

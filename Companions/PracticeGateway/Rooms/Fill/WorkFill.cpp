@@ -97,7 +97,7 @@ void WorkFill::fill(FillSize size) {
         m_ledger.put(activity);
     constexpr std::size_t counts[] = {150, 20'000, 50'000};
     moments(plan, counts[static_cast<std::size_t>(size)]);
-    if (power)
+    if (!plan.activities.empty())
         m_keep.lockDay(plan.activities[plan.activities.size() / 3].day);
 }
 

@@ -196,6 +196,72 @@ TEST(Conversation, CutsAWalkThatIsTooLongFromBelow) {
     EXPECT_EQ(walk.overflow, 100);
 }
 
+TEST(Conversation, TellsASessionWhatHasToDoWithItsPrompt) {
+    TemporaryRooms rooms;
+    const auto remember = [&](std::string_view text, std::string_view scope,
+                              std::string_view type = "fact") {
+        rooms.note(fmt::format(
+            R"({{"write":{{"text":"{}","why":"","writer":"w","type":"{}","path":"{}"}}}})", text,
+            type, scope));
+    };
+    rooms.note(R"({"mapPath":{"folder":"/p/atlas","path":"/work/atlas"}})");
+    rooms.note(R"({"setPath":{"path":"/home","writer":"w","session":"at home"}})");
+    remember("Releases go out on Tuesdays", "/work/atlas");         // m1
+    remember("The release key lies with Ann", "/work");             // m2
+    remember("Releases of the garden gate squeak", "/home/garden"); // m3
+    remember("Release only what is signed", "/work/atlas", "rule"); // m4
+    remember("Tomorrow the heron is painted", "/work/atlas/pond");  // m5
+    for (int count = 0; count < 9; ++count)
+        remember("The mill turns on Tuesdays", "/work/atlas"); // m6 to m14
+    const auto told = [&](std::string_view prompt, std::string_view more = R"("cwd":"/p/atlas")") {
+        const auto answer = WireCodec::decodeResponse(
+            rooms.read(fmt::format(R"({{"primed":{{"prompt":"{}",{}}}}})", prompt, more)));
+        std::string ids;
+        for (const PrimeCard& card : std::get<AnswerCase::Primed>(*answer)._0)
+            ids += card.grabId + " ";
+        return ids;
+    };
+    const struct {
+        std::string prompt;
+        std::string more;
+        std::string ids;
+    } rows[] = {
+        {"When do we release?", R"("cwd":"/p/atlas/src")", "m2 m1 "},
+        {"When do we release?", R"("cwd":"/elsewhere")", "m3 m2 m1 "},
+        {"When do we release?", R"("session":"at home","cwd":"/p/atlas")", "m3 "},
+        {"RELEASES, on which Tuesday?", R"("cwd":"/p/atlas")", "m1 m2 "},
+        // One word of several is not enough, and what every prompt is made of is no word.
+        {"What will the weather in Oslo be tomorrow?", R"("cwd":"/p/atlas")", ""},
+        {"How is it, and what about the others?", R"("cwd":"/p/atlas")", ""},
+        {"", R"("cwd":"/p/atlas")", ""},
+        {R"(\"*\" OR heron NEAR()", R"("cwd":"/p/atlas")", "m5 "},
+        // Three words are, also among many others.
+        {"tomorrow heron painted aaaa bbbb cccc dddd eeee ffff gggg", R"("cwd":"/p")", "m5 "},
+        {std::string(100'000, ' ') + "heron", R"("cwd":"/p/atlas")", "m5 "},
+        {"heron", R"("cwd":"/p/atlas","session":"s")", "m5 "},
+        {"heron", R"("cwd":"/p/atlas","session":"s","countsPrompt":true)", "m5 "},
+        {"heron", R"("cwd":"/p/atlas","session":"s","countsPrompt":true)", ""},
+        {"heron", R"("cwd":"/p/atlas","session":"t","countsPrompt":true)", "m5 "},
+    };
+    for (const auto& [prompt, more, ids] : rows)
+        EXPECT_EQ(told(prompt, more), ids) << prompt.substr(0, 80) << more;
+    rooms.reopen();
+    EXPECT_EQ(told("heron", R"("cwd":"/p/atlas","session":"s")"), "");
+    rooms.hold(
+        R"(read standingRules {"scope":"/home"} → standingWalk {"_0":{"path":"/home","levels":[],"overflow":0}}
+read standingRules {"cwd":"/p/atlas/src"}
+→ standingWalk {"_0":{"path":"/work/atlas","levels":[{"path":"/work/atlas","rules":["Release only what is signed"]}],"overflow":0}}
+read standingRules {"cwd":"/p/atlas","session":"at home","card":true} → standingWalk {}
+read recall {"query":"heron","from":"2026-11-21","to":"2026-11-20"} → failure 2026-11-21 comes after 2026-11-20
+read recall {"query":"heron","to":"tomorrow"} → failure “tomorrow” is not a day; a day is written as 2026-11-21
+read grep {"query":"heron","from":"2026-02-30"} → failure “2026-02-30” is not a day; a day is written as 2026-11-21
+read meetingSearch {"query":"heron","from":"2026-1-1"} → failure “2026-1-1” is not a day; a day is written as 2026-11-21
+read recall {"query":"heron","from":"2026-11-22"} → cards {"_0":[]}
+read recall {"query":"","from":"2026-11-22"} → cards {"_0":[]})");
+    EXPECT_THAT(rooms.read(R"({"recall":{"query":"","from":"2026-11-21","to":"2026-11-21"}})"),
+                ::testing::HasSubstr(R"("id":"m14")"));
+}
+
 TEST(Conversation, KeepsScopesFoldersSessionsNamesAndMods) {
     ::setenv("HOME", "/p", 1);
     TemporaryRooms rooms;

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 namespace wendlow {
 namespace {
 
@@ -60,6 +62,8 @@ protected:
 };
 
 TEST_F(Keep, DeletesPicturesDayByDayAndGoesOnAfterARestart) {
+    EXPECT_EQ(frames(rooms).bytes, std::nullopt) << "it is being worked out";
+    clock.seconds += 3;
     const FrameStats before = frames(rooms);
     const std::int64_t days =
         rooms.figure("SELECT count(DISTINCT day) FROM moments JOIN documents USING(number) "
@@ -70,12 +74,13 @@ TEST_F(Keep, DeletesPicturesDayByDayAndGoesOnAfterARestart) {
 read frameKeepState → flag {"_0":false})");
     EXPECT_EQ(frames(rooms).screenshots, before.screenshots);
     EXPECT_EQ(frames(rooms).purge.value().daysRemaining, days);
-    EXPECT_EQ(frames(rooms).purge.value().bytesRemaining, before.bytes);
+    EXPECT_EQ(frames(rooms).purge.value().bytesRemaining, std::nullopt);
     // A day that withstands: the last one.
-    rooms->documents().database().execute("INSERT INTO locked_days SELECT max(day) FROM moments");
+    rooms->documents().database().execute(
+        "DELETE FROM locked_days; INSERT INTO locked_days SELECT max(day) FROM moments");
     std::int64_t kept = before.screenshots;
     for (std::int64_t left = days - 1; left >= 1; --left) {
-        clock.seconds += 2;
+        clock.seconds += 0.5;
         if (left == days / 2)
             rooms.reopen();
         const FrameStats stats = frames(rooms);
@@ -84,12 +89,13 @@ read frameKeepState → flag {"_0":false})");
         EXPECT_LT(stats.screenshots, kept);
         kept = stats.screenshots;
     }
-    clock.seconds += 2;
+    clock.seconds += 0.5;
     const FrameStats after = frames(rooms);
     EXPECT_EQ(after.purge.value().skipped, std::vector<std::string>{"2026-11-21"});
     EXPECT_EQ(after.screenshots, kept);
     EXPECT_GT(kept, 0);
     EXPECT_EQ(rooms.figure("SELECT count(*) FROM documents WHERE kind = 1"), 150);
+    EXPECT_GT(after.bytes, 0);
     EXPECT_EQ(as<AnswerCase::DiskUsed>(rooms.read(R"({"diskUsed":{}})"))._0.frames, after.bytes);
     // On again: what is left is left.
     rooms.control(R"({"setFrameKeep":{"_0":true}})");
@@ -237,6 +243,49 @@ read getRules
           R"({"removeConcept":{"_0":"x"}})", R"({"requestGrant":{"kind":"camera"}})"})
         EXPECT_THAT(rooms.control(command), StartsWith(R"({"failure":)")) << command;
     rooms.hold(rules);
+}
+
+TEST(DiagnosticLog, IsAFileForAsLongAsItIsKept) {
+    TemporaryRooms rooms;
+    const auto log = rooms.file().parent_path() / "wendlow-trace.log";
+    rooms.hold("control setDiagnosticLogging {\"_0\":true} → ok");
+    rooms.hold(R"(diagnostic log {"source":"settings","line":"a line"} → ok)");
+    std::ifstream file(log);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_THAT(text, HasSubstr("settings: a line\n"));
+    EXPECT_EQ(std::filesystem::status(log).permissions(), std::filesystem::perms(0600));
+    rooms.hold("control setDiagnosticLogging {\"_0\":false} → ok");
+    rooms.hold(R"(diagnostic log {"source":"settings","line":"another"} → ok)");
+    EXPECT_FALSE(std::filesystem::exists(log));
+    std::filesystem::create_directories(log / "in the way");
+    for (const char* value : {"true", "false"})
+        EXPECT_THAT(rooms.control(fmt::format(R"({{"setDiagnosticLogging":{{"_0":{}}}}})", value)),
+                    HasSubstr("nothing was changed"));
+}
+
+TEST(RecoveryPhrase, IsOfNoUseToAStoreWithoutAKeyAndALockedOneSaysSo) {
+    TemporaryRooms rooms;
+    PhraseRoom& phrase = rooms->phrase();
+    EXPECT_FALSE(phrase.whileLocked("frame_stats"));
+    phrase.protect(StoreProtection::locked);
+    const auto said = phrase.whileLocked("frame_stats");
+    ASSERT_TRUE(said);
+    EXPECT_THAT(std::get<AnswerCase::Failure>(*said).message,
+                StartsWith(fmt::format("store locked: Wendlow's folder ({}) is not empty and this "
+                                       "Mac holds no key, so Wendlow did not start a new memory "
+                                       "over what is there. It found 3 item(s): data.db, ",
+                                       rooms.file().parent_path().string())));
+    for (const char* verb : {"recovery_state", "enter_phrase", "reveal_phrase", "log"})
+        EXPECT_FALSE(phrase.whileLocked(verb)) << verb;
+    rooms.hold("read recoveryState → text locked");
+    phrase.protect(StoreProtection::plaintext);
+    EXPECT_FALSE(phrase.whileLocked("frame_stats"));
+    rooms.hold("read recoveryState → text plaintext");
+    EXPECT_THAT(rooms.control(R"({"revealPhrase":{}})"), HasSubstr("no recovery phrase to reveal"));
+    EXPECT_THAT(rooms.control(R"({"enterPhrase":{"words":[]}})"),
+                HasSubstr("nothing here for a recovery phrase to unlock"));
+    phrase.protect(StoreProtection::armed);
+    rooms.hold("read recoveryState → text armed");
 }
 
 TEST(RecoveryPhrase, OpensWithItsOwnWordsOnly) {

@@ -1,6 +1,5 @@
 import QtQuick
 import WendlowControls
-import WendlowStats
 
 // A site's icon, or its first letter where it has none that is a picture.
 Rectangle {
