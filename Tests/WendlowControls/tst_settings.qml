@@ -123,7 +123,7 @@ Item {
             tryVerify(() => toggle.activeFocus, 5000, "the focus is given back");
             verify(toggle.on);
             keyClick(Qt.Key_Space);
-            here("Delete screenshots", "DestructiveButton_", toggle.Window.contentItem).clicked();
+            here("Delete screenshots", "Button_", toggle.Window.contentItem).clicked();
             tryVerify(() => toggle.activeFocus && toggle.visualFocus, 5000, "nor does it go while the daemon is at work");
             compare(bench.spoken(toggle).description, "Working…");
             verify(toggle.on, "it has not said so yet");
