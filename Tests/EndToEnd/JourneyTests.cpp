@@ -34,6 +34,7 @@ protected:
         ASSERT_TRUE(menu.waitForStarted());
     }
     void TearDown() override {
+        OnADesktop::TearDown();
         menu.terminate();
         menu.waitForFinished();
     }
