@@ -62,7 +62,7 @@ public:
         models.emplace(Pane::connected,
                        std::make_unique<ConnectedAppsModel>(Connectors::List{cursor, codex, slow},
                                                             "/opt/wendlow-mcp", std::move(around)));
-        const auto client = PosedGateway::client(answers());
+        const auto client = std::make_shared<InProcessClient>(m_daemon);
         models.emplace(Pane::privacy,
                        std::make_unique<PrivacyModel>(client, PrivacyModel::Surroundings{}));
         models.emplace(Pane::recording,
@@ -71,6 +71,11 @@ public:
                        std::make_unique<RecoveryModel>(
                            client, [this](const QString& text) { m_copied.append(text); }));
         m_root = std::make_unique<SettingsRoot>(std::move(models));
+    }
+
+    ~Bench() override {
+        m_root.reset();
+        m_daemon->giveUp();
     }
 
     /// What is not as it should be, once.
@@ -144,6 +149,7 @@ private:
     testing::QmlWarnings m_warnings;
     QStringList m_copied;
     QSemaphore m_verbs;
+    const std::shared_ptr<PosedGateway> m_daemon = std::make_shared<PosedGateway>(answers());
     std::unique_ptr<SettingsRoot> m_root;
 };
 

@@ -212,7 +212,12 @@ TEST_F(Face, keepsWhatIsSeenInItsPlaceWhenMoreComesAbove) {
         const auto heard =
             QObject::connect(model.grid(), &MomentGrid::shifted, [&](double far) { by += far; });
         ask.limit = 96;
-        EditorMoments page = moments(20, 30); // of the newest day, since the person looked
+        // Since the person looked; of the newest day, whichever the zone makes of the others.
+        EditorMoments page;
+        for (EditorMoment fresh : moments(20, 30)) {
+            fresh.at = noon - 30h;
+            page.push_back(fresh);
+        }
         for (const EditorMoment& old : moments(30, 110))
             page.push_back(old);
         settle(page);

@@ -155,8 +155,8 @@ TEST_F(XPCClientFailures, AreCalmWhenAnUpdateExplainsTheRefusal) {
             << "</string><key>CFBundleVersion</key><string>2.0</string></dict></plist>";
     };
     const auto sentence = [&](bool replaced) {
-        std::filesystem::copy_file(WENDLOW_TEST_CLIENT, program,
-                                   std::filesystem::copy_options::overwrite_existing);
+        std::filesystem::remove(program); // the one before may still be let go of
+        std::filesystem::copy_file(WENDLOW_TEST_CLIENT, program);
         GatewayProcess client(program);
         if (replaced) {
             const auto update = folder / "update";
