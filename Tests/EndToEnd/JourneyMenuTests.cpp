@@ -30,7 +30,7 @@ protected:
     ~JourneyMenu() override { ::setenv("HOME", m_before.c_str(), 1); }
 
     void start(const std::vector<std::string>& options) {
-        m_menu.emplace(WENDLOW_PRACTICE_MENU, options);
+        m_menu.emplace(WENDLOW_PRACTICE_MENU, options, m_home.path());
     }
     QJsonObject progress() const {
         const auto json = get(m_support / "local-models-progress.json");
