@@ -37,7 +37,7 @@ COMPILER, CHECKER = 'clang++-19', 'clang-tidy-19'
 LIMITS = ['mode=shallow', 'max-nodes=40000']
 MOST_BYTES = 80_000
 WORK = os.path.join(ROOT, 'build', 'tidy')
-_MOC = re.compile(r'^#include "moc_\w+\.cpp"$', re.M)
+_MOC = re.compile(r'^#include "(moc_\w+\.cpp|\w+\.moc)"$', re.M)
 _INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"][^>"]+[>"])', re.M)
 
 

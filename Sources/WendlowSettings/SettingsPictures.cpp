@@ -195,7 +195,9 @@ void takeRecovery(const PanePictures& pictures) {
     const auto reveal = [](RecoveryModel& model) { model.revealOrHide(); };
     const AnswerCase::Phrase phrase{{"amber", "canvas", "orbit", "gentle", "harbor", "lemon",
                                      "meadow", "pepper", "quiet", "river", "saddle", "violin"}};
-    const auto refused = [](StoreMessage message) { return AnswerCase::Failure{message.text()}; };
+    const auto refused = [](const StoreMessage& message) {
+        return AnswerCase::Failure{message.text()};
+    };
     take("hidden", "armed", {}, still);
     take("revealed", "armed", {{"reveal_phrase", phrase}}, reveal);
     take("revealing", "armed", {}, reveal);
