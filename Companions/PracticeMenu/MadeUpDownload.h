@@ -26,7 +26,7 @@ public:
         std::chrono::milliseconds lasts = std::chrono::seconds(60);
         std::optional<double> stallsAt = std::nullopt;  ///< 0…1: gets no further
         std::optional<std::int32_t> pid = std::nullopt; ///< tells this for its own
-        std::vector<std::string> modelsBefore = {};     ///< what the host held already
+        std::vector<std::string> modelsBefore;          ///< what the host held already
     };
 
     /// No model has this name, so that a real host that is asked to delete it deletes nothing.

@@ -73,6 +73,7 @@ const JourneyPage& JourneyPage::of(JourneyScreen screen) {
     static const std::vector<JourneyPage> pages = [] {
         std::vector<JourneyPage> all;
         constexpr int count = static_cast<int>(JourneyScreen::warming) + 1;
+        all.reserve(count);
         for (int each = 0; each < count; ++each)
             all.push_back(made(static_cast<JourneyScreen>(each)));
         return all;

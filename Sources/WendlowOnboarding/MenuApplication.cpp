@@ -70,7 +70,7 @@ std::optional<std::vector<std::string>> commandIn(std::string_view entry) {
     return std::nullopt;
 }
 
-void open(std::string id, std::function<void(const std::string& line)> log) {
+void open(const std::string& id, const std::function<void(const std::string& line)>& log) {
     if (!startByEntry(id))
         QThreadPool::globalInstance()->start([id, log] { startByBus(id, log); });
 }

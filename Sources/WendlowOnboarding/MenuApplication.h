@@ -11,7 +11,7 @@ namespace wendlow::MenuApplication {
 
 /// By its desktop entry, else by the session bus. Does not wait; the log tells where there is
 /// nothing to open.
-void open(std::string id, std::function<void(const std::string& line)> log);
+void open(const std::string& id, const std::function<void(const std::string& line)>& log);
 
 /// The program and its arguments of a desktop entry, without the places for files and addresses;
 /// nothing where it names none.
