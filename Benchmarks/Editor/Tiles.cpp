@@ -28,7 +28,8 @@ void scrollThroughPictures(EditorWindow& editor) {
     QQuickItem& view =
         *editor.item(QStringLiteral("MomentCells"))->findChild<QQuickItem*>(QStringLiteral("view"));
     const auto& tiles = editor.store().tiles().tiles();
-    for (double top = 0; tiles.size() < TileWindow::most; top += view.height()) {
+    // By halves: for a screenful that is only passed no picture is asked.
+    for (double top = 0; tiles.size() < TileWindow::most; top += view.height() / 2) {
         view.setProperty("contentY", top);
         editor.rest();
     }
