@@ -97,6 +97,7 @@ FocusScope {
             visible: list.count > 0
             model: view.group
             interactive: list.count > view.linesInSight
+            cacheBuffer: 0
             boundsBehavior: Flickable.StopAtBounds
             pixelAligned: true
             clip: list.interactive
