@@ -25,7 +25,7 @@ FocusScope {
     property bool opening: false
 
     readonly property int line: Theme.scaled(32)
-    readonly property int linesInSight: 12
+    readonly property int linesInSight: 8
 
     implicitHeight: column.height
 
