@@ -162,9 +162,11 @@ TEST(JourneyModel, RecordsWhatItPlugsInBeforeAndNotWhatWasRefused) {
     machine.walkTo("ais");
     machine.root->setWired(u"codex"_s, true); // is connected: not ours
     machine.refuses = true;
+    machine.holds = true;
     machine.root->setWired(u"claude-code"_s, true);
     EXPECT_THAT(machine.wired, ElementsAre("claude-code")) << "on record before the files are";
     machine.root->setWired(u"claude-code"_s, true); // busy: ignored
+    machine.letGo();
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
     EXPECT_THAT(machine.wired, ElementsAre());
     const auto* const rows = machine.root->apps();
@@ -205,9 +207,11 @@ TEST(JourneyModel, CancelledOnAnyScreenUnplugsItsOwnAlone) {
 TEST(JourneyModel, CancelledWhileAToolIsBeingPluggedInUnplugsThat) {
     PlayedMachine machine;
     machine.walkTo("ais");
+    machine.holds = true;
     machine.root->setWired(u"claude-code"_s, true);
     machine.root->askToCancel();
     machine.root->cancelInstall();
+    machine.letGo();
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.ended > 0; }));
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
     EXPECT_THAT(machine.connected(), ElementsAre());

@@ -37,6 +37,7 @@ public:
     RecoveryRead phrase = RecoveryWordsRead(12, "word");
     bool silent = false;               ///< the daemon takes questions and answers none
     std::atomic<bool> refuses = false; ///< a tool does what is asked
+    std::atomic<bool> holds = false;   ///< a tool has begun what is asked, and gets no further
     /// Of the journey with the daemon: long, so that a busy machine is not taken for a silent one.
     std::chrono::milliseconds patience = std::chrono::seconds(3);
     CancelEnd cancelEnd = CancelEnd::stopped;
@@ -54,6 +55,7 @@ public:
     std::unique_ptr<JourneyRoot> root;
 
     ~PlayedMachine() {
+        letGo();
         root.reset();
         answerAll();
     }
@@ -150,6 +152,11 @@ public:
                 ids.push_back(row.app.id);
         return ids;
     }
+    /// What `holds` held up goes on.
+    void letGo() {
+        holds = false;
+        holds.notify_all();
+    }
     /// The questions that were left without an answer get one.
     void answerAll() {
         silent = false;
@@ -166,6 +173,7 @@ private:
         const auto tool = std::make_shared<MockConnector>(
             ConnectorIdentity{id, name, "here", "terminal"},
             MockConnector::Script{.onVerb = [this, self] {
+                holds.wait(true);
                 const auto mock = self->lock();
                 const bool on = mock->scan().state == ConnectorState::connected;
                 mock->becomes(on != !refuses ? ConnectorState::connected : ConnectorState::found,

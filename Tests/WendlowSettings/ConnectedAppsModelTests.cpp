@@ -332,10 +332,11 @@ TEST(ConnectedAppsModel, WhileAVerbRunsItsOldNoteIsGoneAndItsRowStaysAsItIs) {
 
 TEST(ConnectedAppsModel, DestroyedWithVerbsOnTheLaneFinishesThemAndTouchesNothing) {
     QSemaphore begun;
+    QSemaphore held;
     std::atomic<int> finished = 0;
     const auto slow = hooked([&] {
         begun.release();
-        QThread::msleep(30);
+        held.acquire();
         ++finished;
     });
     auto model = std::make_unique<ConnectedAppsModel>(Connectors::List{slow}, std::nullopt,
@@ -344,6 +345,7 @@ TEST(ConnectedAppsModel, DestroyedWithVerbsOnTheLaneFinishesThemAndTouchesNothin
     model->disconnect(u"cursor"_s);
     model->scan();
     begun.acquire();
+    held.release(2);
     model.reset();
     EXPECT_EQ(finished, 2);
     EXPECT_THAT(slow->log(), ElementsAre("install", "remove"));

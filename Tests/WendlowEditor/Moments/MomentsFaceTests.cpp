@@ -9,8 +9,10 @@
 #include <QAbstractItemModelTester>
 #include <QBuffer>
 #include <QDeadlineTimer>
+#include <QSemaphore>
 #include <QTest>
 #include <QThread>
+#include <QThreadPool>
 
 #include <gmock/gmock.h>
 
@@ -500,11 +502,18 @@ TEST_F(Face, givesThePictureToAnotherProgram) {
     // One that is closed while it is written opens nothing.
     folder = temporary / "other" / ExportedScreens::folderName();
     std::filesystem::create_directory(temporary / "other");
+    QSemaphore written;
+    QThreadPool& pool = *QThreadPool::globalInstance();
+    const int threads = pool.maxThreadCount();
+    pool.setMaxThreadCount(1); // what is written waits behind this
+    pool.start([&] { written.acquire(); });
     box.openPicture();
     box.dismiss();
     box.wentAway();
+    written.release();
     EXPECT_TRUE(soon([&] { return !std::filesystem::is_empty(temporary / "other"); }));
     QTest::qWait(50);
+    pool.setMaxThreadCount(threads);
     EXPECT_THAT(opened, IsEmpty());
 }
 
