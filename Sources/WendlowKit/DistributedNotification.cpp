@@ -18,6 +18,7 @@ const QString path = QStringLiteral("/works/fenmoor/wendlow");
 const QString interface = QStringLiteral("works.fenmoor.wendlow.DistributedNotification");
 const QString member = QStringLiteral("Posted");
 const QString signature = QStringLiteral("ssa{ss}b");
+constexpr std::size_t mostWaiting = 16;
 
 WireUserInfo wire(const std::optional<DistributedNotification::UserInfo>& userInfo) {
     WireUserInfo result;
@@ -62,6 +63,7 @@ DistributedNotificationCenter::DistributedNotificationCenter(const QDBusConnecti
 
 void DistributedNotificationCenter::listenOn(const QDBusConnection& connection) {
     m_connection = connection;
+    m_hasBegun = true;
     if (!m_connection.isConnected()) {
         qCWarning(LogCategory::notifications,
                   "there is no session bus, so nothing is posted and nothing is heard");
@@ -70,6 +72,8 @@ void DistributedNotificationCenter::listenOn(const QDBusConnection& connection) 
     // No sender is named: naming one would ask the bus for its owner and wait for the answer.
     m_connection.connect(QString(), path, interface, member, QStringList(), signature, this,
                          SLOT(received(QDBusMessage)));
+    for (const QDBusMessage& message : std::exchange(m_waiting, {}))
+        m_connection.send(message);
 }
 
 DistributedNotificationCenter::~DistributedNotificationCenter() = default;
@@ -81,6 +85,12 @@ void DistributedNotificationCenter::post(const DistributedNotification& notifica
             << QString::fromStdString(notification.object.value_or(std::string()))
             << QVariant::fromValue(wire(notification.userInfo))
             << (delivery == Delivery::immediately);
+    if (!m_hasBegun) {
+        if (m_waiting.size() == mostWaiting)
+            m_waiting.erase(m_waiting.begin());
+        m_waiting.push_back(message);
+        return;
+    }
     if (!m_connection.isConnected() || !m_connection.send(message))
         qCWarning(LogCategory::notifications, "%s could not be posted: there is no session bus",
                   notification.name.c_str());

@@ -29,8 +29,8 @@ struct DistributedNotification {
 /// `Posted(s name, s object, a{ss} userInfo, b immediately)`; an absent object is the empty string
 /// and absent user information the empty dictionary, so that an empty one is read as absent.
 ///
-/// Without a bus nothing is posted and nothing arrives; the platform log says so. Signals of
-/// another signature are ignored. Belongs to one thread, on which the observers are called; the
+/// Where the bus is gone nothing is posted and nothing arrives; the platform log says so. Signals
+/// of another signature are ignored. Belongs to one thread, on which the observers are called; the
 /// thread needs an event loop. A process hears its own posts too.
 class DistributedNotificationCenter : public QObject {
     Q_OBJECT
@@ -43,7 +43,7 @@ public:
     /// delivery. May outlive the centre.
     using Token = std::shared_ptr<const void>;
 
-    /// Posts nothing and hears nothing until it is given a bus.
+    /// Hears nothing until it is given a bus, and keeps what is posted (the newest sixteen) for it.
     explicit DistributedNotificationCenter(QObject* parent = nullptr);
     explicit DistributedNotificationCenter(const QDBusConnection& connection,
                                            QObject* parent = nullptr);
@@ -65,6 +65,8 @@ private:
     struct Observer;
 
     QDBusConnection m_connection;
+    bool m_hasBegun = false;             ///< was given a bus, be it one that could not be reached
+    std::vector<QDBusMessage> m_waiting; ///< what was posted before that
     std::vector<std::weak_ptr<const Observer>> m_observers;
 };
 

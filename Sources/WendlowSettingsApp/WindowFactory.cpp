@@ -49,6 +49,9 @@ void WindowFactory::renew(QWindow& window, WindowKind kind) {
     if (!item)
         endOnFault(content.file, QStringLiteral("it is no item"));
     item->setParent(&window);
+    // What C++ has made cannot be destroyed from QML otherwise, and the window ends its content
+    // there.
+    QQmlEngine::setObjectOwnership(item, QQmlEngine::JavaScriptOwnership);
     QMetaObject::invokeMethod(&window, "fill", Q_ARG(QQuickItem*, item));
 }
 

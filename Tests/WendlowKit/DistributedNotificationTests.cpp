@@ -111,6 +111,20 @@ TEST_F(DistributedNotifications, IgnoreSignalsOfAnotherShape) {
     EXPECT_EQ(heard, (Heard{{.name = "door", .object = "o"}}));
 }
 
+TEST_F(DistributedNotifications, WaitForTheFirstBus) {
+    const auto token = hear("door");
+    Center early;
+    for (int front = 0; front < 20; ++front)
+        early.post({.name = "door", .object = std::to_string(front)});
+    early.listenOn(senderBus);
+    early.post({.name = "door", .object = "later"});
+    settle();
+    ASSERT_EQ(heard.size(), 17U);
+    EXPECT_EQ(heard.front().object, "4");
+    EXPECT_EQ(heard.at(15).object, "19");
+    EXPECT_EQ(heard.back().object, "later");
+}
+
 TEST_F(DistributedNotifications, OutliveTheBusAndTheCentre) {
     auto center = std::make_unique<Center>(senderBus);
     const auto token = center->addObserver("door", [](const auto&) {});

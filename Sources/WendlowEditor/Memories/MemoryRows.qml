@@ -224,7 +224,7 @@ ListView {
         onHoveredChanged: {
             if (row.hovered)
                 list.hoverIndex = row.index;
-            else if (list.hoverIndex === row.index)
+            else if (list?.hoverIndex === row.index) // the list may have gone first
                 list.hoverIndex = -1;
         }
         copied: row.index === list.copiedIndex

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QThread>
 
+#include <gtest/gtest.h>
+
 #include <sys/stat.h>
 
 namespace wendlow::testing {
@@ -118,13 +120,15 @@ RunningApplication::RunningApplication(const Desktop& desktop, const QStringList
 }
 
 RunningApplication::~RunningApplication() {
-    if (!isRunning())
-        return;
-    m_process.terminate();
-    if (!m_process.waitForFinished(patience)) {
-        m_process.kill();
-        m_process.waitForFinished(patience);
+    if (isRunning()) {
+        m_process.terminate();
+        if (!m_process.waitForFinished(patience)) {
+            m_process.kill();
+            m_process.waitForFinished(patience);
+        }
     }
+    const QString said = errors();
+    EXPECT_FALSE(said.contains("qrc:/"_L1)) << "of its interface: " << said.toStdString();
 }
 
 bool RunningApplication::isRunning() {
