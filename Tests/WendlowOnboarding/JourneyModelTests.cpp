@@ -126,6 +126,21 @@ TEST(JourneyModel, IsHeldByAPermissionThatIsTakenAway) {
     EXPECT_TRUE(machine.logged("button: request_grant(microphone) returned"));
 }
 
+TEST(JourneyModel, LeadsNobodyAwayWhosePermissionsAreTakenWhileTheyGoOn) {
+    for (const std::string screen :
+         {"accessibility", "mic", "recovery", "ais", "models", "warming", "hello", "done"}) {
+        PlayedMachine machine;
+        machine.walkTo(screen);
+        machine.grants = GrantPair();
+        if (machine.model().isPolling())
+            machine.rounds();
+        // Who only waits is led by what is true of the machine.
+        EXPECT_TRUE(machine.shows(screen == "warming" ? "screenrec" : screen)) << screen;
+        EXPECT_TRUE(!Journey::isPermission(machine.model().screen()) ||
+                    !machine.root->isPrimaryEnabled());
+    }
+}
+
 TEST(JourneyModel, ShowsTheWordsOnlyOnTheirScreenAndHoldsByThem) {
     PlayedMachine machine;
     machine.patience = std::chrono::milliseconds(100);
@@ -392,7 +407,7 @@ TEST_F(InstallCancelled, LeavesNothingBehindADeadWriter) {
     EXPECT_EQ(run(std::nullopt), CancelEnd::stopped);
     EXPECT_EQ(m_log.back(), "cancel-install: menu app receipt NOT seen within 10s");
     EXPECT_FALSE(std::filesystem::exists(m_support));
-    EXPECT_TRUE(std::filesystem::is_empty(m_home / "Library/Preferences"));
+    EXPECT_FALSE(std::filesystem::exists(m_home / "Library/Preferences"));
 }
 
 TEST_F(InstallCancelled, UndoesBehindADeafWriterAndSaysThatItRuns) {
@@ -400,6 +415,19 @@ TEST_F(InstallCancelled, UndoesBehindADeafWriterAndSaysThatItRuns) {
     ASSERT_TRUE(progress(::getpid()).write(m_file));
     EXPECT_EQ(run(progress(0)), CancelEnd::writerStillRuns) << "the file knows better";
     EXPECT_THAT(testing::namesIn(m_support), ElementsAre("local-models-progress.json", "theirs"));
+}
+
+TEST_F(InstallCancelled, TakesWhatAWriterPutsDownWhileItIsWaitedFor) {
+    ASSERT_TRUE(progress(::getpid()).write(m_file));
+    QTimer::singleShot(20, [this] {
+        auto later = progress(::getpid());
+        later.installed.runtimeDir.reset(); // undone there, for all that it says
+        later.installed.senkoDir = testing::put(m_home / "voices/bin", "").parent_path().string();
+        ASSERT_TRUE(later.write(m_file));
+    });
+    EXPECT_EQ(run(std::nullopt), CancelEnd::writerStillRuns);
+    EXPECT_FALSE(std::filesystem::exists(m_home / "voices"));
+    EXPECT_FALSE(std::filesystem::exists(m_support / "models"));
 }
 
 TEST_F(InstallCancelled, BelievesTheReceiptOfThisCancel) {
