@@ -56,20 +56,6 @@ TEST(JourneyModel, LeadsToTheEndAndEndsTheApplication) {
     EXPECT_EQ(machine.ended, 1);
 }
 
-TEST(JourneyModel, KilledOnAScreenLandsWhereTheMachineSays) {
-    const std::map<std::string, std::string> lands{
-        {"welcome", "welcome"}, {"screenrec", "welcome"}, {"accessibility", "screenrec"},
-        {"mic", "mic"},         {"recovery", "recovery"}, {"ais", "ais"},
-        {"models", "warming"},  {"warming", "warming"},   {"hello", "hello"},
-        {"done", "done"}};
-    for (const char* screen : everyScreen) {
-        PlayedMachine machine;
-        machine.walkTo(screen);
-        machine.start();
-        EXPECT_EQ(machine.screen(), lands.at(screen)) << screen;
-    }
-}
-
 TEST(JourneyModel, HoldsWhileThereIsNoDaemonAndGoesOnWhenItIsBack) {
     for (const bool silent : {false, true}) {
         for (const std::string screen :
@@ -196,6 +182,26 @@ TEST(JourneyModel, RecordsWhatItPlugsInBeforeAndNotWhatWasRefused) {
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
     EXPECT_THAT(machine.wired, ElementsAre());
     EXPECT_THAT(machine.connected(), ElementsAre("codex"));
+}
+
+TEST(JourneyModel, LeavesOnRecordWhatAnotherProcessPutsThereAndUnplugsThatToo) {
+    PlayedMachine machine;
+    machine.walkTo("ais");
+    machine.wired = {"codex"};
+    machine.codex->becomes(ConnectorState::connected);
+    for (const bool on : {true, false, true}) {
+        machine.root->setWired(u"claude-code"_s, on);
+        ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
+        EXPECT_EQ(machine.wired, on ? PlayedMachine::Words({"codex", "claude-code"})
+                                    : PlayedMachine::Words({"codex"}));
+    }
+    machine.root->lookAgain();
+    ASSERT_TRUE(PlayedMachine::until([&] { return machine.connected().size() == 2; }));
+    machine.root->askToCancel();
+    machine.root->cancelInstall();
+    ASSERT_TRUE(PlayedMachine::until([&] { return machine.ended > 0; }));
+    EXPECT_THAT(machine.cancelled, ElementsAre());
+    EXPECT_THAT(machine.wired, ElementsAre());
 }
 
 TEST(JourneyModel, CancelledOnAnyScreenUnplugsItsOwnAlone) {
