@@ -25,6 +25,7 @@ import time
 LIMITS = {
     "Settings window": (4.0, 2.2),
     "Stats window": (4.0, 2.2),
+    "Window of the first run": (4.0, None),
     "Editor window, a day's memories": (6.0, None),
     "Editor window, 100,000 memories": (6.0, None),
     "Editor with its pictures": (None, 3.5),
@@ -111,6 +112,7 @@ def main():
             "empty window": ([build / "Benchmarks/FirstFrame/empty-window"], bare),
             "Settings window": ([settings, "--first-frame"], bare),
             "Stats window": ([settings, "--window=stats", "--first-frame"], day),
+            "Window of the first run": ([settings, "--window=onboarding", "--first-frame"], day),
             "Editor window, a day's memories": (editor, day),
             "Editor window, 100,000 memories": (editor, power),
         }

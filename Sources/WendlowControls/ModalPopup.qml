@@ -17,10 +17,19 @@ T.Popup {
 
     property Item before: null
 
+    // Whether another one has the keys by now, which may have opened as this one closed.
+    function passedOn(): bool {
+        for (let at = popup.parent.Window.activeFocusItem; at !== null; at = at.parent) {
+            if (at === T.Overlay.overlay)
+                return true;
+        }
+        return false;
+    }
+
     function giveBack(): void {
         if (popup.open)
             return;
-        if (popup.before !== null && popup.before.visible)
+        if (popup.before !== null && popup.before.visible && !popup.passedOn())
             popup.before.forceActiveFocus(LastInput.reason);
         popup.before = null;
         popup.gone();

@@ -121,6 +121,10 @@ QString dayAndTime(Date date, const QLocale& locale) {
            shortTime(wanted.time(), locale);
 }
 
+QString time(Date date, const QLocale& locale) {
+    return shortTime(local(date).time(), locale);
+}
+
 QString exact(Date date, const QLocale& locale) {
     const QDateTime wanted = local(date);
     return locale.toString(wanted.date(), QLocale::LongFormat) + QStringLiteral(", ") +

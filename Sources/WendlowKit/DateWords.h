@@ -27,6 +27,9 @@ QString dateAndTime(Date date, const QLocale& locale = {});
 /// The same without the year: "Nov 19, 2:02 PM".
 QString dayAndTime(Date date, const QLocale& locale = {});
 
+/// The time of day in hours and minutes: "2:02 PM". Some locales' own short format has seconds.
+QString time(Date date, const QLocale& locale = {});
+
 /// Nothing left out: "Thursday, November 19, 2026, 2:02 PM".
 QString exact(Date date, const QLocale& locale);
 

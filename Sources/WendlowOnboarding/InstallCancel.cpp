@@ -31,8 +31,40 @@ void forgetUpdateChoice() {
     QSettings suite(path, QSettings::IniFormat);
     suite.remove(QString::fromUtf8(UpdateOptIn::key));
     suite.sync();
-    if (suite.allKeys().isEmpty())
-        QFile::remove(path);
+    if (!suite.allKeys().isEmpty())
+        return;
+    QFile::remove(path);
+    ::rmdir(std::filesystem::path(path.toStdString()).parent_path().c_str()); // once it is empty
+}
+
+/// What either tells of. A writer that has undone something may tell of it no more, and one that
+/// goes on tells of more.
+LocalModelsProgress::Receipts either(LocalModelsProgress::Receipts now,
+                                     const LocalModelsProgress::Receipts& before) {
+    const auto keep = [&](auto field) {
+        if (!(now.*field))
+            now.*field = before.*field;
+    };
+    using Receipts = LocalModelsProgress::Receipts;
+    keep(&Receipts::runtimeDir);
+    keep(&Receipts::agentPlist);
+    keep(&Receipts::pulledModel);
+    keep(&Receipts::asrCacheDir);
+    keep(&Receipts::senkoDir);
+    keep(&Receipts::ollama);
+    keep(&Receipts::pullBeganAt);
+    return now;
+}
+
+/// The newest reading, with what the one before tells of.
+std::optional<LocalModelsProgress> reread(std::optional<LocalModelsProgress> last,
+                                          const std::filesystem::path& file) {
+    auto now = LocalModelsProgress::read(file);
+    if (!now)
+        return last;
+    if (last)
+        now->installed = either(std::move(now->installed), last->installed);
+    return now;
 }
 
 enum class Writer { gone, alive };
@@ -58,9 +90,7 @@ QCoro::Task<CancelEnd> run(std::optional<LocalModelsProgress> last, Surroundings
     log("cancel-install: asking the menu app to stop and undo");
     const std::filesystem::path file = support / LocalModelsProgress::fileName;
     const std::filesystem::path receipt = LocalModelsDoor::receiptPath(support);
-    // The writer may have put down more since; and it forgets what it has undone.
-    if (auto now = LocalModelsProgress::read(file))
-        last = std::move(now);
+    last = reread(std::move(last), file);
     // That of an earlier cancel would answer for this one.
     removeFile(receipt);
     LocalModelsDoor::postCancel(notifications);
@@ -68,6 +98,8 @@ QCoro::Task<CancelEnd> run(std::optional<LocalModelsProgress> last, Surroundings
     const bool seen = co_await waiting;
     log(seen ? "cancel-install: menu app receipt seen"
              : "cancel-install: menu app receipt NOT seen within 10s");
+    // Whoever did not hear has put down more meanwhile.
+    last = reread(std::move(last), file);
     const LocalModelsProgress::Receipts installed =
         last ? last->installed : LocalModelsProgress::Receipts();
     const auto planning =

@@ -9,8 +9,22 @@
 
 namespace wendlow {
 
-JourneyWiring::JourneyWiring(ConnectedAppsModel& apps, const Load& load, Save save)
-    : m_apps(apps), m_save(std::move(save)), m_ids(load()) {
+namespace {
+
+bool holds(const JourneyWiring::Ids& ids, const std::string& id) {
+    return std::ranges::find(ids, id) != ids.end();
+}
+
+JourneyWiring::Ids together(JourneyWiring::Ids first, const JourneyWiring::Ids& second) {
+    std::ranges::copy_if(second, std::back_inserter(first),
+                         [&first](const std::string& id) { return !holds(first, id); });
+    return first;
+}
+
+} // namespace
+
+JourneyWiring::JourneyWiring(ConnectedAppsModel& apps, Load load, Save save)
+    : m_apps(apps), m_load(std::move(load)), m_save(std::move(save)), m_ids(m_load()) {
     const ConnectedAppsList* const rows = m_apps.appsList();
     connect(rows, &QAbstractItemModel::dataChanged, this, &JourneyWiring::look);
     connect(rows, &QAbstractItemModel::rowsInserted, this, &JourneyWiring::look);
@@ -41,9 +55,8 @@ bool JourneyWiring::anyConnected() const {
 
 JourneyWiring::Ids JourneyWiring::toUnwire(const Ids& pluggedIn, const Ids& connected) {
     Ids ids;
-    std::ranges::copy_if(pluggedIn, std::back_inserter(ids), [&](const std::string& id) {
-        return std::ranges::find(connected, id) != connected.end();
-    });
+    std::ranges::copy_if(pluggedIn, std::back_inserter(ids),
+                         [&](const std::string& id) { return holds(connected, id); });
     return ids;
 }
 
@@ -57,7 +70,11 @@ JourneyWiring::Ids JourneyWiring::plugged() const {
 void JourneyWiring::save(const Ids& ids) {
     if (ids == m_ids)
         return;
-    m_ids = ids;
+    // A journey in another process may have put its own there since.
+    Ids record = m_load();
+    std::erase_if(record,
+                  [&](const std::string& id) { return holds(m_ids, id) && !holds(ids, id); });
+    m_ids = together(std::move(record), ids);
     m_save(m_ids);
 }
 
@@ -67,10 +84,7 @@ void JourneyWiring::set(const std::string& id, bool on) {
         return;
     m_working.insert(id);
     if (on) {
-        Ids ids = m_ids;
-        if (std::ranges::find(ids, id) == ids.end())
-            ids.push_back(id);
-        save(ids);
+        save(together(m_ids, {id}));
         m_apps.connect(QString::fromStdString(id));
     } else {
         m_apps.disconnect(QString::fromStdString(id));
@@ -128,6 +142,7 @@ QCoro::Task<> JourneyWiring::unplug(std::chrono::milliseconds limit) {
     co_await calm;
     if (!self)
         co_return;
+    m_ids = together(m_ids, m_load());
     for (const std::string& id : toUnwire(m_ids, connected())) {
         m_apps.disconnect(QString::fromStdString(id));
         auto done = until(

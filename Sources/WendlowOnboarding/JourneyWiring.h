@@ -15,7 +15,8 @@ namespace wendlow {
 
 /// Which tools this journey has plugged in, over restarts: so that a cancel unplugs these and no
 /// others. An id is recorded before its tool's files are touched and taken off when that came to
-/// nothing, so that a journey that is killed in between still knows. UI thread.
+/// nothing, so that a journey that is killed in between still knows. What another process has put
+/// on record meanwhile stays there, and counts as this journey's at a cancel. UI thread.
 class JourneyWiring final : public QObject {
     Q_OBJECT
 
@@ -24,7 +25,7 @@ public:
     using Load = std::function<Ids()>;
     using Save = std::function<void(const Ids&)>;
 
-    JourneyWiring(ConnectedAppsModel& apps, const Load& load, Save save);
+    JourneyWiring(ConnectedAppsModel& apps, Load load, Save save);
 
     /// Does nothing for a tool that is as wished, or being worked on.
     void set(const std::string& id, bool on);
@@ -58,6 +59,7 @@ private:
     QCoro::Task<> until(std::function<bool()> over, std::chrono::milliseconds limit);
 
     ConnectedAppsModel& m_apps;
+    const Load m_load;
     const Save m_save;
     Ids m_ids;
     std::set<std::string> m_working; ///< a verb of ours is under way

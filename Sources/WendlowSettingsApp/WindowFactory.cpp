@@ -1,6 +1,7 @@
 #include "WindowFactory.h"
 
 #include "ClientInstance.h"
+#include "HeldKeys.h"
 #include "ThemeSource.h"
 
 #include <QQmlComponent>
@@ -119,6 +120,7 @@ std::unique_ptr<QWindow> WindowFactory::createWindow(QQmlEngine& engine, const Q
     auto* const window = qobject_cast<QWindow*>(made);
     if (!window)
         endOnFault(file, QStringLiteral("it is no window"));
+    HeldKeys::pressOnceIn(*window);
     return std::unique_ptr<QWindow>(window);
 }
 

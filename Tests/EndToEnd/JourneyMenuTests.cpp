@@ -86,6 +86,22 @@ TEST_F(JourneyMenu, DownloadsWarmsTheHookUpAndTakesAllOfItBack) {
     EXPECT_EQ(everything(), before);
 }
 
+TEST_F(JourneyMenu, UndoneByTwoProcessesAtOnceLeavesNothing) {
+    const auto files = m_home / "Library/Application Support/Wendlow Practice/menu";
+    start({"--lasts", "100", "--no-warm-up"});
+    ASSERT_TRUE(eventually([this] { return !progress()["running"_L1].toBool(true); }));
+    // A second one takes the whole download for its own. What they take away together is much, so
+    // that they are at it at the same time.
+    for (int file = 0; file < 20'000; ++file)
+        put(files / "runtime" / std::to_string(file % 50) / std::to_string(file), "");
+    GatewayProcess second(WENDLOW_PRACTICE_MENU, {"--no-warm-up"}, m_home.path());
+    cancel();
+    EXPECT_EQ(m_menu->waitForEnd(), 0);
+    EXPECT_EQ(second.waitForEnd(), 0);
+    EXPECT_EQ(namesIn(m_support), std::vector<std::string>{"local-models-cancelled"});
+    EXPECT_FALSE(std::filesystem::exists(files));
+}
+
 TEST_F(JourneyMenu, CanBeAsAWriterShouldNotBe) {
     start({"--lasts", "400", "--dies-at", "0.5", "--no-warm-up", "--pid", "4194300"});
     EXPECT_EQ(m_menu->waitForEnd(), 0);

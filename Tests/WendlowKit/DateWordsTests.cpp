@@ -44,6 +44,8 @@ TEST(DateWords, AreShortAndInTheOrderOfTheLocale) {
     EXPECT_EQ(DateWords::day(at(2026, 11, 20, 23), now, english), u"Yesterday");
     EXPECT_EQ(DateWords::day(at(2026, 11, 22), now, english), u"Nov 22");
     EXPECT_EQ(DateWords::day(at(2025, 11, 21), now, english), u"Nov 2025");
+    EXPECT_EQ(DateWords::time(at(2026, 11, 9, 14), english), u"2:05 PM");
+    EXPECT_EQ(DateWords::time(at(2026, 11, 9, 14), QLocale::c()), u"14:05") << "without seconds";
     EXPECT_EQ(DateWords::exact(at(2026, 11, 9, 14), english), u"Monday, November 9, 2026, 2:05 PM");
 }
 

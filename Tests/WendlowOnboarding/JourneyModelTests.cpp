@@ -56,20 +56,6 @@ TEST(JourneyModel, LeadsToTheEndAndEndsTheApplication) {
     EXPECT_EQ(machine.ended, 1);
 }
 
-TEST(JourneyModel, KilledOnAScreenLandsWhereTheMachineSays) {
-    const std::map<std::string, std::string> lands{
-        {"welcome", "welcome"}, {"screenrec", "welcome"}, {"accessibility", "screenrec"},
-        {"mic", "mic"},         {"recovery", "recovery"}, {"ais", "ais"},
-        {"models", "warming"},  {"warming", "warming"},   {"hello", "hello"},
-        {"done", "done"}};
-    for (const char* screen : everyScreen) {
-        PlayedMachine machine;
-        machine.walkTo(screen);
-        machine.start();
-        EXPECT_EQ(machine.screen(), lands.at(screen)) << screen;
-    }
-}
-
 TEST(JourneyModel, HoldsWhileThereIsNoDaemonAndGoesOnWhenItIsBack) {
     for (const bool silent : {false, true}) {
         for (const std::string screen :
@@ -124,6 +110,21 @@ TEST(JourneyModel, IsHeldByAPermissionThatIsTakenAway) {
     machine.rounds();
     EXPECT_TRUE(machine.root->isGranted());
     EXPECT_TRUE(machine.logged("button: request_grant(microphone) returned"));
+}
+
+TEST(JourneyModel, LeadsNobodyAwayWhosePermissionsAreTakenWhileTheyGoOn) {
+    for (const std::string screen :
+         {"accessibility", "mic", "recovery", "ais", "models", "warming", "hello", "done"}) {
+        PlayedMachine machine;
+        machine.walkTo(screen);
+        machine.grants = GrantPair();
+        if (machine.model().isPolling())
+            machine.rounds();
+        // Who only waits is led by what is true of the machine.
+        EXPECT_TRUE(machine.shows(screen == "warming" ? "screenrec" : screen)) << screen;
+        EXPECT_TRUE(!Journey::isPermission(machine.model().screen()) ||
+                    !machine.root->isPrimaryEnabled());
+    }
 }
 
 TEST(JourneyModel, ShowsTheWordsOnlyOnTheirScreenAndHoldsByThem) {
@@ -181,6 +182,26 @@ TEST(JourneyModel, RecordsWhatItPlugsInBeforeAndNotWhatWasRefused) {
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
     EXPECT_THAT(machine.wired, ElementsAre());
     EXPECT_THAT(machine.connected(), ElementsAre("codex"));
+}
+
+TEST(JourneyModel, LeavesOnRecordWhatAnotherProcessPutsThereAndUnplugsThatToo) {
+    PlayedMachine machine;
+    machine.walkTo("ais");
+    machine.wired = {"codex"};
+    machine.codex->becomes(ConnectorState::connected);
+    for (const bool on : {true, false, true}) {
+        machine.root->setWired(u"claude-code"_s, on);
+        ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
+        EXPECT_EQ(machine.wired, on ? PlayedMachine::Words({"codex", "claude-code"})
+                                    : PlayedMachine::Words({"codex"}));
+    }
+    machine.root->lookAgain();
+    ASSERT_TRUE(PlayedMachine::until([&] { return machine.connected().size() == 2; }));
+    machine.root->askToCancel();
+    machine.root->cancelInstall();
+    ASSERT_TRUE(PlayedMachine::until([&] { return machine.ended > 0; }));
+    EXPECT_THAT(machine.cancelled, ElementsAre());
+    EXPECT_THAT(machine.wired, ElementsAre());
 }
 
 TEST(JourneyModel, CancelledOnAnyScreenUnplugsItsOwnAlone) {
@@ -392,7 +413,7 @@ TEST_F(InstallCancelled, LeavesNothingBehindADeadWriter) {
     EXPECT_EQ(run(std::nullopt), CancelEnd::stopped);
     EXPECT_EQ(m_log.back(), "cancel-install: menu app receipt NOT seen within 10s");
     EXPECT_FALSE(std::filesystem::exists(m_support));
-    EXPECT_TRUE(std::filesystem::is_empty(m_home / "Library/Preferences"));
+    EXPECT_FALSE(std::filesystem::exists(m_home / "Library/Preferences"));
 }
 
 TEST_F(InstallCancelled, UndoesBehindADeafWriterAndSaysThatItRuns) {
@@ -400,6 +421,19 @@ TEST_F(InstallCancelled, UndoesBehindADeafWriterAndSaysThatItRuns) {
     ASSERT_TRUE(progress(::getpid()).write(m_file));
     EXPECT_EQ(run(progress(0)), CancelEnd::writerStillRuns) << "the file knows better";
     EXPECT_THAT(testing::namesIn(m_support), ElementsAre("local-models-progress.json", "theirs"));
+}
+
+TEST_F(InstallCancelled, TakesWhatAWriterPutsDownWhileItIsWaitedFor) {
+    ASSERT_TRUE(progress(::getpid()).write(m_file));
+    QTimer::singleShot(20, [this] {
+        auto later = progress(::getpid());
+        later.installed.runtimeDir.reset(); // undone there, for all that it says
+        later.installed.senkoDir = testing::put(m_home / "voices/bin", "").parent_path().string();
+        ASSERT_TRUE(later.write(m_file));
+    });
+    EXPECT_EQ(run(std::nullopt), CancelEnd::writerStillRuns);
+    EXPECT_FALSE(std::filesystem::exists(m_home / "voices"));
+    EXPECT_FALSE(std::filesystem::exists(m_support / "models"));
 }
 
 TEST_F(InstallCancelled, BelievesTheReceiptOfThisCancel) {

@@ -241,7 +241,8 @@ TEST(JourneyReceipts, RememberWhatWasPluggedInOrNothing) {
         EXPECT_TRUE(JourneyWiringReceipt::read(put(file, whole.substr(0, cut))).empty()) << cut;
     for (const char* other : {"{}", "[1]", R"(["codex", null])", R"({"version": 2, "ids": []})"})
         EXPECT_TRUE(JourneyWiringReceipt::read(put(file, other)).empty()) << other;
-    EXPECT_TRUE(JourneyWiringReceipt::read(home.path()).empty());
+    for (const auto& unreadable : {home.path(), std::filesystem::path("/proc/self/mem")})
+        EXPECT_TRUE(JourneyWiringReceipt::read(unreadable).empty()) << unreadable;
     put(file, whole);
     {
         const testing::FullDisk full;

@@ -85,7 +85,8 @@ TEST(LocalModelsProgress, ComesBackAsItWasWritten) {
         ASSERT_EQ(Progress::decode(json.substr(0, cut)), std::nullopt) << cut;
     put(file, std::string((1U << 20U) + 1, ' ') + json);
     EXPECT_EQ(Progress::read(file), std::nullopt) << "longer than it may be";
-    EXPECT_EQ(Progress::read(home.path()), std::nullopt);
+    for (const auto& unreadable : {home.path(), std::filesystem::path("/proc/self/mem")})
+        EXPECT_EQ(Progress::read(unreadable), std::nullopt) << unreadable;
     EXPECT_FALSE(whole.write(home.path())) << "a folder stands there";
     EXPECT_EQ(testing::namesIn(home.path()).size(), 1U);
 }
@@ -257,6 +258,9 @@ TEST(LocalModelsScreen, EstimatesOnlyWhatWasEvenForAMinute) {
     EXPECT_FALSE(estimate(progress, Writer::gone, at(start + 60)));
     EXPECT_FALSE(estimate(progress, Writer::alive, at(start + 81)));
     EXPECT_FALSE(estimate(std::nullopt, Writer::alive, at(start)));
+    EXPECT_THAT(LocalModelsScreen::estimateLine({.minutes = 10, .doneBy = at(start)}, QLocale::c()),
+                ::testing::MatchesRegex("At the current rate, done by about [0-9]+:[0-9]+, in 10 "
+                                        "minutes\\."));
 }
 
 TEST(LocalModelsScreen, OffersAWayOutAndTellsTheSizes) {
@@ -299,6 +303,11 @@ TEST(LocalModelsDoor, WaitsForTheReceiptAndNoLonger) {
     std::filesystem::create_directories(receipt);
     EXPECT_FALSE(waits(0ms)) << "a folder is no receipt";
     std::filesystem::remove(receipt);
+    {
+        const testing::FullDisk full;
+        LocalModelsDoor::writeReceipt(receipt);
+    }
+    EXPECT_TRUE(testing::namesIn(receipt.parent_path()).empty()) << "a piece of a receipt";
     LocalModelsDoor::writeReceipt(receipt);
     EXPECT_TRUE(waits(0ms)) << "looked for once at least";
     EXPECT_TRUE(get(receipt)->starts_with("cancelled at "));
@@ -342,6 +351,18 @@ TEST(FirstRunWarm, FiresTheHookOnceHoweverItEnds) {
         EXPECT_TRUE(hook.fire(script).alreadyWarm) << what;
         EXPECT_FALSE(FirstRunWarm::isWarm(hook.marker, "8")) << what;
     }
+}
+
+TEST(FirstRunWarm, IsDoneAgainWhereTheDiskTookNoMarker) {
+    const Hook hook;
+    put(hook.home / "hook", "#!/bin/sh\n", 0755);
+    {
+        const testing::FullDisk full;
+        EXPECT_EQ(hook.fire("").outcome, FirstRunWarm::Outcome::ok);
+    }
+    EXPECT_FALSE(FirstRunWarm::isWarm(hook.marker, "7"));
+    EXPECT_FALSE(hook.fire("").alreadyWarm);
+    EXPECT_TRUE(FirstRunWarm::isWarm(hook.marker, "7"));
 }
 
 TEST(FirstRunWarm, KillsAHookThatHangs) {

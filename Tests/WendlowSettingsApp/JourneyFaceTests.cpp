@@ -6,6 +6,9 @@
 #include "WordsInPlace.h"
 
 #include <QAccessible>
+#include <QKeyEvent>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTest>
 
@@ -78,6 +81,19 @@ protected:
         for (const Qt::Key key : keys)
             QTest::keyClick(window.get(), key);
     }
+    /// As a hand that rests on the key: the keyboard lets it go and presses it, and says so.
+    void hold(Qt::Key key, const QString& letter) {
+        const auto send = [&](QEvent::Type type, bool again) {
+            QKeyEvent event(type, key, Qt::NoModifier, letter, again);
+            QCoreApplication::sendEvent(window.get(), &event);
+        };
+        send(QEvent::KeyPress, false);
+        for (int time = 0; time < 3; ++time) {
+            send(QEvent::KeyRelease, true);
+            send(QEvent::KeyPress, true);
+        }
+        send(QEvent::KeyRelease, false);
+    }
 
     PosedJourney mac;
     std::unique_ptr<JourneyRoot> root;
@@ -122,7 +138,8 @@ TEST_F(JourneyFace, StandsInEveryStateAndSizeWithTheFocusInSight) {
             << state.toStdString() << ": the keys go nowhere";
         for (const auto& [scale, size] :
              {std::pair(1.0, QSize(800, 620)), std::pair(1.0, QSize(560, 420)),
-              std::pair(1.5, QSize(1200, 930)), std::pair(1.5, QSize(800, 600))}) {
+              std::pair(1.25, QSize(700, 525)), std::pair(1.5, QSize(1200, 930)),
+              std::pair(1.5, QSize(800, 600))}) {
             looks.setTextScale(scale);
             window->resize(size);
             QTest::qWait(30);
@@ -175,6 +192,34 @@ TEST_F(JourneyFace, IsWalkedByReturnTabAndSpaceAlone) {
     EXPECT_TRUE(comesTo(u"done"_s, u"Quit setup"_s));
 }
 
+TEST_F(JourneyFace, PressesOnceWhatIsHeldAndWritesItAsOften) {
+    open();
+    ASSERT_TRUE(comesTo(u"welcome"_s, root->termsTick()));
+    hold(Qt::Key_Return, u"\r"_s);
+    EXPECT_TRUE(root->agreedToTerms());
+    hold(Qt::Key_Space, u" "_s);
+    EXPECT_FALSE(root->agreedToTerms());
+    struct Case {
+        const char* field;
+        Qt::Key key;
+        QString letter;
+        QString written;
+    };
+    const Case cases[] = {{"TextInput", Qt::Key_Space, u" "_s, u"    "_s},
+                          {"TextEdit", Qt::Key_Space, u" "_s, u"    "_s},
+                          {"TextEdit", Qt::Key_Return, u"\r"_s, u"\n\n\n\n"_s}};
+    for (const auto& [field, key, letter, written] : cases) {
+        QQmlComponent component(qmlEngine(&content()));
+        component.setData(QByteArray("import QtQuick\n") + field + " {}", {});
+        const std::unique_ptr<QQuickItem> made(qobject_cast<QQuickItem*>(component.create()));
+        ASSERT_TRUE(made);
+        made->setParentItem(&content());
+        made->forceActiveFocus();
+        hold(key, letter);
+        EXPECT_EQ(made->property("text").toString(), written) << field;
+    }
+}
+
 TEST_F(JourneyFace, ShowsTheWordsToTheEyeAlone) {
     mac.screen = JourneyScreen::recoveryKey;
     open();
@@ -190,6 +235,21 @@ TEST_F(JourneyFace, ShowsTheWordsToTheEyeAlone) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return root->screen() == u"ais"_s; }));
     EXPECT_EQ(root->phrase(), QStringList());
     EXPECT_TRUE(QTest::qWaitFor([&] { return !draws(content(), u"amber"_s); }));
+}
+
+TEST_F(JourneyFace, HasTheFocusWhereItSaysThatTheDownloadGoesOn) {
+    mac.screen = JourneyScreen::localModels;
+    mac.cancel = PosedJourney::Answer::refused;
+    open();
+    ASSERT_TRUE(comesTo(u"models"_s, u"Continue"_s));
+    press({Qt::Key_Backtab, Qt::Key_Return});
+    ASSERT_TRUE(comesTo(u"models"_s, u"Keep going"_s));
+    press({Qt::Key_Tab, Qt::Key_Return});
+    ASSERT_TRUE(comesTo(u"models"_s, root->cancelFailedButton()));
+    QTest::qWait(50); // the other sheet has gone by then
+    EXPECT_TRUE(comesTo(u"models"_s, root->cancelFailedButton()));
+    press({Qt::Key_Return});
+    EXPECT_FALSE(root->hasCancelFailed());
 }
 
 TEST_F(JourneyFace, StaysWhileEverythingIsTakenBack) {

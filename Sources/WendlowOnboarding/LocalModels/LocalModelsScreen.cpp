@@ -1,10 +1,8 @@
 #include "LocalModelsScreen.h"
 
+#include "DateWords.h"
 #include "JourneyWords.h"
 #include "LocalModelsUndo.h"
-
-#include <QDateTime>
-#include <QTime>
 
 #include <algorithm>
 #include <array>
@@ -150,10 +148,7 @@ std::optional<Estimate> estimate(std::vector<Sample> samples, std::int64_t remai
 }
 
 std::string estimateLine(const Estimate& estimate, const QLocale& locale) {
-    const auto milliseconds =
-        std::chrono::duration_cast<std::chrono::milliseconds>(estimate.doneBy.time_since_epoch());
-    const QTime clock = QDateTime::fromMSecsSinceEpoch(milliseconds.count()).time();
-    return Words::estimate(locale.toString(clock, QLocale::ShortFormat).toStdString(),
+    return Words::estimate(DateWords::time(estimate.doneBy, locale).toStdString(),
                            estimate.minutes);
 }
 

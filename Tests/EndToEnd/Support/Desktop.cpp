@@ -149,6 +149,11 @@ bool RunningApplication::waitForEnd() {
     return m_process.waitForFinished(patience);
 }
 
+void RunningApplication::kill() {
+    m_process.kill();
+    m_process.waitForFinished(patience);
+}
+
 QString RunningApplication::errors() {
     return QString::fromUtf8(m_process.readAllStandardError());
 }

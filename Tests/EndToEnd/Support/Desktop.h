@@ -67,6 +67,8 @@ public:
     QString howItIs();
     /// Waits until it has ended by itself.
     bool waitForEnd();
+    /// Ends it in the middle of whatever it does.
+    void kill();
     /// The window with this title, once it is on the screen.
     std::optional<Accessible> window(const QString& title) const;
     /// Waits for something with this role and name anywhere in the application.
