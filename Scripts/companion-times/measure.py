@@ -126,15 +126,15 @@ def main():
                    "org.freedesktop.DBus.Peer.Ping")
     idle = Program(f"{programs}/wendlow-hook", "--harness", "codex")
     server = initialized(f"{programs}/wendlow-mcp")
-    types = {"name": "memory_list_types", "arguments": {"scope": FOLDER}}
-    asked = {"read": {"_0": {"listTypes": {"scope": FOLDER}}}}
+    grab = {"name": "grab", "arguments": {"id": "m1"}}
+    asked = {"read": {"_0": {"grab": {"id": "m1", "full": False}}}}
 
     times = {name: [] for name in ("bare", "idle", "ping", "call", "exchange", "list")}
     whole = {slot: [] for slot in hooks}
     served = {slot: [] for slot in hooks}
     for number in range(-5, rounds):  # the first few warm up what can be warm
         seen = {"bare": spent(bare.run), "idle": spent(idle.run), "ping": spent(gateway.peer.Ping),
-                "call": spent(lambda: server.say("tools/call", **types)), "exchange": gateway.ask(asked)}
+                "call": spent(lambda: server.say("tools/call", **grab)), "exchange": gateway.ask(asked)}
         start = time.perf_counter()
         other = initialized(f"{programs}/wendlow-mcp")
         seen["list"] = (time.perf_counter() - start) * 1000
@@ -163,7 +163,7 @@ def main():
           f"{within(median(times['call']), max(exchange + 1, 1.3 * exchange), 'ms')}")
     print(f"wendlow-mcp, from its start to tools/list: {within(median(times['list']), 30, 'ms')}")
     for _ in range(CALLS):
-        server.say("tools/call", **types)
+        server.say("tools/call", **grab)
     print(f"wendlow-mcp, held at most in {CALLS} calls: {within(server.megabytes(), 64, 'MB')}")
     server.end()
 
