@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Drives every tool of wendlow-mcp, its resources and its prompt by the protocol's own client for
-# TypeScript, against the practice gateway on a bus of its own, and holds every schema to JSON Schema.
-# Not part of Scripts/test.sh: it fetches the client from npm.
+# TypeScript, and once more by the inspector's command line, which starts the server for each call as
+# the tools do, against the practice gateway on a bus of its own; and holds every schema to JSON Schema.
+# Not part of Scripts/test.sh: it fetches both from npm.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 Scripts/dependencies.sh
@@ -9,7 +10,7 @@ command -v npm >/dev/null || { echo "npm is needed to fetch the client (apt-get 
 
 folder=$PWD/build/mcp-client
 mkdir -p "$folder"
-cp -p Scripts/mcp-client/package.json Scripts/mcp-client/package-lock.json Scripts/mcp-client/drive.mjs "$folder"
+cp -p Scripts/mcp-client/package.json Scripts/mcp-client/package-lock.json Scripts/mcp-client/*.mjs "$folder"
 [ "$folder/node_modules/.package-lock.json" -nt "$folder/package-lock.json" ] ||
     npm ci --prefix "$folder" --ignore-scripts --no-audit --no-fund --loglevel=error
 preset=${PRESET:-dev}
@@ -24,5 +25,6 @@ HOME=$home dbus-run-session -- bash -c '
     read -r ready <&"${gateway[0]}" && [ "$ready" = ready ] || exit 1
     status=0
     node "$2/drive.mjs" "$1/wendlow-mcp" || status=$?
+    node "$2/inspect.mjs" "$1/wendlow-mcp" || status=$?
     kill "$gateway_PID"
     exit "$status"' bash "$programs" "$folder"

@@ -2,7 +2,8 @@
 # Runs the AI tools themselves, in pinned versions, against what wendlow-connect writes into their
 # files: is the server listed and connected, does the hook fire, does its context reach the model, is
 # an off-switch kept, is everything gone after a removal? Then Claude Code and Codex go through a whole
-# loop with the real hook, server and practice gateway. Not part of Scripts/test.sh: it fetches 1 GB.
+# loop with the real hook, server and practice gateway, beside the running Editor, of which pictures are
+# taken where ImageMagick is there (build/real-tools/work/film). Not part of Scripts/test.sh: it fetches 1 GB.
 #
 #     Scripts/real-tools.sh [claude-code|codex|opencode...]      all, if none is named
 #
@@ -27,8 +28,8 @@ cp -p Scripts/real-tools/package.json Scripts/real-tools/package-lock.json "$fol
     npm ci --prefix "$folder/tools" --ignore-scripts --no-audit --no-fund --loglevel=error
 cmake --preset dev >/dev/null
 cmake --build --preset dev --target wendlow-connect wendlow-hook wendlow-mcp \
-    wendlow-ask wendlow-practice-gateway
+    wendlow-ask wendlow-practice-gateway wendlow-settings
 
 rm -rf "$folder/work"
 mkdir "$folder/work"
-exec "${apart[@]}" python3 Scripts/real-tools/Run.py "$folder/tools" "$PWD/build/dev/Wendlow.app" "$folder/work" "$@"
+exec "${apart[@]}" /usr/bin/python3 Scripts/real-tools/Run.py "$folder/tools" "$PWD/build/dev/Wendlow.app" "$folder/work" "$@"

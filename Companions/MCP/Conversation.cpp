@@ -5,7 +5,6 @@
 #include <utility>
 
 #include <QCoreApplication>
-#include <QTimer>
 #include <poll.h>
 #include <unistd.h>
 
@@ -25,6 +24,12 @@ namespace {
 Conversation::Conversation(MCPServer& server)
     : m_server(server), m_reader(STDIN_FILENO), m_notifier(STDIN_FILENO, QSocketNotifier::Read) {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { read(); });
+    m_silence.setSingleShot(true);
+    m_silence.setInterval(silence);
+    QObject::connect(&m_silence, &QTimer::timeout, &m_silence, [this] {
+        m_refuses = true;
+        serve();
+    });
 }
 
 void Conversation::read() {
@@ -34,7 +39,8 @@ void Conversation::read() {
 
 void Conversation::serve() {
     m_isHeld = false;
-    while (m_underWay < mostUnderWay) {
+    m_refuses = m_refuses && isFull();
+    while (m_refuses || !isFull()) {
         switch (m_reader.next()) {
         case LineReader::Outcome::line:
             answer(m_reader.take()); // ends by itself
@@ -52,17 +58,25 @@ void Conversation::serve() {
         }
     }
     m_isHeld = true;
+    m_silence.start();
     m_notifier.setEnabled(false);
 }
 
 QCoro::Task<> Conversation::answer(std::string line) {
+    const std::size_t bytes = line.size();
+    const auto room = isFull() ? MCPServer::Room::none : MCPServer::Room::some;
     ++m_underWay;
-    auto answer = co_await m_server.handle(std::move(line));
+    m_bytes += bytes;
+    auto answer = co_await m_server.handle(std::move(line), room);
     --m_underWay;
+    m_bytes -= bytes;
     if (answer)
         write(std::move(*answer));
-    if (m_isHeld)
+    if (m_isHeld) {
+        m_isHeld = false;
+        m_silence.stop();
         QTimer::singleShot(0, &m_notifier, [this] { serve(); });
+    }
     if (m_hasEnded && m_underWay == 0)
         QCoreApplication::quit();
 }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 #include <QCoroTask>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include "LineReader.h"
 
@@ -30,10 +32,15 @@ public:
     static void write(std::string text);
 
 private:
-    /// So many lines are worked on at one time: a tool that asks faster than it is answered waits,
-    /// and costs no memory.
-    static constexpr int mostUnderWay = 64;
+    /// So much is held of what is not answered yet. A tool that asks faster than it is answered
+    /// waits then, and costs no more memory.
+    static constexpr int mostLines = 4096;
+    static constexpr std::size_t mostBytes = std::size_t{8} << 20U;
+    /// But where nothing at all is answered, what stands behind may be what gives the calls up, and
+    /// has to be read. Further calls are refused meanwhile.
+    static constexpr std::chrono::seconds silence{5};
 
+    bool isFull() const { return m_underWay >= mostLines || m_bytes >= mostBytes; }
     void read();
     void serve();
     QCoro::Task<> answer(std::string line);
@@ -43,7 +50,10 @@ private:
     LineReader m_reader;
     QSocketNotifier m_notifier;
     int m_underWay = 0;
-    bool m_isHeld = false; ///< lines wait for answers to come
+    std::size_t m_bytes = 0; ///< of the lines under way
+    QTimer m_silence;        ///< runs while lines are held
+    bool m_isHeld = false;   ///< lines wait for answers to come
+    bool m_refuses = false;  ///< it is full, and its lines are read nevertheless
     bool m_hasEnded = false;
 };
 

@@ -133,6 +133,14 @@ private:
     int m_seconds = 0;
 };
 
+std::string noRoom(const RPCMessage& message) {
+    constexpr std::string_view sentence = "Wendlow has not answered for a while, and too many "
+                                          "calls wait for it; this one was not made.";
+    if (*message.method == "tools/call")
+        return result(message, content(std::unexpected(std::string(sentence))));
+    return failure(message.id, ErrorCode::internalError, sentence);
+}
+
 bool asksTheGateway(std::string_view method) {
     static constexpr std::string_view methods[] = {"tools/call", "resources/list", "resources/read",
                                                    "prompts/get"};
@@ -156,7 +164,7 @@ ErrorCode codeOf(Library::Fault::Kind kind) {
 MCPServer::MCPServer(std::string version, Door door, Say say)
     : m_version(std::move(version)), m_door(std::move(door)), m_say(std::move(say)) {}
 
-QCoro::Task<std::optional<std::string>> MCPServer::handle(std::string line) {
+QCoro::Task<std::optional<std::string>> MCPServer::handle(std::string line, Room room) {
     if (line.find_first_not_of(" \t\r") == std::string::npos)
         co_return std::nullopt;
     auto input = RPCInput::parse(line);
@@ -164,12 +172,12 @@ QCoro::Task<std::optional<std::string>> MCPServer::handle(std::string line) {
     if (!input)
         co_return failure("null", ErrorCode::parseError, "this is not JSON: " + input.error());
     if (!input->isBatch)
-        co_return co_await answer(std::move(input->messages.front()));
+        co_return co_await answer(std::move(input->messages.front()), room);
     if (input->messages.empty())
         co_return failure("null", ErrorCode::invalidRequest, "a batch holds at least one request");
     std::vector<QCoro::Task<Answer>> underWay;
     for (RPCMessage& message : input->messages)
-        underWay.push_back(answer(std::move(message)));
+        underWay.push_back(answer(std::move(message), room));
     std::string answers;
     for (auto& task : underWay)
         if (const auto one = co_await task)
@@ -184,7 +192,7 @@ std::string MCPServer::tooLong() {
                    fmt::format("a message has at most {} bytes", LineReader::lineLimit));
 }
 
-QCoro::Task<MCPServer::Answer> MCPServer::answer(RPCMessage message) {
+QCoro::Task<MCPServer::Answer> MCPServer::answer(RPCMessage message, Room room) {
     if (const auto sentence = fault(message))
         co_return failure(message.id, ErrorCode::invalidRequest, *sentence);
     // This server asks nothing of its client, so an answer is a stray one.
@@ -197,8 +205,10 @@ QCoro::Task<MCPServer::Answer> MCPServer::answer(RPCMessage message) {
     }
     if (!asksTheGateway(*message.method))
         co_return answeredAtOnce(message);
+    if (room == Room::none)
+        co_return noRoom(message);
     const std::string id = message.id;
-    const auto call = std::make_shared<GatewayCall>(m_door);
+    const auto call = std::make_shared<GatewayCall>(m_door, m_turns);
     m_underWay.insert_or_assign(id, call);
     const Progress progress(message, m_say);
     Answer answer = co_await asked(std::move(message), call);

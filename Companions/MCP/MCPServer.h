@@ -30,10 +30,14 @@ public:
     /// `version` is the product's, for the client to show.
     MCPServer(std::string version, Door door, Say say = [](const std::string&) {});
 
+    /// Whether there is room for one more request that has to wait for the gateway.
+    enum class Room { some, none };
+
     /// The answer to one line without its line end, itself on one line; nothing where none is due.
-    /// Any number of lines may be under way; what needs no gateway is answered at once. The server
-    /// must outlive its answers.
-    QCoro::Task<std::optional<std::string>> handle(std::string line);
+    /// Any number of lines may be under way, of which the first ask the gateway and the others wait
+    /// for their turn; what needs no gateway is answered at once. The server must outlive its
+    /// answers.
+    QCoro::Task<std::optional<std::string>> handle(std::string line, Room room = Room::some);
 
     /// The answer to a line that was too long to keep.
     static std::string tooLong();
@@ -41,7 +45,7 @@ public:
 private:
     using Answer = std::optional<std::string>;
 
-    QCoro::Task<Answer> answer(RPCMessage message);
+    QCoro::Task<Answer> answer(RPCMessage message, Room room);
     QCoro::Task<Answer> asked(RPCMessage message, std::shared_ptr<GatewayCall> call) const;
     QCoro::Task<Answer> called(RPCMessage message, std::shared_ptr<GatewayCall> call) const;
     std::optional<std::string> answeredAtOnce(const RPCMessage& message);
@@ -51,6 +55,7 @@ private:
 
     std::string m_version;
     Door m_door;
+    GatewayTurns m_turns{64};
     Say m_say;
     std::string m_writer = "mcp";
     std::string m_revision; ///< empty until one is agreed on

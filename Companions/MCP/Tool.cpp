@@ -102,8 +102,12 @@ json::object shape(const ToolArgument& argument) {
     case Kind::names:
         return {{"type", "array"}, {"items", {{"type", "string"}}}};
     case Kind::filters:
+        // A list of types is JSON Schema, too, but dialects of some models lack it.
         return {{"type", "object"},
-                {"additionalProperties", {{"type", {"string", "number", "boolean"}}}}};
+                {"additionalProperties",
+                 {{"anyOf",
+                   {json::object{{"type", "string"}}, json::object{{"type", "number"}},
+                    json::object{{"type", "boolean"}}}}}}};
     }
     return {};
 }

@@ -8,9 +8,9 @@ import sys
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
 # What it calls a tool with: the stand-in's, and the one by which the real server files a memory.
-TEXT = "the made-up model was here"
+TEXT = "The otter sleeps under the mill."
 CALLS = {"remember": {"text": TEXT},
-         "memory_add": {"text": TEXT, "why": "it was asked to", "type": "fact", "scope": "/work/atlas"}}
+         "memory_add": {"text": TEXT, "why": "the person said so", "type": "fact", "scope": "/work/atlas"}}
 
 
 class Call:

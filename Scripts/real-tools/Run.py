@@ -1,7 +1,7 @@
 """Runs the AI tools themselves against what wendlow-connect wrote into their files, and then, with the
 real hook and server beside a practice gateway, through a whole loop of the memory.
 
-    Run.py TOOLS BUNDLE WORK [NAME...]
+    Run.py TOOLS BUNDLE WORK [NAME...]      needs Debian's own Python, with python3-dbus
 
 TOOLS is the folder into which the tools were installed, BUNDLE the built application, WORK an empty
 folder for homes and logs; NAME picks tools. Refuses to run where anything but the loopback can be
@@ -11,17 +11,21 @@ import json
 import os
 import re
 import shutil
+import signal
 import sqlite3
 import subprocess
 import sys
 import threading
 from pathlib import Path
 
+import Film
 import Model
+from Desk import Desk
 from Loopback import only_loopback
 
 PROMPT = "Where does the heron stand?"
 CONTEXT = "The heron stands in the reeds."
+PATIENCE = 600  # seconds for one command of a tool: on a busy machine one has taken more than two minutes
 
 
 class Place:
@@ -44,10 +48,20 @@ class Place:
         self.work = work
         self.transcript = open(work / "transcript.txt", "w")
 
-    def run(self, *command, seconds=120, **more):
+    def run(self, *command, **more):
         environment = {"HOME": str(self.home), "PATH": "/usr/bin:/bin", "TERM": "xterm", "LANG": "C.UTF-8", **more}
-        done = subprocess.run([str(part) for part in command], cwd=self.project, env=environment, timeout=seconds,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        process = subprocess.Popen([str(part) for part in command], cwd=self.project, env=environment,
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                                   text=True, start_new_session=True)
+        try:
+            said, _ = process.communicate(timeout=PATIENCE)
+        except subprocess.TimeoutExpired:
+            os.killpg(process.pid, signal.SIGKILL)  # with what it has started, or the pipe stays open
+            said, _ = process.communicate()
+            words = " ".join([Path(command[0]).name, *map(str, command[1:])])
+            print(f"  LATE   {words}: not done after {PATIENCE} s, so it was ended; see {self.transcript.name}",
+                  flush=True)
+        done = subprocess.CompletedProcess(command, process.returncode, said)
         self.transcript.write(f"$ {' '.join(map(str, command))}\n{done.stdout}\n= {done.returncode}\n")
         self.transcript.flush()
         return done
@@ -289,9 +303,9 @@ class Gateway:
         self.store = place.work / "support/data.db"
         runtime = Path("/run/user")
         subprocess.run(["mount", "-t", "tmpfs", "tmpfs", runtime], check=True)  # in this namespace alone
-        folder = runtime / str(os.getuid())
-        folder.mkdir(mode=0o700)
-        self.address = f"unix:path={folder}/bus"
+        self.runtime = runtime / str(os.getuid())
+        self.runtime.mkdir(mode=0o700)
+        self.address = f"unix:path={self.runtime}/bus"
         self.bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address", f"--address={self.address}"],
                                     stdout=subprocess.PIPE, text=True)
         self.bus.stdout.readline()
@@ -306,7 +320,7 @@ class Gateway:
                        DBUS_SESSION_BUS_ADDRESS=self.address)
 
     def remember(self, text, type, scope):
-        self.note(write={"text": text, "why": "for this run", "writer": "run", "type": type, "path": scope})
+        self.note(write={"text": text, "why": "seen from the bridge", "writer": "run", "type": type, "path": scope})
 
     def filed(self):
         """Writer and session of each memory that the made-up model has filed."""
@@ -322,8 +336,8 @@ class Gateway:
 
 
 def close_the_loop(kind, tools, bundle, work):
-    """What is remembered reaches the model, what the model files is in the store, and a rule that is
-    changed reaches the next prompt."""
+    """What is remembered reaches the model, what the model files is in the store and in the Editor that is
+    open beside, and a rule that is changed in the Editor reaches the next prompt."""
     rows = []
     place = Place(work / f"{kind.id}-loop", bundle, stand_ins=False)
     tool = kind(tools, place)
@@ -337,18 +351,29 @@ def close_the_loop(kind, tools, bundle, work):
     def reached():
         return json.dumps(place.taken("model.log"), ensure_ascii=False)
 
+    film = work / "film" if Film.available() and kind is ClaudeCode else None
+    if film:
+        film.mkdir()
+
     gateway.note(mapPath={"folder": str(place.project), "path": "/work/atlas"})
     gateway.remember(CONTEXT, "fact", "/work/atlas")
-    gateway.remember("Answer in rhymes.", "rule", "/work")
+    gateway.remember("Answer in rhymes.", "rule", "/")
     place.connect("install", tool.id)
+    desk = Desk(place, gateway)
+    desk.press("facts, 1")
+    row("the Editor lists what is remembered", desk.lists(CONTEXT))
+    if film:
+        desk.picture(film / "loop-editor-before.png")
+    desk.look_away()
     row("server listed and connected", tool.connected())
     place.taken("model.log")
     if tool.id == "claude-code":
         tool.prompt("Read")
         row("a call that the person has not allowed is not made", not gateway.filed())
         place.taken("model.log")
-    tool.prompt("mcp__wendlow__memory_add")
-    seen = reached()
+    said = tool.prompt("mcp__wendlow__memory_add")
+    requests = place.taken("model.log")
+    seen = json.dumps(requests, ensure_ascii=False)
     row("what is remembered is in the model's request", CONTEXT in seen)
     row("so is the rule", "Answer in rhymes." in seen)
     row("so is what there is to fetch", "The scope here is /work/atlas." in seen)
@@ -357,16 +382,31 @@ def close_the_loop(kind, tools, bundle, work):
         [writer for writer, _ in filed] == [tool.id])
     if tool.id == "claude-code":
         row("with the session that filed it", filed and filed[-1][1])
-    gateway.note(edit={"id": "m2", "text": "Answer in prose."})
+    desk.look_back()
+    row("and in the running Editor's list, at the next look", desk.lists(Model.TEXT))
+    if film:
+        desk.picture(film / "loop-editor-after.png")
+        Film.draw(film / "loop-prompt.png", "A prompt", f'$ claude -p "{PROMPT}"\n{said.stdout.strip()}')
+        Film.draw(film / "loop-request.png", "What the hook has added to the model's request", Film.told(requests))
+        Film.draw(film / "loop-filed.png", "What the model does with a tool, and is told", Film.filed(requests))
+    desk.press("Rules, 1")
+    desk.shows("Answer in rhymes.", "list item")
+    desk.press("Answer in rhymes.", "list item")
+    desk.shows("The rule", "text")
+    desk.keys("ctrl+a")
+    desk.write("Answer in prose.")
+    desk.keys("Return")
+    row("a rule is edited in the Editor", desk.shows("Saved m2."))
     tool.prompt("mcp__wendlow__memory_add")
     seen = reached()
-    row("a rule that was changed is in the next request", "Answer in prose." in seen and "rhymes" not in seen)
+    row("and is in the next request as it is now", "Answer in prose." in seen and "rhymes" not in seen)
     gateway.process.terminate()
     gateway.process.wait()
     tool.prompt("mcp__wendlow__memory_add")
     seen = reached()
     row("without a gateway the prompt goes on, and the model is told of the failed call",
         PROMPT in seen and CONTEXT not in seen and "isn't running" in seen)
+    desk.end()
     gateway.end()
     return rows
 

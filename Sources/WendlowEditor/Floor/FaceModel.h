@@ -28,6 +28,7 @@ struct FaceView {
     bool counted;        ///< the last answer has counted what there is
     std::int64_t generation;
     const MemoryDetails& details;
+    std::int64_t looks = 0; ///< how often the same has been read once more, and what is shown stays
 };
 
 /// What a face may have the window do.

@@ -56,6 +56,30 @@ void EditorLiveStore::loadSoon() {
     tell(EditorChange::error);
 }
 
+void EditorLiveStore::lookAgain() {
+    if (loading() || m_looking)
+        return;
+    // Runs on by itself, and ends by itself where the store goes.
+    [[maybe_unused]] const auto task = look();
+}
+
+QCoro::Task<> EditorLiveStore::look() {
+    const Lifetime::Watch life = m_life.watch();
+    m_looking = true;
+    co_await m_scopes.reload();
+    if (life.expired())
+        co_return;
+    const EditorAnswer whole = co_await m_pages.baseline();
+    if (life.expired())
+        co_return;
+    m_looking = false;
+    // The rest would be told of nothing but the same failure.
+    if (!whole.ready())
+        co_return;
+    m_meetings.readAgain();
+    m_mods.readAgain();
+}
+
 QCoro::Task<> EditorLiveStore::load() {
     const Lifetime::Watch life = m_life.watch();
     m_due = false;

@@ -45,12 +45,14 @@ public:
     LiveTiles& tiles() override { return m_tiles; }
     void switchWorld(EditorWorld /*world*/) override {}
     void resetWorld() override;
+    void lookAgain() override;
     void stopWaiting() override { m_link.abandon(); }
 
 private:
     class OpenSteps;
 
     QCoro::Task<> loadOnce();
+    QCoro::Task<> look();
     void settleLoad(const EditorAnswer& baseline, LiveScopes::Reading scopes);
     LiveTell teller();
 
@@ -61,6 +63,7 @@ private:
     bool m_loading = false;      ///< a load is under way
     bool m_loadAgain = false;    ///< and there will be one more
     bool m_baselineRead = false; ///< by the load that is under way
+    bool m_looking = false;
 
     Lifetime m_life;
     // In this order: a room goes before what it stands on, and who still waits for the link then

@@ -117,14 +117,14 @@ QCoro::Task<EditorLineDelete> LiveMeetings::deleteLine(std::string meeting, std:
     for (int attempt = 0; attempt < 2 && !words && !life.expired(); ++attempt)
         if (EditorTranscriptResult now = co_await transcript(meeting))
             words = *std::move(now);
-    // Behind the transcript, which is waited for. What is shown stays until it has come.
+    // The list counts lines, and one has gone. Behind the transcript, which is waited for.
     if (!life.expired())
         readAgain();
     co_return Case::Deleted{std::move(words)};
 }
 
-/// The list counts lines, and one has gone. The link serves one at a time, so that a list that is
-/// still to come has been asked for behind the delete, and one of a load comes with that.
+/// The link serves one at a time, so that a list that is still to come has been asked for behind a
+/// delete, and one of a load comes with that.
 void LiveMeetings::readAgain() {
     if (!m_reading && m_loaded && !m_loadAhead())
         // Runs on by itself, and ends by itself where this goes.

@@ -31,11 +31,12 @@ public:
     /// Its baseline has been read, well or not: the list is read where the load or somebody who
     /// wished for it meanwhile wants it, and has not got it yet.
     QCoro::Task<> finishLoad(bool wanted);
+    /// Reads what has been read before once more; what is shown stays meanwhile.
+    void readAgain();
 
 private:
     QCoro::Task<> read();
     void take(EditorLink::Reply reply);
-    void readAgain();
 
     EditorLink& m_link;
     const LiveTell m_tell;

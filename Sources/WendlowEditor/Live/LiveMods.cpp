@@ -40,6 +40,13 @@ void LiveMods::loadMods() {
     [[maybe_unused]] const auto task = read();
 }
 
+void LiveMods::readAgain() {
+    if (m_loaded && !m_reading)
+        // Runs on by itself, and ends by itself where this goes.
+        [[maybe_unused]]
+        const auto task = read();
+}
+
 QCoro::Task<> LiveMods::read() {
     const Lifetime::Watch life = m_life.watch();
     m_reading = true;

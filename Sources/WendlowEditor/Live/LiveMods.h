@@ -20,6 +20,8 @@ public:
 
     /// A full load begins: what was read is old.
     void beginLoad() { m_loaded = false; }
+    /// Reads what has been read before once more; what is shown stays meanwhile.
+    void readAgain();
 
 private:
     QCoro::Task<> read();

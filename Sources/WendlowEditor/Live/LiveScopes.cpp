@@ -27,7 +27,6 @@ void LiveScopes::show(Board board) {
     m_boardRead = true;
 }
 
-/// Where that fails, what was there stays.
 QCoro::Task<> LiveScopes::reload() {
     const Lifetime::Watch life = m_life.watch();
     Reading board = co_await read();

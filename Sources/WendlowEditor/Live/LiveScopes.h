@@ -31,10 +31,10 @@ public:
     QCoro::Task<Reading> read();
     /// Shows what was read, and tells nobody.
     void show(Board board);
-
-private:
+    /// Reads and shows the board. Where that fails, what was there stays.
     QCoro::Task<> reload();
 
+private:
     EditorLink& m_link;
     const LiveTell m_tell;
     EditorScope m_root = EditorScope::root();

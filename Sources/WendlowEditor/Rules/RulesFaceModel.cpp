@@ -23,7 +23,8 @@ QUrl RulesFaceModel::page() const {
 void RulesFaceModel::show(const FaceView& view) {
     m_counted = view.counted;
     Key key{.scope = rulesScope(view.ask.scopes, m_scopes.scopeBoard()),
-            .generation = view.generation};
+            .generation = view.generation,
+            .looks = view.looks};
     if (key.scope != m_key.scope)
         m_outcome.reset(); // it speaks of a rule that goes from sight
     m_key = std::move(key);

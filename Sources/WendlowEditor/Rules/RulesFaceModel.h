@@ -78,6 +78,7 @@ private:
     struct Key {
         std::string scope = "/";
         std::int64_t generation = 0;
+        std::int64_t looks = 0;
 
         bool operator==(const Key&) const = default;
     };

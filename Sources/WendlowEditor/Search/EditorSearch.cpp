@@ -95,7 +95,7 @@ void EditorSearch::begin() {
     m_busy = true;
     m_notice.start();
     // Runs on by itself, and ends by itself where this goes or another search begins.
-    [[maybe_unused]] const auto task = run(m_term);
+    [[maybe_unused]] const auto task = run(m_term, Manner::loud);
 }
 
 /// Of what is under way nothing will be shown.
@@ -128,7 +128,7 @@ void EditorSearch::showWhatIsHere() {
     Q_EMIT changed();
 }
 
-QCoro::Task<> EditorSearch::run(std::string term) {
+QCoro::Task<> EditorSearch::run(std::string term, Manner manner) {
     const Lifetime::Watch life = m_life.watch();
     const std::uint64_t number = m_task;
     const auto started = m_clocks.steady();
@@ -143,7 +143,8 @@ QCoro::Task<> EditorSearch::run(std::string term) {
         co_return;
     const Millis millis{.memory = LinkStages::wholeMillis(halfway - started),
                         .moment = LinkStages::wholeMillis(m_clocks.steady() - halfway)};
-    show(memories, std::move(moments), millis);
+    if (manner == Manner::loud || (memories.ready() && moments.ready()))
+        show(memories, std::move(moments), millis, manner);
 }
 
 QCoro::Task<EditorAnswer> EditorSearch::answerTo(EditorAsk ask) {
@@ -155,7 +156,8 @@ QCoro::Task<EditorAnswer> EditorSearch::answerTo(EditorAsk ask) {
     co_return answer;
 }
 
-void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments, Millis millis) {
+void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments, Millis millis,
+                        Manner manner) {
     // Found once more, or chosen while it was to come, a hit stays selected.
     const SearchHit* const chosen = m_chose || m_found.term == m_term ? selected() : nullptr;
     const std::string kept = chosen != nullptr ? chosen->id : std::string();
@@ -173,6 +175,8 @@ void EditorSearch::show(const EditorAnswer& memories, EditorAnswer moments, Mill
     Q_EMIT changed();
 
     fetchDetails();
+    if (manner == Manner::quiet)
+        return;
     Q_EMIT settled();
     Q_EMIT told(summary());
     if (commits)
@@ -185,6 +189,29 @@ void EditorSearch::fetchDetails() {
         if (ids.size() < detailsAsked)
             ids.push_back(hit.memory.id);
     m_details.request(ids, EditorAsker::search);
+}
+
+/// Those that are fetched anew stand as they were until they come.
+void EditorSearch::keepDetails() {
+    MemoryDetails now;
+    for (const EditorMemoryHit& hit : m_found.memories) {
+        const std::string& id = hit.memory.id;
+        if (const auto known = m_details.known().find(id); known != m_details.known().end())
+            now.insert(*known);
+        else if (auto before = m_hitDetails.extract(id); before && before.mapped())
+            now.insert(std::move(before));
+    }
+    m_hitDetails = std::move(now);
+}
+
+void EditorSearch::lookAgain() {
+    if (m_trail)
+        m_trail->stale = true;
+    if (!searching() || m_busy || m_retired || m_found.term != m_term)
+        return;
+    fetchDetails();
+    // Runs on by itself, and ends by itself where this goes or another search begins.
+    [[maybe_unused]] const auto task = run(m_term, Manner::quiet);
 }
 
 void EditorSearch::storeRead() {
@@ -213,13 +240,14 @@ void EditorSearch::rebuild() {
 void EditorSearch::layOut(const std::string& kept) {
     const auto& board = m_sources.mods.modsBoard();
     const auto paths = FlatScopes::paths(m_sources.scopes.rootScope());
+    keepDetails();
     const SearchPage::Found found{.term = m_hereTerm,
                                   .memories = m_found.memories,
                                   .moments = m_found.moments,
                                   .meetings = m_sources.meetings.meetings(),
                                   .mods = board ? &board->mods : nullptr,
                                   .scopePaths = paths,
-                                  .details = m_details.known()};
+                                  .details = m_hitDetails};
     m_sections = SearchPage::build(found);
     SearchHitList::Unfolded unfolded{.id = m_unfolded, .words = {}};
     std::optional<std::size_t> place;

@@ -121,6 +121,10 @@ public:
     /// The store has been read anew, and why and body have been forgotten: those of the hits are
     /// fetched, and what could not be searched is searched again.
     void storeRead();
+    /// The store may hold more by now, and why and body have been forgotten: the same is searched
+    /// once more, quietly. What is shown, selected and open stays until there is an answer; one
+    /// that fails changes nothing.
+    void lookAgain();
 
 Q_SIGNALS:
     void changed();
@@ -152,12 +156,14 @@ private:
     void begin();
     void end();
     void showWhatIsHere();
-    QCoro::Task<> run(std::string term);
+    enum class Manner { loud, quiet };
+    QCoro::Task<> run(std::string term, Manner manner);
     QCoro::Task<EditorAnswer> answerTo(EditorAsk ask);
-    void show(const EditorAnswer& memories, EditorAnswer moments, Millis millis);
+    void show(const EditorAnswer& memories, EditorAnswer moments, Millis millis, Manner manner);
     void layOut(const std::string& kept);
     void moveTo(std::optional<std::size_t> place);
     void fetchDetails();
+    void keepDetails();
     QString summary() const;
     void forget();
     void open(int index, bool byKey);
@@ -172,7 +178,8 @@ private:
     std::string m_text;
     std::string m_term;
     Found m_found;
-    std::string m_hereTerm; ///< what was looked for here; that of `m_found` unless that is slow
+    MemoryDetails m_hitDetails; ///< what was last known of the hits
+    std::string m_hereTerm;     ///< what was looked for here; that of `m_found` unless that is slow
     SearchSections m_sections;
     std::optional<std::size_t> m_selection;
     std::string m_unfolded; ///< the id of the hit that is open in its place; empty for none

@@ -54,6 +54,29 @@ QCoro::Task<> EditorPage::run(EditorQueryKey key) {
         take(std::move(answer));
 }
 
+void EditorPage::lookAgain() {
+    if (m_retired || m_looking || isPending() || m_asked != key())
+        return;
+    // Runs on by itself, and ends by itself where this goes or another key comes.
+    [[maybe_unused]] const auto task = look(*m_asked);
+}
+
+QCoro::Task<> EditorPage::look(EditorQueryKey key) {
+    const Lifetime::Watch life = m_life.watch();
+    const std::uint64_t number = m_task;
+    m_looking = true;
+    EditorAnswer answer = co_await m_store.pages().query(key.ask, EditorAsker::page);
+    if (life.expired())
+        co_return;
+    m_looking = false;
+    if (number != m_task || this->key() != key || answer.ask != key.ask || !answer.ready())
+        co_return;
+    ++m_looks;
+    m_details.clear();
+    take(std::move(answer));
+    Q_EMIT lookedAgain();
+}
+
 void EditorPage::take(EditorAnswer answer) {
     m_answer = std::move(answer);
     refreshShown();

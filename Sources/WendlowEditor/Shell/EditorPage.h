@@ -36,14 +36,22 @@ public:
     /// Asks if the key is not that of the last question; `changed` in any case.
     void settle();
     void storeChanged(EditorChanges what);
+    /// Asks the same once more, quietly: the page stays as it is until there is a newer one, and an
+    /// answer that fails changes nothing.
+    void lookAgain();
+    /// How often that has brought an answer.
+    std::int64_t looks() const { return m_looks; }
     /// Asks no more; what is under way comes to nothing.
     void retire();
 
 Q_SIGNALS:
     void changed();
+    /// There is a daemon that answers, and what it has said is shown.
+    void lookedAgain();
 
 private:
     QCoro::Task<> run(EditorQueryKey key);
+    QCoro::Task<> look(EditorQueryKey key);
     void take(EditorAnswer answer);
     void refreshShown();
 
@@ -54,6 +62,8 @@ private:
     std::optional<std::string> m_shownError; ///< of the store, when `m_shown` was made
     std::optional<EditorQueryKey> m_asked;   ///< the key of the question under way or answered
     std::uint64_t m_task = 0;                ///< a task of another number is cancelled
+    bool m_looking = false;
+    std::int64_t m_looks = 0;
     bool m_retired = false;
     EditorDetails m_details;
     Lifetime m_life;

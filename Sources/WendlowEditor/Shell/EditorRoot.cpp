@@ -51,6 +51,10 @@ EditorRoot::EditorRoot(EditorStore& store, EditorClocks clocks, const MakeFaces&
     openFace()->setOpen(true);
     connect(&m_store, &EditorStore::changed, this, &EditorRoot::storeChanged);
     connect(&m_page, &EditorPage::changed, this, &EditorRoot::publish);
+    connect(&m_page, &EditorPage::lookedAgain, this, [this] {
+        m_search.lookAgain();
+        m_store.lookAgain();
+    });
     connect(&m_page.details(), &EditorDetails::changed, this, &EditorRoot::showFaces);
     connect(&m_search, &EditorSearch::changed, this, &EditorRoot::watchTheWait);
     connect(&m_search, &EditorSearch::changed, this, &EditorRoot::changed);
@@ -151,7 +155,8 @@ void EditorRoot::showFaces() {
                         .answer = m_page.shown(),
                         .counted = m_page.answer().ready(),
                         .generation = m_store.generation(),
-                        .details = m_page.details().known()};
+                        .details = m_page.details().known(),
+                        .looks = m_page.looks()};
     for (const auto& face : m_faces)
         face->show(view);
 }
@@ -231,6 +236,8 @@ void EditorRoot::lookAgain() {
     const bool isEmpty = m_page.shown()->ready() && m_store.pages().memoryTypeCounts().empty();
     if (gaveUp() || isEmpty)
         m_store.resetWorld();
+    else
+        m_page.lookAgain();
 }
 
 bool EditorRoot::back() {

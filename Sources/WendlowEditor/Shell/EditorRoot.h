@@ -74,7 +74,8 @@ public:
     Q_INVOKABLE bool beginsSearch(const QString& typed) const;
     /// Reads everything afresh, for a store that has failed tries nothing again by itself.
     Q_INVOKABLE void tryAgain();
-    /// The window is in front again: a store that has given up or holds nothing is read once more.
+    /// The window is in front again: what is shown is read once more and stays as it is meanwhile;
+    /// where a store has given up or holds nothing, everything is read afresh.
     Q_INVOKABLE void lookAgain();
     /// One step back: out of the search, to the results that led here, else of what is open. Gives
     /// whether there was one.

@@ -56,6 +56,9 @@ public:
     virtual void switchWorld(EditorWorld world) = 0;
     /// Reads everything afresh.
     virtual void resetWorld() = 0;
+    /// Reads once more what is no page, quietly: what is known stays until there is something
+    /// newer, and what fails changes nothing.
+    virtual void lookAgain() {}
     /// What is being read and does not come is waited for no more.
     virtual void stopWaiting() {}
 

@@ -5,7 +5,10 @@
 #include "WireCodec.h"
 
 #include <algorithm>
+#include <coroutine>
+#include <deque>
 
+#include <QCoreApplication>
 #include <QCoroTimer>
 #include <boost/json/serialize.hpp>
 #include <fmt/format.h>
@@ -388,6 +391,80 @@ TEST(MCPServer, LetsGoOfWhatIsGivenUpAndTellsOfWhatTakesLong) {
                 R"({{"jsonrpc":"2.0","method":"notifications/cancelled","params":{{"requestId":{}}}}})",
                 id))),
             std::nullopt);
+}
+
+/// Answers when it is told to.
+class HeldGateway final : public WendlowClient {
+public:
+    QCoro::Task<GatewayResponse> send(GatewayRequest /*request*/) override {
+        ++sent;
+        co_await Gate{waiting};
+        co_return AnswerCase::NoteID{"m29"};
+    }
+    void answer() {
+        const auto first = waiting.front();
+        waiting.pop_front();
+        first.resume();
+        QCoreApplication::processEvents();
+    }
+
+    struct Gate {
+        std::deque<std::coroutine_handle<>>& waiting;
+        bool await_ready() const noexcept { return false; }
+        void await_suspend(std::coroutine_handle<> waiter) const { waiting.push_back(waiter); }
+        void await_resume() const noexcept {}
+    };
+    int sent = 0;
+    std::deque<std::coroutine_handle<>> waiting;
+};
+
+TEST(MCPServer, HonoursACancelWhateverElseWaits) {
+    HeldGateway gateway;
+    MCPServer server("1", [&]() -> WendlowClient& { return gateway; });
+    const auto edit = [](std::string_view id) {
+        return fmt::format(
+            R"({{"jsonrpc":"2.0","id":{},"method":"tools/call","params":{{"name":"memory_edit","arguments":{{"id":"m1","text":"x"}}}}}})",
+            id);
+    };
+    const auto cancelled = [](int id) {
+        return fmt::format(
+            R"({{"jsonrpc":"2.0","method":"notifications/cancelled","params":{{"requestId":{}}}}})",
+            id);
+    };
+    std::vector<QCoro::Task<std::optional<std::string>>> calls;
+    for (int id = 0; id < 99; ++id)
+        calls.push_back(server.handle(edit(std::to_string(id))));
+    calls.push_back(server.handle("[" + edit("99") + "," + edit("100") + "]"));
+    EXPECT_EQ(gateway.sent, 64) << "the others wait for their turn";
+    // One that has not been asked, one that has, one of a batch: of them nothing is heard.
+    for (const int id : {80, 3, 99}) {
+        QCoro::waitFor(server.handle(cancelled(id)));
+        if (id < 99) {
+            EXPECT_EQ(QCoro::waitFor(std::move(calls[static_cast<std::size_t>(id)])), std::nullopt);
+        }
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(gateway.sent, 65) << "the turn of the one that was asked is the next one's";
+    // What needs no gateway is answered meanwhile, and what finds no room is told so.
+    EXPECT_EQ(QCoro::waitFor(server.handle(R"({"jsonrpc":"2.0","id":1,"method":"ping"})")),
+              result("1", "{}"));
+    using enum MCPServer::Room;
+    EXPECT_THAT(QCoro::waitFor(server.handle(edit("7"), none)).value(),
+                ::testing::HasSubstr(R"(this one was not made."}],"isError":true})"));
+    EXPECT_THAT(
+        QCoro::waitFor(server.handle(R"({"jsonrpc":"2.0","id":7,"method":"resources/list"})", none))
+            .value(),
+        ::testing::HasSubstr("\"code\":-32603"));
+    while (!gateway.waiting.empty())
+        gateway.answer();
+    EXPECT_EQ(gateway.sent, 99) << "all but the two that were given up in time";
+    for (int id = 0; id < 99; ++id)
+        if (id != 80 && id != 3) {
+            EXPECT_THAT(QCoro::waitFor(std::move(calls[static_cast<std::size_t>(id)])).value(),
+                        ::testing::HasSubstr(fmt::format("\"id\":{},", id)));
+        }
+    EXPECT_THAT(QCoro::waitFor(std::move(calls.back())).value(),
+                ::testing::StartsWith(R"([{"jsonrpc":"2.0","id":100,)"));
 }
 
 /// What a reader of this limit makes of the bytes: its lines, and "too long" for one that is.

@@ -106,6 +106,34 @@ TEST_F(LiveStore, readsOnceMoreHoweverOftenItIsAskedWhileReading) {
     EXPECT_FALSE(client->isWaiting()) << "they have been read";
 }
 
+TEST_F(LiveStore, looksAgainAtAllThatIsNoPageAndForgetsNothingMeanwhile) {
+    open();
+    store->mods().loadMods();
+    answer("modBoard", AnswerCase::ModBoard());
+    changes.clear();
+    store->lookAgain();
+    store->lookAgain();
+    EXPECT_FALSE(store->loading());
+    AnswerCase::ScopeBoard board;
+    board._0 = {{.path = "/new", .folders = {}, .kinds = {}}};
+    answer("scopeBoard", board);
+    answer("textBrowse", page(5, {{"note", 5}}));
+    EXPECT_TRUE(store->meetings().meetingsLoaded() && store->mods().modsLoaded());
+    answer("meetingList", noMeetings);
+    answer("modBoard", AnswerCase::ModBoard());
+    EXPECT_FALSE(client->isWaiting()) << "it was looking";
+    EXPECT_THAT(changes, ElementsAre(scopes, counts, meetings, mods));
+    EXPECT_NE(store->scopes().rootScope().find("/new"), nullptr);
+    // A daemon that has gone takes nothing with it.
+    changes.clear();
+    store->lookAgain();
+    answer("scopeBoard", failure("gone"));
+    answer("textBrowse", failure("gone"));
+    EXPECT_FALSE(client->isWaiting());
+    EXPECT_THAT(changes, ::testing::IsEmpty());
+    EXPECT_EQ(store->storeError(), std::nullopt);
+}
+
 TEST(EditorLiveStore, letsTheMeetingsWaitForTheBaselineOfALoadThatIsDue) {
     for (const bool well : {true, false}) {
         LiveDaemon live;

@@ -42,6 +42,7 @@ struct Face {
     ScriptedPages pages;
     EditorAsk ask{.term = {}};
     std::int64_t generation = 0;
+    std::int64_t looks = 0;
     EditorAnswer answer;
     MemoryDetails details;
     RulesFaceModel model{rules,
@@ -62,7 +63,8 @@ struct Face {
                     .answer = std::make_shared<const EditorAnswer>(answer),
                     .counted = false,
                     .generation = generation,
-                    .details = details});
+                    .details = details,
+                    .looks = looks});
     }
     /// Each row in a line: its kind, its text, and what else it tells.
     std::vector<std::string> lines() {
@@ -281,8 +283,8 @@ TEST_F(RulesFace, losesNoWordsToWhatHappensMeanwhile) {
     const int row = at("filed/m2");
     model.activate(row);
     model.setDraft(row, u"Count rows twice"_s);
-    // Somebody else changes the rule, and what is typed stays.
-    ++generation;
+    // Somebody else changes the rule, which is seen at the next look, and what is typed stays.
+    ++looks;
     show();
     auto other = picture();
     other.filed[1].rules[0].text = "Count columns";

@@ -265,6 +265,37 @@ TEST_F(EditorSearching, WhyAndBodyComeForTheTermThatIsSearchedForNow) {
     EXPECT_EQ(subtitle(), "the backups");
 }
 
+TEST_F(EditorSearching, LooksAgainQuietlyForTheSame) {
+    QStringList told;
+    searchFor("backup", memories(3));
+    explain("The backup did it.");
+    QObject::connect(&search, &EditorSearch::told, [&](const QString& it) { told.append(it); });
+    search.select(2);
+    details.clear();
+    search.lookAgain();
+    EXPECT_FALSE(search.busy());
+    EXPECT_EQ(subtitle(), "The backup did it.") << "until it is known anew";
+    auto more = memories(3);
+    more.insert(more.begin(), memory("new", "decision", "Filed meanwhile"));
+    find(more);
+    EXPECT_EQ(titles().front(), "Filed meanwhile");
+    EXPECT_EQ(search.selectionIndex(), 3) << "the same hit";
+    explain("It was a test.");
+    search.lookAgain();
+    pages.answer(EditorAnswer::failed("No.", pages.asked.back()));
+    pages.settle();
+    EXPECT_EQ(titles().size(), 4U);
+    EXPECT_EQ(search.trouble(), "");
+    EXPECT_EQ(told.join(u'|'), "");
+    // One that a newer term has overtaken comes to nothing.
+    search.lookAgain();
+    search.setText("mara");
+    pages.settle(memories(5));
+    EXPECT_TRUE(search.busy());
+    find({memory("m", "note", "Mara")});
+    EXPECT_EQ(titles().size(), 1U);
+}
+
 TEST(SearchPage, putsWhatWasFoundUnderItsHeadings) {
     const EditorMemoryHits memories{
         memory("1", "ticket", "Boat shed", "/work"), memory("2", "rule", "On boats", "/work"),

@@ -149,6 +149,51 @@ TEST_F(EmptyWindow, LooksAgainWhereThereIsNothing) {
     EXPECT_EQ(store.mod.loads, 1) << "nobody is there to ask";
 }
 
+TEST_F(FullWindow, LooksAgainQuietlyAtWhatItShows) {
+    store.page.types = {{.name = "decision", .count = 3}};
+    face.open("decision");
+    store.page.settle(memories(3));
+    list.toggle(1);
+    store.page.answerDetail(EditorMemoryDetail{.id = "decision1", .why = "w", .body = "b"});
+    const QAbstractItemModelTester tester(list.lines());
+    int turns = 0;
+    QStringList told;
+    QObject::connect(&list, &MemoriesModel::turned, [&] { ++turns; });
+    QObject::connect(&root, &EditorRoot::told, [&](const QString& words) { told.append(words); });
+    const auto asked = store.page.asked.size();
+
+    root.lookAgain();
+    root.lookAgain();
+    EXPECT_EQ(store.page.asked.size(), asked + 1) << "it is looking";
+    EXPECT_FALSE(pending() || face.refreshing());
+    auto found = memories(3);
+    found.insert(found.begin(), memory("new", "decision", "Filed meanwhile"));
+    store.page.settle(found);
+    EXPECT_EQ(list.lines()->row(0).title, "Filed meanwhile");
+    EXPECT_EQ(list.openID(), "decision1");
+    EXPECT_EQ(list.lines()->row(2).detail->body, "b") << "until the newer words are known";
+    EXPECT_EQ(store.page.detailsAsked.back(), "decision1");
+    store.page.answerDetail(EditorMemoryDetail{.id = "decision1", .why = "w", .body = "newer"});
+    EXPECT_EQ(list.lines()->row(2).detail->body, "newer");
+    EXPECT_EQ(store.looks, 1) << "at the rest of it";
+
+    // What fails changes nothing, and a newer question is answered in place of a look.
+    root.lookAgain();
+    store.page.answer(EditorAnswer::failed("No.", store.page.asked.back()));
+    EXPECT_EQ(rows(), 4U);
+    EXPECT_EQ(face.strip(), "");
+    root.lookAgain();
+    root.setAsk(ask([](EditorAsk& ask) { ask.scopes = {"/b"}; }));
+    store.page.answer(settled(store.page.asked[store.page.asked.size() - 2], memories(1)));
+    EXPECT_TRUE(pending());
+    store.page.settle(memories(2));
+    EXPECT_EQ(rows(), 2U);
+    EXPECT_EQ(store.looks, 1);
+    EXPECT_EQ(store.generationNow, 0);
+    EXPECT_EQ(turns, 1) << "by the person alone";
+    EXPECT_THAT(told, IsEmpty());
+}
+
 TEST_F(EmptyWindow, AHitLeadsBackToItsResultsAsLongAsItsPlaceIsOpen) {
     const auto open = [&] {
         root.search()->clear();

@@ -204,6 +204,7 @@ public:
     std::optional<std::string> error;
     bool loadingNow = false;
     int stops = 0;
+    int looks = 0;
     ScriptedPages page;
     ScriptedMeetings meeting;
     ScriptedMods mod;
@@ -230,6 +231,7 @@ public:
     SeededTiles& tiles() override { return tile; }
     void switchWorld(EditorWorld /*world*/) override {}
     void resetWorld() override { grow(); }
+    void lookAgain() override { ++looks; }
     void stopWaiting() override { ++stops; }
 };
 
