@@ -78,8 +78,8 @@ QString Shortcuts::title(Id id) {
     return text(line(id).title);
 }
 
-QStringList Shortcuts::of(int id) {
-    QStringList list;
+QVariantList Shortcuts::of(int id) {
+    QVariantList list;
     for (const std::string_view keys : line(id).keys)
         if (!keys.empty())
             list.append(text(keys));
@@ -88,8 +88,8 @@ QStringList Shortcuts::of(int id) {
 
 QList<QKeySequence> Shortcuts::keys(Id id) {
     QList<QKeySequence> list;
-    for (const QString& keys : of(id))
-        list.append(QKeySequence::fromString(keys, QKeySequence::PortableText));
+    for (const QVariant& keys : of(id))
+        list.append(QKeySequence::fromString(keys.toString(), QKeySequence::PortableText));
     return list;
 }
 

@@ -4,7 +4,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
-#include <QStringList>
+#include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
 #include <array>
@@ -79,7 +79,7 @@ public:
     static QList<QKeySequence> keys(Id id);
 
     /// For the sequences of a shortcut in QML.
-    Q_INVOKABLE static QStringList of(int id);
+    Q_INVOKABLE static QVariantList of(int id);
     /// As a person reads them, for a menu or a tooltip.
     Q_INVOKABLE static QString told(int id);
     /// Whether this key press is meant, for what has to have the focus to be worked.

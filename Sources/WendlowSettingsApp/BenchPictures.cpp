@@ -62,10 +62,10 @@ void takeSearch(const PictureSession& session, WindowModels& models) {
     };
     type("backup", "-found");
     type("zeppelin", "-nothing");
-    bench.chooseAnswers(QString::fromUtf8(label(EditorOver::refusing)));
+    bench.chooseAnswers(QString::fromUtf8(overLabel(EditorOver::refusing)));
     type("backup", "-refused");
     bench.root()->search()->clear();
-    bench.chooseAnswers(QString::fromUtf8(label(EditorOver::powerUser)));
+    bench.chooseAnswers(QString::fromUtf8(overLabel(EditorOver::powerUser)));
     bench.root()->search()->clear();
     if (session.isAsGiven)
         return;

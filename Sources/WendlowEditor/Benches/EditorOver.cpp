@@ -40,7 +40,7 @@ std::shared_ptr<WendlowClient> clientOf(EditorOver over,
 
 } // namespace
 
-std::string_view label(EditorOver over) {
+std::string_view overLabel(EditorOver over) {
     switch (over) {
     case EditorOver::realData:
         return "Database";

@@ -15,7 +15,7 @@ inline constexpr std::array editorsOver{
     EditorOver::powerUser, EditorOver::someData, EditorOver::dayZero, EditorOver::silent,
     EditorOver::warming,   EditorOver::refusing, EditorOver::realData};
 /// As a bench names it.
-std::string_view label(EditorOver over);
+std::string_view overLabel(EditorOver over);
 
 /// An Editor without its window.
 struct PosedEditor {

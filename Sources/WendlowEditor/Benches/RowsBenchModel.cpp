@@ -19,10 +19,6 @@ constexpr std::array sourcesThereAre{EditorOver::realData, EditorOver::powerUser
 constexpr std::array kindsThereAre{Kind::memories, Kind::work,  Kind::hits, Kind::meetings,
                                    Kind::moments,  Kind::rules, Kind::mods, Kind::scopes};
 
-std::string_view overLabel(EditorOver over) {
-    return label(over);
-}
-
 void openType(EditorRoot& root, const char* type) {
     static_cast<MemoryFaceModel&>(root.model(EditorFace::memory)).open(type);
 }

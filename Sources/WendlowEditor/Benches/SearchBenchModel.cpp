@@ -4,14 +4,6 @@
 
 namespace wendlow {
 
-namespace {
-
-std::string_view overLabel(EditorOver over) {
-    return label(over);
-}
-
-} // namespace
-
 QVariantList SearchBenchModel::answers() const {
     return benchChoices(editorsOver, overLabel, m_over);
 }

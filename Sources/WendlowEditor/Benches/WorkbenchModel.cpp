@@ -11,10 +11,6 @@ namespace {
 
 constexpr std::array widthsThereAre{0, 560, 700, 980, 1600};
 
-std::string_view overLabel(EditorOver over) {
-    return label(over);
-}
-
 std::string widthLabel(int width) {
     return width == 0 ? "All" : std::to_string(width);
 }
