@@ -57,6 +57,7 @@ T.Button {
             anchors.verticalCenter: parent.verticalCenter
             role: chip.lead.length > 0 ? Label.Role.SmallStrong : Label.Role.Small
             text: chip.text
+            color: chip.enabled ? Theme.text : Theme.textSecondOnTint
             elide: Text.ElideMiddle
             Accessible.ignored: true
         }
@@ -82,9 +83,9 @@ T.Button {
 
     background: Rectangle {
         radius: height / 2
-        color: chip.picked ? Theme.accentSoft : Theme.surface
+        color: !chip.enabled ? Theme.well : chip.picked ? Theme.accentSoft : Theme.surface
         border.width: chip.open || !chip.picked ? Theme.strokeHairline : 0
-        border.color: chip.open ? Theme.accent : Theme.edge
+        border.color: !chip.enabled ? Theme.hairline : chip.open ? Theme.accent : Theme.edge
 
         HoverFill {
             anchors.fill: parent

@@ -41,6 +41,7 @@ Flickable {
         BenchParts { width: Theme.scaled(376) }
         BenchForms { width: Theme.scaled(376) }
         BenchLightbox { width: Theme.scaled(376) }
+        BenchChoices { width: bench.widest }
         BenchPanels { width: bench.widest }
     }
 }

@@ -21,7 +21,7 @@ FocusScope {
         onTapped: bar.enter()
     }
     Shortcut {
-        sequence: "F10"
+        sequences: Shortcuts.of(Shortcuts.MenuBar)
         onActivated: bar.enter()
     }
 

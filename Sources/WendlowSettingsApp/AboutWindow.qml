@@ -1,15 +1,19 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import WendlowControls
 
-// The small panel that says which program this is.
+// The small panel that says which program this is, and what it is made of.
 Window {
     id: panel
 
     required property string productName
     required property string version
+    // Maps with `name` and `licence`.
+    required property var parts
 
-    width: Theme.scaled(280)
-    height: Theme.scaled(132)
+    width: Theme.scaled(420)
+    height: words.height + 2 * Theme.space24
     minimumWidth: width
     maximumWidth: width
     minimumHeight: height
@@ -24,8 +28,10 @@ Window {
     }
 
     Column {
-        anchors.centerIn: parent
-        width: parent.width - 2 * Theme.space24
+        id: words
+        x: Theme.space24
+        y: Theme.space24
+        width: parent.width - 2 * x
         spacing: Theme.space4
 
         Label {
@@ -38,9 +44,52 @@ Window {
         Label {
             width: parent.width
             role: Label.Role.Small
-            text: qsTr("Version %1").arg(panel.version)
+            text: panel.version
             color: Theme.textSecond
             horizontalAlignment: Text.AlignHCenter
+        }
+        Item {
+            width: 1
+            height: Theme.space12
+        }
+        Label {
+            role: Label.Role.Caption
+            text: qsTr("Made with")
+            color: Theme.textSecond
+            Accessible.role: Accessible.Heading
+        }
+        Hairline { width: parent.width }
+        Repeater {
+            model: panel.parts
+
+            Item {
+                id: part
+
+                required property var modelData
+
+                width: words.width
+                height: Theme.scaled(20)
+
+                Accessible.role: Accessible.ListItem
+                Accessible.name: part.modelData.name + ", " + part.modelData.licence
+
+                Label {
+                    width: licence.x - Theme.space12
+                    role: Label.Role.Small
+                    text: part.modelData.name
+                    elide: Text.ElideRight
+                    horizontalAlignment: Text.AlignLeft
+                    Accessible.ignored: true
+                }
+                Label {
+                    id: licence
+                    x: parent.width - width
+                    role: Label.Role.Small
+                    text: part.modelData.licence
+                    color: Theme.textSecond
+                    Accessible.ignored: true
+                }
+            }
         }
     }
 }

@@ -47,22 +47,20 @@ void EditActions::followFocus(QObject* focus) {
 }
 
 std::vector<MenuLine> EditActions::lines() {
-    return {line("undo", "Undo", QKeySequence(Qt::CTRL | Qt::Key_Z), Need::undoable),
-            line("redo", "Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), Need::redoable),
+    return {line("undo", Shortcuts::Undo, Need::undoable),
+            line("redo", Shortcuts::Redo, Need::redoable),
             {},
-            line("cut", "Cut", QKeySequence(Qt::CTRL | Qt::Key_X), Need::changeableSelection),
-            line("copy", "Copy", QKeySequence(Qt::CTRL | Qt::Key_C), Need::selection),
-            line("paste", "Paste", QKeySequence(Qt::CTRL | Qt::Key_V), Need::pasteable),
-            line("selectAll", "Select All", QKeySequence(Qt::CTRL | Qt::Key_A), Need::text)};
+            line("cut", Shortcuts::Cut, Need::changeableSelection),
+            line("copy", Shortcuts::Copy, Need::selection),
+            line("paste", Shortcuts::Paste, Need::pasteable),
+            line("selectAll", Shortcuts::SelectAll, Need::text)};
 }
 
-MenuLine EditActions::line(const char* verb, const char* title, const QKeySequence& keys,
-                           Need need) {
-    return {.id = QString::fromLatin1(verb),
-            .title = QString::fromLatin1(title),
-            .keys = keys,
-            .act = [this, verb] { QMetaObject::invokeMethod(m_text, verb); },
-            .enabled = [this, need] { return can(need); }};
+MenuLine EditActions::line(const char* verb, Shortcuts::Id keys, Need need) {
+    MenuLine line =
+        MenuLine::of(keys, verb, [this, verb] { QMetaObject::invokeMethod(m_text, verb); });
+    line.enabled = [this, need] { return can(need); };
+    return line;
 }
 
 bool EditActions::can(Need need) const {

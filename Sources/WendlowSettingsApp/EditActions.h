@@ -21,7 +21,7 @@ public:
 private:
     enum class Need { undoable, redoable, changeableSelection, selection, pasteable, text };
 
-    MenuLine line(const char* verb, const char* title, const QKeySequence& keys, Need need);
+    MenuLine line(const char* verb, Shortcuts::Id keys, Need need);
     void followFocus(QObject* focus);
     bool can(Need need) const;
 

@@ -2,6 +2,7 @@
 
 #include "SilentGateway.h"
 #include "UnimplementedGateway.h"
+#include "WarmingGateway.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -13,16 +14,6 @@
 namespace wendlow {
 
 namespace {
-
-/// A daemon whose search index is not ready.
-class WarmingGateway final : public Gateway {
-public:
-    QCoro::Task<GatewayResponse> handle(GatewayRequest request) override {
-        if (request.verb() == NotesCase::ScopeBoard::verb)
-            co_return AnswerCase::ScopeBoard{};
-        co_return AnswerCase::TextBrowse{};
-    }
-};
 
 void showAllPlaces(RailModel& rail) {
     for (int row = 0; row < rail.rowCount(); ++row)

@@ -45,7 +45,7 @@ QVariantMap shown(const MenuLine& line, Mnemonics& mnemonics) {
     return {{QStringLiteral("id"), line.id},
             {QStringLiteral("title"), line.title},
             {QStringLiteral("mnemonic"), mnemonics.placeIn(line.title)},
-            {QStringLiteral("shortcut"), line.keys.toString(QKeySequence::NativeText)},
+            {QStringLiteral("shortcut"), line.keys ? Shortcuts::told(*line.keys) : QString()},
             {QStringLiteral("enabled"), isEnabled(line)},
             {QStringLiteral("checkable"), static_cast<bool>(line.checked)},
             {QStringLiteral("checked"), line.checked && line.checked()},
@@ -53,6 +53,13 @@ QVariantMap shown(const MenuLine& line, Mnemonics& mnemonics) {
 }
 
 } // namespace
+
+MenuLine MenuLine::of(Shortcuts::Id keys, const char* id, std::function<void()> act) {
+    return {.id = QString::fromLatin1(id),
+            .title = Shortcuts::title(keys),
+            .keys = keys,
+            .act = std::move(act)};
+}
 
 MainMenu::MainMenu(QObject* parent) : QObject(parent) {}
 
@@ -62,10 +69,10 @@ void MainMenu::insert(std::size_t index, MenuDescription menu) {
     auto entry = std::make_unique<Entry>();
     entry->menu = std::move(menu);
     for (const MenuLine& line : entry->menu.lines) {
-        if (line.keys.isEmpty())
+        if (!line.keys)
             continue;
         auto& shortcut = entry->shortcuts.emplace_back(std::make_unique<QShortcut>(this));
-        shortcut->setKey(line.keys);
+        shortcut->setKeys(Shortcuts::keys(*line.keys));
         shortcut->setContext(Qt::ApplicationShortcut);
         shortcut->setAutoRepeat(false);
         connect(shortcut.get(), &QShortcut::activated, this,

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QKeySequence>
+#include "Shortcuts.h"
+
 #include <QObject>
 #include <QString>
 #include <QVariantList>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
-
-class QShortcut;
 
 namespace wendlow {
 
@@ -17,10 +17,13 @@ namespace wendlow {
 struct MenuLine {
     QString id; ///< the name of its action
     QString title;
-    QKeySequence keys;
+    std::optional<Shortcuts::Id> keys; ///< left out: it has none
     std::function<void()> act;
     std::function<bool()> enabled = nullptr; ///< left out: always
     std::function<bool()> checked = nullptr; ///< left out: the line has no tick
+
+    /// A line that has keys, and the words that go with them.
+    static MenuLine of(Shortcuts::Id keys, const char* id, std::function<void()> act);
 };
 
 struct MenuDescription {

@@ -1,7 +1,6 @@
 #include "SettingsApplication.h"
 
 #include "ClientInstance.h"
-#include "ClientVersion.h"
 #include "ConnectedAppsModel.h"
 #include "JourneyOpening.h"
 #include "ThemeSource.h"
@@ -20,10 +19,6 @@ namespace wendlow {
 namespace {
 
 using ToldPane = std::function<void(WindowDoor::Pane)>;
-
-QKeySequence control(Qt::Key key) {
-    return {Qt::CTRL | key};
-}
 
 } // namespace
 
@@ -64,35 +59,47 @@ SettingsApplication::~SettingsApplication() {
 
 void SettingsApplication::buildMainMenu() {
     const QString product = QString::fromUtf8(ClientInstance::productName);
-    m_mainMenu.insert(0, {.id = QStringLiteral("application"),
-                          .title = product,
-                          .lines = {{.id = QStringLiteral("about"),
-                                     .title = QStringLiteral("About ") + product,
-                                     .keys = {},
-                                     .act = [this] { showAbout(); }},
-                                    {},
-                                    {.id = QStringLiteral("terminate"),
-                                     .title = QStringLiteral("Quit"),
-                                     .keys = control(Qt::Key_Q),
-                                     .act = &QCoreApplication::quit}}});
+    m_mainMenu.insert(
+        0, {.id = QStringLiteral("application"),
+            .title = product,
+            .lines = {{.id = QStringLiteral("about"),
+                       .title = QStringLiteral("About ") + product,
+                       .keys = std::nullopt,
+                       .act = [this] { showAbout(); }},
+                      MenuLine::of(Shortcuts::KeyboardShortcuts, "shortcuts",
+                                   [this] { showShortcuts(); }),
+                      {},
+                      MenuLine::of(Shortcuts::Quit, "terminate", &QCoreApplication::quit)}});
     m_mainMenu.insert(1, {.id = QStringLiteral("edit"),
                           .title = QStringLiteral("Edit"),
                           .lines = m_editActions.lines()});
-    m_mainMenu.insert(2, {.id = QStringLiteral("window"),
-                          .title = QStringLiteral("Window"),
-                          .lines = {windowLine("performClose", "Close", Qt::Key_W,
-                                               [](QWindow& window) { window.close(); }),
-                                    windowLine("performMiniaturize", "Minimize", Qt::Key_M,
-                                               [](QWindow& window) { window.showMinimized(); })}});
+    m_mainMenu.insert(
+        2,
+        {.id = QStringLiteral("window"),
+         .title = QStringLiteral("Window"),
+         .lines = {
+             frontLine(Shortcuts::Close, "performClose", [](QWindow& window) { window.close(); }),
+             frontLine(Shortcuts::Minimize, "performMiniaturize",
+                       [](QWindow& window) { window.showMinimized(); }),
+             {},
+             MenuLine::of(Shortcuts::Settings, "showSettings",
+                          [this] { show(WindowDoor::Pane::settings, WindowDoor::Front::bring); }),
+             showLine("showMemories", "Memories", WindowDoor::Pane::editor),
+             showLine("showStats", "Stats", WindowDoor::Pane::stats),
+             showLine("showFirstRun", "First Run", WindowDoor::Pane::onboarding)}});
 }
 
-MenuLine SettingsApplication::windowLine(const char* id, const char* title, Qt::Key key,
-                                         void (*act)(QWindow&)) {
+MenuLine SettingsApplication::frontLine(Shortcuts::Id keys, const char* id, void (*act)(QWindow&)) {
+    MenuLine line = MenuLine::of(keys, id, [this, act] { act(*m_front.window()); });
+    line.enabled = [this] { return m_front.window() != nullptr; };
+    return line;
+}
+
+MenuLine SettingsApplication::showLine(const char* id, const char* title, WindowDoor::Pane pane) {
     return {.id = QString::fromLatin1(id),
             .title = QString::fromLatin1(title),
-            .keys = control(key),
-            .act = [this, act] { act(*m_front.window()); },
-            .enabled = [this] { return m_front.window() != nullptr; }};
+            .keys = std::nullopt,
+            .act = [this, pane] { show(pane, WindowDoor::Front::bring); }};
 }
 
 void SettingsApplication::show(WindowDoor::Pane pane, WindowDoor::Front front) {
@@ -185,15 +192,24 @@ void SettingsApplication::syncMainWindow() {
 }
 
 QWindow& SettingsApplication::showAbout() {
-    if (!m_about)
-        m_about = m_factory.makeAbout(QString::fromStdString(ClientVersion::current()));
+    return showPanel(m_about, &WindowFactory::makeAbout);
+}
+
+QWindow& SettingsApplication::showShortcuts() {
+    return showPanel(m_shortcuts, &WindowFactory::makeShortcuts);
+}
+
+QWindow& SettingsApplication::showPanel(std::unique_ptr<QWindow>& panel,
+                                        std::unique_ptr<QWindow> (WindowFactory::*make)()) {
+    if (!panel)
+        panel = (m_factory.*make)();
     // A panel of another window neither keeps the application running nor takes its menus.
-    if (QWindow* const owner = m_front.mainWindow(); owner != m_about.get())
-        m_about->setTransientParent(owner);
-    m_about->show();
-    m_about->raise();
-    m_about->requestActivate();
-    return *m_about;
+    if (QWindow* const owner = m_front.mainWindow(); owner != panel.get())
+        panel->setTransientParent(owner);
+    panel->show();
+    panel->raise();
+    panel->requestActivate();
+    return *panel;
 }
 
 } // namespace wendlow

@@ -55,14 +55,19 @@ public:
     WindowModels& models() { return m_models; }
     EditorWorlds& worlds() { return m_models.worlds(); }
     EditorHost& editor() { return m_models.editor(); }
-    /// Brings up the panel that tells name and version.
+    /// Brings up the panel that tells name, version and licences.
     QWindow& showAbout();
+    /// Brings up the sheet of the keys.
+    QWindow& showShortcuts();
 
 private:
     void buildMainMenu();
     std::unique_ptr<JourneyRoot> makeJourney(WindowModels& models) const;
     void attend(QWindow& window, WindowKind kind);
-    MenuLine windowLine(const char* id, const char* title, Qt::Key key, void (*act)(QWindow&));
+    MenuLine frontLine(Shortcuts::Id keys, const char* id, void (*act)(QWindow&));
+    MenuLine showLine(const char* id, const char* title, WindowDoor::Pane pane);
+    QWindow& showPanel(std::unique_ptr<QWindow>& panel,
+                       std::unique_ptr<QWindow> (WindowFactory::*make)());
     WindowFactory::Content contentOf(WindowKind kind);
     void syncMainWindow();
 
@@ -77,6 +82,7 @@ private:
     WindowPresenter m_windows;
     JourneyPresenter m_journey;
     std::unique_ptr<QWindow> m_about;
+    std::unique_ptr<QWindow> m_shortcuts;
     SettingsDelegate m_delegate;
 };
 

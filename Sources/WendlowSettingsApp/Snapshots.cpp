@@ -69,9 +69,11 @@ int Snapshots::take() {
 
 void Snapshots::takeInLooks() {
     for (const WindowDescription& description : WindowDescriptions::all()) {
-        if (description.alwaysDark && m_looks == QStringLiteral("light"))
+        const bool dark = m_looks == QStringLiteral("dark");
+        if (description.alwaysDark && !dark)
             continue;
         QQuickWindow& window = shown(description);
+        m_application.factory().looksOf(description.kind).setDark(dark);
         const PictureSession session{
             .window = window,
             .save = [&](const QString& name,
@@ -85,6 +87,17 @@ void Snapshots::takeInLooks() {
     }
     save(static_cast<QQuickWindow&>(m_application.showAbout()), QStringLiteral("about"),
          PictureSession::Focus::away);
+    takeShortcuts();
+}
+
+/// As it opens, and where its places stand below each other.
+void Snapshots::takeShortcuts() {
+    auto& sheet = static_cast<QQuickWindow&>(m_application.showShortcuts());
+    const QSize own = sheet.size();
+    save(sheet, QStringLiteral("shortcuts"), PictureSession::Focus::away);
+    sheet.resize(560, 420);
+    save(sheet, QStringLiteral("shortcuts-560x420"), PictureSession::Focus::away);
+    sheet.resize(own);
 }
 
 QQuickWindow& Snapshots::shown(const WindowDescription& description) {

@@ -25,6 +25,7 @@ public:
 
 private:
     void takeInLooks();
+    void takeShortcuts();
     QQuickWindow& shown(const WindowDescription& description);
     void save(QQuickWindow& window, const QString& name, PictureSession::Focus focus);
 

@@ -55,6 +55,7 @@ struct WindowDescription {
     WindowSide side = WindowSide::plain;
     WindowPlace place = WindowPlace::centred;
     bool alwaysDark = false; ///< whatever the system says
+    bool ownLooks = false;   ///< what sets its looks leaves those of the other windows alone
     /// Of what can be resized; its face stands at that, with words of up to one and a half times
     /// their size.
     QSize least = {560, 420};

@@ -1,7 +1,9 @@
 #include "WindowFactory.h"
 
+#include "AboutWords.h"
 #include "ClientInstance.h"
 #include "HeldKeys.h"
+#include "ShortcutPlaces.h"
 #include "ThemeSource.h"
 
 #include <QQmlComponent>
@@ -60,11 +62,17 @@ void WindowFactory::empty(QWindow& window) {
     QMetaObject::invokeMethod(&window, "empty");
 }
 
-std::unique_ptr<QWindow> WindowFactory::makeAbout(const QString& version) {
+std::unique_ptr<QWindow> WindowFactory::makeAbout() {
     return createWindow(
         mainEngine(), QStringLiteral("WendlowSettingsApp/AboutWindow.qml"),
         {{QStringLiteral("productName"), QString::fromUtf8(ClientInstance::productName)},
-         {QStringLiteral("version"), version}});
+         {QStringLiteral("version"), AboutWords::version()},
+         {QStringLiteral("parts"), AboutWords::parts()}});
+}
+
+std::unique_ptr<QWindow> WindowFactory::makeShortcuts() {
+    return createWindow(mainEngine(), QStringLiteral("WendlowSettingsApp/ShortcutsWindow.qml"),
+                        {{QStringLiteral("places"), ShortcutPlaces::all()}});
 }
 
 ThemeSource& WindowFactory::looks() {
@@ -76,11 +84,13 @@ ThemeSource& WindowFactory::looksOf(WindowKind kind) {
 }
 
 QQmlEngine& WindowFactory::engineFor(WindowKind kind) {
-    if (!WindowDescriptions::of(kind).alwaysDark)
+    const WindowDescription& description = WindowDescriptions::of(kind);
+    if (!description.alwaysDark && !description.ownLooks)
         return mainEngine();
-    if (!m_darkEngine)
-        m_darkEngine = makeEngine(Darkness::always);
-    return *m_darkEngine;
+    auto& engine = m_ownEngines[kind];
+    if (!engine)
+        engine = makeEngine(description.alwaysDark ? Darkness::always : Darkness::asSystem);
+    return *engine;
 }
 
 QQmlEngine& WindowFactory::mainEngine() {

@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include <functional>
+#include <map>
 #include <memory>
 
 class QQmlEngine;
@@ -44,8 +45,10 @@ public:
     /// Takes the content out of a window that `make` gave. It is gone once control is back in the
     /// event loop.
     static void empty(QWindow& window);
-    /// The panel that tells name and version.
-    std::unique_ptr<QWindow> makeAbout(const QString& version);
+    /// The panel that tells name, version and licences.
+    std::unique_ptr<QWindow> makeAbout();
+    /// The sheet of the keys.
+    std::unique_ptr<QWindow> makeShortcuts();
     /// The looks of the windows that follow the system.
     ThemeSource& looks();
     /// The looks of the windows of a kind.
@@ -56,7 +59,7 @@ Q_SIGNALS:
     void warned(const QString& words);
 
 private:
-    /// Windows that are always dark have an engine of their own, for looks belong to an engine.
+    /// Windows that have looks of their own have an engine of their own, for looks belong to it.
     QQmlEngine& engineFor(WindowKind kind);
     QQmlEngine& mainEngine();
     std::unique_ptr<QQmlEngine> makeEngine(Darkness darkness);
@@ -68,7 +71,7 @@ private:
     const ContentOf m_contentOf;
     const FollowLooks m_followLooks;
     std::unique_ptr<QQmlEngine> m_engine;
-    std::unique_ptr<QQmlEngine> m_darkEngine;
+    std::map<WindowKind, std::unique_ptr<QQmlEngine>> m_ownEngines;
 };
 
 } // namespace wendlow

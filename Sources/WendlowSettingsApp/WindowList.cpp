@@ -50,6 +50,22 @@ void lookAgainAtJourney(WindowModels& models) {
     models.journey().lookAgain(); // a permission may have been given meanwhile
 }
 
+QVariantMap giveWorkbench(WindowModels& models) {
+    return {{QStringLiteral("bench"), QVariant::fromValue(&models.workbench())}};
+}
+
+QVariantMap giveFilters(WindowModels& models) {
+    return {{QStringLiteral("bench"), QVariant::fromValue(&models.filtersBench())}};
+}
+
+QVariantMap giveSearch(WindowModels& models) {
+    return {{QStringLiteral("bench"), QVariant::fromValue(&models.searchBench())}};
+}
+
+QVariantMap giveRows(WindowModels& models) {
+    return {{QStringLiteral("bench"), QVariant::fromValue(&models.rowsBench())}};
+}
+
 QVariantMap giveEditor(WindowModels& models) {
     return {{QStringLiteral("host"), QVariant::fromValue(&models.editor())}};
 }
@@ -110,7 +126,11 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .size = {1200, 680},
      .styles = bench,
      .side = WindowSide::editor,
-     .worldLine = "openWorkbench"},
+     .ownLooks = true,
+     .worldLine = "openWorkbench",
+     .file = "WendlowEditorBenches/Workbench.qml",
+     .properties = giveWorkbench,
+     .takePictures = WindowPictures::takeWorkbench},
     {.kind = Kind::controlsBench,
      .id = "controls-bench",
      .title = "Controls Bench",
@@ -118,28 +138,38 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .styles = bench,
      .side = WindowSide::editor,
      .worldLine = "openControlsBench",
-     .file = "WendlowControls/ControlsBench.qml"},
+     .file = "WendlowControls/ControlsBench.qml",
+     .takePictures = WindowPictures::takeControls},
     {.kind = Kind::filtersBench,
      .id = "filters-bench",
      .title = "Filters Bench",
      .size = {820, 940},
      .styles = bench,
      .side = WindowSide::editor,
-     .worldLine = "openFiltersBench"},
+     .worldLine = "openFiltersBench",
+     .file = "WendlowEditorBenches/FiltersBench.qml",
+     .properties = giveFilters,
+     .takePictures = WindowPictures::takeFilters},
     {.kind = Kind::searchBench,
      .id = "search-bench",
      .title = "Search Bench",
      .size = {1080, 900},
      .styles = bench,
      .side = WindowSide::editor,
-     .worldLine = "openSearchBench"},
+     .worldLine = "openSearchBench",
+     .file = "WendlowEditorBenches/SearchBench.qml",
+     .properties = giveSearch,
+     .takePictures = WindowPictures::takeSearch},
     {.kind = Kind::rowsBench,
      .id = "rows-bench",
      .title = "Rows Bench",
      .size = {980, 940},
      .styles = bench,
      .side = WindowSide::editor,
-     .worldLine = "openRowsBench"},
+     .worldLine = "openRowsBench",
+     .file = "WendlowEditorBenches/RowsBench.qml",
+     .properties = giveRows,
+     .takePictures = WindowPictures::takeRows},
 });
 
 constexpr bool standInTheOrderOfTheCases() {

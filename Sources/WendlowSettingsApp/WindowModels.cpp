@@ -38,6 +38,12 @@ void WindowModels::daemonCame() {
         m_settings->daemonCame();
     if (m_stats)
         m_stats->daemonCame();
+    if (m_workbench)
+        m_workbench->daemonCame();
+    if (m_searchBench)
+        m_searchBench->daemonCame();
+    if (m_rowsBench)
+        m_rowsBench->daemonCame();
 }
 
 SettingsRoot& WindowModels::settings() {
@@ -62,6 +68,30 @@ StatsRoot& WindowModels::stats() {
     if (!m_stats)
         m_stats = std::make_unique<StatsRoot>(m_client);
     return *m_stats;
+}
+
+WorkbenchModel& WindowModels::workbench() {
+    if (!m_workbench)
+        m_workbench = std::make_unique<WorkbenchModel>(m_client);
+    return *m_workbench;
+}
+
+FiltersBenchModel& WindowModels::filtersBench() {
+    if (!m_filtersBench)
+        m_filtersBench = std::make_unique<FiltersBenchModel>();
+    return *m_filtersBench;
+}
+
+SearchBenchModel& WindowModels::searchBench() {
+    if (!m_searchBench)
+        m_searchBench = std::make_unique<SearchBenchModel>(m_client);
+    return *m_searchBench;
+}
+
+RowsBenchModel& WindowModels::rowsBench() {
+    if (!m_rowsBench)
+        m_rowsBench = std::make_unique<RowsBenchModel>(m_client);
+    return *m_rowsBench;
 }
 
 JourneyRoot& WindowModels::journey() {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "Benches/FiltersBenchModel.h"
+#include "Benches/RowsBenchModel.h"
+#include "Benches/SearchBenchModel.h"
+#include "Benches/WorkbenchModel.h"
 #include "Client.h"
 #include "FileChooser.h"
 #include "JourneyRoot.h"
@@ -35,6 +39,11 @@ public:
     /// Its window has been closed and emptied: it looks at nothing any more, and is forgotten.
     void endJourney();
 
+    WorkbenchModel& workbench();
+    FiltersBenchModel& filtersBench();
+    SearchBenchModel& searchBench();
+    RowsBenchModel& rowsBench();
+
     /// There is a daemon again: what could not be read without it is read now.
     void daemonCame();
 
@@ -50,6 +59,10 @@ private:
     std::unique_ptr<EditorHost> m_editor;
     std::unique_ptr<SettingsRoot> m_settings;
     std::unique_ptr<StatsRoot> m_stats;
+    std::unique_ptr<WorkbenchModel> m_workbench;
+    std::unique_ptr<FiltersBenchModel> m_filtersBench;
+    std::unique_ptr<SearchBenchModel> m_searchBench;
+    std::unique_ptr<RowsBenchModel> m_rowsBench;
     std::unique_ptr<JourneyRoot> m_journey; ///< goes before the tools of Settings do
 };
 

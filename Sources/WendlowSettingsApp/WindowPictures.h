@@ -30,6 +30,11 @@ void takeSettings(const PictureSession& session, WindowModels& models);
 void takeStats(const PictureSession& session, WindowModels& models);
 void takeEditor(const PictureSession& session, WindowModels& models);
 void takeJourney(const PictureSession& session, WindowModels& models);
+void takeWorkbench(const PictureSession& session, WindowModels& models);
+void takeControls(const PictureSession& session, WindowModels& models);
+void takeFilters(const PictureSession& session, WindowModels& models);
+void takeSearch(const PictureSession& session, WindowModels& models);
+void takeRows(const PictureSession& session, WindowModels& models);
 
 } // namespace WindowPictures
 

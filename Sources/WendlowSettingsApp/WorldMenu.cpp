@@ -19,14 +19,14 @@ MenuDescription WorldMenuActions::menu() const {
     using World = EditorWorld;
     MenuDescription menu{.id = worldMenuId(),
                          .title = QStringLiteral("World"),
-                         .lines = {world("dayZero", World::dayZero, Qt::Key_1),
-                                   world("someData", World::someData, Qt::Key_2),
-                                   world("powerUser", World::powerUser, Qt::Key_3),
-                                   world("realData", World::realData, Qt::Key_4),
+                         .lines = {world("dayZero", World::dayZero, Shortcuts::DayZero),
+                                   world("someData", World::someData, Shortcuts::SomeData),
+                                   world("powerUser", World::powerUser, Shortcuts::PowerUser),
+                                   world("realData", World::realData, Shortcuts::RealData),
                                    {},
                                    {.id = QStringLiteral("resetWorld"),
                                     .title = QStringLiteral("Reset World"),
-                                    .keys = {},
+                                    .keys = std::nullopt,
                                     .act = [this] { m_worlds().resetWorld(); }},
                                    {}}};
     for (const WindowDescription& window : WindowDescriptions::all())
@@ -35,18 +35,17 @@ MenuDescription WorldMenuActions::menu() const {
     return menu;
 }
 
-MenuLine WorldMenuActions::world(const char* id, EditorWorld world, int key) const {
-    return {.id = QString::fromLatin1(id),
-            .title = QString::fromUtf8(label(world)),
-            .keys = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key)),
-            .act = [this, world] { m_worlds().switchWorld(world); },
-            .checked = [this, world] { return m_worlds().world() == world; }};
+MenuLine WorldMenuActions::world(const char* id, EditorWorld world, Shortcuts::Id keys) const {
+    MenuLine line = MenuLine::of(keys, id, [this, world] { m_worlds().switchWorld(world); });
+    line.title = QString::fromUtf8(label(world));
+    line.checked = [this, world] { return m_worlds().world() == world; };
+    return line;
 }
 
 MenuLine WorldMenuActions::bench(const WindowDescription& window) const {
     return {.id = QString::fromUtf8(window.worldLine),
             .title = QString::fromUtf8(window.title),
-            .keys = {},
+            .keys = std::nullopt,
             .act = [this, kind = window.kind] { m_openBench(kind); }};
 }
 

@@ -21,7 +21,7 @@ public:
     MenuDescription menu() const;
 
 private:
-    MenuLine world(const char* id, EditorWorld world, int key) const;
+    MenuLine world(const char* id, EditorWorld world, Shortcuts::Id keys) const;
     MenuLine bench(const WindowDescription& window) const;
 
     const Worlds m_worlds;

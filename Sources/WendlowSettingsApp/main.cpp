@@ -29,6 +29,7 @@
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowEditorBenchesPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowEditorPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowOnboardingPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)

@@ -22,17 +22,19 @@ FocusScope {
     Component.onCompleted: face.root.appear()
 
     Keys.onPressed: event => {
-        const deeds = {
-            [Qt.Key_Left]: () => face.root.goToPreviousDay(),
-            [Qt.Key_Right]: () => face.root.goToNextDay(),
-            [Qt.Key_T]: () => face.root.goToToday()
-        };
-        event.accepted = (event.modifiers & ~Qt.KeypadModifier) === 0 && event.key in deeds;
-        if (event.accepted)
-            deeds[event.key]();
+        const pressed = id => Shortcuts.isPressed(id, event.key, event.modifiers);
+        event.accepted = true;
+        if (pressed(Shortcuts.PreviousDay))
+            face.root.goToPreviousDay();
+        else if (pressed(Shortcuts.NextDay))
+            face.root.goToNextDay();
+        else if (pressed(Shortcuts.Today))
+            face.root.goToToday();
+        else
+            event.accepted = false;
     }
     Shortcut {
-        sequence: "F5"
+        sequences: Shortcuts.of(Shortcuts.Refresh)
         onActivated: face.root.refresh()
     }
 

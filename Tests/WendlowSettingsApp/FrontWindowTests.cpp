@@ -43,6 +43,8 @@ void leaveForAnotherProgram() {
 }
 
 TEST(SettingsApplication, KeepsTheMenusOfTheWindowInFrontAndClosesThatWithoutTheFocus) {
+    // The last of them are there whatever is in front, with the line between.
+    const QString windows = u" Settings Memories Stats First Run"_s;
     Program program;
     const QWindow& stats = program.inFront(WindowKind::stats);
     EXPECT_FALSE(program.hasWorld());
@@ -50,7 +52,7 @@ TEST(SettingsApplication, KeepsTheMenusOfTheWindowInFrontAndClosesThatWithoutThe
     EXPECT_TRUE(program.hasWorld());
     leaveForAnotherProgram();
     EXPECT_TRUE(program.hasWorld());
-    EXPECT_EQ(program.lines("enabled"), u"Close Minimize"_s);
+    EXPECT_EQ(program.lines("enabled"), u"Close Minimize "_s + windows);
     bench.showMinimized();
     EXPECT_FALSE(program.hasWorld()) << "Stats is what is left on the screen";
     bench.showNormal();
@@ -71,7 +73,7 @@ TEST(SettingsApplication, KeepsTheMenusOfTheWindowInFrontAndClosesThatWithoutThe
     EXPECT_FALSE(bench.isVisible() || program.hasWorld());
     close();
     EXPECT_FALSE(stats.isVisible());
-    EXPECT_EQ(program.lines("enabled"), QString());
+    EXPECT_EQ(program.lines("enabled"), windows);
     close();
 }
 

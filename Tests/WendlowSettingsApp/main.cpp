@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 Q_IMPORT_QML_PLUGIN(WendlowControlsPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowEditorBenchesPlugin)
+Q_IMPORT_QML_PLUGIN(WendlowEditorPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowSettingsAppPlugin)
 Q_IMPORT_QML_PLUGIN(WendlowOnboardingPlugin)

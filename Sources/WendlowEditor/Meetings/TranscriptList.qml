@@ -113,7 +113,11 @@ ListView {
     Keys.onReturnPressed: event => list.erase(event.isAutoRepeat)
     Keys.onEnterPressed: event => list.erase(event.isAutoRepeat)
     Keys.onSpacePressed: event => list.erase(event.isAutoRepeat)
-    Keys.onDeletePressed: event => list.erase(event.isAutoRepeat)
+    Keys.onPressed: event => {
+        event.accepted = Shortcuts.isPressed(Shortcuts.EraseLine, event.key, event.modifiers);
+        if (event.accepted)
+            list.erase(event.isAutoRepeat);
+    }
 
     // Lines below one that has gone come to stand where it was, and under the pointer: the second press of
     // a double click is not meant for them.

@@ -71,7 +71,7 @@ T.ItemDelegate {
         row.wanted()
 
     // The menu bar would take it for the text that has the focus, and there is none.
-    Keys.onShortcutOverride: event => event.accepted = event.matches(StandardKey.Copy)
+    Keys.onShortcutOverride: event => event.accepted = Shortcuts.isPressed(Shortcuts.CopyMemory, event.key, event.modifiers)
 
     TapHandler {
         acceptedButtons: Qt.RightButton

@@ -148,7 +148,7 @@ ListView {
 
                 MenuItem {
                     text: qsTr("Copy")
-                    keys: qsTr("Ctrl+C")
+                    keys: Shortcuts.told(Shortcuts.CopyMemory)
                     enabled: choices.known
                     onTriggered: list.copy(list.lines.textOf(list.currentIndex))
                 }
@@ -178,12 +178,12 @@ ListView {
 
     Keys.onPressed: event => {
         list.byKey = true;
-        if (event.matches(StandardKey.Copy)) {
+        if (Shortcuts.isPressed(Shortcuts.CopyMemory, event.key, event.modifiers)) {
             list.copy(list.lines.textOf(list.currentIndex));
             event.accepted = true;
             return;
         }
-        if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier) {
+        if (Shortcuts.isPressed(Shortcuts.MemoryMenu, event.key, event.modifiers)) {
             const line = list.currentItem;
             if (line !== null)
                 list.openMenu(list.margin + 24, Math.max(0, line.y - list.contentY + Math.min(line.height, list.rowHeight) - 8));

@@ -74,7 +74,7 @@ FacePage {
         visible: !list.atYBeginning
     }
     Shortcut {
-        sequence: "Ctrl+N"
+        sequences: Shortcuts.of(Shortcuts.NewRule)
         enabled: page.visible && !page.face.composer.open
         onActivated: page.face.newRule()
     }

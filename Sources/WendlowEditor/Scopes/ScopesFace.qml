@@ -210,7 +210,7 @@ FacePage {
         visible: !list.atYBeginning
     }
     Shortcut {
-        sequence: "Ctrl+N"
+        sequences: Shortcuts.of(Shortcuts.NewScope)
         enabled: page.visible && !page.face.sheet.open
         onActivated: page.face.newScope()
     }

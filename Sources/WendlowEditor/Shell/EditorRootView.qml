@@ -29,13 +29,14 @@ FocusScope {
             stage.enter();
     }
 
-    Keys.onEscapePressed: event => {
-        const before = view.Window.activeFocusItem;
-        event.accepted = view.root.back();
-        if (stage.activeFocus)
-            Qt.callLater(view.settle, before);
-    }
     Keys.onPressed: event => {
+        if (Shortcuts.isPressed(Shortcuts.StepBack, event.key, event.modifiers)) {
+            const before = view.Window.activeFocusItem;
+            event.accepted = view.root.back();
+            if (stage.activeFocus)
+                Qt.callLater(view.settle, before);
+            return;
+        }
         const plain = (event.modifiers & ~Qt.ShiftModifier & ~Qt.KeypadModifier) === 0;
         event.accepted = plain && view.root.beginsSearch(event.text);
         if (event.accepted)
@@ -71,12 +72,12 @@ FocusScope {
     }
 
     Shortcut {
-        sequence: "Ctrl+F"
+        sequences: Shortcuts.of(Shortcuts.Search)
         enabled: !view.root.modal
         onActivated: rail.enterSearch()
     }
     Shortcut {
-        sequence: "Alt+Left"
+        sequences: Shortcuts.of(Shortcuts.BackToResults)
         enabled: !view.root.modal && view.root.search.trail.length > 0 && !view.root.search.searching
         onActivated: view.root.backToResults()
     }

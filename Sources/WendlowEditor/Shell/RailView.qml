@@ -83,10 +83,11 @@ FocusScope {
             if (search.searching && !search.busy)
                 rail.exited();
         }
-        Keys.onEscapePressed: event => {
-            event.accepted = rail.root.back();
-        }
         Keys.onPressed: event => {
+            if (Shortcuts.isPressed(Shortcuts.StepBack, event.key, event.modifiers)) {
+                event.accepted = rail.root.back();
+                return;
+            }
             const search = rail.root.search;
             const page = 8;
             event.accepted = search.searching && (event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown);

@@ -18,7 +18,7 @@ Card {
         within: card
     }
     Shortcut {
-        sequence: "Alt+L"
+        sequences: Shortcuts.of(Shortcuts.DiagnosticLog)
         enabled: card.visible && card.log.known
         onActivated: card.model.toggleDiagnosticLogging(!card.log.on)
     }

@@ -31,9 +31,8 @@ T.ItemDelegate {
     Accessible.role: Accessible.ListItem
     Accessible.name: entry.value
     Accessible.description: entry.tag
-    Keys.onDeletePressed: entry.removed()
     Keys.onPressed: event => {
-        event.accepted = event.key === Qt.Key_Backspace;
+        event.accepted = Shortcuts.isPressed(Shortcuts.RemoveRule, event.key, event.modifiers);
         if (event.accepted)
             entry.removed();
     }
