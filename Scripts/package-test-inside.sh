@@ -24,7 +24,14 @@ entry=/usr/share/applications/works.fenmoor.wendlow.desktop
 
 active_is() { [ "$(xdotool getactivewindow getwindowname 2>/dev/null)" = "$1" ]; }
 has_a_window() { xdotool search --onlyvisible --classname '^wendlow$' >/dev/null 2>&1; }
-processes() { pgrep -x -U "$(id -u)" 'wendlow|wendlow-setting' || true; }
+processes() {
+    local link
+    for link in /proc/[0-9]*/exe; do
+        if [ "$(readlink "$link")" = /opt/Wendlow.app/Contents/MacOS/wendlow-settings ]; then
+            basename "${link%/exe}"
+        fi
+    done
+}
 nothing_runs() { [ -z "$(processes)" ]; }
 
 # Files as people have them: spacing that no printer would choose, comments, no last line end.
@@ -36,6 +43,13 @@ fill_home() {
     printf '{"mcpServers": {}}\n' >.cursor/mcp.json
     printf '{\n\t"version": 1,\n\t"hooks": {}\n}\n' >.cursor/hooks.json
     printf '{\n  // mine\n  "model": "x/y",\n}\n' >.config/opencode/opencode.json
+}
+
+# Each file with mode and bytes. Copies beside the files and what Wendlow keeps of its own are told of,
+# and stay.
+manifest() {
+    find . -path ./Library -prune -o -type f ! -name '*.wendlow-backup-*' -printf '%m %p ' \
+        -exec sha256sum {} \; | sort -k 2
 }
 
 tools() {
@@ -63,9 +77,7 @@ tools() {
     passed "doctor"
 
     wendlow-connect remove >/tmp/removed || fail "remove: $(cat /tmp/removed)"
-    # Copies beside the files and what Wendlow keeps of its own are told of, and stay.
-    diff -r --exclude='*.wendlow-backup-*' --exclude=Library /tmp/before . ||
-        fail "the tools' files are not as before"
+    diff <(cd /tmp/before && manifest) <(manifest) || fail "the tools' files are not as before"
     passed "disconnected byte for byte"
 }
 
@@ -135,8 +147,7 @@ echo 'deb http://deb.debian.org/debian bookworm main' >/etc/apt/sources.list
 apt-get update -qq
 install_package
 passed "installed by apt: $(dpkg-query -W -f '${Package} ${Version}, ${Installed-Size} KB' wendlow)"
-apt-get install -y -qq --no-install-recommends xvfb openbox xdotool dbus libglib2.0-bin procps \
-    diffutils >/dev/null 2>&1
+apt-get install -y -qq --no-install-recommends xvfb openbox xdotool dbus libglib2.0-bin >/dev/null 2>&1
 useradd --create-home person
 
 purge_package
