@@ -14,7 +14,7 @@ namespace {
 using Path = std::filesystem::path;
 using Outcome = std::expected<void, std::string>;
 
-constexpr std::array<std::pair<std::string_view, Verb>, 7> verbs{{
+constexpr std::array<std::pair<std::string_view, Verb>, 8> verbs{{
     {"scan", Verb::scan},
     {"install", Verb::install},
     {"remove", Verb::remove},
@@ -22,6 +22,7 @@ constexpr std::array<std::pair<std::string_view, Verb>, 7> verbs{{
     {"memory", Verb::memory},
     {"stale", Verb::stale},
     {"converge", Verb::converge},
+    {"doctor", Verb::doctor},
 }};
 
 std::string names() {
@@ -156,6 +157,9 @@ Connects AI tools to Wendlow, and takes the connection out again.
   converge   install where that is so, and leave everything else alone; without
              TOOL, also clear away what earlier versions put into Claude's
              desktop app
+  doctor     what a maintainer would ask: versions, programs, the tools and
+             their files, and whether the gateway answers; no contents of
+             files, and the home folder as "~"
 
   TOOL                 a tool's id; all of them if left out
   --home DIR           the home folder; the user's own if left out
@@ -167,7 +171,7 @@ Connects AI tools to Wendlow, and takes the connection out again.
   --claude-running yes|no
                        for converge: whether that app is running, which rewrites
                        its file when it quits; looked for if left out
-  --json               one JSON array in place of lines
+  --json               JSON in place of lines: an array, of doctor an object
 
 Exit status: 0; 1 when a verb was refused; 2 for wrong usage.
 )";

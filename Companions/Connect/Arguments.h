@@ -12,7 +12,7 @@
 
 namespace wendlow::connect {
 
-enum class Verb { scan, install, remove, projects, memory, stale, converge, help };
+enum class Verb { scan, install, remove, projects, memory, stale, converge, doctor, help };
 
 /// What the command line asks for.
 struct Arguments {

@@ -1,18 +1,24 @@
 // wendlow-connect: what the Connected Apps pane does, without a window.
 
 #include "Arguments.h"
+#include "Doctor.h"
 #include "Report.h"
+#include "RuntimeFolder.h"
 
 #include "ClaudeChat/ClaudeDesktop.h"
+#include "ClientInstance.h"
 #include "Connectors.h"
 #include "Converge.h"
+#include "GatewayDoor.h"
 #include "InstalledBundle.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -24,6 +30,7 @@ namespace {
 using namespace wendlow;
 using connect::Arguments;
 using connect::Report;
+namespace Doctor = connect::Doctor;
 using connect::Verb;
 
 enum ExitStatus { succeeded = 0, wasRefused = 1, wrongUsage = 2 };
@@ -115,10 +122,30 @@ bool perform(Verb verb, const Connector& connector, const std::filesystem::path&
         return outcome.result != ConnectorOutcome::Result::refused;
     }
     case Verb::converge:
+    case Verb::doctor:
     case Verb::help:
         break;
     }
     return true;
+}
+
+std::string diagnosis(const Connectors::List& connectors, const Doctor::Places& places, bool json) {
+    // A person's shell may know no more of the session than a tool's.
+    findRuntimeFolder();
+    std::vector<Doctor::SeenTool> tools;
+    for (const auto& connector : connectors) {
+        ScanReport scan = connector->scan();
+        append(scan.observations, keptElsewhere(scan.identity, places.home));
+        tools.push_back({.scan = std::move(scan), .isStale = connector->staleOwnWiring()});
+    }
+    const auto ask = [](const std::vector<GatewayRequest>& questions) {
+        constexpr auto patience = std::chrono::seconds(3);
+        return GatewayDoor(std::string(ClientInstance::gatewayID),
+                           GatewayDoor::Clock::now() + patience)
+            .ask(questions);
+    };
+    const JSONLiteral found = Doctor::examine(places, tools, ask);
+    return json ? Doctor::json(found) : Doctor::lines(found);
 }
 
 /// Where the program works.
@@ -149,6 +176,14 @@ bool converge(const Connectors::List& connectors, const Places& places, const Ar
     return accepted;
 }
 
+ExitStatus written(const std::string& report, bool accepted) {
+    if (!print(stdout, report)) {
+        print(stderr, "wendlow-connect: the report could not be written out\n");
+        return wasRefused;
+    }
+    return accepted ? succeeded : wasRefused;
+}
+
 ExitStatus run(const std::vector<std::string_view>& words) {
     const auto arguments = connect::parse(words);
     if (!arguments)
@@ -163,12 +198,16 @@ ExitStatus run(const std::vector<std::string_view>& words) {
     const auto bundle = arguments->bundle ? arguments->bundle : InstalledBundle::current();
     if (!bundle)
         return complain("this program does not lie in an application, so --bundle is needed");
-    const auto connectors =
-        chosen(Connectors::all(*home, *bundle, arguments->applications.value_or("/Applications")),
-               *arguments);
+    const auto applications = arguments->applications.value_or("/Applications");
+    const auto connectors = chosen(Connectors::all(*home, *bundle, applications), *arguments);
     if (!connectors)
         return complain(fmt::format("there is no tool {}", connectors.error()));
 
+    if (arguments->verb == Verb::doctor)
+        return written(diagnosis(*connectors,
+                                 {.home = *home, .bundle = *bundle, .applications = applications},
+                                 arguments->json),
+                       true);
     Report report;
     bool accepted = true;
     if (arguments->verb == Verb::converge)
@@ -176,11 +215,7 @@ ExitStatus run(const std::vector<std::string_view>& words) {
     else
         for (const auto& connector : *connectors)
             accepted = perform(arguments->verb, *connector, *home, report) && accepted;
-    if (!print(stdout, arguments->json ? report.json() : report.lines())) {
-        print(stderr, "wendlow-connect: the report could not be written out\n");
-        return wasRefused;
-    }
-    return accepted ? succeeded : wasRefused;
+    return written(arguments->json ? report.json() : report.lines(), accepted);
 }
 
 } // namespace

@@ -22,8 +22,10 @@ public:
     /// Does not wait for a dial that is under way.
     ~SessionBus() override;
 
-    /// Returns at once. Called once.
+    /// Returns at once. Called once, or `adopt` in its place.
     void dial();
+    /// The same with a connection that is open already; `connected` tells of it at once.
+    void adopt(const QDBusConnection& bus) { opened(bus); }
 
 Q_SIGNALS:
     /// There is a bus, or another one: whoever listened to the one before must listen again.

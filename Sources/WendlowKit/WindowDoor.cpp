@@ -11,6 +11,13 @@ namespace {
 constexpr std::string_view flag = "--window=";
 constexpr std::array panes = {Pane::settings, Pane::stats, Pane::editor, Pane::onboarding};
 
+std::optional<std::string> value(const std::optional<UserInfo>& userInfo, std::string_view key) {
+    if (!userInfo)
+        return std::nullopt;
+    const auto found = userInfo->find(std::string(key));
+    return found == userInfo->end() ? std::nullopt : std::optional(found->second);
+}
+
 } // namespace
 
 std::string_view text(Pane pane) {
@@ -55,10 +62,11 @@ std::optional<UserInfo> userInfo(Front front) {
 }
 
 bool wantsFront(const std::optional<UserInfo>& userInfo) {
-    if (!userInfo)
-        return false;
-    const auto found = userInfo->find(std::string(frontKey));
-    return found != userInfo->end() && found->second == "1";
+    return value(userInfo, frontKey) == "1";
+}
+
+std::optional<std::string> settingsPane(const std::optional<UserInfo>& userInfo) {
+    return value(userInfo, settingsPaneKey);
 }
 
 JourneyDoorAction journeyDoor(JourneyDoorState state) {

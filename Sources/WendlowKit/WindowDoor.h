@@ -20,6 +20,8 @@ using UserInfo = std::map<std::string, std::string>;
 
 inline constexpr std::string_view notification = ClientInstance::openWindowNotification;
 inline constexpr std::string_view frontKey = "front";
+/// Beside a request for Settings: the pane to turn to, by its id.
+inline constexpr std::string_view settingsPaneKey = "pane";
 
 /// The pane's raw string, which is the case's name.
 std::string_view text(Pane pane);
@@ -36,6 +38,8 @@ std::optional<Pane> requested(std::span<const std::string> arguments);
 /// What goes with a request: nothing, or "front" to "1".
 std::optional<UserInfo> userInfo(Front front);
 bool wantsFront(const std::optional<UserInfo>& userInfo);
+/// The id of a pane of Settings, where the request names one; it may be no pane's.
+std::optional<std::string> settingsPane(const std::optional<UserInfo>& userInfo);
 
 /// What a request finds: whether the journey has a window, whether that window is on screen or
 /// minimized, and whether the request asks for the front.

@@ -45,6 +45,11 @@ SettingsApplication::SettingsApplication(Surroundings surroundings)
       m_delegate(
           m_surroundings.notifications, m_front,
           {.show = [this](WindowDoor::Pane pane, WindowDoor::Front front) { show(pane, front); },
+           .turnTo =
+               [this](std::string_view id) {
+                   if (const auto pane = Panes::withId(id))
+                       m_models.openSettingsOn(*pane);
+               },
            .log = m_surroundings.setupLog,
            .mainWindowChanged = [this] { syncMainWindow(); }}) {
     buildMainMenu();
@@ -120,7 +125,9 @@ void SettingsApplication::showFirst(std::function<void(WindowDoor::Pane)> shown)
     constexpr auto patience = std::chrono::milliseconds(300);
     constexpr auto limit = std::chrono::seconds(5);
     const auto first = std::make_shared<ToldPane>(std::move(shown));
+    m_isOpening = true;
     const auto showNow = [this, first](Pane pane) {
+        m_isOpening = false;
         show(pane, WindowDoor::Front::bring);
         if (const auto told = std::exchange(*first, nullptr))
             told(pane);
@@ -136,6 +143,15 @@ void SettingsApplication::showFirst(std::function<void(WindowDoor::Pane)> shown)
                        else if (*first)
                            showNow(Pane::settings);
                    });
+}
+
+void SettingsApplication::startedAgain() {
+    if (m_isOpening)
+        return;
+    if (QWindow* const open = m_front.mainWindow())
+        WindowPresenter::bringToFront(*open);
+    else
+        present(WindowKind::settings);
 }
 
 std::unique_ptr<JourneyRoot> SettingsApplication::makeJourney(WindowModels& models) const {

@@ -44,6 +44,9 @@ public:
     /// Brings up the window of a start that asked for none: Settings, or the journey for who is to
     /// go through it. `shown` is told of that window, which may be a moment after.
     void showFirst(std::function<void(WindowDoor::Pane)> shown);
+    /// A start that asked for no window found this one running: what was in front last comes to the
+    /// front.
+    void startedAgain();
     /// The first window is on the screen: does what a start brings with it, behind what is seen.
     void started();
     /// Null while the kind has had no window yet.
@@ -83,6 +86,7 @@ private:
     JourneyPresenter m_journey;
     std::unique_ptr<QWindow> m_about;
     std::unique_ptr<QWindow> m_shortcuts;
+    bool m_isOpening = false; ///< which window a start begins with is still being found out
     SettingsDelegate m_delegate;
 };
 

@@ -21,6 +21,8 @@ void SettingsDelegate::doorOpened(const DistributedNotification& notification) c
     const bool front = WindowDoor::wantsFront(notification.userInfo);
     m_answers.log("door: menu asked for " + std::string(WindowDoor::text(*pane)) +
                   (front ? " (front)" : ""));
+    if (const auto settingsPane = WindowDoor::settingsPane(notification.userInfo))
+        m_answers.turnTo(*settingsPane);
     m_answers.show(*pane, front ? WindowDoor::Front::bring : WindowDoor::Front::leave);
 }
 

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace wendlow {
 
@@ -20,7 +21,8 @@ class SettingsDelegate final : public QObject {
 public:
     struct Answers {
         std::function<void(WindowDoor::Pane, WindowDoor::Front)> show;
-        std::function<void(const std::string&)> log; ///< a line for the setup log
+        std::function<void(std::string_view)> turnTo; ///< a pane of Settings, by its id
+        std::function<void(const std::string&)> log;  ///< a line for the setup log
         std::function<void()> mainWindowChanged;
     };
 

@@ -10,19 +10,6 @@
 
 namespace wendlow {
 
-namespace {
-
-/// In front, with the focus; back from being minimized.
-void bringToFront(QWindow& window) {
-    if (window.windowStates().testFlag(Qt::WindowMinimized))
-        window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
-    window.show();
-    window.raise();
-    window.requestActivate();
-}
-
-} // namespace
-
 WindowPresenter::WindowPresenter(Make make) : m_make(std::move(make)) {}
 
 WindowPresenter::~WindowPresenter() = default;
@@ -32,6 +19,14 @@ QWindow& WindowPresenter::present(WindowKind kind) {
     QWindow& shown = existing ? *existing : build(kind);
     bringToFront(shown);
     return shown;
+}
+
+void WindowPresenter::bringToFront(QWindow& window) {
+    if (window.windowStates().testFlag(Qt::WindowMinimized))
+        window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.requestActivate();
 }
 
 QWindow* WindowPresenter::window(WindowKind kind) const {

@@ -26,6 +26,8 @@ public:
 
     /// Brings the kind's window to the front, making it on first need.
     QWindow& present(WindowKind kind);
+    /// In front, with the focus; back from being minimized.
+    static void bringToFront(QWindow& window);
     /// Null while the kind has had no window yet.
     QWindow* window(WindowKind kind) const;
 

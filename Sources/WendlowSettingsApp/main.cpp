@@ -1,10 +1,14 @@
 #include "Appearance.h"
+#include "ApplicationSeat.h"
 #include "BusPulse.h"
+#include "ClientInstance.h"
 #include "ExportedScreens.h"
 #include "FileChooser.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
+#include "Pane.h"
 #include "SessionBus.h"
+#include "SessionBusAddress.h"
 #include "SettingsApplication.h"
 #include "SetupLog.h"
 #include "Snapshots.h"
@@ -24,6 +28,7 @@
 #include <chrono>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -40,6 +45,7 @@ using namespace wendlow;
 
 namespace {
 
+constexpr int unheard = 1;
 constexpr int wrongUsage = 2;
 
 /// Pictures are drawn without a display, by the processor, so that they come out the same anywhere.
@@ -72,9 +78,9 @@ int takeSnapshots(const LaunchOptions& options) {
 /// then knows no screen reader, but there are windows.
 class AwayFromSilentBus {
 public:
-    AwayFromSilentBus()
-        : m_silent(sessionBusPulse(std::chrono::seconds(1)) == BusPulse::silent),
-          m_address(qgetenv(variable)), m_wasSet(qEnvironmentVariableIsSet(variable)) {
+    explicit AwayFromSilentBus(BusPulse pulse)
+        : m_silent(pulse == BusPulse::silent), m_address(qgetenv(variable)),
+          m_wasSet(qEnvironmentVariableIsSet(variable)) {
         if (m_silent)
             qputenv(variable, "disabled:");
     }
@@ -95,8 +101,11 @@ private:
     const bool m_wasSet;
 };
 
-std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv) {
-    const AwayFromSilentBus away;
+std::unique_ptr<QGuiApplication> makeToolkit(int& argc, char** argv, BusPulse pulse) {
+    const AwayFromSilentBus away(pulse);
+    // The desktop finds name and icon of a window by these, whatever name this was started by.
+    QGuiApplication::setDesktopFileName(QString::fromUtf8(ClientInstance::bundlePrefix));
+    qputenv("RESOURCE_NAME", "wendlow");
     auto toolkit = std::make_unique<QGuiApplication>(argc, argv);
     std::ignore = QAccessible::isActive(); // asks now
     return toolkit;
@@ -127,9 +136,41 @@ int show(SettingsApplication& application, const LaunchOptions& options) {
     return QGuiApplication::exec();
 }
 
-int runApplication(const LaunchOptions& options) {
-    const TerminationSignals signals;
+/// What this process has of the session bus before it has a toolkit.
+struct Doorway {
     DistributedNotificationCenter notifications;
+    ApplicationSeat seat;
+    QDBusConnection bus{QString()};
+};
+
+/// Takes the application's place, or has whoever is there show what this start asks for. The exit
+/// status of a start that is over by that; nothing: this one runs.
+std::optional<int> handOver(Doorway& doorway, const LaunchOptions& options) {
+    doorway.bus = QDBusConnection::connectToBus(sessionBusAddress(), uniqueConnectionName());
+    if (!doorway.bus.isConnected())
+        return std::nullopt;
+    // Before the place is taken: what is posted to whoever has it must not be lost.
+    doorway.notifications.listenOn(doorway.bus);
+    ApplicationSeat::Wish wish{.pane = options.pane, .settingsPane = std::nullopt};
+    if (options.settingsPane)
+        wish.settingsPane = Panes::of(*options.settingsPane).id;
+    while (doorway.seat.take(doorway.bus) == ApplicationSeat::Taken::others) {
+        switch (ApplicationSeat::ask(doorway.bus, wish)) {
+        case ApplicationSeat::Heard::yes:
+            return 0;
+        case ApplicationSeat::Heard::silent:
+            fmt::print(stderr, "wendlow-settings: {}\n", ApplicationSeat::unheardSentence);
+            return unheard;
+        case ApplicationSeat::Heard::nobody:
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
+int runApplication(const LaunchOptions& options, Doorway& doorway) {
+    const TerminationSignals signals;
+    DistributedNotificationCenter& notifications = doorway.notifications;
     Appearance appearance;
     GatewayPresence gateway;
     SessionBus bus;
@@ -140,7 +181,11 @@ int runApplication(const LaunchOptions& options) {
     QObject::connect(&bus, &SessionBus::connected, &gateway, &GatewayPresence::listenOn);
     QObject::connect(&bus, &SessionBus::connected, &gateway,
                      [portalBus](const QDBusConnection& dialled) { *portalBus = dialled; });
-    bus.dial();
+    QObject::connect(&bus, &SessionBus::connected, &doorway.seat, &ApplicationSeat::takeLater);
+    if (doorway.bus.isConnected())
+        bus.adopt(doorway.bus);
+    else
+        bus.dial();
     SettingsApplication application(
         {.followLooks =
              [&appearance, &options](ThemeSource& looks, WindowFactory::Darkness darkness) {
@@ -155,12 +200,15 @@ int runApplication(const LaunchOptions& options) {
              }});
     QObject::connect(&gateway, &GatewayPresence::came, &application,
                      [&application] { application.models().daemonCame(); });
+    doorway.seat.tell([&application] { application.startedAgain(); });
     // Pictures that were written for other programs are there for as long as this runs.
     QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, &application, [] {
         if (const auto screens = ExportedScreens::live())
             screens->clear();
     });
-    return TerminationSignals::leave(show(application, options));
+    const int status = show(application, options);
+    doorway.seat.tell(nullptr);
+    return TerminationSignals::leave(status);
 }
 
 } // namespace
@@ -174,6 +222,12 @@ int main(int argc, char** argv) {
     }
     if (options->snapshots)
         drawOffScreen();
-    const auto toolkit = makeToolkit(argc, argv);
-    return options->snapshots ? takeSnapshots(*options) : runApplication(*options);
+    const BusPulse pulse = sessionBusPulse(std::chrono::seconds(1));
+    Doorway doorway;
+    // What draws pictures or measures its first frame is no application that a person has open.
+    if (pulse == BusPulse::answers && !options->snapshots && !options->firstFrame)
+        if (const auto status = handOver(doorway, *options))
+            return *status;
+    const auto toolkit = makeToolkit(argc, argv, pulse);
+    return options->snapshots ? takeSnapshots(*options) : runApplication(*options, doorway);
 }

@@ -148,12 +148,64 @@ TEST_F(Connect, listsProjectsAndMemoryFiles) {
         HasSubstr(R"("files": [{"path": "HOME/.claude/CLAUDE.md","bytes": 3,"modified": )"));
 }
 
+TEST_F(Connect, tellsAMaintainerWhereThingsAreAndNothingOfWhatTheySay) {
+    const std::string secret = "s3cret";
+    put(file(".claude/settings.json"),
+        R"({"model":"s3cret","hooks":{"UserPromptSubmit":[{"hooks":[{"type":"command",)"
+        R"("command":"/old-s3cret/fenmoor/wendlow/dist-dev/Wendlow.app/Contents/MacOS/)"
+        R"(wendlow-hook --harness claude-code"}]}]}})");
+    put(file(".claude.json"), R"({"projects":{"/s3cret/project":{}},"s3cret":1,"s3cret":2})", 0600);
+    put(file(".claude.json.wendlow-backup-20260101-000000"), secret);
+    put(file(".claude/projects/-s3cret/memory/s3cret.md"), secret);
+    put(file(".codex/config.toml"), "s3cret = \"s3cret\n");
+    put(file("Library/Application Support/Wendlow/Connectors/codex.json"),
+        R"({"created":["codexHooksObject"],"trustSlots":["s3cret"],"appVersion":"1"})");
+    put(file("lib/node_modules/@openai/codex/bin/codex.js"), "", 0755);
+    put(file("lib/node_modules/@openai/codex/package.json"), R"({"version":"0.31.2"})");
+    put(file("share/claude/versions/2.0.5"), "", 0755);
+    fs::create_directory(file("bin"));
+    fs::create_symlink(file("share/claude/versions/2.0.5"), file("bin/claude"));
+    fs::create_symlink("../lib/node_modules/@openai/codex/bin/codex.js", file("bin/codex"));
+    const auto doctor = [&](std::vector<std::string> more) {
+        more.insert(more.begin(), {"--home", m_home.path(), "--bundle", bundle(), "doctor"});
+        return testing::runProgram(WENDLOW_CONNECT_PROGRAM, more,
+                                   {{"HOME", m_home.path().string()},
+                                    {"PATH", file("bin").string() + ":/nowhere"},
+                                    {"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"}});
+    };
+    const auto told = doctor({});
+    EXPECT_EQ(told.status, 0) << told.err;
+    for (const char* line : {
+             "  bundle: ~/Wendlow.app\n",
+             "    wendlow-hook: there\n    wendlow-mcp: not to be run by this user\n",
+             "    wendlow-open: not there\n",
+             "gateway:\n  is answering: no\n  health: there is no session bus\n",
+             "  Claude Code\n    state: drifted\n    is stale: ",
+             "    program: ~/bin/claude\n    version: 2.0.5\n",
+             "    program: ~/bin/codex\n    version: 0.31.2\n",
+             "      ~/.claude.json\n        is: a file\n        mode: 0600\n"
+             "        is this users: yes\n        is writable: yes\n"
+             "        copies:\n          .claude.json.wendlow-backup-20260101-000000\n",
+             "points into a source checkout: …\n",
+             "      tells of:\n        codexHooksObject\n      tools version: 1\n",
+             "      ~/.cursor/mcp.json: not there\n",
+         })
+        EXPECT_THAT(told.out, HasSubstr(line));
+    const auto json = doctor({"--json", "codex"});
+    EXPECT_THAT(json.out, HasSubstr(R"("path": "~/.codex/config.toml")"));
+    EXPECT_FALSE(json.out.contains(".claude"));
+    for (const std::string& said : {told.out, json.out}) {
+        EXPECT_FALSE(said.contains(secret)) << said;
+        EXPECT_FALSE(said.contains(m_home.path().string())) << said;
+    }
+}
+
 TEST_F(Connect, refusesWrongUsage) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "no verb was given; the verbs are scan, install, remove, projects, memory, stale, "
-             "converge"},
+             "converge, doctor"},
         {"scn", "there is no verb scn; the verbs are scan, install, remove, projects, memory, "
-                "stale, converge"},
+                "stale, converge, doctor"},
         {"install claude-code nothing", "there is no tool nothing"},
         {"scan --jsn", "there is no option --jsn"},
         {"scan --applications", "--applications needs a value"},

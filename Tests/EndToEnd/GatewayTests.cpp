@@ -1,4 +1,6 @@
+#include "GatewayProcess.h"
 #include "PrivateBus.h"
+#include "RunProgram.h"
 #include "Support/Desktop.h"
 
 #include <QDBusConnection>
@@ -42,6 +44,28 @@ TEST(Gateway, IsDialledAtTheStartWhetherOrNotItIsThere) {
     EXPECT_EQ(application.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(application.exitCode(), 0);
     QDBusConnection::disconnectFromBus(name);
+}
+
+/// The gateway as a maintainer is told of it.
+TEST(Gateway, IsAskedByTheDoctor) {
+    const TemporaryHome home;
+    const PrivateBus bus;
+    GatewayProcess gateway(WENDLOW_PRACTICE_GATEWAY, {"--fill", "day", "--withhold", "microphone"},
+                           home.path());
+    const auto doctor = [&home] {
+        return runProgram(WENDLOW_BUNDLE "/Contents/MacOS/wendlow-connect",
+                          {"--home", home.path(), "doctor"})
+            .out;
+    };
+    const std::string told = doctor();
+    for (const char* line : {"  is answering: yes\n", "  build: practice gateway ",
+                             "    accessibility: granted\ntools:\n"})
+        EXPECT_TRUE(told.contains(line)) << line << "is not in:\n" << told;
+    gateway.wedge();
+    EXPECT_TRUE(
+        doctor().contains("  is answering: no\n  health: the gateway did not answer in time\n"));
+    gateway.kill();
+    EXPECT_TRUE(doctor().contains("  is answering: no\n  health: no gateway is running\n"));
 }
 
 } // namespace

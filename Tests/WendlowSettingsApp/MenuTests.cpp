@@ -180,6 +180,10 @@ struct Door {
                          .arg(QString::fromStdString(std::string(WindowDoor::text(pane))))
                          .arg(front == WindowDoor::Front::bring));
              },
+         .turnTo =
+             [this](std::string_view pane) {
+                 happened.append(u"turn to "_s + QString::fromUtf8(pane));
+             },
          .log = [this](const std::string& line) { happened.append(QString::fromStdString(line)); },
          .mainWindowChanged = [] {}}};
 };
@@ -194,9 +198,11 @@ TEST(SettingsDelegate, OpensThePaneThatTheDoorNamesAndIgnoresOtherRequests) {
     door.delegate.doorOpened({.name = name,
                               .object = "onboarding",
                               .userInfo = WindowDoor::userInfo(WindowDoor::Front::bring)});
+    door.delegate.doorOpened({.name = name, .object = "settings", .userInfo = {{{"pane", "x"}}}});
     EXPECT_EQ(door.happened.join(u'|'),
               QStringLiteral("door: menu asked for stats|show stats 0|"
-                             "door: menu asked for onboarding (front)|show onboarding 1"));
+                             "door: menu asked for onboarding (front)|show onboarding 1|"
+                             "door: menu asked for settings|turn to x|show settings 0"));
 }
 
 } // namespace
