@@ -34,6 +34,7 @@ step() {
 formatting() {
     git ls-files -z -- '*.cpp' '*.h' '*.c' | xargs -0 clang-format-19 --dry-run -Werror
     Scripts/check-map.sh
+    Scripts/check-links.py
 }
 
 build() {
@@ -56,7 +57,7 @@ tests() {
 }
 
 step "dependencies" Scripts/dependencies.sh
-step "formatting and the map of folders" formatting
+step "formatting, the map of folders and the links" formatting
 step "the product, with GCC" build product dev
 step "QML lint" cmake --build --preset dev --target all_qmllint
 step "static analysis" Scripts/tidy.py
