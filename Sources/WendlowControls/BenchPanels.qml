@@ -46,9 +46,9 @@ Column {
                         required property var modelData
 
                         width: parent.width
-                        leads: row.modelData[0]
-                        lit: row.modelData[1]
-                        ringed: row.modelData[2]
+                        leads: row.modelData?.[0] ?? false
+                        lit: row.modelData?.[1] ?? false
+                        ringed: row.modelData?.[2] ?? false
                         text: "Nov 19, 2:02 PM"
                         help: row.ringed ? "" : row.leads ? qsTr("Open this run's report") : qsTr("There is none")
 
