@@ -465,6 +465,12 @@ TEST(MCPServer, HonoursACancelWhateverElseWaits) {
         }
     EXPECT_THAT(QCoro::waitFor(std::move(calls.back())).value(),
                 ::testing::StartsWith(R"([{"jsonrpc":"2.0","id":100,)"));
+    // No turn is lost to who has left.
+    for (int id = 0; id < 64; ++id)
+        calls.push_back(server.handle(edit(std::to_string(id))));
+    EXPECT_EQ(gateway.sent, 99 + 64);
+    while (!gateway.waiting.empty())
+        gateway.answer();
 }
 
 /// What a reader of this limit makes of the bytes: its lines, and "too long" for one that is.
