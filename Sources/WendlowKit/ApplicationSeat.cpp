@@ -14,7 +14,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 1s; ///< with the bus itself, which answers at once
+/// With the bus itself, which is known to answer: on a machine that is busy it may take its time,
+/// and a start that gave up would be a second process.
+constexpr auto patience = 10s;
 
 const QString busName = QStringLiteral("org.freedesktop.DBus");
 const QString path = QStringLiteral("/works/fenmoor/wendlow/application");

@@ -47,7 +47,8 @@ public:
 
     /// Takes the place on this bus, where it is free. Whoever finds it taken from then on is
     /// answered once this thread's event loop runs, and heard by whoever listened on this
-    /// connection before. Blocks for a second at most.
+    /// connection before. Blocks for ten seconds at most, and only on a bus that
+    /// has just answered.
     Taken take(QDBusConnection bus);
     /// The same without waiting, for a bus that came late: where another has the place, both go on.
     void takeLater(QDBusConnection bus);
