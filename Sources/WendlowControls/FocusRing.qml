@@ -4,7 +4,7 @@ import QtQuick
 
 // The ring around the control that it is put into, shown while focus came by keyboard. Rows and sidebar
 // items draw it inside their edge, where a neighbour cannot cover it.
-Only {
+Repeater {
     id: ring
 
     required property bool shown
@@ -15,7 +15,7 @@ Only {
 
     anchors.fill: parent
     anchors.margins: -ring.reach
-    wanted: ring.shown
+    model: ring.shown ? 1 : 0
 
     Rectangle {
         x: ring.x

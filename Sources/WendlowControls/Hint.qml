@@ -3,10 +3,11 @@ pragma ComponentBehavior: Bound
 import QtQuick
 
 // Gives what it stands in a tooltip, made only while it is wanted.
-Only {
+Repeater {
     id: hint
 
     required property string text
+    required property bool wanted
     property bool leading: false
 
     anchors.fill: parent
