@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import WendlowControls
 
@@ -13,21 +15,25 @@ Item {
 
     readonly property bool truncated: word.truncated
 
-    readonly property int lead: face.busy ? turning.size + row.spacing : face.iconName.length > 0 ? sign.size + row.spacing : 0
+    readonly property int lead: face.busy ? row.turning + row.spacing : face.iconName.length > 0 ? sign.size + row.spacing : 0
 
     implicitWidth: word.implicitWidth + face.lead
     implicitHeight: row.height
 
     Row {
         id: row
+        readonly property int turning: Theme.scaled(14)
+
         anchors.centerIn: parent
         spacing: 8
 
-        Spinner {
-            id: turning
-            visible: face.busy
-            size: Theme.scaled(14)
-            anchors.verticalCenter: parent.verticalCenter
+        Only {
+            wanted: face.busy
+
+            Spinner {
+                size: row.turning
+                anchors.verticalCenter: row.verticalCenter
+            }
         }
         Icon {
             id: sign

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import WendlowControls
 
@@ -14,10 +16,13 @@ Column {
 
     spacing: 8
 
-    Spinner {
-        visible: empty.busy
-        size: Theme.scaled(20)
-        anchors.horizontalCenter: parent.horizontalCenter
+    Only {
+        wanted: empty.busy
+
+        Spinner {
+            size: Theme.scaled(20)
+            anchors.horizontalCenter: empty.horizontalCenter
+        }
     }
     Icon {
         visible: !empty.busy && empty.iconName.length > 0

@@ -1,8 +1,10 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 // The ring around the control that it is put into, shown while focus came by keyboard. Rows and sidebar
 // items draw it inside their edge, where a neighbour cannot cover it.
-Rectangle {
+Repeater {
     id: ring
 
     required property bool shown
@@ -13,9 +15,16 @@ Rectangle {
 
     anchors.fill: parent
     anchors.margins: -ring.reach
-    visible: ring.shown
-    color: "transparent"
-    radius: ring.around + ring.reach
-    border.width: Theme.strokeFocus
-    border.color: Theme.accent
+    model: ring.shown ? 1 : 0
+
+    Rectangle {
+        x: ring.x
+        y: ring.y
+        width: ring.width
+        height: ring.height
+        color: "transparent"
+        radius: ring.around + ring.reach
+        border.width: Theme.strokeFocus
+        border.color: Theme.accent
+    }
 }

@@ -141,6 +141,14 @@ FocusScope {
             }
         }
     }
-    CancelSheet { root: face.root }
-    CancelFailedSheet { root: face.root }
+    Once {
+        wanted: face.root.confirming
+
+        CancelSheet { root: face.root }
+    }
+    Once {
+        wanted: face.root.cancelFailed
+
+        CancelFailedSheet { root: face.root }
+    }
 }

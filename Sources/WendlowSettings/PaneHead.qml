@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import WendlowControls
 
@@ -35,14 +37,18 @@ Column {
         width: 1
         height: Theme.space24
     }
-    Strip {
-        visible: head.error.length > 0
-        width: head.width
-        tone: Strip.Tone.Refusal
-        text: head.error
-        action: qsTr("Try again")
-        acting: head.retrying
-        onActed: head.retried()
+    Once {
+        wanted: head.error.length > 0
+
+        Strip {
+            visible: head.error.length > 0
+            width: head.width
+            tone: Strip.Tone.Refusal
+            text: head.error
+            action: qsTr("Try again")
+            acting: head.retrying
+            onActed: head.retried()
+        }
     }
     Item {
         visible: head.error.length > 0

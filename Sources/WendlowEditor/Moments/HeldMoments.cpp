@@ -47,7 +47,7 @@ bool HeldMoments::insert(const EditorMoments& list, const EditorMoment& moment, 
 void HeldMoments::makeRoom(std::size_t count) {
     if (2 * count <= m_slots.size())
         return;
-    const auto before = std::exchange(m_slots, std::vector<Slot>(std::bit_ceil(4 * count)));
+    const auto before = std::exchange(m_slots, std::vector<Slot>(std::bit_ceil(2 * count)));
     const std::size_t mask = m_slots.size() - 1;
     for (const Slot& slot : before) {
         if (slot.placeAfter == 0)

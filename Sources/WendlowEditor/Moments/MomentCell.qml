@@ -5,7 +5,8 @@ import WendlowControls
 import WendlowEditorMoments
 
 // One moment among the others: its picture with a line below it, or a card of words. A picture that is still
-// to come is a quiet card of its size, and fades in once.
+// to come is a quiet card of its size, and fades in once. So are words while the page rushes by, but for the
+// fading.
 FocusScope {
     id: cell
 
@@ -21,10 +22,6 @@ FocusScope {
     signal pressed
 
     visible: cell.content.shown
-    onTextCardChanged: if (cell.textCard)
-        story.wanted = true
-    Component.onCompleted: if (cell.textCard)
-        story.wanted = true
 
     Accessible.role: Accessible.ListItem
     Accessible.name: cell.content.spoken
@@ -84,9 +81,9 @@ FocusScope {
         id: caption
         y: cell.pictureHeight + 8
         width: parent.width - cell.clockWidth - Theme.space8
-        visible: !cell.textCard
+        visible: cell.content.told && !cell.textCard
         role: Label.Role.Small
-        text: cell.textCard ? "" : cell.content.title
+        text: cell.content.caption
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
@@ -96,6 +93,7 @@ FocusScope {
         x: parent.width - width - (cell.textCard ? 15 : 0)
         y: cell.textCard ? 13 : cell.pictureHeight + 8
         width: cell.clockWidth
+        visible: cell.content.told
         role: Label.Role.Small
         text: cell.content.time
         color: Theme.textSecond
@@ -104,16 +102,16 @@ FocusScope {
     }
 
     // On a card; most cells never show one.
-    Only {
+    Once {
         id: story
 
-        wanted: false
+        wanted: cell.content.told && cell.textCard
 
         MomentCard {
             anchors.fill: card
-            visible: cell.textCard
+            visible: cell.content.told && cell.textCard
             badge: cell.content.badge
-            title: cell.textCard ? cell.content.title : ""
+            title: cell.content.title
             body: cell.content.body
             files: cell.content.files
             clockWidth: cell.clockWidth

@@ -11,7 +11,9 @@
 namespace wendlow {
 
 /// What one cell of the page shows. A cell is there for good and shows one moment after the other
-/// as they come by: only what differs then is told, and no text is worked out twice. UI thread.
+/// as they come by: only what differs then is told, and no text is worked out twice. Its words may
+/// come later than the rest: until then those of the moment before are held, and are not to be
+/// shown. UI thread.
 class MomentCellModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -30,12 +32,16 @@ class MomentCellModel final : public QObject {
     Q_PROPERTY(double shade READ shade NOTIFY kindChanged FINAL)
     /// Of its picture; empty for none.
     Q_PROPERTY(QString key READ key NOTIFY keyChanged FINAL)
-    Q_PROPERTY(QString title READ title NOTIFY worded FINAL)
+    /// Its words are those of its moment.
+    Q_PROPERTY(bool told READ isTold NOTIFY toldChanged FINAL)
+    /// Below a picture; empty for words.
+    Q_PROPERTY(QString caption READ caption NOTIFY worded FINAL)
     Q_PROPERTY(QString time READ time NOTIFY worded FINAL)
     /// For a screen reader.
     Q_PROPERTY(QString spoken READ spoken NOTIFY worded FINAL)
     Q_PROPERTY(QString tip READ tip NOTIFY worded FINAL)
     /// These are of words alone.
+    Q_PROPERTY(QString title READ title NOTIFY storyChanged FINAL)
     Q_PROPERTY(QString badge READ badge NOTIFY storyChanged FINAL)
     Q_PROPERTY(QString body READ body NOTIFY storyChanged FINAL)
     Q_PROPERTY(QString files READ files NOTIFY storyChanged FINAL)
@@ -49,7 +55,11 @@ public:
     /// It shows what is not held any more.
     bool isStale() const { return m_shown && !m_held; }
 
-    void show(std::size_t held, const EditorMoment& moment);
+    enum class Words { now, later };
+
+    void show(std::size_t held, const EditorMoment& moment, Words words = Words::now);
+    /// The words of the moment that it shows, where they are still to come.
+    void tell(const EditorMoment& moment);
     void stand(std::size_t place, MomentLayout::Spot spot);
     void setCurrent(bool isCurrent);
     /// What it shows is not held any more; it is shown until there is something else.
@@ -64,7 +74,9 @@ public:
     bool isTextCard() const { return m_textCard; }
     double shade() const { return m_shade; }
     QString key() const { return m_key; }
-    QString title() const { return m_title; }
+    bool isTold() const { return m_told; }
+    QString caption() const { return m_textCard ? QString() : m_title; }
+    QString title() const { return m_story.title; }
     QString time() const { return m_time; }
     QString spoken() const;
     QString tip() const;
@@ -78,17 +90,19 @@ Q_SIGNALS:
     void placed();
     void kindChanged();
     void keyChanged();
+    void toldChanged();
     void worded();
     void storyChanged();
 
 private:
     struct Story {
-        QString badge, body, files, filesTip;
+        QString badge, title, body, files, filesTip;
 
         bool operator==(const Story&) const = default;
     };
 
     static Story storyOf(const EditorMoment& moment);
+    void word(const EditorMoment& moment);
 
     std::optional<std::size_t> m_held;
     std::size_t m_place = 0;
@@ -96,6 +110,7 @@ private:
     bool m_shown = false;
     bool m_current = false;
     bool m_textCard = false;
+    bool m_told = true;
     double m_shade = 0;
     QString m_key, m_title, m_time;
     Story m_story;

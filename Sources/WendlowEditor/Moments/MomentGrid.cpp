@@ -4,6 +4,8 @@
 #include "Moments/MomentTextCard.h"
 #include "Moments/MomentWords.h"
 
+#include <QAccessible>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -12,6 +14,8 @@
 namespace wendlow {
 
 namespace {
+
+using Words = MomentCellModel::Words;
 
 std::int64_t localDay(const EditorMoment& moment) {
     return DateWords::local(moment.at).date().toJulianDay();
@@ -31,6 +35,7 @@ MomentGrid::MomentGrid(const HeldMoments& held, Hooks hooks)
     m_rush.setSingleShot(true);
     m_rush.setInterval(rest);
     connect(&m_rush, &QTimer::timeout, this, [this] {
+        tellCells();
         if (m_owesTiles)
             showTiles();
     });
@@ -71,7 +76,7 @@ void MomentGrid::startAfresh() {
         m_current = m_layout.held(0);
     else
         for (std::size_t at = 0; at < m_cells.size(); ++at)
-            assign(at, std::nullopt);
+            assign(at, std::nullopt, Words::now);
     Q_EMIT laidOut();
     lookAgain();
     Q_EMIT currentChanged();
@@ -117,13 +122,18 @@ void MomentGrid::look(double top, double height) {
     if (m_layout.count() > 0 && height > 0) {
         // A row more at each end, so that what comes into sight is there already.
         const double more = m_layout.rowPitch();
-        placeCells(m_layout.firstBelow(top - more), m_layout.lastAbove(top + height + more));
+        // Words are most of the work. Who is read to hears also what nobody sees.
+        const bool isRushing = isPassing && m_rush.isActive() && !QAccessible::isActive();
+        placeCells(m_layout.firstBelow(top - more), m_layout.lastAbove(top + height + more),
+                   isRushing ? Words::later : Words::now);
+        if (!isRushing)
+            tellCells();
         followViewport(top - more, top + height + more, isPassing);
     }
     followHeads();
 }
 
-void MomentGrid::placeCells(std::size_t first, std::size_t last) {
+void MomentGrid::placeCells(std::size_t first, std::size_t last, Words words) {
     std::vector<std::size_t> wanted;
     for (std::size_t place = first; place <= last; ++place)
         wanted.push_back(m_layout.held(place));
@@ -145,13 +155,13 @@ void MomentGrid::placeCells(std::size_t first, std::size_t last) {
         if (!m_cellOf.contains(held))
             come.push_back(held);
     for (std::size_t at = 0; at < free.size(); ++at)
-        assign(free[at], at < come.size() ? std::optional(come[at]) : std::nullopt);
+        assign(free[at], at < come.size() ? std::optional(come[at]) : std::nullopt, words);
     if (come.size() > free.size()) {
         const int more = static_cast<int>(come.size() - free.size());
         beginInsertRows({}, rowCount(), rowCount() + more - 1);
         for (std::size_t at = free.size(); at < come.size(); ++at) {
             m_cells.push_back(std::make_unique<MomentCellModel>(this));
-            put(m_cells.size() - 1, come[at]);
+            put(m_cells.size() - 1, come[at], words);
         }
         endInsertRows();
     }
@@ -161,22 +171,28 @@ void MomentGrid::placeCells(std::size_t first, std::size_t last) {
             stand(*cell);
 }
 
-void MomentGrid::assign(std::size_t at, std::optional<std::size_t> held) {
+void MomentGrid::tellCells() {
+    for (const auto& cell : m_cells)
+        if (cell->held())
+            cell->tell(m_held[*cell->held()]);
+}
+
+void MomentGrid::assign(std::size_t at, std::optional<std::size_t> held, Words words) {
     MomentCellModel& cell = *m_cells[at];
     if (cell.held() == held && !cell.isStale())
         return;
     if (cell.held())
         m_cellOf.erase(*cell.held());
     if (held)
-        put(at, *held);
+        put(at, *held, words);
     else
         cell.hide();
 }
 
-void MomentGrid::put(std::size_t at, std::size_t held) {
+void MomentGrid::put(std::size_t at, std::size_t held, Words words) {
     MomentCellModel& cell = *m_cells[at];
     m_cellOf[held] = at;
-    cell.show(held, m_held[held]);
+    cell.show(held, m_held[held], words);
     cell.setCurrent(held == m_current);
     stand(cell);
 }

@@ -100,9 +100,10 @@ Q_SIGNALS:
 
 private:
     void lookAgain() { look(m_top, m_height); }
-    void placeCells(std::size_t first, std::size_t last);
-    void assign(std::size_t at, std::optional<std::size_t> held);
-    void put(std::size_t at, std::size_t held);
+    void placeCells(std::size_t first, std::size_t last, MomentCellModel::Words words);
+    void assign(std::size_t at, std::optional<std::size_t> held, MomentCellModel::Words words);
+    void put(std::size_t at, std::size_t held, MomentCellModel::Words words);
+    void tellCells();
     void stand(MomentCellModel& cell) const;
     void followViewport(double top, double bottom, bool isPassing);
     void showTiles();

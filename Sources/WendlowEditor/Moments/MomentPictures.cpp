@@ -22,6 +22,17 @@ FacePictures MomentsFaceModel::pictures() {
                 }
         };
     };
+    // As one of another id, of whose picture nothing is known.
+    const auto openFirstAs = [this](const char* id) {
+        return [this, id] {
+            if (m_grid.count() == 0)
+                return;
+            EditorMoment moment = m_grid.moment(0);
+            moment.id = id;
+            moment.shade = 0;
+            m_lightbox.show(std::move(moment));
+        };
+    };
     const auto close = [this] { m_lightbox.dismiss(); };
     const auto answer = [this](EditorAnswerState state) {
         return [this, state = std::move(state)] {
@@ -48,17 +59,10 @@ FacePictures MomentsFaceModel::pictures() {
                         .widths = Widths::every,
                         .stand = openFirst(false),
                         .leave = close});
-    pictures.push_back({.name = "moments-none",
-                        .stand =
-                            [this] {
-                                if (m_grid.count() == 0)
-                                    return;
-                                EditorMoment moment = m_grid.moment(0);
-                                moment.id = "of another kind";
-                                moment.shade = 0;
-                                m_lightbox.show(std::move(moment));
-                            },
-                        .leave = close});
+    pictures.push_back(
+        {.name = "moments-none", .stand = openFirstAs("of another kind"), .leave = close});
+    pictures.push_back(
+        {.name = "moments-reading", .stand = openFirstAs("9007199254740991"), .leave = close});
     pictures.push_back({.name = "moments-session", .stand = openFirst(true), .leave = close});
     pictures.push_back({.name = "moments-refused",
                         .stand =

@@ -60,9 +60,13 @@ FacePage {
         onClicked: if (!page.trying)
             page.triedAgain()
     }
-    MomentBox {
-        lightbox: page.face.lightbox
-        tiles: page.face.tiles
-        origin: cells.currentItem
+    Once {
+        wanted: page.face.lightbox.open
+
+        MomentBox {
+            lightbox: page.face.lightbox
+            tiles: page.face.tiles
+            origin: cells.currentItem
+        }
     }
 }

@@ -148,7 +148,7 @@ bool MomentsFaceModel::isFilled() const {
 }
 
 bool MomentsFaceModel::isStill() const {
-    return m_held.size() == 0 || (m_room.isStill() && !m_lightbox.isWaiting());
+    return m_held.size() == 0 || m_room.isStill();
 }
 
 void MomentsFaceModel::openMoment(int place) {

@@ -13,6 +13,9 @@ class PictureShelf {
 public:
     explicit PictureShelf(qsizetype bytes) : m_most(bytes) {}
 
+    /// It may hold so much from now on.
+    void setMost(qsizetype bytes) { m_most = bytes; }
+
     /// Null where there is none. Looked at, it stays longer.
     QImage find(std::int64_t key) {
         const auto found = m_places.find(key);
@@ -50,7 +53,7 @@ private:
         m_pictures.erase(which);
     }
 
-    const qsizetype m_most;
+    qsizetype m_most;
     qsizetype m_bytes = 0;
     Pictures m_pictures; ///< the last looked at first
     std::unordered_map<std::int64_t, Pictures::iterator> m_places;

@@ -5,8 +5,17 @@
 
 namespace wendlow {
 
+namespace {
+
+/// Of the sharp pictures, some screenfuls of a usual window; from a small one on the way back to
+/// the sharp one it is a few milliseconds.
+constexpr qsizetype sharpBytes = qsizetype{10} << 20U;
+constexpr qsizetype posterBytes = qsizetype{8} << 20U;
+
+} // namespace
+
 TileRoom::TileRoom(TileSource& source, Decode decode)
-    : m_source(source), m_decode(std::move(decode)) {
+    : m_source(source), m_decode(std::move(decode)), m_sharp(sharpBytes), m_posters(posterBytes) {
     m_lane.setMaxThreadCount(1);
     connect(&m_source, &TileSource::tileArrived, this, &TileRoom::arrived);
 }
@@ -83,13 +92,19 @@ bool TileRoom::isWanting(std::int64_t key) const {
 }
 
 bool TileRoom::isStill() const {
-    return !m_working && !m_shown.empty() &&
+    const bool readsWhole = m_wholeKey && m_whole.isNull() && bytes(*m_wholeKey) != nullptr &&
+                            !m_faulty.contains(*m_wholeKey);
+    return !m_working && !readsWhole && !m_shown.empty() &&
            std::ranges::none_of(m_shown, [this](auto key) { return isWanting(key); });
 }
 
 void TileRoom::work() {
     if (m_working || m_size.isEmpty())
         return;
+    // What is in sight stays, however large the window is: gone, it would be decoded without end.
+    constexpr int pixelBytes = 4;
+    m_sharp.setMost(std::max<qsizetype>(sharpBytes, std::ssize(m_shown) * pixelBytes *
+                                                        m_size.width() * m_size.height()));
     const auto next = std::ranges::find_if(m_shown, [this](auto key) { return isWanting(key); });
     if (next == m_shown.end())
         return;

@@ -50,7 +50,7 @@ public:
     /// The bytes of the picture; none where they have not come.
     const std::string* bytes(std::int64_t key) const;
 
-    /// Some are in sight, and all of them are there.
+    /// Some are in sight, and all of them are there, and the whole one: none that could be is not.
     bool isStill() const;
 
 Q_SIGNALS:
@@ -70,8 +70,8 @@ private:
     double m_radius = 0;
     std::vector<std::int64_t> m_shown;
     std::set<std::int64_t> m_faulty; ///< whose bytes are no picture
-    PictureShelf m_sharp{qsizetype{24} << 20U};
-    PictureShelf m_posters{qsizetype{8} << 20U};
+    PictureShelf m_sharp;
+    PictureShelf m_posters;
     bool m_working = false;
     std::optional<std::int64_t> m_wholeKey;
     QImage m_whole;

@@ -8,15 +8,13 @@ Card {
 
     required property PrivacyModel model
 
-    readonly property DaemonSwitch log: card.model.diagnosticLogging
+    required property bool altHeld
 
-    visible: card.log.on || card.log.writing || card.log.refusal.length > 0 || alt.held || toggle.activeFocus
+    readonly property DaemonSwitch log: card.model.diagnosticLogging
+    readonly property bool wanted: card.log.on || card.log.writing || card.log.refusal.length > 0 || card.altHeld || toggle.activeFocus
+
     height: Math.max(words.height, toggle.height) + 2 * Theme.space16
 
-    HeldAlt {
-        id: alt
-        within: card
-    }
     Shortcut {
         sequences: Shortcuts.of(Shortcuts.DiagnosticLog)
         enabled: card.visible && card.log.known

@@ -10,6 +10,7 @@ ScrollPage {
 
     required property PrivacyModel model
 
+    readonly property DaemonSwitch log: pane.model.diagnosticLogging
     readonly property bool narrow: pane.width < 600
 
     sideMargin: pane.narrow ? Theme.space24 : Theme.space48
@@ -113,28 +114,46 @@ ScrollPage {
             }
         }
     }
-    Item {
-        visible: diagnostic.visible
-        width: 1
-        height: Theme.space12
+    HeldAlt {
+        id: alt
+        within: pane
     }
-    DiagnosticCard {
-        id: diagnostic
-        width: parent.width
-        model: pane.model
+    Once {
+        wanted: pane.log.on || pane.log.writing || pane.log.refusal.length > 0 || alt.held
+
+        Column {
+            width: parent?.width ?? 0
+            topPadding: Theme.space12
+            visible: diagnostic.wanted
+
+            DiagnosticCard {
+                id: diagnostic
+                width: parent.width
+                model: pane.model
+                altHeld: alt.held
+            }
+        }
     }
-    DeleteQuestion {
-        title: qsTr("Turn off screenshots?")
-        open: pane.model.confirmingFrameKeepOff
-        body: pane.model.frameKeepQuestion
-        onConfirmed: pane.model.confirmFrameKeepOff()
-        onCancelled: pane.model.cancelFrameKeepOff()
+    Once {
+        wanted: pane.model.confirmingFrameKeepOff
+
+        DeleteQuestion {
+            title: qsTr("Turn off screenshots?")
+            open: pane.model.confirmingFrameKeepOff
+            body: pane.model.frameKeepQuestion
+            onConfirmed: pane.model.confirmFrameKeepOff()
+            onCancelled: pane.model.cancelFrameKeepOff()
+        }
     }
-    DeleteQuestion {
-        title: qsTr("Turn off meeting screenshots?")
-        open: pane.model.confirmingReelKeepOff
-        body: pane.model.reelKeepQuestion
-        onConfirmed: pane.model.confirmReelKeepOff()
-        onCancelled: pane.model.cancelReelKeepOff()
+    Once {
+        wanted: pane.model.confirmingReelKeepOff
+
+        DeleteQuestion {
+            title: qsTr("Turn off meeting screenshots?")
+            open: pane.model.confirmingReelKeepOff
+            body: pane.model.reelKeepQuestion
+            onConfirmed: pane.model.confirmReelKeepOff()
+            onCancelled: pane.model.cancelReelKeepOff()
+        }
     }
 }

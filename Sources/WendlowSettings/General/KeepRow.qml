@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import WendlowControls
 import WendlowSettings
@@ -52,35 +54,41 @@ Item {
                 wanted: pointer.hovered && name.truncated
             }
         }
-        Label {
-            visible: row.columns.stacked
-            width: parent.width
-            role: Label.Role.Small
-            text: row.rate + " · " + row.month
-            color: Theme.textSecond
-            wrapMode: Text.Wrap
-        }
-        Row {
-            visible: row.note.length > 0
-            spacing: 6
+        Only {
+            wanted: row.columns.stacked
 
-            Spinner {
-                visible: row.working
-                anchors.verticalCenter: parent.verticalCenter
-                size: Theme.scaled(12)
-            }
             Label {
-                id: note
-                width: Math.min(implicitWidth, row.columns.nameWidth - Theme.space12 - (row.working ? Theme.scaled(12) + 6 : 0))
+                width: words.width
                 role: Label.Role.Small
-                text: row.note
+                text: row.rate + " · " + row.month
                 color: Theme.textSecond
-                elide: Text.ElideRight
+                wrapMode: Text.Wrap
+            }
+        }
+        Only {
+            wanted: row.note.length > 0
 
-                HoverHandler { id: over }
-                Hint {
+            Row {
+                spacing: 6
+
+                Spinner {
+                    visible: row.working
+                    anchors.verticalCenter: parent.verticalCenter
+                    size: Theme.scaled(12)
+                }
+                Label {
+                    id: note
+                    width: Math.min(implicitWidth, row.columns.nameWidth - Theme.space12 - (row.working ? Theme.scaled(12) + 6 : 0))
+                    role: Label.Role.Small
                     text: row.note
-                    wanted: over.hovered && note.truncated
+                    color: Theme.textSecond
+                    elide: Text.ElideRight
+
+                    HoverHandler { id: over }
+                    Hint {
+                        text: row.note
+                        wanted: over.hovered && note.truncated
+                    }
                 }
             }
         }

@@ -128,7 +128,11 @@ ScrollPage {
         color: Theme.textSecond
         wrapMode: Text.Wrap
     }
-    AppSheet {
-        chooser: pane.model.chooser
+    Once {
+        wanted: pane.model.chooser.open
+
+        AppSheet {
+            chooser: pane.model.chooser
+        }
     }
 }

@@ -155,7 +155,9 @@ struct Face : ::testing::Test {
             const MomentCellModel& cell = model.grid()->cell(row);
             if (cell.isShown())
                 all.emplace(cell.place(),
-                            u"%1 at %2,%3"_s.arg(cell.title()).arg(cell.column()).arg(cell.top()));
+                            u"%1 at %2,%3"_s.arg(cell.isTextCard() ? cell.title() : cell.caption())
+                                .arg(cell.column())
+                                .arg(cell.top()));
         }
         return all;
     }
@@ -372,6 +374,8 @@ TEST_F(Face, decodesPicturesBesideTheWindowAndThoseInSightFirst) {
     room.setSize({440, 276}, 16);
     EXPECT_EQ(room.picture(0).size(), QSize(220, 138));
     EXPECT_TRUE(soon([&] { return room.picture(0).size() == QSize(440, 276); }));
+    room.setSize({2000, 1500}, 16);
+    EXPECT_TRUE(soon([&] { return room.isStill(); })) << "also where they are more than is kept";
     model.leave(ask);
     EXPECT_THAT(tiles.shown, IsEmpty());
 }
@@ -387,16 +391,37 @@ std::string bomb() {
     return bytes.toStdString();
 }
 
-TEST_F(Face, asksForNoPictureOfWhatRushesBy) {
+TEST_F(Face, hasNeitherPicturesNorWordsOfWhatRushesBy) {
+    const auto untold = [this] {
+        int count = 0;
+        for (int row = 0; row < model.grid()->rowCount(); ++row)
+            count += model.grid()->cell(row).isShown() && !model.grid()->cell(row).isTold();
+        return count;
+    };
+    // The clock of the rush does not go on between two of these.
+    const auto rush = [this](double top) { model.grid()->look(top, 700); };
     settle(moments(0, 400));
-    look(3'000);
+    rush(3'000);
     EXPECT_THAT(tiles.shown, Not(IsEmpty())) << "a page further";
     for (const double top : {6'000, 9'000, 12'000}) {
-        look(top);
+        rush(top);
         EXPECT_THAT(tiles.shown, IsEmpty()) << "one screenful after the other";
+        EXPECT_GT(untold(), 9);
     }
     EXPECT_TRUE(soon([&] { return !tiles.shown.empty(); })) << "it rests";
     const auto rested = tiles.shown;
+    const auto words = cells();
+    EXPECT_EQ(untold(), 0);
+    rush(9'000);
+    EXPECT_EQ(untold(), 0) << "a screenful";
+    const int all = static_cast<int>(cells().size());
+    rush(9'600);
+    EXPECT_GT(untold(), 0) << "and another";
+    EXPECT_LT(untold(), all - 3) << "what is still in sight keeps its words";
+    rush(12'100);
+    rush(12'000);
+    EXPECT_EQ(untold(), 0) << "it has slowed";
+    EXPECT_EQ(cells(), words);
     look(12'100);
     EXPECT_THAT(tiles.shown, Not(IsEmpty()));
     look(12'000);
