@@ -26,7 +26,11 @@ Item {
     signal escaped
     signal closed
 
-    readonly property Item overlay: T.Overlay.overlay
+    // Kept while the window goes: a popup that loses its place then takes the keys from a window that is half gone.
+    property Item overlay: null
+    readonly property Item windows: T.Overlay.overlay
+    onWindowsChanged: if (lightbox.windows !== null)
+        lightbox.overlay = lightbox.windows
 
     // 0: where it came from; 1: open.
     property real progress: 0

@@ -22,7 +22,11 @@ Item {
     signal escaped
     signal closed
 
-    readonly property Item roof: T.Overlay.overlay
+    // Kept while the window goes: a popup that loses its place then takes the keys from a window that is half gone.
+    property Item roof: null
+    readonly property Item overlay: T.Overlay.overlay
+    onOverlayChanged: if (modal.overlay !== null)
+        modal.roof = modal.overlay
 
     ModalPopup {
         parent: modal.roof

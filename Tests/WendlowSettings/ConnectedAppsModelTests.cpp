@@ -14,6 +14,7 @@
 
 #include <mutex>
 #include <set>
+#include <thread>
 
 namespace wendlow {
 namespace {
@@ -345,7 +346,11 @@ TEST(ConnectedAppsModel, DestroyedWithVerbsOnTheLaneFinishesThemAndTouchesNothin
     model->disconnect(u"cursor"_s);
     model->scan();
     begun.acquire();
-    held.release(2);
+    // Until the model waits for them, or what is behind them may begin.
+    const std::jthread later([&held] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(150));
+        held.release(2);
+    });
     model.reset();
     EXPECT_EQ(finished, 2);
     EXPECT_THAT(slow->log(), ElementsAre("install", "remove"));

@@ -25,12 +25,13 @@ EditorWorld worldOf(EditorOver over) {
 
 /// A made-up world asks nobody.
 std::shared_ptr<WendlowClient> clientOf(EditorOver over,
-                                        const std::shared_ptr<WendlowClient>& daemon) {
+                                        const std::shared_ptr<WendlowClient>& daemon,
+                                        const std::shared_ptr<SilentGateway>& silent) {
     switch (over) {
     case EditorOver::realData:
         return daemon;
     case EditorOver::silent:
-        return std::make_shared<InProcessClient>(std::make_shared<SilentGateway>());
+        return std::make_shared<InProcessClient>(silent);
     case EditorOver::warming:
         return std::make_shared<InProcessClient>(std::make_shared<WarmingGateway>());
     default:
@@ -61,8 +62,16 @@ std::string_view overLabel(EditorOver over) {
 }
 
 PosedEditor::PosedEditor(EditorOver over, const std::shared_ptr<WendlowClient>& client)
-    : worlds(std::make_unique<EditorWorlds>(clientOf(over, client), worldOf(over))),
+    : silent(over == EditorOver::silent ? std::make_shared<SilentGateway>() : nullptr),
+      worlds(std::make_unique<EditorWorlds>(clientOf(over, client, silent), worldOf(over))),
       host(std::make_unique<EditorHost>(*worlds)) {}
+
+PosedEditor::~PosedEditor() {
+    host.reset();
+    worlds.reset();
+    if (silent)
+        silent->giveUp();
+}
 
 EditorRoot* PosedEditors::over(EditorOver over) {
     return m_editors.try_emplace(over, over, m_client).first->second.root();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Benches/SilentGateway.h"
 #include "Shell/EditorHost.h"
 
 #include <array>
@@ -19,11 +20,15 @@ std::string_view overLabel(EditorOver over);
 
 /// An Editor without its window.
 struct PosedEditor {
+    std::shared_ptr<SilentGateway> silent; ///< where no answer comes
     std::unique_ptr<EditorWorlds> worlds;
     std::unique_ptr<EditorHost> host;
 
     /// `client` is the way to the daemon, for the real data.
     PosedEditor(EditorOver over, const std::shared_ptr<WendlowClient>& client);
+    ~PosedEditor();
+    PosedEditor(const PosedEditor&) = delete;
+    PosedEditor& operator=(const PosedEditor&) = delete;
 
     EditorRoot* root() const { return host->root(); }
 };

@@ -75,7 +75,7 @@ Item {
                 for (let step = 0; step < place; ++step)
                     keys("Right");
                 const cell = focused();
-                const title = cell.content.title;
+                const title = cell.content.textCard ? cell.content.title : cell.content.caption;
                 keys("Return");
                 verify(root.modal && moments.lightbox.open);
                 says("Dialog", title);

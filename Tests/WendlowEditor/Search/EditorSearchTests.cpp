@@ -63,9 +63,9 @@ struct EditorSearching : ::testing::Test {
     }
     /// Answers all that is asked of why and body.
     void explain(const char* why) {
-        for (auto at = pages.detailsAsked.size() - 1; pages.detailWaits(); ++at)
+        while (pages.detailWaits())
             pages.answerDetail(
-                EditorMemoryDetail{.id = pages.detailsAsked[at], .why = why, .body = {}});
+                EditorMemoryDetail{.id = pages.detailToAnswer(), .why = why, .body = {}});
     }
     std::string subtitle() { return search.hits()->row(0).hit.subtitle; }
 };

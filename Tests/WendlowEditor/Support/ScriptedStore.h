@@ -55,6 +55,10 @@ public:
 
     bool isWaiting() const { return !m_browses.empty(); }
     bool detailWaits() const { return !m_details.empty(); }
+    /// What the one that has waited longest was asked for.
+    const std::string& detailToAnswer() const {
+        return detailsAsked[detailsAsked.size() - m_detailsWaiting];
+    }
     /// Answers the question that has waited longest.
     void answer(EditorAnswer answer) { m_browses.resumeFirst(std::move(answer)); }
     void settle(EditorMemoryHits rows = {}) {
@@ -75,7 +79,10 @@ public:
     }
     QCoro::Task<std::optional<EditorMemoryDetail>> detail(std::string id) override {
         detailsAsked.push_back(std::move(id));
-        co_return co_await m_details;
+        ++m_detailsWaiting;
+        auto detail = co_await m_details;
+        --m_detailsWaiting;
+        co_return detail;
     }
     const std::vector<EditorCount>& memoryTypeCounts() const override { return types; }
     std::optional<std::int64_t> momentCount() const override { return moments; }
@@ -84,6 +91,7 @@ private:
     Waiting<EditorAnswer> m_browses;
     Waiting<std::optional<EditorMemoryDetail>> m_details;
     std::size_t m_waiting = 0;
+    std::size_t m_detailsWaiting = 0;
 };
 
 /// Meetings that the test gives when it pleases; each transcript and each delete waits until then.
