@@ -99,6 +99,7 @@ JSONLiteral receipt(const Path& path) {
         return JSONLiteral::object(std::move(members));
     const ConnectorReceipt read = ReceiptStore{path}.read();
     std::vector<std::string_view> created;
+    created.reserve(read.created.size() + read.adopted.size());
     for (const Created one : read.created)
         created.push_back(wendlow::text(one));
     for (const Adopted one : read.adopted)
