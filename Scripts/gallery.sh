@@ -113,6 +113,10 @@ if [ -e "$page" ]; then
     done
 fi
 mkdir -p "$images"
+# These two name the folder that the program lies in, and are kept as they were taken of an installed one.
+for look in light dark; do
+    [ ! -e "$images/settings-connected-$look.png" ] || rm "$home/pictures/settings-connected-$look.png"
+done
 cp "$home/pictures"/*.png "$images/"
 mv "$home/gallery.md" "$page"
 echo "$page: $(grep -c '^| [^|-].*images/' "$page") states"
