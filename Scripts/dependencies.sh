@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, by its Debian 12 package name. Sourced or run; does nothing (and asks
-# nobody for anything) when all of it is there.
+# nobody for anything) when all of it is there. MORE_PACKAGES are what one script alone needs.
 set -euo pipefail
 
 # To build and to run.
@@ -22,7 +22,7 @@ test_packages=(
 )
 
 missing=()
-for package in "${packages[@]}" "${test_packages[@]}"; do
+for package in "${packages[@]}" "${test_packages[@]}" ${MORE_PACKAGES:-}; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
         missing+=("$package")
 done

@@ -8,8 +8,8 @@ images=docs/images
 page=docs/gallery.md
 programs=${1:-build/release/Wendlow.app/Contents/MacOS}
 
+MORE_PACKAGES=pngquant Scripts/dependencies.sh
 if [ $# -eq 0 ]; then
-    Scripts/dependencies.sh
     cmake --preset release >/dev/null
     cmake --build --preset release --target wendlow-settings wendlow-connect wendlow-hook wendlow-mcp
 fi
@@ -29,11 +29,6 @@ mkdir -p "$home/pictures"
 alone "$programs/wendlow-settings" --snapshots "$home/pictures" >"$home/list"
 
 # A third of the bytes, by up to 256 colours of each picture's own; one that would suffer stays as it is (99).
-command -v pngquant >/dev/null || {
-    as_root=()
-    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq pngquant >/dev/null
-}
 find "$home/pictures" -name '*.png' -print0 |
     xargs -0 -n 16 pngquant --quality=90-100 --strip --skip-if-larger --force --ext .png || true
 

@@ -4,21 +4,8 @@
 # commit give the same bytes. docs/packaging.md tells more.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-Scripts/dependencies.sh
-
-packages=(dpkg-dev lintian desktop-file-utils appstream librsvg2-bin file binutils xz-utils)
-missing=()
-for package in "${packages[@]}"; do
-    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
-        missing+=("$package")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    echo "installing: ${missing[*]}"
-    as_root=()
-    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
-        --no-install-recommends "${missing[@]}" >/dev/null
-fi
+MORE_PACKAGES="dpkg-dev lintian desktop-file-utils appstream librsvg2-bin file binutils xz-utils" \
+    Scripts/dependencies.sh
 
 # Every date in the package is the commit's, and the resource compiler's is too.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
