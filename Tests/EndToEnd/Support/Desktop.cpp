@@ -59,10 +59,11 @@ Desktop::Desktop() {
     m_environment.insert(u"DISPLAY"_s, u':' + QString::fromLatin1(display));
 
     m_windowManager.setProcessEnvironment(m_environment);
-    m_windowManager.start(u"openbox"_s, QStringList());
-    // A window that is there before its manager manages is never given the keys. Only one that
-    // manages says which desktop is shown.
-    if (!eventually([&] { return !run(u"xdotool"_s, {u"get_desktop"_s}).isEmpty(); }))
+    // A window that comes before its manager manages is never shown, or never given the keys; and
+    // the manager says which desktop is shown before it manages. This it does when it has begun.
+    const auto managed = m_home.path() / "window-manager-manages";
+    m_windowManager.start(u"openbox"_s, {u"--startup"_s, u"touch "_s + text(managed)});
+    if (!eventually([&] { return std::filesystem::remove(managed); }))
         return;
     // The test's bus starts no service by itself, so that none of the real session is ever reached.
     m_accessibilityLauncher.setProcessEnvironment(m_environment);
