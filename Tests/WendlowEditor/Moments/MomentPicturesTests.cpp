@@ -197,7 +197,7 @@ TEST_F(Face, givesThePictureToAnotherProgram) {
     std::filesystem::create_directory(temporary / "other");
     QSemaphore written;
     QThreadPool& pool = *QThreadPool::globalInstance();
-    const int threads = pool.maxThreadCount();
+    const int ofThePool = pool.maxThreadCount();
     pool.setMaxThreadCount(1); // what is written waits behind this
     pool.start([&] { written.acquire(); });
     box.openPicture();
@@ -206,7 +206,7 @@ TEST_F(Face, givesThePictureToAnotherProgram) {
     written.release();
     EXPECT_TRUE(soon([&] { return !std::filesystem::is_empty(temporary / "other"); }));
     QTest::qWait(50);
-    pool.setMaxThreadCount(threads);
+    pool.setMaxThreadCount(ofThePool);
     EXPECT_THAT(opened, IsEmpty());
 }
 
