@@ -226,14 +226,18 @@ def round_the_door(folders):
     return faults
 
 
+def template_there():
+    with open(os.path.join(ROOT, TEMPLATE), encoding="utf-8") as file:
+        return file.read()
+
+
 def check(folders):
     faults = round_the_door(folders)
     if faults:
         print("read by a person, and said through no door (docs/translating.md):\n" + "\n".join(faults))
-    with open(os.path.join(ROOT, TEMPLATE), encoding="utf-8") as file:
-        if not folders and file.read() != catalogue(lambda english: ""):
-            faults.append(TEMPLATE)
-            print(f"{TEMPLATE} is not what the sources say; Scripts/words.py writes it")
+    if not folders and template_there() != catalogue(lambda english: ""):
+        faults.append(TEMPLATE)
+        print(f"{TEMPLATE} is not what the sources say; Scripts/words.py writes it")
     return 1 if faults else 0
 
 
