@@ -20,8 +20,10 @@ Observations observations(const BlockFinding& finding, const BlockSubject& subje
     std::visit(
         Overloaded{
             [&](const BlockFinding::Unreadable& unreadable) {
-                say(fmt::format("this file did not read as {} — {}", subject.language,
-                                unreadable.reason));
+                result.push_back({subject.path,
+                                  fmt::format("this file did not read as {} — {}", subject.language,
+                                              unreadable.reason),
+                                  unreadable.byte});
             },
             [&](const BlockFinding::Drifted& drifted) {
                 for (const std::string& reason : drifted.reasons)

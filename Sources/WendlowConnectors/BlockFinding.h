@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ConfigFile/Unreadable.h"
 #include "Observation.h"
 
 #include <string>
@@ -12,10 +13,7 @@ namespace wendlow {
 /// What one block of a connector says about one file.
 struct BlockFinding {
     /// The file did not read.
-    struct Unreadable {
-        std::string reason;
-        bool operator==(const Unreadable&) const = default;
-    };
+    using Unreadable = wendlow::Unreadable;
     /// Our entry is there and differs.
     struct Drifted {
         std::vector<std::string> reasons;

@@ -16,7 +16,7 @@ void forEachElement(const JSONNode& root, const Visit& visit) {
 JSONBlock::Readable read(std::string_view bytes, std::optional<std::string_view> inner) {
     auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
     if (!document)
-        return std::unexpected(document.error().description());
+        return std::unexpected(document.error().unreadable());
     const JSONNode root = document->root();
     auto reason = JSONBlock::repeatedName(root);
     const auto judge = [&](const JSONNode& object) {

@@ -41,7 +41,7 @@ private:
 Readable read(std::string_view bytes, JSONDialect dialect, std::span<const JSONPath> paths) {
     auto document = JSONText::scanWithTrivia(bytes, dialect);
     if (!document)
-        return std::unexpected(document.error().description());
+        return std::unexpected(document.error().unreadable());
     for (const JSONPath& path : paths)
         if (const auto object = document->root().node(path))
             if (auto reason = repeatedName(*object))
@@ -49,16 +49,18 @@ Readable read(std::string_view bytes, JSONDialect dialect, std::span<const JSONP
     return *std::move(document);
 }
 
-std::optional<std::string> repeatedName(const JSONNode& object) {
+std::optional<Unreadable> repeatedName(const JSONNode& object) {
     Names seen;
     for (const JSONNode::Member& member : object.members())
         if (!seen.add(member.key))
-            return fmt::format("the name \"{}\" appears twice in one object (at byte {})",
-                               member.key, member.keyStart);
+            return Unreadable{
+                .reason = fmt::format("the name \"{}\" appears twice in one object (at byte {})",
+                                      member.key, member.keyStart),
+                .byte = member.keyStart};
     return std::nullopt;
 }
 
-std::optional<std::string> reason(const Readable& document) {
+std::optional<Unreadable> reason(const Readable& document) {
     return document ? std::nullopt : std::optional(document.error());
 }
 

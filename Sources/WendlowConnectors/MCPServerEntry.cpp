@@ -54,10 +54,6 @@ MCPServerEntry::Readable MCPServerEntry::read(std::string_view bytes) const {
     return JSONBlock::read(bytes, JSONDialect::json, objects);
 }
 
-std::optional<std::string> MCPServerEntry::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 BlockFinding MCPServerEntry::find(std::string_view bytes, const Readable& document) const {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};

@@ -29,7 +29,7 @@ std::optional<std::string_view> ToolFile::view() const {
     return bytes ? std::optional<std::string_view>(*bytes) : std::nullopt;
 }
 
-std::optional<Observation> ToolFile::refusal(const std::optional<std::string>& unreadable,
+std::optional<Observation> ToolFile::refusal(const std::optional<Unreadable>& unreadable,
                                              std::string_view language) const {
     if (failure && Disk::isDirectory(label))
         return Observation{label, "there is a directory at this path, so nothing was written"};
@@ -38,9 +38,11 @@ std::optional<Observation> ToolFile::refusal(const std::optional<std::string>& u
                                               "written — {}",
                                               *failure)};
     if (unreadable)
-        return Observation{label, fmt::format("this file did not read as {}, so nothing was "
-                                              "written — {}",
-                                              language, *unreadable)};
+        return Observation{label,
+                           fmt::format("this file did not read as {}, so nothing was "
+                                       "written — {}",
+                                       language, unreadable->reason),
+                           unreadable->byte};
     return std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ConfigFile/Unreadable.h"
 #include "Observation.h"
 
 #include <filesystem>
@@ -29,7 +30,7 @@ struct ToolFile {
 
     /// Why no verb may plan for this file: it could not be read, or it is `unreadable` as
     /// `language`. Nothing is ever planned over bytes that nobody saw.
-    std::optional<Observation> refusal(const std::optional<std::string>& unreadable,
+    std::optional<Observation> refusal(const std::optional<Unreadable>& unreadable,
                                        std::string_view language = "JSON") const;
 };
 

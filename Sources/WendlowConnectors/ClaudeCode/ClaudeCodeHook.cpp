@@ -64,10 +64,6 @@ ClaudeCodeHook::Readable ClaudeCodeHook::read(std::string_view bytes) const {
     return HookGroups::read(bytes);
 }
 
-std::optional<std::string> ClaudeCodeHook::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 std::vector<HookSite> ClaudeCodeHook::sites(const JSONNode& root) const {
     return HookGroups::sites(root, m_currents);
 }

@@ -194,9 +194,9 @@ private:
         return owned;
     }
 
-    std::optional<std::string> configUnreadableReason(const CodexTrust::Keys& landings) const {
+    std::optional<Unreadable> configUnreadableReason(const CodexTrust::Keys& landings) const {
         if (!m_configDocument)
-            return m_configDocument.error().description();
+            return m_configDocument.error().unreadable();
         return TOMLText::unreadableReason(*m_configDocument, ownedTables(landings));
     }
 

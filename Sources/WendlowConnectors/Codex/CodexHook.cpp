@@ -100,10 +100,6 @@ CodexHook::Readable CodexHook::read(std::string_view bytes) const {
     return HookGroups::read(bytes);
 }
 
-std::optional<std::string> CodexHook::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_view bytes) const {
     std::vector<CodexHookSite> result;
     for (HookSite& found : HookGroups::sites(root, m_currents)) {

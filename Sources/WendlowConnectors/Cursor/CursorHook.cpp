@@ -98,10 +98,6 @@ CursorHook::Readable CursorHook::read(std::string_view bytes) const {
     return HookLists::read(bytes);
 }
 
-std::optional<std::string> CursorHook::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 CursorHooksVersion CursorHook::version(const JSONNode& root, std::string_view bytes) const {
     return CursorHooksVersion::of(root, bytes);
 }

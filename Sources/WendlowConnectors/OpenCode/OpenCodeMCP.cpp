@@ -110,11 +110,6 @@ OpenCodeMCP::Readable OpenCodeMCP::read(std::string_view bytes) {
     return JSONBlock::read(bytes, dialect, objects);
 }
 
-std::optional<std::string> OpenCodeMCP::unreadableReason(std::string_view bytes) {
-    auto document = read(bytes);
-    return document ? std::nullopt : std::optional(std::move(document).error());
-}
-
 BlockFinding OpenCodeMCP::find(std::string_view bytes, const Readable& document,
                                const std::set<Created>& created) const {
     if (!document)
