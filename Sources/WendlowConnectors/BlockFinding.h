@@ -2,9 +2,9 @@
 
 #include "ConfigFile/Unreadable.h"
 #include "Observation.h"
+#include "OurPart.h"
 
 #include <string>
-#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -50,10 +50,10 @@ struct BlockFinding {
 
 /// What a finding is about, for its sentences.
 struct BlockSubject {
-    std::string path;                   ///< as configured
-    std::string_view what;              ///< "hook entry", "MCP server entry"
-    std::string command;                ///< the command this build writes there
-    std::string_view language = "JSON"; ///< what the file should have read as
+    std::string path; ///< as configured
+    OurPart what = OurPart::hookEntry;
+    std::string command;           ///< the command this build writes there
+    const char* language = "JSON"; ///< what the file should have read as; said in sentences
 };
 
 /// The finding in words, one observation for each thing there is to say.

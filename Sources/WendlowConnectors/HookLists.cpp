@@ -41,10 +41,10 @@ std::optional<std::string> foreignReason(const JSONNode& root,
     if (!hooks)
         return std::nullopt;
     if (!hooks->isObject())
-        return JSONBlock::notA("hooks", "object");
+        return JSONBlock::notAnObject("hooks");
     for (const std::string_view event : events)
         if (const auto list = hooks->member(event); list && !list->isArray())
-            return JSONBlock::notA(event, "array");
+            return JSONBlock::notAnArray(event);
     return std::nullopt;
 }
 

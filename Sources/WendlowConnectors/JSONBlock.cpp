@@ -1,5 +1,7 @@
 #include "JSONBlock.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -53,10 +55,10 @@ std::optional<Unreadable> repeatedName(const JSONNode& object) {
     Names seen;
     for (const JSONNode::Member& member : object.members())
         if (!seen.add(member.key))
-            return Unreadable{
-                .reason = fmt::format("the name \"{}\" appears twice in one object (at byte {})",
+            return Unreadable{.reason =
+                                  say("the name \"{}\" appears twice in one object (at byte {})",
                                       member.key, member.keyStart),
-                .byte = member.keyStart};
+                              .byte = member.keyStart};
     return std::nullopt;
 }
 
@@ -69,9 +71,12 @@ std::optional<std::string_view> text(const JSONNode& object, std::string_view ke
     return member ? member->string() : std::nullopt;
 }
 
-std::string notA(std::string_view name, std::string_view kind) {
-    return fmt::format("the {} value in this file is not an {}, so no entry can be put in it", name,
-                       kind);
+std::string notAnObject(std::string_view name) {
+    return say("the {} value in this file is not an object, so no entry can be put in it", name);
+}
+
+std::string notAnArray(std::string_view name) {
+    return say("the {} value in this file is not an array, so no entry can be put in it", name);
 }
 
 std::string replaced(std::string_view bytes, const JSONNode& root, const JSONNode& node,

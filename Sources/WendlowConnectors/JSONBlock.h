@@ -31,8 +31,9 @@ std::optional<Unreadable> repeatedName(const JSONNode& object);
 std::optional<Unreadable> reason(const Readable& document);
 /// The string at member `key` of an object; nothing where it is not a string.
 std::optional<std::string_view> text(const JSONNode& object, std::string_view key);
-/// "the <name> value in this file is not an <kind>, so no entry can be put in it".
-std::string notA(std::string_view name, std::string_view kind);
+/// Why no entry can be put under `name`.
+std::string notAnObject(std::string_view name);
+std::string notAnArray(std::string_view name);
 /// `literal` in place of `node`, laid out as the node was. `root` is the scan of `bytes`.
 std::string replaced(std::string_view bytes, const JSONNode& root, const JSONNode& node,
                      const JSONLiteral& literal);

@@ -2,8 +2,7 @@
 
 #include "ConfigFile/ConfigPath.h"
 #include "ConfigFile/Disk.h"
-
-#include <fmt/format.h>
+#include "Say.h"
 
 namespace wendlow {
 
@@ -30,18 +29,16 @@ std::optional<std::string_view> ToolFile::view() const {
 }
 
 std::optional<Observation> ToolFile::refusal(const std::optional<Unreadable>& unreadable,
-                                             std::string_view language) const {
+                                             const char* language) const {
     if (failure && Disk::isDirectory(label))
-        return Observation{label, "there is a directory at this path, so nothing was written"};
+        return Observation{label, say("there is a directory at this path, so nothing was written")};
     if (failure)
-        return Observation{label, fmt::format("this file could not be read, so nothing was "
-                                              "written — {}",
-                                              *failure)};
+        return Observation{
+            label, say("this file could not be read, so nothing was written — {}", *failure)};
     if (unreadable)
         return Observation{label,
-                           fmt::format("this file did not read as {}, so nothing was "
-                                       "written — {}",
-                                       language, unreadable->reason),
+                           say("this file did not read as {}, so nothing was written — {}",
+                               say.view(language), unreadable->reason),
                            unreadable->byte};
     return std::nullopt;
 }

@@ -29,9 +29,9 @@ struct ToolFile {
     std::optional<std::string_view> view() const;
 
     /// Why no verb may plan for this file: it could not be read, or it is `unreadable` as
-    /// `language`. Nothing is ever planned over bytes that nobody saw.
+    /// `language`, which is said. Nothing is ever planned over bytes that nobody saw.
     std::optional<Observation> refusal(const std::optional<Unreadable>& unreadable,
-                                       std::string_view language = "JSON") const;
+                                       const char* language = "JSON") const;
 };
 
 } // namespace wendlow

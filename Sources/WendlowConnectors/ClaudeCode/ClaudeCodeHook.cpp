@@ -42,8 +42,7 @@ ClaudeCodeHook::ClaudeCodeHook(ClaudeCodePaths paths)
                .promptCommand = m_paths.hookCommands().front(),
                .preToolCommand = m_paths.preToolCommand(),
                .binary = m_paths.hookBinary,
-               .count = 4,
-               .countName = "four"},
+               .count = HookPlaces::Count::four},
       m_preToolGroup(JSONLiteral::object({
           preToolMatcher(),
           {"hooks", JSONLiteral::array({entry(m_paths.preToolCommand())})},
@@ -82,7 +81,7 @@ std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite
                                                       std::string_view bytes) const {
     auto reasons = m_places.driftReasons(sites);
     if (m_places.areHeld(sites) && !converged(sites, root, bytes))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     return reasons;
 }
 

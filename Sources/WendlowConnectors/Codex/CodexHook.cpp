@@ -150,7 +150,7 @@ std::vector<std::string> CodexHook::driftReasons(const std::vector<CodexHookSite
         reasons.emplace_back("the timeout on the Wendlow entry here is not a whole number, so the "
                              "identity Codex hashes cannot be computed");
     if (sites.size() == 1 && !m_group.isStatedBy(*root.node(shown.groupPath()), bytes))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     return reasons;
 }
 

@@ -2,8 +2,9 @@
 
 #include "ConfigFile/TOMLText.h"
 
+#include "Say.h"
+
 #include <algorithm>
-#include <fmt/format.h>
 #include <set>
 
 namespace wendlow::TOMLText {
@@ -17,7 +18,7 @@ using Reason = std::optional<Unreadable>;
 Reason arrayReason(const TOMLDocument& document, const TOMLName& owned) {
     for (const auto& table : document.tables()) {
         if (table.isArrayElement && table.name.leadsTo(owned)) {
-            return Unreadable{fmt::format(
+            return Unreadable{say(
                 "the table [[{}]] is an array of tables, which is not a shape this build can edit",
                 joined(table.name))};
         }
@@ -29,7 +30,7 @@ Reason declaredTwiceReason(const TOMLDocument& document, const TOMLName& owned) 
     if (std::ranges::count_if(document.tables(),
                               [&](const TOMLTable& table) { return table.name == owned; }) < 2)
         return std::nullopt;
-    return Unreadable{fmt::format("the table [{}] is declared twice in this file", joined(owned))};
+    return Unreadable{say("the table [{}] is declared twice in this file", joined(owned))};
 }
 
 Reason repeatedKeyReason(const TOMLDocument& document, const TOMLName& owned) {
@@ -42,9 +43,8 @@ Reason repeatedKeyReason(const TOMLDocument& document, const TOMLName& owned) {
     std::set<TOMLPath, decltype(isBefore)> seen;
     for (const auto& entry : document.entries(*table)) {
         if (!seen.insert(entry.key).second) {
-            return Unreadable{.reason =
-                                  fmt::format("the key {} appears twice in [{}] (at byte {})",
-                                              joined(entry.key), joined(owned), entry.keyStart),
+            return Unreadable{.reason = say("the key {} appears twice in [{}] (at byte {})",
+                                            joined(entry.key), joined(owned), entry.keyStart),
                               .byte = entry.keyStart};
         }
     }
@@ -68,9 +68,9 @@ Reason statedElsewhereReason(const TOMLDocument& document, const TOMLName& owned
         for (const auto& entry : document.entries(table)) {
             if (reachesInto(table, entry, owned)) {
                 return Unreadable{
-                    fmt::format("the key {} states the Wendlow block outside a table of its own, "
-                                "which is not a shape this build can edit",
-                                joined(entry.key))};
+                    say("the key {} states the Wendlow block outside a table of its own, "
+                        "which is not a shape this build can edit",
+                        joined(entry.key))};
             }
         }
     }
