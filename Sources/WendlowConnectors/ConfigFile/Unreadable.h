@@ -9,8 +9,8 @@ namespace wendlow {
 /// Why a file did not read, or is not fit to be edited.
 struct Unreadable {
     std::string reason; ///< as a person reads it
-    std::optional<std::size_t> byte =
-        std::nullopt; ///< where in the file; some reasons have no place
+    /// Where in the file. Some reasons have no place.
+    std::optional<std::size_t> byte = std::nullopt;
 
     bool operator==(const Unreadable&) const = default;
 };
