@@ -5,8 +5,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
-#include <memory>
 
 namespace wendlow {
 
@@ -19,13 +17,12 @@ bool beginsCharacter(char byte) {
 }
 
 std::string wordsOf(const Observation& observation) {
-    const auto offset = FilePlace::byteIn(observation.text);
-    if (!offset)
+    if (!observation.byte)
         return {};
     const auto bytes = Disk::read(observation.subject);
-    if (!bytes || !*bytes || *offset > (*bytes)->size())
+    if (!bytes || !*bytes || *observation.byte > (*bytes)->size())
         return {}; // it is another file by now
-    const FilePlace place = FilePlace::of(**bytes, *offset);
+    const FilePlace place = FilePlace::of(**bytes, *observation.byte);
     return fmt::format("line {}, column {}", place.line, place.column);
 }
 
@@ -47,20 +44,6 @@ FilePlace FilePlace::of(std::string_view bytes, std::size_t offset) {
     place.column += static_cast<std::size_t>(
         std::ranges::count_if(before.substr(std::min(begin, before.size())), beginsCharacter));
     return place;
-}
-
-std::optional<std::size_t> FilePlace::byteIn(std::string_view sentence) {
-    constexpr std::string_view opening = "(at byte ";
-    const std::size_t at = sentence.rfind(opening);
-    if (at == std::string_view::npos)
-        return std::nullopt;
-    const std::string_view rest = sentence.substr(at + opening.size());
-    std::size_t offset = 0;
-    const char* const end = std::to_address(rest.end());
-    const auto read = std::from_chars(std::to_address(rest.begin()), end, offset);
-    if (read.ec != std::errc() || read.ptr == end || *read.ptr != ')')
-        return std::nullopt;
-    return offset;
 }
 
 std::vector<std::string> FilePlace::words(const Observations& observations) {

@@ -70,15 +70,16 @@ public:
             trust = m_trust.find(config, site(), m_hook);
         }
         Observations trustWords = trustObservations(trust);
-        ScanJoin::Findings found{
-            {{m_hooks.find(m_hook, m_sites),
-              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
-             {std::move(server),
-              {.path = m_config.label,
-               .what = "MCP server entry",
-               .command = m_paths.mcpCommand(),
-               .language = "TOML"}},
-             {std::move(trust), std::move(trustWords)}}};
+        ScanJoin::Findings found{{{m_hooks.find(m_hook, m_sites),
+                                   {.path = m_hooks.file.label,
+                                    .what = OurPart::hookEntry,
+                                    .command = m_paths.hookCommand()}},
+                                  {std::move(server),
+                                   {.path = m_config.label,
+                                    .what = OurPart::serverEntry,
+                                    .command = m_paths.mcpCommand(),
+                                    .language = "TOML"}},
+                                  {std::move(trust), std::move(trustWords)}}};
         if (m_hooks.document && m_configDocument) {
             const auto occupied = site() != nullptr ? m_trust.keys(*site()) : CodexTrust::Keys();
             found.more = slotObservations(
@@ -194,9 +195,9 @@ private:
         return owned;
     }
 
-    std::optional<std::string> configUnreadableReason(const CodexTrust::Keys& landings) const {
+    std::optional<Unreadable> configUnreadableReason(const CodexTrust::Keys& landings) const {
         if (!m_configDocument)
-            return m_configDocument.error().description();
+            return m_configDocument.error().unreadable();
         return TOMLText::unreadableReason(*m_configDocument, ownedTables(landings));
     }
 

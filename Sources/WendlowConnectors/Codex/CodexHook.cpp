@@ -100,10 +100,6 @@ CodexHook::Readable CodexHook::read(std::string_view bytes) const {
     return HookGroups::read(bytes);
 }
 
-std::optional<std::string> CodexHook::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_view bytes) const {
     std::vector<CodexHookSite> result;
     for (HookSite& found : HookGroups::sites(root, m_currents)) {
@@ -154,7 +150,7 @@ std::vector<std::string> CodexHook::driftReasons(const std::vector<CodexHookSite
         reasons.emplace_back("the timeout on the Wendlow entry here is not a whole number, so the "
                              "identity Codex hashes cannot be computed");
     if (sites.size() == 1 && !m_group.isStatedBy(*root.node(shown.groupPath()), bytes))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     return reasons;
 }
 

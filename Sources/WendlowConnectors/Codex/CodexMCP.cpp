@@ -137,7 +137,7 @@ BlockFinding CodexMCP::find(const TOMLDocument* document, const std::set<Created
         std::ranges::move(Drift::reasons(*found, m_paths.mcpCommand(), m_paths.mcpBinary),
                           std::back_inserter(reasons));
     if (reasons.empty() && !matchesOurShape(entries))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     if (isSwitchedOff(*document))
         reasons.emplace_back(switchedOffText);
     return BlockFinding::from(std::move(reasons));
@@ -190,7 +190,7 @@ CodexMCP::Result<CodexMCP::Installed> CodexMCP::installed(std::string_view bytes
         if (std::ranges::any_of(entries, isPersons))
             return editedByKey(bytes, document);
         installed.commentsReplaced = commentLines(document, {table->bodyStart, table->bodyEnd});
-        if (auto lost = personsPart(entries, Verb::install).sentence("replaced"))
+        if (auto lost = personsPart(entries, Verb::install).sentence(PersonsPart::Fate::replaced))
             installed.lost.push_back(*std::move(lost));
     }
     const std::array lines{
@@ -210,7 +210,8 @@ CodexMCP::Result<CodexMCP::Installed> CodexMCP::installed(std::string_view bytes
 CodexMCP::Result<CodexMCP::Installed> CodexMCP::editedByKey(std::string_view bytes,
                                                             const TOMLDocument& document) const {
     Installed installed;
-    if (auto lost = personsPart(ownEntries(document), Verb::install).sentence("replaced"))
+    if (auto lost =
+            personsPart(ownEntries(document), Verb::install).sentence(PersonsPart::Fate::replaced))
         installed.lost.push_back(*std::move(lost));
     TOMLDraft draft(bytes, document);
     bool appended = false;
@@ -264,7 +265,8 @@ std::vector<TOMLName> CodexMCP::ownTables(const TOMLDocument& document,
 std::vector<std::string> CodexMCP::lostByRemoval(const TOMLDocument& document,
                                                  const std::set<Created>& created) const {
     std::vector<std::string> lost;
-    if (auto keys = personsPart(ownEntries(document), Verb::remove).sentence("removed"))
+    if (auto keys =
+            personsPart(ownEntries(document), Verb::remove).sentence(PersonsPart::Fate::removed))
         lost.push_back(*std::move(keys));
     std::vector<std::string> below;
     for (const TOMLName& name : ownTables(document, created))

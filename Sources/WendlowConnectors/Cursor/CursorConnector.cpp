@@ -23,9 +23,11 @@ Observations replacedObservations(const std::string& file,
                                listed(replaced), replaced.size() == 1 ? "was" : "were")}};
 }
 
-constexpr ConnectorVerb::FileRole hooksRole{.file = Created::cursorHooksFile,
-                                            .isEmpty = CursorHook::isSeedResidue,
-                                            .emptyWords = "now holds no hooks"};
+constexpr ConnectorVerb::FileRole hooksRole{
+    .file = Created::cursorHooksFile,
+    .isEmpty = CursorHook::isSeedResidue,
+    .emptyWords =
+        sayLater("this file now holds no hooks and remains, because Wendlow did not create it")};
 constexpr ConnectorVerb::FileRole serversRole{.file = Created::cursorMCPFile};
 
 } // namespace
@@ -42,13 +44,14 @@ public:
     }
 
     ScanJoin::Findings findings() const override {
-        ScanJoin::Findings found{
-            {{m_hooks.find(m_hook, m_sites),
-              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
-             {m_servers.find(m_mcp),
-              {.path = m_servers.file.label,
-               .what = "MCP server entry",
-               .command = m_paths.mcpCommand()}}}};
+        ScanJoin::Findings found{{{m_hooks.find(m_hook, m_sites),
+                                   {.path = m_hooks.file.label,
+                                    .what = OurPart::hookEntry,
+                                    .command = m_paths.hookCommand()}},
+                                  {m_servers.find(m_mcp),
+                                   {.path = m_servers.file.label,
+                                    .what = OurPart::serverEntry,
+                                    .command = m_paths.mcpCommand()}}}};
         if (m_sites.empty())
             return found;
         found.more = all({newVersion(), doubleFire(), noVersion()});

@@ -16,7 +16,7 @@ namespace wendlow {
 
 namespace {
 
-constexpr std::string_view language = "JSON with comments";
+constexpr const char* language = sayLater("JSON with comments");
 
 /// Whether nothing is left in a configuration, comments apart.
 bool isEmptyObject(std::string_view bytes) {
@@ -35,10 +35,11 @@ bool isLeftover(std::string_view bytes) {
 }
 
 constexpr ConnectorVerb::FileRole serverRole{.file = Created::openCodeConfigFile,
-                                             .what = "MCP server entry",
+                                             .what = OurPart::serverEntry,
                                              .isEmpty = isEmptyObject,
                                              .isLeftover = isLeftover};
-constexpr ConnectorVerb::FileRole pluginRole{.file = Created::openCodePluginFile, .what = "plugin"};
+constexpr ConnectorVerb::FileRole pluginRole{.file = Created::openCodePluginFile,
+                                             .what = OurPart::plugin};
 
 /// Whether the store was last shaped by an OpenCode that does not know our plugin's hooks. One that
 /// does not answer counts as such.
@@ -82,12 +83,12 @@ public:
     ScanJoin::Findings findings() const override {
         ScanJoin::Findings found{{{m_config.find(m_mcp, receipt().created),
                                    {.path = m_config.file.label,
-                                    .what = serverRole.what,
+                                    .what = OurPart::serverEntry,
                                     .command = m_paths.mcpCommand(),
                                     .language = language}},
                                   {pluginFinding(),
                                    {.path = m_plugin.label,
-                                    .what = pluginRole.what,
+                                    .what = OurPart::plugin,
                                     .command = m_paths.hookCommand()}}}};
         if (found.blocks[0].finding.holdsOurs())
             found.more = all({switchedOffElsewhere()});

@@ -110,18 +110,13 @@ OpenCodeMCP::Readable OpenCodeMCP::read(std::string_view bytes) {
     return JSONBlock::read(bytes, dialect, objects);
 }
 
-std::optional<std::string> OpenCodeMCP::unreadableReason(std::string_view bytes) {
-    auto document = read(bytes);
-    return document ? std::nullopt : std::optional(std::move(document).error());
-}
-
 BlockFinding OpenCodeMCP::find(std::string_view bytes, const Readable& document,
                                const std::set<Created>& created) const {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const auto servers = document->root().member(serversKey);
     if (servers && !servers->isObject())
-        return {BlockFinding::Foreign{{JSONBlock::notA(serversKey, "object")}}};
+        return {BlockFinding::Foreign{{JSONBlock::notAnObject(serversKey)}}};
     const auto found = node(*document);
     if (!found)
         return {BlockFinding::Absent{}};
@@ -146,14 +141,14 @@ std::vector<std::string> OpenCodeMCP::driftReasons(const JSONNode& found,
                                                    std::string_view bytes) const {
     const auto command = statedCommand(found);
     if (!command)
-        return {std::string(Drift::otherShape)};
+        return {Drift::otherShape()};
     auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
     const auto matches = [&](const JSONLiteral::Member& member) {
         const auto stated = found.member(member.key);
         return member.key == enabledKey || (stated && member.value.isStatedBy(*stated, bytes));
     };
     if (*command == m_paths.mcpCommand() && !std::ranges::all_of(m_members, matches))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     if (isSwitchedOff(found))
         reasons.emplace_back(switchedOffText);
     return reasons;
