@@ -1,6 +1,7 @@
 #include "Doctor.h"
 
 #include "SafeText.h"
+#include "Say.h"
 #include "ToolProgram.h"
 
 #include "ClientVersion.h"
@@ -241,8 +242,36 @@ JSONLiteral withTildes(const JSONLiteral& literal, const std::vector<std::string
                       literal.content);
 }
 
+// The report is made in English, as a program reads it; what of it is words is said when it is made
+// into lines. All else is data.
+
+constexpr std::array labels{
+    sayLater("build"),         sayLater("bundle"),       sayLater("bundle version"),
+    sayLater("copies"),        sayLater("desktop"),      sayLater("files"),
+    sayLater("gateway"),       sayLater("health"),       sayLater("is"),
+    sayLater("is answering"),  sayLater("is stale"),     sayLater("is this users"),
+    sayLater("is writable"),   sayLater("kept"),         sayLater("kernel"),
+    sayLater("language"),      sayLater("link to"),      sayLater("mode"),
+    sayLater("name"),          sayLater("observations"), sayLater("path"),
+    sayLater("permissions"),   sayLater("program"),      sayLater("programs"),
+    sayLater("receipt"),       sayLater("session"),      sayLater("state"),
+    sayLater("system"),        sayLater("tells of"),     sayLater("tools"),
+    sayLater("tools version"), sayLater("version"),
+};
+constexpr std::array values{
+    sayLater("a file"),          sayLater("a folder"),  sayLater("none"),
+    sayLater("not on the PATH"), sayLater("not there"), sayLater("not to be run by this user"),
+    sayLater("something else"),  sayLater("there"),     sayLater("unknown"),
+};
+
+std::string spoken(std::string english, std::span<const char* const> words) {
+    const auto word =
+        std::ranges::find_if(words, [&](const char* known) { return english == known; });
+    return word == words.end() ? std::move(english) : say(*word);
+}
+
 /// "isThisUsers" as a person reads it: "is this users".
-std::string words(std::string_view key) {
+std::string label(std::string_view key) {
     std::string result;
     for (const char letter : key)
         if (std::isupper(static_cast<unsigned char>(letter)) != 0)
@@ -250,18 +279,18 @@ std::string words(std::string_view key) {
                 {' ', static_cast<char>(std::tolower(static_cast<unsigned char>(letter)))});
         else
             result += letter;
-    return result;
+    return spoken(std::move(result), labels);
 }
 
 /// A value of one line; nothing for one that holds others.
 std::optional<std::string> plain(const JSONLiteral& literal) {
     if (const auto* const string = std::get_if<std::string>(&literal.content))
-        return SafeText::shown(*string);
+        return spoken(SafeText::shown(*string), values);
     if (const bool* const boolean = std::get_if<bool>(&literal.content))
-        return *boolean ? "yes" : "no";
+        return *boolean ? say("yes") : say("no");
     if (const auto* const elements = std::get_if<Array>(&literal.content);
         elements != nullptr && elements->empty())
-        return "none";
+        return say("none");
     return std::nullopt;
 }
 
@@ -270,7 +299,7 @@ void write(std::string& lines, const JSONLiteral& literal, const std::string& in
 void write(std::string& lines, const JSONLiteral::Member& member, const std::string& indent) {
     const auto value = plain(member.value);
     lines +=
-        fmt::format("{}{}:{}{}\n", indent, words(member.key), value ? " " : "", value.value_or(""));
+        fmt::format("{}{}:{}{}\n", indent, label(member.key), value ? " " : "", value.value_or(""));
     if (!value)
         write(lines, member.value, indent + "  ");
 }
