@@ -5,6 +5,6 @@
 namespace wendlow {
 
 /// The door of what this program says.
-constexpr TranslationContext say{"wendlow-ask"};
+constexpr TranslationContext say{"WendlowAsk"};
 
 } // namespace wendlow

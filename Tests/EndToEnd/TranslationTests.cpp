@@ -51,15 +51,15 @@ msgid_plural "the entry carries keys this build does not write: {}"
 msgstr[0] "⟦keys {}⟧"
 msgstr[1] "⟦key {}⟧"
 
-msgctxt "wendlow-connect"
+msgctxt "WendlowConnect"
 msgid "no memory files found"
 msgstr "⟦none⟧"
 
-msgctxt "wendlow-connect"
+msgctxt "WendlowConnect"
 msgid "there is no option {}"
 msgstr "⟦{}?⟧"
 
-msgctxt "wendlow-ask"
+msgctxt "WendlowAsk"
 msgid "usage: wendlow-ask 'REQUEST JSON'\n"
 msgstr "⟦'REQUEST JSON'⟧\n"
 
@@ -158,7 +158,7 @@ TEST_F(Translation, leavesDoctorNothingToQuote) {
     for (std::sregex_iterator found(english.begin(), english.end(), label), end; found != end;
          ++found)
         if (labels.insert((*found)[1]).second)
-            sentences += "\nmsgctxt \"wendlow-connect\"\nmsgid \"" + (*found)[1].str() +
+            sentences += "\nmsgctxt \"WendlowConnect\"\nmsgid \"" + (*found)[1].str() +
                          "\"\nmsgstr \"⟦" + (*found)[1].str() + "⟧\"\n";
     EXPECT_THAT(labels, ::testing::IsSupersetOf({"is stale", "bundle version", "tools"}));
     speak(sentences);

@@ -15,9 +15,7 @@ namespace wendlow {
 
 namespace {
 
-std::string_view language() {
-    return say.view("JSON with comments");
-}
+constexpr const char* language = sayLater("JSON with comments");
 
 /// Whether nothing is left in a configuration, comments apart.
 bool isEmptyObject(std::string_view bytes) {
@@ -75,7 +73,7 @@ public:
     Look(const OpenCodeConnector& openCode, ToolFile::Purpose purpose)
         : ToolLook(openCode.m_paths.receiptFile), m_paths(openCode.m_paths), m_mcp(openCode.m_mcp),
           m_config(m_paths.serversFile, purpose, m_mcp,
-                   {.dialect = JSONDialect::jsonWithComments, .language = language()}),
+                   {.dialect = JSONDialect::jsonWithComments, .language = language}),
           m_plugin(ToolFile::read(m_paths.hooksFile, purpose)) {
         if (m_plugin.bytes)
             m_pluginOwnership = OpenCodePlugin::ownership(*m_plugin.bytes, m_paths.hookBinary);
@@ -86,7 +84,7 @@ public:
                                    {.path = m_config.file.label,
                                     .what = serverRole.what,
                                     .command = m_paths.mcpCommand(),
-                                    .language = language()}},
+                                    .language = language}},
                                   {pluginFinding(),
                                    {.path = m_plugin.label,
                                     .what = pluginRole.what,
