@@ -88,7 +88,7 @@ int main(int count, char** words) {
         return ask(word);
     // Only here: an answer is JSON, which is for programs, and speaks English.
     const std::filesystem::path programs = application.applicationDirPath().toStdString();
-    Translation::begin(programs.parent_path() / "Resources");
+    Translation::begin(programs / "../Resources");
     if (word == "--help")
         return print(stdout, usage() + help()) ? succeeded : wasRefused;
     print(stderr, usage());

@@ -34,6 +34,35 @@ using Path = std::filesystem::path;
 using Object = JSONLiteral::Object;
 using Array = JSONLiteral::Array;
 
+// The report is made in English, as a program reads it. What of it is words is said when it is made
+// into lines; all else is data.
+
+constexpr const char* aFile = sayLater("a file");
+constexpr const char* aFolder = sayLater("a folder");
+constexpr const char* none = sayLater("none");
+constexpr const char* notOnThePath = sayLater("not on the PATH");
+constexpr const char* notRunnable = sayLater("not to be run by this user");
+constexpr const char* notThere = sayLater("not there");
+constexpr const char* somethingElse = sayLater("something else");
+constexpr const char* there = sayLater("there");
+constexpr const char* unknown = sayLater("unknown");
+
+constexpr std::array values{aFile,    aFolder,       none,  notOnThePath, notRunnable,
+                            notThere, somethingElse, there, unknown};
+constexpr std::array labels{
+    sayLater("build"),         sayLater("bundle"),       sayLater("bundle version"),
+    sayLater("copies"),        sayLater("desktop"),      sayLater("files"),
+    sayLater("gateway"),       sayLater("health"),       sayLater("is"),
+    sayLater("is answering"),  sayLater("is stale"),     sayLater("is this users"),
+    sayLater("is writable"),   sayLater("kept"),         sayLater("kernel"),
+    sayLater("language"),      sayLater("link to"),      sayLater("mode"),
+    sayLater("name"),          sayLater("observations"), sayLater("path"),
+    sayLater("permissions"),   sayLater("program"),      sayLater("programs"),
+    sayLater("receipt"),       sayLater("session"),      sayLater("state"),
+    sayLater("system"),        sayLater("tells of"),     sayLater("tools"),
+    sayLater("tools version"), sayLater("version"),
+};
+
 JSONLiteral text(std::string_view bytes) {
     return SafeText::literal(bytes);
 }
@@ -56,7 +85,7 @@ std::string setting(const Path& file, std::string_view key) {
     const std::string all = "\n" + (bytes && *bytes ? **bytes : std::string());
     const auto start = all.find(fmt::format("\n{}=", key));
     if (start == std::string::npos)
-        return "unknown";
+        return unknown;
     std::string value = all.substr(start + key.size() + 2);
     value.resize(std::min(value.size(), value.find('\n')));
     std::erase(value, '"');
@@ -68,12 +97,12 @@ Object place(const Path& path) {
     Object members{{"path", text(path.string())}};
     const auto kind = Disk::kind(path);
     if (kind == Disk::Kind::nothing) {
-        members.push_back({"is", text("not there")});
+        members.push_back({"is", text(notThere)});
         return members;
     }
-    members.push_back({"is", text(kind == Disk::Kind::file     ? "a file"
-                                  : kind == Disk::Kind::folder ? "a folder"
-                                                               : "something else")});
+    members.push_back({"is", text(kind == Disk::Kind::file     ? aFile
+                                  : kind == Disk::Kind::folder ? aFolder
+                                                               : somethingElse)});
     if (const auto link = Disk::readLink(path))
         members.push_back({"linkTo", text(link->string())});
     if (const auto attributes = Disk::attributes(path)) {
@@ -121,8 +150,8 @@ JSONLiteral tool(const SeenTool& seen, const Places& places) {
     auto version = program ? program->version : std::nullopt;
     if (files.application && !version)
         version = CursorVersion::read(*files.application);
-    members.push_back({"program", text(program ? program->path.string() : "not on the PATH")});
-    members.push_back({"version", text(version.value_or("unknown"))});
+    members.push_back({"program", text(program ? program->path.string() : notOnThePath)});
+    members.push_back({"version", text(version.value_or(unknown))});
     Array observations;
     for (const Observation& said : scan.observations)
         observations.push_back(JSONLiteral::object(
@@ -141,26 +170,23 @@ JSONLiteral installation(const Path& bundle) {
     for (const char* name : {"wendlow-settings", "wendlow-open", "wendlow-connect", "wendlow-ask",
                              "wendlow-hook", "wendlow-mcp"}) {
         const Path path = OwnedNames::program(bundle, name);
-        programs.push_back(JSONLiteral::object(
-            {{"name", text(name)},
-             {"is", text(!Disk::exists(path)       ? "not there"
-                         : !Disk::isRunnable(path) ? "not to be run by this user"
-                                                   : "there")}}));
+        programs.push_back(JSONLiteral::object({{"name", text(name)},
+                                                {"is", text(!Disk::exists(path)       ? notThere
+                                                            : !Disk::isRunnable(path) ? notRunnable
+                                                                                      : there)}}));
     }
     const auto version =
         InfoPlist::string(bundle / "Contents/Info.plist", "CFBundleShortVersionString");
     return JSONLiteral::object({{"version", text(ClientVersion::current())},
                                 {"bundle", text(bundle.string())},
-                                {"bundleVersion", text(version.value_or("unknown"))},
+                                {"bundleVersion", text(version.value_or(unknown))},
                                 {"programs", JSONLiteral::array(std::move(programs))}});
 }
 
 JSONLiteral system() {
     utsname names{};
     ::uname(&names);
-    const auto orNone = [](const std::string& value) {
-        return text(value.empty() ? "none" : value);
-    };
+    const auto orNone = [](const std::string& value) { return text(value.empty() ? none : value); };
     return JSONLiteral::object(
         {{"name", text(setting("/etc/os-release", "PRETTY_NAME"))},
          {"kernel", text(fmt::format("{} {} {}", static_cast<const char*>(names.sysname),
@@ -242,28 +268,6 @@ JSONLiteral withTildes(const JSONLiteral& literal, const std::vector<std::string
                       literal.content);
 }
 
-// The report is made in English, as a program reads it; what of it is words is said when it is made
-// into lines. All else is data.
-
-constexpr std::array labels{
-    sayLater("build"),         sayLater("bundle"),       sayLater("bundle version"),
-    sayLater("copies"),        sayLater("desktop"),      sayLater("files"),
-    sayLater("gateway"),       sayLater("health"),       sayLater("is"),
-    sayLater("is answering"),  sayLater("is stale"),     sayLater("is this users"),
-    sayLater("is writable"),   sayLater("kept"),         sayLater("kernel"),
-    sayLater("language"),      sayLater("link to"),      sayLater("mode"),
-    sayLater("name"),          sayLater("observations"), sayLater("path"),
-    sayLater("permissions"),   sayLater("program"),      sayLater("programs"),
-    sayLater("receipt"),       sayLater("session"),      sayLater("state"),
-    sayLater("system"),        sayLater("tells of"),     sayLater("tools"),
-    sayLater("tools version"), sayLater("version"),
-};
-constexpr std::array values{
-    sayLater("a file"),          sayLater("a folder"),  sayLater("none"),
-    sayLater("not on the PATH"), sayLater("not there"), sayLater("not to be run by this user"),
-    sayLater("something else"),  sayLater("there"),     sayLater("unknown"),
-};
-
 std::string spoken(std::string english, std::span<const char* const> words) {
     const auto word =
         std::ranges::find_if(words, [&](const char* known) { return english == known; });
@@ -290,7 +294,7 @@ std::optional<std::string> plain(const JSONLiteral& literal) {
         return *boolean ? say("yes") : say("no");
     if (const auto* const elements = std::get_if<Array>(&literal.content);
         elements != nullptr && elements->empty())
-        return say("none");
+        return say(none);
     return std::nullopt;
 }
 
