@@ -82,7 +82,7 @@ protected:
         put(m_home / ".codex/sessions/one.jsonl", "{}\n");
         put(m_home / ".codex/sessions/two.jsonl", "{}\n");
         put(m_home / "Library/Application Support/Cursor/User/workspaceStorage/one/state", "");
-        put(m_home / ".config/opencode/opencode.json",
+        put(m_home / ".config/opencode/opencode.jsonc",
             R"({"mcp":{"wendlow":{"type":"local","command":[")" +
                 (programs() / "wendlow-mcp").string() + R"("],"s3cret":1}}})");
     }
