@@ -21,12 +21,11 @@ using namespace wendlow;
 enum ExitStatus { succeeded = 0, wasRefused = 1, wrongUsage = 2 };
 
 std::string usage() {
-    return say("usage: wendlow-ask 'REQUEST JSON'\n");
+    return say("usage: wendlow-ask 'REQUEST JSON'") + "\n";
 }
 
 std::string help() {
-    return say(R"(
-Sends one request to the gateway and prints one JSON document:
+    return "\n" + say(R"(Sends one request to the gateway and prints one JSON document:
 
   response    the answer
   served_ms   how long the gateway says it worked on it, where it says so
@@ -37,8 +36,8 @@ As long as the gateway is there and says nothing, it waits. So:
   wendlow-ask '{"read":{"_0":{"health":{}}}}'
 
 Exit status: 0; 1 when the answer is failure or unimplemented; 2 when the request does not read,
-and for wrong usage.
-)");
+and for wrong usage.)") +
+           "\n";
 }
 
 /// Whether all of it went out.

@@ -142,12 +142,12 @@ private:
 
 std::string usage() {
     return say("usage: wendlow-connect [--home DIR] [--bundle DIR] [--applications DIR] VERB "
-               "[TOOL]... [--json]\n");
+               "[TOOL]... [--json]") +
+           "\n";
 }
 
 std::string help() {
-    return say(R"(
-Connects AI tools to Wendlow, and takes the connection out again.
+    return "\n" + say(R"(Connects AI tools to Wendlow, and takes the connection out again.
 
   scan       look at each tool's files and change nothing
   install    put Wendlow's entries in
@@ -174,8 +174,8 @@ Connects AI tools to Wendlow, and takes the connection out again.
                        its file when it quits; looked for if left out
   --json               JSON in place of lines: an array, of doctor an object
 
-Exit status: 0; 1 when a verb was refused; 2 for wrong usage.
-)");
+Exit status: 0; 1 when a verb was refused; 2 for wrong usage.)") +
+           "\n";
 }
 
 std::expected<Arguments, std::string> parse(std::span<const std::string_view> words) {

@@ -60,8 +60,8 @@ msgid "there is no option {}"
 msgstr "⟦{}?⟧"
 
 msgctxt "WendlowAsk"
-msgid "usage: wendlow-ask 'REQUEST JSON'\n"
-msgstr "⟦'REQUEST JSON'⟧\n"
+msgid "usage: wendlow-ask 'REQUEST JSON'"
+msgstr "⟦'REQUEST JSON'⟧"
 
 msgctxt "WendlowConnectors"
 msgid "the table [{}] is here with no Wendlow MCP table above it"
