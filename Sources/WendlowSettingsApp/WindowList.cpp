@@ -1,5 +1,5 @@
 #include "ClientInstance.h"
-#include "JourneyWords.h"
+#include "TranslationContext.h"
 #include "WindowDescription.h"
 #include "WindowModels.h"
 #include "WindowPictures.h"
@@ -110,7 +110,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeEditor},
     {.kind = Kind::onboarding,
      .id = "journey",
-     .title = JourneyWords::windowTitle,
+     .title = sayLater("Welcome to Wendlow"),
      .size = {800, 620},
      .styles = fixed,
      .alwaysDark = true,
