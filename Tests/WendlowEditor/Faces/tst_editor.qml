@@ -53,6 +53,9 @@ Item {
                 says("Button", name);
             says("StaticText", "274 memories");
             compare(said("RadioButton"), ["newest*", "oldest*", "relevance*"]);
+            const newest = said("ListItem").join();
+            verify(bench.press(face, "oldest"));
+            tryVerify(() => said("ListItem").join() !== newest);
             compare(bench.told(face, "Memories, 1920"), " selected");
             compare(bench.told(face, "findings, 276"), "");
             verify(said("ListItem").length >= 9);
