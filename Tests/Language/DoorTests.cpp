@@ -157,8 +157,9 @@ TEST_F(Door, OfTheAppsThatAreConnected) {
             const QString id = QString::fromStdString(row.app.id);
             model.setOpen(id, true);
             EXPECT_TRUE(QTest::qWaitFor([&] { return model.settled(); }));
-            row.inventory->projects()->toggle();
             look(window, id + u' ' + state);
+            row.inventory->projects()->toggle();
+            look(window, id + u' ' + state + u", all of it"_s);
             model.setOpen(id, false);
         }
     };

@@ -147,8 +147,10 @@ private:
         }
     }
 
-    inline static const QRegularExpression wordIn{QStringLiteral(R"(\p{L}[\p{L}\p{M}’']*)"),
-                                                  QRegularExpression::UseUnicodePropertiesOption};
+    /// Letters beside figures are those of a name or a number.
+    inline static const QRegularExpression wordIn{
+        QStringLiteral(R"((?<![\p{L}\d])\p{L}[\p{L}\p{M}’']*+(?!\d))"),
+        QRegularExpression::UseUnicodePropertiesOption};
 
     QSet<QString> m_known;
     QStringList m_quoting;
