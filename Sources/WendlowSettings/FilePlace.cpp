@@ -1,8 +1,7 @@
 #include "FilePlace.h"
 
 #include "ConfigFile/Disk.h"
-
-#include <fmt/format.h>
+#include "Say.h"
 
 #include <algorithm>
 
@@ -23,7 +22,7 @@ std::string wordsOf(const Observation& observation) {
     if (!bytes || !*bytes || *observation.byte > (*bytes)->size())
         return {}; // it is another file by now
     const FilePlace place = FilePlace::of(**bytes, *observation.byte);
-    return fmt::format("line {}, column {}", place.line, place.column);
+    return say("line {}, column {}", place.line, place.column);
 }
 
 } // namespace
