@@ -93,7 +93,7 @@ private:
         const auto cost = EditorRulesCost::inlineTier(card);
         section("section/card", say("Rules riding every prompt")).beside =
             countedRules(cost.rules) + " · " +
-            say.plural(cost.tokens, "~{} token riding every prompt",
+            say.plural(cost.tokens, "~{} tokens riding every prompt",
                        "~{} tokens riding every prompt", cost.tokens);
         const auto begin = m_rows.size();
         for (const EditorRuleLine& line : card.inlineRules) {
@@ -105,7 +105,7 @@ private:
         const std::int64_t whole = EditorRulesCost::wholeCard(card).tokens;
         note("note/card",
              say.plural(whole,
-                        "The whole card — these lines plus the fetch index below — is ~{} token. "
+                        "The whole card — these lines plus the fetch index below — is ~{} tokens. "
                         "Token counts are estimated at four characters each, the same way the "
                         "compiler estimates them.",
                         "The whole card — these lines plus the fetch index below — is ~{} tokens. "

@@ -38,7 +38,7 @@ std::string totalLine(std::string_view done, std::string_view total) {
 }
 
 std::string estimate(std::string_view clock, int minutes) {
-    return say.plural(minutes, "At the current rate, done by about {}, in {} minute.",
+    return say.plural(minutes, "At the current rate, done by about {}, in {} minutes.",
                       "At the current rate, done by about {}, in {} minutes.", clock, minutes);
 }
 
