@@ -33,8 +33,9 @@ QStringList folders(const EditorScopeRow& scope, std::ptrdiff_t most) {
 QString counts(const EditorScopeRow& scope, const QString& between) {
     QStringList all;
     for (const EditorCount& kind : scope.kinds)
-        all.append(RowText::line(fmt::format(
-            "{} {}", kind.count, kind.count == 1 ? kind.name : TypeWords::pluralized(kind.name))));
+        all.append(RowText::line(fmt::format("{} {}", kind.count,
+                                             kind.count == 1 ? TypeWords::single(kind.name)
+                                                             : TypeWords::pluralized(kind.name))));
     return all.join(between);
 }
 
