@@ -193,6 +193,13 @@ TEST(ToolsBefore, PutsBackWhatNobodyElseHasTouched) {
              put(machine.at(servers), *get(machine.at(servers)) + "\n", 0600);
          }),
          {"~", servers, serversCopies}},
+        {"unplugged, and written by its tool then",
+         nothing,
+         connectThen([](Machine& machine) {
+             std::ignore = machine.tool.remove();
+             put(machine.at(servers), "{ }", 0600);
+         }),
+         {"~", servers, serversCopies}},
         {"more than ours in our entry, of which the copy of the removal tells",
          nothing,
          connectThen([](Machine& machine) {
