@@ -2,6 +2,9 @@
 
 #include "ConnectorTypes.h"
 
+#include <filesystem>
+#include <vector>
+
 namespace wendlow {
 
 /// One AI tool that a person can wire up. No operation fails as a function: every failure is words
@@ -12,6 +15,9 @@ public:
     virtual ~Connector() = default;
 
     virtual ConnectorIdentity identity() const = 0;
+    /// The tool's files that a verb may change or make, as configured. It makes copies beside them,
+    /// and may make the folder of one. No disk is asked.
+    virtual std::vector<std::filesystem::path> files() const { return {}; }
     /// Looks, and changes nothing.
     virtual ScanReport scan() const = 0;
     virtual ProjectReport projects() const = 0;

@@ -20,6 +20,7 @@ struct Tool {
     std::filesystem::path directory; ///< the tool's own folder
     /// Files that show without the folder that the tool is here. The first is spoken of.
     std::vector<std::filesystem::path> shownBy;
+    std::vector<std::filesystem::path> files; ///< what verbs may change
     std::filesystem::path receiptFile;
     /// What a shell of the tool's runs, where we write its path into a command line.
     std::optional<std::filesystem::path> hookBinary;
@@ -69,6 +70,7 @@ private:
 class ToolConnector : public Connector {
 public:
     ConnectorIdentity identity() const final { return m_tool.identity; }
+    std::vector<std::filesystem::path> files() const final { return m_tool.files; }
     ScanReport scan() const final;
     ConnectorOutcome install() const final;
     ConnectorOutcome remove() const final;

@@ -107,6 +107,7 @@ JourneyContacts JourneyContacts::real(Surroundings surroundings) {
             [wiring](const std::vector<std::string>& ids) {
                 JourneyWiringReceipt::write(ids, wiring);
             },
+        .tools = ToolsBefore::onDisk({.home = home, .support = support}, log),
         .measureAppSize = [bundle] { return measure(bundle); },
         .diskBytes = [home] { return diskSize(home); },
         .openTerms = [bundle] { TermsPage::open(bundle); },

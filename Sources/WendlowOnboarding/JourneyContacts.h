@@ -3,6 +3,7 @@
 #include "Client.h"
 #include "Journey.h"
 #include "LocalModelsProgress.h"
+#include "ToolsBefore.h"
 
 #include <QCoroTask>
 
@@ -57,6 +58,8 @@ struct JourneyContacts {
     std::function<std::chrono::system_clock::time_point()> now;
     std::function<std::vector<std::string>()> loadWired;
     std::function<void(const std::vector<std::string>&)> saveWired;
+    /// Unlike all others called off the UI thread.
+    ToolsBefore tools;
     std::function<QCoro::Task<std::optional<std::int64_t>>()> measureAppSize;
     /// The size of the disk that the models go to.
     std::function<std::optional<std::int64_t>()> diskBytes;

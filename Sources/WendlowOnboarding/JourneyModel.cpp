@@ -16,7 +16,7 @@ using LocalModelsScreen::Writer;
 
 JourneyModel::JourneyModel(JourneyContacts contacts, Limits limits)
     : m_contacts(std::move(contacts)), m_limits(limits),
-      m_wiring(m_contacts.connect(), m_contacts.loadWired, m_contacts.saveWired) {
+      m_wiring(m_contacts.connect(), m_contacts.loadWired, m_contacts.saveWired, m_contacts.tools) {
     m_pause.setSingleShot(true);
     m_pause.setInterval(m_limits.poll);
     connect(&m_pause, &QTimer::timeout, this, [this] {

@@ -1,5 +1,8 @@
 #include "JourneyWiring.h"
 
+#include "Bounded.h"
+
+#include <QCoroFuture>
 #include <QCoroTimer>
 #include <QPointer>
 #include <QTimer>
@@ -21,10 +24,17 @@ JourneyWiring::Ids together(JourneyWiring::Ids first, const JourneyWiring::Ids& 
     return first;
 }
 
+/// For a bounded wait, which is for an answer.
+QCoro::Task<bool> ended(QFuture<void> work) {
+    co_await work;
+    co_return true;
+}
+
 } // namespace
 
-JourneyWiring::JourneyWiring(ConnectedAppsModel& apps, Load load, Save save)
-    : m_apps(apps), m_load(std::move(load)), m_save(std::move(save)), m_ids(m_load()) {
+JourneyWiring::JourneyWiring(ConnectedAppsModel& apps, Load load, Save save, ToolsBefore tools)
+    : m_apps(apps), m_load(std::move(load)), m_save(std::move(save)), m_tools(std::move(tools)),
+      m_ids(m_load()) {
     const ConnectedAppsList* const rows = m_apps.appsList();
     connect(rows, &QAbstractItemModel::dataChanged, this, &JourneyWiring::look);
     connect(rows, &QAbstractItemModel::rowsInserted, this, &JourneyWiring::look);
@@ -85,7 +95,9 @@ void JourneyWiring::set(const std::string& id, bool on) {
     m_working.insert(id);
     if (on) {
         save(together(m_ids, {id}));
+        m_apps.inTurn(id, m_tools.beforeConnect);
         m_apps.connect(QString::fromStdString(id));
+        m_apps.inTurn(id, m_tools.afterConnect);
     } else {
         m_apps.disconnect(QString::fromStdString(id));
     }
@@ -155,7 +167,22 @@ QCoro::Task<> JourneyWiring::unplug(std::chrono::milliseconds limit) {
         if (!self)
             co_return;
     }
-    save({});
+    auto rest = putBack(limit);
+    co_await rest;
+    if (self)
+        save({});
+}
+
+/// Of each tool, since one may have been plugged in and out again: there is nothing to do for what
+/// was never touched.
+QCoro::Task<> JourneyWiring::putBack(std::chrono::milliseconds limit) {
+    const QPointer<JourneyWiring> self(this);
+    for (const std::string& id : m_apps.ids()) {
+        auto turn = bounded(ended(m_apps.inTurn(id, m_tools.putBack)), limit);
+        co_await turn;
+        if (!self)
+            co_return;
+    }
 }
 
 } // namespace wendlow

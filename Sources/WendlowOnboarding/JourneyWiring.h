@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ConnectedAppsModel.h"
+#include "ToolsBefore.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -25,13 +26,14 @@ public:
     using Load = std::function<Ids()>;
     using Save = std::function<void(const Ids&)>;
 
-    JourneyWiring(ConnectedAppsModel& apps, Load load, Save save);
+    JourneyWiring(ConnectedAppsModel& apps, Load load, Save save, ToolsBefore tools);
 
     /// Does nothing for a tool that is as wished, or being worked on.
     void set(const std::string& id, bool on);
     void setAll(bool on);
-    /// Unplugs what was plugged in here and is connected now, one after the other, and forgets all
-    /// of it. Each is waited for, but for no longer than `limit`.
+    /// Unplugs what was plugged in here and is connected now, one after the other, puts back what
+    /// that leaves behind, and forgets all of it. Each is waited for, but for no longer than
+    /// `limit`.
     QCoro::Task<> unplug(std::chrono::milliseconds limit);
 
     /// At least one is connected, whoever did that.
@@ -55,12 +57,14 @@ private:
     Ids connected() const;
     void look();
     void save(const Ids& ids);
+    QCoro::Task<> putBack(std::chrono::milliseconds limit);
     /// Until `over` holds when something changes, but for no longer than the limit.
     QCoro::Task<> until(std::function<bool()> over, std::chrono::milliseconds limit);
 
     ConnectedAppsModel& m_apps;
     const Load m_load;
     const Save m_save;
+    const ToolsBefore m_tools;
     Ids m_ids;
     std::set<std::string> m_working; ///< a verb of ours is under way
 };

@@ -151,6 +151,22 @@ void ConnectedAppsModel::act(const QString& id, int action, const QString& path)
     }
 }
 
+QFuture<void> ConnectedAppsModel::inTurn(const std::string& id,
+                                         std::function<void(const Connector&)> work) {
+    Tool* const concerned = tool(id);
+    if (!concerned)
+        return QtFuture::makeReadyFuture();
+    return concerned->lane.run(
+        [connector = concerned->connector, work = std::move(work)] { work(*connector); });
+}
+
+std::vector<std::string> ConnectedAppsModel::ids() const {
+    std::vector<std::string> ids;
+    for (const auto& tool : m_tools)
+        ids.push_back(tool->id);
+    return ids;
+}
+
 QCoro::Task<> ConnectedAppsModel::scanTool(Tool* tool) {
     const QPointer<ConnectedAppsModel> alive(this);
     const auto newest = tool->generation;

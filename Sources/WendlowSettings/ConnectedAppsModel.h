@@ -10,6 +10,7 @@
 #include "VerbNote.h"
 
 #include <QCoroTask>
+#include <QFuture>
 #include <QString>
 #include <QTimer>
 #include <QtQmlIntegration/qqmlintegration.h>
@@ -89,6 +90,11 @@ public:
     /// same row queues behind the first.
     Q_INVOKABLE void connect(const QString& id);
     Q_INVOKABLE void disconnect(const QString& id);
+    /// Does something else to a tool's files in its turn, off the UI thread: behind what has been
+    /// asked of the tool by now and before all that will be. An unknown id is done with at once.
+    QFuture<void> inTurn(const std::string& id, std::function<void(const Connector&)> work);
+    /// Of all tools, whether they are on this machine or not.
+    std::vector<std::string> ids() const;
     /// The person opens or closes a row. Opened, it reads the tool's store.
     Q_INVOKABLE void setOpen(const QString& id, bool open);
     /// Does nothing without an endpoint.

@@ -8,8 +8,19 @@ namespace wendlow {
 
 namespace {
 
+bool isOpen(const QWindow* window) {
+    return window && window->isVisible();
+}
+
 bool isOnScreen(const QWindow* window) {
-    return window && window->isVisible() && !window->windowStates().testFlag(Qt::WindowMinimized);
+    return isOpen(window) && !window->windowStates().testFlag(Qt::WindowMinimized);
+}
+
+/// A panel belongs to one.
+QWindow* mainOf(QWindow* window) {
+    while (window && window->transientParent())
+        window = window->transientParent();
+    return window;
 }
 
 } // namespace
@@ -19,16 +30,22 @@ FrontWindow::FrontWindow() {
     follow(QGuiApplication::focusWindow());
 }
 
+QWindow* FrontWindow::mostRecent(bool (*fits)(const QWindow*)) const {
+    const auto found = std::ranges::find_if(m_recent, fits);
+    return found == m_recent.end() ? nullptr : found->data();
+}
+
 QWindow* FrontWindow::window() const {
-    const auto front = std::ranges::find_if(m_recent, &isOnScreen);
-    return front == m_recent.end() ? nullptr : front->data();
+    return mostRecent(&isOnScreen);
 }
 
 QWindow* FrontWindow::mainWindow() const {
-    QWindow* main = window();
-    while (main && main->transientParent())
-        main = main->transientParent();
-    return main;
+    return mainOf(window());
+}
+
+QWindow* FrontWindow::openWindow() const {
+    QWindow* const front = mainWindow();
+    return front ? front : mainOf(mostRecent(&isOpen));
 }
 
 void FrontWindow::follow(QWindow* focus) {

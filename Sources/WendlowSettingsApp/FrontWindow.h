@@ -21,6 +21,9 @@ public:
     QWindow* window() const;
     /// The same, but a panel stands for the window that it belongs to.
     QWindow* mainWindow() const;
+    /// The same, but where none is on the screen the one that had the focus last of those that are
+    /// minimized; null where all are closed.
+    QWindow* openWindow() const;
 
 Q_SIGNALS:
     /// Another window may be in front.
@@ -28,6 +31,7 @@ Q_SIGNALS:
 
 private:
     void follow(QWindow* focus);
+    QWindow* mostRecent(bool (*fits)(const QWindow*)) const;
 
     std::vector<QPointer<QWindow>> m_recent; ///< the last to have had the focus stands first
 };

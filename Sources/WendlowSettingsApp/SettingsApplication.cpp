@@ -148,7 +148,7 @@ void SettingsApplication::showFirst(std::function<void(WindowDoor::Pane)> shown)
 void SettingsApplication::startedAgain() {
     if (m_isOpening)
         return;
-    if (QWindow* const open = m_front.mainWindow())
+    if (QWindow* const open = m_front.openWindow())
         WindowPresenter::bringToFront(*open);
     else
         present(WindowKind::settings);

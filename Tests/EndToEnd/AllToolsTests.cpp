@@ -1,5 +1,5 @@
-#include "Support/ClaudeCodeHome.h"
 #include "Support/Desktop.h"
+#include "Support/ToolHomes.h"
 
 #include <gmock/gmock.h>
 
@@ -39,22 +39,9 @@ struct Tool {
 
 const std::vector<Tool> tools{
     {u"Claude Code"_s, "claude-code", {}, {}},
-    {u"Codex"_s,
-     "codex",
-     {{".codex/hooks.json", R"({"hooks": {"Stop": []}, "n": 3.50})"},
-      {".codex/config.toml", "# mine\r\nmodel = \"o5\" # no end"}},
-     {}},
-    {u"Cursor"_s,
-     "cursor",
-     {{".cursor/hooks.json", "{\n\t\"version\": 1,\n\t\"hooks\": {\n\t\t\"stop\": [{\"command\": "
-                             "\"a\\/b\"}]\n\t}\n}"},
-      {".cursor/mcp.json", "{\"mcpServers\": {\"mine\": {\"url\": \"http://x\"}}}\r\n"}},
-     {}},
-    {u"OpenCode"_s,
-     "opencode",
-     {{".config/opencode/opencode.jsonc", "{ // mine\n  \"theme\": \"system\" /* stays */\n}\n"},
-      {".config/opencode/themes/own.json", "{}"}},
-     {".config/opencode/plugins/wendlow.js"}},
+    {u"Codex"_s, "codex", ToolHomes::codex, {}},
+    {u"Cursor"_s, "cursor", ToolHomes::cursor, {}},
+    {u"OpenCode"_s, "opencode", ToolHomes::openCode, {".config/opencode/plugins/wendlow.js"}},
 };
 
 /// All four tools on one machine, worked through the window one after the other.
@@ -62,10 +49,7 @@ TEST(AllTools, areConnectedAndGiveEveryByteBack) {
     const Desktop desktop;
     ASSERT_TRUE(desktop.isReady()) << "no screen, bus or accessibility bus could be started";
     const fs::path home = desktop.home().path();
-    ClaudeCodeHome::fill(home);
-    for (const Tool& tool : tools)
-        for (const auto& [name, bytes] : tool.own)
-            put(home / name, bytes);
+    ToolHomes::fill(home);
     const auto before = filesOf(home);
     RunningApplication application(desktop, {u"--window=settings"_s, u"--pane=connected"_s});
     ASSERT_TRUE(application.window(u"Wendlow"_s)) << application.errors().toStdString();

@@ -1,6 +1,6 @@
-#include "Support/ClaudeCodeHome.h"
 #include "Support/KeyWalk.h"
 #include "Support/OnADesktop.h"
+#include "Support/ToolHomes.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -238,41 +238,45 @@ struct Writer {
     QStringList options;
     bool lives = true;
     bool runsOn = false; ///< and the person is told
+    /// The application is killed once the tools are plugged in, and the next one is cancelled.
+    bool killed = false;
 };
 
 class JourneyCancelled : public JourneyWindow, public ::testing::WithParamInterface<Writer> {
 protected:
     using Home = std::map<std::string, std::string>;
 
-    /// All that lies in the home, but for logs and what the running daemon and desktop hold: its
-    /// bytes and modes, and of files the times to the nanosecond. Tools' files are written twice,
-    /// and so have another time.
+    /// The home and all that lies in it, but for logs and what the running daemon and desktop hold:
+    /// its bytes, modes, and times to the nanosecond. The folders that the product's own files and
+    /// the models lie in have another time, since things came and went there.
     Home everything() const {
         constexpr const char* others[] = {"/runtime", "/.cache/openbox", "/Library/Logs",
                                           "/Library/Application Support/Wendlow/data.db"};
         Home all;
         const std::string home = desktop.home().path().string();
+        const auto add = [&](const std::string& path) {
+            struct stat file{};
+            EXPECT_EQ(::lstat((home + path).c_str(), &file), 0) << path;
+            std::string& entry = all[path];
+            entry = fmt::format("{:o} {}", file.st_mode, get(home + path).value_or(""));
+            if (!S_ISDIR(file.st_mode) || !path.starts_with("/Library"))
+                entry += fmt::format(" {}.{:09}", file.st_mtim.tv_sec, file.st_mtim.tv_nsec);
+        };
+        add("");
         for (const auto& each : std::filesystem::recursive_directory_iterator(home)) {
             const std::string path = each.path().string().substr(home.size());
-            if (std::ranges::any_of(others, [&](auto other) { return path.starts_with(other); }))
-                continue;
-            struct stat file{};
-            EXPECT_EQ(::lstat(each.path().c_str(), &file), 0) << path;
-            std::string& entry = all[path];
-            entry = fmt::format("{:o} {}", file.st_mode, get(each.path()).value_or(""));
-            if (!S_ISDIR(file.st_mode) && !path.contains("/.claude"))
-                entry += fmt::format(" {}.{:09}", file.st_mtim.tv_sec, file.st_mtim.tv_nsec);
+            if (std::ranges::none_of(others, [&](auto other) { return path.starts_with(other); }))
+                add(path);
         }
         return all;
     }
-    /// But for the copies that are kept of a tool's files whenever these are changed.
     static std::vector<std::string> differences(const Home& before, const Home& after) {
         std::vector<std::string> found;
         for (const auto& [path, entry] : before)
             if (const auto now = after.find(path); now == after.end() || now->second != entry)
                 found.push_back(path);
         for (const auto& [path, entry] : after)
-            if (!before.contains(path) && !path.contains(".wendlow-backup-"))
+            if (!before.contains(path))
                 found.push_back(path);
         return found;
     }
@@ -283,7 +287,18 @@ protected:
         startJourney();
         agree();
         writeTheWordsDown();
-        plugIn();
+        plugInAll();
+    }
+    void plugInAll() {
+        press(u"select all"_s);
+        for (const char* file : {".claude.json", ".codex/config.toml", ".cursor/mcp.json",
+                                 ".config/opencode/opencode.jsonc"})
+            EXPECT_TRUE(eventually([&] {
+                return get(desktop.home() / file).value_or("").contains("wendlow-mcp");
+            })) << file;
+        EXPECT_TRUE(is("push button", u"unselect all"_s)) << "the verbs have not all ended";
+        press(u"Next"_s);
+        EXPECT_TRUE(comesTo(u"push button Continue"_s));
     }
 };
 
@@ -291,6 +306,7 @@ TEST_P(JourneyCancelled, GivesEverythingBack) {
     const Writer& writer = GetParam();
     const std::filesystem::path support = desktop.home() / "Library/Application Support";
     const auto models = support / "Wendlow Practice/menu/ollama";
+    ToolHomes::fill(desktop.home().path());
     for (const auto& theirs : {desktop.home() / "Documents/letter", models / "manifests/theirs",
                                models / "blobs/sha256-old-partial", models / "blobs/sha256-whole"})
         put(theirs, "theirs");
@@ -307,6 +323,11 @@ TEST_P(JourneyCancelled, GivesEverythingBack) {
     }));
     if (!writer.lives) {
         EXPECT_TRUE(menu.state() == QProcess::NotRunning || menu.waitForFinished());
+    }
+    if (writer.killed) {
+        application->kill();
+        startJourney();
+        press(u"Back"_s);
     }
     press(u"Cancel install"_s);
     EXPECT_TRUE(is("dialog", u"Cancel the install?"_s));
@@ -330,18 +351,18 @@ TEST_P(JourneyCancelled, GivesEverythingBack) {
     EXPECT_EQ(differences(before, everything()), left);
 }
 
-INSTANTIATE_TEST_SUITE_P(Beside, JourneyCancelled,
-                         ::testing::Values(Writer{.name = "ALiveWriter",
-                                                  .options = {u"--no-warm-up"_s}},
-                                           Writer{.name = "ADeadWriter",
-                                                  .options = {u"--no-warm-up"_s, u"--lasts"_s,
-                                                              u"400"_s, u"--dies-at"_s, u"0.5"_s},
-                                                  .lives = false},
-                                           Writer{.name = "ADeafWriter",
-                                                  .options = {u"--no-warm-up"_s, u"--deaf"_s,
-                                                              u"--stalls-at"_s, u"0.3"_s},
-                                                  .runsOn = true}),
-                         [](const auto& each) { return each.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Beside, JourneyCancelled,
+    ::testing::Values(
+        Writer{.name = "ALiveWriter", .options = {u"--no-warm-up"_s}},
+        Writer{.name = "ALiveWriterInAnotherRun", .options = {u"--no-warm-up"_s}, .killed = true},
+        Writer{.name = "ADeadWriter",
+               .options = {u"--no-warm-up"_s, u"--lasts"_s, u"400"_s, u"--dies-at"_s, u"0.5"_s},
+               .lives = false},
+        Writer{.name = "ADeafWriter",
+               .options = {u"--no-warm-up"_s, u"--deaf"_s, u"--stalls-at"_s, u"0.3"_s},
+               .runsOn = true}),
+    [](const auto& each) { return each.param.name; });
 
 } // namespace
 } // namespace wendlow::testing

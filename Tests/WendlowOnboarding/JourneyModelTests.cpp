@@ -182,6 +182,10 @@ TEST(JourneyModel, RecordsWhatItPlugsInBeforeAndNotWhatWasRefused) {
     ASSERT_TRUE(PlayedMachine::until([&] { return machine.apps.idle(); }));
     EXPECT_THAT(machine.wired, ElementsAre());
     EXPECT_THAT(machine.connected(), ElementsAre("codex"));
+    EXPECT_THAT(machine.turns,
+                ElementsAre("before claude-code found", "after claude-code found",
+                            "before claude-code found", "after claude-code connected"))
+        << "what was plugged in here, and that alone";
 }
 
 TEST(JourneyModel, LeavesOnRecordWhatAnotherProcessPutsThereAndUnplugsThatToo) {
@@ -220,6 +224,10 @@ TEST(JourneyModel, CancelledOnAnyScreenUnplugsItsOwnAlone) {
         ASSERT_TRUE(PlayedMachine::until([&] { return machine.ended > 0; })) << screen;
         EXPECT_EQ(machine.ended, 1);
         EXPECT_THAT(machine.cancelled, ElementsAre("codex")) << screen;
+        std::erase_if(machine.turns,
+                      [](const std::string& turn) { return !turn.starts_with("back"); });
+        EXPECT_THAT(machine.turns, ElementsAre("back claude-code found", "back codex connected"))
+            << "behind the removal";
         EXPECT_THAT(machine.wired, ElementsAre());
         EXPECT_FALSE(machine.model().isPolling());
     }

@@ -14,6 +14,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,8 @@ public:
     int ended = 0;
     Words cancelled; ///< what was connected as the cancel came to the download
     Words log;
+    Words turns; ///< what is done beside the verbs, and how it finds the tool
+    std::mutex turning;
 
     std::shared_ptr<MockConnector> code = tool("claude-code", "Claude Code");
     std::shared_ptr<MockConnector> codex = tool("codex", "Codex");
@@ -183,6 +186,13 @@ private:
         return tool;
     }
 
+    ToolsBefore::Step turn(const std::string& name) {
+        return [this, name](const Connector& tool) {
+            const std::string state(text(tool.scan().state));
+            const std::lock_guard guard(turning);
+            turns.push_back(name + ' ' + tool.identity().id + ' ' + state);
+        };
+    }
     QFuture<void> question() {
         const auto promise = std::make_shared<QPromise<void>>();
         promise->start();
@@ -234,6 +244,9 @@ private:
                 .now = [this] { return now; },
                 .loadWired = [this] { return wired; },
                 .saveWired = [this](const Words& ids) { wired = ids; },
+                .tools = {.beforeConnect = turn("before"),
+                          .afterConnect = turn("after"),
+                          .putBack = turn("back")},
                 .measureAppSize =
                     [this] { return answered(question(), std::optional<std::int64_t>(1000)); },
                 .diskBytes = [] { return std::optional<std::int64_t>(1'000'000'000'000); },

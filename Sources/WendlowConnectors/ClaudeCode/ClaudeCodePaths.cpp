@@ -21,8 +21,12 @@ std::vector<std::string> ClaudeCodePaths::currents() const {
     return all;
 }
 
+ClaudeCodePaths::Path ClaudeCodePaths::otherUserFile() const {
+    return configDirectory / ".config.json";
+}
+
 ClaudeCodePaths::Path ClaudeCodePaths::userFile() const {
-    Path other = configDirectory / ".config.json";
+    Path other = otherUserFile();
     return Disk::exists(other) ? other : serversFile;
 }
 

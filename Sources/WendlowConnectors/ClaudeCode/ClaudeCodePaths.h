@@ -14,6 +14,8 @@ struct ClaudeCodePaths : ToolPaths {
     std::array<std::string, 3> hookCommands() const; ///< rules, index, recall
     std::vector<std::string> currents() const;       ///< all four, in the order of writing
 
+    /// What Claude Code reads in the place of `serversFile` where it is there.
+    Path otherUserFile() const;
     /// The file with the servers: `serversFile`, unless there is one that Claude Code reads in its
     /// place. Asks the disk.
     Path userFile() const;

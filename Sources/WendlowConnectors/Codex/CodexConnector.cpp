@@ -299,6 +299,7 @@ CodexConnector::CodexConnector(CodexPaths paths, ConnectorVerb::Surroundings sur
                                   .symbol = "terminal"},
                      .directory = paths.configDirectory,
                      .shownBy = {paths.serversFile, paths.hooksFile},
+                     .files = {paths.hooksFile, paths.serversFile},
                      .receiptFile = paths.receiptFile,
                      .hookBinary = paths.hookBinary},
                     std::move(surroundings)),

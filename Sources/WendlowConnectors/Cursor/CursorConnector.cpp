@@ -162,6 +162,7 @@ CursorConnector::CursorConnector(CursorPaths paths, ConnectorVerb::Surroundings 
                         .symbol = "cursorarrow.rays"},
            .directory = paths.configDirectory,
            .shownBy = {},
+           .files = {paths.hooksFile, paths.serversFile},
            .receiptFile = paths.receiptFile,
            .hookBinary = paths.hookBinary},
           std::move(surroundings)),

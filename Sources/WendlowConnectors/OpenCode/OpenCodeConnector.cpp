@@ -249,6 +249,7 @@ OpenCodeConnector::OpenCodeConnector(OpenCodePaths paths, ConnectorVerb::Surroun
                                   .symbol = "chevron.left.forwardslash.chevron.right"},
                      .directory = paths.configDirectory,
                      .shownBy = {},
+                     .files = {paths.hooksFile, paths.serversFile},
                      .receiptFile = paths.receiptFile,
                      .hookBinary = {}},
                     std::move(surroundings)),

@@ -1,47 +1,19 @@
 #include "SafeRemoval.h"
 
+#include "SafeFolder.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <memory>
-#include <utility>
 
-#include <dirent.h>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
-
-#include <fmt/format.h>
 
 namespace wendlow::SafeRemoval {
 
 namespace {
 
 using Path = std::filesystem::path;
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : m_number(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(m_number, other.m_number);
-        return *this;
-    }
-    ~Descriptor() {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
-    explicit operator bool() const { return m_number >= 0; }
-    int number() const { return m_number; }
-    int release() { return std::exchange(m_number, -1); }
-
-private:
-    int m_number;
-};
-
-constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
 std::string cause(int error) {
     return std::strerror(error);
@@ -64,43 +36,12 @@ Path placeOf(const Path& path, const Places& places) {
     return isBelow(path, support) ? support : withoutSlash(places.home);
 }
 
-/// The folder that holds the last part of `path`, reached from `place` without following a link:
-/// so nobody leads this out of the place, not even while it is under way.
-std::expected<Descriptor, std::string> folderOf(const Path& path, const Path& place) {
-    // The place itself is the person's own choice: a home may well be a link.
-    Descriptor folder(::open(place.c_str(), folderFlags));
-    for (const Path& part : path.parent_path().lexically_relative(place)) {
-        if (!folder || part == ".")
-            break;
-        folder = Descriptor(::openat(folder.number(), part.c_str(), folderFlags | O_NOFOLLOW));
-    }
-    if (folder)
-        return folder;
-    // A link where a folder has to be is told as the one or the other.
-    const bool isLink = errno == ELOOP || errno == ENOTDIR;
-    return std::unexpected(isLink ? "a link or a file stands on the way to it" : cause(errno));
-}
-
-std::vector<std::string> namesIn(int folder) {
-    std::vector<std::string> names;
-    Descriptor own(::openat(folder, ".", folderFlags | O_NOFOLLOW));
-    const std::unique_ptr<DIR, int (*)(DIR*)> listing(own ? ::fdopendir(own.number()) : nullptr,
-                                                      &::closedir);
-    if (!listing)
-        return names;
-    own.release(); // closed with the listing
-    while (const dirent* const entry = ::readdir(listing.get()))
-        if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
-            names.emplace_back(entry->d_name);
-    return names;
-}
-
 /// How the last thing that stays keeps the rest from going: the first cause, or 0.
 int removeEntry(int folder, const char* name);
 
 int removeContents(int folder) {
     int failure = 0;
-    for (const std::string& name : namesIn(folder)) {
+    for (const std::string& name : SafeFolder::names(folder)) {
         const int failed = removeEntry(folder, name.c_str());
         if (failure == 0 && failed != ENOENT)
             failure = failed;
@@ -117,7 +58,7 @@ int removeEntry(int folder, const char* name) {
     const int refused = errno;
     int failure = 0;
     {
-        const Descriptor inside(::openat(folder, name, folderFlags | O_NOFOLLOW));
+        const Descriptor inside = SafeFolder::openWithin(folder, name);
         if (!inside && errno == ENOTDIR)
             return refused;
         failure = inside ? removeContents(inside.number()) : errno;
@@ -155,7 +96,7 @@ std::expected<void, std::string> remove(std::string_view path, const Places& pla
     if (const std::string refused = refusal(path, places); !refused.empty())
         return std::unexpected(refused);
     const Path plain = withoutSlash(Path(path));
-    const auto folder = folderOf(plain, placeOf(plain, places));
+    const auto folder = SafeFolder::open(plain.parent_path(), placeOf(plain, places));
     if (!folder)
         return std::unexpected(folder.error());
     if (const int failed = removeEntry(folder->number(), plain.filename().c_str()); failed != 0)
