@@ -15,6 +15,7 @@ std::string written(const char* translated, fmt::string_view english, fmt::forma
         try {
             return fmt::vformat(translated, args);
         } catch (const fmt::format_error&) { // its holes are not those of the sentence
+            return fmt::vformat(english, args);
         }
     }
     return fmt::vformat(english, args);
