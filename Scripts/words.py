@@ -23,7 +23,7 @@ EXCEPTIONS = "Translations/untranslated.txt"
 # What nobody reads in a person's language: worlds that are made up, programs to practise with, what a
 # model reads.
 PASSED_OVER = re.compile(
-    r"Companions/(Hook|MCP|Open|Practice\w+|Support)/|/Seeded/|/Benches/|/Bench\w*\.|Pictures\.|Posed|Snapshots"
+    r"Companions/(Hook|MCP|Practice\w+|Support)/|/Seeded/|/Benches/|/Bench\w*\.|Pictures\.|Posed|Snapshots"
     r"|SilentGateway|UnimplementedGateway|MockConnector|CXPCShim|/WendlowTranslation/")
 # What is called so in every language.
 NAMES = {"Wendlow", "Claude", "Claude Code", "Codex", "Cursor", "OpenCode"}
@@ -146,7 +146,7 @@ def quoted(words):
     return '""\n' + "\n".join(f'"{part}"' for part in parts)
 
 
-HEAD = ('msgid ""\nmsgstr ""\n"Content-Type: text/plain; charset=UTF-8\\n"\n'
+HEAD = ('msgid ""\nmsgstr ""\n"Project-Id-Version: wendlow\\n"\n"MIME-Version: 1.0\\n"\n"Content-Type: text/plain; charset=UTF-8\\n"\n'
         '"Content-Transfer-Encoding: 8bit\\n"\n"Language: {language}\\n"\n'
         '"Plural-Forms: nplurals=2; plural=(n != 1);\\n"\n')
 

@@ -4,7 +4,9 @@
 
 #include "ApplicationSeat.h"
 #include "BusPulse.h"
+#include "Say.h"
 #include "SessionBusAddress.h"
+#include "Translation.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -25,13 +27,17 @@ using WindowDoor::Pane;
 
 enum ExitStatus { succeeded = 0, failed = 1, wrongUsage = 2 };
 
-constexpr std::string_view usage = "usage: wendlow-open settings|memories|stats|first-run\n";
+std::string usage() {
+    return say("usage: wendlow-open settings|memories|stats|first-run") + '\n';
+}
 
-constexpr std::string_view help = R"(
-Opens one of Wendlow's windows, in the application that runs, or by starting it.
+std::string help() {
+    return '\n' +
+           say(R"(Opens one of Wendlow's windows, in the application that runs, or by starting it.
 
-Exit status: 0; 1 when the application could neither be asked nor started; 2 for wrong usage.
-)";
+Exit status: 0; 1 when the application could neither be asked nor started; 2 for wrong usage.)") +
+           '\n';
+}
 
 /// The window that a person means: by the words of its title, or as the door calls it.
 std::optional<Pane> paneNamed(std::string_view word) {
@@ -59,8 +65,7 @@ ExitStatus start(Pane pane) {
     application.setStandardOutputFile(QProcess::nullDevice());
     application.setStandardErrorFile(QProcess::nullDevice());
     if (!application.startDetached())
-        return complain(
-            fmt::format("{} could not be started", application.program().toStdString()));
+        return complain(say("{} could not be started", application.program().toStdString()));
     return succeeded;
 }
 
@@ -90,13 +95,14 @@ ExitStatus open(Pane pane) {
 
 int main(int count, char** words) {
     const QCoreApplication application(count, words);
+    Translation::begin(application.applicationDirPath().toStdString() + "/../Resources");
     const std::string_view word = count == 2 ? words[1] : "";
     if (word == "--help") {
-        fmt::print("{}{}", usage, help);
+        fmt::print("{}{}", usage(), help());
         return succeeded;
     }
     if (const auto pane = paneNamed(word))
         return open(*pane);
-    fmt::print(stderr, "{}", usage);
+    fmt::print(stderr, "{}", usage());
     return wrongUsage;
 }

@@ -245,7 +245,7 @@ private:
                     return std::ranges::find(names->second, file.name) != names->second.end();
                 });
             if (!isNamed)
-                say(folder.path, "it is none of the tool's");
+                logStays(folder.path, "it is none of the tool's");
             return !isNamed;
         };
         std::erase_if(*folders, isForeign);
@@ -253,7 +253,7 @@ private:
         return folders;
     }
 
-    void say(const std::string& path, std::string_view reason) const {
+    void logStays(const std::string& path, std::string_view reason) const {
         m_log(fmt::format("cancel-install: {}: {} left as it is ({})", m_tool, path, reason));
     }
 
@@ -264,7 +264,7 @@ private:
         for (const FileBefore& file : before.files)
             if (const std::string_view reason = putFileBack(folder->number(), before.path, file);
                 !reason.empty())
-                say((Path(before.path) / file.name).string(), reason);
+                logStays((Path(before.path) / file.name).string(), reason);
         if (!before.names) {
             // Ours, since it was made when the tool was plugged in; but only once it is empty.
             const Path path(before.path);
