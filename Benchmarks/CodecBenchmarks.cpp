@@ -65,6 +65,14 @@ template<> struct nlohmann::adl_serializer<wendlow::FilterValue> {
     }
 };
 
+template<class T> struct nlohmann::adl_serializer<wendlow::OpenCase<T>> {
+    static void to_json(Peer& json, const wendlow::OpenCase<T>& value) { json = value.word(); }
+
+    static void from_json(const Peer& json, wendlow::OpenCase<T>& value) {
+        value = wendlow::OpenCase<T>::ofWord(json.get<std::string>());
+    }
+};
+
 template<> struct nlohmann::adl_serializer<wendlow::WireData> {
     static constexpr int variant = sodium_base64_VARIANT_ORIGINAL;
 

@@ -17,7 +17,7 @@ QString text(std::string_view utf8) {
 }
 
 QString text(StoreWord word) {
-    return text(StoreWords::text(word));
+    return text(StoreWords::said(word));
 }
 
 void overwriteAll(RecoveryModel::Words& words) {

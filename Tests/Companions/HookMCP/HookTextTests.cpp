@@ -49,21 +49,23 @@ std::vector<HookAnswer> plenty(const std::vector<GatewayRequest>& questions) {
     std::vector<HookAnswer> answers;
     for (const GatewayRequest& question : questions) {
         const auto& read = std::get<GatewayCase::Read>(question)._0;
-        if (std::holds_alternative<ReadCase::Primed>(read))
-            answers.emplace_back(
-                AnswerCase::Primed{std::vector<PrimeCard>(3, {.when = "",
-                                                              .whenRelative = "today",
-                                                              .chapter = "/",
-                                                              .gist = "G",
-                                                              .evidence = std::string(20'000, 'e'),
-                                                              .grabId = "m1"})});
-        else if (std::holds_alternative<ReadCase::ListTypes>(read))
+        if (std::holds_alternative<ReadCase::Primed>(read)) {
+            AnswerCase::Primed primed;
+            primed._0.assign(3, {.when = "",
+                                 .whenRelative = "today",
+                                 .chapter = "/",
+                                 .gist = "G",
+                                 .evidence = std::string(20'000, 'e'),
+                                 .grabId = "m1"});
+            answers.emplace_back(std::move(primed));
+        } else if (std::holds_alternative<ReadCase::ListTypes>(read)) {
             answers.emplace_back(
                 AnswerCase::KindTypes{"/", std::vector<KindCount>(300, {"type", 7})});
-        else if (std::get<ReadCase::StandingRules>(read).card)
+        } else if (std::get<ReadCase::StandingRules>(read).card) {
             answers.emplace_back(AnswerCase::RulesCard{.scope = "/", .card = card});
-        else
+        } else {
             answers.emplace_back(AnswerCase::StandingWalk{});
+        }
     }
     return answers;
 }
