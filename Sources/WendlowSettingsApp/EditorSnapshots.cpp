@@ -1,6 +1,5 @@
 #include "EditorSnapshots.h"
 
-#include "SilentGateway.h"
 #include "UnimplementedGateway.h"
 #include "WarmingGateway.h"
 
@@ -27,10 +26,16 @@ EditorSnapshots::EditorSnapshots(QQuickItem& content, EditorHost& host, EditorWo
                                  Save save)
     : m_content(content), m_host(host), m_worlds(worlds), m_save(std::move(save)) {}
 
+EditorSnapshots::~EditorSnapshots() {
+    m_hosts.clear();
+    m_daemons.clear();
+    m_silent->giveUp(); // who still waits would hold it for ever
+}
+
 void EditorSnapshots::take() {
     const EditorWorld before = m_worlds.world();
     m_host.setPosing(true);
-    takeDaemon(World::silent, std::make_shared<SilentGateway>());
+    takeDaemon(World::silent, m_silent);
     takeDaemon(World::warming, std::make_shared<WarmingGateway>());
     takeDaemon(World::refusing, std::make_shared<UnimplementedGateway>());
     m_worlds.switchWorld(EditorWorld::dayZero);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Shell/EditorHost.h"
+#include "SilentGateway.h"
 
 #include <QQuickItem>
 #include <QString>
@@ -24,6 +25,9 @@ public:
 
     /// `content` is what the Editor's window shows, and `host` what that is over.
     EditorSnapshots(QQuickItem& content, EditorHost& host, EditorWorlds& worlds, Save save);
+    ~EditorSnapshots();
+    EditorSnapshots(const EditorSnapshots&) = delete;
+    EditorSnapshots& operator=(const EditorSnapshots&) = delete;
 
     /// Takes them all, and leaves the window in the world that it was in.
     void take();
@@ -49,6 +53,7 @@ private:
     EditorWorlds& m_worlds;
     const Save m_save;
     QString m_suffix; ///< empty: all states
+    const std::shared_ptr<SilentGateway> m_silent = std::make_shared<SilentGateway>();
     // Faces look at these for a while after others have taken their place.
     std::vector<std::unique_ptr<EditorWorlds>> m_daemons;
     std::vector<std::unique_ptr<EditorHost>> m_hosts;

@@ -1,7 +1,6 @@
 #include "StatsSnapshots.h"
 
 #include "PosedDays.h"
-#include "SilentGateway.h"
 #include "UnimplementedGateway.h"
 
 #include <QCoreApplication>
@@ -20,6 +19,8 @@ StatsSnapshots::~StatsSnapshots() {
     m_content.setProperty("posing", false);
     // What showed the posed ones goes before they do.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_posed.clear();
+    m_silent->giveUp(); // who still waits would hold it for ever
 }
 
 StatsRoot& StatsSnapshots::pose(std::shared_ptr<Gateway> gateway) {
@@ -31,7 +32,7 @@ StatsRoot& StatsSnapshots::pose(std::shared_ptr<Gateway> gateway) {
 }
 
 void StatsSnapshots::take() {
-    pose(std::make_shared<SilentGateway>());
+    pose(m_silent);
     SilentGateway::waitUntilNoticed();
     save("-reading");
     pose(std::make_shared<UnimplementedGateway>());

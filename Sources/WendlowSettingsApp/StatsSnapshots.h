@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SilentGateway.h"
 #include "StatsRoot.h"
 
 #include <QQuickItem>
@@ -36,6 +37,7 @@ private:
     QQuickItem& m_content;
     StatsRoot& m_root;
     const Save m_save;
+    const std::shared_ptr<SilentGateway> m_silent = std::make_shared<SilentGateway>();
     std::vector<std::unique_ptr<StatsRoot>> m_posed;
 };
 

@@ -42,9 +42,11 @@ public:
             know(text.replace(escape, QStringLiteral(" ")));
         }
     }
-    /// A sentence that begins so may have another in one of its holes. Any may have a measure, and
-    /// a clause where it quotes one: behind a dash, a colon, or the beginning of a quotation.
-    void mayQuote(const QString& beginning) { m_quoting.append(beginning); }
+    /// A text that is data as a whole.
+    void knowText(const QString& text) { m_told.insert(text); }
+    /// A sentence with these words may have others in its holes. Any may have a measure, and a
+    /// clause of its own: what stands between commas, dashes, colons or the ends.
+    void mayQuote(const QString& part) { m_quoting.append(part); }
 
     /// What is wrong with these words; empty for nothing.
     QString fault(const QString& words) const {
@@ -64,7 +66,7 @@ public:
                     return unknown;
             if (sign == u'⟦') {
                 if (!ended.isNull() && plain.trimmed().isEmpty() && !plain.contains(u'\n') &&
-                    !QStringLiteral(".!?…:").contains(ended))
+                    !QStringLiteral(".!?…:").contains(ended) && !isMeasure(words, at))
                     return QStringLiteral("is glued of two");
                 if (!open.isEmpty() && !mayFill(words, at))
                     return QStringLiteral("has a sentence for a piece");
@@ -112,13 +114,26 @@ private:
                 return QStringLiteral("goes round the door with “%1”").arg(word);
         return {};
     }
+    /// Figures and a unit, or a time.
+    static bool isMeasure(const QString& words, qsizetype at) {
+        static const QRegularExpression measure(QStringLiteral(R"(^⟦⟨?[\d.,:]+⟩? ?\S+⟧)"));
+        return measure.match(words.mid(at)).hasMatch();
+    }
     bool mayFill(const QString& words, qsizetype at) const {
-        static const QRegularExpression measure(QStringLiteral(R"(^⟦⟨?[\d.,]+⟩? ?\S+⟧)"));
-        static const QRegularExpression quotes(QStringLiteral(R"((— |: |“)⟨$)"));
-        for (const QString& beginning : m_quoting)
-            if (words.left(at).contains(u'⟦' + beginning))
+        static const QRegularExpression before(QStringLiteral(R"((⟦|— |: |, |\. |“)⟨$)"));
+        static const QRegularExpression after(QStringLiteral(R"(^⟩(⟧|[,.:;”]| —))"));
+        for (const QString& part : m_quoting)
+            if (words.contains(part))
                 return true;
-        return measure.match(words.mid(at)).hasMatch() || quotes.match(words.left(at)).hasMatch();
+        int deep = 0;
+        qsizetype begin = at;
+        while (begin > 0 && (words[begin - 1] != u'⟨' || deep != 0))
+            deep += words[--begin] == u'⟩' ? 1 : words[begin] == u'⟨' ? -1 : 0;
+        qsizetype end = at;
+        for (deep = 0; end < words.size() && (words[end] != u'⟩' || deep != 0); ++end)
+            deep += words[end] == u'⟨' ? 1 : words[end] == u'⟩' ? -1 : 0;
+        return isMeasure(words, at) || (before.match(words.left(begin)).hasMatch() &&
+                                        after.match(words.mid(end)).hasMatch());
     }
 
     void readItem(const QQuickItem& item) {
