@@ -19,6 +19,7 @@ test_packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     rapidjson-dev libsimdjson-dev nlohmann-json3-dev libtomlplusplus-dev
     qml6-module-qttest xvfb xdotool at-spi2-core openbox python3 python3-dbus python3-gi systemd nodejs
+    gettext
 )
 
 missing=()

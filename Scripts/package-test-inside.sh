@@ -82,11 +82,15 @@ tools() {
 }
 
 windows() {
-    Xvfb :7 -screen 0 1400x1000x24 -nolisten tcp >/dev/null 2>&1 &
-    export DISPLAY=:7 QT_QUICK_BACKEND=software
-    eventually xdotool getmouselocation >/dev/null 2>&1
-    openbox >/dev/null 2>&1 &
-    eventually sh -c 'xdotool get_desktop >/dev/null 2>&1'
+    # Its number is the server's to choose: outside of this folder there may be others, and their
+    # abstract sockets are seen here.
+    Xvfb -displayfd 3 -screen 0 1400x1000x24 -nolisten tcp 3>/tmp/display >/dev/null 2>&1 &
+    eventually test -s /tmp/display
+    DISPLAY=:$(cat /tmp/display)
+    export DISPLAY QT_QUICK_BACKEND=software
+    # A window that comes before it manages is never shown.
+    openbox --startup "touch /tmp/managing" >/dev/null 2>&1 &
+    eventually test -e /tmp/managing
 
     gio launch "$entry" || fail "the desktop entry does not launch"
     eventually has_a_window

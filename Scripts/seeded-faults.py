@@ -148,6 +148,13 @@ def kinds():
 
     yield 'formatting', connectors, 'namespace   seeded{ }\n', formatting, 'clang-format-violations'
 
+    def words():
+        done = run('Scripts/words.py', '--check')
+        return done.returncode != 0, done.stdout
+
+    yield ('words', shell, 'const char* wordsSeeded() {\n    return "Round the door it went";\n}\n', words,
+           f'{shell}:[0-9]+: .Round the door')
+
     page = source('Sources/WendlowSettings/*.qml')
 
     def lint():

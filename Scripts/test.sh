@@ -35,6 +35,7 @@ formatting() {
     git ls-files -z -- '*.cpp' '*.h' '*.c' | xargs -0 clang-format-19 --dry-run -Werror
     Scripts/check-map.sh
     Scripts/check-links.py
+    Scripts/words.py --check
 }
 
 build() {
@@ -57,7 +58,7 @@ tests() {
 }
 
 step "dependencies" Scripts/dependencies.sh
-step "formatting, the map of folders and the links" formatting
+step "formatting, the map of folders, the links and the words" formatting
 step "the product, with GCC" build product dev
 step "QML lint" cmake --build --preset dev --target all_qmllint
 step "static analysis" Scripts/tidy.py

@@ -198,8 +198,7 @@ def exceptions():
     with open(os.path.join(ROOT, EXCEPTIONS), encoding="utf-8") as file:
         for line in file:
             if line.strip() and not line.startswith("#"):
-                path, words, why = (part.strip() for part in line.rstrip("\n").split(" | "))
-                assert why
+                path, words, why = line.rstrip("\n").split(" | ")
                 listed.append((re.compile(path), re.compile(words, re.S), line.strip()))
     return listed
 

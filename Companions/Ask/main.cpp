@@ -1,9 +1,13 @@
 // wendlow-ask: asks the gateway what the windows ask, by the same client.
 
+#include "Say.h"
+
+#include "Translation.h"
 #include "WireCodec.h"
 #include "XPCClient.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -16,10 +20,12 @@ using namespace wendlow;
 
 enum ExitStatus { succeeded = 0, wasRefused = 1, wrongUsage = 2 };
 
-constexpr std::string_view usage = "usage: wendlow-ask 'REQUEST JSON'\n";
+std::string usage() {
+    return say("usage: wendlow-ask 'REQUEST JSON'") + "\n";
+}
 
-constexpr std::string_view help = R"(
-Sends one request to the gateway and prints one JSON document:
+std::string help() {
+    return "\n" + say(R"(Sends one request to the gateway and prints one JSON document:
 
   response    the answer
   served_ms   how long the gateway says it worked on it, where it says so
@@ -30,8 +36,9 @@ As long as the gateway is there and says nothing, it waits. So:
   wendlow-ask '{"read":{"_0":{"health":{}}}}'
 
 Exit status: 0; 1 when the answer is failure or unimplemented; 2 when the request does not read,
-and for wrong usage.
-)";
+and for wrong usage.)") +
+           "\n";
+}
 
 /// Whether all of it went out.
 bool print(std::FILE* stream, std::string_view text) {
@@ -58,7 +65,7 @@ ExitStatus ask(std::string_view json) {
     auto request = WireCodec::decodeRequest(json);
     if (!request) {
         const auto& [path, sentence] = request.error();
-        return complain(path.empty() ? sentence : fmt::format("{} (in {})", sentence, path));
+        return complain(path.empty() ? sentence : say("{} (in {})", sentence, path));
     }
     XPCClient client;
     const auto answer = QCoro::waitFor(client.sendTimed(std::move(*request)));
@@ -76,11 +83,13 @@ ExitStatus ask(std::string_view json) {
 int main(int count, char** words) {
     const QCoreApplication application(count, words);
     const std::string_view word = count == 2 ? words[1] : "";
+    if (!word.empty() && !word.starts_with('-'))
+        return ask(word);
+    // Only here: an answer is JSON, which is for programs, and speaks English.
+    const std::filesystem::path programs = application.applicationDirPath().toStdString();
+    Translation::begin(programs / "../Resources");
     if (word == "--help")
-        return print(stdout, fmt::format("{}{}", usage, help)) ? succeeded : wasRefused;
-    if (word.empty() || word.starts_with('-')) {
-        print(stderr, usage);
-        return wrongUsage;
-    }
-    return ask(word);
+        return print(stdout, usage() + help()) ? succeeded : wasRefused;
+    print(stderr, usage());
+    return wrongUsage;
 }

@@ -1,5 +1,7 @@
 #include "Arguments.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <array>
 #include <ranges>
@@ -51,9 +53,9 @@ public:
         if (m_helpWanted)
             return Arguments{};
         if (!m_verb)
-            return std::unexpected(fmt::format("no verb was given; the verbs are {}", names()));
+            return std::unexpected(say("no verb was given; the verbs are {}", names()));
         if (m_forConverge && *m_verb != Verb::converge)
-            return std::unexpected(fmt::format("{} goes with converge alone", *m_forConverge));
+            return std::unexpected(say("{} goes with converge alone", *m_forConverge));
         m_arguments.verb = *m_verb;
         return std::move(m_arguments);
     }
@@ -77,14 +79,14 @@ private:
         if (word == "--profile" || word == "--claude-running")
             return takeForConverge(word);
         if (word.starts_with('-'))
-            return std::unexpected(fmt::format("there is no option {}", word));
+            return std::unexpected(say("there is no option {}", word));
         return takePlain(word);
     }
 
     std::expected<std::string_view, std::string> value(std::string_view option) {
         if (m_next == m_words.size() || m_words[m_next].empty() ||
             m_words[m_next].starts_with("--"))
-            return std::unexpected(fmt::format("{} needs a value", option));
+            return std::unexpected(say("{} needs a value", option));
         return m_words[m_next++];
     }
 
@@ -110,7 +112,7 @@ private:
         };
         const auto* const profile = std::ranges::find_if(Connectors::profiles, named);
         if (option != "--profile" || profile == Connectors::profiles.end())
-            return std::unexpected(fmt::format("{} cannot be {}", option, *text));
+            return std::unexpected(say("{} cannot be {}", option, *text));
         m_arguments.profile = *profile;
         return {};
     }
@@ -123,8 +125,7 @@ private:
         const auto* const known =
             std::ranges::find(verbs, word, &std::pair<std::string_view, Verb>::first);
         if (known == verbs.end())
-            return std::unexpected(
-                fmt::format("there is no verb {}; the verbs are {}", word, names()));
+            return std::unexpected(say("there is no verb {}; the verbs are {}", word, names()));
         m_verb = known->second;
         return {};
     }
@@ -139,14 +140,14 @@ private:
 
 } // namespace
 
-std::string_view usage() {
-    return "usage: wendlow-connect [--home DIR] [--bundle DIR] [--applications DIR] VERB "
-           "[TOOL]... [--json]\n";
+std::string usage() {
+    return say("usage: wendlow-connect [--home DIR] [--bundle DIR] [--applications DIR] VERB "
+               "[TOOL]... [--json]") +
+           "\n";
 }
 
-std::string_view help() {
-    return R"(
-Connects AI tools to Wendlow, and takes the connection out again.
+std::string help() {
+    return "\n" + say(R"(Connects AI tools to Wendlow, and takes the connection out again.
 
   scan       look at each tool's files and change nothing
   install    put Wendlow's entries in
@@ -173,8 +174,8 @@ Connects AI tools to Wendlow, and takes the connection out again.
                        its file when it quits; looked for if left out
   --json               JSON in place of lines: an array, of doctor an object
 
-Exit status: 0; 1 when a verb was refused; 2 for wrong usage.
-)";
+Exit status: 0; 1 when a verb was refused; 2 for wrong usage.)") +
+           "\n";
 }
 
 std::expected<Arguments, std::string> parse(std::span<const std::string_view> words) {

@@ -27,9 +27,9 @@ struct Arguments {
 };
 
 /// One line, for standard error.
-std::string_view usage();
+std::string usage();
 /// The same with what the options mean, for somebody who asked.
-std::string_view help();
+std::string help();
 
 /// The arguments without the program's name, or a sentence about what is wrong with them. Paths
 /// come out absolute. Which tools there are is not known here.

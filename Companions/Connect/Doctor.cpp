@@ -1,6 +1,7 @@
 #include "Doctor.h"
 
 #include "SafeText.h"
+#include "Say.h"
 #include "ToolProgram.h"
 
 #include "ClientVersion.h"
@@ -33,6 +34,35 @@ using Path = std::filesystem::path;
 using Object = JSONLiteral::Object;
 using Array = JSONLiteral::Array;
 
+// The report is made in English, as a program reads it. What of it is words is said when it is made
+// into lines; all else is data.
+
+constexpr const char* aFile = sayLater("a file");
+constexpr const char* aFolder = sayLater("a folder");
+constexpr const char* none = sayLater("none");
+constexpr const char* notOnThePath = sayLater("not on the PATH");
+constexpr const char* notRunnable = sayLater("not to be run by this user");
+constexpr const char* notThere = sayLater("not there");
+constexpr const char* somethingElse = sayLater("something else");
+constexpr const char* there = sayLater("there");
+constexpr const char* unknown = sayLater("unknown");
+
+constexpr std::array values{aFile,    aFolder,       none,  notOnThePath, notRunnable,
+                            notThere, somethingElse, there, unknown};
+constexpr std::array labels{
+    sayLater("build"),         sayLater("bundle"),       sayLater("bundle version"),
+    sayLater("copies"),        sayLater("desktop"),      sayLater("files"),
+    sayLater("gateway"),       sayLater("health"),       sayLater("is"),
+    sayLater("is answering"),  sayLater("is stale"),     sayLater("is this users"),
+    sayLater("is writable"),   sayLater("kept"),         sayLater("kernel"),
+    sayLater("language"),      sayLater("link to"),      sayLater("mode"),
+    sayLater("name"),          sayLater("observations"), sayLater("path"),
+    sayLater("permissions"),   sayLater("program"),      sayLater("programs"),
+    sayLater("receipt"),       sayLater("session"),      sayLater("state"),
+    sayLater("system"),        sayLater("tells of"),     sayLater("tools"),
+    sayLater("tools version"), sayLater("version"),
+};
+
 JSONLiteral text(std::string_view bytes) {
     return SafeText::literal(bytes);
 }
@@ -55,7 +85,7 @@ std::string setting(const Path& file, std::string_view key) {
     const std::string all = "\n" + (bytes && *bytes ? **bytes : std::string());
     const auto start = all.find(fmt::format("\n{}=", key));
     if (start == std::string::npos)
-        return "unknown";
+        return unknown;
     std::string value = all.substr(start + key.size() + 2);
     value.resize(std::min(value.size(), value.find('\n')));
     std::erase(value, '"');
@@ -67,12 +97,12 @@ Object place(const Path& path) {
     Object members{{"path", text(path.string())}};
     const auto kind = Disk::kind(path);
     if (kind == Disk::Kind::nothing) {
-        members.push_back({"is", text("not there")});
+        members.push_back({"is", text(notThere)});
         return members;
     }
-    members.push_back({"is", text(kind == Disk::Kind::file     ? "a file"
-                                  : kind == Disk::Kind::folder ? "a folder"
-                                                               : "something else")});
+    members.push_back({"is", text(kind == Disk::Kind::file     ? aFile
+                                  : kind == Disk::Kind::folder ? aFolder
+                                                               : somethingElse)});
     if (const auto link = Disk::readLink(path))
         members.push_back({"linkTo", text(link->string())});
     if (const auto attributes = Disk::attributes(path)) {
@@ -120,8 +150,8 @@ JSONLiteral tool(const SeenTool& seen, const Places& places) {
     auto version = program ? program->version : std::nullopt;
     if (files.application && !version)
         version = CursorVersion::read(*files.application);
-    members.push_back({"program", text(program ? program->path.string() : "not on the PATH")});
-    members.push_back({"version", text(version.value_or("unknown"))});
+    members.push_back({"program", text(program ? program->path.string() : notOnThePath)});
+    members.push_back({"version", text(version.value_or(unknown))});
     Array observations;
     for (const Observation& said : scan.observations)
         observations.push_back(JSONLiteral::object(
@@ -140,26 +170,23 @@ JSONLiteral installation(const Path& bundle) {
     for (const char* name : {"wendlow-settings", "wendlow-open", "wendlow-connect", "wendlow-ask",
                              "wendlow-hook", "wendlow-mcp"}) {
         const Path path = OwnedNames::program(bundle, name);
-        programs.push_back(JSONLiteral::object(
-            {{"name", text(name)},
-             {"is", text(!Disk::exists(path)       ? "not there"
-                         : !Disk::isRunnable(path) ? "not to be run by this user"
-                                                   : "there")}}));
+        programs.push_back(JSONLiteral::object({{"name", text(name)},
+                                                {"is", text(!Disk::exists(path)       ? notThere
+                                                            : !Disk::isRunnable(path) ? notRunnable
+                                                                                      : there)}}));
     }
     const auto version =
         InfoPlist::string(bundle / "Contents/Info.plist", "CFBundleShortVersionString");
     return JSONLiteral::object({{"version", text(ClientVersion::current())},
                                 {"bundle", text(bundle.string())},
-                                {"bundleVersion", text(version.value_or("unknown"))},
+                                {"bundleVersion", text(version.value_or(unknown))},
                                 {"programs", JSONLiteral::array(std::move(programs))}});
 }
 
 JSONLiteral system() {
     utsname names{};
     ::uname(&names);
-    const auto orNone = [](const std::string& value) {
-        return text(value.empty() ? "none" : value);
-    };
+    const auto orNone = [](const std::string& value) { return text(value.empty() ? none : value); };
     return JSONLiteral::object(
         {{"name", text(setting("/etc/os-release", "PRETTY_NAME"))},
          {"kernel", text(fmt::format("{} {} {}", static_cast<const char*>(names.sysname),
@@ -241,8 +268,14 @@ JSONLiteral withTildes(const JSONLiteral& literal, const std::vector<std::string
                       literal.content);
 }
 
+std::string spoken(std::string english, std::span<const char* const> words) {
+    const auto word =
+        std::ranges::find_if(words, [&](const char* known) { return english == known; });
+    return word == words.end() ? std::move(english) : say(*word);
+}
+
 /// "isThisUsers" as a person reads it: "is this users".
-std::string words(std::string_view key) {
+std::string label(std::string_view key) {
     std::string result;
     for (const char letter : key)
         if (std::isupper(static_cast<unsigned char>(letter)) != 0)
@@ -250,18 +283,18 @@ std::string words(std::string_view key) {
                 {' ', static_cast<char>(std::tolower(static_cast<unsigned char>(letter)))});
         else
             result += letter;
-    return result;
+    return spoken(std::move(result), labels);
 }
 
 /// A value of one line; nothing for one that holds others.
 std::optional<std::string> plain(const JSONLiteral& literal) {
     if (const auto* const string = std::get_if<std::string>(&literal.content))
-        return SafeText::shown(*string);
+        return spoken(SafeText::shown(*string), values);
     if (const bool* const boolean = std::get_if<bool>(&literal.content))
-        return *boolean ? "yes" : "no";
+        return *boolean ? say("yes") : say("no");
     if (const auto* const elements = std::get_if<Array>(&literal.content);
         elements != nullptr && elements->empty())
-        return "none";
+        return say(none);
     return std::nullopt;
 }
 
@@ -270,7 +303,7 @@ void write(std::string& lines, const JSONLiteral& literal, const std::string& in
 void write(std::string& lines, const JSONLiteral::Member& member, const std::string& indent) {
     const auto value = plain(member.value);
     lines +=
-        fmt::format("{}{}:{}{}\n", indent, words(member.key), value ? " " : "", value.value_or(""));
+        fmt::format("{}{}:{}{}\n", indent, label(member.key), value ? " " : "", value.value_or(""));
     if (!value)
         write(lines, member.value, indent + "  ");
 }

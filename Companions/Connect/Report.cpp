@@ -1,6 +1,7 @@
 #include "Report.h"
 
 #include "SafeText.h"
+#include "Say.h"
 
 #include <chrono>
 #include <ctime>
@@ -53,7 +54,7 @@ std::string day(FileDate date) {
     const std::time_t time = std::chrono::system_clock::to_time_t(date);
     std::tm parts{};
     if (date == distantPast || ::localtime_r(&time, &parts) == nullptr)
-        return "no date";
+        return say("no date");
     return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}", parts.tm_year + 1900, parts.tm_mon + 1,
                        parts.tm_mday, parts.tm_hour, parts.tm_min);
 }
@@ -99,7 +100,7 @@ void Report::add(const ConnectorIdentity& identity, const ProjectReport& project
     head(identity.name, "");
     for (const ConnectorProject& project : projects.projects) {
         elements.push_back(object(project));
-        line(fmt::format("{}: last active {}", project.path, day(project.lastActivity)));
+        line(say("{}: last active {}", project.path, day(project.lastActivity)));
     }
     members.push_back({"projects", JSONLiteral::array(std::move(elements))});
     m_elements.push_back(JSONLiteral::object(std::move(members)));
@@ -113,10 +114,12 @@ void Report::add(const ConnectorIdentity& identity, const MemoryFileReport& memo
     head(identity.name, "");
     for (const ConnectorMemoryFile& file : memory.files) {
         files.push_back(object(file));
-        line(file.bytes ? fmt::format("{}: {} bytes", file.path, *file.bytes) : file.path);
+        line(file.bytes
+                 ? say.plural(*file.bytes, "{}: {} bytes", "{}: {} bytes", file.path, *file.bytes)
+                 : file.path);
     }
     if (memory.files.empty())
-        line("no memory files found");
+        line(say("no memory files found"));
     m_elements.push_back(JSONLiteral::object(
         {{"id", text(identity.id)}, {"files", JSONLiteral::array(std::move(files))}}));
 }
@@ -125,11 +128,11 @@ void Report::add(const ConnectorIdentity& identity, bool stale) {
     m_elements.push_back(
         JSONLiteral::object({{"id", text(identity.id)}, {"stale", JSONLiteral::boolean(stale)}}));
     head(identity.name, "");
-    line(stale ? "the wiring of this installation is stale, and install would repair it"
-               : "there is no stale wiring of this installation");
+    line(stale ? say("the wiring of this installation is stale, and install would repair it")
+               : say("there is no stale wiring of this installation"));
 }
 
-void Report::say(std::string_view sentence) {
+void Report::remark(std::string_view sentence) {
     m_lines += fmt::format("{}\n", sentence);
 }
 

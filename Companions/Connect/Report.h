@@ -22,7 +22,7 @@ public:
     void add(const ConnectorIdentity& identity, const MemoryFileReport& memory);
     void add(const ConnectorIdentity& identity, bool stale);
     /// A line for people about there being nothing to report.
-    void say(std::string_view sentence);
+    void remark(std::string_view sentence);
 
     /// Under each tool's name one indented line for each thing there is to say.
     const std::string& lines() const { return m_lines; }

@@ -4,6 +4,7 @@
 #include "Doctor.h"
 #include "Report.h"
 #include "RuntimeFolder.h"
+#include "Say.h"
 
 #include "ClaudeChat/ClaudeDesktop.h"
 #include "ClientInstance.h"
@@ -11,6 +12,7 @@
 #include "Converge.h"
 #include "GatewayDoor.h"
 #include "InstalledBundle.h"
+#include "Translation.h"
 
 #include <algorithm>
 #include <chrono>
@@ -87,9 +89,9 @@ Observations keptElsewhere(const ConnectorIdentity& tool, const std::filesystem:
         const char* const value = std::getenv(variable);
         if (id == tool.id && value != nullptr && *value != '\0' && realHome() == home &&
             (usual == nullptr || home / usual != std::filesystem::path(value)))
-            said.push_back({value, fmt::format("{} keeps {} here, and Wendlow looks in the usual "
-                                               "place only",
-                                               variable, tool.name)});
+            said.push_back(
+                {value, say("{} keeps {} here, and Wendlow looks in the usual place only", variable,
+                            tool.name)});
     }
     return said;
 }
@@ -129,15 +131,23 @@ bool perform(Verb verb, const Connector& connector, const std::filesystem::path&
     return true;
 }
 
-std::string diagnosis(const Connectors::List& connectors, const Doctor::Places& places, bool json) {
-    // A person's shell may know no more of the session than a tool's.
-    findRuntimeFolder();
+std::vector<Doctor::SeenTool> seen(const Connectors::List& connectors,
+                                   const std::filesystem::path& home) {
+    // What a sentence quotes of a file is taken out of it by the shape that it has in English.
+    const Translation::InEnglish unspoken;
     std::vector<Doctor::SeenTool> tools;
     for (const auto& connector : connectors) {
         ScanReport scan = connector->scan();
-        append(scan.observations, keptElsewhere(scan.identity, places.home));
+        append(scan.observations, keptElsewhere(scan.identity, home));
         tools.push_back({.scan = std::move(scan), .isStale = connector->staleOwnWiring()});
     }
+    return tools;
+}
+
+std::string diagnosis(const Connectors::List& connectors, const Doctor::Places& places, bool json) {
+    // A person's shell may know no more of the session than a tool's.
+    findRuntimeFolder();
+    const std::vector<Doctor::SeenTool> tools = seen(connectors, places.home);
     const auto ask = [](const std::vector<GatewayRequest>& questions) {
         constexpr auto patience = std::chrono::seconds(3);
         return GatewayDoor(std::string(ClientInstance::gatewayID),
@@ -167,7 +177,7 @@ bool converge(const Connectors::List& connectors, const Places& places, const Ar
                                            }),
                           std::back_inserter(repairs));
     if (repairs.empty())
-        report.say("nothing needed repair");
+        report.remark(say("nothing needed repair"));
     bool accepted = true;
     for (const auto& [name, outcome] : repairs) {
         report.add(std::nullopt, name, outcome);
@@ -178,7 +188,8 @@ bool converge(const Connectors::List& connectors, const Places& places, const Ar
 
 ExitStatus written(const std::string& report, bool accepted) {
     if (!print(stdout, report)) {
-        print(stderr, "wendlow-connect: the report could not be written out\n");
+        print(stderr,
+              fmt::format("wendlow-connect: {}\n", say("the report could not be written out")));
         return wasRefused;
     }
     return accepted ? succeeded : wasRefused;
@@ -194,14 +205,14 @@ ExitStatus run(const std::vector<std::string_view>& words) {
     }
     const auto home = arguments->home ? arguments->home : realHome();
     if (!home)
-        return complain("no home folder is known, so --home is needed");
+        return complain(say("no home folder is known, so --home is needed"));
     const auto bundle = arguments->bundle ? arguments->bundle : InstalledBundle::current();
     if (!bundle)
-        return complain("this program does not lie in an application, so --bundle is needed");
+        return complain(say("this program does not lie in an application, so --bundle is needed"));
     const auto applications = arguments->applications.value_or("/Applications");
     const auto connectors = chosen(Connectors::all(*home, *bundle, applications), *arguments);
     if (!connectors)
-        return complain(fmt::format("there is no tool {}", connectors.error()));
+        return complain(say("there is no tool {}", connectors.error()));
 
     if (arguments->verb == Verb::doctor)
         return written(diagnosis(*connectors,
@@ -220,6 +231,11 @@ ExitStatus run(const std::vector<std::string_view>& words) {
 
 } // namespace
 
-int main(int count, char** words) {
-    return run({words + std::min(count, 1), words + count});
+int main(int count, char** arguments) {
+    const std::vector<std::string_view> words(arguments + std::min(count, 1), arguments + count);
+    // JSON is for programs, and speaks English.
+    if (std::ranges::count(words, "--json") == 0)
+        if (const auto bundle = InstalledBundle::current())
+            Translation::begin(*bundle / "Contents/Resources");
+    return run(words);
 }

@@ -79,7 +79,7 @@ ExitStatus open(Pane pane) {
     case ApplicationSeat::Heard::yes:
         return succeeded;
     case ApplicationSeat::Heard::silent:
-        return complain(ApplicationSeat::unheardSentence);
+        return complain(ApplicationSeat::unheardSentence());
     case ApplicationSeat::Heard::nobody:
         break;
     }

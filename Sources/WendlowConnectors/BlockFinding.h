@@ -1,9 +1,10 @@
 #pragma once
 
+#include "ConfigFile/Unreadable.h"
 #include "Observation.h"
+#include "OurPart.h"
 
 #include <string>
-#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -12,10 +13,7 @@ namespace wendlow {
 /// What one block of a connector says about one file.
 struct BlockFinding {
     /// The file did not read.
-    struct Unreadable {
-        std::string reason;
-        bool operator==(const Unreadable&) const = default;
-    };
+    using Unreadable = wendlow::Unreadable;
     /// Our entry is there and differs.
     struct Drifted {
         std::vector<std::string> reasons;
@@ -52,10 +50,10 @@ struct BlockFinding {
 
 /// What a finding is about, for its sentences.
 struct BlockSubject {
-    std::string path;                   ///< as configured
-    std::string_view what;              ///< "hook entry", "MCP server entry"
-    std::string command;                ///< the command this build writes there
-    std::string_view language = "JSON"; ///< what the file should have read as
+    std::string path; ///< as configured
+    OurPart what = OurPart::hookEntry;
+    std::string command;           ///< the command this build writes there
+    const char* language = "JSON"; ///< what the file should have read as; said in sentences
 };
 
 /// The finding in words, one observation for each thing there is to say.

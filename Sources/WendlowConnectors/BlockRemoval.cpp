@@ -1,30 +1,45 @@
 #include "BlockRemoval.h"
 
-#include <utility>
+#include "Say.h"
 
-#include <fmt/format.h>
+#include <utility>
 
 namespace wendlow {
 
-BlockRemoval::Step BlockRemoval::removeEmpty(std::optional<Created> made, const JSONPath& parent,
-                                             std::string_view key, std::string_view what) {
+/// Takes member `key` of the object at `parent` out, if it is an empty list or object and ours;
+/// true: it is empty and not ours.
+JSONBlock::Result<bool> BlockRemoval::staysEmpty(std::optional<Created> made,
+                                                 const JSONPath& parent, std::string_view key) {
     const auto object = m_draft.root().node(parent);
     const auto container = object ? object->member(key) : std::nullopt;
     if (!container || !(container->isObject() || container->isArray()) || container->count() > 0)
-        return {};
-    if (made && isOurs(*made))
-        return m_draft.take(
-            JSONEdit::removeMember(m_draft.bytes(), m_draft.document(), parent, key));
-    leave(what);
+        return false;
+    if (!made || !isOurs(*made))
+        return true;
+    if (auto step =
+            m_draft.take(JSONEdit::removeMember(m_draft.bytes(), m_draft.document(), parent, key));
+        !step)
+        return std::unexpected(step.error());
+    return false;
+}
+
+BlockRemoval::Step BlockRemoval::removeEmptyList(std::optional<Created> made,
+                                                 const std::string& event) {
+    const auto stays = staysEmpty(made, {"hooks"}, event);
+    if (!stays)
+        return std::unexpected(stays.error());
+    if (*stays)
+        note(say("an empty {} list remains here, which Wendlow did not create", event));
     return {};
 }
 
-void BlockRemoval::leave(std::string_view what) {
-    say(fmt::format("an empty {} remains here, which Wendlow did not create", what));
-}
-
-void BlockRemoval::say(std::string_view sentence) {
-    m_leftovers.emplace_back(sentence);
+BlockRemoval::Step BlockRemoval::removeEmptyHooks(Created made) {
+    const auto stays = staysEmpty(made, {}, "hooks");
+    if (!stays)
+        return std::unexpected(stays.error());
+    if (*stays)
+        note(say("an empty hooks object remains here, which Wendlow did not create"));
+    return {};
 }
 
 RemovedBlock BlockRemoval::finish(bool heldOurs) && {

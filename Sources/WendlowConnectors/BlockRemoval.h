@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace wendlow {
@@ -24,19 +25,20 @@ public:
     JSONDraft& draft() { return m_draft; }
     bool isOurs(Created container) const { return m_created.contains(container); }
 
-    /// Takes member `key` of the object at `parent` out, if it is an empty list or object and
-    /// `made` says that it is ours; nothing: it cannot be. Where it is not, `what` stays and is
-    /// spoken of.
-    Step removeEmpty(std::optional<Created> made, const JSONPath& parent, std::string_view key,
-                     std::string_view what);
-    /// "an empty <what> remains here, which Wendlow did not create"
-    void leave(std::string_view what);
-    void say(std::string_view sentence);
+    /// Takes the list of `event` out, if it is empty and `made` says that it is ours; nothing: it
+    /// cannot be. Where it is not, it stays and is spoken of.
+    Step removeEmptyList(std::optional<Created> made, const std::string& event);
+    /// The same for the `hooks` object.
+    Step removeEmptyHooks(Created made);
+    void note(std::string sentence) { m_leftovers.push_back(std::move(sentence)); }
 
     /// `heldOurs`: an entry of ours was there.
     RemovedBlock finish(bool heldOurs) &&;
 
 private:
+    JSONBlock::Result<bool> staysEmpty(std::optional<Created> made, const JSONPath& parent,
+                                       std::string_view key);
+
     JSONDraft m_draft;
     const std::set<Created>& m_created;
     std::vector<std::string> m_leftovers;

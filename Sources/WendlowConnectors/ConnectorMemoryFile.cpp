@@ -1,6 +1,7 @@
 #include "ConnectorTypes.h"
 
 #include "ConfigFile/Disk.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <tuple>
@@ -65,7 +66,7 @@ void ProjectReport::arrange() {
         return std::tie(b.lastActivity, a.path) < std::tie(a.lastActivity, b.path);
     });
     if (projects.empty())
-        note = "no session store found";
+        note = say("no session store found");
 }
 
 } // namespace wendlow

@@ -1,12 +1,11 @@
 #include "ConnectorVerb.h"
 
 #include "ConfigFile/Backup.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <ranges>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow::ConnectorVerb {
 
@@ -17,7 +16,7 @@ using Result = ConnectorOutcome::Result;
 struct FileFate {
     std::filesystem::path path;
     std::string label;
-    std::string_view what;
+    std::optional<OurPart> what;
     std::vector<std::string> lost;
     bool changes;
     bool heldOurs;
@@ -57,26 +56,42 @@ void sayLost(const std::vector<FileFate>& files, const std::vector<std::filesyst
             continue;
         for (const std::string& lost : file.lost)
             observations.push_back(
-                {file.label, fmt::format("{}; the copy {} has all of it", lost, copy->string())});
+                {file.label, say("{}; the copy {} has all of it", lost, copy->string())});
     }
 }
 
-void sayFates(const std::vector<FileFate>& files, std::string_view done, Observations& observations,
-              FileOrder order = FileOrder::changedFirst) {
-    const auto say = [&](const FileFate& file) {
+std::string writtenWords(std::optional<OurPart> what) {
+    if (what == OurPart::serverEntry)
+        return say("the Wendlow MCP server entry was written to this file");
+    if (what == OurPart::plugin)
+        return say("the Wendlow plugin was written to this file");
+    return say("the Wendlow entry was written to this file");
+}
+
+std::string removedWords(std::optional<OurPart> what) {
+    if (what == OurPart::serverEntry)
+        return say("the Wendlow MCP server entry was removed from this file");
+    if (what == OurPart::plugin)
+        return say("the Wendlow plugin was removed from this file");
+    return say("the Wendlow entry was removed from this file");
+}
+
+/// `words` are for a file that was changed.
+void sayFates(const std::vector<FileFate>& files, std::string (*words)(std::optional<OurPart>),
+              Observations& observations, FileOrder order = FileOrder::changedFirst) {
+    const auto add = [&](const FileFate& file) {
         if (file.changes && !file.heldOurs)
             return; // what became of it has been said
-        observations.push_back(
-            {file.label, file.changes
-                             ? fmt::format("the Wendlow {} was {} this file", file.what, done)
-                             : "nothing in this file needed changing"});
+        observations.push_back({file.label, file.changes
+                                                ? words(file.what)
+                                                : say("nothing in this file needed changing")});
     };
     if (order == FileOrder::asPlanned) {
-        std::ranges::for_each(files, say);
+        std::ranges::for_each(files, add);
         return;
     }
-    std::ranges::for_each(files | std::views::filter(&FileFate::changes), say);
-    std::ranges::for_each(files | std::views::filter(std::not_fn(&FileFate::changes)), say);
+    std::ranges::for_each(files | std::views::filter(&FileFate::changes), add);
+    std::ranges::for_each(files | std::views::filter(std::not_fn(&FileFate::changes)), add);
 }
 
 ConnectorOutcome changed(TransactionResult::Committed& committed) {
@@ -121,19 +136,18 @@ void Removal::add(ToolFile file, RemovedBlock removed, const FileRole& role,
     if (created.contains(role.file) && role.isLeftover(*remaining)) {
         planned.edited = true;
         planned.after = std::nullopt;
-        notes.push_back(
-            {planned.file.label, "this file was created when Wendlow connected and was removed"});
+        notes.push_back({planned.file.label,
+                         say("this file was created when Wendlow connected and was removed")});
         return;
     }
     if (!planned.changes())
         return;
     if (!planned.heldOurs && planned.lost.empty())
-        notes.push_back({planned.file.label, "a container that was created when Wendlow connected "
-                                             "and was empty was removed from this file"});
+        notes.push_back(
+            {planned.file.label, say("a container that was created when Wendlow connected and was "
+                                     "empty was removed from this file")});
     if (role.isEmpty(*remaining))
-        notes.push_back({planned.file.label,
-                         fmt::format("this file {} and remains, because Wendlow did not create it",
-                                     role.emptyWords)});
+        notes.push_back({planned.file.label, say(role.emptyWords)});
 }
 
 ConnectorOutcome install(Installation installation, const ReceiptStore& receipts,
@@ -159,10 +173,9 @@ ConnectorOutcome install(Installation installation, const ReceiptStore& receipts
         if (const auto written = receipts.write(receipt); !written)
             outcome.observations.push_back(
                 {receipts.file.string(),
-                 fmt::format("the record of what was created was not written here — {}",
-                             written.error())});
+                 say("the record of what was created was not written here — {}", written.error())});
     }
-    sayFates(said, "written to", outcome.observations, installation.order);
+    sayFates(said, writtenWords, outcome.observations, installation.order);
     append(outcome.observations, std::move(installation.notes));
     return outcome;
 }
@@ -182,7 +195,7 @@ ConnectorOutcome remove(Removal removal, const ReceiptStore& receipts,
             append(outcome.observations, removal.afterwards());
         receipts.remove();
     }
-    sayFates(said, "removed from", outcome.observations);
+    sayFates(said, removedWords, outcome.observations);
     return outcome;
 }
 

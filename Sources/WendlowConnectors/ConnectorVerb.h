@@ -6,8 +6,10 @@
 #include "ConnectorTypes.h"
 #include "JSONBlock.h"
 #include "NewFolder.h"
+#include "OurPart.h"
 #include "ReceiptStore.h"
 #include "ToolFile.h"
+#include "TranslationContext.h"
 
 #include <functional>
 #include <memory>
@@ -24,12 +26,12 @@ namespace wendlow {
 /// One file as a verb began with it, and what the verb would make of it.
 struct PlannedFile {
     ToolFile file;
-    std::string_view what = "entry";  ///< what of ours the file holds, for sentences
-    mode_t born = 0666;               ///< the most that the file permits where it is made
-    bool edited = false;              ///< false: the file is right as it stands
-    std::optional<std::string> after; ///< of an edited file; nothing: it is to be deleted
-    std::vector<std::string> lost;    ///< of what others wrote in it; said with the copy of it
-    bool heldOurs = true;             ///< false: nothing is said to have been removed from it
+    std::optional<OurPart> what = std::nullopt; ///< nothing: entries, of whatever kind
+    mode_t born = 0666;                         ///< the most that the file permits where it is made
+    bool edited = false;                        ///< false: the file is right as it stands
+    std::optional<std::string> after;           ///< of an edited file; nothing: it is to be deleted
+    std::vector<std::string> lost; ///< of what others wrote in it; said with the copy of it
+    bool heldOurs = true;          ///< false: nothing is said to have been removed from it
 
     bool changes() const { return edited && file.bytes != after; }
 };
@@ -51,13 +53,14 @@ enum class FileOrder { changedFirst, asPlanned };
 
 /// What is to be known of one of a tool's files to take it away again, and to speak of it.
 struct FileRole {
-    Created file;                    ///< the receipt's case for a file that we made
-    std::string_view what = "entry"; ///< what of ours the file holds
+    Created file;                               ///< the receipt's case for a file that we made
+    std::optional<OurPart> what = std::nullopt; ///< nothing: entries, of whatever kind
     /// The most that a file which we make permits; 0600 where it may come to hold secrets.
     mode_t born = 0666;
-    /// Whether a file with these bytes holds nothing any more, and the words for that.
+    /// Whether a file with these bytes holds nothing any more, and the sentence for one that stays.
     bool (*isEmpty)(std::string_view bytes) = JSONBlock::isEmptyObject;
-    std::string_view emptyWords = "is now empty";
+    const char* emptyWords =
+        sayLater("this file is now empty and remains, because Wendlow did not create it");
     /// Whether a file that we made and that holds these bytes goes; one that its tool has put
     /// something of its own into may, and is not empty.
     bool (*isLeftover)(std::string_view bytes) = isEmpty;

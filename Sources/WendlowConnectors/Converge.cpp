@@ -1,5 +1,7 @@
 #include "Converge.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -13,8 +15,8 @@ ConnectorOutcome retired(const ClaudeChatRetirement& retirement,
         return retirement.retire();
     return {.result = ConnectorOutcome::Result::unchanged,
             .observations = {{retirement.paths.configFile.string(),
-                              "Claude is running, so this file was left as it is until Claude "
-                              "quits"}},
+                              say("Claude is running, so this file was left as it is until Claude "
+                                  "quits")}},
             .backups = {}};
 }
 

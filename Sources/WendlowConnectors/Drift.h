@@ -10,7 +10,7 @@
 namespace wendlow::Drift {
 
 /// Said of an entry whose commands are right and whose rest is not.
-inline constexpr std::string_view otherShape = "the entry's shape is not the one this build writes";
+std::string otherShape();
 
 /// What keeps a program that is there from being run, which makes no entry wrong. Asks the disk.
 Observations unrunnable(const std::filesystem::path& binary);

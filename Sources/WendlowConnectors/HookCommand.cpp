@@ -4,6 +4,7 @@
 #include "ConfigFile/JSONLiteral.h"
 #include "ConfigFile/JSONText.h"
 #include "OwnedNames.h"
+#include "Say.h"
 
 #include <algorithm>
 
@@ -95,8 +96,8 @@ std::optional<std::string> unusableReason(const std::filesystem::path& executabl
     const auto written = JSONText::scanWithTrivia(quoted, JSONDialect::json);
     if (std::ranges::all_of(text, plain) && written && written->root().string() == text)
         return std::nullopt;
-    return "this path holds a space or another character that a hook command cannot carry, so "
-           "nothing was written";
+    return say("this path holds a space or another character that a hook command cannot carry, so "
+               "nothing was written");
 }
 
 } // namespace HookCommand

@@ -1,11 +1,10 @@
 #include "HookGroups.h"
 
 #include "BlockRemoval.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -69,12 +68,12 @@ private:
         if (!groupIsEmpty(draft().root(), site))
             return {};
         if (!isOurs(m_containers.of(site.event).group)) {
-            leave("hook group");
+            note(say("an empty hook group remains here, which Wendlow did not create"));
             return {};
         }
         if (!groupIsOurs(draft().root(), draft().bytes(), site, m_containers.groupMembers)) {
-            say("a hook group without entries remains here, because it holds more than Wendlow "
-                "wrote");
+            note(say("a hook group without entries remains here, because it holds more than "
+                     "Wendlow wrote"));
             return {};
         }
         return draft().take(JSONEdit::removeElement(draft().bytes(), draft().document(),
@@ -153,14 +152,12 @@ JSONBlock::Result<RemovedBlock> removed(std::string_view bytes, const JSONDocume
         if (auto step = removal.removeEntry(site); !step)
             return std::unexpected(step.error());
     for (const std::string& event : events)
-        if (auto step =
-                removal.removeEmpty(containers.of(event).list, {"hooks"}, event, event + " list");
-            !step)
+        if (auto step = removal.removeEmptyList(containers.of(event).list, event); !step)
             return std::unexpected(step.error());
     const auto hooks = removal.draft().root().member("hooks");
     if (!hooks || !hooks->isObject())
         return std::move(removal).finish(heldOurs);
-    if (auto step = removal.removeEmpty(containers.hooksObject, {}, "hooks", "hooks object"); !step)
+    if (auto step = removal.removeEmptyHooks(containers.hooksObject); !step)
         return std::unexpected(step.error());
     return std::move(removal).finish(heldOurs);
 }

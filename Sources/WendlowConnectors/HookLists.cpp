@@ -16,7 +16,7 @@ void forEachElement(const JSONNode& root, const Visit& visit) {
 JSONBlock::Readable read(std::string_view bytes, std::optional<std::string_view> inner) {
     auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
     if (!document)
-        return std::unexpected(document.error().description());
+        return std::unexpected(document.error().unreadable());
     const JSONNode root = document->root();
     auto reason = JSONBlock::repeatedName(root);
     const auto judge = [&](const JSONNode& object) {
@@ -41,10 +41,10 @@ std::optional<std::string> foreignReason(const JSONNode& root,
     if (!hooks)
         return std::nullopt;
     if (!hooks->isObject())
-        return JSONBlock::notA("hooks", "object");
+        return JSONBlock::notAnObject("hooks");
     for (const std::string_view event : events)
         if (const auto list = hooks->member(event); list && !list->isArray())
-            return JSONBlock::notA(event, "array");
+            return JSONBlock::notAnArray(event);
     return std::nullopt;
 }
 

@@ -2,13 +2,27 @@
 
 #include "Drift.h"
 #include "HookCommand.h"
+#include "Say.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
-
-#include <fmt/format.h>
+#include <utility>
 
 namespace wendlow {
+
+namespace {
+
+std::string wrongCount(std::size_t held, HookPlaces::Count expected) {
+    const auto number = static_cast<std::int64_t>(held);
+    return expected == HookPlaces::Count::two
+               ? say.plural(number, "this file holds {} Wendlow entry where two are expected",
+                            "this file holds {} Wendlow entries where two are expected", number)
+               : say.plural(number, "this file holds {} Wendlow entry where four are expected",
+                            "this file holds {} Wendlow entries where four are expected", number);
+}
+
+} // namespace
 
 std::string_view HookPlaces::eventOf(std::string_view command) const {
     return HookCommand::isPreTool(command) ? preToolEvent : promptEvent;
@@ -16,14 +30,12 @@ std::string_view HookPlaces::eventOf(std::string_view command) const {
 
 std::vector<std::string> HookPlaces::wrongPlaces(const std::vector<Placed>& sites) const {
     std::vector<std::string> reasons;
-    if (sites.size() != count)
-        reasons.push_back(fmt::format("this file holds {} Wendlow {} where {} are expected",
-                                      sites.size(), sites.size() == 1 ? "entry" : "entries",
-                                      countName));
+    if (sites.size() != std::to_underlying(count))
+        reasons.push_back(wrongCount(sites.size(), count));
     for (const auto& [event, command] : sites)
         if (const std::string_view expected = eventOf(command); event != expected)
-            reasons.push_back(fmt::format(
-                "a Wendlow entry here is under the {} event rather than {}", event, expected));
+            reasons.push_back(
+                say("a Wendlow entry here is under the {} event rather than {}", event, expected));
     return reasons;
 }
 

@@ -11,13 +11,14 @@ namespace wendlow {
 /// Where the entries of a file belong that holds some for each prompt and one for the moment before
 /// a tool runs, and what is wrong with where they are.
 struct HookPlaces {
+    enum class Count : std::size_t { two = 2, four = 4 };
+
     std::string_view promptEvent;
     std::string_view preToolEvent;
     std::string promptCommand; ///< the first of them
     std::string preToolCommand;
     std::filesystem::path binary; ///< what the commands run
-    std::size_t count;            ///< of entries in all
-    std::string_view countName;   ///< the same as a word
+    Count count;                  ///< of entries in all
 
     std::string_view eventOf(std::string_view command) const;
 

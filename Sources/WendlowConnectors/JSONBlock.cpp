@@ -1,5 +1,7 @@
 #include "JSONBlock.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -41,7 +43,7 @@ private:
 Readable read(std::string_view bytes, JSONDialect dialect, std::span<const JSONPath> paths) {
     auto document = JSONText::scanWithTrivia(bytes, dialect);
     if (!document)
-        return std::unexpected(document.error().description());
+        return std::unexpected(document.error().unreadable());
     for (const JSONPath& path : paths)
         if (const auto object = document->root().node(path))
             if (auto reason = repeatedName(*object))
@@ -49,16 +51,18 @@ Readable read(std::string_view bytes, JSONDialect dialect, std::span<const JSONP
     return *std::move(document);
 }
 
-std::optional<std::string> repeatedName(const JSONNode& object) {
+std::optional<Unreadable> repeatedName(const JSONNode& object) {
     Names seen;
     for (const JSONNode::Member& member : object.members())
         if (!seen.add(member.key))
-            return fmt::format("the name \"{}\" appears twice in one object (at byte {})",
-                               member.key, member.keyStart);
+            return Unreadable{.reason =
+                                  say("the name \"{}\" appears twice in one object (at byte {})",
+                                      member.key, member.keyStart),
+                              .byte = member.keyStart};
     return std::nullopt;
 }
 
-std::optional<std::string> reason(const Readable& document) {
+std::optional<Unreadable> reason(const Readable& document) {
     return document ? std::nullopt : std::optional(document.error());
 }
 
@@ -67,9 +71,12 @@ std::optional<std::string_view> text(const JSONNode& object, std::string_view ke
     return member ? member->string() : std::nullopt;
 }
 
-std::string notA(std::string_view name, std::string_view kind) {
-    return fmt::format("the {} value in this file is not an {}, so no entry can be put in it", name,
-                       kind);
+std::string notAnObject(std::string_view name) {
+    return say("the {} value in this file is not an object, so no entry can be put in it", name);
+}
+
+std::string notAnArray(std::string_view name) {
+    return say("the {} value in this file is not an array, so no entry can be put in it", name);
 }
 
 std::string replaced(std::string_view bytes, const JSONNode& root, const JSONNode& node,

@@ -17,22 +17,23 @@ namespace JSONBlock {
 
 template<class T> using Result = std::expected<T, JSONEditFailure>;
 /// A document that is fit to be edited, or why the file is not.
-using Readable = std::expected<JSONDocument, std::string>;
+using Readable = std::expected<JSONDocument, Unreadable>;
 
 /// What a file that does not exist is planned from. The line feed makes the new file multi-line.
 inline constexpr std::string_view seed = "{}\n";
 
 /// The document, unless it does not scan or an object at one of `paths` holds a name twice.
 Readable read(std::string_view bytes, JSONDialect dialect, std::span<const JSONPath> paths);
-/// The sentence about the first name that `object` holds twice. The editor addresses the first of
-/// two and the tool reads the last, so such an object is left alone.
-std::optional<std::string> repeatedName(const JSONNode& object);
+/// Tells the first name that `object` holds twice. The editor addresses the first of two and the
+/// tool reads the last, so such an object is left alone.
+std::optional<Unreadable> repeatedName(const JSONNode& object);
 /// Why a file is not fit to be edited; nothing where it is.
-std::optional<std::string> reason(const Readable& document);
+std::optional<Unreadable> reason(const Readable& document);
 /// The string at member `key` of an object; nothing where it is not a string.
 std::optional<std::string_view> text(const JSONNode& object, std::string_view key);
-/// "the <name> value in this file is not an <kind>, so no entry can be put in it".
-std::string notA(std::string_view name, std::string_view kind);
+/// Why no entry can be put under `name`.
+std::string notAnObject(std::string_view name);
+std::string notAnArray(std::string_view name);
 /// `literal` in place of `node`, laid out as the node was. `root` is the scan of `bytes`.
 std::string replaced(std::string_view bytes, const JSONNode& root, const JSONNode& node,
                      const JSONLiteral& literal);

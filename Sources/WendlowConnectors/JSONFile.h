@@ -19,7 +19,7 @@ struct JSONFile {
     struct Kind {
         std::string_view seed = JSONBlock::seed; ///< what a file that does not exist is read as
         JSONDialect dialect = JSONDialect::json;
-        std::string_view language = "JSON"; ///< in sentences
+        const char* language = "JSON"; ///< said in sentences
     };
 
     template<class Block>

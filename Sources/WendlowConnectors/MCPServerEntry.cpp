@@ -3,6 +3,7 @@
 #include "BundleCommand.h"
 #include "Drift.h"
 #include "OwnedNames.h"
+#include "Say.h"
 
 #include <array>
 #include <utility>
@@ -54,25 +55,21 @@ MCPServerEntry::Readable MCPServerEntry::read(std::string_view bytes) const {
     return JSONBlock::read(bytes, JSONDialect::json, objects);
 }
 
-std::optional<std::string> MCPServerEntry::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 BlockFinding MCPServerEntry::find(std::string_view bytes, const Readable& document) const {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const JSONNode root = document->root();
     if (const auto servers = root.member(serversKey); servers && !servers->isObject())
-        return {BlockFinding::Foreign{{JSONBlock::notA(serversKey, "object")}}};
+        return {BlockFinding::Foreign{{JSONBlock::notAnObject(serversKey)}}};
     const auto found = root.node(entryPath());
     if (!found)
         return {BlockFinding::Absent{}};
     const auto command = JSONBlock::text(*found, "command");
     if (!command)
-        return {BlockFinding::Drifted{{std::string(Drift::otherShape)}}};
+        return {BlockFinding::Drifted{{Drift::otherShape()}}};
     auto reasons = Drift::reasons(*command, m_binary.string(), m_binary);
     if (*command == m_binary.string() && !m_entry.isStatedBy(*found, bytes))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.push_back(Drift::otherShape());
     return BlockFinding::from(std::move(reasons));
 }
 
@@ -99,7 +96,8 @@ MCPServerEntry::installed(std::string_view bytes, const JSONDocument& document) 
     if (!edited)
         return std::unexpected(edited.error());
     InstalledBlock block{.bytes = *std::move(edited), .created = {}, .lost = {}};
-    if (auto lost = found ? personsPart(*found, bytes).sentence("replaced") : std::nullopt)
+    if (auto lost =
+            found ? personsPart(*found, bytes).sentence(PersonsPart::Fate::replaced) : std::nullopt)
         block.lost.push_back(*std::move(lost));
     if (!serversAreThere)
         block.created.insert(m_serversObject);
@@ -130,11 +128,11 @@ MCPServerEntry::removed(std::string_view bytes, const JSONDocument& document,
         return std::unexpected(edited.error());
     RemovedBlock block;
     block.bytes = *std::move(edited);
-    if (auto lost = personsPart(*found, bytes).sentence("removed"))
+    if (auto lost = personsPart(*found, bytes).sentence(PersonsPart::Fate::removed))
         block.lost.push_back(*std::move(lost));
     if (leavesNothing && !takeServers)
-        block.leftovers.emplace_back(
-            "an empty mcpServers object remains here, which Wendlow did not create");
+        block.leftovers.push_back(
+            say("an empty mcpServers object remains here, which Wendlow did not create"));
     return block;
 }
 

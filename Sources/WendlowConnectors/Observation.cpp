@@ -1,13 +1,16 @@
 #include "Observation.h"
 
+#include "Say.h"
+
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <numeric>
 #include <string_view>
 #include <tuple>
 #include <utility>
 
-#include <fmt/format.h>
+#include <fmt/ranges.h>
 
 namespace wendlow {
 
@@ -37,19 +40,18 @@ Observations folded(Observations observations) {
             continue;
         Observation& said = result.emplace_back(std::move(observations[index]));
         if (counts[index] > 1)
-            said.text += fmt::format(" ({} entries)", counts[index]);
+            said.text = say.plural(static_cast<std::int64_t>(counts[index]), "{} ({} entry)",
+                                   "{} ({} entries)", said.text, counts[index]);
     }
     return result;
 }
 
 std::string listed(const std::vector<std::string>& items) {
-    std::string text;
-    for (std::size_t index = 0; index < items.size(); ++index) {
-        if (index > 0)
-            text += index + 1 == items.size() ? " and " : ", ";
-        text += items[index];
-    }
-    return text;
+    if (items.empty())
+        return {};
+    if (items.size() == 1)
+        return items.front();
+    return say("{} and {}", fmt::join(items.begin(), items.end() - 1, ", "), items.back());
 }
 
 } // namespace wendlow

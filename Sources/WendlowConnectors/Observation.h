@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,8 +11,13 @@ namespace wendlow {
 struct Observation {
     std::string subject; ///< usually a path as the person knows it, links not resolved
     std::string text;    ///< begins in lower case, ends without a full stop
+    /// Where in the file that is the subject. Nobody has to read it out of the text.
+    std::optional<std::size_t> byte = std::nullopt;
 
-    bool operator==(const Observation&) const = default;
+    /// Whether a person reads the same twice: where there is a byte, the text tells it.
+    bool operator==(const Observation& other) const {
+        return subject == other.subject && text == other.text;
+    }
 };
 
 using Observations = std::vector<Observation>;

@@ -1,18 +1,36 @@
 #include "PersonsPart.h"
 
 #include "Observation.h"
-
-#include <fmt/format.h>
+#include "Say.h"
 
 namespace wendlow {
 
-std::optional<std::string> PersonsPart::sentence(std::string_view fate) const {
+std::optional<std::string> PersonsPart::sentence(Fate fate) const {
     if (isNothing())
         return std::nullopt;
-    return fmt::format("the {} entry here{}{}{}{}, which Wendlow did not write, and this was {}",
-                       entry, command ? " ran " + *command : "",
-                       command && !keys.empty() ? " and" : "", keys.empty() ? "" : " held ",
-                       listed(keys), fate);
+    const bool isReplaced = fate == Fate::replaced;
+    const std::string held = listed(keys);
+    if (!command)
+        return isReplaced ? say("the {} entry here held {}, which Wendlow did not write, and this "
+                                "was replaced",
+                                entry, held)
+                          : say("the {} entry here held {}, which Wendlow did not write, and this "
+                                "was removed",
+                                entry, held);
+    if (keys.empty())
+        return isReplaced ? say("the {} entry here ran {}, which Wendlow did not write, and this "
+                                "was replaced",
+                                entry, *command)
+                          : say("the {} entry here ran {}, which Wendlow did not write, and this "
+                                "was removed",
+                                entry, *command);
+    return isReplaced
+               ? say("the {} entry here ran {} and held {}, which Wendlow did not write, and "
+                     "this was replaced",
+                     entry, *command, held)
+               : say("the {} entry here ran {} and held {}, which Wendlow did not write, and "
+                     "this was removed",
+                     entry, *command, held);
 }
 
 } // namespace wendlow

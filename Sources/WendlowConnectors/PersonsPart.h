@@ -15,10 +15,12 @@ struct PersonsPart {
     std::optional<std::string> command; ///< it ran this, which is no program of ours
     std::vector<std::string> keys;      ///< it held these beside what we write
 
+    enum class Fate { replaced, removed };
+
     bool isNothing() const { return !command && keys.empty(); }
     /// "the <entry> entry here ran <command> and held <keys>, which Wendlow did not write, and this
     /// was <fate>"; nothing where all of it was ours.
-    std::optional<std::string> sentence(std::string_view fate) const;
+    std::optional<std::string> sentence(Fate fate) const;
 };
 
 } // namespace wendlow

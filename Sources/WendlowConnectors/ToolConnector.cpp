@@ -3,11 +3,10 @@
 #include "ConfigFile/Disk.h"
 #include "ConfigFile/Leftovers.h"
 #include "HookCommand.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -55,7 +54,7 @@ std::unexpected<Observations> ToolLook::refused(const ToolFile& file, std::strin
 
 std::unexpected<Observations> ToolLook::nothingWritten(const ToolFile& file,
                                                        std::string_view reason) {
-    return refused(file, fmt::format("nothing was written — {}", reason));
+    return refused(file, say("nothing was written — {}", reason));
 }
 
 ToolConnector::ToolConnector(Tool tool, ConnectorVerb::Surroundings surroundings)
@@ -64,9 +63,9 @@ ToolConnector::ToolConnector(Tool tool, ConnectorVerb::Surroundings surroundings
 ScanReport ToolConnector::scan() const {
     if (m_tool.isHere())
         return ScanJoin::report(shownIdentity(), look(ToolFile::Purpose::scan)->findings());
-    Observations said{{m_tool.directory.string(), "there is no directory here"}};
+    Observations said{{m_tool.directory.string(), say("there is no directory here")}};
     if (!m_tool.shownBy.empty())
-        said.push_back({m_tool.shownBy.front().string(), "there is no file here"});
+        said.push_back({m_tool.shownBy.front().string(), say("there is no file here")});
     return {.identity = shownIdentity(),
             .state = ConnectorState::notFound,
             .observations = std::move(said)};
@@ -78,8 +77,8 @@ ConnectorOutcome ToolConnector::install() const {
     if (!m_tool.isHere())
         return ConnectorVerb::refused(
             {{m_tool.directory.string(),
-              fmt::format("there is no {} configuration here, so nothing was written",
-                          m_tool.identity.name)}});
+              say("there is no {} configuration here, so nothing was written",
+                  m_tool.identity.name)}});
     const auto here = look(ToolFile::Purpose::plan);
     if (auto reasons = here->refusal(ToolLook::Verb::install); !reasons.empty())
         return ConnectorVerb::refused(std::move(reasons));

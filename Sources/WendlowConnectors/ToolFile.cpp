@@ -2,8 +2,7 @@
 
 #include "ConfigFile/ConfigPath.h"
 #include "ConfigFile/Disk.h"
-
-#include <fmt/format.h>
+#include "Say.h"
 
 namespace wendlow {
 
@@ -29,18 +28,18 @@ std::optional<std::string_view> ToolFile::view() const {
     return bytes ? std::optional<std::string_view>(*bytes) : std::nullopt;
 }
 
-std::optional<Observation> ToolFile::refusal(const std::optional<std::string>& unreadable,
-                                             std::string_view language) const {
+std::optional<Observation> ToolFile::refusal(const std::optional<Unreadable>& unreadable,
+                                             const char* language) const {
     if (failure && Disk::isDirectory(label))
-        return Observation{label, "there is a directory at this path, so nothing was written"};
+        return Observation{label, say("there is a directory at this path, so nothing was written")};
     if (failure)
-        return Observation{label, fmt::format("this file could not be read, so nothing was "
-                                              "written — {}",
-                                              *failure)};
+        return Observation{
+            label, say("this file could not be read, so nothing was written — {}", *failure)};
     if (unreadable)
-        return Observation{label, fmt::format("this file did not read as {}, so nothing was "
-                                              "written — {}",
-                                              language, *unreadable)};
+        return Observation{label,
+                           say("this file did not read as {}, so nothing was written — {}",
+                               say.view(language), unreadable->reason),
+                           unreadable->byte};
     return std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ConfigFile/Unreadable.h"
 #include "Observation.h"
 
 #include <filesystem>
@@ -28,9 +29,9 @@ struct ToolFile {
     std::optional<std::string_view> view() const;
 
     /// Why no verb may plan for this file: it could not be read, or it is `unreadable` as
-    /// `language`. Nothing is ever planned over bytes that nobody saw.
-    std::optional<Observation> refusal(const std::optional<std::string>& unreadable,
-                                       std::string_view language = "JSON") const;
+    /// `language`, which is said. Nothing is ever planned over bytes that nobody saw.
+    std::optional<Observation> refusal(const std::optional<Unreadable>& unreadable,
+                                       const char* language = "JSON") const;
 };
 
 } // namespace wendlow

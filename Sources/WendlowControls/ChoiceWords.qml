@@ -8,10 +8,11 @@ import WendlowControls
 Row {
     id: words
 
-    // Maps with `word` and `picked`, as their owner says.
+    // Maps with `word` and `picked`, as their owner says, and with `key` where a word is not what it is known by.
     required property var choices
 
-    signal chosen(string word)
+    // By its key, or else by its word.
+    signal chosen(string key)
 
     spacing: Theme.space16
 
@@ -26,6 +27,7 @@ Row {
 
             property bool ringed: word.visualFocus
             readonly property bool picked: word.modelData.picked
+            readonly property string key: word.modelData.key ?? word.text
 
             text: word.modelData.word
             implicitWidth: label.implicitWidth
@@ -39,13 +41,13 @@ Row {
             Accessible.name: word.text
             Accessible.checkable: true
             Accessible.checked: word.picked
-            Accessible.onPressAction: words.chosen(word.text)
-            Accessible.onToggleAction: words.chosen(word.text)
-            Keys.onReturnPressed: words.chosen(word.text)
-            Keys.onEnterPressed: words.chosen(word.text)
+            Accessible.onPressAction: words.chosen(word.key)
+            Accessible.onToggleAction: words.chosen(word.key)
+            Keys.onReturnPressed: words.chosen(word.key)
+            Keys.onEnterPressed: words.chosen(word.key)
             Keys.onLeftPressed: word.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
             Keys.onRightPressed: word.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-            onClicked: words.chosen(word.text)
+            onClicked: words.chosen(word.key)
 
             indicator: null
             Label {

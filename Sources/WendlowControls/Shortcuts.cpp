@@ -1,5 +1,7 @@
 #include "Shortcuts.h"
 
+#include "Say.h"
+
 namespace wendlow {
 
 namespace {
@@ -7,49 +9,49 @@ namespace {
 using Id = Shortcuts::Id;
 using Line = Shortcuts::Line;
 
-constexpr std::string_view anywhere = "Every window";
-constexpr std::string_view editing = "Words";
-constexpr std::string_view memories = "Memories";
-constexpr std::string_view worlds = "Worlds, in Memories";
-constexpr std::string_view stats = "Stats";
-constexpr std::string_view settings = "Settings";
+constexpr const char* anywhere = sayLater("Every window");
+constexpr const char* editing = sayLater("Words");
+constexpr const char* memories = sayLater("Memories");
+constexpr const char* worlds = sayLater("Worlds, in Memories");
+constexpr const char* stats = sayLater("Stats");
+constexpr const char* settings = sayLater("Settings");
 
 constexpr auto table = std::to_array<Line>({
-    {Id::KeyboardShortcuts, anywhere, "Keyboard Shortcuts", {"F1", "Ctrl+?"}},
-    {Id::Settings, anywhere, "Settings", {"Ctrl+,"}},
-    {Id::Close, anywhere, "Close", {"Ctrl+W"}},
-    {Id::Minimize, anywhere, "Minimize", {"Ctrl+M"}},
-    {Id::MenuBar, anywhere, "Menu Bar", {"F10"}},
-    {Id::Quit, anywhere, "Quit", {"Ctrl+Q"}},
+    {Id::KeyboardShortcuts, anywhere, sayLater("Keyboard Shortcuts"), {"F1", "Ctrl+?"}},
+    {Id::Settings, anywhere, sayLater("Settings"), {"Ctrl+,"}},
+    {Id::Close, anywhere, sayLater("Close"), {"Ctrl+W"}},
+    {Id::Minimize, anywhere, sayLater("Minimize"), {"Ctrl+M"}},
+    {Id::MenuBar, anywhere, sayLater("Menu Bar"), {"F10"}},
+    {Id::Quit, anywhere, sayLater("Quit"), {"Ctrl+Q"}},
 
-    {Id::Undo, editing, "Undo", {"Ctrl+Z"}},
-    {Id::Redo, editing, "Redo", {"Ctrl+Shift+Z"}},
-    {Id::Cut, editing, "Cut", {"Ctrl+X"}},
-    {Id::Copy, editing, "Copy", {"Ctrl+C"}},
-    {Id::Paste, editing, "Paste", {"Ctrl+V"}},
-    {Id::SelectAll, editing, "Select All", {"Ctrl+A"}},
+    {Id::Undo, editing, sayLater("Undo"), {"Ctrl+Z"}},
+    {Id::Redo, editing, sayLater("Redo"), {"Ctrl+Shift+Z"}},
+    {Id::Cut, editing, sayLater("Cut"), {"Ctrl+X"}},
+    {Id::Copy, editing, sayLater("Copy"), {"Ctrl+C"}},
+    {Id::Paste, editing, sayLater("Paste"), {"Ctrl+V"}},
+    {Id::SelectAll, editing, sayLater("Select All"), {"Ctrl+A"}},
 
-    {Id::Search, memories, "Search", {"Ctrl+F"}},
-    {Id::BackToResults, memories, "Back to the Results", {"Alt+Left"}},
-    {Id::StepBack, memories, "One Step Back", {"Esc"}},
-    {Id::CopyMemory, memories, "Copy the Memory", {"Ctrl+C", "Ctrl+Ins"}},
-    {Id::MemoryMenu, memories, "Menu of the Memory", {"Shift+F10", "Menu"}},
-    {Id::NewRule, memories, "New Rule, among the Rules", {"Ctrl+N"}},
-    {Id::NewScope, memories, "New Scope, among the Scopes", {"Ctrl+N"}},
-    {Id::EraseLine, memories, "Delete the Line of a Meeting", {"Del"}},
+    {Id::Search, memories, sayLater("Search"), {"Ctrl+F"}},
+    {Id::BackToResults, memories, sayLater("Back to the Results"), {"Alt+Left"}},
+    {Id::StepBack, memories, sayLater("One Step Back"), {"Esc"}},
+    {Id::CopyMemory, memories, sayLater("Copy the Memory"), {"Ctrl+C", "Ctrl+Ins"}},
+    {Id::MemoryMenu, memories, sayLater("Menu of the Memory"), {"Shift+F10", "Menu"}},
+    {Id::NewRule, memories, sayLater("New Rule, among the Rules"), {"Ctrl+N"}},
+    {Id::NewScope, memories, sayLater("New Scope, among the Scopes"), {"Ctrl+N"}},
+    {Id::EraseLine, memories, sayLater("Delete the Line of a Meeting"), {"Del"}},
 
-    {Id::DayZero, worlds, "Day zero", {"Ctrl+1"}},
-    {Id::SomeData, worlds, "Some data", {"Ctrl+2"}},
-    {Id::PowerUser, worlds, "Power user", {"Ctrl+3"}},
-    {Id::RealData, worlds, "My real data", {"Ctrl+4"}},
+    {Id::DayZero, worlds, sayLater("Day zero"), {"Ctrl+1"}},
+    {Id::SomeData, worlds, sayLater("Some data"), {"Ctrl+2"}},
+    {Id::PowerUser, worlds, sayLater("Power user"), {"Ctrl+3"}},
+    {Id::RealData, worlds, sayLater("My real data"), {"Ctrl+4"}},
 
-    {Id::PreviousDay, stats, "Previous Day", {"Left"}},
-    {Id::NextDay, stats, "Next Day", {"Right"}},
-    {Id::Today, stats, "Today", {"T"}},
-    {Id::Refresh, stats, "Read Again", {"F5"}},
+    {Id::PreviousDay, stats, sayLater("Previous Day"), {"Left"}},
+    {Id::NextDay, stats, sayLater("Next Day"), {"Right"}},
+    {Id::Today, stats, sayLater("Today"), {"T"}},
+    {Id::Refresh, stats, sayLater("Read Again"), {"F5"}},
 
-    {Id::DiagnosticLog, settings, "Diagnostic Log On or Off, in General", {"Alt+L"}},
-    {Id::RemoveRule, settings, "Remove the Rule, in Recording", {"Del", "Backspace"}},
+    {Id::DiagnosticLog, settings, sayLater("Diagnostic Log On or Off, in General"), {"Alt+L"}},
+    {Id::RemoveRule, settings, sayLater("Remove the Rule, in Recording"), {"Del", "Backspace"}},
 });
 
 constexpr bool standsInTheOrderOfTheCases() {
@@ -74,8 +76,12 @@ std::span<const Shortcuts::Line> Shortcuts::all() {
     return table;
 }
 
+QString Shortcuts::place(Id id) {
+    return say(line(id).place);
+}
+
 QString Shortcuts::title(Id id) {
-    return text(line(id).title);
+    return say(line(id).title);
 }
 
 QVariantList Shortcuts::of(int id) {

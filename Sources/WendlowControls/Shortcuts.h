@@ -64,8 +64,8 @@ public:
 
     struct Line {
         Id id;
-        std::string_view place; ///< where the keys work
-        std::string_view title; ///< what they do; of what is in a menu, the words there
+        const char* place; ///< where the keys work; still to be said
+        const char* title; ///< what they do; of what is in a menu, the words there; to be said too
         std::array<std::string_view, 2>
             keys; ///< as the toolkit writes them; the second may be empty
     };
@@ -74,6 +74,7 @@ public:
 
     /// In the order of the cases; those of one place stand together.
     static std::span<const Line> all();
+    static QString place(Id id);
     static QString title(Id id);
     /// One at least; a person is told the first.
     static QList<QKeySequence> keys(Id id);

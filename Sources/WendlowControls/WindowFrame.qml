@@ -15,7 +15,7 @@ FocusScope {
 
     focus: true
 
-    LoneAlt {
+    AltKey {
         id: alt
         within: frame
         onTapped: bar.enter()
@@ -40,6 +40,6 @@ FocusScope {
         id: bar
         width: parent.width
         source: frame.menu
-        altHeld: alt.held
+        altHeld: alt.lone
     }
 }

@@ -2,6 +2,7 @@
 
 #include "ClientInstance.h"
 #include "DistributedNotification.h"
+#include "Say.h"
 
 #include <QDBusMessage>
 #include <QDBusReply>
@@ -76,6 +77,10 @@ ApplicationSeat::Taken ApplicationSeat::take(QDBusConnection bus) {
         return Taken::never;
     return reply.value() == primaryOwner || reply.value() == alreadyOwner ? Taken::ours
                                                                           : Taken::others;
+}
+
+std::string ApplicationSeat::unheardSentence() {
+    return say("Wendlow runs already, and does not answer; end it, and start it again");
 }
 
 void ApplicationSeat::takeLater(QDBusConnection bus) {

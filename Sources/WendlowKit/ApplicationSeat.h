@@ -40,8 +40,7 @@ public:
     };
 
     /// For a person, of one that is `silent`.
-    static constexpr const char* unheardSentence =
-        "Wendlow runs already, and does not answer; end it, and start it again";
+    static std::string unheardSentence();
 
     explicit ApplicationSeat(QObject* parent = nullptr);
 

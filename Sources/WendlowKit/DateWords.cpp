@@ -1,5 +1,7 @@
 #include "DateWords.h"
 
+#include "Say.h"
+
 #include <vector>
 
 namespace wendlow::DateWords {
@@ -91,9 +93,9 @@ QString day(Date date, Date now, const QLocale& locale) {
     const QDate wanted = local(date).date();
     const QDate today = local(now).date();
     if (wanted == today)
-        return QStringLiteral("Today");
+        return QString::fromStdString(say("Today"));
     if (wanted.addDays(1) == today)
-        return QStringLiteral("Yesterday");
+        return QString::fromStdString(say("Yesterday"));
     return locale.toString(wanted, shortened(locale, wanted.year() == today.year() ? u'y' : u'd'));
 }
 

@@ -1,12 +1,20 @@
 #include "DoorFault.h"
 
-#include <fmt/format.h>
-
 #include "ClientInstance.h"
 #include "DoorRedial.h"
+#include "Say.h"
 #include "WireContract.h"
 
 namespace wendlow::DoorFaults {
+
+namespace {
+
+/// What a daemon of another version says too, in its one language.
+constexpr const char* mismatch = sayLater(
+    "Wendlow updated; this session's bridge is older than the daemon, restart the session");
+static_assert(mismatch == WireContract::mismatchMessage);
+
+} // namespace
 
 std::string_view text(DoorFault fault) {
     switch (fault) {
@@ -25,16 +33,16 @@ std::string_view text(DoorFault fault) {
 std::string message(DoorFault fault) {
     switch (fault) {
     case DoorFault::absent:
-        return "Wendlow isn't running — start it to access your memory.";
+        return say("Wendlow isn't running — start it to access your memory.");
     case DoorFault::refused:
-        return "Wendlow is running but refused this connection — this binary isn't signed with the "
-               "daemon's expected identity (sign it: Scripts/sign.sh).";
+        return say("Wendlow is running but refused this connection — this binary isn't signed with "
+                   "the daemon's expected identity (sign it: Scripts/sign.sh).");
     case DoorFault::silent:
-        return fmt::format("{} is running but did not answer in {}s — it may be busy starting up; "
-                           "try again in a moment.",
-                           ClientInstance::productName, DoorRedial::standard.budgetSeconds());
+        return say("{} is running but did not answer in {}s — it may be busy starting up; "
+                   "try again in a moment.",
+                   ClientInstance::productName, DoorRedial::standard.budgetSeconds());
     case DoorFault::skew:
-        return std::string(WireContract::mismatchMessage);
+        return say(mismatch);
     }
     return {};
 }
@@ -48,19 +56,22 @@ bool isTerminalForThisProcess(DoorFault fault) {
 }
 
 std::string staleRefusalMessage(const std::optional<std::string>& updatedTo) {
-    return fmt::format("Wendlow updated{} — this session's connector is from before the update. "
-                       "Restart this session (or reconnect the MCP server) to continue. "
-                       "Nothing is wrong.",
-                       updatedTo ? " to " + *updatedTo : "");
+    return updatedTo ? say("Wendlow updated to {} — this session's connector is from before the "
+                           "update. Restart this session (or reconnect the MCP server) to "
+                           "continue. Nothing is wrong.",
+                           *updatedTo)
+                     : say("Wendlow updated — this session's connector is from before the update. "
+                           "Restart this session (or reconnect the MCP server) to continue. "
+                           "Nothing is wrong.");
 }
 
 std::string menuLine(DoorFault fault, ClientProfile profile) {
     if (fault == DoorFault::skew)
-        return fmt::format("{} is finishing an update — this window will reconnect by itself.",
-                           ClientInstance::productName);
+        return say("{} is finishing an update — this window will reconnect by itself.",
+                   ClientInstance::productName);
     if (fault == DoorFault::refused && ClientProfiles::isProduction(profile))
-        return fmt::format("{} is running but this menu needs a restart to reconnect.",
-                           ClientInstance::productName);
+        return say("{} is running but this menu needs a restart to reconnect.",
+                   ClientInstance::productName);
     return message(fault);
 }
 

@@ -1,5 +1,7 @@
 #include "FileChooser.h"
 
+#include "Say.h"
+
 #include <QCoroDBusPendingCall>
 #include <QCoroSignal>
 #include <QDBusMessage>
@@ -21,7 +23,10 @@ const QString portal = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString chooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 const QString requests = QStringLiteral("org.freedesktop.portal.Request");
 constexpr int patience = 5000; ///< milliseconds until the dialog is on its way
-constexpr const char* noDialog = "This desktop has no dialog to choose an app with.";
+
+std::string noDialog() {
+    return say("This desktop has no dialog to choose an app with.");
+}
 
 } // namespace
 
@@ -46,7 +51,7 @@ Q_SIGNALS:
 
 QCoro::Task<Answer> choose(QDBusConnection bus, Question question) {
     if (!bus.isConnected())
-        co_return std::unexpected(noDialog);
+        co_return std::unexpected(noDialog());
     const QString token = QStringLiteral("wendlow_") + QUuid::createUuid().toString(QUuid::Id128);
     const QString sender = bus.baseService().mid(1).replace(u'.', u'_');
     // Listened to before the dialog is asked for: it may be answered before its name comes back.
@@ -64,7 +69,7 @@ QCoro::Task<Answer> choose(QDBusConnection bus, Question question) {
     const QDBusPendingCall pending = bus.asyncCall(call, patience);
     const QDBusMessage reply = co_await pending;
     if (reply.type() != QDBusMessage::ReplyMessage)
-        co_return std::unexpected(noDialog);
+        co_return std::unexpected(noDialog());
     if (!response.path)
         co_await qCoro(&response, &Response::given);
     co_return *response.path;

@@ -1,6 +1,7 @@
 #include "MenuHealth.h"
 
 #include "GatewayResponse.h"
+#include "Say.h"
 
 namespace wendlow {
 
@@ -35,7 +36,7 @@ MenuHealth MenuHealth::decide(const GatewayResponse& health, std::optional<DoorF
                                            : failure->message};
     if (const auto* text = std::get_if<AnswerCase::Text>(&health))
         return healthOf(text->_0);
-    return HealthCase::Attention{"Wendlow sent an answer we couldn't read"};
+    return HealthCase::Attention{say("Wendlow sent an answer we couldn't read")};
 }
 
 } // namespace wendlow

@@ -7,6 +7,7 @@
 
 #include "CXPCShim.h"
 #include "DoorHistory.h"
+#include "Say.h"
 #include "SubscriptionGate.h"
 #include "WireCodec.h"
 #include "WireContract.h"
@@ -159,7 +160,7 @@ QCoro::Task<WendlowClient::Timed> XPCClient::Door::exchange(Shared door, Gateway
     const std::expected<std::string, EncodeError> payload = WireCodec::encode(request);
     if (!payload) {
         door->setFault(std::nullopt);
-        co_return failure("encode failed");
+        co_return failure(say("encode failed"));
     }
     SharedLine line = door->line();
     Attempt attempt = co_await XPCRoundTrip::make(XPCRoundTrip::message(*payload), line->connection,
@@ -235,7 +236,7 @@ WendlowClient::Timed XPCClient::Door::finish(XPCRoundTrip::Answered answer) {
     }
     announceSkew();
     setFault(DoorFault::skew);
-    return failure(std::string(WireContract::mismatchMessage));
+    return failure(DoorFaults::message(DoorFault::skew));
 }
 
 void XPCClient::Door::announceSkew() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Say.h"
 #include "WireCodec.h"
 #include "WireContract.h"
 #include "XPC/Handover.h"
@@ -14,7 +15,7 @@ namespace wendlow::XPCRoundTrip {
 namespace {
 
 GatewayResponse badReply() {
-    return AnswerCase::Failure{"bad reply"};
+    return AnswerCase::Failure{say("bad reply")};
 }
 
 Attempt read(const xpc_object_t& reply) {

@@ -201,7 +201,7 @@ QCoro::Task<> JourneyModel::readPhrase() {
     if (!self || mine != m_phraseAsked)
         co_return;
     if (!read)
-        read = RecoveryFailed{std::string(JourneyWords::Beside::phraseSilent)};
+        read = RecoveryFailed{std::string(JourneyWords::Beside::phraseSilent.said())};
     m_lastPhrase = std::move(read);
     Q_EMIT phraseChanged();
 }

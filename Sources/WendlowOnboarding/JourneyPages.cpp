@@ -1,7 +1,5 @@
 #include "JourneyPages.h"
 
-#include "JourneyWords.h"
-
 namespace wendlow {
 
 namespace {

@@ -3,6 +3,7 @@
 #include "ClientProfile.h"
 #include "MenuHealth.h"
 #include "OnboardingTrigger.h"
+#include "Say.h"
 
 #include <system_error>
 #include <utility>
@@ -41,7 +42,7 @@ QCoro::Task<RecoveryRead> askPhrase(Client client) {
         co_return RecoveryRead(std::move(phrase->_0));
     if (auto* const failure = std::get_if<AnswerCase::Failure>(&response))
         co_return RecoveryRead(RecoveryFailed{std::move(failure->message)});
-    co_return RecoveryRead(RecoveryFailed{"recovery phrase unavailable"});
+    co_return RecoveryRead(RecoveryFailed{say("recovery phrase unavailable").toStdString()});
 }
 
 QCoro::Task<> askForGrant(Client client, std::string kind) {

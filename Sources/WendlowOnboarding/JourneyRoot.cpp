@@ -2,6 +2,7 @@
 
 #include "JourneyPages.h"
 #include "JourneyWords.h"
+#include "Say.h"
 
 #include <QLocale>
 #include <QVariantMap>
@@ -18,8 +19,8 @@ namespace {
 
 namespace Words = JourneyWords;
 
-QString inWords(std::string_view utf8) {
-    return QString::fromUtf8(utf8);
+QString inWords(Words::Text text) {
+    return QString::fromUtf8(text.said());
 }
 
 QString line(const std::string& utf8) {
@@ -45,23 +46,22 @@ QString markWord(JourneyMark mark) {
 }
 
 /// As a screen reader says it.
-QString spokenMark(JourneyMark mark) {
+QString spoken(const QString& title, JourneyMark mark, int number, int count) {
     switch (mark) {
     case JourneyMark::done:
-        return u"done"_s;
+        return say("{}, step {} of {}, done", title, number, count);
     case JourneyMark::current:
-        return u"you are here"_s;
+        return say("{}, step {} of {}, you are here", title, number, count);
     case JourneyMark::todo:
         break;
     }
-    return u"still to come"_s;
+    return say("{}, step {} of {}, still to come", title, number, count);
 }
 
 QVariantMap marked(const QString& title, JourneyMark mark, int number, int count) {
     return {{u"title"_s, title},
             {u"mark"_s, markWord(mark)},
-            {u"spoken"_s,
-             u"%1, step %2 of %3, %4"_s.arg(title).arg(number).arg(count).arg(spokenMark(mark))}};
+            {u"spoken"_s, spoken(title, mark, number, count)}};
 }
 
 constexpr std::array railTitles{Words::Rail::welcome,     Words::Rail::permissions,
@@ -115,7 +115,7 @@ void JourneyRoot::tellScreen() {
 }
 
 QString JourneyRoot::screen() const {
-    return inWords(wendlow::text(m_model->screen()));
+    return QString::fromUtf8(wendlow::text(m_model->screen()));
 }
 
 QVariantList JourneyRoot::rail() const {
@@ -130,8 +130,7 @@ QVariantList JourneyRoot::rail() const {
 
 QString JourneyRoot::railSpoken() const {
     const auto step = JourneySteps::of(m_model->screen());
-    return step ? u"step %1 of %2"_s.arg(static_cast<int>(*step) + 1).arg(railTitles.size())
-                : QString();
+    return step ? say("step {} of {}", static_cast<int>(*step) + 1, railTitles.size()) : QString();
 }
 
 QVariantList JourneyRoot::stepper() const {
@@ -183,7 +182,7 @@ QStringList JourneyRoot::paragraphs() const {
 JourneyWords::Hint JourneyRoot::hintParts() const {
     if (m_model->screen() == JourneyScreen::localModels)
         return Words::split(LocalModelsScreen::hint(m_model->lastProgress(), m_model->appBytes()));
-    return Words::split(JourneyPage::of(m_model->screen()).hint);
+    return Words::split(JourneyPage::of(m_model->screen()).hint.said());
 }
 
 QString JourneyRoot::hintTitle() const {

@@ -9,8 +9,8 @@ namespace {
 
 namespace Words = JourneyWords;
 
-QString inWords(std::string_view utf8) {
-    return QString::fromUtf8(utf8);
+QString inWords(Words::Text text) {
+    return QString::fromUtf8(text.said());
 }
 
 } // namespace
@@ -25,7 +25,8 @@ QString JourneyRoot::termsTick() {
     return inWords(Words::Welcome::termsTick);
 }
 QString JourneyRoot::termsWord() {
-    return inWords(Words::Welcome::termsWord);
+    return QString::fromUtf8(
+        Words::linkIn(Words::Welcome::termsTick.said(), Words::Welcome::termsWord.said()));
 }
 QString JourneyRoot::updatesTick() {
     return inWords(Words::Welcome::updatesTick);

@@ -1,6 +1,7 @@
 #include "ExportedScreens.h"
 
 #include "ClientInstance.h"
+#include "Say.h"
 #include "UniquePart.h"
 #include "WireUTF8.h"
 
@@ -108,9 +109,8 @@ std::string temporaryFolder() {
 
 std::string Failure::description() const {
     if (kind == Kind::notAFolder)
-        return fmt::format("{} is not a plain folder; nothing is written through it",
-                           path.string());
-    return fmt::format("could not write {}: {}", path.string(), std::strerror(error));
+        return say("{} is not a plain folder; nothing is written through it", path.string());
+    return say("could not write {}: {}", path.string(), std::strerror(error));
 }
 
 std::string ExportedScreens::folderName() {

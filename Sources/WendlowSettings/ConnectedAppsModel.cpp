@@ -3,6 +3,7 @@
 #include "ClaudeChat/ClaudeDesktop.h"
 #include "FilePlace.h"
 #include "RowStory.h"
+#include "Say.h"
 
 #include <QClipboard>
 #include <QCoroFuture>
@@ -10,6 +11,7 @@
 #include <QPointer>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <chrono>
@@ -89,8 +91,8 @@ std::unique_ptr<ConnectedAppsModel> ConnectedAppsModel::forThisMac(
     }
     auto model = std::make_unique<ConnectedAppsModel>(Connectors::List(), std::nullopt,
                                                       std::move(surroundings));
-    model->m_error = QStringLiteral("Wendlow is not running from an installed app bundle, so there "
-                                    "is no binary here to point an app at.");
+    model->m_error = text(say("Wendlow is not running from an installed app bundle, so there "
+                              "is no binary here to point an app at."));
     return model;
 }
 
@@ -407,7 +409,7 @@ void ConnectedAppsModel::copySubject(const QString& text) {
         m_surroundings.copy(text);
     else
         copyToPasteboard(text);
-    Q_EMIT said(QStringLiteral("Copied"));
+    Q_EMIT said(QString::fromStdString(say("Copied")));
 }
 
 ConnectedAppsModel::Tool* ConnectedAppsModel::tool(const std::string& id) const {
@@ -417,48 +419,48 @@ ConnectedAppsModel::Tool* ConnectedAppsModel::tool(const std::string& id) const 
 }
 
 QString ConnectedAppsModel::mastheadTitle() {
-    return QStringLiteral("Give your AI superpowers");
+    return text(say("Give your AI superpowers"));
 }
 
 QString ConnectedAppsModel::mastheadBody() {
-    return QStringLiteral(
-        "Connect your AI apps to get work done faster and smarter. If you add new "
-        "apps come back here to connect them.");
+    return text(say("Connect your AI apps to get work done faster and smarter. If you add new "
+                    "apps come back here to connect them."));
 }
 
 QString ConnectedAppsModel::otherToolsTitle() {
-    return QStringLiteral("Add another app");
+    return text(say("Add another app"));
 }
 
 QString ConnectedAppsModel::endpointCaption() {
-    return QStringLiteral("Point any MCP client at this command:");
+    return text(say("Point any MCP client at this command:"));
 }
 
 QString ConnectedAppsModel::copyWord() {
-    return QStringLiteral("Copy");
+    return text(say("Copy"));
 }
 
 QString ConnectedAppsModel::noEndpointSentence() {
-    return QStringLiteral("Wendlow is not running from an installed app bundle, so there is no "
-                          "command here to copy.");
+    return text(say("Wendlow is not running from an installed app bundle, so there is no "
+                    "command here to copy."));
 }
 
 QString ConnectedAppsModel::emptySentence() const {
-    return m_scanned ? QStringLiteral("No AI apps were found on this Mac.")
-                     : QStringLiteral("Looking for AI apps on this Mac…");
+    return text(m_scanned ? say("No AI apps were found on this Mac.")
+                          : say("Looking for AI apps on this Mac…"));
 }
 
 QString ConnectedAppsModel::emptyAdvice() const {
     if (!m_scanned || m_tools.empty())
         return {};
-    QStringList names;
+    std::vector<std::string> names;
     for (const auto& tool : m_tools)
-        names.append(text(tool->connector->identity().name));
-    const QString last = names.takeLast();
-    const QString list =
-        names.isEmpty() ? last : names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
-    return QStringLiteral("Install %1, start it once and come back: Wendlow looks again by itself.")
-        .arg(list);
+        names.push_back(tool->connector->identity().name);
+    std::string list = std::move(names.back());
+    names.pop_back();
+    if (!names.empty())
+        list = say("{} or {}", fmt::format("{}", fmt::join(names, ", ")), list);
+    return text(
+        say("Install {}, start it once and come back: Wendlow looks again by itself.", list));
 }
 
 QString ConnectedAppsModel::lookAgainWords() {

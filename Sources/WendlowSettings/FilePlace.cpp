@@ -1,12 +1,9 @@
 #include "FilePlace.h"
 
 #include "ConfigFile/Disk.h"
-
-#include <fmt/format.h>
+#include "Say.h"
 
 #include <algorithm>
-#include <charconv>
-#include <memory>
 
 namespace wendlow {
 
@@ -19,14 +16,13 @@ bool beginsCharacter(char byte) {
 }
 
 std::string wordsOf(const Observation& observation) {
-    const auto offset = FilePlace::byteIn(observation.text);
-    if (!offset)
+    if (!observation.byte)
         return {};
     const auto bytes = Disk::read(observation.subject);
-    if (!bytes || !*bytes || *offset > (*bytes)->size())
+    if (!bytes || !*bytes || *observation.byte > (*bytes)->size())
         return {}; // it is another file by now
-    const FilePlace place = FilePlace::of(**bytes, *offset);
-    return fmt::format("line {}, column {}", place.line, place.column);
+    const FilePlace place = FilePlace::of(**bytes, *observation.byte);
+    return say("line {}, column {}", place.line, place.column);
 }
 
 } // namespace
@@ -47,20 +43,6 @@ FilePlace FilePlace::of(std::string_view bytes, std::size_t offset) {
     place.column += static_cast<std::size_t>(
         std::ranges::count_if(before.substr(std::min(begin, before.size())), beginsCharacter));
     return place;
-}
-
-std::optional<std::size_t> FilePlace::byteIn(std::string_view sentence) {
-    constexpr std::string_view opening = "(at byte ";
-    const std::size_t at = sentence.rfind(opening);
-    if (at == std::string_view::npos)
-        return std::nullopt;
-    const std::string_view rest = sentence.substr(at + opening.size());
-    std::size_t offset = 0;
-    const char* const end = std::to_address(rest.end());
-    const auto read = std::from_chars(std::to_address(rest.begin()), end, offset);
-    if (read.ec != std::errc() || read.ptr == end || *read.ptr != ')')
-        return std::nullopt;
-    return offset;
 }
 
 std::vector<std::string> FilePlace::words(const Observations& observations) {

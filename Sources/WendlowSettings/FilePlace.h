@@ -3,7 +3,6 @@
 #include "Observation.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,9 +16,7 @@ struct FilePlace {
 
     /// Beyond the end is the end.
     static FilePlace of(std::string_view bytes, std::size_t offset);
-    /// The offset that a sentence tells by "(at byte N)"; nothing where it tells none.
-    static std::optional<std::size_t> byteIn(std::string_view sentence);
-    /// "line 3, column 12" for each observation that tells a byte of the file that is its subject,
+    /// "line 3, column 12" for each observation that knows a byte of the file that is its subject,
     /// and nothing for the others. Reads the files; blocks on the disk.
     static std::vector<std::string> words(const Observations& observations);
 

@@ -1,5 +1,7 @@
 #include "Inventory.h"
 
+#include "Say.h"
+
 #include <utility>
 
 namespace wendlow {
@@ -17,7 +19,7 @@ Inventory Inventory::of(ProjectReport projects, MemoryFileReport memoryFiles) {
     inventory.source = std::move(projects.source).value_or(std::string());
     inventory.projectsNote = std::move(projects.note).value_or(std::string());
     if (projects.projects.empty() && inventory.projectsNote.empty())
-        inventory.projectsNote = "no projects found";
+        inventory.projectsNote = say("no projects found");
     inventory.projects.reserve(projects.projects.size());
     for (ConnectorProject& project : projects.projects) {
         inventory.projects.push_back({.path = std::move(project.path),
@@ -26,7 +28,7 @@ Inventory Inventory::of(ProjectReport projects, MemoryFileReport memoryFiles) {
                                       .date = known(project.lastActivity)});
     }
     if (memoryFiles.files.empty())
-        inventory.memoryNote = "no memory files found";
+        inventory.memoryNote = say("no memory files found");
     for (ConnectorMemoryFile& file : memoryFiles.files) {
         inventory.memoryFiles.push_back({.path = std::move(file.path),
                                          .memory = std::nullopt,

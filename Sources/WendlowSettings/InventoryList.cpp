@@ -1,5 +1,7 @@
 #include "InventoryList.h"
 
+#include "Say.h"
+
 #include <QDateTime>
 
 #include <algorithm>
@@ -106,7 +108,7 @@ void InventoryList::setWhole(bool whole) {
 QString InventoryList::toggleWords() const {
     if (!isLong(m_entries.size()))
         return {};
-    return m_whole ? QStringLiteral("Show fewer") : m_words.showAll(m_entries.size());
+    return m_whole ? QString::fromStdString(say("Show fewer")) : m_words.showAll(m_entries.size());
 }
 
 int InventoryList::rowCount(const QModelIndex& parent) const {

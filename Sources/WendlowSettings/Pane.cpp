@@ -9,6 +9,7 @@
 #include "Recovery/RecoveryModel.h"
 #include "SettingsPictures.h"
 #include "ToolTiles.h"
+#include "TranslationContext.h"
 
 #include <algorithm>
 #include <array>
@@ -55,7 +56,7 @@ constexpr auto panes = std::to_array<PaneDescription>({
     {.pane = Pane::privacy,
      .group = PaneGroup::upper,
      .id = "general",
-     .title = "General",
+     .title = sayLater("General"),
      .icon = "slider.horizontal.3",
      .file = "WendlowSettings/General/GeneralPane.qml",
      .makeModel = makeGeneral,
@@ -63,7 +64,7 @@ constexpr auto panes = std::to_array<PaneDescription>({
     {.pane = Pane::connected,
      .group = PaneGroup::upper,
      .id = "connected",
-     .title = "Connected Apps",
+     .title = sayLater("Connected Apps"),
      .icon = "powerplug",
      .file = "WendlowSettings/ConnectedAppsPane.qml",
      .makeModel = makeConnectedApps,
@@ -71,7 +72,7 @@ constexpr auto panes = std::to_array<PaneDescription>({
     {.pane = Pane::recording,
      .group = PaneGroup::upper,
      .id = "recording",
-     .title = "Recording Control",
+     .title = sayLater("Recording Control"),
      .icon = "record.circle",
      .file = "WendlowSettings/Recording/RecordingPane.qml",
      .makeModel = makeRecording,
@@ -79,14 +80,14 @@ constexpr auto panes = std::to_array<PaneDescription>({
     {.pane = Pane::classifier,
      .group = PaneGroup::lower,
      .id = "classifier",
-     .title = "Local AI Classifier",
+     .title = sayLater("Local AI Classifier"),
      .icon = "cpu.fill",
      .file = "WendlowSettings/Classifier/ClassifierPane.qml",
      .facts = giveClassifier},
     {.pane = Pane::recovery,
      .group = PaneGroup::lower,
      .id = "recovery",
-     .title = "Recovery",
+     .title = sayLater("Recovery"),
      .icon = "key.fill",
      .file = "WendlowSettings/Recovery/RecoveryPane.qml",
      .makeModel = makeRecovery,

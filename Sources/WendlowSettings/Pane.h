@@ -46,8 +46,8 @@ struct PanePictures {
 struct PaneDescription {
     Pane pane;
     PaneGroup group;
-    std::string_view id; ///< in the names of files
-    std::string_view title;
+    std::string_view id;   ///< in the names of files
+    const char* title;     ///< still to be said
     std::string_view icon; ///< a name of the icon table
     /// Module and file of its face, which takes `model`, or what `facts` gives where there is no
     /// model.

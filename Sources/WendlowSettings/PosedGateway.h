@@ -19,11 +19,6 @@ public:
 
     explicit PosedGateway(Answers answers) : m_answers(std::move(answers)) {}
 
-    static std::shared_ptr<WendlowClient> client(Answers answers) {
-        return std::make_shared<InProcessClient>(
-            std::make_shared<PosedGateway>(std::move(answers)));
-    }
-
     QCoro::Task<GatewayResponse> handle(GatewayRequest request) override {
         const auto found = m_answers.find(request.verb());
         if (found != m_answers.end())

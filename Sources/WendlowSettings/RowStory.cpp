@@ -1,6 +1,6 @@
 #include "RowStory.h"
 
-#include <fmt/format.h>
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -23,17 +23,25 @@ std::string headline(const Subject& subject) {
     const bool connect = subject.verb->verb == RowVerb::connect;
     const std::string& name = subject.name;
     if (subject.verb->result == Result::refused)
-        return fmt::format("{} was not {}.", name, connect ? "connected" : "disconnected");
+        return connect ? say("{} was not connected.", name) : say("{} was not disconnected.", name);
     const bool changed = subject.verb->result == Result::changed;
     if (isDone(subject) && changed)
-        return connect ? fmt::format("Connected. Restart {} to use it.", name)
-                       : fmt::format("Disconnected. Restart {} to finish.", name);
+        return connect ? say("Connected. Restart {} to use it.", name)
+                       : say("Disconnected. Restart {} to finish.", name);
     if (isDone(subject))
-        return connect ? fmt::format("{} is connected. Nothing needed changing.", name)
-                       : fmt::format("{} is not connected. Nothing needed changing.", name);
-    return fmt::format("{}, but {} is {}. What is left stands below.",
-                       changed ? "Changed" : "Nothing was changed", name,
-                       connect ? "not connected yet" : "not disconnected yet");
+        return connect ? say("{} is connected. Nothing needed changing.", name)
+                       : say("{} is not connected. Nothing needed changing.", name);
+    if (changed)
+        return connect
+                   ? say("Changed, but {} is not connected yet. What is left stands below.", name)
+                   : say("Changed, but {} is not disconnected yet. What is left stands below.",
+                         name);
+    return connect
+               ? say("Nothing was changed, but {} is not connected yet. What is left stands below.",
+                     name)
+               : say("Nothing was changed, but {} is not disconnected yet. What is left stands "
+                     "below.",
+                     name);
 }
 
 RowStrip verbStrip(const Subject& subject) {
@@ -63,7 +71,7 @@ std::vector<RowStrip> strips(const Subject& subject) {
     // The switch is off and can but connect; here it can be taken out too.
     if (subject.state == ConnectorState::drifted)
         list.push_back({.tone = Tone::warning,
-                        .headline = fmt::format("{} is not as Wendlow left it.", subject.name),
+                        .headline = say("{} is not as Wendlow left it.", subject.name),
                         .actions = {RowAction::connect, RowAction::disconnect}});
     return list;
 }
@@ -77,7 +85,8 @@ std::vector<ConnectableAppNote> changes(const Subject& subject) {
 std::string changesTitle(const Subject& subject) {
     if (changes(subject).empty())
         return {};
-    return subject.verb->result == Result::changed ? "What changed" : "What was looked at";
+    return subject.verb->result == Result::changed ? say("What changed")
+                                                   : say("What was looked at");
 }
 
 std::string spoken(const Subject& subject) {
@@ -96,15 +105,15 @@ std::string spoken(const Subject& subject) {
 std::string label(RowAction action) {
     switch (action) {
     case RowAction::undo:
-        return "Undo";
+        return say("Undo");
     case RowAction::connect:
-        return "Connect again";
+        return say("Connect again");
     case RowAction::disconnect:
-        return "Disconnect";
+        return say("Disconnect");
     case RowAction::copyPath:
-        return "Copy path";
+        return say("Copy path");
     case RowAction::lookAgain:
-        return "Look again";
+        return say("Look again");
     }
     std::unreachable();
 }

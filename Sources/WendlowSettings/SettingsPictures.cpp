@@ -55,9 +55,12 @@ void run() {
         QCoreApplication::processEvents();
 }
 
-template<class Model, class Stand>
-void takeOf(const PanePictures& pictures, const char* state, std::unique_ptr<Model> model,
+/// `make` makes the model over a daemon with these answers.
+template<class Make, class Stand>
+void takeOf(const PanePictures& pictures, const char* state, Answers answers, const Make& make,
             const Stand& stand) {
+    const auto daemon = std::make_shared<PosedGateway>(std::move(answers));
+    auto model = make(std::make_shared<InProcessClient>(daemon));
     pictures.pose(model.get());
     run();
     stand(*model);
@@ -66,16 +69,21 @@ void takeOf(const PanePictures& pictures, const char* state, std::unique_ptr<Mod
     pictures.pose(nullptr);
     // The face that looked at the model goes before it.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    model.reset();
+    daemon->giveUp(); // who still waits would hold it for ever
 }
 
 } // namespace
 
 void takeGeneral(const PanePictures& pictures) {
     const auto take = [&](const char* state, Answers answers, auto stand) {
-        takeOf(pictures, state,
-               std::make_unique<PrivacyModel>(PosedGateway::client(std::move(answers)),
-                                              PrivacyModel::Surroundings{}),
-               stand);
+        takeOf(
+            pictures, state, std::move(answers),
+            [](std::shared_ptr<WendlowClient> client) {
+                return std::make_unique<PrivacyModel>(std::move(client),
+                                                      PrivacyModel::Surroundings{});
+            },
+            stand);
     };
     const auto still = [](PrivacyModel&) {};
     const AnswerCase::Flag on{true};
@@ -117,20 +125,18 @@ void takeGeneral(const PanePictures& pictures) {
 }
 
 void takeRecording(const PanePictures& pictures) {
+    const auto overApps = [](std::shared_ptr<WendlowClient> client) {
+        const auto installed = [] {
+            return std::vector<std::string>{"Calendar", "Mail",   "Messages", "Music",
+                                            "Notes",    "Photos", "Terminal"};
+        };
+        return std::make_unique<RecordingControlModel>(
+            std::move(client), AppChooser::Surroundings{.installed = installed, .choose = nullptr});
+    };
     const auto take = [&](const char* state, std::vector<Rule> rules, auto stand) {
         Answers answers{{"get_rules", AnswerCase::Rules{std::move(rules)}},
                         {"favicons", AnswerCase::Icons{}}};
-        takeOf(pictures, state,
-               std::make_unique<RecordingControlModel>(
-                   PosedGateway::client(std::move(answers)),
-                   AppChooser::Surroundings{.installed =
-                                                [] {
-                                                    return std::vector<std::string>{
-                                                        "Calendar", "Mail",   "Messages", "Music",
-                                                        "Notes",    "Photos", "Terminal"};
-                                                },
-                                            .choose = nullptr}),
-               stand);
+        takeOf(pictures, state, std::move(answers), overApps, stand);
     };
     auto rule = [number = 0](OpenCase<RuleKind> kind, const char* value,
                              OpenCase<RuleTier> tier) mutable {
@@ -173,20 +179,16 @@ void takeRecording(const PanePictures& pictures) {
                  ("site-" + std::to_string(at) + ".a-rather-long-name.example.net").c_str(),
                  RuleTier::never));
     take("many", std::move(rules), still);
-    takeOf(pictures, "failed",
-           std::make_unique<RecordingControlModel>(
-               PosedGateway::client({{"get_rules", AnswerCase::Failure{noDaemon}}}),
-               AppChooser::Surroundings{}),
-           still);
+    takeOf(pictures, "failed", {{"get_rules", AnswerCase::Failure{noDaemon}}}, overApps, still);
 }
 
 void takeRecovery(const PanePictures& pictures) {
+    const auto make = [](std::shared_ptr<WendlowClient> client) {
+        return std::make_unique<RecoveryModel>(std::move(client), [](const QString&) {});
+    };
     const auto take = [&](const char* state, const char* protection, Answers more, auto stand) {
         more.emplace("recovery_state", AnswerCase::Text{protection});
-        takeOf(pictures, state,
-               std::make_unique<RecoveryModel>(PosedGateway::client(std::move(more)),
-                                               [](const QString&) {}),
-               stand);
+        takeOf(pictures, state, std::move(more), make, stand);
     };
     const auto still = [](RecoveryModel&) {};
     const auto unlock = [](RecoveryModel& model) {
@@ -208,11 +210,7 @@ void takeRecovery(const PanePictures& pictures) {
     take("refused", "locked", {{"enter_phrase", refused(StoreWord::phraseBadChecksum)}}, unlock);
     take("checking", "locked", {}, unlock);
     take("accepted", "locked", {{"enter_phrase", AnswerCase::Ok{}}}, unlock);
-    takeOf(pictures, "unknown",
-           std::make_unique<RecoveryModel>(
-               PosedGateway::client({{"recovery_state", AnswerCase::Failure{noDaemon}}}),
-               [](const QString&) {}),
-           still);
+    takeOf(pictures, "unknown", {{"recovery_state", AnswerCase::Failure{noDaemon}}}, make, still);
 }
 
 } // namespace wendlow::SettingsPictures

@@ -1,5 +1,7 @@
 #include "SettingsRoot.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -77,7 +79,7 @@ QVariantList SettingsRoot::groups() {
     const auto panes = Panes::all();
     for (std::size_t place = 0; place < panes.size(); ++place) {
         const PaneDescription& pane = panes[place];
-        group.append(QVariantMap{{QStringLiteral("title"), text(pane.title)},
+        group.append(QVariantMap{{QStringLiteral("title"), text(say(pane.title))},
                                  {QStringLiteral("icon"), text(pane.icon)},
                                  {QStringLiteral("place"), static_cast<int>(place)}});
         // Wrapped, or the group's panes would be appended to the outer list one by one.
@@ -107,7 +109,7 @@ QVariantMap SettingsRoot::properties() const {
 }
 
 QString SettingsRoot::footer() {
-    return QStringLiteral("Private on this mac. Fully encrypted.");
+    return text(say("Private on this mac. Fully encrypted."));
 }
 
 } // namespace wendlow

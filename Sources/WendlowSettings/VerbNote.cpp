@@ -2,16 +2,14 @@
 
 #include "Connector.h"
 #include "FilePlace.h"
+#include "Say.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace wendlow {
 
 namespace {
-
-constexpr std::string_view backupSentence = "a backup was written here before this change";
 
 /// Copies are left out: pruned by a later verb, they say nothing about the tool's own files.
 std::vector<std::string> concerned(const ConnectorOutcome& outcome) {
@@ -38,7 +36,8 @@ VerbNote VerbNote::of(const Connector& connector, RowVerb verb) {
     for (const std::filesystem::path& backup : outcome.backups)
         if (std::ranges::find(note.lines, backup.string(), &Observation::subject) ==
             note.lines.end())
-            note.lines.push_back({backup.string(), std::string(backupSentence)});
+            note.lines.push_back(
+                {backup.string(), say("a backup was written here before this change")});
     note.places = FilePlace::words(note.lines);
     return note;
 }

@@ -2,6 +2,7 @@
 
 #include "BuildName.h"
 #include "ClientVersion.h"
+#include "Say.h"
 
 #include <QVariantMap>
 
@@ -14,7 +15,7 @@ namespace {
 
 struct Part {
     std::string_view name;
-    std::string_view licence;
+    const char* licence; ///< still to be said, where it is no name
 };
 
 constexpr auto linked = std::to_array<Part>({
@@ -22,26 +23,24 @@ constexpr auto linked = std::to_array<Part>({
     {"QCoro 6", "MIT"},
     {"Boost (Describe, JSON)", "BSL 1.0"},
     {"{fmt}", "MIT"},
-    {"libplist", "LGPL 2.1 or later"},
+    {"libplist", sayLater("LGPL 2.1 or later")},
     {"libsodium", "ISC"},
-    {"SQLite", "public domain"},
+    {"SQLite", sayLater("public domain")},
 });
 
 } // namespace
 
 QString version() {
-    const QString number =
-        QStringLiteral("Version ") + QString::fromStdString(ClientVersion::current());
+    const std::string number = ClientVersion::current();
     constexpr std::string_view build = buildName;
-    return build.empty() ? number
-                         : QStringLiteral("%1, build %2").arg(number, QString::fromUtf8(build));
+    return build.empty() ? say("Version {}", number) : say("Version {}, build {}", number, build);
 }
 
 QVariantList parts() {
     QVariantList list;
     for (const Part& part : linked)
         list.append(QVariantMap{{QStringLiteral("name"), QString::fromUtf8(part.name)},
-                                {QStringLiteral("licence"), QString::fromUtf8(part.licence)}});
+                                {QStringLiteral("licence"), say(part.licence)}});
     return list;
 }
 

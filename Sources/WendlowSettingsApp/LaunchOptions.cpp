@@ -1,5 +1,7 @@
 #include "LaunchOptions.h"
 
+#include "Say.h"
+
 #include <charconv>
 #include <memory>
 
@@ -40,6 +42,10 @@ std::optional<double> scaleOf(std::string_view text) {
     return isRead && scale >= 1 && scale <= 2 ? std::optional(scale) : std::nullopt;
 }
 
+std::unexpected<std::string> wrong(const QString& words) {
+    return std::unexpected(words.toStdString());
+}
+
 } // namespace
 
 std::expected<LaunchOptions, std::string>
@@ -52,23 +58,23 @@ LaunchOptions::parse(std::span<const std::string> arguments) {
             options.firstFrame = true;
         } else if (*argument == "--snapshots") {
             if (next == arguments.end() || next->empty() || next->starts_with("--"))
-                return std::unexpected("--snapshots needs the folder for the pictures");
+                return wrong(say("--snapshots needs the folder for the pictures"));
             options.snapshots = *next;
             argument = next;
         } else if (*argument == "--size") {
             options.size = next == arguments.end() ? std::nullopt : pixelSize(*next);
             if (!options.size)
-                return std::unexpected("--size needs a size such as 1280x800");
+                return wrong(say("--size needs a size such as 1280x800"));
             argument = next;
         } else if (argument->starts_with(paneArgument)) {
             options.settingsPane =
                 Panes::withId(std::string_view(*argument).substr(paneArgument.size()));
             if (!options.settingsPane)
-                return std::unexpected("--pane= needs one of " + paneNames());
+                return wrong(say("--pane= needs one of {}", paneNames()));
         } else if (*argument == "--text-scale") {
             options.textScale = next == arguments.end() ? std::nullopt : scaleOf(*next);
             if (!options.textScale)
-                return std::unexpected("--text-scale needs a number from 1 to 2 such as 1.5");
+                return wrong(say("--text-scale needs a number from 1 to 2 such as 1.5"));
             argument = next;
         }
     }

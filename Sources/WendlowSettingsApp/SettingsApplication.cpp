@@ -3,6 +3,7 @@
 #include "ClientInstance.h"
 #include "ConnectedAppsModel.h"
 #include "JourneyOpening.h"
+#include "Say.h"
 #include "ThemeSource.h"
 
 #include <QCoreApplication>
@@ -68,20 +69,19 @@ void SettingsApplication::buildMainMenu() {
         0, {.id = QStringLiteral("application"),
             .title = product,
             .lines = {{.id = QStringLiteral("about"),
-                       .title = QStringLiteral("About ") + product,
+                       .title = say("About {}", product),
                        .keys = std::nullopt,
                        .act = [this] { showAbout(); }},
                       MenuLine::of(Shortcuts::KeyboardShortcuts, "shortcuts",
                                    [this] { showShortcuts(); }),
                       {},
                       MenuLine::of(Shortcuts::Quit, "terminate", &QCoreApplication::quit)}});
-    m_mainMenu.insert(1, {.id = QStringLiteral("edit"),
-                          .title = QStringLiteral("Edit"),
-                          .lines = m_editActions.lines()});
+    m_mainMenu.insert(
+        1, {.id = QStringLiteral("edit"), .title = say("Edit"), .lines = m_editActions.lines()});
     m_mainMenu.insert(
         2,
         {.id = QStringLiteral("window"),
-         .title = QStringLiteral("Window"),
+         .title = say("Window"),
          .lines = {
              frontLine(Shortcuts::Close, "performClose", [](QWindow& window) { window.close(); }),
              frontLine(Shortcuts::Minimize, "performMiniaturize",
@@ -89,9 +89,9 @@ void SettingsApplication::buildMainMenu() {
              {},
              MenuLine::of(Shortcuts::Settings, "showSettings",
                           [this] { show(WindowDoor::Pane::settings, WindowDoor::Front::bring); }),
-             showLine("showMemories", "Memories", WindowDoor::Pane::editor),
-             showLine("showStats", "Stats", WindowDoor::Pane::stats),
-             showLine("showFirstRun", "First Run", WindowDoor::Pane::onboarding)}});
+             showLine("showMemories", sayLater("Memories"), WindowDoor::Pane::editor),
+             showLine("showStats", sayLater("Stats"), WindowDoor::Pane::stats),
+             showLine("showFirstRun", sayLater("First Run"), WindowDoor::Pane::onboarding)}});
 }
 
 MenuLine SettingsApplication::frontLine(Shortcuts::Id keys, const char* id, void (*act)(QWindow&)) {
@@ -102,7 +102,7 @@ MenuLine SettingsApplication::frontLine(Shortcuts::Id keys, const char* id, void
 
 MenuLine SettingsApplication::showLine(const char* id, const char* title, WindowDoor::Pane pane) {
     return {.id = QString::fromLatin1(id),
-            .title = QString::fromLatin1(title),
+            .title = say(title),
             .keys = std::nullopt,
             .act = [this, pane] { show(pane, WindowDoor::Front::bring); }};
 }

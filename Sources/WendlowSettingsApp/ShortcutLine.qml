@@ -14,7 +14,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: line.title
-    Accessible.description: line.keys.join(qsTr(" or "))
+    Accessible.description: line.keys.length > 1 ? qsTr("%1 or %2").arg(line.keys[0]).arg(line.keys[1]) : line.keys[0]
 
     Label {
         id: words

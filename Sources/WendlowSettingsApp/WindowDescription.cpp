@@ -1,5 +1,7 @@
 #include "WindowDescription.h"
 
+#include "Say.h"
+
 #include <QScreen>
 #include <QVariant>
 #include <QWindow>
@@ -31,7 +33,7 @@ Qt::WindowFlags windowFlags(WindowStyles styles) {
 } // namespace
 
 void dress(QWindow& window, const WindowDescription& description) {
-    window.setTitle(QString::fromUtf8(description.title));
+    window.setTitle(say(description.title));
     window.setFlags(windowFlags(description.styles));
     window.resize(description.size);
     const bool resizable = description.styles.testFlag(WindowStyle::resizable);

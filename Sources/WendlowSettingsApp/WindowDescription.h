@@ -49,8 +49,8 @@ enum class WindowPlace { centred, centredThenCascaded };
 struct WindowDescription {
     WindowKind kind;
     std::string_view id; ///< in the names of files
-    std::string_view title;
-    QSize size; ///< in device-independent pixels
+    const char* title;   ///< still to be said
+    QSize size;          ///< in device-independent pixels
     WindowStyles styles;
     WindowSide side = WindowSide::plain;
     WindowPlace place = WindowPlace::centred;

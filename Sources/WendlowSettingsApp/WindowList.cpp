@@ -1,5 +1,5 @@
 #include "ClientInstance.h"
-#include "JourneyWords.h"
+#include "TranslationContext.h"
 #include "WindowDescription.h"
 #include "WindowModels.h"
 #include "WindowPictures.h"
@@ -78,7 +78,7 @@ bool isEditorComplete(WindowModels& models) {
 constexpr auto windows = std::to_array<WindowDescription>({
     {.kind = Kind::settings,
      .id = "settings",
-     .title = ClientInstance::productName,
+     .title = ClientInstance::productName.data(),
      .size = {980, 860},
      .styles = fullSize,
      .door = Door::settings,
@@ -88,7 +88,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeSettings},
     {.kind = Kind::stats,
      .id = "stats",
-     .title = "Stats",
+     .title = sayLater("Stats"),
      .size = {800, 780},
      .styles = fullSize,
      .door = Door::stats,
@@ -98,7 +98,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeStats},
     {.kind = Kind::editor,
      .id = "editor",
-     .title = "Memories",
+     .title = sayLater("Memories"),
      .size = {980, 860},
      .styles = fullSize,
      .side = WindowSide::editor,
@@ -110,7 +110,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeEditor},
     {.kind = Kind::onboarding,
      .id = "journey",
-     .title = JourneyWords::windowTitle,
+     .title = sayLater("Welcome to Wendlow"),
      .size = {800, 620},
      .styles = fixed,
      .alwaysDark = true,
@@ -122,7 +122,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeJourney},
     {.kind = Kind::workbench,
      .id = "workbench",
-     .title = "Workbench",
+     .title = sayLater("Workbench"),
      .size = {1200, 680},
      .styles = bench,
      .side = WindowSide::editor,
@@ -133,7 +133,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeWorkbench},
     {.kind = Kind::controlsBench,
      .id = "controls-bench",
-     .title = "Controls Bench",
+     .title = sayLater("Controls Bench"),
      .size = {780, 900},
      .styles = bench,
      .side = WindowSide::editor,
@@ -142,7 +142,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeControls},
     {.kind = Kind::filtersBench,
      .id = "filters-bench",
-     .title = "Filters Bench",
+     .title = sayLater("Filters Bench"),
      .size = {820, 940},
      .styles = bench,
      .side = WindowSide::editor,
@@ -152,7 +152,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeFilters},
     {.kind = Kind::searchBench,
      .id = "search-bench",
-     .title = "Search Bench",
+     .title = sayLater("Search Bench"),
      .size = {1080, 900},
      .styles = bench,
      .side = WindowSide::editor,
@@ -162,7 +162,7 @@ constexpr auto windows = std::to_array<WindowDescription>({
      .takePictures = WindowPictures::takeSearch},
     {.kind = Kind::rowsBench,
      .id = "rows-bench",
-     .title = "Rows Bench",
+     .title = sayLater("Rows Bench"),
      .size = {980, 940},
      .styles = bench,
      .side = WindowSide::editor,

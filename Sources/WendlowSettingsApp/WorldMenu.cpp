@@ -1,5 +1,7 @@
 #include "WorldMenu.h"
 
+#include "Say.h"
+
 #include <utility>
 
 namespace wendlow {
@@ -18,14 +20,14 @@ WorldMenuActions::WorldMenuActions(Worlds worlds, OpenBench openBench)
 MenuDescription WorldMenuActions::menu() const {
     using World = EditorWorld;
     MenuDescription menu{.id = worldMenuId(),
-                         .title = QStringLiteral("World"),
+                         .title = say("World"),
                          .lines = {world("dayZero", World::dayZero, Shortcuts::DayZero),
                                    world("someData", World::someData, Shortcuts::SomeData),
                                    world("powerUser", World::powerUser, Shortcuts::PowerUser),
                                    world("realData", World::realData, Shortcuts::RealData),
                                    {},
                                    {.id = QStringLiteral("resetWorld"),
-                                    .title = QStringLiteral("Reset World"),
+                                    .title = say("Reset World"),
                                     .keys = std::nullopt,
                                     .act = [this] { m_worlds().resetWorld(); }},
                                    {}}};
@@ -37,14 +39,13 @@ MenuDescription WorldMenuActions::menu() const {
 
 MenuLine WorldMenuActions::world(const char* id, EditorWorld world, Shortcuts::Id keys) const {
     MenuLine line = MenuLine::of(keys, id, [this, world] { m_worlds().switchWorld(world); });
-    line.title = QString::fromUtf8(label(world));
     line.checked = [this, world] { return m_worlds().world() == world; };
     return line;
 }
 
 MenuLine WorldMenuActions::bench(const WindowDescription& window) const {
     return {.id = QString::fromUtf8(window.worldLine),
-            .title = QString::fromUtf8(window.title),
+            .title = say(window.title),
             .keys = std::nullopt,
             .act = [this, kind = window.kind] { m_openBench(kind); }};
 }

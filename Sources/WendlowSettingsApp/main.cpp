@@ -1,11 +1,13 @@
 #include "Appearance.h"
 #include "ApplicationSeat.h"
 #include "BusPulse.h"
+#include "CatalogueTranslator.h"
 #include "ClientInstance.h"
 #include "ExportedScreens.h"
 #include "FileChooser.h"
 #include "FirstFrame.h"
 #include "GatewayPresence.h"
+#include "InstalledBundle.h"
 #include "Pane.h"
 #include "SessionBus.h"
 #include "SessionBusAddress.h"
@@ -14,6 +16,7 @@
 #include "Snapshots.h"
 #include "SystemLooks.h"
 #include "TerminationSignals.h"
+#include "Translation.h"
 #include "UnimplementedGateway.h"
 #include "XPCClient.h"
 
@@ -159,7 +162,7 @@ std::optional<int> handOver(Doorway& doorway, const LaunchOptions& options) {
         case ApplicationSeat::Heard::yes:
             return 0;
         case ApplicationSeat::Heard::silent:
-            fmt::print(stderr, "wendlow-settings: {}\n", ApplicationSeat::unheardSentence);
+            fmt::print(stderr, "wendlow-settings: {}\n", ApplicationSeat::unheardSentence());
             return unheard;
         case ApplicationSeat::Heard::nobody:
             break;
@@ -214,6 +217,8 @@ int runApplication(const LaunchOptions& options, Doorway& doorway) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (const auto bundle = InstalledBundle::current())
+        Translation::begin(*bundle / "Contents" / "Resources");
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const auto options = LaunchOptions::parse(arguments);
     if (!options) {
@@ -229,5 +234,8 @@ int main(int argc, char** argv) {
         if (const auto status = handOver(doorway, *options))
             return *status;
     const auto toolkit = makeToolkit(argc, argv, pulse);
+    CatalogueTranslator translator;
+    if (Translation::isLoaded())
+        QCoreApplication::installTranslator(&translator);
     return options->snapshots ? takeSnapshots(*options) : runApplication(*options, doorway);
 }

@@ -1,5 +1,7 @@
 #include "AllTimeBand.h"
 
+#include "Say.h"
+
 using namespace Qt::StringLiterals;
 
 namespace wendlow::AllTimeBand {
@@ -31,11 +33,11 @@ QString none() {
 }
 
 std::array<Stat, size> stats(const std::optional<AllTimeTotals>& totals) {
-    std::array<Stat, size> band{{{{}, u"storage"_s, u"used"_s},
-                                 {{}, u"days"_s, u"running"_s},
-                                 {{}, u"per day"_s, u"on disk"_s},
-                                 {{}, u"meetings"_s, u"captured"_s},
-                                 {{}, u"avg CPU"_s, u"engine"_s}}};
+    std::array<Stat, size> band{{{{}, say("storage used")},
+                                 {{}, say("days running")},
+                                 {{}, say("per day on disk")},
+                                 {{}, say("meetings captured")},
+                                 {{}, say("avg CPU engine")}}};
     if (!totals)
         return band;
     band[0].value = Figure{.kind = Kind::storage, .amount = totals->storageBytes};

@@ -14,8 +14,7 @@ namespace wendlow::AllTimeBand {
 struct Stat {
     /// Nothing: it is not known, or there is none.
     std::optional<Dashboard::Figure> value;
-    QString upper; ///< the two words below it
-    QString lower;
+    QString label; ///< what stands below it
     bool operator==(const Stat&) const = default;
 };
 

@@ -41,7 +41,7 @@ Card {
             height: card.cellHeight
 
             Accessible.role: Accessible.ListItem
-            Accessible.name: cell.modelData.words + " " + cell.modelData.label
+            Accessible.name: qsTr("%1 %2").arg(cell.modelData.words).arg(cell.modelData.label)
 
             Hairline {
                 visible: cell.column > 0

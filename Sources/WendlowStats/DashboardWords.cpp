@@ -1,5 +1,7 @@
 #include "DashboardWords.h"
 
+#include "Say.h"
+
 #include <QDateTime>
 #include <QStringList>
 
@@ -14,10 +16,6 @@ namespace {
 
 constexpr std::int64_t minute = 60;
 constexpr std::int64_t anHour = 3600;
-
-QString number(std::int64_t value) {
-    return QString::number(value);
-}
 
 Bar barOf(const std::string& name, std::int64_t active, std::int64_t top) {
     return {.name = {},
@@ -35,25 +33,25 @@ bool hasTime(std::int64_t active) {
 
 QString dashTime(std::int64_t seconds) {
     if (seconds < anHour)
-        return number(seconds / minute) + u'm';
-    const QString hours = number(seconds / anHour) + u'h';
+        return say("{}m", seconds / minute);
+    const std::int64_t hours = seconds / anHour;
     const std::int64_t over = seconds % anHour;
-    return over < minute ? hours : hours + u' ' + number(over / minute) + u'm';
+    return over < minute ? say("{}h", hours) : say("{}h {}m", hours, over / minute);
 }
 
 QString exactTime(std::int64_t seconds) {
     // The rest of a division has the sign of what is divided, so the parts are taken without it.
     const auto part = [seconds](std::int64_t unit, std::int64_t of) {
         const std::int64_t count = seconds / unit;
-        return number(std::abs(of > 0 ? count % of : count));
+        return std::abs(of > 0 ? count % of : count);
     };
     QStringList parts;
     if (std::abs(seconds / anHour) > 0)
-        parts.append(part(anHour, 0) + u'h');
+        parts.append(say("{}h", part(anHour, 0)));
     if (seconds / minute % minute != 0)
-        parts.append(part(minute, minute) + u'm');
+        parts.append(say("{}m", part(minute, minute)));
     if (seconds % minute != 0 || parts.isEmpty())
-        parts.append(part(1, minute) + u's');
+        parts.append(say("{}s", part(1, minute)));
     return (seconds < 0 ? u"−"_s : QString()) + parts.join(u' ');
 }
 
@@ -61,17 +59,18 @@ QString dayPart(int hour) {
     struct Part {
         int first;
         int last;
-        const char16_t* words;
+        const char* words;
     };
     static constexpr Part parts[] = {
-        {5, 7, u"early morning"},     {8, 10, u"mid morning"},    {11, 11, u"late morning"},
-        {12, 13, u"early afternoon"}, {14, 15, u"mid afternoon"}, {16, 17, u"late afternoon"},
-        {18, 20, u"evening"},         {21, 23, u"late evening"},
+        {5, 7, sayLater("early morning")},   {8, 10, sayLater("mid morning")},
+        {11, 11, sayLater("late morning")},  {12, 13, sayLater("early afternoon")},
+        {14, 15, sayLater("mid afternoon")}, {16, 17, sayLater("late afternoon")},
+        {18, 20, sayLater("evening")},       {21, 23, sayLater("late evening")},
     };
     for (const Part& part : parts)
         if (hour >= part.first && hour <= part.last)
-            return QString::fromUtf16(part.words);
-    return u"the small hours"_s;
+            return say(part.words);
+    return say("the small hours");
 }
 
 QString dayPartOf(double time) {
@@ -124,7 +123,7 @@ DayCardFace appsFace(const std::optional<Today>& today) {
         return {Kind::loading, {}};
     const bool any = std::ranges::any_of(
         today->apps, [](const AppShare& app) { return !app.isBrowser && hasTime(app.active); });
-    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, u"no app data"_s};
+    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, say("no app data")};
 }
 
 DayCardFace webFace(const std::optional<Web>& web) {
@@ -132,29 +131,29 @@ DayCardFace webFace(const std::optional<Web>& web) {
     if (!web)
         return {Kind::loading, {}};
     const bool any = std::ranges::any_of(web->sites, hasTime, &WebSite::active);
-    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, u"no web data"_s};
+    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, say("no web data")};
 }
 
 DayCardFace attentionFace(const std::optional<Attention>& attention) {
     using Kind = DayCardFace::Kind;
     const bool any = attention && (attention->aiSeconds != 0 || attention->humansSeconds != 0 ||
                                    attention->scrollingSeconds != 0);
-    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, u"no attention data"_s};
+    return any ? DayCardFace{Kind::loaded, {}} : DayCardFace{Kind::empty, say("no attention data")};
 }
 
 QString appsTitle(const std::optional<Today>& today) {
     if (appsFace(today).kind != DayCardFace::Kind::loaded)
-        return u"apps"_s;
+        return say("apps");
     std::int64_t all = 0;
     for (const AppShare& app : listedApps(*today))
         all = sum(all, app.active);
-    return u"apps · "_s + dashTime(all);
+    return say("apps") + u" · "_s + dashTime(all);
 }
 
 QString webTitle(const std::optional<Web>& web) {
     if (webFace(web).kind != DayCardFace::Kind::loaded)
-        return u"web"_s;
-    return u"web · "_s + dashTime(web->browserSeconds);
+        return say("web");
+    return say("web") + u" · "_s + dashTime(web->browserSeconds);
 }
 
 } // namespace wendlow::Dashboard

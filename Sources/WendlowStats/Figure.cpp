@@ -1,6 +1,7 @@
 #include "Figure.h"
 
 #include "DashboardWords.h"
+#include "Say.h"
 #include "StorageWords.h"
 
 namespace wendlow::Dashboard {
@@ -14,7 +15,7 @@ QString Figure::words() const {
     case Kind::count:
         return QString::number(amount);
     case Kind::percent:
-        return QString::number(percent, 'f', 1) + u'%';
+        return say("{}%", QString::number(percent, 'f', 1));
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #include "StatsRoot.h"
 
 #include "AllTimeBand.h"
+#include "Say.h"
 #include "SiteIcon.h"
 
 #include <QLocale>
@@ -49,24 +50,25 @@ Share attentionShare(const Dashboard::Attention& attention, Dashboard::Attention
     const QString spent = Dashboard::dashTime(seconds);
     switch (bucket) {
     case Bucket::humans:
-        return {u"Talking with Humans"_s, spent, seconds};
+        return {say("Talking with Humans"), spent, seconds};
     case Bucket::ai:
-        return {u"Talking with AI"_s, spent, seconds};
+        return {say("Talking with AI"), spent, seconds};
     case Bucket::scrolling:
         break;
     }
-    return {u"Doom Scrolling"_s, u"%1 glances · %2"_s.arg(attention.scrollingGlances).arg(spent),
-            seconds};
+    const std::int64_t glances = attention.scrollingGlances;
+    return {say("Doom Scrolling"),
+            say.plural(glances, "{} glances", "{} glances", glances) + u" · "_s + spent, seconds};
 }
 
 } // namespace
 
 StatsRoot::StatsRoot(std::shared_ptr<WendlowClient> client, DashboardModel::Clock now)
     : m_model(std::move(client), std::move(now)),
-      m_streak(u"today's longest uninterrupted streak"_s) {
+      m_streak(say("today's longest uninterrupted streak")) {
     const auto stats = AllTimeBand::stats(std::nullopt);
     std::ranges::transform(stats, m_band.begin(), [](const AllTimeBand::Stat& stat) {
-        return std::make_unique<StatsFigure>(stat.upper + u' ' + stat.lower);
+        return std::make_unique<StatsFigure>(stat.label);
     });
     connect(&m_model, &DashboardModel::dayChanged, this, &StatsRoot::dayChanged);
     connect(&m_model, &DashboardModel::loadingChanged, this, &StatsRoot::tellLoading);
@@ -89,8 +91,8 @@ void StatsRoot::daemonCame() {
 
 QString StatsRoot::eyebrow() const {
     if (isOnToday())
-        return u"YOUR WORKING DAY"_s;
-    return QLocale::c().toString(m_model.selectedDay(), u"dddd MMMM d yyyy"_s).toUpper();
+        return say("YOUR WORKING DAY");
+    return QLocale::c().toString(m_model.selectedDay(), say("dddd MMMM d yyyy")).toUpper();
 }
 
 void StatsRoot::tellLoading() {
@@ -101,14 +103,14 @@ void StatsRoot::tellLoading() {
     if (isLoading())
         return;
     const QString day = isOnToday()
-                            ? u"Today"_s
-                            : QLocale::c().toString(m_model.selectedDay(), u"dddd MMMM d yyyy"_s);
-    Q_EMIT said(day + u", "_s + (m_total.isKnown() ? m_total.words() : u"not known yet"_s));
+                            ? say("Today")
+                            : QLocale::c().toString(m_model.selectedDay(), say("dddd MMMM d yyyy"));
+    Q_EMIT said(day + u", "_s + (m_total.isKnown() ? m_total.words() : say("not known yet")));
 }
 
 QString StatsRoot::wordsOf(const DayCardFace& face) const {
     if (face.kind == DayCardFace::Kind::loading)
-        return isLoading() ? u"reading…"_s : u"not known yet"_s;
+        return isLoading() ? say("reading…") : say("not known yet");
     return face.words;
 }
 
@@ -167,8 +169,8 @@ QVariantList StatsRoot::work() const {
     const auto share = [&](const QString& name, std::int64_t seconds) {
         return Share{name, today ? u"· "_s + Dashboard::dashTime(seconds) : QString(), seconds};
     };
-    return shareList({share(u"You Work"_s, today ? today->attended : 0),
-                      share(u"Your AI Unattended"_s, today ? today->unattended : 0)});
+    return shareList({share(say("You Work"), today ? today->attended : 0),
+                      share(say("Your AI Unattended"), today ? today->unattended : 0)});
 }
 
 QVariantList StatsRoot::attention() const {

@@ -34,4 +34,10 @@ const char* Translation::find(const char* context, const char* english) {
     return found == key.c_str() ? nullptr : found;
 }
 
+Translation::InEnglish::InEnglish() : m_wasLoaded(loaded.exchange(false)) {}
+
+Translation::InEnglish::~InEnglish() {
+    loaded = m_wasLoaded;
+}
+
 } // namespace wendlow

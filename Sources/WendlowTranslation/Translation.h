@@ -18,4 +18,17 @@ bool isLoaded();
 /// program. Any thread.
 const char* find(const char* context, const char* english);
 
+/// While one lives, all is said in English: for what is read out of a sentence by its shape. In a
+/// program of one thread.
+class InEnglish {
+public:
+    InEnglish();
+    ~InEnglish();
+    InEnglish(const InEnglish&) = delete;
+    InEnglish& operator=(const InEnglish&) = delete;
+
+private:
+    bool m_wasLoaded;
+};
+
 } // namespace wendlow::Translation

@@ -1,8 +1,12 @@
 #include "StoreWords.h"
 
+#include "Say.h"
+
 namespace wendlow::StoreWords {
 
-std::string_view text(StoreWord word) {
+namespace {
+
+const char* english(StoreWord word) {
     switch (word) {
     case StoreWord::revealHasNoKeyBecauseThisBuildHasNone:
         return "this Wendlow does not lock its store with a key, so there is no recovery phrase "
@@ -27,7 +31,8 @@ std::string_view text(StoreWord word) {
         return "a key appeared on this Mac while the phrase was being checked — nothing was "
                "overwritten.";
     case StoreWord::noKeyForTheStoreOnDisk:
-        return "this Mac holds no key for the store on disk — that is what the phrase is for";
+        return sayLater(
+            "this Mac holds no key for the store on disk — that is what the phrase is for");
     case StoreWord::storeUnreadableWithNoReason:
         return "store unreadable";
     case StoreWord::gatewayUnavailableSuffix:
@@ -35,44 +40,58 @@ std::string_view text(StoreWord word) {
     case StoreWord::aGrantIsMissing:
         return "a grant is missing";
     case StoreWord::paneArmedTitle:
-        return "Your memory is encrypted";
+        return sayLater("Your memory is encrypted");
     case StoreWord::paneArmedBody:
-        return "Wendlow locks the memory on this Mac's disk, and your recovery phrase is the "
-               "twelve-word form of that key.";
+        return sayLater(
+            "Wendlow locks the memory on this Mac's disk, and your recovery phrase is the "
+            "twelve-word form of that key.");
     case StoreWord::panePlaintextTitle:
-        return "This build does not encrypt its memory";
+        return sayLater("This build does not encrypt its memory");
     case StoreWord::panePlaintextBody:
-        return "This is a development build of Wendlow, and it keeps its store unencrypted on "
-               "disk. There is no key here and no recovery phrase to reveal.";
+        return sayLater(
+            "This is a development build of Wendlow, and it keeps its store unencrypted on "
+            "disk. There is no key here and no recovery phrase to reveal.");
     case StoreWord::panePhraseHeader:
-        return "Recovery Phrase";
+        return sayLater("Recovery Phrase");
     case StoreWord::panePhraseFooter:
-        return "These twelve words are the key to the memory on this Mac. Write them down and "
-               "store them somewhere safe.";
+        return sayLater(
+            "These twelve words are the key to the memory on this Mac. Write them down and "
+            "store them somewhere safe.");
     case StoreWord::paneRevealButton:
-        return "Reveal Recovery Phrase";
+        return sayLater("Reveal Recovery Phrase");
     case StoreWord::paneHideButton:
-        return "Hide Recovery Phrase";
+        return sayLater("Hide Recovery Phrase");
     case StoreWord::paneCopyButton:
-        return "Copy";
+        return sayLater("Copy");
     case StoreWord::paneMaskedPhrase:
         return "••••  ••••  ••••  ••••  ••••  ••••";
     case StoreWord::paneRestoreHeader:
-        return "Restore from a recovery phrase";
+        return sayLater("Restore from a recovery phrase");
     case StoreWord::paneRestoreFooter:
-        return "Your memory stays on disk, locked, until the right phrase arrives. A wrong "
-               "phrase installs no key and erases nothing; checking one can leave SQLite's own "
-               "empty sidecar files beside your store, and nothing else.";
+        return sayLater(
+            "Your memory stays on disk, locked, until the right phrase arrives. A wrong "
+            "phrase installs no key and erases nothing; checking one can leave SQLite's own "
+            "empty sidecar files beside your store, and nothing else.");
     case StoreWord::paneRestorePrompt:
-        return "word one  word two  word three …";
+        return sayLater("word one  word two  word three …");
     case StoreWord::paneRestoreButton:
-        return "Unlock with Recovery Phrase";
+        return sayLater("Unlock with Recovery Phrase");
     case StoreWord::paneRestoreWorking:
-        return "Checking the phrase…";
+        return sayLater("Checking the phrase…");
     case StoreWord::paneRestoreAccepted:
-        return "Phrase accepted. Wendlow is restarting to unlock your memory.";
+        return sayLater("Phrase accepted. Wendlow is restarting to unlock your memory.");
     }
-    return {};
+    return "";
+}
+
+} // namespace
+
+std::string_view text(StoreWord word) {
+    return english(word);
+}
+
+std::string_view said(StoreWord word) {
+    return say.view(english(word));
 }
 
 } // namespace wendlow::StoreWords

@@ -38,8 +38,10 @@ enum class StoreWord {
 
 namespace StoreWords {
 
-/// Exactly the words that a person reads.
+/// Exactly the words, as the daemon sends them to clients of every language.
 std::string_view text(StoreWord word);
+/// What the pane reads of its own words, in the person's language. It lasts.
+std::string_view said(StoreWord word);
 
 } // namespace StoreWords
 } // namespace wendlow

@@ -263,5 +263,13 @@ TEST(JourneyWords, TakeAHintApart) {
     EXPECT_EQ(JourneyWords::split("**open"), (Hint{"open", ""}));
 }
 
+TEST(JourneyWords, FindTheWayToThePage) {
+    using JourneyWords::linkIn;
+    EXPECT_EQ(linkIn("I agree to the terms.", "terms"), "terms");
+    EXPECT_EQ(linkIn("Souhlasím s podmínkami.", "podmínky"), "Souhlasím s podmínkami.")
+        << "a word that is bent";
+    EXPECT_EQ(linkIn("Souhlasím.", ""), "Souhlasím.");
+}
+
 } // namespace
 } // namespace wendlow

@@ -1,5 +1,7 @@
 #include "FilePlace.h"
+#include "Files.h"
 #include "RowStory.h"
+#include "TemporaryHome.h"
 
 #include <gtest/gtest.h>
 
@@ -51,9 +53,16 @@ TEST(FilePlace, CountsAsAnEditorDoes) {
         {"ä—x", 5, {1, 3}},     {"\xEF\xBB\xBF{", 1, {1, 1}}, {"ab\n", 99, {2, 1}}};
     for (const auto& [bytes, offset, place] : rows)
         EXPECT_EQ(FilePlace::of(bytes, offset), place) << bytes << " at " << offset;
-    EXPECT_EQ(FilePlace::byteIn("the key \"(at byte 3)\" is twice (at byte 90) (2 entries)"), 90U);
-    for (const char* other : {"no byte", "(at byte )", "(at byte 9", "(at byte -1)"})
-        EXPECT_EQ(FilePlace::byteIn(other), std::nullopt) << other;
+}
+
+TEST(FilePlace, IsToldWhereTheByteIsKnownAndTheFileStillHasIt) {
+    const testing::TemporaryHome home;
+    const std::string file = testing::put(home / "settings.json", "{\n x").string();
+    EXPECT_EQ(FilePlace::words({{file, "why (at byte 3)", 3},
+                                {file, "why (at byte 3)"},
+                                {file, "why", 9},
+                                {file + ".gone", "why", 3}}),
+              (std::vector<std::string>{"line 2, column 2", "", "", ""}));
 }
 
 } // namespace

@@ -145,9 +145,9 @@ TEST(DashboardReports, SortSharesAndPickDays) {
 TEST(AllTimeBand, HasFiveFiguresAsFarAsTheyAreKnown) {
     const auto words = [](const std::optional<AllTimeTotals>& totals) {
         std::string all;
-        for (const auto& [value, upper, lower] : AllTimeBand::stats(totals))
-            all += (value ? value->words() : u"none"_qs).toStdString() + ' ' + upper.toStdString() +
-                   ' ' + lower.toStdString() + ';';
+        for (const auto& [value, label] : AllTimeBand::stats(totals))
+            all += (value ? value->words() : u"none"_qs).toStdString() + ' ' + label.toStdString() +
+                   ';';
         return all;
     };
     AllTimeTotals totals{.meetings = 1430,

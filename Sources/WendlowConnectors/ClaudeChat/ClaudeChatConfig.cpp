@@ -37,7 +37,7 @@ std::vector<JSONNode::Member> ours(const JSONNode& root, Profile profile) {
 JSONBlock::Readable read(std::string_view bytes, Profile profile) {
     auto document = JSONText::scanWithTrivia(bytes, JSONDialect::json);
     if (!document)
-        return std::unexpected(document.error().description());
+        return std::unexpected(document.error().unreadable());
     std::vector<JSONNode> objects{document->root()};
     if (const auto servers = document->root().member(serversKey))
         objects.push_back(*servers);
@@ -47,11 +47,6 @@ JSONBlock::Readable read(std::string_view bytes, Profile profile) {
         if (auto reason = JSONBlock::repeatedName(object))
             return std::unexpected(*std::move(reason));
     return *std::move(document);
-}
-
-std::optional<std::string> unreadableReason(std::string_view bytes, Profile profile) {
-    auto document = read(bytes, profile);
-    return document ? std::nullopt : std::optional(std::move(document).error());
 }
 
 JSONBlock::Result<Retired> retired(std::string_view bytes, Profile profile) {

@@ -28,7 +28,6 @@ std::vector<JSONNode::Member> ours(const JSONNode& root, Profile profile);
 
 /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
 JSONBlock::Readable read(std::string_view bytes, Profile profile);
-std::optional<std::string> unreadableReason(std::string_view bytes, Profile profile);
 
 /// Takes our entries out. An `mcpServers` object that is then empty stays: nobody claims to have
 /// made it. The second form takes the scan of `bytes` that was made before.

@@ -2,11 +2,10 @@
 
 #include "ClaudeChat/ClaudeChatConfig.h"
 #include "ConfigFile/Leftovers.h"
+#include "Say.h"
 #include "ToolFile.h"
 
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -14,9 +13,8 @@ namespace {
 
 using Result = ConnectorOutcome::Result;
 
-ConnectorOutcome said(Result result, std::string subject, std::string text) {
-    return {
-        .result = result, .observations = {{std::move(subject), std::move(text)}}, .backups = {}};
+ConnectorOutcome said(Result result, Observation observation) {
+    return {.result = result, .observations = {std::move(observation)}, .backups = {}};
 }
 
 } // namespace
@@ -24,18 +22,20 @@ ConnectorOutcome said(Result result, std::string subject, std::string text) {
 ConnectorOutcome ClaudeChatRetirement::retire() const {
     ToolFile file = ToolFile::read(paths.configFile, ToolFile::Purpose::plan);
     if (!file.bytes)
-        return said(Result::unchanged, file.label, "there is no file here");
+        return said(Result::unchanged, {file.label, say("there is no file here")});
     const auto document = ClaudeChatConfig::read(*file.bytes, profile);
     if (!document)
-        return said(Result::refused, file.label,
-                    fmt::format("this file did not read as JSON — {}", document.error()));
+        return said(Result::refused,
+                    {file.label,
+                     say("this file did not read as {} — {}", "JSON", document.error().reason),
+                     document.error().byte});
     auto retired = ClaudeChatConfig::retired(*file.bytes, *document, profile);
     if (!retired)
-        return said(Result::refused, file.label,
-                    fmt::format("nothing was written — {}", description(retired.error())));
+        return said(Result::refused,
+                    {file.label, say("nothing was written — {}", description(retired.error()))});
     if (retired->names.empty())
-        return said(Result::unchanged, file.label,
-                    "this file holds no Wendlow entry of this profile");
+        return said(Result::unchanged,
+                    {file.label, say("this file holds no Wendlow entry of this profile")});
 
     Observations swept = Leftovers::sweep(file.path, now());
     // Nothing looks at the document from here on: the bytes it points into are moved.
@@ -56,8 +56,7 @@ ConnectorOutcome ClaudeChatRetirement::retire() const {
                              .backups = std::move(committed.backups)};
     for (const std::string& entry : retired->names)
         outcome.observations.push_back(
-            {file.label,
-             fmt::format("the Wendlow entry \"{}\" was removed from this file", entry)});
+            {file.label, say("the Wendlow entry \"{}\" was removed from this file", entry)});
     return outcome;
 }
 

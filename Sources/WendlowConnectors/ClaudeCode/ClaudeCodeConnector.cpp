@@ -5,6 +5,7 @@
 #include "HookLists.h"
 #include "JSONFile.h"
 #include "OwnedNames.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <memory>
@@ -27,13 +28,14 @@ public:
           m_hooks(m_paths.hooksFile, purpose, m_hook), m_servers(m_userFile, purpose, m_mcp) {}
 
     ScanJoin::Findings findings() const override {
-        ScanJoin::Findings found{
-            {{m_hooks.find(m_hook),
-              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
-             {m_servers.find(m_mcp),
-              {.path = m_servers.file.label,
-               .what = "MCP server entry",
-               .command = m_paths.mcpCommand()}}}};
+        ScanJoin::Findings found{{{m_hooks.find(m_hook),
+                                   {.path = m_hooks.file.label,
+                                    .what = OurPart::hookEntry,
+                                    .command = m_paths.hookCommand()}},
+                                  {m_servers.find(m_mcp),
+                                   {.path = m_servers.file.label,
+                                    .what = OurPart::serverEntry,
+                                    .command = m_paths.mcpCommand()}}}};
         found.more =
             obstacles(found.blocks[0].finding.holdsOurs(), found.blocks[1].finding.holdsOurs());
         return found;
@@ -96,14 +98,16 @@ private:
         const auto disabled = settings->root().member("disableAllHooks");
         if (hooksAreThere && disabled && disabled->boolean() == true)
             said.push_back({m_hooks.file.label,
-                            "disableAllHooks is true in this file, so Claude Code runs no hook"});
+                            say("disableAllHooks is true in this file, so Claude Code runs no "
+                                "hook")});
         const auto denied = settings->root().member("deniedMcpServers");
         const auto isOurs = [](const JSONNode& server) {
             return JSONBlock::text(server, "serverName") == OwnedNames::server;
         };
         if (serverIsThere && denied && std::ranges::any_of(denied->elements(), isOurs))
-            said.push_back({m_hooks.file.label, "deniedMcpServers in this file names the Wendlow "
-                                                "server, so Claude Code does not start it"});
+            said.push_back(
+                {m_hooks.file.label, say("deniedMcpServers in this file names the Wendlow server, "
+                                         "so Claude Code does not start it")});
         if (hooksAreThere)
             append(said, Drift::unrunnable(m_paths.hookBinary));
         return said;
@@ -137,7 +141,7 @@ ClaudeCodeConnector::ClaudeCodeConnector(ClaudeCodePaths paths,
     : ToolConnector(
           {.identity = {.id = paths.tool,
                         .name = "Claude Code",
-                        .detail = "The Claude Code CLI and Claude Code in the desktop app.",
+                        .detail = say("The Claude Code CLI and Claude Code in the desktop app."),
                         .symbol = "terminal"},
            .directory = paths.configDirectory,
            .shownBy = {paths.serversFile},

@@ -42,8 +42,7 @@ ClaudeCodeHook::ClaudeCodeHook(ClaudeCodePaths paths)
                .promptCommand = m_paths.hookCommands().front(),
                .preToolCommand = m_paths.preToolCommand(),
                .binary = m_paths.hookBinary,
-               .count = 4,
-               .countName = "four"},
+               .count = HookPlaces::Count::four},
       m_preToolGroup(JSONLiteral::object({
           preToolMatcher(),
           {"hooks", JSONLiteral::array({entry(m_paths.preToolCommand())})},
@@ -64,10 +63,6 @@ ClaudeCodeHook::Readable ClaudeCodeHook::read(std::string_view bytes) const {
     return HookGroups::read(bytes);
 }
 
-std::optional<std::string> ClaudeCodeHook::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 std::vector<HookSite> ClaudeCodeHook::sites(const JSONNode& root) const {
     return HookGroups::sites(root, m_currents);
 }
@@ -86,7 +81,7 @@ std::vector<std::string> ClaudeCodeHook::driftReasons(const std::vector<HookSite
                                                       std::string_view bytes) const {
     auto reasons = m_places.driftReasons(sites);
     if (m_places.areHeld(sites) && !converged(sites, root, bytes))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     return reasons;
 }
 

@@ -1,6 +1,7 @@
 #include "ClaudeCode/ClaudeCodeConnector.h"
 
 #include "ConfigFile/Disk.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <span>
@@ -81,7 +82,8 @@ std::string ClaudeCodeConnector::decodeProjectPath(std::string_view name) {
         pieces = pieces.subspan(1);
     if (auto found = resolve("", pieces.front(), pieces.subspan(1)))
         return *std::move(found);
-    return fmt::format("/{} (decoded path not verified on disk)", fmt::join(pieces, "/"));
+    return say("{} (decoded path not verified on disk)",
+               fmt::format("/{}", fmt::join(pieces, "/")));
 }
 
 } // namespace wendlow

@@ -6,12 +6,11 @@
 #include "Drift.h"
 #include "JSONFile.h"
 #include "OwnedNames.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -19,7 +18,7 @@ namespace {
 
 /// A file that one of our edits left so that we would refuse it ourselves is never written.
 constexpr const char* selfEditFailure =
-    "the planned edit did not read back as TOML, so nothing was written";
+    sayLater("the planned edit did not read back as TOML, so nothing was written");
 
 bool holdsOnlyWhitespace(std::string_view bytes) {
     return bytes.find_first_not_of(" \t\r\n") == std::string_view::npos;
@@ -28,6 +27,23 @@ bool holdsOnlyWhitespace(std::string_view bytes) {
 constexpr ConnectorVerb::FileRole hooksRole{.file = Created::codexHooksFile};
 constexpr ConnectorVerb::FileRole configRole{
     .file = Created::codexConfigFile, .born = 0600, .isEmpty = holdsOnlyWhitespace};
+
+// Both keep one form in English, whatever the number.
+
+std::string replacedText(std::size_t comments) {
+    return say.plural(static_cast<std::int64_t>(comments),
+                      "{} comment lines inside the Wendlow MCP entry were replaced",
+                      "{} comment lines inside the Wendlow MCP entry were replaced", comments);
+}
+
+std::string movedText(std::size_t entries, const std::string& file) {
+    return say.plural(static_cast<std::int64_t>(entries),
+                      "trusted hashes here are recorded by position, and {} hook entries in {} "
+                      "moved position",
+                      "trusted hashes here are recorded by position, and {} hook entries in {} "
+                      "moved position",
+                      entries, file);
+}
 
 /// The hooks file as a plan leaves it. Points into the plan's bytes.
 class PlannedHooks {
@@ -70,15 +86,16 @@ public:
             trust = m_trust.find(config, site(), m_hook);
         }
         Observations trustWords = trustObservations(trust);
-        ScanJoin::Findings found{
-            {{m_hooks.find(m_hook, m_sites),
-              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
-             {std::move(server),
-              {.path = m_config.label,
-               .what = "MCP server entry",
-               .command = m_paths.mcpCommand(),
-               .language = "TOML"}},
-             {std::move(trust), std::move(trustWords)}}};
+        ScanJoin::Findings found{{{m_hooks.find(m_hook, m_sites),
+                                   {.path = m_hooks.file.label,
+                                    .what = OurPart::hookEntry,
+                                    .command = m_paths.hookCommand()}},
+                                  {std::move(server),
+                                   {.path = m_config.label,
+                                    .what = OurPart::serverEntry,
+                                    .command = m_paths.mcpCommand(),
+                                    .language = "TOML"}},
+                                  {std::move(trust), std::move(trustWords)}}};
         if (m_hooks.document && m_configDocument) {
             const auto occupied = site() != nullptr ? m_trust.keys(*site()) : CodexTrust::Keys();
             found.more = slotObservations(
@@ -116,18 +133,15 @@ public:
                           .installed(configBytes(), *m_configDocument, landings,
                                      *m_hook.trustedHash(hooks->site));
         if (!config)
-            return refused(m_config, selfEditFailure);
+            return refused(m_config, say(selfEditFailure));
 
         ConnectorVerb::Installation plan;
         plan.trustSlots = std::move(config->trustSlots);
         if (config->commentsReplaced > 0)
-            plan.notes.push_back(
-                {m_config.label,
-                 fmt::format("{} comment lines inside the Wendlow MCP entry were replaced",
-                             config->commentsReplaced)});
+            plan.notes.push_back({m_config.label, replacedText(config->commentsReplaced)});
         append(plan.notes, slotObservations(config->judgement.report, moved));
         if (config->isServerOff)
-            plan.notes.push_back({m_config.label, std::string(CodexMCP::switchedOffText)});
+            plan.notes.push_back({m_config.label, CodexMCP::switchedOffText()});
         if (config->isHookOff)
             plan.notes.push_back({m_config.label, m_trust.switchedOffText()});
         plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole);
@@ -148,7 +162,7 @@ public:
                 ? CodexConfigPlan::Removed()
                 : configPlan(planned.root(), {}).removed(configBytes(), *m_configDocument, created);
         if (!config)
-            return refused(m_config, selfEditFailure);
+            return refused(m_config, say(selfEditFailure));
 
         ConnectorVerb::Removal plan;
         Observations slots = slotObservations(config->judgement.report, moved);
@@ -171,10 +185,11 @@ private:
         Observations said;
         if (m_configDocument && CodexHook::areHooksOff(*m_configDocument))
             said.push_back(
-                {m_config.label, "hooks is false under features here, so Codex runs no hook"});
+                {m_config.label, say("hooks is false under features here, so Codex runs no hook")});
         if (CodexHook::holdsBrokenTimeout(m_hooks.document->root(), m_hooks.bytes()))
-            said.push_back({m_hooks.file.label, "a timeout in this file is not a whole number, so "
-                                                "Codex reads no hook in it"});
+            said.push_back(
+                {m_hooks.file.label, say("a timeout in this file is not a whole number, so "
+                                         "Codex reads no hook in it")});
         append(said, Drift::unrunnable(m_paths.hookBinary));
         return said;
     }
@@ -194,9 +209,9 @@ private:
         return owned;
     }
 
-    std::optional<std::string> configUnreadableReason(const CodexTrust::Keys& landings) const {
+    std::optional<Unreadable> configUnreadableReason(const CodexTrust::Keys& landings) const {
         if (!m_configDocument)
-            return m_configDocument.error().description();
+            return m_configDocument.error().unreadable();
         return TOMLText::unreadableReason(*m_configDocument, ownedTables(landings));
     }
 
@@ -247,14 +262,11 @@ private:
         Observations said;
         for (const std::string& key : reported)
             said.push_back({m_config.label,
-                            fmt::format("a hash Wendlow's hook has carried before is recorded here "
-                                        "for the slot {}, which Wendlow did not write",
-                                        key)});
+                            say("a hash Wendlow's hook has carried before is recorded here for the "
+                                "slot {}, which Wendlow did not write",
+                                key)});
         if (moved > 0)
-            said.push_back({m_config.label,
-                            fmt::format("trusted hashes here are recorded by position, and {} hook "
-                                        "entries in {} moved position",
-                                        moved, m_paths.hooksFile.string())});
+            said.push_back({m_config.label, movedText(moved, m_paths.hooksFile.string())});
         return said;
     }
 
@@ -262,7 +274,8 @@ private:
         Observations said;
         if (finding.is<BlockFinding::Connected>())
             said.push_back(
-                {m_config.label, "the trusted hash recorded here matches the Wendlow hook entry"});
+                {m_config.label, say("the trusted hash recorded here matches the Wendlow "
+                                     "hook entry")});
         if (const auto* drifted = std::get_if<BlockFinding::Drifted>(&finding.content))
             for (const std::string& reason : drifted->reasons)
                 said.push_back({m_config.label, reason});
@@ -282,7 +295,7 @@ private:
 CodexConnector::CodexConnector(CodexPaths paths, ConnectorVerb::Surroundings surroundings)
     : ToolConnector({.identity = {.id = paths.tool,
                                   .name = "Codex",
-                                  .detail = "The Codex CLI and the ChatGPT desktop app.",
+                                  .detail = say("The Codex CLI and the ChatGPT desktop app."),
                                   .symbol = "terminal"},
                      .directory = paths.configDirectory,
                      .shownBy = {paths.serversFile, paths.hooksFile},

@@ -1,14 +1,13 @@
 #include "Codex/CodexHook.h"
 
 #include "Drift.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <charconv>
 #include <iterator>
 #include <map>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -100,10 +99,6 @@ CodexHook::Readable CodexHook::read(std::string_view bytes) const {
     return HookGroups::read(bytes);
 }
 
-std::optional<std::string> CodexHook::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
-}
-
 std::vector<CodexHookSite> CodexHook::sites(const JSONNode& root, std::string_view bytes) const {
     std::vector<CodexHookSite> result;
     for (HookSite& found : HookGroups::sites(root, m_currents)) {
@@ -140,21 +135,23 @@ std::vector<std::string> CodexHook::driftReasons(const std::vector<CodexHookSite
                                                  std::string_view bytes) const {
     std::vector<std::string> reasons;
     if (sites.size() > 1)
-        reasons.push_back(
-            fmt::format("this file holds {} Wendlow entries where one is expected", sites.size()));
+        reasons.push_back(say.plural(static_cast<std::int64_t>(sites.size()),
+                                     "this file holds {} Wendlow entries where one is expected",
+                                     "this file holds {} Wendlow entries where one is expected",
+                                     sites.size()));
     for (const CodexHookSite& site : sites)
         if (site.event != promptEvent)
-            reasons.push_back(fmt::format(
-                "a Wendlow entry here is under the {} event, which Codex does not read as {}",
-                site.event, promptEvent));
+            reasons.push_back(
+                say("a Wendlow entry here is under the {} event, which Codex does not read as {}",
+                    site.event, promptEvent));
     const CodexHookSite& shown = sites.front();
     std::ranges::move(Drift::reasons(shown.command, m_paths.hookCommand(), m_paths.hookBinary),
                       std::back_inserter(reasons));
     if (!shown.timeout)
-        reasons.emplace_back("the timeout on the Wendlow entry here is not a whole number, so the "
-                             "identity Codex hashes cannot be computed");
+        reasons.push_back(say("the timeout on the Wendlow entry here is not a whole number, so the "
+                              "identity Codex hashes cannot be computed"));
     if (sites.size() == 1 && !m_group.isStatedBy(*root.node(shown.groupPath()), bytes))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     return reasons;
 }
 

@@ -49,7 +49,6 @@ public:
 
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     Readable read(std::string_view bytes) const;
-    std::optional<std::string> unreadableReason(std::string_view bytes) const;
     /// Our entries under any event, in document order. `bytes` are what was scanned.
     std::vector<CodexHookSite> sites(const JSONNode& root, std::string_view bytes) const;
     /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk

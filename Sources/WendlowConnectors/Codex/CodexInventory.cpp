@@ -3,12 +3,11 @@
 #include "ConfigFile/Disk.h"
 #include "ConfigFile/JSONText.h"
 #include "JSONBlock.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <map>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -33,8 +32,9 @@ ProjectReport CodexConnector::projects() const {
              .memory = ConnectorMemoryFile::stat(std::filesystem::path(folder) / "AGENTS.md")});
     report.arrange();
     if (report.projects.empty() && unnamed > 0)
-        report.note = fmt::format("{} session {} no project cwd", unnamed,
-                                  unnamed == 1 ? "file records" : "files record");
+        report.note =
+            say.plural(static_cast<std::int64_t>(unnamed), "{} session file records no project cwd",
+                       "{} session files record no project cwd", unnamed);
     return report;
 }
 

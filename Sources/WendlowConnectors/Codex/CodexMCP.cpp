@@ -4,6 +4,7 @@
 #include "Drift.h"
 #include "Observation.h"
 #include "OwnedNames.h"
+#include "Say.h"
 #include "TOMLDraft.h"
 
 #include <algorithm>
@@ -95,6 +96,10 @@ bool CodexMCP::isSwitchedOff(const TOMLDocument& document) {
     return enabled != nullptr && enabled->raw == "false";
 }
 
+std::string CodexMCP::switchedOffText() {
+    return say("the Wendlow MCP entry here is switched off, so Codex does not start it");
+}
+
 std::vector<const TOMLTable*> CodexMCP::subTables(const TOMLDocument& document) {
     std::vector<const TOMLTable*> found;
     for (const TOMLTable& table : document.tables())
@@ -119,27 +124,27 @@ BlockFinding CodexMCP::find(const TOMLDocument* document, const std::set<Created
     if (table == nullptr && below.empty())
         return {BlockFinding::Absent{}};
     if (table == nullptr)
-        return {BlockFinding::Foreign{
-            {fmt::format("the table [{}] is here with no Wendlow MCP table above it",
-                         TOMLText::joined(below.front()->name))}}};
+        return {
+            BlockFinding::Foreign{{say("the table [{}] is here with no Wendlow MCP table above it",
+                                       TOMLText::joined(below.front()->name))}}};
     const Entries entries = document->entries(*table);
     if (ownership(entries, created) == Ownership::handWritten)
-        return {BlockFinding::Foreign{{"the Wendlow MCP entry here was written by hand and is not "
-                                       "the one this build writes"}}};
+        return {BlockFinding::Foreign{{say("the Wendlow MCP entry here was written by hand and is "
+                                           "not the one this build writes")}}};
     std::vector<std::string> reasons;
     reasons.reserve(below.size());
     for (const TOMLTable* const subTable : below)
         if (!isRecordOfTools(*subTable))
-            reasons.push_back(fmt::format("the table {} hangs under the Wendlow MCP entry here, "
-                                          "and this build did not write it",
-                                          bracketed(subTable->name)));
+            reasons.push_back(say("the table {} hangs under the Wendlow MCP entry here, and this "
+                                  "build did not write it",
+                                  bracketed(subTable->name)));
     if (const auto found = command(entries))
         std::ranges::move(Drift::reasons(*found, m_paths.mcpCommand(), m_paths.mcpBinary),
                           std::back_inserter(reasons));
     if (reasons.empty() && !matchesOurShape(entries))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     if (isSwitchedOff(*document))
-        reasons.emplace_back(switchedOffText);
+        reasons.push_back(switchedOffText());
     return BlockFinding::from(std::move(reasons));
 }
 
@@ -149,8 +154,8 @@ std::optional<std::string> CodexMCP::refusalReason(const TOMLDocument& document,
     const TOMLTable* const table = document.table(tableName());
     const Entries entries = table != nullptr ? document.entries(*table) : Entries{};
     if (table != nullptr && ownership(entries, created) == Ownership::handWritten)
-        return "the [mcp_servers.wendlow] entry here was written by hand and is not one this build "
-               "wrote";
+        return say("the [mcp_servers.wendlow] entry here was written by hand and is not one this "
+                   "build wrote");
     if (verb == Verb::remove || command(entries))
         return std::nullopt;
     const auto below = subTables(document);
@@ -159,9 +164,9 @@ std::optional<std::string> CodexMCP::refusalReason(const TOMLDocument& document,
         below, [](const TOMLTable* subTable) { return isRecordOfTools(*subTable); });
     if (persons == below.end())
         return std::nullopt;
-    return fmt::format("the {} hangs under the Wendlow MCP entry, and writing this file would "
-                       "leave it holding an entry with no command",
-                       bracketed((*persons)->name));
+    return say("the {} hangs under the Wendlow MCP entry, and writing this file would leave it "
+               "holding an entry with no command",
+               bracketed((*persons)->name));
 }
 
 PersonsPart CodexMCP::personsPart(Entries entries, Verb verb) const {
@@ -190,7 +195,7 @@ CodexMCP::Result<CodexMCP::Installed> CodexMCP::installed(std::string_view bytes
         if (std::ranges::any_of(entries, isPersons))
             return editedByKey(bytes, document);
         installed.commentsReplaced = commentLines(document, {table->bodyStart, table->bodyEnd});
-        if (auto lost = personsPart(entries, Verb::install).sentence("replaced"))
+        if (auto lost = personsPart(entries, Verb::install).sentence(PersonsPart::Fate::replaced))
             installed.lost.push_back(*std::move(lost));
     }
     const std::array lines{
@@ -210,7 +215,8 @@ CodexMCP::Result<CodexMCP::Installed> CodexMCP::installed(std::string_view bytes
 CodexMCP::Result<CodexMCP::Installed> CodexMCP::editedByKey(std::string_view bytes,
                                                             const TOMLDocument& document) const {
     Installed installed;
-    if (auto lost = personsPart(ownEntries(document), Verb::install).sentence("replaced"))
+    if (auto lost =
+            personsPart(ownEntries(document), Verb::install).sentence(PersonsPart::Fate::replaced))
         installed.lost.push_back(*std::move(lost));
     TOMLDraft draft(bytes, document);
     bool appended = false;
@@ -264,19 +270,22 @@ std::vector<TOMLName> CodexMCP::ownTables(const TOMLDocument& document,
 std::vector<std::string> CodexMCP::lostByRemoval(const TOMLDocument& document,
                                                  const std::set<Created>& created) const {
     std::vector<std::string> lost;
-    if (auto keys = personsPart(ownEntries(document), Verb::remove).sentence("removed"))
+    if (auto keys =
+            personsPart(ownEntries(document), Verb::remove).sentence(PersonsPart::Fate::removed))
         lost.push_back(*std::move(keys));
     std::vector<std::string> below;
     for (const TOMLName& name : ownTables(document, created))
         if (name != tableName() && std::ranges::count(below, bracketed(name)) == 0)
             below.push_back(bracketed(name));
-    if (!below.empty())
-        lost.push_back(fmt::format("{} and the tables under it, which Codex or a person wrote, "
-                                   "went with it: {}",
-                                   document.table(tableName()) != nullptr
-                                       ? "the Wendlow MCP entry was taken out,"
-                                       : "the Wendlow MCP entry was gone already,",
-                                   listed(below)));
+    if (below.empty())
+        return lost;
+    lost.push_back(document.table(tableName()) != nullptr
+                       ? say("the Wendlow MCP entry was taken out, and the tables under it, which "
+                             "Codex or a person wrote, went with it: {}",
+                             listed(below))
+                       : say("the Wendlow MCP entry was gone already, and the tables under it, "
+                             "which Codex or a person wrote, went with it: {}",
+                             listed(below)));
     return lost;
 }
 

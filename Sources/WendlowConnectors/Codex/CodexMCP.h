@@ -27,9 +27,6 @@ public:
     template<class T> using Result = std::expected<T, TOMLEditFailure>;
     using Entries = std::span<const TOMLEntry>;
 
-    static constexpr std::string_view switchedOffText =
-        "the Wendlow MCP entry here is switched off, so Codex does not start it";
-
     explicit CodexMCP(CodexPaths paths);
 
     static const TOMLName& tableName();
@@ -40,6 +37,8 @@ public:
     /// that Codex would not start with beside them. Codex leaves empty `args` out when it writes.
     bool matchesOurShape(Entries entries) const;
     static bool isSwitchedOff(const TOMLDocument& document);
+    /// "the Wendlow MCP entry here is switched off, ...".
+    static std::string switchedOffText();
     /// The tables whose names extend that of ours.
     static std::vector<const TOMLTable*> subTables(const TOMLDocument& document);
     /// How many lines in a range hold a comment.

@@ -1,12 +1,11 @@
 #include "Codex/CodexTrust.h"
 
 #include "ConfigFile/Disk.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -88,9 +87,10 @@ bool CodexTrust::isSwitchedOff(std::string_view key, const TOMLDocument& documen
 }
 
 std::string CodexTrust::switchedOffText() const {
-    return fmt::format("the hook switch recorded here is off, so Codex does not call the Wendlow "
-                       "hook entry in {}",
-                       m_hooksPaths.front());
+    return say(
+        "the hook switch recorded here is off, so Codex does not call the Wendlow hook entry "
+        "in {}",
+        m_hooksPaths.front());
 }
 
 BlockFinding CodexTrust::find(const TOMLDocument* document, const CodexHookSite* site,
@@ -102,20 +102,20 @@ BlockFinding CodexTrust::find(const TOMLDocument* document, const CodexHookSite*
     const auto computed = hook.trustedHash(*site);
     if (!computed)
         return {BlockFinding::Drifted{
-            {fmt::format("the timeout on the Wendlow hook entry in {} is not a whole number, so "
-                         "the identity Codex hashes cannot be computed",
-                         m_hooksPaths.front())}}};
+            {say("the timeout on the Wendlow hook entry in {} is not a whole number, so the "
+                 "identity Codex hashes cannot be computed",
+                 m_hooksPaths.front())}}};
     std::vector<std::string> reasons;
     for (const std::string& path : m_hooksPaths) {
         const std::string key = CodexTrustSlot::at(path, site->group, site->entry).key;
         const auto recorded = recordedHash(key, *document);
         if (!recorded)
-            reasons.push_back(fmt::format(
-                "no trusted hash is recorded here for the Wendlow hook entry in {}", path));
+            reasons.push_back(
+                say("no trusted hash is recorded here for the Wendlow hook entry in {}", path));
         else if (recorded != computed)
-            reasons.push_back(fmt::format("the trusted hash recorded here is {} and the Wendlow "
-                                          "hook entry in {} hashes to {}",
-                                          *recorded, path, *computed));
+            reasons.push_back(say("the trusted hash recorded here is {} and the Wendlow hook entry "
+                                  "in {} hashes to {}",
+                                  *recorded, path, *computed));
         else if (isSwitchedOff(key, *document) &&
                  std::ranges::count(reasons, switchedOffText()) == 0)
             reasons.push_back(switchedOffText());

@@ -1,6 +1,7 @@
 #include "ConfigFile/Backup.h"
 
 #include "ConfigFile/Disk.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -114,7 +115,7 @@ std::unexpected<ConfigFileError> failed(const Path& copy, std::string reason) {
 /// bytes that were flushed.
 std::optional<std::string> whyUseless(const Path& copy, std::string_view bytes) {
     if (!Disk::holds(copy, bytes).value_or(false))
-        return "the copy did not match the original";
+        return say("the copy did not match the original");
     if (const auto flushed = Disk::flushFolder(folderOf(copy)); !flushed)
         return Disk::words(flushed.error());
     return std::nullopt;

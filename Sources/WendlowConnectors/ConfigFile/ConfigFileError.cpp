@@ -1,5 +1,7 @@
 #include "ConfigFile/ConfigFileError.h"
 
+#include "Say.h"
+
 #include <utility>
 
 namespace wendlow {
@@ -14,8 +16,8 @@ ConfigFileError ConfigFileError::notWritable(std::string path) {
 
 std::string ConfigFileError::description() const {
     if (kind == Kind::notWritable)
-        return path + " cannot be written by this user";
-    return path + " could not be written: " + reason;
+        return say("{} cannot be written by this user", path);
+    return say("{} could not be written: {}", path, reason);
 }
 
 } // namespace wendlow

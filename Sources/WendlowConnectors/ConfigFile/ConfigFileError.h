@@ -10,7 +10,7 @@ struct ConfigFileError {
 
     Kind kind = Kind::writeFailed;
     std::string path;
-    std::string reason; ///< the system's own words; empty for `notWritable`
+    std::string reason; ///< as a person reads it; empty for `notWritable`
 
     static ConfigFileError writeFailed(std::string path, std::string reason);
     static ConfigFileError notWritable(std::string path);

@@ -1,5 +1,7 @@
 #include "ConfigFile/DiskCalls.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <tuple>
@@ -88,9 +90,9 @@ std::vector<std::string> give(int file, const Attributes& like) {
     for (const auto& attribute : like.extended)
         if (attribute.name != accessList && !setExtended(file, attribute) &&
             !hasExtended(file, attribute))
-            lost.push_back("the attribute " + attribute.name);
+            lost.push_back(say("the attribute {}", attribute.name));
     if (!like.areAllKnown)
-        lost.emplace_back("attributes that could not be read");
+        lost.push_back(say("attributes that could not be read"));
 
     struct stat status{};
     const bool isKnown = ::fstat(file, &status) == 0;
@@ -99,16 +101,16 @@ std::vector<std::string> give(int file, const Attributes& like) {
     const bool keepsOwner =
         isKnown && (status.st_uid == like.owner || ::fchown(file, like.owner, gid_t(-1)) == 0);
     if (!keepsOwner)
-        lost.emplace_back("its owner");
+        lost.push_back(say("its owner"));
     if (!keepsGroup)
-        lost.emplace_back("its group");
+        lost.push_back(say("its group"));
 
     const auto list = std::ranges::find(like.extended, accessList, &Attributes::Extended::name);
     const bool hasList = list != like.extended.end();
     // A file system without modes is no reason not to write; what fails leaves the file private.
     std::ignore = ::fchmod(file, keepsGroup && !hasList ? like.mode : withoutGroup(like.mode));
     if (hasList && (!keepsGroup || !setExtended(file, *list)))
-        lost.emplace_back("its access list");
+        lost.push_back(say("its access list"));
     return lost;
 }
 

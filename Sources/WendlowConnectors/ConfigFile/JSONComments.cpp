@@ -1,6 +1,7 @@
 #include "ConfigFile/JSONComments.h"
 
 #include "ConfigFile/JSONBytes.h"
+#include "Say.h"
 
 #include <algorithm>
 
@@ -51,7 +52,8 @@ std::expected<std::optional<ByteRange>, JSONTextError> span(std::string_view byt
     if (opening == "/*") {
         const auto closing = bytes.find("*/", offset + 2);
         if (closing == std::string_view::npos) {
-            return std::unexpected(JSONTextError{offset, "the document ended inside a comment"});
+            return std::unexpected(
+                JSONTextError{offset, say("the document ended inside a comment")});
         }
         return ByteRange{offset, closing + 2};
     }

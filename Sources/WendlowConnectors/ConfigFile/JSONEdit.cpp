@@ -2,6 +2,7 @@
 
 #include "ConfigFile/JSONComments.h"
 #include "ConfigFile/JSONEditMeasures.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -15,9 +16,6 @@ namespace {
 
 /// "hooks.PreToolUse.[0].hooks"
 std::string pathName(const JSONPath& path) {
-    if (path.empty()) {
-        return "the top-level value";
-    }
     std::string name;
     for (const auto& [step] : path) {
         if (&step != &path.front().step) {
@@ -51,15 +49,21 @@ JSONEditError JSONEditError::noSuchElement(JSONPath path, std::ptrdiff_t index) 
 }
 
 std::string JSONEditError::description() const {
+    const std::string name = pathName(path);
+    const bool isRoot = path.empty();
     switch (kind) {
     case Kind::notAnObject:
-        return pathName(path) + " is not an object";
+        return isRoot ? say("the top-level value is not an object")
+                      : say("{} is not an object", name);
     case Kind::notAnArray:
-        return pathName(path) + " is not an array";
+        return isRoot ? say("the top-level value is not an array")
+                      : say("{} is not an array", name);
     case Kind::noSuchMember:
-        return fmt::format("{} is not in {}", key, pathName(path));
+        return isRoot ? say("{} is not in the top-level value", key)
+                      : say("{} is not in {}", key, name);
     case Kind::noSuchElement:
-        return fmt::format("{} has no element {}", pathName(path), index);
+        return isRoot ? say("the top-level value has no element {}", index)
+                      : say("{} has no element {}", name, index);
     }
     return {};
 }

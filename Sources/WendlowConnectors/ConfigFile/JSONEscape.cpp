@@ -2,6 +2,7 @@
 
 #include "ConfigFile/HexDigit.h"
 #include "ConfigFile/UTF8.h"
+#include "TranslationContext.h"
 
 #include <algorithm>
 #include <optional>
@@ -10,9 +11,9 @@ namespace wendlow::JSONText {
 
 namespace {
 
-constexpr std::string_view notFourHexDigits =
-    "a string holds a \\u escape that is not four hex digits";
-constexpr std::string_view unpairedSurrogate = "a string holds an unpaired surrogate";
+constexpr const char* notFourHexDigits =
+    sayLater("a string holds a \\u escape that is not four hex digits");
+constexpr const char* unpairedSurrogate = sayLater("a string holds an unpaired surrogate");
 
 bool isHighSurrogate(std::uint32_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
@@ -48,7 +49,7 @@ Escape readUnicodeEscape(const char* at, const char* end) {
         return {.failure = unpairedSurrogate};
     }
     if (!isHighSurrogate(*first)) {
-        return {.next = at, .scalar = *first, .failure = {}};
+        return {.next = at, .scalar = *first, .failure = nullptr};
     }
     if (!std::string_view(at, end).starts_with("\\u")) {
         return {.failure = unpairedSurrogate};
@@ -62,7 +63,7 @@ Escape readUnicodeEscape(const char* at, const char* end) {
     }
     return {.next = at + 6,
             .scalar = 0x10000 + ((*first - 0xD800) << 10) + (*second - 0xDC00),
-            .failure = {}};
+            .failure = nullptr};
 }
 
 } // namespace
@@ -70,16 +71,16 @@ Escape readUnicodeEscape(const char* at, const char* end) {
 Escape readEscape(const char* at, const char* end) {
     ++at;
     if (at == end) {
-        return {.failure = "the document ended inside an escape"};
+        return {.failure = sayLater("the document ended inside an escape")};
     }
     if (*at == 'u') {
         return readUnicodeEscape(at + 1, end);
     }
     const char character = simpleEscape(*at);
     if (character == '\0') {
-        return {.failure = "a string holds an escape that is not JSON's"};
+        return {.failure = sayLater("a string holds an escape that is not JSON's")};
     }
-    return {.next = at + 1, .scalar = static_cast<std::uint32_t>(character), .failure = {}};
+    return {.next = at + 1, .scalar = static_cast<std::uint32_t>(character), .failure = nullptr};
 }
 
 std::string decoded(std::string_view body) {

@@ -11,7 +11,7 @@ namespace wendlow::JSONText {
 struct Escape {
     const char* next = nullptr;
     std::uint32_t scalar = 0;
-    std::string_view failure; ///< empty when it is sound
+    const char* failure = nullptr; ///< a marked sentence; null when it is sound
 };
 
 /// What a one-letter escape stands for, or NUL where `letter` makes none.

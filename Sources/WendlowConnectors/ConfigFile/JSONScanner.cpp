@@ -3,6 +3,7 @@
 #include "ConfigFile/JSONBytes.h"
 #include "ConfigFile/JSONComments.h"
 #include "ConfigFile/JSONEscape.h"
+#include "Say.h"
 
 #include <string>
 
@@ -13,9 +14,9 @@ namespace {
 using Tag = JSONTape::Tag;
 
 constexpr int deepest = 64;
-constexpr std::string_view valueExpected = "a value was expected";
-constexpr std::string_view endedInString = "the document ended inside a string";
-constexpr std::string_view controlCharacter = "a string holds an unescaped control character";
+constexpr const char* valueExpected = sayLater("a value was expected");
+constexpr const char* endedInString = sayLater("the document ended inside a string");
+constexpr const char* controlCharacter = sayLater("a string holds an unescaped control character");
 
 bool isDigit(char byte) {
     return byte >= '0' && byte <= '9';
@@ -26,12 +27,12 @@ bool isDigit(char byte) {
 std::optional<JSONTextError> Scanner::scan() {
     bool scanned = skipTrivia() && parseValue() && skipTrivia();
     if (scanned && !atEnd()) {
-        scanned = fail("there are bytes after the top-level value", m_at);
+        scanned = fail(sayLater("there are bytes after the top-level value"), m_at);
     }
     if (scanned) {
         return std::nullopt;
     }
-    return JSONTextError{offset(m_failure.at), std::string(m_failure.reason)};
+    return JSONTextError{offset(m_failure.at), say(m_failure.reason)};
 }
 
 bool Scanner::skipTrivia() {
@@ -47,7 +48,7 @@ bool Scanner::skipComments() {
     for (;;) {
         const auto comment = JSONComments::span(bytes, offset(m_at));
         if (!comment) {
-            return fail("the document ended inside a comment", m_at);
+            return fail(sayLater("the document ended inside a comment"), m_at);
         }
         if (!*comment) {
             return true;
@@ -59,7 +60,7 @@ bool Scanner::skipComments() {
 
 bool Scanner::parseValue() {
     if (atEnd()) {
-        return fail("the document ended where a value was expected", m_at);
+        return fail(sayLater("the document ended where a value was expected"), m_at);
     }
     switch (*m_at) {
     case '"':
@@ -129,7 +130,7 @@ bool Scanner::skipDigits() {
 /// Depth falls again where a container closes; a failed scan has no use for it.
 bool Scanner::enter() {
     if (++m_depth > deepest) {
-        return fail("the document nests deeper than 64 levels", m_at);
+        return fail(sayLater("the document nests deeper than 64 levels"), m_at);
     }
     return true;
 }
@@ -149,13 +150,13 @@ bool Scanner::parseObject() {
                 return false;
             }
             if (atEnd()) {
-                return fail("the document ended inside an object", m_at);
+                return fail(sayLater("the document ended inside an object"), m_at);
             }
             if (*m_at == '}') {
                 break;
             }
             if (*m_at != ',') {
-                return fail("a comma or a closing brace was expected", m_at);
+                return fail(sayLater("a comma or a closing brace was expected"), m_at);
             }
             if (isClosedBehindComma('}')) {
                 break;
@@ -189,13 +190,13 @@ bool Scanner::parseMember() {
         return false;
     }
     if (atEnd() || *m_at != '"') {
-        return fail("a member name was expected", m_at);
+        return fail(sayLater("a member name was expected"), m_at);
     }
     if (!parseString() || !skipTrivia()) {
         return false;
     }
     if (atEnd() || *m_at != ':') {
-        return fail("a colon was expected after a member name", m_at);
+        return fail(sayLater("a colon was expected after a member name"), m_at);
     }
     ++m_at;
     return skipTrivia() && parseValue() && skipTrivia();
@@ -216,13 +217,13 @@ bool Scanner::parseArray() {
                 return false;
             }
             if (atEnd()) {
-                return fail("the document ended inside an array", m_at);
+                return fail(sayLater("the document ended inside an array"), m_at);
             }
             if (*m_at == ']') {
                 break;
             }
             if (*m_at != ',') {
-                return fail("a comma or a closing bracket was expected", m_at);
+                return fail(sayLater("a comma or a closing bracket was expected"), m_at);
             }
             if (isClosedBehindComma(']')) {
                 break;
@@ -270,7 +271,7 @@ bool Scanner::skipEscape(const char* open) {
     }
     const auto escape = readEscape(m_at, m_end);
     m_at = escape.next;
-    return escape.failure.empty() || fail(escape.failure, open);
+    return escape.failure == nullptr || fail(escape.failure, open);
 }
 
 /// The characters up to the next ASCII byte.
@@ -293,8 +294,9 @@ bool Scanner::failRawRun(const char* open) {
     if (atEnd()) {
         return fail(endedInString, open);
     }
-    return fail(JSONBytes::unsignedByte(m_at) < 0x20 ? controlCharacter
-                                                     : "a string holds bytes that are not UTF-8",
+    return fail(JSONBytes::unsignedByte(m_at) < 0x20
+                    ? controlCharacter
+                    : sayLater("a string holds bytes that are not UTF-8"),
                 open);
 }
 

@@ -24,7 +24,7 @@ public:
 
 private:
     struct Failure {
-        std::string_view reason;
+        const char* reason = nullptr; ///< a marked sentence
         const char* at = nullptr;
     };
 
@@ -46,7 +46,7 @@ private:
 
     std::size_t offset(const char* at) const { return static_cast<std::size_t>(at - m_begin); }
     bool atEnd() const { return m_at == m_end; }
-    bool fail(std::string_view reason, const char* at) {
+    bool fail(const char* reason, const char* at) {
         m_failure = {reason, at};
         return false;
     }

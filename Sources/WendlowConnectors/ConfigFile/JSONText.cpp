@@ -2,6 +2,7 @@
 
 #include "ConfigFile/JSONScanner.h"
 #include "ConfigFile/JSONTape.h"
+#include "Say.h"
 
 #include <fmt/format.h>
 #include <utility>
@@ -9,7 +10,7 @@
 namespace wendlow {
 
 std::string JSONTextError::description() const {
-    return fmt::format("{} (at byte {})", reason, offset);
+    return say("{} (at byte {})", reason, offset);
 }
 
 JSONDocument::JSONDocument(std::unique_ptr<const JSONTape> tape) : m_tape(std::move(tape)) {}
@@ -28,7 +29,8 @@ std::span<const ByteRange> JSONDocument::comments() const {
 std::expected<JSONDocument, JSONTextError> JSONText::scanWithTrivia(std::string_view bytes,
                                                                     JSONDialect dialect) {
     if (bytes.size() > JSONTape::longestText)
-        return std::unexpected(JSONTextError{JSONTape::longestText, "the document is too long"});
+        return std::unexpected(
+            JSONTextError{JSONTape::longestText, say("the document is too long")});
     auto tape = std::make_unique<JSONTape>(bytes);
     if (auto failure = Scanner(bytes, dialect, *tape).scan()) {
         return std::unexpected(std::move(*failure));

@@ -2,6 +2,7 @@
 
 #include "ConfigFile/ByteRange.h"
 #include "ConfigFile/JSONNode.h"
+#include "ConfigFile/Unreadable.h"
 
 #include <cstddef>
 #include <expected>
@@ -29,6 +30,7 @@ struct JSONTextError {
 
     /// The reason and " (at byte N)".
     std::string description() const;
+    Unreadable unreadable() const { return {.reason = description(), .byte = offset}; }
     bool operator==(const JSONTextError&) const = default;
 };
 

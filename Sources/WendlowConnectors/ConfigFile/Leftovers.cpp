@@ -3,6 +3,7 @@
 #include "ConfigFile/Backup.h"
 #include "ConfigFile/Disk.h"
 #include "ConfigFile/HiddenName.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <tuple>
@@ -40,8 +41,9 @@ Observations sweep(const Path& file, std::chrono::system_clock::time_point date)
         if (isOurs || isHeldElsewhere(hidden, file))
             std::ignore = Disk::remove(hidden);
         else if (const auto copy = Backup::adopt(hidden, file, date))
-            said.push_back({copy->string(), "a change of this file was interrupted earlier, and "
-                                            "what stood in its place then was kept here"});
+            said.push_back(
+                {copy->string(), say("a change of this file was interrupted earlier, and what "
+                                     "stood in its place then was kept here")});
     }
     return said;
 }

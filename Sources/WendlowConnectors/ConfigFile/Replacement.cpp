@@ -1,6 +1,7 @@
 #include "ConfigFile/Replacement.h"
 
 #include "ConfigFile/HiddenName.h"
+#include "Say.h"
 
 #include <cerrno>
 #include <tuple>
@@ -19,7 +20,7 @@ Replacement::Outcome Replacement::outcome(const Disk::Result<void>& result) cons
     if (result)
         return {};
     return std::unexpected(ConfigFileError::writeFailed(
-        m_path.string(), result.error() == isTheirs ? "another program has written it since"
+        m_path.string(), result.error() == isTheirs ? say("another program has written it since")
                                                     : Disk::words(result.error())));
 }
 

@@ -1,6 +1,7 @@
 #include "ConfigFile/TOMLEdit.h"
 
 #include "ConfigFile/TOMLBytes.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -8,7 +9,7 @@
 namespace wendlow {
 
 std::string TOMLEditError::description() const {
-    return fmt::format("the table [{}] is not in this file", TOMLText::joined(name));
+    return say("the table [{}] is not in this file", TOMLText::joined(name));
 }
 
 std::string description(const TOMLEditFailure& failure) {

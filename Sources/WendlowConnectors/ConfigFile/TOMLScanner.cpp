@@ -1,6 +1,7 @@
 #include "ConfigFile/TOMLScanner.h"
 
 #include "ConfigFile/TOMLBytes.h"
+#include "Say.h"
 
 #include <algorithm>
 
@@ -71,7 +72,7 @@ bool TOMLScanner::scanHeader() {
         return false;
     for (int closers = table.isArrayElement ? 2 : 1; closers > 0; --closers, ++m_position) {
         if (!isAt(']'))
-            return fail(m_position, "a table header did not close");
+            return fail(m_position, sayLater("a table header did not close"));
     }
     if (!consumeTail())
         return false;
@@ -86,9 +87,9 @@ bool TOMLScanner::scanEntry() {
     if (!scanKey())
         return false;
     if (atEnd())
-        return fail(m_position, "the file ended inside a key");
+        return fail(m_position, sayLater("the file ended inside a key"));
     if (!isAt('='))
-        return fail(m_position, "a key held a character that is not allowed in one");
+        return fail(m_position, sayLater("a key held a character that is not allowed in one"));
     entry.key = keepSegments();
     m_position = TOMLBytes::skipBlanks(m_bytes, m_position + 1);
     if (!consumeValue(entry) || !consumeTail())
@@ -117,7 +118,7 @@ bool TOMLScanner::scanKey() {
 
 bool TOMLScanner::scanSegment() {
     if (atEnd())
-        return fail(m_position, "the file ended inside a key");
+        return fail(m_position, sayLater("the file ended inside a key"));
     const char first = m_bytes[m_position];
     if (first == '"' || first == '\'') {
         const auto string =
@@ -131,8 +132,9 @@ bool TOMLScanner::scanSegment() {
     const auto end = TOMLBytes::skip(TOMLBytes::bareKey, m_bytes, m_position);
     if (end == m_position) {
         const bool isMissing = std::string_view(".=]\r\n").contains(first);
-        return fail(m_position, isMissing ? "a key was expected"
-                                          : "a key held a character that is not allowed in one");
+        return fail(m_position,
+                    isMissing ? sayLater("a key was expected")
+                              : sayLater("a key held a character that is not allowed in one"));
     }
     m_segments.push_back(m_bytes.substr(m_position, end - m_position));
     m_position = end;
@@ -148,7 +150,7 @@ bool TOMLScanner::consumeTail() {
         return true;
     const auto length = TOMLBytes::lineBreakLength(m_bytes, m_position);
     if (length == 0)
-        return fail(m_position, "there are bytes after the end of a value");
+        return fail(m_position, sayLater("there are bytes after the end of a value"));
     m_position += length;
     return true;
 }
@@ -184,7 +186,7 @@ bool TOMLScanner::consumeValue(TOMLEntry& entry) {
         case ']':
         case '}':
             if (depth == 0)
-                return fail(m_position, "a value closed a bracket it never opened");
+                return fail(m_position, sayLater("a value closed a bracket it never opened"));
             --depth;
             ++m_position;
             break;
@@ -201,7 +203,7 @@ bool TOMLScanner::consumeValue(TOMLEntry& entry) {
         }
     }
     if (depth > 0)
-        return fail(start, "a value was left open at the end of the file");
+        return fail(start, sayLater("a value was left open at the end of the file"));
     if (m_position != textEnd)
         entry.text.reset();
     entry.valueEnd = m_position;
@@ -248,8 +250,8 @@ std::string_view TOMLScanner::keepText(const TOMLString::Text& string) {
     return {kept, string.text.size()};
 }
 
-bool TOMLScanner::fail(std::size_t offset, std::string_view reason) {
-    m_error = {offset, std::string(reason)};
+bool TOMLScanner::fail(std::size_t offset, const char* reason) {
+    m_error = {offset, say(reason)};
     return false;
 }
 

@@ -37,7 +37,7 @@ private:
     TOMLPath keepSegments();
     std::string_view keepText(const TOMLString::Text& string);
 
-    bool fail(std::size_t offset, std::string_view reason);
+    bool fail(std::size_t offset, const char* reason); ///< a marked sentence
     bool atEnd() const { return m_position == m_bytes.size(); }
     bool isAt(char byte) const { return !atEnd() && m_bytes[m_position] == byte; }
 

@@ -4,6 +4,7 @@
 #include "ConfigFile/JSONBytes.h"
 #include "ConfigFile/TOMLBytes.h"
 #include "ConfigFile/UTF8.h"
+#include "TranslationContext.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,7 +13,7 @@ namespace wendlow {
 
 namespace {
 
-constexpr const char* endedInEscape = "the file ended inside an escape";
+constexpr const char* endedInEscape = sayLater("the file ended inside an escape");
 
 /// What a simple escape stands for, or nothing where the byte begins none.
 std::optional<char> simpleEscape(char byte) {
@@ -37,7 +38,7 @@ std::optional<char> simpleEscape(char byte) {
 
 } // namespace
 
-std::expected<TOMLString::Text, std::string_view>
+std::expected<TOMLString::Text, const char*>
 TOMLString::read(std::string_view bytes, std::size_t start, Place place, std::string& decoded) {
     // Most strings stand on one line and have nothing to decode.
     const auto end = TOMLBytes::plainRunEnd(bytes, start + 1);
@@ -67,7 +68,8 @@ TOMLString::Reason TOMLString::readToEnd() {
     for (;;) {
         m_position = TOMLBytes::plainRunEnd(m_bytes, m_position);
         if (m_position == m_bytes.size())
-            return m_isMultiline ? "a multi-line string never closed" : "a string never closed";
+            return m_isMultiline ? sayLater("a multi-line string never closed")
+                                 : sayLater("a string never closed");
         const char byte = m_bytes[m_position];
         Reason reason = nullptr;
         if (byte == m_quote) {
@@ -80,7 +82,7 @@ TOMLString::Reason TOMLString::readToEnd() {
         } else if (TOMLBytes::lineBreakLength(m_bytes, m_position) != 0) {
             reason = readLineBreak();
         } else if (static_cast<unsigned char>(byte) < 0x80) {
-            reason = "a string holds an unescaped control character";
+            reason = sayLater("a string holds an unescaped control character");
         } else {
             reason = readCharacter();
         }
@@ -94,7 +96,7 @@ TOMLString::Reason TOMLString::readCharacter() {
     const auto sequence =
         JSONBytes::utf8Sequence(m_bytes.data() + m_position, m_bytes.data() + m_bytes.size());
     if (!sequence.valid)
-        return "a string holds bytes that are not UTF-8";
+        return sayLater("a string holds bytes that are not UTF-8");
     m_position += sequence.length;
     return nullptr;
 }
@@ -117,7 +119,7 @@ bool TOMLString::closes() {
 
 TOMLString::Reason TOMLString::readLineBreak() {
     if (!m_isMultiline)
-        return "a string ran past the end of its line";
+        return sayLater("a string ran past the end of its line");
     // The text has one spelling of a line break, whichever the file has.
     if (m_bytes[m_position] == '\r') {
         flush();
@@ -145,8 +147,9 @@ TOMLString::Reason TOMLString::readEscape() {
     } else {
         const auto lineEnd = TOMLBytes::skipBlanks(m_bytes, m_position);
         if (!m_isMultiline || TOMLBytes::lineBreakLength(m_bytes, lineEnd) == 0)
-            return lineEnd == m_bytes.size() ? endedInEscape
-                                             : "a string holds an escape that is not TOML's";
+            return lineEnd == m_bytes.size()
+                       ? endedInEscape
+                       : sayLater("a string holds an escape that is not TOML's");
         skipFoldedLines();
     }
     m_runStart = m_position;
@@ -161,12 +164,13 @@ TOMLString::Reason TOMLString::readHexEscape(std::size_t digits) {
             return endedInEscape;
         const auto digit = hexDigit(m_bytes[m_position]);
         if (!digit)
-            return digits == 4 ? "a string holds a \\u escape that is not four hex digits"
-                               : "a string holds a \\U escape that is not eight hex digits";
+            return digits == 4
+                       ? sayLater("a string holds a \\u escape that is not four hex digits")
+                       : sayLater("a string holds a \\U escape that is not eight hex digits");
         scalar = scalar << 4 | *digit;
     }
     if (!UTF8::isScalar(scalar))
-        return "a string holds an escape that is not a character";
+        return sayLater("a string holds an escape that is not a character");
     UTF8::append(m_decoded, scalar);
     return nullptr;
 }

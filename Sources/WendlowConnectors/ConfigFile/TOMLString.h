@@ -21,9 +21,9 @@ public:
     };
 
     /// `start` is the offset of a quotation mark in `bytes`. `decoded` is scratch space. Fails with
-    /// a reason; whatever the fault, the offset to tell is `start`.
-    static std::expected<Text, std::string_view> read(std::string_view bytes, std::size_t start,
-                                                      Place place, std::string& decoded);
+    /// a reason, which is a marked sentence; whatever the fault, the offset to tell is `start`.
+    static std::expected<Text, const char*> read(std::string_view bytes, std::size_t start,
+                                                 Place place, std::string& decoded);
 
 private:
     using Reason = const char*; ///< null: nothing is wrong

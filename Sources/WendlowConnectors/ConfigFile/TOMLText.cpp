@@ -2,6 +2,7 @@
 
 #include "ConfigFile/JSONEdit.h"
 #include "ConfigFile/TOMLBytes.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -10,7 +11,7 @@
 namespace wendlow {
 
 std::string TOMLTextError::description() const {
-    return fmt::format("{} (at byte {})", reason, offset);
+    return say("{} (at byte {})", reason, offset);
 }
 
 namespace TOMLText {

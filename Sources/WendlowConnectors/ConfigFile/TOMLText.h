@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ConfigFile/TOMLDocument.h"
+#include "ConfigFile/Unreadable.h"
 
 #include <cstddef>
 #include <expected>
@@ -18,6 +19,7 @@ struct TOMLTextError {
 
     /// The reason and " (at byte N)".
     std::string description() const;
+    Unreadable unreadable() const { return {.reason = description(), .byte = offset}; }
     bool operator==(const TOMLTextError&) const = default;
 };
 
@@ -40,10 +42,10 @@ std::string joined(const TOMLPath& path);
 /// "\r\n" or "\n": the one that an edit of `bytes` has to write.
 std::string_view lineEnding(std::string_view bytes);
 
-/// Why a file that scans is nevertheless not fit to be edited at the tables `owned`, as a sentence
-/// without its file; nothing if it is. Shapes that concern other tables are no reason.
-std::optional<std::string> unreadableReason(const TOMLDocument& document,
-                                            std::span<const TOMLName> owned);
+/// Why a file that scans is nevertheless not fit to be edited at the tables `owned`; nothing if it
+/// is. Shapes that concern other tables are no reason.
+std::optional<Unreadable> unreadableReason(const TOMLDocument& document,
+                                           std::span<const TOMLName> owned);
 
 } // namespace TOMLText
 } // namespace wendlow

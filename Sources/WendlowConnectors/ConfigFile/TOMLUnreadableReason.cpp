@@ -2,24 +2,25 @@
 
 #include "ConfigFile/TOMLText.h"
 
+#include "Say.h"
+
 #include <algorithm>
-#include <fmt/format.h>
 #include <set>
 
 namespace wendlow::TOMLText {
 
 namespace {
 
-using Reason = std::optional<std::string>;
+using Reason = std::optional<Unreadable>;
 
 /// An array on the way to the table is as bad as one in its place: a header below it would say
 /// something about the array's last element only.
 Reason arrayReason(const TOMLDocument& document, const TOMLName& owned) {
     for (const auto& table : document.tables()) {
         if (table.isArrayElement && table.name.leadsTo(owned)) {
-            return fmt::format(
+            return Unreadable{say(
                 "the table [[{}]] is an array of tables, which is not a shape this build can edit",
-                joined(table.name));
+                joined(table.name))};
         }
     }
     return std::nullopt;
@@ -29,7 +30,7 @@ Reason declaredTwiceReason(const TOMLDocument& document, const TOMLName& owned) 
     if (std::ranges::count_if(document.tables(),
                               [&](const TOMLTable& table) { return table.name == owned; }) < 2)
         return std::nullopt;
-    return fmt::format("the table [{}] is declared twice in this file", joined(owned));
+    return Unreadable{say("the table [{}] is declared twice in this file", joined(owned))};
 }
 
 Reason repeatedKeyReason(const TOMLDocument& document, const TOMLName& owned) {
@@ -42,8 +43,9 @@ Reason repeatedKeyReason(const TOMLDocument& document, const TOMLName& owned) {
     std::set<TOMLPath, decltype(isBefore)> seen;
     for (const auto& entry : document.entries(*table)) {
         if (!seen.insert(entry.key).second) {
-            return fmt::format("the key {} appears twice in [{}] (at byte {})", joined(entry.key),
-                               joined(owned), entry.keyStart);
+            return Unreadable{.reason = say("the key {} appears twice in [{}] (at byte {})",
+                                            joined(entry.key), joined(owned), entry.keyStart),
+                              .byte = entry.keyStart};
         }
     }
     return std::nullopt;
@@ -65,9 +67,10 @@ Reason statedElsewhereReason(const TOMLDocument& document, const TOMLName& owned
             continue;
         for (const auto& entry : document.entries(table)) {
             if (reachesInto(table, entry, owned)) {
-                return fmt::format("the key {} states the Wendlow block outside a table of its "
-                                   "own, which is not a shape this build can edit",
-                                   joined(entry.key));
+                return Unreadable{
+                    say("the key {} states the Wendlow block outside a table of its own, "
+                        "which is not a shape this build can edit",
+                        joined(entry.key))};
             }
         }
     }
@@ -76,8 +79,8 @@ Reason statedElsewhereReason(const TOMLDocument& document, const TOMLName& owned
 
 } // namespace
 
-std::optional<std::string> unreadableReason(const TOMLDocument& document,
-                                            std::span<const TOMLName> owned) {
+std::optional<Unreadable> unreadableReason(const TOMLDocument& document,
+                                           std::span<const TOMLName> owned) {
     for (const auto& name : owned) {
         for (const auto reasonFor :
              {arrayReason, declaredTwiceReason, repeatedKeyReason, statedElsewhereReason}) {

@@ -4,6 +4,7 @@
 #include "ConfigFile/Backup.h"
 #include "ConfigFile/Disk.h"
 #include "ConfigFile/Replacement.h"
+#include "Say.h"
 
 #include <cerrno>
 #include <set>
@@ -68,8 +69,8 @@ Failure copyAll(Steps& steps, Date date) {
                                        : Backup::make(step.change->path, date);
         if (!copy)
             return Observation{step.change->label,
-                               "this file was not copied, so nothing was written — " +
-                                   copy.error().description()};
+                               say("this file was not copied, so nothing was written — {}",
+                                   copy.error().description())};
         step.copy = *std::move(copy);
     }
     return std::nullopt;
@@ -77,7 +78,7 @@ Failure copyAll(Steps& steps, Date date) {
 
 Observation notWritten(const FileChange& change, const ConfigFileError& error) {
     return {change.label,
-            "this file was not written, so nothing was changed — " + error.description()};
+            say("this file was not written, so nothing was changed — {}", error.description())};
 }
 
 Failure prepareAll(Steps& steps) {
@@ -118,12 +119,12 @@ Observations warnings(const Steps& steps) {
     for (const auto& step : steps) {
         const auto& label = step.change->label;
         if (const auto& lacks = step.replacement.lacks(); !lacks.empty())
-            said.push_back({label, fmt::format("this user could not keep everything that this "
-                                               "file has beside its bytes — {}",
-                                               fmt::join(lacks, ", "))});
+            said.push_back({label, say("this user could not keep everything that this file has "
+                                       "beside its bytes — {}",
+                                       fmt::join(lacks, ", "))});
         if (step.replacement.leavesLinks())
-            said.push_back({label, "this file has other names (hard links), which keep what it "
-                                   "held before"});
+            said.push_back({label, say("this file has other names (hard links), which keep what "
+                                       "it held before")});
     }
     return said;
 }
@@ -148,8 +149,8 @@ bool copyHolds(const Step& step, const Path& aside, bool isPlanned) {
 /// Removes what was set aside where the copy holds it; what another program wrote since becomes a
 /// copy of its own. That is told, unless it is what the plan was made from.
 Failure settle(const Step& step, Date date) {
-    constexpr auto theirs = "another program wrote to the file since it was read, and what it "
-                            "wrote is kept here";
+    constexpr auto theirs = sayLater("another program wrote to the file since it was read, and "
+                                     "what it wrote is kept here");
     const auto& aside = step.replacement.aside();
     const auto& [path, label, before, after, born] = *step.change;
     if (!aside)
@@ -157,18 +158,18 @@ Failure settle(const Step& step, Date date) {
     const auto isPlanned = before ? Disk::holds(*aside, *before) : Disk::Result<bool>(false);
     if (isPlanned && copyHolds(step, *aside, *isPlanned)) {
         forget(*aside);
-        return *isPlanned ? Failure() : Observation{step.copy->string(), theirs};
+        return *isPlanned ? Failure() : Observation{step.copy->string(), say(theirs)};
     }
     const auto kept = Backup::adopt(*aside, path, date);
     return Observation{(kept ? *kept : *aside).string(),
-                       isPlanned ? theirs
-                                 : "what the file held last could not be read again, and is kept "
-                                   "here"};
+                       isPlanned ? say(theirs)
+                                 : say("what the file held last could not be read again, and is "
+                                       "kept here")};
 }
 
 Outcome writtenSince(const Path& path) {
     return std::unexpected(
-        ConfigFileError::writeFailed(path.string(), "another program has written it since"));
+        ConfigFileError::writeFailed(path.string(), say("another program has written it since")));
 }
 
 /// Puts a file back that was not set aside, as the commit found it, by moving the copy over it:
@@ -214,13 +215,13 @@ TransactionResult rollBack(Steps& steps, Observation failure, Date date) {
                 observations.push_back(*std::move(kept));
             continue;
         }
-        observations.push_back({step.change->label, "this file was not put back as it was — " +
-                                                        restored.error().description()});
+        observations.push_back({step.change->label, say("this file was not put back as it was — {}",
+                                                        restored.error().description())});
         if (step.copy && Disk::exists(*step.copy)) {
             step.copyIsKept = true;
-            observations.push_back({step.copy->string(),
-                                    "a copy of the file from before the change was kept here, "
-                                    "because the file was not put back as it was"});
+            observations.push_back(
+                {step.copy->string(), say("a copy of the file from before the change was kept "
+                                          "here, because the file was not put back as it was")});
         }
         if (auto kept = settle(step, date))
             observations.push_back(*std::move(kept));
@@ -259,7 +260,7 @@ TransactionResult commit(const std::vector<FileChange>& changes, Date date,
         if (step.copy) {
             committed.backups.push_back(*step.copy);
             committed.observations.push_back(
-                {step.copy->string(), "a copy of the file was made here first"});
+                {step.copy->string(), say("a copy of the file was made here first")});
         }
         if (kept)
             committed.observations.push_back(*std::move(kept));
@@ -270,15 +271,15 @@ TransactionResult commit(const std::vector<FileChange>& changes, Date date,
 std::optional<Unwritable> unwritableReason(const Path& path) {
     const auto kind = Disk::kind(path);
     if (kind == Disk::Kind::folder)
-        return Unwritable{"there is a directory at this path, so nothing was written"};
+        return Unwritable{say("there is a directory at this path, so nothing was written")};
     // A device or a pipe would be replaced by a plain file.
     if (kind == Disk::Kind::other || (kind == Disk::Kind::file && !Disk::isWritable(path)))
-        return Unwritable{"this file cannot be written by this user, so nothing was written"};
+        return Unwritable{say("this file cannot be written by this user, so nothing was written")};
     const auto folder = folderOf(path);
     if (!Disk::isDirectory(folder))
-        return Unwritable{"this folder is not there, so nothing was written", true};
+        return Unwritable{say("this folder is not there, so nothing was written"), true};
     if (!Disk::isWritable(folder))
-        return Unwritable{"this folder cannot be written by this user, so nothing was written",
+        return Unwritable{say("this folder cannot be written by this user, so nothing was written"),
                           true};
     return std::nullopt;
 }

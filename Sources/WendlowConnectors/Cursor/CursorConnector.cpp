@@ -6,10 +6,9 @@
 #include "Drift.h"
 #include "HookLists.h"
 #include "JSONFile.h"
+#include "Say.h"
 
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -19,13 +18,17 @@ Observations replacedObservations(const std::string& file,
                                   const std::vector<std::string>& replaced) {
     if (replaced.empty())
         return {};
-    return {{file, fmt::format("{} on the Wendlow entry here {} replaced with the proven shape",
-                               listed(replaced), replaced.size() == 1 ? "was" : "were")}};
+    return {{file, say.plural(static_cast<std::int64_t>(replaced.size()),
+                              "{} on the Wendlow entry here was replaced with the proven shape",
+                              "{} on the Wendlow entry here were replaced with the proven shape",
+                              listed(replaced))}};
 }
 
-constexpr ConnectorVerb::FileRole hooksRole{.file = Created::cursorHooksFile,
-                                            .isEmpty = CursorHook::isSeedResidue,
-                                            .emptyWords = "now holds no hooks"};
+constexpr ConnectorVerb::FileRole hooksRole{
+    .file = Created::cursorHooksFile,
+    .isEmpty = CursorHook::isSeedResidue,
+    .emptyWords =
+        sayLater("this file now holds no hooks and remains, because Wendlow did not create it")};
 constexpr ConnectorVerb::FileRole serversRole{.file = Created::cursorMCPFile};
 
 } // namespace
@@ -42,13 +45,14 @@ public:
     }
 
     ScanJoin::Findings findings() const override {
-        ScanJoin::Findings found{
-            {{m_hooks.find(m_hook, m_sites),
-              {.path = m_hooks.file.label, .what = "hook entry", .command = m_paths.hookCommand()}},
-             {m_servers.find(m_mcp),
-              {.path = m_servers.file.label,
-               .what = "MCP server entry",
-               .command = m_paths.mcpCommand()}}}};
+        ScanJoin::Findings found{{{m_hooks.find(m_hook, m_sites),
+                                   {.path = m_hooks.file.label,
+                                    .what = OurPart::hookEntry,
+                                    .command = m_paths.hookCommand()}},
+                                  {m_servers.find(m_mcp),
+                                   {.path = m_servers.file.label,
+                                    .what = OurPart::serverEntry,
+                                    .command = m_paths.mcpCommand()}}}};
         if (m_sites.empty())
             return found;
         found.more = all({newVersion(), doubleFire(), noVersion()});
@@ -61,8 +65,10 @@ public:
         // Adding to a version that nobody has read is a guess; taking out is not.
         if (reasons.empty() && verb == Verb::install)
             if (const auto version = foreignVersion())
-                reasons.push_back({m_hooks.file.label, CursorHookError{*version}.description() +
-                                                           ", so nothing was written"});
+                reasons.push_back({m_hooks.file.label,
+                                   say("this file states hooks configuration version {}, which "
+                                       "this build has not read, so nothing was written",
+                                       *version)});
         return reasons;
     }
 
@@ -94,9 +100,9 @@ public:
         const auto version = hooks->bytes && hooks->heldOurs ? foreignVersion() : std::nullopt;
         if (version)
             plan.notes.push_back(
-                {m_hooks.file.label, fmt::format("this file states hooks configuration version {}, "
-                                                 "and only the Wendlow entry was taken out of it",
-                                                 *version)});
+                {m_hooks.file.label, say("this file states hooks configuration version {}, and "
+                                         "only the Wendlow entry was taken out of it",
+                                         *version)});
         plan.add(std::move(m_hooks.file), *std::move(hooks), hooksRole, created);
         plan.add(std::move(m_servers.file), *std::move(server), serversRole, created);
         return plan;
@@ -116,8 +122,8 @@ private:
     std::optional<Observation> noVersion() const {
         if (m_hooks.contents()->root().member("version"))
             return std::nullopt;
-        return Observation{m_hooks.file.label, "this file states no hooks configuration version, "
-                                               "and Cursor asks for one"};
+        return Observation{m_hooks.file.label, say("this file states no hooks configuration "
+                                                   "version, and Cursor asks for one")};
     }
 
     std::optional<Observation> newVersion() const {
@@ -126,9 +132,9 @@ private:
         if (!current || current == recorded)
             return std::nullopt;
         return Observation{m_paths.cursorApp.string(),
-                           fmt::format("Cursor is now {}; the Wendlow hook entry on this Mac was "
-                                       "proven against {}",
-                                       *current, *recorded)};
+                           say("Cursor is now {}; the Wendlow hook entry on this Mac was proven "
+                               "against {}",
+                               *current, *recorded)};
     }
 
     std::optional<Observation> doubleFire() const {
@@ -152,7 +158,7 @@ CursorConnector::CursorConnector(CursorPaths paths, ConnectorVerb::Surroundings 
     : ToolConnector(
           {.identity = {.id = paths.tool,
                         .name = "Cursor",
-                        .detail = "The Cursor editor, its agent view, and the terminal agent.",
+                        .detail = say("The Cursor editor, its agent view, and the terminal agent."),
                         .symbol = "cursorarrow.rays"},
            .directory = paths.configDirectory,
            .shownBy = {},

@@ -77,8 +77,7 @@ CursorHook::CursorHook(CursorPaths paths)
                .promptCommand = m_paths.hookCommand(),
                .preToolCommand = m_paths.preToolCommand(),
                .binary = m_paths.hookBinary,
-               .count = 2,
-               .countName = "two"},
+               .count = HookPlaces::Count::two},
       m_placements{{{promptEvent, entry(), m_paths.hookCommand()},
                     {preToolEvent, preToolEntry(), m_paths.preToolCommand()}}} {}
 
@@ -96,10 +95,6 @@ JSONLiteral CursorHook::preToolEntry() const {
 
 CursorHook::Readable CursorHook::read(std::string_view bytes) const {
     return HookLists::read(bytes);
-}
-
-std::optional<std::string> CursorHook::unreadableReason(std::string_view bytes) const {
-    return JSONBlock::reason(read(bytes));
 }
 
 CursorHooksVersion CursorHook::version(const JSONNode& root, std::string_view bytes) const {
@@ -143,7 +138,7 @@ BlockFinding CursorHook::find(std::string_view bytes, const Readable& document,
                                : BlockFinding{BlockFinding::Foreign{std::move(reasons)}};
     std::ranges::move(m_places.driftReasons(own), std::back_inserter(reasons));
     if (m_places.areHeld(own) && !converged(own, root, bytes))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     return BlockFinding::from(std::move(reasons));
 }
 
@@ -265,11 +260,9 @@ CursorHook::Result<RemovedBlock> CursorHook::removed(std::string_view bytes,
             return std::unexpected(step.error());
     }
     for (const std::string& event : emptied)
-        if (auto step = removal.removeEmpty(listCase(event), {"hooks"}, event, event + " list");
-            !step)
+        if (auto step = removal.removeEmptyList(listCase(event), event); !step)
             return std::unexpected(step.error());
-    if (auto step = removal.removeEmpty(Created::cursorHooksObject, {}, "hooks", "hooks object");
-        !step)
+    if (auto step = removal.removeEmptyHooks(Created::cursorHooksObject); !step)
         return std::unexpected(step.error());
     return std::move(removal).finish(!emptied.empty());
 }

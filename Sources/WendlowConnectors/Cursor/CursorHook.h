@@ -52,7 +52,6 @@ public:
 
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     Readable read(std::string_view bytes) const;
-    std::optional<std::string> unreadableReason(std::string_view bytes) const;
     /// What the file says of its version. `bytes` are what was scanned.
     CursorHooksVersion version(const JSONNode& root, std::string_view bytes) const;
     /// Our entries under any event, in document order.

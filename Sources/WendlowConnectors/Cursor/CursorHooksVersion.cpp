@@ -1,6 +1,6 @@
 #include "Cursor/CursorHooksVersion.h"
 
-#include <fmt/format.h>
+#include "Say.h"
 
 namespace wendlow {
 
@@ -20,8 +20,8 @@ const std::string* CursorHooksVersion::foreign() const {
 }
 
 std::string CursorHookError::description() const {
-    return fmt::format(
-        "this file states hooks configuration version {}, which this build has not read", version);
+    return say("this file states hooks configuration version {}, which this build has not read",
+               version);
 }
 
 } // namespace wendlow

@@ -2,14 +2,13 @@
 
 #include "ConfigFile/Disk.h"
 #include "ConfigFile/JSONBytes.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <charconv>
 #include <functional>
 #include <map>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -66,9 +65,9 @@ std::optional<std::string> filePath(std::string_view url) {
 }
 
 std::string undecodedNote(std::size_t count) {
-    return fmt::format("{} workspace {}", count,
-                       count == 1 ? "entry names no project folder and was not decoded"
-                                  : "entries name no project folder and were not decoded");
+    return say.plural(static_cast<std::int64_t>(count),
+                      "{} workspace entry names no project folder and was not decoded",
+                      "{} workspace entries name no project folder and were not decoded", count);
 }
 
 } // namespace
@@ -93,7 +92,7 @@ ProjectReport CursorConnector::projects() const {
     if (undecoded > 0)
         report.note = undecodedNote(undecoded);
     else if (report.projects.empty())
-        report.note = "no workspace store found";
+        report.note = say("no workspace store found");
     return report;
 }
 

@@ -2,8 +2,7 @@
 
 #include "HookCommand.h"
 #include "JSONBlock.h"
-
-#include <fmt/format.h>
+#include "Say.h"
 
 namespace wendlow::CursorThirdParty {
 
@@ -49,16 +48,20 @@ std::optional<Mapped> mappedWendlowEntry(std::optional<std::string_view> bytes,
 }
 
 std::string sentence(Kind kind) {
-    std::string_view ending;
-    if (kind == Kind::claudeCommand)
-        ending = "; Cursor runs this entry too; it stays silent there, because Cursor's own entry "
-                 "serves each prompt";
-    if (kind == Kind::legacyScript)
-        ending = ", and that entry answers in Claude Code's envelope, which carries no continue "
-                 "key";
-    return fmt::format("a Wendlow hook entry is under UserPromptSubmit in this file too, which "
-                       "Cursor maps onto its own beforeSubmitPrompt event{}",
-                       ending);
+    switch (kind) {
+    case Kind::claudeCommand:
+        return say("a Wendlow hook entry is under UserPromptSubmit in this file too, which Cursor "
+                   "maps onto its own beforeSubmitPrompt event; Cursor runs this entry too; it "
+                   "stays silent there, because Cursor's own entry serves each prompt");
+    case Kind::legacyScript:
+        return say("a Wendlow hook entry is under UserPromptSubmit in this file too, which Cursor "
+                   "maps onto its own beforeSubmitPrompt event, and that entry answers in Claude "
+                   "Code's envelope, which carries no continue key");
+    case Kind::cursorCommand:
+        break;
+    }
+    return say("a Wendlow hook entry is under UserPromptSubmit in this file too, which Cursor maps "
+               "onto its own beforeSubmitPrompt event");
 }
 
 } // namespace wendlow::CursorThirdParty

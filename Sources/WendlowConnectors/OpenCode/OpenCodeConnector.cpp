@@ -6,17 +6,16 @@
 #include "JSONFile.h"
 #include "OpenCode/OpenCodePlugin.h"
 #include "OpenCode/OpenCodeSessionStore.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
 namespace {
 
-constexpr std::string_view language = "JSON with comments";
+constexpr const char* language = sayLater("JSON with comments");
 
 /// Whether nothing is left in a configuration, comments apart.
 bool isEmptyObject(std::string_view bytes) {
@@ -35,10 +34,11 @@ bool isLeftover(std::string_view bytes) {
 }
 
 constexpr ConnectorVerb::FileRole serverRole{.file = Created::openCodeConfigFile,
-                                             .what = "MCP server entry",
+                                             .what = OurPart::serverEntry,
                                              .isEmpty = isEmptyObject,
                                              .isLeftover = isLeftover};
-constexpr ConnectorVerb::FileRole pluginRole{.file = Created::openCodePluginFile, .what = "plugin"};
+constexpr ConnectorVerb::FileRole pluginRole{.file = Created::openCodePluginFile,
+                                             .what = OurPart::plugin};
 
 /// Whether the store was last shaped by an OpenCode that does not know our plugin's hooks. One that
 /// does not answer counts as such.
@@ -51,19 +51,20 @@ bool isOldStore(std::optional<OpenCodeSessionStore::Writer> writer) {
 Observations removeFolder(const std::filesystem::path& folder,
                           const std::filesystem::path& plugin) {
     const auto names = Disk::names(folder);
-    const auto say = [&](std::string text) {
+    const auto told = [&](std::string text) {
         return Observations{{folder.string(), std::move(text)}};
     };
     const auto isCopy = [&](const std::string& name) { return Backup::isCopy(name, plugin); };
     if (!names)
         return {};
     if (!std::ranges::all_of(*names, isCopy))
-        return say("this folder holds other files and remains");
+        return told(say("this folder holds other files and remains"));
     if (!names->empty())
-        return say("this folder holds the copy of the plugin that was made here first and remains");
+        return told(say("this folder holds the copy of the plugin that was made here first and "
+                        "remains"));
     if (!Disk::removeFolder(folder))
         return {};
-    return say("this folder was created when Wendlow connected and was removed");
+    return told(say("this folder was created when Wendlow connected and was removed"));
 }
 
 } // namespace
@@ -82,12 +83,12 @@ public:
     ScanJoin::Findings findings() const override {
         ScanJoin::Findings found{{{m_config.find(m_mcp, receipt().created),
                                    {.path = m_config.file.label,
-                                    .what = serverRole.what,
+                                    .what = OurPart::serverEntry,
                                     .command = m_paths.mcpCommand(),
                                     .language = language}},
                                   {pluginFinding(),
                                    {.path = m_plugin.label,
-                                    .what = pluginRole.what,
+                                    .what = OurPart::plugin,
                                     .command = m_paths.hookCommand()}}}};
         if (found.blocks[0].finding.holdsOurs())
             found.more = all({switchedOffElsewhere()});
@@ -102,14 +103,14 @@ public:
             if (verb == Verb::remove && hasOurPlugin())
                 reasons.push_back(
                     {m_plugin.label,
-                     fmt::format("the Wendlow plugin here is still in place and still runs {}",
-                                 m_paths.hookCommand())});
+                     say("the Wendlow plugin here is still in place and still runs {}",
+                         m_paths.hookCommand())});
             return reasons;
         }
         reasons = all({m_plugin.refusal(std::nullopt)});
         if (reasons.empty() && verb == Verb::install && isPersonsPlugin())
-            reasons.push_back({m_plugin.label, "a file of this name is here and this build did not "
-                                               "write it, so nothing was written"});
+            reasons.push_back({m_plugin.label, say("a file of this name is here and this build did "
+                                                   "not write it, so nothing was written")});
         return reasons;
     }
 
@@ -125,8 +126,8 @@ public:
         if (const auto& made = plan.folder->made(); !made)
             return std::unexpected(
                 Observations{{m_paths.pluginsDirectory.string(),
-                              fmt::format("this folder was not made, so nothing was written — {}",
-                                          Disk::words(made.error()))}});
+                              say("this folder was not made, so nothing was written — {}",
+                                  Disk::words(made.error()))}});
         plan.planNotes = planNotes(server->commentsReplaced);
         if (!OpenCodeMCP::node(*m_config.document))
             plan.created.insert(Created::openCodeMCPEntry);
@@ -147,11 +148,12 @@ public:
         plan.add(std::move(m_config.file), *std::move(server), serverRole, receipt().created);
         // Its header is proof enough that the plugin is ours; the receipt is not asked.
         if (hasOurPlugin())
-            plan.notes.push_back({m_plugin.label, "this file was created when Wendlow connected "
-                                                  "and was removed"});
+            plan.notes.push_back({m_plugin.label, say("this file was created when Wendlow "
+                                                      "connected and was removed")});
         else if (isPersonsPlugin())
-            plan.notes.push_back({m_plugin.label, "a file of this name is here and this build did "
-                                                  "not write it, and it was left as it is"});
+            plan.notes.push_back(
+                {m_plugin.label, say("a file of this name is here and this build did not write "
+                                     "it, and it was left as it is")});
         plan.files.push_back({.file = std::move(m_plugin),
                               .what = pluginRole.what,
                               .edited = hasOurPlugin(),
@@ -182,11 +184,11 @@ private:
             return {BlockFinding::FileAbsent{}};
         switch (*m_pluginOwnership) {
         case PluginOwnership::otherBuild:
-            return {
-                BlockFinding::Drifted{{"the plugin file here is not the one this build writes"}}};
+            return {BlockFinding::Drifted{
+                {say("the plugin file here is not the one this build writes")}}};
         case PluginOwnership::foreign:
             return {BlockFinding::Foreign{
-                {"a file of this name is here and this build did not write it"}}};
+                {say("a file of this name is here and this build did not write it")}}};
         case PluginOwnership::current:
             break;
         }
@@ -202,8 +204,8 @@ private:
         const auto entry = document ? OpenCodeMCP::node(*document) : std::nullopt;
         if (!entry || !OpenCodeMCP::isSwitchedOff(*entry))
             return std::nullopt;
-        return Observation{other.label, "a Wendlow MCP entry in this file is switched off, and "
-                                        "OpenCode reads this file too"};
+        return Observation{other.label, say("a Wendlow MCP entry in this file is switched off, "
+                                            "and OpenCode reads this file too")};
     }
 
     /// Why no verb may plan for the configuration.
@@ -219,16 +221,17 @@ private:
         Observations notes;
         const auto entry = OpenCodeMCP::node(*m_config.document);
         if (entry && OpenCodeMCP::isSwitchedOff(*entry))
-            notes.push_back({m_config.file.label, std::string(OpenCodeMCP::switchedOffText)});
+            notes.push_back({m_config.file.label, OpenCodeMCP::switchedOffText()});
         if (commentsReplaced > 0)
             notes.push_back(
                 {m_config.file.label,
-                 fmt::format("{} comment {} inside the Wendlow entry here {} written over",
-                             commentsReplaced, commentsReplaced == 1 ? "line" : "lines",
-                             commentsReplaced == 1 ? "was" : "were")});
+                 say.plural(static_cast<std::int64_t>(commentsReplaced),
+                            "{} comment line inside the Wendlow entry here was written over",
+                            "{} comment lines inside the Wendlow entry here were written over",
+                            commentsReplaced)});
         if (m_pluginOwnership == PluginOwnership::otherBuild)
-            notes.push_back({m_plugin.label, "the plugin file here was written by another Wendlow "
-                                             "build and was replaced"});
+            notes.push_back({m_plugin.label, say("the plugin file here was written by another "
+                                                 "Wendlow build and was replaced")});
         return notes;
     }
 
@@ -242,7 +245,7 @@ private:
 OpenCodeConnector::OpenCodeConnector(OpenCodePaths paths, ConnectorVerb::Surroundings surroundings)
     : ToolConnector({.identity = {.id = paths.tool,
                                   .name = "OpenCode",
-                                  .detail = "The OpenCode desktop app and terminal.",
+                                  .detail = say("The OpenCode desktop app and terminal."),
                                   .symbol = "chevron.left.forwardslash.chevron.right"},
                      .directory = paths.configDirectory,
                      .shownBy = {},
@@ -262,11 +265,11 @@ ConnectorIdentity OpenCodeConnector::shownIdentity() const {
     if (writer == OpenCodeSessionStore::Writer::locked)
         return shown; // another question would wait as long again
     if (isOldStore(writer))
-        shown.detail = "Update OpenCode and open it once to use it with Wendlow.";
+        shown.detail = say("Update OpenCode and open it once to use it with Wendlow.");
     else if (OpenCodeSessionStore::isOpenCode1StillUsed(m_paths.sessionDatabase(),
                                                         surroundings().now()))
         shown.detail =
-            "OpenCode 1 is still being used on this Mac. Update it to use it with Wendlow.";
+            say("OpenCode 1 is still being used on this Mac. Update it to use it with Wendlow.");
     return shown;
 }
 
@@ -276,13 +279,14 @@ std::optional<Observation> OpenCodeConnector::standsInTheWay() const {
     const auto writer = OpenCodeSessionStore::writer(database);
     if (writer == Writer::locked)
         return Observation{database.string(),
-                           "another program is keeping this session store to itself just now, so "
-                           "that it cannot be told which OpenCode it is. Nothing was written"};
+                           say("another program is keeping this session store to itself just now, "
+                               "so that it cannot be told which OpenCode it is. Nothing was "
+                               "written")};
     if (!isOldStore(writer))
         return std::nullopt;
     return Observation{database.string(),
-                       "this is OpenCode 1's session store; update OpenCode and open it once, then "
-                       "tick it again. Nothing was written"};
+                       say("this is OpenCode 1's session store; update OpenCode and open it once, "
+                           "then tick it again. Nothing was written")};
 }
 
 } // namespace wendlow

@@ -3,6 +3,7 @@
 #include "ConfigFile/Disk.h"
 #include "OpenCode/OpenCodeConnector.h"
 #include "OpenCode/OpenCodeSessionStore.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -30,10 +31,11 @@ std::optional<std::string> newestChildDay(const std::filesystem::path& folder) {
 
 std::optional<std::string> note(const OpenCodeSessionStore::Decoded& decoded) {
     if (decoded.skipped > 0)
-        return fmt::format("{} session {} no decodable project directory", decoded.skipped,
-                           decoded.skipped == 1 ? "row records" : "rows record");
+        return say.plural(static_cast<std::int64_t>(decoded.skipped),
+                          "{} session row records no decodable project directory",
+                          "{} session rows record no decodable project directory", decoded.skipped);
     if (decoded.sightings.empty())
-        return "the session store records no projects yet";
+        return say("the session store records no projects yet");
     return std::nullopt;
 }
 
@@ -43,9 +45,12 @@ ProjectReport databaseReport(const OpenCodePaths& paths) {
     auto decoded = OpenCodeSessionStore::read(database);
     if (!decoded) {
         const auto latest = newestChildDay(paths.dataDirectory);
-        report.note = fmt::format(
-            "session store present ({}{}) — its database did not answer: {}", database,
-            latest ? fmt::format(", latest {}", *latest) : std::string(), decoded.error().reason);
+        const std::string& reason = decoded.error().reason;
+        report.note =
+            latest ? say("session store present ({}, latest {}) — its database did not answer: {}",
+                         database, *latest, reason)
+                   : say("session store present ({}) — its database did not answer: {}", database,
+                         reason);
         return report;
     }
     report.note = note(*decoded);
@@ -64,10 +69,10 @@ ProjectReport OpenCodeInventory::projects(const OpenCodePaths& paths) {
     return {.source = paths.dataDirectory.string(),
             .projects = {},
             .note = Disk::isDirectory(storage)
-                        ? fmt::format("legacy JSON session store present ({}) — a pre-1.x layout "
-                                      "this connector does not decode",
-                                      storage.string())
-                        : "no session store found"};
+                        ? say("legacy JSON session store present ({}) — a pre-1.x layout this "
+                              "connector does not decode",
+                              storage.string())
+                        : say("no session store found")};
 }
 
 MemoryFileReport OpenCodeInventory::memoryFiles(const OpenCodePaths& paths) {

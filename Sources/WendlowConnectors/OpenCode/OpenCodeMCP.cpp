@@ -6,6 +6,7 @@
 #include "JSONDraft.h"
 #include "Overloaded.h"
 #include "OwnedNames.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <array>
@@ -34,24 +35,62 @@ bool isEmptyContainer(const JSONNode& node) {
 }
 
 /// What of an entry that runs our program this build would not write.
-std::optional<std::string> extras(const JSONNode& entry) {
+std::optional<OpenCodeMCP::Extras> extras(const JSONNode& entry) {
+    using Kind = OpenCodeMCP::Extras::Kind;
     std::vector<std::string> keys;
     for (const auto& member : entry.members())
         if (std::ranges::find(memberKeys, member.key) == memberKeys.end())
             keys.emplace_back(member.key);
     std::ranges::sort(keys);
     if (!keys.empty())
-        return fmt::format("carries {} this build does not write: {}",
-                           keys.size() == 1 ? "a key" : "keys", fmt::join(keys, ", "));
+        return OpenCodeMCP::Extras{Kind::keys, std::move(keys)};
     const auto type = entry.member("type");
     if (type && type->string() != "local")
-        return "states a type this build does not write";
+        return OpenCodeMCP::Extras{Kind::type, {}};
     const auto enabled = entry.member(enabledKey);
     if (enabled && !enabled->boolean())
-        return "states an enabled that is neither true nor false";
+        return OpenCodeMCP::Extras{Kind::enabled, {}};
     if (const auto command = entry.member("command"); command && command->count() > 1)
-        return "carries arguments this build does not write";
+        return OpenCodeMCP::Extras{Kind::arguments, {}};
     return std::nullopt;
+}
+
+/// What a scan says of them.
+std::string foundText(const OpenCodeMCP::Extras& extras) {
+    using Kind = OpenCodeMCP::Extras::Kind;
+    switch (extras.kind) {
+    case Kind::type:
+        return say("the entry states a type this build does not write");
+    case Kind::enabled:
+        return say("the entry states an enabled that is neither true nor false");
+    case Kind::arguments:
+        return say("the entry carries arguments this build does not write");
+    case Kind::keys:
+        break;
+    }
+    return say.plural(static_cast<std::int64_t>(extras.keys.size()),
+                      "the entry carries a key this build does not write: {}",
+                      "the entry carries keys this build does not write: {}",
+                      fmt::to_string(fmt::join(extras.keys, ", ")));
+}
+
+/// What a verb says of them.
+std::string metText(const OpenCodeMCP::Extras& extras) {
+    using Kind = OpenCodeMCP::Extras::Kind;
+    switch (extras.kind) {
+    case Kind::type:
+        return say("the mcp.wendlow entry here states a type this build does not write");
+    case Kind::enabled:
+        return say("the mcp.wendlow entry here states an enabled that is neither true nor false");
+    case Kind::arguments:
+        return say("the mcp.wendlow entry here carries arguments this build does not write");
+    case Kind::keys:
+        break;
+    }
+    return say.plural(static_cast<std::int64_t>(extras.keys.size()),
+                      "the mcp.wendlow entry here carries a key this build does not write: {}",
+                      "the mcp.wendlow entry here carries keys this build does not write: {}",
+                      fmt::to_string(fmt::join(extras.keys, ", ")));
 }
 
 } // namespace
@@ -83,6 +122,10 @@ bool OpenCodeMCP::isSwitchedOff(const JSONNode& entry) {
     return enabled && enabled->boolean() == false;
 }
 
+std::string OpenCodeMCP::switchedOffText() {
+    return say("the Wendlow MCP entry here is switched off, so OpenCode does not start it");
+}
+
 bool OpenCodeMCP::isAdoptableShell(const JSONDocument& document) {
     const auto found = node(document);
     return found && isEmptyContainer(*found);
@@ -100,8 +143,8 @@ OpenCodeMCP::Ownership OpenCodeMCP::ownership(const JSONNode& entry,
                     BundleCommand::names(*command, OwnedNames::mcpProgram));
     if (!looksLikeOurs)
         return HandWritten{};
-    if (auto description = extras(entry))
-        return Extras{*std::move(description)};
+    if (auto others = extras(entry))
+        return *std::move(others);
     return Ours{};
 }
 
@@ -110,18 +153,13 @@ OpenCodeMCP::Readable OpenCodeMCP::read(std::string_view bytes) {
     return JSONBlock::read(bytes, dialect, objects);
 }
 
-std::optional<std::string> OpenCodeMCP::unreadableReason(std::string_view bytes) {
-    auto document = read(bytes);
-    return document ? std::nullopt : std::optional(std::move(document).error());
-}
-
 BlockFinding OpenCodeMCP::find(std::string_view bytes, const Readable& document,
                                const std::set<Created>& created) const {
     if (!document)
         return {BlockFinding::Unreadable{document.error()}};
     const auto servers = document->root().member(serversKey);
     if (servers && !servers->isObject())
-        return {BlockFinding::Foreign{{JSONBlock::notA(serversKey, "object")}}};
+        return {BlockFinding::Foreign{{JSONBlock::notAnObject(serversKey)}}};
     const auto found = node(*document);
     if (!found)
         return {BlockFinding::Absent{}};
@@ -130,12 +168,11 @@ BlockFinding OpenCodeMCP::find(std::string_view bytes, const Readable& document,
             [&](const Ours&) { return BlockFinding::from(driftReasons(*found, bytes)); },
             [](const HandWritten&) {
                 return BlockFinding{
-                    BlockFinding::Foreign{{"the Wendlow MCP entry here was written by hand and is "
-                                           "not the one this build writes"}}};
+                    BlockFinding::Foreign{{say("the Wendlow MCP entry here was written by hand "
+                                               "and is not the one this build writes")}}};
             },
             [](const Extras& extras) {
-                return BlockFinding{
-                    BlockFinding::Foreign{{fmt::format("the entry {}", extras.description)}}};
+                return BlockFinding{BlockFinding::Foreign{{foundText(extras)}}};
             },
         },
         ownership(*found, created));
@@ -146,16 +183,16 @@ std::vector<std::string> OpenCodeMCP::driftReasons(const JSONNode& found,
                                                    std::string_view bytes) const {
     const auto command = statedCommand(found);
     if (!command)
-        return {std::string(Drift::otherShape)};
+        return {Drift::otherShape()};
     auto reasons = Drift::reasons(*command, m_paths.mcpCommand(), m_paths.mcpBinary);
     const auto matches = [&](const JSONLiteral::Member& member) {
         const auto stated = found.member(member.key);
         return member.key == enabledKey || (stated && member.value.isStatedBy(*stated, bytes));
     };
     if (*command == m_paths.mcpCommand() && !std::ranges::all_of(m_members, matches))
-        reasons.emplace_back(Drift::otherShape);
+        reasons.emplace_back(Drift::otherShape());
     if (isSwitchedOff(found))
-        reasons.emplace_back(switchedOffText);
+        reasons.push_back(switchedOffText());
     return reasons;
 }
 
@@ -164,9 +201,10 @@ std::optional<std::string> OpenCodeMCP::refusalReason(const JSONDocument& docume
     const auto found = node(document);
     const Ownership whose = found ? ownership(*found, created) : Ours{};
     if (std::holds_alternative<HandWritten>(whose))
-        return "the mcp.wendlow entry here was written by hand and is not one this build wrote";
+        return say("the mcp.wendlow entry here was written by hand and is not one this build "
+                   "wrote");
     if (const auto* const extras = std::get_if<Extras>(&whose))
-        return fmt::format("the mcp.wendlow entry here {}", extras->description);
+        return metText(*extras);
     return std::nullopt;
 }
 
@@ -221,13 +259,12 @@ OpenCodeMCP::Result<RemovedBlock> OpenCodeMCP::removed(std::string_view bytes,
             if (node(draft.document())->member(key))
                 if (auto taken = take(entryPath(), key); !taken)
                     return std::unexpected(taken.error());
-        block.leftovers.emplace_back(
-            "an empty wendlow entry remains here, which Wendlow did not create");
+        block.leftovers.push_back(
+            say("an empty wendlow entry remains here, which Wendlow did not create"));
     } else {
         const JSONNode entry = *node(document);
-        if (const auto description = entry.isObject() ? extras(entry) : std::nullopt)
-            block.lost.push_back(fmt::format(
-                "the mcp.wendlow entry here {}, and this was removed with it", *description));
+        if (const auto others = entry.isObject() ? extras(entry) : std::nullopt)
+            block.lost.push_back(say("{}, and this was removed with it", metText(*others)));
         if (auto taken = take({serversKey}, entryKey); !taken)
             return std::unexpected(taken.error());
         const bool isEmpty = draft.root().member(serversKey)->count() == 0;
@@ -235,8 +272,8 @@ OpenCodeMCP::Result<RemovedBlock> OpenCodeMCP::removed(std::string_view bytes,
             if (auto taken = take({}, serversKey); !taken)
                 return std::unexpected(taken.error());
         } else if (isEmpty) {
-            block.leftovers.emplace_back(
-                "an empty mcp object remains here, which Wendlow did not create");
+            block.leftovers.push_back(
+                say("an empty mcp object remains here, which Wendlow did not create"));
         }
     }
     block.bytes = std::move(draft).finish();

@@ -30,13 +30,14 @@ public:
     };
     /// It runs our program, and somebody added to it.
     struct Extras {
-        std::string description; ///< of what this build would not write
+        enum class Kind { keys, type, enabled, arguments };
+
+        Kind kind;                     ///< what of it this build would not write
+        std::vector<std::string> keys; ///< of `Kind::keys`, sorted
+
         bool operator==(const Extras&) const = default;
     };
     using Ownership = std::variant<Ours, HandWritten, Extras>;
-
-    static constexpr std::string_view switchedOffText =
-        "the Wendlow MCP entry here is switched off, so OpenCode does not start it";
 
     explicit OpenCodeMCP(OpenCodePaths paths);
 
@@ -46,6 +47,8 @@ public:
     /// The first word of the entry's command.
     static std::optional<std::string_view> statedCommand(const JSONNode& entry);
     static bool isSwitchedOff(const JSONNode& entry);
+    /// "the Wendlow MCP entry here is switched off, ...".
+    static std::string switchedOffText();
     /// Whether the entry is there and empty: a place that a person kept for us.
     static bool isAdoptableShell(const JSONDocument& document);
     /// `created` is the receipt's: an entry that we created is ours, whatever it has come to hold.
@@ -53,7 +56,6 @@ public:
 
     /// The document, unless it does not scan or a name is repeated where an edit could go wrong.
     static Readable read(std::string_view bytes);
-    static std::optional<std::string> unreadableReason(std::string_view bytes);
     /// What the file holds of ours, `document` being what `read` made of its bytes. Asks the disk
     /// whether the server program is there.
     BlockFinding find(std::string_view bytes, const Readable& document,

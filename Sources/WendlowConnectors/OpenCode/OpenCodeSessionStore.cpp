@@ -1,6 +1,7 @@
 #include "OpenCode/OpenCodeSessionStore.h"
 
 #include "ConfigFile/Disk.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <array>
@@ -71,9 +72,9 @@ public:
     bool isOpen() const { return m_isOpen; }
     sqlite3* get() const { return m_connection.get(); }
     /// What the last call failed for, or `otherwise` where there are no words for it.
-    Refusal refusal(std::string_view otherwise) const {
+    Refusal refusal(std::string otherwise) const {
         const char* words = m_connection ? sqlite3_errmsg(m_connection.get()) : nullptr;
-        return {words != nullptr && *words != '\0' ? std::string(words) : std::string(otherwise)};
+        return {words != nullptr && *words != '\0' ? std::string(words) : std::move(otherwise)};
     }
 
 private:
@@ -224,10 +225,10 @@ std::expected<Decoded, Refusal> read(const Path& path) {
     // than the looks.
     const Database database(path, SQLITE_OPEN_NOMUTEX);
     if (!database.isOpen())
-        return std::unexpected(database.refusal("it would not open"));
+        return std::unexpected(database.refusal(say("it would not open")));
     Query query(database, "SELECT directory, time_updated FROM session_v2");
     if (!query.isPrepared())
-        return std::unexpected(database.refusal("the session query would not prepare"));
+        return std::unexpected(database.refusal(say("the session query would not prepare")));
     Decoded decoded;
     LatestTimes times;
     int status = query.step();
@@ -235,7 +236,7 @@ std::expected<Decoded, Refusal> read(const Path& path) {
         if (!take(query, times))
             ++decoded.skipped;
     if (status != SQLITE_DONE)
-        return std::unexpected(database.refusal("a row would not read"));
+        return std::unexpected(database.refusal(say("a row would not read")));
     decoded.sightings = sightings(std::move(times).finish());
     return decoded;
 }

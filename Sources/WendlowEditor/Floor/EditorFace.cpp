@@ -1,5 +1,7 @@
 #include "Floor/EditorFace.h"
 
+#include "Say.h"
+
 #include <algorithm>
 
 namespace wendlow::EditorFaces {
@@ -8,17 +10,17 @@ namespace {
 
 struct Words {
     std::string_view text;
-    std::string_view title;
+    const char* title;
     std::string_view symbol;
 };
 
 constexpr std::array<Words, all.size()> table{{
-    {"memory", "Memories", "doc.text"},
-    {"meetings", "Meetings", "person.2"},
-    {"moments", "Moments", "square.stack.3d.down.right"},
-    {"rules", "Rules", "scroll.fill"},
-    {"mods", "Mods", "square.grid.2x2.fill"},
-    {"scopes", "Scopes", "network"},
+    {"memory", sayLater("Memories"), "doc.text"},
+    {"meetings", sayLater("Meetings"), "person.2"},
+    {"moments", sayLater("Moments"), "square.stack.3d.down.right"},
+    {"rules", sayLater("Rules"), "scroll.fill"},
+    {"mods", sayLater("Mods"), "square.grid.2x2.fill"},
+    {"scopes", sayLater("Scopes"), "network"},
 }};
 
 const Words& words(EditorFace face) {
@@ -32,7 +34,7 @@ std::string_view text(EditorFace face) {
 }
 
 std::string_view title(EditorFace face) {
-    return words(face).title;
+    return say.view(words(face).title);
 }
 
 std::string_view symbol(EditorFace face) {

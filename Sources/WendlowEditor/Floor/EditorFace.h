@@ -23,6 +23,7 @@ constexpr std::size_t place(EditorFace face) {
 
 /// The raw text, which is also the face's identity.
 std::string_view text(EditorFace face);
+/// What a person reads. It lasts as long as the program.
 std::string_view title(EditorFace face);
 /// The name of its icon.
 std::string_view symbol(EditorFace face);

@@ -2,6 +2,7 @@
 
 #include "LinkStages.h"
 #include "LogCategories.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,7 +12,7 @@ namespace wendlow {
 namespace {
 
 GatewayResponse closed() {
-    return AnswerCase::Failure{"The window was closed before this was sent."};
+    return AnswerCase::Failure{say("The window was closed before this was sent.")};
 }
 
 bool changesNothing(const GatewayRequest& request) {
@@ -89,7 +90,8 @@ QCoro::Task<> EditorLink::exchange(std::shared_ptr<WendlowClient> client, Gatewa
 
 void EditorLink::abandon() {
     if (const auto call = std::exchange(m_call, nullptr))
-        call->end({.response = AnswerCase::Failure{"Wendlow has not answered."}, .daemon = {}});
+        call->end(
+            {.response = AnswerCase::Failure{say("Wendlow has not answered.")}, .daemon = {}});
 }
 
 void EditorLink::report(const LinkLeg& leg, const std::string& verb,

@@ -2,6 +2,7 @@
 
 #include "LinkStages.h"
 #include "LogCategories.h"
+#include "Say.h"
 
 #include <utility>
 
@@ -132,7 +133,7 @@ void EditorLiveStore::settleLoad(const EditorAnswer& baseline, LiveScopes::Readi
     else if (const auto* const failed = std::get_if<EditorAnswerStateCase::Failed>(&baseline.state))
         error = failed->words;
     else if (!baseline.ready())
-        error = "The search index is still building.";
+        error = say("The search index is still building.");
     m_loaded = !error;
     EditorChanges what;
     if (m_loaded) {

@@ -80,7 +80,7 @@ void LiveMeetings::take(EditorLink::Reply reply) {
         m_count = std::ssize(*m_list);
         m_error.reset();
     } else {
-        m_error = AnswerWords::of(text.error(), "the meeting list");
+        m_error = AnswerWords::of(text.error(), AnswerWords::Question::meetingList);
     }
 }
 
@@ -106,8 +106,8 @@ QCoro::Task<EditorLineDelete> LiveMeetings::deleteLine(std::string meeting, std:
     EditorLink::Reply reply = co_await m_link.send(request, Lane::now);
     const auto answer = expect<AnswerCase::LineDelete>(std::move(reply.response));
     if (!answer)
-        co_return Case::Failed{
-            AnswerWords::of(answer.error(), "the delete", AnswerWords::MissingDoor::named)};
+        co_return Case::Failed{AnswerWords::of(answer.error(), AnswerWords::Question::removal,
+                                               AnswerWords::MissingDoor::named)};
     if (answer->_0 != LineDeleteOutcome::deleted)
         co_return Case::Refused{};
     if (!life.expired())

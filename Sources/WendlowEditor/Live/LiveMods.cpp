@@ -1,6 +1,7 @@
 #include "Live/LiveMods.h"
 
 #include "Live/AnswerWords.h"
+#include "Say.h"
 
 #include <utility>
 
@@ -61,10 +62,11 @@ QCoro::Task<> LiveMods::read() {
         m_board = boardOf(board->_0);
         m_error.reset();
     } else if (board.error().isFromOlderDaemon()) {
-        m_error = "This Mac is still running an older Wendlow daemon, which cannot answer for your "
-                  "mods yet. Quitting and reopening Wendlow picks up the new one.";
+        m_error =
+            say("This Mac is still running an older Wendlow daemon, which cannot answer for your "
+                "mods yet. Quitting and reopening Wendlow picks up the new one.");
     } else {
-        m_error = AnswerWords::of(board.error(), "the mods board");
+        m_error = AnswerWords::of(board.error(), AnswerWords::Question::modsBoard);
     }
     m_tell(EditorChange::mods);
 }

@@ -20,7 +20,7 @@ EditorRulesPicture cardOf(const std::string& scope, GatewayResponse response) {
     }
     auto answer = expect<AnswerCase::RulesCard>(std::move(response));
     if (!answer)
-        made.gap = Gap::Failed{AnswerWords::of(answer.error(), "the rules card")};
+        made.gap = Gap::Failed{AnswerWords::of(answer.error(), AnswerWords::Question::rulesCard)};
     else if (answer->scope != scope)
         made.gap = Gap::ScopeMismatch{.asked = scope, .served = answer->scope};
     else

@@ -15,7 +15,8 @@ QCoro::Task<LiveScopes::Reading> LiveScopes::read() {
     EditorLink::Reply reply = co_await m_link.send(request, EditorLink::Lane::now);
     auto answer = expect<AnswerCase::ScopeBoard>(std::move(reply.response));
     if (!answer)
-        co_return std::unexpected(AnswerWords::of(answer.error(), "the scope board"));
+        co_return std::unexpected(
+            AnswerWords::of(answer.error(), AnswerWords::Question::scopeBoard));
     Board board{.tree = {}, .rows = ScopeTree::board(answer->_0)};
     board.tree = ScopeTree::tree(std::move(answer->_0));
     co_return Reading(std::move(board));

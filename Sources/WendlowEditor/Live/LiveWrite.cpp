@@ -1,10 +1,9 @@
 #include "Live/LiveWrite.h"
 
 #include "Live/AnswerWords.h"
+#include "Say.h"
 
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -14,9 +13,9 @@ QCoro::Task<EditorWriteOutcome> LiveWrite::send(EditorLink& link, NotesRequest r
         co_return EditorWriteOutcome::wrote(text->_0);
     const auto note = expect<AnswerCase::NoteID>(std::move(reply.response));
     if (note)
-        co_return EditorWriteOutcome::wrote(fmt::format("Saved {}.", note->_0));
-    co_return EditorWriteOutcome::refused(
-        AnswerWords::of(note.error(), "the write", AnswerWords::MissingDoor::named));
+        co_return EditorWriteOutcome::wrote(say("Saved {}.", note->_0));
+    co_return EditorWriteOutcome::refused(AnswerWords::of(
+        note.error(), AnswerWords::Question::write, AnswerWords::MissingDoor::named));
 }
 
 } // namespace wendlow

@@ -1,5 +1,7 @@
 #include "Meetings/MeetingLabels.h"
 
+#include "Say.h"
+
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
@@ -28,15 +30,16 @@ std::string span(const EditorMeeting& meeting) {
 }
 
 std::string who(const std::vector<std::string>& speakers) {
-    return speakers.empty() ? "no named speakers" : fmt::format("{}", fmt::join(speakers, ", "));
+    return speakers.empty() ? say("no named speakers")
+                            : fmt::format("{}", fmt::join(speakers, ", "));
 }
 
 std::string lines(std::int64_t count) {
-    return fmt::format("{} lines", count);
+    return say.plural(count, "{} lines", "{} lines", count);
 }
 
 std::string meetings(std::size_t count) {
-    return count == 1 ? "1 meeting" : fmt::format("{} meetings", count);
+    return say.plural(static_cast<std::int64_t>(count), "{} meeting", "{} meetings", count);
 }
 
 } // namespace wendlow::MeetingLabels

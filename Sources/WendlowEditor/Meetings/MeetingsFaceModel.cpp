@@ -3,6 +3,7 @@
 #include "Floor/EditorWords.h"
 #include "Floor/RowText.h"
 #include "Meetings/MeetingLabels.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,11 +15,11 @@ namespace {
 namespace Case = EditorLineEraseCase;
 
 constexpr const char* changedWords =
-    "This line changed since you loaded the meeting, so nothing was deleted. The words shown now "
-    "are the current ones — delete again if you still want them gone.";
+    sayLater("This line changed since you loaded the meeting, so nothing was deleted. The words "
+             "shown now are the current ones — delete again if you still want them gone.");
 constexpr const char* stuckWords =
-    "That line moved while it was on screen, and it is still moving. Close the meeting and open it "
-    "again, then try once more.";
+    sayLater("That line moved while it was on screen, and it is still moving. Close the meeting "
+             "and open it again, then try once more.");
 
 } // namespace
 
@@ -96,7 +97,7 @@ QString MeetingsFaceModel::countLine() const {
     if (!m_list.meetings)
         return {};
     if (isReading())
-        return QStringLiteral("Reading your meetings…");
+        return RowText::plain(say("Reading your meetings…"));
     return isKnown() ? RowText::plain(MeetingLabels::meetings(m_list.meetings->size())) : QString();
 }
 
@@ -104,9 +105,9 @@ QString MeetingsFaceModel::emptyWords() const {
     if (!m_list.meetings)
         return m_storeError ? QString() : EditorWords::notWired();
     if (isReading())
-        return QStringLiteral("Reading your meetings…");
+        return RowText::plain(say("Reading your meetings…"));
     const bool none = isKnown() && m_list.meetings->empty();
-    return none ? QStringLiteral("No meetings recorded yet.") : QString();
+    return none ? RowText::plain(say("No meetings recorded yet.")) : QString();
 }
 
 QString MeetingsFaceModel::trouble() const {
@@ -200,15 +201,15 @@ void MeetingsFaceModel::takeErased(std::int64_t id, EditorLineEraseResult result
             showTranscript(*std::move(erased->transcript));
         else
             m_lines.remove(id);
-        Q_EMIT told(QStringLiteral("Deleted"));
+        Q_EMIT told(RowText::plain(say("Deleted")));
     } else if (auto* const unchanged = std::get_if<Case::Unchanged>(&result)) {
         showTranscript(std::move(unchanged->transcript));
     } else if (auto* const moved = std::get_if<Case::Changed>(&result)) {
         showTranscript(std::move(moved->transcript));
-        fail(changedWords);
+        fail(say(changedWords));
     } else if (auto* const stuck = std::get_if<Case::Stuck>(&result)) {
         showTranscript(std::move(stuck->transcript));
-        fail(stuckWords);
+        fail(say(stuckWords));
     } else if (auto* const failed = std::get_if<Case::Failed>(&result)) {
         fail(std::move(failed->words));
     }
@@ -249,9 +250,9 @@ QString MeetingsFaceModel::openWho() const {
 
 QString MeetingsFaceModel::transcriptWords() const {
     if (isReadingTranscript())
-        return QStringLiteral("Reading the transcript…");
+        return RowText::plain(say("Reading the transcript…"));
     return m_transcriptRead && m_lines.rowCount() == 0
-               ? QStringLiteral("No words were recorded for this meeting.")
+               ? RowText::plain(say("No words were recorded for this meeting."))
                : QString();
 }
 

@@ -1,6 +1,7 @@
 #include "Memories/EditorDayFormat.h"
 
 #include "DateWords.h"
+#include "Say.h"
 
 #include <QLocale>
 
@@ -9,8 +10,7 @@ namespace wendlow {
 QString EditorDayFormat::shortDay(EditorDate date, EditorDate now) {
     const QDate day = DateWords::local(date).date();
     const bool thisYear = day.year() == DateWords::local(now).date().year();
-    return QLocale().toString(day,
-                              thisYear ? QStringLiteral("MMM d") : QStringLiteral("MMM d, yyyy"));
+    return QLocale().toString(day, thisYear ? say("MMM d") : say("MMM d, yyyy"));
 }
 
 } // namespace wendlow

@@ -1,6 +1,7 @@
 #include "Memories/FilterBarModel.h"
 
 #include "Floor/RowText.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -66,7 +67,7 @@ std::size_t FilterBarModel::picksOf(const std::string& key) const {
 }
 
 void FilterBarModel::rebuild() {
-    std::vector<FilterChip> chips{{.id = scopeKey, .label = "scope"}};
+    std::vector<FilterChip> chips{{.id = scopeKey, .label = say("scope").toStdString()}};
     for (const EditorCount& key : m_keys) {
         const bool inUse = picksOf(key.name) > 0 || m_openPanel == key.name;
         if (m_showAll || inUse || chips.size() < chipsShown)
@@ -172,7 +173,7 @@ void FilterBarModel::showAllChips() {
 QString FilterBarModel::panelLabel() const {
     if (!m_openPanel)
         return {};
-    return m_openPanel == scopeKey ? QStringLiteral("scope") : RowText::line(*m_openPanel);
+    return m_openPanel == scopeKey ? say("scope") : RowText::line(*m_openPanel);
 }
 
 bool FilterBarModel::panelPicked() const {

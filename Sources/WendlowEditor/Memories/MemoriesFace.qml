@@ -55,7 +55,7 @@ FocusScope {
         y: sorts.below ? count.y + count.height + Theme.space4 : count.y + Math.round((count.height - height) / 2)
         visible: face.model.countLine.length > 0
         choices: face.model.sorts
-        onChosen: word => face.model.sortBy(word)
+        onChosen: key => face.model.sortBy(key)
     }
     Hairline {
         id: line

@@ -2,6 +2,7 @@
 
 #include "Floor/EditorWords.h"
 #include "Floor/RowText.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,16 @@ namespace wendlow {
 
 namespace {
 
-constexpr std::array sortWords{EditorMemorySort::newest, EditorMemorySort::oldest,
-                               EditorMemorySort::relevance};
+struct SortWord {
+    EditorMemorySort sort;
+    const char* word;
+};
+
+constexpr std::array sortWords{
+    SortWord{EditorMemorySort::newest, sayLater("newest")},
+    SortWord{EditorMemorySort::oldest, sayLater("oldest")},
+    SortWord{EditorMemorySort::relevance, sayLater("relevance")},
+};
 
 } // namespace
 
@@ -168,8 +177,8 @@ void MemoriesModel::showEnd() {
     Q_EMIT revealed(m_lines.rowCount() - 1);
 }
 
-void MemoriesModel::sortBy(const QString& word) {
-    const auto sort = editorMemorySort(word.toStdString());
+void MemoriesModel::sortBy(const QString& key) {
+    const auto sort = editorMemorySort(key.toStdString());
     if (!sort || m_ask.sort == sort)
         return;
     EditorAsk next = m_ask;
@@ -219,17 +228,16 @@ QString MemoriesModel::countLine() const {
     if (!m_answer->ask || !EditorWords::strip(m_answer->state).words.isEmpty())
         return {};
     if (m_answer->narrowed || m_answer->ask->hasChips())
-        return QStringLiteral("%1 of %2").arg(m_answer->total).arg(m_answer->sliceTotal);
-    return QStringLiteral("%1 %2")
-        .arg(m_answer->total)
-        .arg(m_answer->total == 1 ? QStringLiteral("memory") : QStringLiteral("memories"));
+        return say("{} of {}", m_answer->total, m_answer->sliceTotal);
+    return say.plural(m_answer->total, "{} memory", "{} memories", m_answer->total);
 }
 
 QVariantList MemoriesModel::sorts() const {
     QVariantList words;
-    for (const EditorMemorySort sort : sortWords)
+    for (const auto& [sort, word] : sortWords)
         words.append(
-            QVariantMap{{QStringLiteral("word"), RowText::plain(text(sort))},
+            QVariantMap{{QStringLiteral("key"), RowText::plain(text(sort))},
+                        {QStringLiteral("word"), say(word)},
                         {QStringLiteral("picked"), m_ask.sort.value_or(m_answer->order) == sort}});
     return words;
 }
@@ -237,7 +245,7 @@ QVariantList MemoriesModel::sorts() const {
 QString MemoriesModel::emptyWords() const {
     if (m_answer->ready() && m_answer->rows.empty() && m_answer->ask &&
         !m_answer->ask->term.empty())
-        return QStringLiteral("Nothing matches “%1”").arg(RowText::line(m_answer->ask->term));
+        return say("Nothing matches “{}”", RowText::line(m_answer->ask->term));
     return EditorWords::empty(*m_answer, !m_answer->rows.empty());
 }
 

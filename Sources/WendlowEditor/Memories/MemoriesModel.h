@@ -48,7 +48,8 @@ public:
     /// A row has come on screen. What follows from it happens when control is back in the event
     /// loop, so that a list may say so while it lays itself out.
     Q_INVOKABLE void rowAppeared(int index);
-    Q_INVOKABLE void sortBy(const QString& word);
+    /// By the key of one of `sorts`.
+    Q_INVOKABLE void sortBy(const QString& key);
     /// Opens or closes a memory.
     Q_INVOKABLE void toggle(int index);
     /// Gives whether a memory was open.

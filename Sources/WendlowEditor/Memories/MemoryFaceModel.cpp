@@ -2,6 +2,7 @@
 
 #include "Floor/EditorWords.h"
 #include "Floor/RowText.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -118,7 +119,7 @@ std::vector<RailRow> MemoryFaceModel::railRows() const {
             ordinary.push_back(type);
     RailRow all;
     all.kind = RailRow::Kind::heading;
-    all.title = "MEMORIES";
+    all.title = say("MEMORIES").toStdString();
     all.spoken = EditorFaces::title(face());
     all.count = railCount();
     std::vector<RailRow> rows{std::move(all)};
@@ -214,7 +215,7 @@ QString MemoryFaceModel::emptyWords() const {
 QString MemoryFaceModel::nextStep() const {
     if (!m_answer->ready() || !m_source.memoryTypeCounts().empty() || m_answer->total > 0)
         return {};
-    return QStringLiteral("Connect an AI tool in Settings. What it remembers will be here.");
+    return say("Connect an AI tool in Settings. What it remembers will be here.");
 }
 
 bool MemoryFaceModel::reading() const {

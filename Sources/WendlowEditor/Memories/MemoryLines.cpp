@@ -3,6 +3,7 @@
 #include "Floor/RowText.h"
 #include "Floor/TextMatch.h"
 #include "Memories/EditorDayFormat.h"
+#include "Say.h"
 
 #include <string_view>
 #include <unordered_map>
@@ -132,7 +133,7 @@ QString MemoryLines::textWithWhy(int index) const {
     const MemoryLine* const line = known(index);
     if (line == nullptr || line->detail->why.empty())
         return textOf(index);
-    return RowText::plain(wordsOf(*line) + "\n\nWhy: " + line->detail->why);
+    return RowText::plain(wordsOf(*line) + "\n\n") + say("Why: {}", line->detail->why);
 }
 
 QString MemoryLines::idOf(int index) const {

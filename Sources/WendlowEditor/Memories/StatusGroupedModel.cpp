@@ -1,6 +1,7 @@
 #include "Memories/StatusGroupedModel.h"
 
 #include "Floor/EditorWords.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -56,10 +57,13 @@ void StatusGroupedModel::rebuild() {
     std::vector<MemoryLine> lines;
     for (const StatusGrouping::Group& group : grouping.live) {
         const std::string id = headID(group.status);
-        add(lines, id, group.status, group.rows, !m_closed.contains(id));
+        const std::string title = group.status == StatusGrouping::none
+                                      ? say(StatusGrouping::none).toStdString()
+                                      : group.status;
+        add(lines, id, title, group.rows, !m_closed.contains(id));
     }
     if (!grouping.archived.empty())
-        add(lines, archiveID, "archived", grouping.archived, m_showArchived);
+        add(lines, archiveID, say("archived").toStdString(), grouping.archived, m_showArchived);
     m_lines.show(std::move(lines), *m_details, m_term);
     Q_EMIT changed();
 }
@@ -120,9 +124,8 @@ QString StatusGroupedModel::footer() const {
     if (!m_answer->ready() || std::ssize(m_answer->rows) >= m_answer->total ||
         m_answer->rows.empty())
         return {};
-    return QStringLiteral("Showing %1 of %2 — scroll the flat list for the rest.")
-        .arg(m_answer->rows.size())
-        .arg(m_answer->total);
+    return say("Showing {} of {} — scroll the flat list for the rest.", m_answer->rows.size(),
+               m_answer->total);
 }
 
 } // namespace wendlow

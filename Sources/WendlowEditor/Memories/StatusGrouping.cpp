@@ -6,7 +6,6 @@
 namespace wendlow {
 
 StatusGrouping StatusGrouping::group(const EditorRows& hits) {
-    constexpr const char* none = "no status";
     StatusGrouping grouping;
     for (const EditorMemoryHit& hit : hits) {
         const auto& filters = hit.memory.filters;

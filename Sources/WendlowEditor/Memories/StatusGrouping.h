@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Model/EditorRows.h"
+#include "TranslationContext.h"
 
 #include <string>
 #include <vector>
@@ -9,6 +10,9 @@ namespace wendlow {
 
 /// Work by its status. What is archived stands apart.
 struct StatusGrouping {
+    /// Stands for the status of those that have none; whoever shows it says it.
+    static constexpr const char* none = sayLater("no status");
+
     struct Group {
         std::string status;
         EditorMemoryHits rows;

@@ -1,6 +1,7 @@
 #include "Model/EditorMods.h"
 
 #include "PlainText.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <chrono>
@@ -13,12 +14,13 @@ namespace wendlow {
 
 std::string EditorModBehavior::powers() const {
     if (!wake)
-        return "runs in your session — your tools, no ceiling";
+        return say("runs in your session — your tools, no ceiling");
     const std::string granted = tools && !tools->empty()
                                     ? fmt::format("{}", fmt::join(*tools, ", "))
-                                    : std::string("no tools granted");
-    const std::string ceiling = maxMutations ? fmt::format("up to {} store changes", *maxMutations)
-                                             : std::string("no ceiling declared");
+                                    : say("no tools granted");
+    const std::string ceiling = maxMutations ? say.plural(*maxMutations, "up to {} store changes",
+                                                          "up to {} store changes", *maxMutations)
+                                             : say("no ceiling declared");
     return granted + " · " + ceiling;
 }
 

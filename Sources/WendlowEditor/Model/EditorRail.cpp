@@ -1,5 +1,7 @@
 #include "Model/EditorRail.h"
 
+#include "Say.h"
+
 #include <algorithm>
 
 namespace wendlow {
@@ -9,6 +11,32 @@ namespace {
 std::int64_t countOf(const std::vector<EditorCount>& census, std::string_view name) {
     const auto found = std::ranges::find(census, name, &EditorCount::name);
     return found == census.end() ? 0 : found->count;
+}
+
+/// A type that most tools use, and the name of many.
+struct KnownType {
+    const char* one;
+    const char* many;
+};
+
+constexpr std::array knownTypes{
+    KnownType{sayLater("decision"), sayLater("decisions")},
+    KnownType{sayLater("fact"), sayLater("facts")},
+    KnownType{sayLater("finding"), sayLater("findings")},
+    KnownType{sayLater("focus"), sayLater("focus")},
+    KnownType{sayLater("mod"), sayLater("mods")},
+    KnownType{sayLater("note"), sayLater("notes")},
+    KnownType{sayLater("person"), sayLater("persons")},
+    KnownType{sayLater("preference"), sayLater("preferences")},
+    KnownType{sayLater("rule"), sayLater("rules")},
+    KnownType{sayLater("ticket"), sayLater("tickets")},
+};
+
+/// Null: a tool has invented it.
+const KnownType* knownType(std::string_view type) {
+    const auto* const found = std::ranges::find(
+        knownTypes, type, [](const KnownType& each) { return std::string_view(each.one); });
+    return found == knownTypes.end() ? nullptr : found;
 }
 
 } // namespace
@@ -47,7 +75,14 @@ std::optional<std::int64_t> TypeShelf::recordCount(EditorKind kind, const Editor
     return found == answer.kindCounts.end() ? standing : found->second;
 }
 
+std::string TypeWords::single(std::string_view word) {
+    const KnownType* const known = knownType(word);
+    return known != nullptr ? say(known->one) : std::string(word);
+}
+
 std::string TypeWords::pluralized(std::string_view word) {
+    if (const KnownType* const known = knownType(word))
+        return say(known->many);
     std::string text(word);
     if (text.ends_with('s') || text.ends_with("ed"))
         return text;

@@ -39,6 +39,9 @@ std::optional<std::int64_t> recordCount(EditorKind kind, const EditorAnswer& ans
 } // namespace TypeShelf
 
 namespace TypeWords {
+/// A type as a person reads it: in their language where the house knows it, else as its tool wrote
+/// it.
+std::string single(std::string_view word);
 /// A type as the name of many. Crude on purpose: types are the person's own words.
 std::string pluralized(std::string_view word);
 } // namespace TypeWords

@@ -1,13 +1,13 @@
 #include "Model/EditorRules.h"
 
-#include <algorithm>
+#include "Say.h"
 
-#include <fmt/format.h>
+#include <algorithm>
 
 namespace wendlow {
 
 std::string EditorRulePlacement::label() const {
-    return file.value_or("inline (no rules module — rides every prompt)");
+    return file ? *file : say("inline (no rules module — rides every prompt)");
 }
 
 bool EditorRulePlacement::isLegal() const {
@@ -41,7 +41,7 @@ std::optional<std::string> EditorRulesFiles::normalizedName(std::string_view tex
 }
 
 std::string EditorRulesFiles::refusal(std::string_view name) {
-    return fmt::format(
+    return say(
         "“{}” isn’t a legal rules-file name: one lowercase word, letters, digits and dashes, no "
         "leading or trailing dash, and not one of the reserved words. It becomes a filename and a "
         "card attribute.",

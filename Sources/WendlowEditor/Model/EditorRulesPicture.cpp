@@ -1,9 +1,9 @@
 #include "Model/EditorRulesPicture.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -11,14 +11,14 @@ namespace {
 
 struct Words {
     std::string operator()(const EditorRulesGapCase::UnaddressableScope& gap) const {
-        return fmt::format(
+        return say(
             "The compiled card for {} can’t be asked for: this window’s scope board doesn’t carry "
             "that scope, so there is nothing to ask about. Any rules filed there are below — they "
             "are the store, which is truth; the revs and triggers are the compiler’s.",
             gap.scope);
     }
     std::string operator()(const EditorRulesGapCase::ScopeMismatch& gap) const {
-        return fmt::format(
+        return say(
             "Wendlow was asked about {0} and answered about {1}, so nothing compiled is shown: "
             "rules from the wrong scope under this heading would be worse than none. The rules "
             "filed at {0} are below — they are the store, which is truth. (An older Wendlow that "
@@ -26,9 +26,9 @@ struct Words {
             gap.asked, gap.served);
     }
     std::string operator()(const EditorRulesGapCase::NothingCompiled& gap) const {
-        return fmt::format("Nothing is compiled at {} yet. The rules below are filed in the store; "
-                           "the Delivery pass writes their rules modules and stamps the revs.",
-                           gap.scope);
+        return say("Nothing is compiled at {} yet. The rules below are filed in the store; "
+                   "the Delivery pass writes their rules modules and stamps the revs.",
+                   gap.scope);
     }
     std::string operator()(const EditorRulesGapCase::Failed& gap) const { return gap.words; }
 };
@@ -41,18 +41,20 @@ std::string words(const EditorRulesGap& gap) {
 
 EditorRuleGrouping EditorRulesFiles::placement(const std::map<std::string, std::string>& filters,
                                                Topics topics) {
-    EditorRuleGrouping unreadable{"unreadable rules-file tag — delivering nothing",
+    const auto unreadable = [] {
+        return EditorRuleGrouping{say("unreadable rules-file tag — delivering nothing"),
                                   EditorRuleTier::undelivered};
+    };
     if (const auto tag = filters.find("rules-file"); tag != filters.end()) {
         auto name = normalizedName(tag->second);
-        return name ? EditorRuleGrouping{*std::move(name), EditorRuleTier::file} : unreadable;
+        return name ? EditorRuleGrouping{*std::move(name), EditorRuleTier::file} : unreadable();
     }
     if (const auto topic = filters.find("topic"); topic != filters.end()) {
         if (topics == Topics::areDark)
-            return unreadable;
+            return unreadable();
         return {normalizedName(topic->second).value_or(topic->second), EditorRuleTier::legacy};
     }
-    return {"inline rules", EditorRuleTier::everyPrompt};
+    return {say("inline rules"), EditorRuleTier::everyPrompt};
 }
 
 std::vector<EditorRuleFileGroup>

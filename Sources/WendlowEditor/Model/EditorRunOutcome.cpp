@@ -1,5 +1,7 @@
 #include "Model/EditorRunOutcome.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <array>
 
@@ -13,23 +15,26 @@ using Tone = EditorRunOutcome::Tone;
 struct Known {
     Kind kind;
     std::string_view raw;
-    std::string_view words;
+    const char* words;
     Tone tone;
 };
 
 constexpr std::array known{
-    Known{Kind::ok, "ok", "ok", Tone::good},
-    Known{Kind::failed, "failed", "failed", Tone::fault},
-    Known{Kind::maxTurns, "maxTurns", "hit the turn cap", Tone::fault},
-    Known{Kind::circuitBroken, "circuitBroken", "stopped — too many changes", Tone::fault},
-    Known{Kind::timedOut, "timedOut", "timed out", Tone::fault},
-    Known{Kind::binaryNotFound, "binaryNotFound", "no runner binary", Tone::fault},
-    Known{Kind::refusedNoBackup, "refusedNoBackup", "refused — no verified backup", Tone::needsYou},
-    Known{Kind::refusedTools, "refusedTools", "refused — tool not granted", Tone::fault},
-    Known{Kind::authFailure, "authFailure", "sign-in needed", Tone::needsYou},
-    Known{Kind::skippedNoHarness, "skippedNoHarness", "skipped — no runner", Tone::neutral},
+    Known{Kind::ok, "ok", sayLater("ok"), Tone::good},
+    Known{Kind::failed, "failed", sayLater("failed"), Tone::fault},
+    Known{Kind::maxTurns, "maxTurns", sayLater("hit the turn cap"), Tone::fault},
+    Known{Kind::circuitBroken, "circuitBroken", sayLater("stopped — too many changes"),
+          Tone::fault},
+    Known{Kind::timedOut, "timedOut", sayLater("timed out"), Tone::fault},
+    Known{Kind::binaryNotFound, "binaryNotFound", sayLater("no runner binary"), Tone::fault},
+    Known{Kind::refusedNoBackup, "refusedNoBackup", sayLater("refused — no verified backup"),
+          Tone::needsYou},
+    Known{Kind::refusedTools, "refusedTools", sayLater("refused — tool not granted"), Tone::fault},
+    Known{Kind::authFailure, "authFailure", sayLater("sign-in needed"), Tone::needsYou},
+    Known{Kind::skippedNoHarness, "skippedNoHarness", sayLater("skipped — no runner"),
+          Tone::neutral},
     Known{Kind::skippedNoHarnessConsent, "skippedNoHarnessConsent",
-          "skipped — runner not consented", Tone::neutral},
+          sayLater("skipped — runner not consented"), Tone::neutral},
 };
 
 } // namespace
@@ -43,7 +48,7 @@ EditorRunOutcome EditorRunOutcome::of(std::string_view raw) {
 
 std::string_view EditorRunOutcome::words() const {
     const auto* const found = std::ranges::find(known, kind, &Known::kind);
-    return found == known.end() ? std::string_view(text) : found->words;
+    return found == known.end() ? std::string_view(text) : say.view(found->words);
 }
 
 EditorRunOutcome::Tone EditorRunOutcome::tone() const {

@@ -1,17 +1,19 @@
 #include "Model/EditorWorld.h"
 
+#include "Say.h"
+
 namespace wendlow {
 
 std::string_view label(EditorWorld world) {
     switch (world) {
     case EditorWorld::dayZero:
-        return "Day zero";
+        return say.view("Day zero");
     case EditorWorld::someData:
-        return "Some data";
+        return say.view("Some data");
     case EditorWorld::powerUser:
-        return "Power user";
+        return say.view("Power user");
     case EditorWorld::realData:
-        return "My real data";
+        return say.view("My real data");
     }
     return {};
 }

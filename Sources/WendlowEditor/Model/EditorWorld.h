@@ -13,7 +13,7 @@ namespace wendlow {
 enum class EditorWorld { dayZero, someData, powerUser, realData };
 inline constexpr std::array editorWorlds{EditorWorld::dayZero, EditorWorld::someData,
                                          EditorWorld::powerUser, EditorWorld::realData};
-/// As the World menu names it; also its identity.
+/// As the World menu names it.
 std::string_view label(EditorWorld world);
 
 /// The worlds that are made up.

@@ -1,22 +1,21 @@
 #include "Mods/EditorModsFormat.h"
 
 #include "DateWords.h"
-
-#include <fmt/format.h>
+#include "Say.h"
 
 namespace wendlow::EditorModsFormat {
 
 std::string turns(std::optional<std::int64_t> count) {
-    return count ? fmt::format("{}", *count) : "—";
+    return count ? say.plural(*count, "{} turns", "{} turns", *count) : say("— turns");
 }
 
 std::string duration(std::int64_t seconds) {
     constexpr std::int64_t minute = 60, hour = 60 * minute;
     if (seconds < minute)
-        return fmt::format("{}s", seconds);
+        return say("{}s", seconds);
     if (seconds < hour)
-        return fmt::format("{}m {}s", seconds / minute, seconds % minute);
-    return fmt::format("{}h {}m", seconds / hour, seconds % hour / minute);
+        return say("{}m {}s", seconds / minute, seconds % minute);
+    return say("{}h {}m", seconds / hour, seconds % hour / minute);
 }
 
 std::string when(EditorDate date, const QLocale& locale) {

@@ -11,9 +11,7 @@
 /// How runs of mods are worded.
 namespace wendlow::EditorModsFormat {
 
-inline constexpr const char* noRuns = "No runs banked yet — nothing has fired on this Mac.";
-inline constexpr const char* noReport = "no report — this run never got as far as a final message";
-
+/// "7 turns"; "— turns" where nobody has counted.
 std::string turns(std::optional<std::int64_t> count);
 /// Seconds below a minute, seconds with minutes, none with hours.
 std::string duration(std::int64_t seconds);

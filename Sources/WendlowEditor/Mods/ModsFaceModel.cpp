@@ -2,10 +2,9 @@
 
 #include "Floor/RowText.h"
 #include "Mods/EditorModsFormat.h"
+#include "Say.h"
 
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -113,9 +112,10 @@ QString ModsFaceModel::reportOutcome() const {
 QString ModsFaceModel::reportFacts() const {
     std::string facts = EditorModsFormat::duration(m_report.seconds());
     if (m_report.turns)
-        facts += fmt::format(" · {} turns", EditorModsFormat::turns(m_report.turns));
+        facts += " · " + EditorModsFormat::turns(m_report.turns);
     if (m_report.mutations)
-        facts += fmt::format(" · {} store changes in its window", *m_report.mutations);
+        facts += " · " + say.plural(*m_report.mutations, "{} store changes in its window",
+                                    "{} store changes in its window", *m_report.mutations);
     return RowText::plain(facts);
 }
 

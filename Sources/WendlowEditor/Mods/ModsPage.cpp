@@ -1,6 +1,7 @@
 #include "Mods/ModsPage.h"
 
 #include "Mods/EditorModsFormat.h"
+#include "Say.h"
 
 #include <utility>
 
@@ -38,11 +39,11 @@ private:
         ModsRow& head = add(Kind::head, id, mod.slug);
         head.beside = mod.scope;
         head.under = mod.hint;
-        head.trailing = fmt::format("rev {}", mod.rev);
+        head.trailing = say("rev {}", mod.rev);
         part([&] {
             for (const auto& [path, rev] : mod.filesWithRevs())
                 add(Kind::file, fmt::format("{}/file/{}", id, path), path).trailing =
-                    fmt::format("rev {}", rev);
+                    say("rev {}", rev);
         });
         part([&] {
             for (const EditorModBehavior& behavior : mod.behaviors) {
@@ -56,7 +57,8 @@ private:
         part([&] {
             log(m_board.runsOf(mod.slug), id, false);
             if (m_rows.back().kind != Kind::run)
-                add(Kind::note, id + "/none", EditorModsFormat::noRuns);
+                add(Kind::note, id + "/none",
+                    say("No runs banked yet — nothing has fired on this Mac."));
         });
         frame(begin);
     }
@@ -68,7 +70,7 @@ private:
                                            run.startedAt.time_since_epoch().count()),
                                EditorModsFormat::when(run.startedAt));
             row.beside = withLane ? run.lane() : std::string();
-            row.trailing = EditorModsFormat::turns(run.turns) + " turns";
+            row.trailing = EditorModsFormat::turns(run.turns);
             row.run = run;
         }
     }
@@ -76,7 +78,7 @@ private:
     void rejections() {
         if (m_board.rejected.empty())
             return;
-        add(Kind::section, "section/refused", "Refused");
+        add(Kind::section, "section/refused", say("Refused"));
         const auto begin = m_rows.size();
         for (const EditorModRejection& rejection : m_board.rejected) {
             ModsRow& row = add(Kind::rejection, "refused/" + rejection.id(), rejection.label());
@@ -90,8 +92,8 @@ private:
         const std::vector<EditorModRun> runs = m_board.orphanRuns();
         if (runs.empty())
             return;
-        add(Kind::section, "section/orphans", "Runs of mods no longer installed").under =
-            "A receipt outlives the mod that earned it — these ran, and the ledger keeps them.";
+        add(Kind::section, "section/orphans", say("Runs of mods no longer installed")).under = say(
+            "A receipt outlives the mod that earned it — these ran, and the ledger keeps them.");
         const auto begin = m_rows.size();
         log(runs, "orphans", true);
         frame(begin);
@@ -129,11 +131,11 @@ std::optional<std::string> ModsPage::emptyLine(const std::optional<EditorModsBoa
     if (board)
         return board->isEmpty()
                    ? std::optional<std::string>(
-                         "No mods installed. A mod is a memory of type mod — a data spine plus "
-                         "named behaviors — filed at the scope it works in.")
+                         say("No mods installed. A mod is a memory of type mod — a data spine plus "
+                             "named behaviors — filed at the scope it works in."))
                    : std::nullopt;
-    return loaded ? "This world models no mods. Switch to your real data to see the registry."
-                  : "Reading your mods…";
+    return loaded ? say("This world models no mods. Switch to your real data to see the registry.")
+                  : say("Reading your mods…");
 }
 
 } // namespace wendlow

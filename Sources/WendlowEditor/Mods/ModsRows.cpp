@@ -2,7 +2,7 @@
 
 #include "Floor/RowText.h"
 #include "Floor/Stops.h"
-#include "Mods/EditorModsFormat.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,8 +20,9 @@ std::string outcome(const ModsRow& row) {
 QString help(const ModsRow& row) {
     if (!row.run)
         return {};
-    return row.opens() ? QStringLiteral("Open this run's report")
-                       : RowText::plain(EditorModsFormat::noReport);
+    return RowText::plain(row.opens()
+                              ? say("Open this run's report")
+                              : say("no report — this run never got as far as a final message"));
 }
 
 /// These of them that say something.

@@ -3,6 +3,7 @@
 #include "DateWords.h"
 #include "Floor/RowText.h"
 #include "Moments/MomentTextCard.h"
+#include "Say.h"
 
 #include <QClipboard>
 #include <QCoroFuture>
@@ -24,7 +25,7 @@ Written write(const ExportedScreens& screens, const EditorMoment& moment,
               const std::string& bytes) {
     const std::string png = TileDecoder::png(bytes);
     if (png.empty())
-        return std::unexpected("This picture could not be read.");
+        return std::unexpected(say("This picture could not be read.").toStdString());
     const auto path = screens.write(png, moment.thumbnailKey().value_or(0), moment.title);
     if (!path)
         return std::unexpected(path.error().description());
@@ -78,7 +79,8 @@ void MomentLightbox::openPicture() {
 QCoro::Task<> MomentLightbox::exportPicture(EditorMoment moment, std::string bytes) {
     const Lifetime::Watch life = m_life.watch();
     const std::string id = moment.id;
-    Written written = std::unexpected("There is no private folder on this computer.");
+    Written written =
+        std::unexpected(say("There is no private folder on this computer.").toStdString());
     if (const auto screens = m_door.folder()) {
         const QFuture<Written> future =
             QtConcurrent::run([screens = *screens, moment = std::move(moment),
@@ -94,7 +96,7 @@ QCoro::Task<> MomentLightbox::exportPicture(EditorMoment moment, std::string byt
     }
     const QUrl url = QUrl::fromLocalFile(RowText::plain(written->string()));
     if (!(m_door.open ? m_door.open(url) : QDesktopServices::openUrl(url)))
-        refuse(QStringLiteral("No program was found that shows pictures."));
+        refuse(say("No program was found that shows pictures."));
     Q_EMIT changed();
 }
 
@@ -123,16 +125,14 @@ QString MomentLightbox::when() const {
     if (!m_moment)
         return {};
     const QDate day = DateWords::local(m_moment->at).date();
-    return DateWords::weekday(day, QDate()) + QStringLiteral(", ") +
-           MomentTextCard::time(m_moment->at);
+    return say("{}, {}", DateWords::weekday(day, QDate()), MomentTextCard::time(m_moment->at));
 }
 
 QString MomentLightbox::body() const {
     if (!isTextCard())
         return {};
     const QString words = RowText::plain(m_moment->abstract.value_or("")).trimmed();
-    return words.isEmpty() ? QStringLiteral("No text has been distilled from this session yet.")
-                           : words;
+    return words.isEmpty() ? say("No text has been distilled from this session yet.") : words;
 }
 
 QString MomentLightbox::files() const {
@@ -150,8 +150,7 @@ double MomentLightbox::shade() const {
 QString MomentLightbox::pictureWords() const {
     if (!m_moment || isTextCard() || isReady() || shade() > 0)
         return {};
-    return isWaiting() ? QStringLiteral("Reading the picture…")
-                       : QStringLiteral("No picture is kept of this moment.");
+    return isWaiting() ? say("Reading the picture…") : say("No picture is kept of this moment.");
 }
 
 } // namespace wendlow

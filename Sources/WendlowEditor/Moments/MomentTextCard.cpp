@@ -3,6 +3,7 @@
 #include "DateWords.h"
 #include "Floor/EditorTranscriptTool.h"
 #include "Floor/RowText.h"
+#include "Say.h"
 
 #include <QLocale>
 #include <QTime>
@@ -54,7 +55,7 @@ std::int64_t rest(const EditorMoment& moment) {
 }
 
 QString told(const QTime& time) {
-    return QLocale().toString(time, QStringLiteral("h:mm AP"));
+    return QLocale().toString(time, say("h:mm AP"));
 }
 
 QStringList names(const EditorMoment& moment) {
@@ -94,7 +95,7 @@ QString MomentTextCard::title(const EditorMoment& moment) {
     QString own = RowText::plain(moment.title).trimmed();
     if (!own.isEmpty() && !isSessionID(own.toStdString()))
         return own;
-    return QStringLiteral("Session at %1").arg(time(moment.at));
+    return say("Session at {}", time(moment.at));
 }
 
 QString MomentTextCard::abstract(const EditorMoment& moment) {
@@ -131,9 +132,9 @@ QString MomentTextCard::filesTooltip(const EditorMoment& moment) {
     QStringList lines = names(moment);
     if (lines.isEmpty())
         return {};
-    lines.prepend(QStringLiteral("Files seen (%1)").arg(moment.fileCount));
+    lines.prepend(say("Files seen ({})", moment.fileCount));
     if (rest(moment) > 0)
-        lines.append(QStringLiteral("%1 more").arg(rest(moment)));
+        lines.append(say.plural(rest(moment), "{} more", "{} more", rest(moment)));
     return lines.join(u'\n');
 }
 

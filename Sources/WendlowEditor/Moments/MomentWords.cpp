@@ -2,6 +2,7 @@
 
 #include "DateWords.h"
 #include "Floor/RowText.h"
+#include "Say.h"
 
 namespace wendlow {
 
@@ -13,14 +14,13 @@ struct EmptyLine {
     std::optional<std::int64_t> count;
 
     QString operator()(const Case::Warming& /*state*/) const {
-        return QStringLiteral(
-            "Your screens will be ready in a moment — the index is still building.");
+        return say("Your screens will be ready in a moment — the index is still building.");
     }
     QString operator()(const Case::Settled& /*state*/) const {
-        return count.value_or(0) < 1 ? QStringLiteral("No moments captured yet.") : QString();
+        return count.value_or(0) < 1 ? say("No moments captured yet.") : QString();
     }
     QString operator()(const Case::Pending& /*state*/) const {
-        return QStringLiteral("Reading your screens…");
+        return say("Reading your screens…");
     }
     QString operator()(const Case::Failed& state) const { return RowText::plain(state.words); }
 };
@@ -28,7 +28,7 @@ struct EmptyLine {
 } // namespace
 
 QString MomentWords::heading(const QDate& newest, const QDate& today) {
-    return newest == today ? QStringLiteral("Today") : day(newest, today);
+    return newest == today ? say("Today") : day(newest, today);
 }
 
 QString MomentWords::day(const QDate& day, const QDate& today) {
@@ -38,8 +38,7 @@ QString MomentWords::day(const QDate& day, const QDate& today) {
 QString MomentWords::subheading(std::optional<std::int64_t> count) {
     if (!count)
         return {};
-    return *count == 1 ? QStringLiteral("1 moment")
-                       : QStringLiteral("%1 moments in all").arg(*count);
+    return say.plural(*count, "{} moment", "{} moments in all", *count);
 }
 
 QString MomentWords::empty(const EditorAnswerState& state, std::optional<std::int64_t> count) {

@@ -2,6 +2,7 @@
 
 #include "Floor/RowText.h"
 #include "Model/Blanks.h"
+#include "Say.h"
 
 #include <utility>
 
@@ -97,14 +98,14 @@ std::optional<EditorRulePlacement> RuleComposerModel::placement() const {
 }
 
 QString RuleComposerModel::title() const {
-    return QStringLiteral("New rule at %1").arg(RowText::line(m_scope));
+    return RowText::plain(say("New rule at {}", RowText::line(m_scope).toStdString()));
 }
 
 QStringList RuleComposerModel::choices() const {
     QStringList all{RowText::plain(EditorRulePlacement().label())};
     for (const std::string& name : m_known)
         all.append(RowText::line(name));
-    all.append(QStringLiteral("a new rules module:"));
+    all.append(RowText::plain(say("a new rules module:")));
     return all;
 }
 

@@ -3,6 +3,7 @@
 #include "Floor/RowText.h"
 #include "Floor/RulesScope.h"
 #include "Model/EditorRail.h"
+#include "Say.h"
 
 #include <utility>
 
@@ -215,11 +216,11 @@ void RulesFaceModel::newRule() {
 }
 
 QString RulesFaceModel::listName() const {
-    return QStringLiteral("Rules at %1").arg(RowText::line(m_scope));
+    return RowText::plain(say("Rules at {}", RowText::line(m_scope).toStdString()));
 }
 
 QString RulesFaceModel::emptyWords() const {
-    return m_picture ? QString() : QStringLiteral("Reading your rules…");
+    return m_picture ? QString() : RowText::plain(say("Reading your rules…"));
 }
 
 QString RulesFaceModel::outcome() const {

@@ -53,7 +53,7 @@ T.ItemDelegate {
 
     Accessible.ignored: !row.listed
     Accessible.name: row.words.length > 0 ? row.words : row.lead
-    Accessible.description: row.editable && !row.editing ? (row.told.length > 0 ? row.told + ", " : "") + qsTr("Return edits it") : row.told
+    Accessible.description: !row.editable || row.editing ? row.told : row.told.length > 0 ? qsTr("%1, Return edits it").arg(row.told) : qsTr("Return edits it")
     Accessible.selectable: true
     Accessible.selected: row.chosen
     Accessible.onPressAction: row.activate()

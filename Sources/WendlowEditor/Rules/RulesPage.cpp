@@ -3,6 +3,7 @@
 #include "Floor/EditorWords.h"
 #include "Floor/TextMatch.h"
 #include "Rules/EditorRulesCost.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -17,26 +18,22 @@ namespace {
 using Kind = RulesRow::Kind;
 using Tone = RulesRow::Tone;
 
-std::string counted(std::int64_t number, std::string_view one, std::string_view many) {
-    return fmt::format("{} {}", number, number == 1 ? one : many);
-}
-
 std::string countedRules(std::int64_t number) {
-    return counted(number, "rule", "rules");
+    return say.plural(number, "{} rule", "{} rules", number);
 }
 
-const char* caption(EditorRuleTier tier) {
+std::string caption(EditorRuleTier tier) {
     switch (tier) {
     case EditorRuleTier::everyPrompt:
-        return "no rules module — these ride every prompt, verbatim";
+        return say("no rules module — these ride every prompt, verbatim");
     case EditorRuleTier::undelivered:
-        return "the tag says nothing Wendlow can read — these reach no session";
+        return say("the tag says nothing Wendlow can read — these reach no session");
     case EditorRuleTier::legacy:
-        return "pre-rebuild tag — the migration sweeps this";
+        return say("pre-rebuild tag — the migration sweeps this");
     case EditorRuleTier::file:
         break;
     }
-    return "";
+    return {};
 }
 
 /// Writes the rows in their order. A row keeps its id as long as it speaks of the same thing, so
@@ -94,8 +91,10 @@ private:
 
     void everyPrompt(const EditorRulesCard& card) {
         const auto cost = EditorRulesCost::inlineTier(card);
-        section("section/card", "Rules riding every prompt").beside = fmt::format(
-            "{} · ~{} tokens riding every prompt", countedRules(cost.rules), cost.tokens);
+        section("section/card", say("Rules riding every prompt")).beside =
+            countedRules(cost.rules) + " · " +
+            say.plural(cost.tokens, "~{} token riding every prompt",
+                       "~{} tokens riding every prompt", cost.tokens);
         const auto begin = m_rows.size();
         for (const EditorRuleLine& line : card.inlineRules) {
             RulesRow& row = add(Kind::rule, "card/" + line.id, line.text);
@@ -103,17 +102,22 @@ private:
             row.trailing = line.scope.value_or("");
         }
         frame(begin);
+        const std::int64_t whole = EditorRulesCost::wholeCard(card).tokens;
         note("note/card",
-             fmt::format("The whole card — these lines plus the fetch index below — is ~{} tokens. "
-                         "Token counts are estimated at four characters each, the same way the "
-                         "compiler estimates them.",
-                         EditorRulesCost::wholeCard(card).tokens));
+             say.plural(whole,
+                        "The whole card — these lines plus the fetch index below — is ~{} token. "
+                        "Token counts are estimated at four characters each, the same way the "
+                        "compiler estimates them.",
+                        "The whole card — these lines plus the fetch index below — is ~{} tokens. "
+                        "Token counts are estimated at four characters each, the same way the "
+                        "compiler estimates them.",
+                        whole));
     }
 
     void stack(const EditorRulesStack& stack) {
-        section("section/stack", "The stack a session receives at " + stack.path);
+        section("section/stack", say("The stack a session receives at {}", stack.path));
         if (stack.levels.empty())
-            note("note/stack", "No rules are in force here.");
+            note("note/stack", say("No rules are in force here."));
         const auto begin = m_rows.size();
         for (const auto& level : stack.levels) {
             const auto at = m_rows.size();
@@ -124,34 +128,37 @@ private:
             RulesRow& head = m_rows[at];
             head.lead = level.path;
             if (&level == &stack.levels.front())
-                head.trailing = "injected first";
+                head.trailing = say("injected first");
             else if (&level == &stack.levels.back())
-                head.trailing = "nearest the prompt";
+                head.trailing = say("nearest the prompt");
             m_rows.back().ends = true;
         }
         frame(begin);
         if (stack.overflow >= 1)
             note("note/overflow",
-                 fmt::format("{} were dropped by the daemon’s sanity ceiling — the shallow ones "
-                             "survive.",
-                             counted(stack.overflow, "deeper rule", "deeper rules")));
+                 say.plural(stack.overflow,
+                            "{} deeper rule were dropped by the daemon’s sanity ceiling — the "
+                            "shallow ones survive.",
+                            "{} deeper rules were dropped by the daemon’s sanity ceiling — the "
+                            "shallow ones survive.",
+                            stack.overflow));
     }
 
     void modules(const EditorRulesCard& card) {
-        section("section/modules", "Rules modules on this scope chain");
+        section("section/modules", say("Rules modules on this scope chain"));
         note("note/modules",
-             fmt::format("Compiled under {}. A rules module is read when its sentence matches the "
-                         "work; the rev is the freshness signal — same rev, the cached read still "
-                         "stands. One rules module is one scope's rules, so a shallower one and a "
-                         "deeper one may share a name.",
-                         card.root));
+             say("Compiled under {}. A rules module is read when its sentence matches the "
+                 "work; the rev is the freshness signal — same rev, the cached read still "
+                 "stands. One rules module is one scope's rules, so a shallower one and a "
+                 "deeper one may share a name.",
+                 card.root));
         const auto begin = m_rows.size();
         for (const EditorRulesFileEntry& entry : card.files) {
             RulesRow& row =
                 add(Kind::module, fmt::format("module/{}/{}", entry.scope, entry.name), entry.name);
             row.beside = entry.scope;
             row.under = entry.trigger;
-            row.trailing = fmt::format("rev {}", entry.rev);
+            row.trailing = say("rev {}", entry.rev);
             if (entry.ruleCount)
                 row.count = countedRules(*entry.ruleCount);
         }
@@ -160,7 +167,8 @@ private:
 
     void filed() {
         const bool everywhere = m_scope == "/";
-        section("section/filed", everywhere ? "Rules filed at every scope" : "Rules filed here")
+        section("section/filed",
+                everywhere ? say("Rules filed at every scope") : say("Rules filed here"))
             .canAdd = true;
         if (const auto told = EditorWords::strip(m_picture.filedState); !told.words.isEmpty())
             strip("strip/filed", told.words.toStdString(),
@@ -168,17 +176,26 @@ private:
                 .canRetry = true;
         else if (m_picture.filed.empty() &&
                  std::holds_alternative<EditorAnswerStateCase::Settled>(m_picture.filedState))
-            note("note/filed", everywhere ? "No rules are filed anywhere yet."
-                                          : "No rules are filed at this scope.");
+            note("note/filed", everywhere ? say("No rules are filed anywhere yet.")
+                                          : say("No rules are filed at this scope."));
         if (RulesPage::nothingMatches(m_picture.filed, m_term))
-            note("note/filed",
-                 fmt::format("Nothing matches “{}” in the rules filed here.", m_term));
+            note("note/filed", say("Nothing matches “{}” in the rules filed here.", m_term));
         for (const EditorRuleFileGroup& group : m_picture.filed)
             filedGroup(group);
         if (m_picture.filedTotal > EditorRulesPicture::mostFiled && !m_picture.filed.empty())
-            note("note/more", fmt::format("Showing the first {} of {} rules filed {}.",
-                                          EditorRulesPicture::mostFiled, m_picture.filedTotal,
-                                          everywhere ? "at every scope" : "here"));
+            note("note/more", everywhere ? shownEverywhere() : shownHere());
+    }
+
+    std::string shownEverywhere() const {
+        return say.plural(m_picture.filedTotal,
+                          "Showing the first {} of {} rule filed at every scope.",
+                          "Showing the first {} of {} rules filed at every scope.",
+                          EditorRulesPicture::mostFiled, m_picture.filedTotal);
+    }
+    std::string shownHere() const {
+        return say.plural(m_picture.filedTotal, "Showing the first {} of {} rule filed here.",
+                          "Showing the first {} of {} rules filed here.",
+                          EditorRulesPicture::mostFiled, m_picture.filedTotal);
     }
 
     void filedGroup(const EditorRuleFileGroup& group) {

@@ -6,12 +6,12 @@
 #include "DateWords.h"
 #include "InstalledBundle.h"
 #include "OwnedNames.h"
+#include "Say.h"
 #include "Scopes/EditorScopePaths.h"
 
 #include <expected>
 #include <tuple>
 
-#include <fmt/format.h>
 #include <unistd.h>
 
 namespace wendlow::EditorMigrationWriter {
@@ -31,16 +31,15 @@ Result inWords(const Disk::Result<void>& result) {
 /// is written into it would lie where they chose.
 Result makeFolder(const std::filesystem::path& folder) {
     if (Disk::readLink(folder))
-        return std::unexpected(fmt::format(
-            "the folder {} is a link, and nothing is written through one", folder.string()));
+        return std::unexpected(
+            say("the folder {} is a link, and nothing is written through one", folder.string()));
     if (const auto made = inWords(Disk::createDirectories(folder, 0700)); !made)
         return made;
     const auto found = Disk::attributes(folder);
     if (!found)
         return std::unexpected(Disk::words(found.error()));
     if (found->owner != ::geteuid())
-        return std::unexpected(
-            fmt::format("the folder {} belongs to somebody else", folder.string()));
+        return std::unexpected(say("the folder {} belongs to somebody else", folder.string()));
     return {};
 }
 
@@ -80,18 +79,18 @@ EditorWriteOutcome write(const EditorScopeMigration& migration, std::string_view
                          const Place& place) {
     if (!place.mcp)
         return EditorWriteOutcome::refused(
-            "Wendlow is not running from an installed app bundle, so there is no wendlow-mcp here "
-            "for the migration script to run its writes through.");
+            say("Wendlow is not running from an installed app bundle, so there is no wendlow-mcp "
+                "here for the migration script to run its writes through."));
     if (migration.breaksLines() || EditorScopePaths::breaksLines(place.mcp->string()))
-        return EditorWriteOutcome::refused("a name in this move holds a line break or another "
-                                           "control character, so no script was written");
+        return EditorWriteOutcome::refused(say("a name in this move holds a line break or another "
+                                               "control character, so no script was written"));
     const auto file = place.directory / migration.scriptName(date);
     Result result = makeFolder(place.directory);
     if (result)
         result = put(migration.script(date, place.mcp->string()), file);
     if (!result)
-        return EditorWriteOutcome::refused(fmt::format(
-            "Couldn’t write the migration script to {}: {}", file.string(), result.error()));
+        return EditorWriteOutcome::refused(
+            say("Couldn’t write the migration script to {}: {}", file.string(), result.error()));
     return EditorWriteOutcome::wrote(file.string());
 }
 

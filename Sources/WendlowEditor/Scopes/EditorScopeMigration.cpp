@@ -1,6 +1,7 @@
 #include "Scopes/EditorScopeMigration.h"
 
 #include "Overloaded.h"
+#include "Say.h"
 #include "Scopes/EditorScopePaths.h"
 #include "Scopes/MigrationScript.h"
 
@@ -13,11 +14,6 @@
 namespace wendlow {
 
 namespace {
-
-/// "1 memory", "2 memories".
-std::string counted(std::int64_t number, std::string_view one, std::string_view many) {
-    return fmt::format("{} {}", number, number == 1 ? one : many);
-}
 
 EditorScopeMigration built(decltype(EditorScopeMigration::kind) kind,
                            const std::vector<EditorScopeRow>& board) {
@@ -82,19 +78,31 @@ bool EditorScopeMigration::breaksLines() const {
            });
 }
 
+// Each number has a clause of its own: a language may bend more than the word behind it.
 std::string EditorScopeMigration::summary() const {
-    const std::string memories = counted(memoryCount(), "memory", "memories");
-    const std::string scopes = counted(std::ssize(affected), "scope", "scopes");
-    const std::string maps = counted(foldersTotal(), "folder map", "folder maps");
-    if (isRetire())
-        return fmt::format("{} holds {} across {}. Retiring it moves them to {} and rewrites {}. A "
-                           "scope with contents never silently deletes; empty scopes just "
-                           "disappear.",
-                           moved(), memories, scopes, to(), maps);
-    return fmt::format("{} → {} would move {}, update {}, and re-path {}. It runs as a standalone "
-                       "migration script with a verified backup — never an in-place edit from this "
-                       "window.",
-                       moved(), to(), memories, maps, scopes);
+    const std::int64_t memories = memoryCount();
+    const std::int64_t scopes = std::ssize(affected);
+    const std::int64_t maps = foldersTotal();
+    if (isRetire()) {
+        const std::string held =
+            say.plural(memories, "{} holds {} memory", "{} holds {} memories", moved(), memories);
+        const std::string across =
+            say.plural(scopes, "across {} scope", "across {} scopes", scopes);
+        const std::string moves =
+            say.plural(maps, "Retiring it moves them to {} and rewrites {} folder map.",
+                       "Retiring it moves them to {} and rewrites {} folder maps.", to(), maps);
+        return say("{} {}. {} A scope with contents never silently deletes; empty scopes just "
+                   "disappear.",
+                   held, across, moves);
+    }
+    const std::string moves = say.plural(memories, "{} → {} would move {} memory",
+                                         "{} → {} would move {} memories", moved(), to(), memories);
+    const std::string updates =
+        say.plural(maps, "update {} folder map", "update {} folder maps", maps);
+    const std::string repaths = say.plural(scopes, "re-path {} scope", "re-path {} scopes", scopes);
+    return say("{}, {}, and {}. It runs as a standalone migration script with a verified backup — "
+               "never an in-place edit from this window.",
+               moves, updates, repaths);
 }
 
 std::string EditorScopeMigration::slug(std::string_view path) {

@@ -2,6 +2,7 @@
 
 #include "Floor/RowText.h"
 #include "Overloaded.h"
+#include "Say.h"
 #include "Scopes/EditorScopePaths.h"
 #include "Scopes/ScopeFields.h"
 
@@ -91,7 +92,7 @@ void ScopeSheetModel::judge() {
                    m_sheet);
     const auto& move = m_moves.migration();
     if (move && move->affected.empty())
-        m_pathFault = "This scope isn’t there any more.";
+        m_pathFault = say("This scope isn’t there any more.");
     m_summary = move && !m_path.isEmpty() ? RowText::plain(move->summary()) : QString();
     Q_EMIT changed();
 }
@@ -149,44 +150,34 @@ QCoro::Task<> ScopeSheetModel::map(std::string folder, std::string path) {
 }
 
 QString ScopeSheetModel::title() const {
-    const QString of = RowText::line(scope());
-    return std::visit(Overloaded{[&](const ScopeSheet::MapFolder& /*map*/) {
-                                     return QStringLiteral("Map a folder to %1").arg(of);
-                                 },
-                                 [&](const ScopeSheet::Rename& /*rename*/) {
-                                     return QStringLiteral("Rename %1").arg(of);
-                                 },
-                                 [&](const ScopeSheet::Retire& /*retire*/) {
-                                     return QStringLiteral("Retire %1").arg(of);
-                                 },
-                                 [](const ScopeSheet::NewScope& /*none*/) {
-                                     return QStringLiteral("New scope");
-                                 }},
-                      m_sheet);
+    const std::string of = RowText::line(scope()).toStdString();
+    return RowText::plain(std::visit(
+        Overloaded{
+            [&](const ScopeSheet::MapFolder& /*map*/) { return say("Map a folder to {}", of); },
+            [&](const ScopeSheet::Rename& /*rename*/) { return say("Rename {}", of); },
+            [&](const ScopeSheet::Retire& /*retire*/) { return say("Retire {}", of); },
+            [](const ScopeSheet::NewScope& /*none*/) { return say("New scope"); }},
+        m_sheet));
 }
 
 QString ScopeSheetModel::text() const {
     if (std::holds_alternative<ScopeSheet::NewScope>(m_sheet))
-        return QStringLiteral(
-            "A scope exists once something points at it. Name the path and the "
-            "folder that maps to it; Wendlow files memories from that folder here "
-            "from now on.");
+        return RowText::plain(
+            say("A scope exists once something points at it. Name the path and the folder that "
+                "maps to it; Wendlow files memories from that folder here from now on."));
     if (const auto* const map = std::get_if<ScopeSheet::MapFolder>(&m_sheet))
-        return QStringLiteral("Work done in this folder files its memories at %1.")
-            .arg(RowText::line(map->scope));
+        return RowText::plain(say("Work done in this folder files its memories at {}.",
+                                  RowText::line(map->scope).toStdString()));
     return {};
 }
 
 QString ScopeSheetModel::pathLabel() const {
-    return std::visit(
-        Overloaded{
-            [](const ScopeSheet::MapFolder& /*map*/) { return QString(); },
-            [](const ScopeSheet::Rename& /*rename*/) { return QStringLiteral("New path"); },
-            [](const ScopeSheet::Retire& /*retire*/) {
-                return QStringLiteral("Move its contents to");
-            },
-            [](const ScopeSheet::NewScope& /*none*/) { return QStringLiteral("Scope path"); }},
-        m_sheet);
+    return RowText::plain(std::visit(
+        Overloaded{[](const ScopeSheet::MapFolder& /*map*/) { return std::string(); },
+                   [](const ScopeSheet::Rename& /*rename*/) { return say("New path"); },
+                   [](const ScopeSheet::Retire& /*retire*/) { return say("Move its contents to"); },
+                   [](const ScopeSheet::NewScope& /*none*/) { return say("Scope path"); }},
+        m_sheet));
 }
 
 bool ScopeSheetModel::mapsFolder() const {
@@ -195,7 +186,7 @@ bool ScopeSheetModel::mapsFolder() const {
 }
 
 QString ScopeSheetModel::commitLabel() const {
-    return mapsFolder() ? QStringLiteral("Map folder") : QStringLiteral("Write migration script");
+    return RowText::plain(mapsFolder() ? say("Map folder") : say("Write migration script"));
 }
 
 QString ScopeSheetModel::fault() const {

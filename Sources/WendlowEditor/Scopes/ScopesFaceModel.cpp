@@ -3,6 +3,7 @@
 #include "Floor/EditorWords.h"
 #include "Floor/FlatScopes.h"
 #include "Floor/RowText.h"
+#include "Say.h"
 #include "Scopes/EditorScopePaths.h"
 
 #include <QCoroFuture>
@@ -156,23 +157,23 @@ QCoro::Task<> ScopesFaceModel::write(EditorScopeMigration migration) {
 void ScopesFaceModel::openFolder() {
     const QString folder = QFileInfo(scriptPath()).path();
     const bool opened = QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
-    m_folderFault = opened
-                        ? QString()
-                        : QStringLiteral("No program here opens a folder. It is %1.").arg(folder);
+    m_folderFault = opened ? QString()
+                           : RowText::plain(say("No program here opens a folder. It is {}.",
+                                                folder.toStdString()));
     Q_EMIT changed();
 }
 
 QString ScopesFaceModel::intro() {
-    return QStringLiteral("Every scope Wendlow knows, with what is filed there and which folders "
-                          "point at it.");
+    return RowText::plain(
+        say("Every scope Wendlow knows, with what is filed there and which folders point at it."));
 }
 
 QString ScopesFaceModel::emptyWords() const {
     if (m_rows.rowCount() > 0 || !strip().isEmpty())
         return {};
-    return m_read ? QStringLiteral("No scopes yet. A scope comes into being when a folder maps to "
-                                   "it or a memory is filed at it.")
-                  : QStringLiteral("Reading your scopes…");
+    return RowText::plain(m_read ? say("No scopes yet. A scope comes into being when a folder maps "
+                                       "to it or a memory is filed at it.")
+                                 : say("Reading your scopes…"));
 }
 
 bool ScopesFaceModel::isReading() const {
@@ -198,9 +199,9 @@ QString ScopesFaceModel::script() const {
         return {};
     if (!m_script->ok())
         return RowText::plain(m_script->words);
-    return QStringLiteral("Migration script written to %1. Read it, then run it — the Editor never "
-                          "performs a scope move itself.")
-        .arg(scriptPath());
+    return RowText::plain(say("Migration script written to {}. Read it, then run it — the Editor "
+                              "never performs a scope move itself.",
+                              m_script->words));
 }
 
 QString ScopesFaceModel::scriptPath() const {

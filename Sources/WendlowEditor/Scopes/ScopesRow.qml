@@ -47,7 +47,7 @@ T.ItemDelegate {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: row.path
-    Accessible.description: row.told + ", " + qsTr("Return renames it")
+    Accessible.description: qsTr("%1, Return renames it").arg(row.told)
     Accessible.selectable: true
     Accessible.selected: row.selected
     Accessible.onPressAction: row.claimed()

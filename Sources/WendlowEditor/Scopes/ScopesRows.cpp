@@ -2,6 +2,7 @@
 
 #include "Floor/RowText.h"
 #include "Model/EditorRail.h"
+#include "Say.h"
 
 #include <QStringList>
 
@@ -43,9 +44,13 @@ std::size_t nameAt(std::string_view path) {
     return slash == std::string_view::npos || slash + 1 == path.size() ? 0 : slash + 1;
 }
 
+QString rest(std::ptrdiff_t number) {
+    return RowText::plain(say.plural(number, "and {} more folder", "and {} more folders", number));
+}
+
 QString told(const EditorScopeRow& scope) {
     QStringList parts;
-    parts.append(scope.kinds.empty() ? QStringLiteral("nothing filed here")
+    parts.append(scope.kinds.empty() ? RowText::plain(say("nothing filed here"))
                                      : counts(scope, QStringLiteral(", ")));
     parts += folders(scope, std::ssize(scope.folders));
     return parts.join(QStringLiteral(", "));
@@ -88,9 +93,7 @@ QVariant ScopesRows::data(const QModelIndex& index, int role) const {
     case AllFoldersRole:
         return folders(scope, std::ssize(scope.folders));
     case RestRole:
-        return isCut(scope) ? QStringLiteral("and %1 more folders")
-                                  .arg(std::ssize(scope.folders) - fewFolders)
-                            : QString();
+        return isCut(scope) ? rest(std::ssize(scope.folders) - fewFolders) : QString();
     case ToldRole:
         return told(scope);
     default:

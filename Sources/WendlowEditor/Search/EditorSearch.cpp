@@ -4,11 +4,10 @@
 #include "Floor/FlatScopes.h"
 #include "LinkStages.h"
 #include "Ranking/EditorText.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
-
-#include <fmt/format.h>
 
 namespace wendlow {
 
@@ -26,7 +25,7 @@ EditorAsk askFor(const std::string& term, EditorKind kind, std::int64_t limit) {
 }
 
 QString resultsFor(const std::string& term) {
-    return QStringLiteral("Results for “%1”").arg(RowText::line(term));
+    return say("Results for “{}”", RowText::line(term));
 }
 
 } // namespace
@@ -152,7 +151,8 @@ QCoro::Task<EditorAnswer> EditorSearch::answerTo(EditorAsk ask) {
     // Rows to another question must not pass for hits, nor for there being none.
     if (answer.ask != ask)
         co_return EditorAnswer::failed(
-            "Wendlow answered with something this mod does not understand.", std::move(ask));
+            say("Wendlow answered with something this mod does not understand.").toStdString(),
+            std::move(ask));
     co_return answer;
 }
 
@@ -376,24 +376,22 @@ QString EditorSearch::summary() const {
         return why;
     if (m_hits.rows().empty())
         return noMatches();
-    const auto count = m_hits.rows().size();
-    return QStringLiteral("%1 %2 for “%3”")
-        .arg(count)
-        .arg(count == 1 ? QStringLiteral("result") : QStringLiteral("results"))
-        .arg(RowText::line(m_found.term));
+    const auto count = std::ssize(m_hits.rows());
+    return say.plural(count, "{} result for “{}”", "{} results for “{}”", count,
+                      RowText::line(m_found.term));
 }
 
 QString EditorSearch::timing() const {
     if (!m_found.millis)
         return {};
     const auto& [memory, moment] = *m_found.millis;
-    return QString::fromStdString(fmt::format("memories {} ms · moments {} ms", memory, moment));
+    return say("memories {} ms · moments {} ms", memory, moment);
 }
 
 QString EditorSearch::noMatches() const {
     if (m_busy || m_found.term.empty() || !m_hits.rows().empty() || !trouble().isEmpty())
         return {};
-    return QStringLiteral("No matches for “%1”.").arg(RowText::line(m_found.term));
+    return say("No matches for “{}”.", RowText::line(m_found.term));
 }
 
 QString EditorSearch::trouble() const {

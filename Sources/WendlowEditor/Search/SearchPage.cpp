@@ -124,6 +124,10 @@ void add(SearchSections& sections, std::string title, const Things& things, Want
         sections.push_back(std::move(section));
 }
 
+std::string titleOf(EditorFace face) {
+    return std::string(EditorFaces::title(face));
+}
+
 /// The types that have no face of their own, as they first appear.
 std::vector<std::string_view> ordinaryTypes(const EditorMemoryHits& memories) {
     std::vector<std::string_view> types;
@@ -147,29 +151,30 @@ SearchSections SearchPage::build(const Found& found) {
             [&](const EditorMemoryHit& hit) { return memoryHit(hit, found); });
     if (found.meetings)
         add(
-            sections, "Meetings", *found.meetings,
+            sections, titleOf(EditorFace::meetings), *found.meetings,
             [term](const EditorMeeting& meeting) { return speaksOf(meeting, term); }, meetingHit);
     add(
-        sections, "Moments", found.moments, [](const EditorMoment&) { return true; },
+        sections, titleOf(EditorFace::moments), found.moments,
+        [](const EditorMoment&) { return true; },
         [term](const EditorMoment& moment) { return momentHit(moment, term); });
     add(
-        sections, "Rules", found.memories,
+        sections, titleOf(EditorFace::rules), found.memories,
         [](const EditorMemoryHit& hit) { return hit.memory.type == "rule"; },
         [&](const EditorMemoryHit& hit) { return ruleHit(hit, found); });
     if (found.mods != nullptr)
         add(
-            sections, "Mods", *found.mods,
+            sections, titleOf(EditorFace::mods), *found.mods,
             [&](const EditorInstalledMod& mod) {
                 return holds(mod.slug) || holds(mod.hint) || holds(mod.scope);
             },
             modHit);
-    add(sections, "Scopes", found.scopePaths, holds, scopeHit);
+    add(sections, titleOf(EditorFace::scopes), found.scopePaths, holds, scopeHit);
     return sections;
 }
 
 std::string SearchPage::memorySubtitle(const EditorMemoryHit& hit, std::string_view term,
                                        const MemoryDetails& details) {
-    std::string fallback = joined({hit.memory.type, hit.scopeID}, between);
+    std::string fallback = joined({TypeWords::single(hit.memory.type), hit.scopeID}, between);
     const auto detail = details.find(hit.memory.id);
     if (detail == details.end() || !detail->second || standsIn(term, hit.memory.title))
         return fallback;

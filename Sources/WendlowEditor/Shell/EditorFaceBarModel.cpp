@@ -1,6 +1,7 @@
 #include "Shell/EditorFaceBarModel.h"
 
 #include "Floor/RowText.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,7 +33,8 @@ QString EditorFaceBarModel::label() const {
         return QStringLiteral("/");
     if (m_picked.size() == 1)
         return RowText::line(*m_picked.begin());
-    return QStringLiteral("%1 scopes").arg(m_picked.size());
+    const auto count = std::ssize(m_picked);
+    return say.plural(count, "{} scope", "{} scopes", count);
 }
 
 void EditorFaceBarModel::setPickerOpen(bool open) {
@@ -78,7 +80,7 @@ QVariant EditorFaceBarModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case TitleRole:
-        return here.id.empty() ? QStringLiteral("(all scopes)") : RowText::line(here.id);
+        return here.id.empty() ? say("(all scopes)") : RowText::line(here.id);
     case DepthRole:
         return here.depth;
     case PickedRole:

@@ -2,6 +2,7 @@
 
 #include "Floor/EditorWords.h"
 #include "Floor/FlatScopes.h"
+#include "Say.h"
 
 #include <QQmlEngine>
 
@@ -119,7 +120,7 @@ void EditorRoot::watchTheWait() {
 }
 
 QString EditorRoot::waitingWords() const {
-    return m_late ? QStringLiteral("Still waiting for Wendlow…") : QString();
+    return m_late ? say("Still waiting for Wendlow…") : QString();
 }
 
 /// Once for each trouble, however often it is shown.

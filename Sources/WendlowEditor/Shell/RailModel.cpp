@@ -1,6 +1,7 @@
 #include "Shell/RailModel.h"
 
 #include "Floor/RowText.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <utility>
@@ -52,7 +53,8 @@ void RailModel::add(std::vector<RailRow>& rows, EditorFace face,
     if (places > placesShown && !expanded) {
         RailRow more;
         more.kind = RailRow::Kind::more;
-        more.title = fmt::format("{} more", places - placesShown);
+        const auto unseen = static_cast<std::int64_t>(places - placesShown);
+        more.title = say.plural(unseen, "{} more", "{} more", unseen).toStdString();
         rows.push_back(std::move(more));
     }
     for (auto at = begin; at < rows.size(); ++at) {

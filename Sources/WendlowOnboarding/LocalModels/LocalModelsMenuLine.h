@@ -4,12 +4,9 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 /// What a menu says of the download. Pure.
 namespace wendlow::LocalModelsMenuLine {
-
-inline constexpr std::string_view unknownTotalTitle = "Setting up local models…";
 
 struct Line {
     std::string title;

@@ -3,6 +3,7 @@
 #include "DateWords.h"
 #include "JourneyWords.h"
 #include "LocalModelsUndo.h"
+#include "Say.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +12,6 @@
 #include <utility>
 
 #include <sys/stat.h>
-
-#include <fmt/format.h>
 
 namespace wendlow::LocalModelsScreen {
 
@@ -74,13 +73,13 @@ RowFace face(const Row& row, Writer writer) {
 }
 
 std::string name(const Row& row) {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 3> known{
+    constexpr std::array<std::pair<std::string_view, JourneyWords::Text>, 3> known{
         {{"runtime", Words::rowRuntime},
          {"model", Words::rowNaming},
          {"asr", Words::rowTranscription}}};
     for (const auto& [id, name] : known)
         if (row.id == id)
-            return std::string(name);
+            return std::string(name.said());
     return row.label;
 }
 
@@ -168,8 +167,7 @@ std::string hint(const Reading& progress, Size appBytes) {
     const Size footprint = progress ? progress->footprintBytes() : std::nullopt;
     const bool sworn = LocalModelsUndo::leavesNothingBehind(
         progress ? std::optional(progress->installed) : std::nullopt);
-    return Words::hint(appBytes ? bytesLabel(*appBytes) : "small",
-                       bytesLabel(footprint.value_or(expectedFootprint)),
+    return Words::hint(label(appBytes), bytesLabel(footprint.value_or(expectedFootprint)),
                        sworn ? Words::Behind::nothing : Words::Behind::notSworn);
 }
 
@@ -179,14 +177,14 @@ std::string bytesLabel(std::int64_t bytes) {
     constexpr std::int64_t giga = 1'000'000'000;
     const auto value = static_cast<double>(bytes);
     if (bytes < 0)
-        return "0 B";
+        return say("{} B", 0);
     if (bytes < kilo)
-        return fmt::format("{} B", bytes);
+        return say("{} B", bytes);
     if (bytes < mega)
-        return fmt::format("{} KB", std::lround(value / static_cast<double>(kilo)));
+        return say("{} KB", std::lround(value / static_cast<double>(kilo)));
     if (bytes < giga)
-        return fmt::format("{} MB", std::lround(value / static_cast<double>(mega)));
-    return fmt::format("{:.1f} GB", value / static_cast<double>(giga));
+        return say("{} MB", std::lround(value / static_cast<double>(mega)));
+    return say("{:.1f} GB", value / static_cast<double>(giga));
 }
 
 Size appBundleBytes(const std::filesystem::path& path) {

@@ -4,6 +4,7 @@
 #include "HomeFolder.h"
 #include "LocalModel.h"
 #include "SafeRemoval.h"
+#include "Say.h"
 #include "SetupLog.h"
 
 #include <QCoroFuture>
@@ -179,20 +180,19 @@ std::vector<std::string> describe(const Steps& steps) {
     for (const Step& step : steps)
         lines.push_back(std::visit(
             Overloaded{[](const DeleteModel& model) {
-                           return fmt::format("will ask Ollama to remove the naming model Wendlow "
-                                              "downloaded ({})",
-                                              model.name);
+                           return say("will ask Ollama to remove the naming model Wendlow "
+                                      "downloaded ({})",
+                                      model.name);
                        },
                        [](const BootoutAgent& agent) {
-                           return fmt::format("the model host Wendlow started ({})", agent.label);
+                           return say("the model host Wendlow started ({})", agent.label);
                        },
                        [](const RemoveDirectory& folder) { return folder.path; },
                        [](const RemoveFile& file) {
-                           return fmt::format("a partly downloaded model file ({})",
-                                              fileName(file.path));
+                           return say("a partly downloaded model file ({})", fileName(file.path));
                        },
                        [](const RemoveModelFolder& folder) {
-                           return fmt::format("the model folder Wendlow created ({})", folder.path);
+                           return say("the model folder Wendlow created ({})", folder.path);
                        }},
             step));
     return lines;
@@ -203,17 +203,18 @@ std::vector<std::string> keeps(const Receipts& receipts) {
         return {};
     const auto& models = receipts.ollama->models;
     if (models.size() == 1)
-        return {fmt::format("your existing Ollama model stays ({})", models.front())};
+        return {say("your existing Ollama model stays ({})", models.front())};
     if (!models.empty())
-        return {fmt::format("your {} existing Ollama models stay", models.size())};
+        return {say.plural(std::ssize(models), "your {} existing Ollama model stays",
+                           "your {} existing Ollama models stay", models.size())};
     if (receipts.ollama->folderExisted)
-        return {"your Ollama folder stays; it was here before Wendlow"};
+        return {say("your Ollama folder stays; it was here before Wendlow")};
     return {};
 }
 
 std::vector<std::string> caveats(const Receipts& receipts) {
     if (!receipts.ollama && receipts.pulledModel && !receipts.agentPlist)
-        return {"partly downloaded model files in your Ollama folder may remain"};
+        return {say("partly downloaded model files in your Ollama folder may remain")};
     return {};
 }
 

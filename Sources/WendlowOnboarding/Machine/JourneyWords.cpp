@@ -1,5 +1,7 @@
 #include "JourneyWords.h"
 
+#include "Say.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -13,56 +15,81 @@ constexpr std::string_view bold = "**";
 
 } // namespace
 
+std::string_view Text::said() const {
+    return say.view(m_english);
+}
+
 namespace LocalModels {
 
-std::string rowState(Text state, Text size) {
-    return size.empty() ? std::string(state) : fmt::format("{} · {}", size, state);
+std::string rowState(Text state, std::string_view size) {
+    return size.empty() ? std::string(state.said()) : fmt::format("{} · {}", size, state.said());
 }
 
-std::string rowProgress(Text done, Text total) {
-    return fmt::format("{} of {}", done, total);
+std::string rowProgress(std::string_view done, std::string_view total) {
+    return say("{} of {}", done, total);
 }
 
-std::string rowProgressSoFar(Text done) {
-    return fmt::format("{} so far", done);
+std::string rowProgressSoFar(std::string_view done) {
+    return say("{} so far", done);
 }
 
-std::string totalLine(Text done, Text total) {
-    return fmt::format("{} of {} so far.", done, total);
+std::string totalLine(std::string_view done, std::string_view total) {
+    return say("{} of {} so far.", done, total);
 }
 
-std::string estimate(Text clock, int minutes) {
-    return fmt::format("At the current rate, done by about {}, in {} minutes.", clock, minutes);
+std::string estimate(std::string_view clock, int minutes) {
+    return say.plural(minutes, "At the current rate, done by about {}, in {} minute.",
+                      "At the current rate, done by about {}, in {} minutes.", clock, minutes);
 }
 
-std::string hint(Text app, Text total, Behind behind) {
-    return fmt::format("**Why we are telling you.** So you know what is happening on your Mac. "
-                       "Wendlow itself is {}. The models are {}. If that is too much, you can back "
-                       "out now{}",
-                       app, total, behind == Behind::nothing ? " and nothing stays behind." : ".");
+std::string hint(std::string_view app, std::string_view total, Behind behind) {
+    if (behind == Behind::nothing)
+        return app.empty()
+                   ? say("**Why we are telling you.** So you know what is happening on your Mac. "
+                         "Wendlow itself is small. The models are {}. If that is too much, you can "
+                         "back out now and nothing stays behind.",
+                         total)
+                   : say("**Why we are telling you.** So you know what is happening on your Mac. "
+                         "Wendlow itself is {}. The models are {}. If that is too much, you can "
+                         "back out now and nothing stays behind.",
+                         app, total);
+    return app.empty()
+               ? say("**Why we are telling you.** So you know what is happening on your Mac. "
+                     "Wendlow itself is small. The models are {}. If that is too much, you can "
+                     "back out now.",
+                     total)
+               : say("**Why we are telling you.** So you know what is happening on your Mac. "
+                     "Wendlow itself is {}. The models are {}. If that is too much, you can back "
+                     "out now.",
+                     app, total);
 }
 
 } // namespace LocalModels
 
-Hint split(Text hint) {
+Hint split(std::string_view hint) {
     if (!hint.starts_with(bold))
         return {.title = {}, .text = std::string(hint)};
     hint.remove_prefix(bold.size());
     const auto end = std::min(hint.find(bold), hint.size());
-    Text rest = hint.substr(std::min(end + bold.size(), hint.size()));
+    std::string_view rest = hint.substr(std::min(end + bold.size(), hint.size()));
     while (rest.starts_with('\n') || rest.starts_with(' '))
         rest.remove_prefix(1);
     return {.title = std::string(hint.substr(0, end)), .text = std::string(rest)};
 }
 
-std::string plain(Text marked) {
+std::string_view linkIn(std::string_view sentence, std::string_view word) {
+    const bool stands = !word.empty() && sentence.find(word) != std::string_view::npos;
+    return stands ? word : sentence;
+}
+
+std::string plain(std::string_view marked) {
     std::string text(marked);
     for (auto at = text.find(bold); at != std::string::npos; at = text.find(bold, at))
         text.erase(at, bold.size());
     return text;
 }
 
-std::string styled(Text marked) {
+std::string styled(std::string_view marked) {
     std::string text;
     bool open = false;
     for (std::size_t at = 0; at < marked.size(); ++at) {

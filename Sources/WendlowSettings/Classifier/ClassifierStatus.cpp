@@ -1,6 +1,7 @@
 #include "Classifier/ClassifierStatus.h"
 
 #include "LocalModel.h"
+#include "Say.h"
 
 #include <QString>
 
@@ -11,20 +12,22 @@ namespace wendlow {
 namespace {
 
 constexpr std::array tones{"error", "running", "loading"};
+constexpr const char* modelSize = sayLater("2.5 GB");
+static_assert(modelSize == LocalModel::approxDownload);
 
 } // namespace
 
 ClassifierStatus ClassifierStatus::current() {
-    return {.model = "Gemma 3 · 4B, text only",
+    return {.model = say("Gemma 3 · 4B, text only"),
             .runtime = "Ollama",
-            .sizeOnDisk = std::string(LocalModel::approxDownload),
+            .sizeOnDisk = say(modelSize),
             .health = Running{}};
 }
 
 std::string ClassifierStatus::healthWord() const {
     if (const auto* const error = std::get_if<Error>(&health))
         return error->words;
-    return std::holds_alternative<Running>(health) ? "Running" : "Checking";
+    return std::holds_alternative<Running>(health) ? say("Running") : say("Checking");
 }
 
 QVariantMap ClassifierStatus::map() const {

@@ -114,7 +114,7 @@ ScrollPage {
             }
         }
     }
-    HeldAlt {
+    AltKey {
         id: alt
         within: pane
     }

@@ -30,7 +30,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: row.label
-    Accessible.description: qsTr("%1, %2 a month, used: %3").arg(row.rate).arg(row.month).arg(row.used) + (row.keep ? "" : qsTr(", always saved"))
+    Accessible.description: (row.keep ? qsTr("%1, %2 a month, used: %3") : qsTr("%1, %2 a month, used: %3, always saved")).arg(row.rate).arg(row.month).arg(row.used)
 
     Hairline {
         width: row.width

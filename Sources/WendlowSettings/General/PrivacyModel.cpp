@@ -2,6 +2,7 @@
 
 #include "General/PrivacyWords.h"
 #include "PaneQuestion.h"
+#include "Say.h"
 #include "SelfNames.h"
 
 #include <QCoroTimer>
@@ -21,6 +22,10 @@ namespace {
 /// After so many polls that came to nothing in a row, the daemon is asked less often.
 constexpr int patientPolls = 3;
 constexpr std::chrono::milliseconds slowPoll = std::chrono::seconds(10);
+
+constexpr const char* takesNoNames =
+    sayLater("This Mac is still running an older Wendlow daemon, which cannot save your names yet. "
+             "Quitting and reopening Wendlow picks up the new one.");
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -203,7 +208,7 @@ QCoro::Task<PrivacyModel::Outcome> PrivacyModel::write(DaemonSwitch& toggle,
     toggle.answerWrite(text(refusal));
     if (refusal.empty())
         co_return Outcome::kept;
-    note(verb, refusal);
+    note(verb, PaneQuestion::logged(answer));
     Q_EMIT said(text(refusal));
     co_return Outcome::refused;
 }
@@ -359,16 +364,13 @@ QCoro::Task<> PrivacyModel::writeNames(QString typed) {
         if (m_draft == typed)
             m_draft.reset();
     } else {
-        const bool isOlder = std::holds_alternative<AnswerCase::Unimplemented>(answer);
         // An `ok` is no word of the names.
-        const std::string refusal =
-            isOlder ? "This Mac is still running an older Wendlow daemon, which cannot save your "
-                      "names yet. Quitting and reopening Wendlow picks up the new one."
-            : std::holds_alternative<AnswerCase::Ok>(answer)
-                ? "Wendlow answered that with something this app does not understand."
-                : PaneQuestion::refusal(answer);
-        m_selfNamesRefusal = text(refusal);
-        note(verb, refusal);
+        const char* const ours =
+            std::holds_alternative<AnswerCase::Unimplemented>(answer) ? takesNoNames
+            : std::holds_alternative<AnswerCase::Ok>(answer)          ? PaneQuestion::notUnderstood
+                                                                      : nullptr;
+        m_selfNamesRefusal = text(ours ? say(ours) : PaneQuestion::refusal(answer));
+        note(verb, ours ? ours : PaneQuestion::logged(answer));
         Q_EMIT said(m_selfNamesRefusal);
     }
     Q_EMIT namesChanged();
@@ -416,9 +418,9 @@ QVariantList PrivacyModel::rows() {
         DaemonSwitch* const toggle = row.keep == PrivacyWords::Keep::everyday   ? &m_frameKeep
                                      : row.keep == PrivacyWords::Keep::meetings ? &m_reelKeep
                                                                                 : nullptr;
-        list.append(QVariantMap{{QStringLiteral("label"), text(row.label)},
-                                {QStringLiteral("rate"), text(row.rate)},
-                                {QStringLiteral("month"), text(row.month)},
+        list.append(QVariantMap{{QStringLiteral("label"), text(say(row.label))},
+                                {QStringLiteral("rate"), text(say(row.rate))},
+                                {QStringLiteral("month"), text(say(row.month))},
                                 {QStringLiteral("keep"), QVariant::fromValue(toggle)}});
     }
     return list;

@@ -1,6 +1,7 @@
 #include "General/PrivacyWords.h"
 
 #include "ClientInstance.h"
+#include "Say.h"
 #include "SelfNames.h"
 #include "StorageWords.h"
 
@@ -15,10 +16,6 @@
 namespace wendlow::PrivacyWords {
 
 namespace {
-
-const char* plural(std::int64_t count) {
-    return count == 1 ? "" : "s";
-}
 
 std::optional<std::int64_t> bytesOf(Used figure, const DiskUsed& disk) {
     switch (figure) {
@@ -48,12 +45,14 @@ std::int64_t daysToClear(const PurgeProgress& purge) {
 }
 
 std::string frameKeepProgress(std::int64_t days, std::optional<std::int64_t> bytes) {
-    return fmt::format("Deleting… {} day{} left{}", days, plural(days),
-                       bytes ? ", " + storageLabel(*bytes) : "");
+    if (bytes)
+        return say.plural(days, "Deleting… {} day left, {}", "Deleting… {} days left, {}", days,
+                          storageLabel(*bytes));
+    return say.plural(days, "Deleting… {} day left", "Deleting… {} days left", days);
 }
 
 std::string frameKeepNotCleared(std::int64_t days) {
-    return fmt::format("{} day{} could not be cleared", days, plural(days));
+    return say.plural(days, "{} day could not be cleared", "{} days could not be cleared", days);
 }
 
 std::string purge(const std::optional<PurgeProgress>& purge) {
@@ -66,33 +65,43 @@ std::string purge(const std::optional<PurgeProgress>& purge) {
 
 std::string frameKeepConfirmBody(std::optional<std::int64_t> screenshots,
                                  std::optional<std::int64_t> bytes, bool meetingsKept) {
-    std::string body = "This deletes all your screenshots from your recorded moments. ";
-    if (screenshots)
-        body = fmt::format("This deletes all {} screenshot{} {} from your recorded moments. ",
-                           *screenshots, plural(*screenshots),
-                           bytes ? fmt::format("(about {})", storageLabel(*bytes))
-                                 : "(working out the size…)");
-    body += "Screen OCR will remain.";
-    return meetingsKept ? body + " Meeting recordings are kept." : body;
+    const auto deleted = [&] {
+        if (!screenshots)
+            return say("This deletes all your screenshots from your recorded moments.");
+        if (!bytes)
+            return say.plural(*screenshots,
+                              "This deletes all {} screenshot (working out the size…) from your "
+                              "recorded moments.",
+                              "This deletes all {} screenshots (working out the size…) from your "
+                              "recorded moments.",
+                              *screenshots);
+        return say.plural(*screenshots,
+                          "This deletes all {} screenshot (about {}) from your recorded moments.",
+                          "This deletes all {} screenshots (about {}) from your recorded moments.",
+                          *screenshots, storageLabel(*bytes));
+    };
+    const std::string body = deleted() + " " + say("Screen OCR will remain.");
+    return meetingsKept ? body + " " + say("Meeting recordings are kept.") : body;
 }
 
 std::string reelKeepConfirmBody(const std::optional<ReelStats>& stats) {
     if (!stats)
-        return "This will delete screenshots from your meetings.";
-    return fmt::format("This will delete screenshots from {} meeting{} (about {}).",
-                       stats->meetings, plural(stats->meetings), storageLabel(stats->bytes));
+        return say("This will delete screenshots from your meetings.");
+    return say.plural(stats->meetings, "This will delete screenshots from {} meeting (about {}).",
+                      "This will delete screenshots from {} meetings (about {}).", stats->meetings,
+                      storageLabel(stats->bytes));
 }
 
 std::string diagnosticLoggingDetail(bool on) {
     const std::string path = fmt::format("~/Library/Logs/{}", ClientInstance::traceLogName);
-    return on ? fmt::format("Wendlow is keeping a detailed record of what it does, saved on this "
-                            "Mac at {}. It may contain URLs, window titles and file paths. "
-                            "Turning this off deletes it.",
-                            path)
-              : fmt::format("Nothing is being recorded and no log file exists. Turn this on only "
-                            "while helping us track down a problem: the log is saved at {} and "
-                            "may contain URLs, window titles and file paths.",
-                            path);
+    return on ? say("Wendlow is keeping a detailed record of what it does, saved on this Mac at "
+                    "{}. It may contain URLs, window titles and file paths. Turning this off "
+                    "deletes it.",
+                    path)
+              : say("Nothing is being recorded and no log file exists. Turn this on only while "
+                    "helping us track down a problem: the log is saved at {} and may contain "
+                    "URLs, window titles and file paths.",
+                    path);
 }
 
 bool selfNamesChanged(const std::string& text, const std::string& held) {

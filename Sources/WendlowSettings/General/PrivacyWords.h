@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Records/KeptStats.h"
+#include "TranslationContext.h"
 
 #include <array>
 #include <cstdint>
@@ -16,20 +17,24 @@ enum class Used { text, transcripts, reel, frames };
 /// What a row offers: what is always kept, or one of the two switches.
 enum class Keep { always, meetings, everyday };
 
-/// A row of the table.
+/// A row of the table, its words still to be said.
 struct KeepRow {
-    std::string_view label;
-    std::string_view rate;
-    std::string_view month;
+    const char* label;
+    const char* rate;
+    const char* month;
     Used used;
     Keep keep;
 };
 
 inline constexpr std::array<KeepRow, 4> rows{{
-    {"Screen text and search", "12 MB/day", "370 MB", Used::text, Keep::always},
-    {"Meeting transcripts", "1.3 MB/hour", "30 MB", Used::transcripts, Keep::always},
-    {"Meeting screenshots", "120 MB/hour", "2.6 GB", Used::reel, Keep::meetings},
-    {"All day screenshots", "160 MB/day", "4.9 GB", Used::frames, Keep::everyday},
+    {sayLater("Screen text and search"), sayLater("12 MB/day"), sayLater("370 MB"), Used::text,
+     Keep::always},
+    {sayLater("Meeting transcripts"), sayLater("1.3 MB/hour"), sayLater("30 MB"), Used::transcripts,
+     Keep::always},
+    {sayLater("Meeting screenshots"), sayLater("120 MB/hour"), sayLater("2.6 GB"), Used::reel,
+     Keep::meetings},
+    {sayLater("All day screenshots"), sayLater("160 MB/day"), sayLater("4.9 GB"), Used::frames,
+     Keep::everyday},
 }};
 
 /// A dash while the figure is not known.

@@ -2,6 +2,7 @@
 
 #include "PlainText.h"
 #include "Recording/InstalledApps.h"
+#include "Say.h"
 
 #include <QCoroFuture>
 #include <QtConcurrentRun>
@@ -10,11 +11,19 @@
 
 namespace wendlow {
 
+namespace {
+
+QString text(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+} // namespace
+
 AppChooser::AppChooser(Surroundings surroundings, QObject* parent)
     : QObject(parent), m_around(std::move(surroundings)) {}
 
 QString AppChooser::title() {
-    return QStringLiteral("Choose an app to add a recording rule for");
+    return text(say("Choose an app to add a recording rule for"));
 }
 
 void AppChooser::openFor(RuleGroup* group) {
@@ -61,7 +70,7 @@ void AppChooser::narrow() {
     m_names.clear();
     for (const std::string& name : m_installed)
         if (PlainText::lowerCased(name).contains(term))
-            m_names.append(QString::fromStdString(name));
+            m_names.append(text(name));
     Q_EMIT namesChanged();
 }
 
@@ -69,9 +78,9 @@ QString AppChooser::emptyWords() const {
     if (!m_names.isEmpty())
         return {};
     if (m_looking)
-        return QStringLiteral("Looking for apps…");
-    return m_installed.empty() ? QStringLiteral("No apps were found here.")
-                               : QStringLiteral("No app of that name.");
+        return text(say("Looking for apps…"));
+    return text(m_installed.empty() ? say("No apps were found here.")
+                                    : say("No app of that name."));
 }
 
 void AppChooser::tell(const QString& note) {
@@ -105,7 +114,7 @@ QCoro::Task<> AppChooser::chooseOther() {
         co_return;
     }
     if (!answer) {
-        tell(QString::fromStdString(answer.error()));
+        tell(text(answer.error()));
         co_return;
     }
     if (answer->isEmpty()) { // the dialog was left
@@ -116,9 +125,9 @@ QCoro::Task<> AppChooser::chooseOther() {
     if (name)
         tell({});
     if (name)
-        pick(QString::fromStdString(*name));
+        pick(text(*name));
     else
-        tell(QStringLiteral("An app ends in “.app”; this does not."));
+        tell(text(say("An app ends in “.app”; this does not.")));
 }
 
 } // namespace wendlow

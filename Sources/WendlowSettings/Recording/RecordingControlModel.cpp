@@ -2,6 +2,7 @@
 
 #include "PaneQuestion.h"
 #include "RawString.h"
+#include "TranslationContext.h"
 
 #include <QPointer>
 
@@ -18,60 +19,66 @@ constexpr std::array words{RuleKind::word, RuleKind::phrase};
 constexpr std::array topics{RuleKind::topic};
 
 constexpr const char* wordsCaption =
-    "Exact match — any screen containing this text is never recorded.";
+    sayLater("Exact match — any screen containing this text is never recorded.");
 constexpr const char* topicsCaption =
-    "Judged by the on-device AI, so it catches the subject even when the words differ.";
+    sayLater("Judged by the on-device AI, so it catches the subject even when the words differ.");
 
 using Nature = RuleGroup::Nature;
 
 constexpr std::array usageNatures{
-    Nature{.kinds = apps, .tier = RuleTier::usageOnly, .title = "Apps", .addWords = "Add app"},
+    Nature{.kinds = apps,
+           .tier = RuleTier::usageOnly,
+           .title = sayLater("Apps"),
+           .addWords = sayLater("Add app")},
     Nature{.kinds = sites,
            .tier = RuleTier::usageOnly,
-           .title = "Websites",
-           .addWords = "Add site",
-           .hint = "example.com"},
+           .title = sayLater("Websites"),
+           .addWords = sayLater("Add site"),
+           .hint = sayLater("example.com")},
     // Nobody adds one here, but a daemon may have some.
     Nature{.kinds = words,
            .tier = RuleTier::usageOnly,
-           .title = "Words & phrases",
+           .title = sayLater("Words & phrases"),
            .symbol = "word",
            .stands = false},
     Nature{.kinds = topics,
            .tier = RuleTier::usageOnly,
-           .title = "Topics",
+           .title = sayLater("Topics"),
            .symbol = "topic",
            .stands = false},
 };
 
 constexpr std::array neverNatures{
-    Nature{.kinds = apps, .tier = RuleTier::never, .title = "Apps", .addWords = "Add app"},
+    Nature{.kinds = apps,
+           .tier = RuleTier::never,
+           .title = sayLater("Apps"),
+           .addWords = sayLater("Add app")},
     Nature{.kinds = sites,
            .tier = RuleTier::never,
-           .title = "Websites",
-           .addWords = "Add site",
-           .hint = "example.com"},
+           .title = sayLater("Websites"),
+           .addWords = sayLater("Add site"),
+           .hint = sayLater("example.com")},
     Nature{.kinds = words,
            .tier = RuleTier::never,
-           .title = "Words & phrases",
+           .title = sayLater("Words & phrases"),
            .caption = wordsCaption,
-           .addWords = "Add word or phrase…",
-           .hint = "e.g. salary",
+           .addWords = sayLater("Add word or phrase…"),
+           .hint = sayLater("e.g. salary"),
            .symbol = "word"},
     Nature{.kinds = topics,
            .tier = RuleTier::never,
-           .title = "Topics",
+           .title = sayLater("Topics"),
            .caption = topicsCaption,
-           .addWords = "Add topic",
-           .hint = "e.g. my health",
+           .addWords = sayLater("Add topic"),
+           .hint = sayLater("e.g. my health"),
            .symbol = "topic"},
 };
 
 constexpr Nature otherNature{.kinds = {},
                              .tier = std::nullopt,
-                             .title = "Other rules",
-                             .caption = "A newer Wendlow has made these. They hold, and can be "
-                                        "removed here.",
+                             .title = sayLater("Other rules"),
+                             .caption = sayLater("A newer Wendlow has made these. They hold, and "
+                                                 "can be removed here."),
                              .symbol = "info",
                              .stands = false};
 

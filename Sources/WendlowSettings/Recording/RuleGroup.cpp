@@ -2,6 +2,7 @@
 
 #include "PlainText.h"
 #include "Recording/RuleInput.h"
+#include "Say.h"
 #include "SiteIcon.h"
 
 #include <algorithm>
@@ -19,6 +20,22 @@ QString text(const std::string& utf8) {
 
 RuleGroup::RuleGroup(const Nature& nature, QObject* parent)
     : KeyedListModel(parent), m_nature(nature) {}
+
+QString RuleGroup::title() const {
+    return text(say(m_nature.title));
+}
+
+QString RuleGroup::caption() const {
+    return text(say(m_nature.caption));
+}
+
+QString RuleGroup::addWords() const {
+    return text(say(m_nature.addWords));
+}
+
+QString RuleGroup::hint() const {
+    return text(say(m_nature.hint));
+}
 
 bool RuleGroup::isPicked() const {
     return isOf(RuleKind::app);
@@ -42,7 +59,7 @@ RuleRow RuleGroup::made(const Rule& rule, const Icons& icons) const {
     if (m_nature.kinds.empty())
         shown.tag = text(rule.kind.word()) + QStringLiteral(" · ") + text(rule.tier.word());
     else if (m_nature.tier == RuleTier::never)
-        shown.tag = QStringLiteral("Never recorded");
+        shown.tag = text(say("Never recorded"));
     if (const auto icon = icons.find(rule.value); icon != icons.end())
         shown.picture = icon->second;
     return shown;
@@ -104,7 +121,7 @@ bool RuleGroup::offer(const std::string& value) {
         return false;
     m_note.clear();
     if (has(fitting)) {
-        m_note = QStringLiteral("“%1” is there already.").arg(text(fitting));
+        m_note = text(say("“{}” is there already.", fitting));
         Q_EMIT entryChanged();
         return false;
     }
@@ -146,7 +163,7 @@ QVariant RuleGroup::data(const QModelIndex& index, int role) const {
     case ValueRole:
         return shown.value;
     case TagRole:
-        return shown.off ? QStringLiteral("Off") : shown.tag;
+        return shown.off ? text(say("Off")) : shown.tag;
     case OffRole:
         return shown.off;
     case PictureRole:

@@ -64,7 +64,8 @@ public:
         LetterRole
     };
 
-    /// What a group is. With no kinds it takes what no other group does.
+    /// What a group is, its words still to be said. With no kinds it takes what no other group
+    /// does.
     struct Nature {
         std::span<const RuleKind> kinds;
         std::optional<RuleTier> tier;
@@ -103,10 +104,10 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
     const Nature& nature() const { return m_nature; }
-    QString title() const { return QString::fromUtf8(m_nature.title); }
-    QString caption() const { return QString::fromUtf8(m_nature.caption); }
-    QString addWords() const { return QString::fromUtf8(m_nature.addWords); }
-    QString hint() const { return QString::fromUtf8(m_nature.hint); }
+    QString title() const;
+    QString caption() const;
+    QString addWords() const;
+    QString hint() const;
     QString symbol() const { return QString::fromUtf8(m_nature.symbol); }
     bool isPicked() const;
     bool stands() const { return m_nature.stands; }

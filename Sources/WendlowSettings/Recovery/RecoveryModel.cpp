@@ -1,6 +1,7 @@
 #include "Recovery/RecoveryModel.h"
 
 #include "PaneQuestion.h"
+#include "Say.h"
 #include "StoreWords.h"
 
 #include <QPointer>
@@ -16,7 +17,7 @@ QString text(std::string_view utf8) {
 }
 
 QString text(StoreWord word) {
-    return text(StoreWords::text(word));
+    return text(StoreWords::said(word));
 }
 
 void overwriteAll(RecoveryModel::Words& words) {
@@ -128,7 +129,7 @@ QCoro::Task<> RecoveryModel::reveal() {
     else if (const auto* const failure = std::get_if<AnswerCase::Failure>(&answer))
         m_state = Error{failure->message};
     else
-        m_state = Error{"recovery phrase unavailable"};
+        m_state = Error{say("recovery phrase unavailable")};
     Q_EMIT changed();
     if (!isRevealed())
         Q_EMIT said(error());
@@ -168,7 +169,7 @@ QCoro::Task<> RecoveryModel::adopt(QString typed) {
     else if (const auto* const failure = std::get_if<AnswerCase::Failure>(&answer))
         m_restore = Refused{failure->message};
     else
-        m_restore = Refused{"the phrase could not be delivered to Wendlow"};
+        m_restore = Refused{say("the phrase could not be delivered to Wendlow")};
     Q_EMIT changed();
     Q_EMIT said(refusal() + accepted());
 }

@@ -36,7 +36,7 @@ int main(int count, char** arguments) {
         observations = committed->observations;
     else if (const auto* refused = std::get_if<TransactionResult::Refused>(&result.outcome))
         observations = refused->observations;
-    for (const auto& [subject, text] : observations)
-        fmt::print("{}\t{}\n", subject, text);
+    for (const auto& said : observations)
+        fmt::print("{}\t{}\n", said.subject, said.text);
     return 0;
 }

@@ -68,9 +68,9 @@ inline void expectTruth(const std::vector<SweptFile>& files, const Verdict& verd
             << file.path << " should be " << (isNew ? "new" : "old") << " and holds "
             << now.value_or("nothing").substr(0, 200);
     }
-    for (const auto& [subject, text] : verdict.observations)
-        if (text.starts_with("a copy of the file")) {
-            EXPECT_TRUE(std::filesystem::exists(subject)) << subject << ": " << text;
+    for (const auto& said : verdict.observations)
+        if (said.text.starts_with("a copy of the file")) {
+            EXPECT_TRUE(std::filesystem::exists(said.subject)) << said.subject << ": " << said.text;
         }
 }
 

@@ -146,7 +146,9 @@ TEST(TOMLText, SaysWhichShapesAreNotFitToEdit) {
     for (const auto& [bytes, reason] : cases) {
         const auto document = TOMLText::scan(bytes);
         ASSERT_TRUE(document) << bytes;
-        EXPECT_EQ(TOMLText::unreadableReason(*document, owned).value_or(""), reason) << bytes;
+        EXPECT_EQ(TOMLText::unreadableReason(*document, owned).value_or(Unreadable{}).reason,
+                  reason)
+            << bytes;
     }
 }
 

@@ -216,11 +216,17 @@ void Stage::goRound() {
 }
 
 void Stage::tell(const Observations& observations) {
-    for (const auto& [subject, text] : observations)
+    for (const auto& [subject, text, byte] : observations) {
+        const auto told = text.rfind("(at byte ");
+        EXPECT_EQ(byte, told == std::string::npos
+                            ? std::nullopt
+                            : std::optional<std::size_t>(std::stoul(text.substr(told + 9))))
+            << text;
         if (text == "a copy of the file was made here first")
             line("copied " + marked(subject.substr(0, subject.find(".wendlow-backup-"))));
         else
             line(marked(subject) + ": " + marked(text));
+    }
 }
 
 void Stage::tell(const Tree& before, const Tree& after) {

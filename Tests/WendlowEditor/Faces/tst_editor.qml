@@ -56,6 +56,9 @@ Item {
             compare(bench.told(face, "Memories, 1920"), " selected");
             compare(bench.told(face, "findings, 276"), "");
             verify(said("ListItem").length >= 9);
+            const newest = said("ListItem")[0];
+            verify(bench.press(face, "oldest"));
+            tryVerify(() => said("ListItem")[0] !== newest);
             verify(bench.press(face, "owner"));
             tryVerify(() => said("CheckBox").length === 4);
             verify(bench.press(face, said("CheckBox")[0].slice(0, -1)));

@@ -147,7 +147,7 @@ TEST(EditorMods, areToldInTheirWords) {
         {0, "0s"}, {59, "59s"}, {60, "1m 0s"}, {3599, "59m 59s"}, {3600, "1h 0m"}, {7379, "2h 2m"}};
     for (const auto& [seconds, words] : durations)
         EXPECT_EQ(EditorModsFormat::duration(seconds), words);
-    EXPECT_EQ(EditorModsFormat::turns({}), "—");
+    EXPECT_EQ(EditorModsFormat::turns({}), "— turns");
     EXPECT_EQ(EditorModsFormat::when(EditorDate(std::chrono::hours(24 * 20000) + 14h + 2min),
                                      QLocale(QLocale::English, QLocale::UnitedStates)),
               QDateTime::fromMSecsSinceEpoch((24LL * 20000 * 3600 + 14 * 3600 + 120) * 1000)

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "TranslationContext.h"
+
+namespace wendlow {
+
+/// The door of what this module says.
+constexpr TranslationContext say{"WendlowEditorFloor"};
+
+} // namespace wendlow

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "QtTranslationContext.h"
+
+namespace wendlow {
+
+/// The door of what this module says.
+constexpr QtTranslationContext say{"WendlowEditorSearch"};
+
+} // namespace wendlow
