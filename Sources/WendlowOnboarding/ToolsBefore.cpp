@@ -104,12 +104,11 @@ enum class NoSight {
 };
 
 std::expected<Sight, NoSight> look(int folder, const std::string& name) {
-    Sight sight;
-    sight.file =
-        Descriptor(::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (!sight.file)
+    const int file = ::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
         return std::unexpected(errno == ENOENT ? NoSight::absent : NoSight::unfit);
-    const int file = sight.file.number();
+    Sight sight;
+    sight.file = Descriptor(file);
     if (::fstat(file, &sight.status) != 0 || !S_ISREG(sight.status.st_mode))
         return std::unexpected(NoSight::unfit);
     auto bytes = hashOf(file);

@@ -31,7 +31,7 @@ constexpr auto linked = std::to_array<Part>({
 } // namespace
 
 QString version() {
-    const std::string number = ClientVersion::current();
+    const std::string& number = ClientVersion::current();
     constexpr std::string_view build = buildName;
     return build.empty() ? say("Version {}", number) : say("Version {}, build {}", number, build);
 }

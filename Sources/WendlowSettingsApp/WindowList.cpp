@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 namespace wendlow::WindowDescriptions {
 
@@ -75,10 +76,13 @@ bool isEditorComplete(WindowModels& models) {
     return models.editor().root()->isFilled();
 }
 
+// Of a literal, so a zero ends it.
+constexpr const char* productName = std::to_address(ClientInstance::productName.begin());
+
 constexpr auto windows = std::to_array<WindowDescription>({
     {.kind = Kind::settings,
      .id = "settings",
-     .title = ClientInstance::productName.data(),
+     .title = productName,
      .size = {980, 860},
      .styles = fullSize,
      .door = Door::settings,

@@ -5,7 +5,6 @@
 #include "Say.h"
 #include "SelfNames.h"
 
-#include <QCoroTimer>
 #include <QPointer>
 
 #include <fmt/format.h>
@@ -46,15 +45,19 @@ std::optional<std::string> namesIn(const GatewayResponse& answer) {
 } // namespace
 
 PrivacyModel::PrivacyModel(std::shared_ptr<WendlowClient> client, Surroundings surroundings)
-    : m_client(std::move(client)), m_around([&surroundings] {
+    : m_client(std::move(client)), m_around([this, &surroundings] {
           if (!surroundings.sleep)
-              surroundings.sleep = [](std::chrono::milliseconds time) -> QCoro::Task<> {
-                  co_await QCoro::sleepFor(time);
+              surroundings.sleep = [this](std::chrono::milliseconds time) -> QCoro::Task<> {
+                  co_await m_pause.lasting(time);
               };
           return std::move(surroundings);
       }()) {
     for (const DaemonSwitch* const toggle : {&m_frameKeep, &m_reelKeep, &m_diagnosticLogging})
         connect(toggle, &DaemonSwitch::changed, this, &PrivacyModel::changed);
+}
+
+PrivacyModel::~PrivacyModel() {
+    stopPolling();
 }
 
 void PrivacyModel::refresh() {
@@ -391,6 +394,7 @@ void PrivacyModel::startPollingIfNeeded() {
 void PrivacyModel::stopPolling() {
     ++m_polls;
     m_polling = false;
+    m_pause.end();
 }
 
 QCoro::Task<> PrivacyModel::poll(int number) {

@@ -5,6 +5,7 @@
 #include "DiagnosticRelay.h"
 #include "PaneModel.h"
 #include "PaneState.h"
+#include "Pause.h"
 #include "Records/KeptStats.h"
 
 #include <QCoroTask>
@@ -66,6 +67,7 @@ public:
     };
 
     PrivacyModel(std::shared_ptr<WendlowClient> client, Surroundings surroundings);
+    ~PrivacyModel() override;
 
     /// Asks everything, one thing after the other; a newer load overtakes it.
     QCoro::Task<> load();
@@ -172,6 +174,7 @@ private:
     Load m_loads = 0;      ///< an answer to an older one is dropped
     std::string m_failure; ///< the last of the load under way
     int m_polls = 0;
+    Pause m_pause; ///< of the poll
     bool m_polling = false;
     bool m_seen = true; ///< nothing is polled for a pane that nobody sees
 };
