@@ -162,6 +162,7 @@ QFuture<void> ConnectedAppsModel::inTurn(const std::string& id,
 
 std::vector<std::string> ConnectedAppsModel::ids() const {
     std::vector<std::string> ids;
+    ids.reserve(m_tools.size());
     for (const auto& tool : m_tools)
         ids.push_back(tool->id);
     return ids;
@@ -453,6 +454,7 @@ QString ConnectedAppsModel::emptyAdvice() const {
     if (!m_scanned || m_tools.empty())
         return {};
     std::vector<std::string> names;
+    names.reserve(m_tools.size());
     for (const auto& tool : m_tools)
         names.push_back(tool->connector->identity().name);
     std::string list = std::move(names.back());
