@@ -95,9 +95,11 @@ void JourneyWiring::set(const std::string& id, bool on) {
     m_working.insert(id);
     if (on) {
         save(together(m_ids, {id}));
-        m_apps.inTurn(id, m_tools.beforeConnect);
+        if (m_tools.beforeConnect)
+            m_apps.inTurn(id, m_tools.beforeConnect);
         m_apps.connect(QString::fromStdString(id));
-        m_apps.inTurn(id, m_tools.afterConnect);
+        if (m_tools.afterConnect)
+            m_apps.inTurn(id, m_tools.afterConnect);
     } else {
         m_apps.disconnect(QString::fromStdString(id));
     }
@@ -177,6 +179,8 @@ QCoro::Task<> JourneyWiring::unplug(std::chrono::milliseconds limit) {
 /// was never touched.
 QCoro::Task<> JourneyWiring::putBack(std::chrono::milliseconds limit) {
     const QPointer<JourneyWiring> self(this);
+    if (!m_tools.putBack)
+        co_return;
     for (const std::string& id : m_apps.ids()) {
         auto turn = bounded(ended(m_apps.inTurn(id, m_tools.putBack)), limit);
         co_await turn;

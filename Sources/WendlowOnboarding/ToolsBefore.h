@@ -15,7 +15,7 @@ class Connector;
 /// it.
 ///
 /// Each is called in the tool's turn, off the UI thread, and blocks. No link is followed below the
-/// home folder, and nothing is touched that the connector does not name.
+/// home folder, and nothing is touched that the connector does not name. What is empty is left out.
 struct ToolsBefore {
     using Step = std::function<void(const Connector&)>;
 

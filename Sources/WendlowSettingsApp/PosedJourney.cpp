@@ -162,7 +162,6 @@ std::optional<LocalModelsProgress> PosedJourney::progress() const {
 JourneyContacts PosedJourney::contacts() {
     m_agreed = screen != JourneyScreen::welcome;
     m_passed = !Journey::isAtMost(screen, JourneyScreen::recoveryKey);
-    const auto nothing = [](const Connector&) {}; // no tool here has files
     return {
         .connect = [this]() -> ConnectedAppsModel& { return apps(); },
         .grants = [this] { return readGrants(); },
@@ -187,7 +186,7 @@ JourneyContacts PosedJourney::contacts() {
         .now = &PosedJourney::now,
         .loadWired = [] { return std::vector<std::string>(); },
         .saveWired = [](const std::vector<std::string>&) {},
-        .tools = {.beforeConnect = nothing, .afterConnect = nothing, .putBack = nothing},
+        .tools = {}, // no tool here has files
         .measureAppSize = []() -> QCoro::Task<std::optional<std::int64_t>> { co_return appBytes; },
         .diskBytes = [] { return std::optional(diskBytes); },
         .openTerms = [] {},
