@@ -10,14 +10,10 @@ MORE_PACKAGES="dpkg-dev lintian desktop-file-utils appstream librsvg2-bin file b
 # Every date in the package is the commit's, and the resource compiler's is too.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH QT_RCC_SOURCE_DATE_OVERRIDE=$SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
-# The QML compiler declares its variables in the order of a hash table and of addresses: with one seed
-# and one layout of the memory it writes the same bytes again, in the same folder. In another folder
-# the lengths of paths move the addresses.
-export QT_HASH_SEED=0
 umask 022
 
 cmake --preset package >/dev/null
-setarch -R cmake --build --preset package ${JOBS:+-j "$JOBS"}
+cmake --build --preset package ${JOBS:+-j "$JOBS"}
 rm -rf build/package/package
 (cd build/package && cpack -G DEB >cpack.log 2>&1) || {
     cat build/package/cpack.log >&2

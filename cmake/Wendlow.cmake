@@ -27,6 +27,17 @@ find_package(Threads REQUIRED)
 find_package(GTest REQUIRED)
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Qml Quick QuickTemplates2 DBus Concurrent Network Svg Test)
+if(WENDLOW_PACKAGE)
+    # Two packages of one commit are equal only if the QML compiler writes the same twice.
+    get_target_property(compiler Qt6::qmlcachegen LOCATION)
+    configure_file(${CMAKE_CURRENT_LIST_DIR}/qmlcachegen.py.in ${CMAKE_BINARY_DIR}/qmlcachegen @ONLY
+        FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+    get_target_property(configurations Qt6::qmlcachegen IMPORTED_CONFIGURATIONS)
+    foreach(configuration ${configurations})
+        set_target_properties(Qt6::qmlcachegen PROPERTIES
+            IMPORTED_LOCATION_${configuration} ${CMAKE_BINARY_DIR}/qmlcachegen)
+    endforeach()
+endif()
 find_package(QCoro6 REQUIRED COMPONENTS Core DBus Network)
 # QCoro's package file forgets the compiler flag that GCC needs for coroutines in C++20 mode and
 # later has on by itself, so nothing is to be switched on here.
