@@ -175,12 +175,12 @@ Item {
             verify(bench.told(window, focused().text).endsWith("final message") || focused().help.endsWith("final message"));
             keys("Up Return");
             tryVerify(() => root.modal);
-            says("Dialog", face.reportTitle);
             const text = focused();
+            verify(text.lineCount < 1000, "laid out as far as it is seen");
+            says("Dialog", face.reportTitle);
             compare(text.spoken.slice(-7), "the end");
             write("backup");
             compare(root.search.text, "");
-            verify(text.lineCount < 1000, "laid out as far as it is seen");
             keyClick(Qt.Key_A, Qt.ControlModifier);
             bench.clipboard = "";
             keyClick(Qt.Key_C, Qt.ControlModifier);
